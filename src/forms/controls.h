@@ -1,0 +1,302 @@
+// The control types of the two forms and of the host's start window.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "forms/canvas.h"
+#include "forms/control.h"
+
+namespace chartproject {
+
+class Label : public Control {
+ public:
+  Label(Form& form, std::string_view name) : Control(form, "Label", name) {}
+  [[nodiscard]] bool HasCaption() const noexcept override { return true; }
+  [[nodiscard]] int BorderStyle() const noexcept { return borderStyle_; }
+  void SetBorderStyle(int style) noexcept { borderStyle_ = style; }
+  [[nodiscard]] Align TextAlign() const noexcept { return align_; }
+  void SetTextAlign(Align align) noexcept { align_ = align; }
+  /// A text that may take several lines; the layout gives it the width that is there.
+  [[nodiscard]] bool WordWrap() const noexcept { return wordWrap_; }
+  void SetWordWrap(bool wrap) noexcept { wordWrap_ = wrap; }
+
+ private:
+  int borderStyle_ = 1;
+  Align align_ = Align::kLeft;
+  bool wordWrap_ = false;
+};
+
+/// A group with a title around other controls.
+class Frame : public Control {
+ public:
+  Frame(Form& form, std::string_view name) : Control(form, "Frame", name) {}
+  [[nodiscard]] bool HasCaption() const noexcept override { return true; }
+};
+
+/// A group without a title, or a swatch of one colour.
+class PictureBox : public Control {
+ public:
+  PictureBox(Form& form, std::string_view name) : Control(form, "PictureBox", name) {}
+  /// True for a swatch; a plain group has the form's own background.
+  [[nodiscard]] bool HasColor() const noexcept { return hasColor_; }
+  [[nodiscard]] Color BackColor() const noexcept { return backColor_; }
+  void SetBackColor(Color color);
+
+ private:
+  bool hasColor_ = false;
+  Color backColor_;
+};
+
+class CommandButton : public Control {
+ public:
+  CommandButton(Form& form, std::string_view name) : Control(form, "CommandButton", name) {}
+  [[nodiscard]] bool HasCaption() const noexcept override { return true; }
+  [[nodiscard]] bool TabStop() const noexcept override { return true; }
+  /// Presses the button: nothing when it is hidden or disabled, its containers included.
+  void Press();
+  /// Pressed by Enter, or by Esc, anywhere in the form.
+  [[nodiscard]] bool IsDefault() const noexcept { return isDefault_; }
+  void SetDefault(bool isDefault) noexcept { isDefault_ = isDefault; }
+  [[nodiscard]] bool IsCancel() const noexcept { return isCancel_; }
+  void SetCancel(bool isCancel) noexcept { isCancel_ = isCancel; }
+
+  Event click;
+
+ private:
+  bool isDefault_ = false;
+  bool isCancel_ = false;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox(Form& form, std::string_view name) : Control(form, "CheckBox", name) {}
+  [[nodiscard]] bool HasCaption() const noexcept override { return true; }
+  [[nodiscard]] bool TabStop() const noexcept override { return true; }
+  /// 0 unchecked, 1 checked, 2 grey; another value throws RunTimeError 380.
+  [[nodiscard]] int Value() const noexcept { return value_; }
+  void SetValue(int value);
+
+  Event click;
+
+ private:
+  int value_ = 0;
+};
+
+/// A drop-down list: the user picks one of its items.
+class ComboBox : public Control {
+ public:
+  ComboBox(Form& form, std::string_view name) : Control(form, "ComboBox", name) {}
+  [[nodiscard]] bool HasCaption() const noexcept override { return false; }
+  [[nodiscard]] bool TabStop() const noexcept override { return true; }
+  [[nodiscard]] int ListCount() const noexcept { return static_cast<int>(items_.size()); }
+  /// The item's text; empty for an index that is not in the list.
+  [[nodiscard]] std::string List(int index) const;
+  [[nodiscard]] const std::vector<std::string>& Items() const noexcept { return items_; }
+  void AddItem(std::string item);
+  /// Empties the list and drops the selection without an event.
+  void Clear();
+  /// -1 when nothing is selected.
+  [[nodiscard]] int ListIndex() const noexcept { return listIndex_; }
+  /// Raises click when the index changes (to -1 too). An index outside -1..ListCount-1 throws RunTimeError 380.
+  void SetListIndex(int index);
+  /// The selected item's text; empty when nothing is selected.
+  [[nodiscard]] std::string Text() const { return List(listIndex_); }
+
+  Event click;
+
+ private:
+  std::vector<std::string> items_;
+  int listIndex_ = -1;
+};
+
+/// Shared by the types that hold a text which the user may edit.
+class TextControl : public Control {
+ public:
+  [[nodiscard]] bool TabStop() const noexcept override { return !readOnly_; }
+  [[nodiscard]] const std::string& Text() const noexcept { return text_; }
+  /// Raises change when the text differs from the one held.
+  void SetText(std::string_view text);
+  [[nodiscard]] bool ReadOnly() const noexcept { return readOnly_; }
+  void SetReadOnly(bool readOnly) noexcept { readOnly_ = readOnly; }
+  [[nodiscard]] bool MultiLine() const noexcept { return multiLine_; }
+  void SetMultiLine(bool multiLine) noexcept { multiLine_ = multiLine; }
+  /// Characters that the field should show at least; the layout's hint.
+  [[nodiscard]] int WidthInCharacters() const noexcept { return widthInCharacters_; }
+  void SetWidthInCharacters(int characters) noexcept { widthInCharacters_ = characters; }
+
+  Event change;
+
+ protected:
+  using Control::Control;
+
+ private:
+  std::string text_;
+  bool readOnly_ = false;
+  bool multiLine_ = false;
+  int widthInCharacters_ = 12;
+};
+
+class TextBox : public TextControl {
+ public:
+  TextBox(Form& form, std::string_view name) : TextControl(form, "TextBox", name) {}
+};
+
+class RichTextBox : public TextControl {
+ public:
+  RichTextBox(Form& form, std::string_view name) : TextControl(form, "RichTextBox", name) {}
+};
+
+/// An edit field with fixed places: in the mask "##:##:##" each "#" takes a digit (or "_" while it is empty).
+class MaskEdBox : public TextControl {
+ public:
+  MaskEdBox(Form& form, std::string_view name, std::string mask)
+      : TextControl(form, "MaskEdBox", name), mask_(std::move(mask)) {}
+  [[nodiscard]] const std::string& Mask() const noexcept { return mask_; }
+
+ private:
+  std::string mask_;
+};
+
+/// Ticks while it is enabled and its interval is above 0. Not drawn.
+class Timer : public Control {
+ public:
+  Timer(Form& form, std::string_view name);
+  ~Timer() override;
+  /// Milliseconds; 0 stops the ticks. The platform takes 0 to 65535, else RunTimeError 380.
+  [[nodiscard]] int Interval() const noexcept { return interval_; }
+  void SetInterval(int milliseconds);
+  /// Enabling (or a new interval) starts a new schedule: the first tick is one interval from now.
+  void SetEnabled(bool enabled) override;
+  [[nodiscard]] bool Armed() const noexcept { return Enabled() && interval_ > 0; }
+  /// Raises the tick event. A tick never interrupts its own handler.
+  void Fire();
+
+  Event tick;
+
+ private:
+  int interval_ = 0;
+  bool firing_ = false;
+};
+
+class ProgressBar : public Control {
+ public:
+  ProgressBar(Form& form, std::string_view name) : Control(form, "ProgressBar", name) {}
+  void SetRange(double minimum, double maximum);
+  [[nodiscard]] double Minimum() const noexcept { return minimum_; }
+  [[nodiscard]] double Maximum() const noexcept { return maximum_; }
+  [[nodiscard]] double Value() const noexcept { return value_; }
+  /// A value outside the range throws RunTimeError 380.
+  void SetValue(double value);
+
+ private:
+  double minimum_ = 0;
+  double maximum_ = 100;
+  double value_ = 0;
+};
+
+/// A number in a range that the user steps or drags; shared by slider, scroll bar and up-down.
+class RangeControl : public Control {
+ public:
+  [[nodiscard]] bool TabStop() const noexcept override { return true; }
+  [[nodiscard]] int Minimum() const noexcept { return minimum_; }
+  [[nodiscard]] int Maximum() const noexcept { return maximum_; }
+  /// Setting a bound moves the value into the range (raising change when it moves).
+  virtual void SetMinimum(int minimum);
+  virtual void SetMaximum(int maximum);
+  [[nodiscard]] int Value() const noexcept { return value_; }
+  /// Raises change when the value differs. A value outside the range throws RunTimeError 380.
+  void SetValue(int value);
+  [[nodiscard]] int SmallChange() const noexcept { return smallChange_; }
+  virtual void SetSmallChange(int step);
+  [[nodiscard]] int LargeChange() const noexcept { return largeChange_; }
+  virtual void SetLargeChange(int step);
+
+  Event change;
+
+ protected:
+  using Control::Control;
+  void SetSteps(int smallChange, int largeChange) noexcept {
+    smallChange_ = smallChange;
+    largeChange_ = largeChange;
+  }
+
+ private:
+  int minimum_ = 0;
+  int maximum_ = 100;
+  int value_ = 0;
+  int smallChange_ = 1;
+  int largeChange_ = 10;
+};
+
+class Slider : public RangeControl {
+ public:
+  Slider(Form& form, std::string_view name) : RangeControl(form, "Slider", name) {}
+};
+
+/// A horizontal scroll bar: bounds and value are 16-bit, steps 1 to 32767; anything else throws RunTimeError 380.
+/// A maximum below the minimum is taken as it is (the bar then runs backwards), as the platform does.
+class HScrollBar : public RangeControl {
+ public:
+  HScrollBar(Form& form, std::string_view name) : RangeControl(form, "HScrollBar", name) { SetSteps(1, 1); }
+  void SetMinimum(int minimum) override;
+  void SetMaximum(int maximum) override;
+  void SetSmallChange(int step) override;
+  void SetLargeChange(int step) override;
+};
+
+/// Up and down arrows beside a text field, its buddy.
+class UpDown : public RangeControl {
+ public:
+  UpDown(Form& form, std::string_view name) : RangeControl(form, "UpDown", name) {}
+  /// With synchronisation on, a new value is written into the buddy's text, and a whole number typed there is taken
+  /// as the value.
+  void SetBuddy(TextControl* buddy) noexcept { buddy_ = buddy; }
+  [[nodiscard]] TextControl* Buddy() const noexcept { return buddy_; }
+  void SetSyncBuddy(bool sync) noexcept { syncBuddy_ = sync; }
+  [[nodiscard]] bool SyncBuddy() const noexcept { return syncBuddy_; }
+  /// One step up (+1) or down (-1) as the user's arrow does, inside the range.
+  void Step(int direction);
+
+ private:
+  TextControl* buddy_ = nullptr;
+  bool syncBuddy_ = false;
+};
+
+/// What a mouse or key did over an owner-drawn control.
+struct MouseInput {
+  PointF at;           ///< relative to the control
+  bool shift = false;  ///< Shift was down
+};
+
+/// Keys that an owner-drawn control may act on.
+enum class Key { kLeft, kRight, kPageUp, kPageDown, kHome, kEnd, kEscape };
+
+/// A control that paints itself through Canvas (the chart, the trigger lamp).
+class DrawnControl : public Control {
+ public:
+  using Control::Control;
+  /// Paints the whole control; the canvas' extent is the control's size.
+  virtual void Paint(Canvas& canvas) = 0;
+  [[nodiscard]] virtual Size PreferredSize() const = 0;
+  virtual void MouseMoved(const MouseInput& /*input*/) {}
+  virtual void MouseLeft() {}
+  virtual void MousePressed(const MouseInput& /*input*/) {}
+  /// @param notches wheel steps, positive away from the user; false leaves the wheel to the window
+  virtual bool WheelTurned(int /*notches*/) { return false; }
+  /// False leaves the key to the window.
+  virtual bool KeyPressed(Key /*key*/, bool /*shift*/) { return false; }
+  /// Asks the back end to paint again, soon.
+  void Invalidate() { Changed(Property::kContent); }
+};
+
+/// A small lamp or picture: `imgTrigger1`. Drawn by the core, so that no picture file is needed.
+class Image : public DrawnControl {
+ public:
+  Image(Form& form, std::string_view name) : DrawnControl(form, "Image", name) {}
+  void Paint(Canvas& canvas) override;
+  [[nodiscard]] Size PreferredSize() const override { return {28, 28}; }
+};
+
+}  // namespace chartproject

@@ -1,0 +1,56 @@
+// Where controls stand: rows, columns, grids and stacks that take the size of their texts and share what is left.
+#pragma once
+
+#include <vector>
+
+#include "forms/geometry.h"
+
+namespace chartproject {
+
+class Control;
+
+/// Asks the back end for the sizes that its own font and widgets need.
+class ControlMeasurer {
+ public:
+  virtual ~ControlMeasurer() = default;
+  /// The least size at which nothing of the control's texts is cut.
+  [[nodiscard]] virtual Size PreferredSize(const Control& control) const = 0;
+  /// Height of a wrapping label at a width.
+  [[nodiscard]] virtual double HeightForWidth(const Control& control, double width) const = 0;
+  /// Room that a container's border and title take around its content.
+  [[nodiscard]] virtual Insets ContainerInsets(const Control& container) const = 0;
+};
+
+/// A box of a form's layout. Build it with the functions below.
+struct LayoutBox {
+  enum class Kind { kControl, kRow, kColumn, kGrid, kStack, kSpace };
+  Kind kind = Kind::kColumn;
+  Control* control = nullptr;  ///< the control itself, or the container around the children
+  std::vector<LayoutBox> children;
+  int columns = 1;      ///< of a grid
+  double stretchX = 0;  ///< share of the width that is left over
+  double stretchY = 0;
+  double minimumWidth = 0;
+  double minimumHeight = 0;
+  bool collapses = false;  ///< an invisible control gives its room away (default: keeps it)
+};
+
+/// Leaf: one control. A stack: children in the same place. Row and column: side by side and below each other.
+/// Grid: filled row by row with columns of common widths.
+[[nodiscard]] LayoutBox Cell(Control& control, double stretchX = 0, double stretchY = 0);
+[[nodiscard]] LayoutBox Row(std::vector<LayoutBox> children);
+[[nodiscard]] LayoutBox Column(std::vector<LayoutBox> children);
+[[nodiscard]] LayoutBox Grid(int columns, std::vector<LayoutBox> children);
+[[nodiscard]] LayoutBox Stack(std::vector<LayoutBox> children);
+[[nodiscard]] LayoutBox Space(double stretchX = 1, double stretchY = 0);
+/// A container control (Frame, PictureBox) around a content box.
+[[nodiscard]] LayoutBox Group(Control& container, LayoutBox content);
+[[nodiscard]] LayoutBox Stretched(LayoutBox box, double stretchX, double stretchY);
+[[nodiscard]] LayoutBox Collapsing(LayoutBox box);
+
+/// The least size of a box.
+[[nodiscard]] Size MinimumSize(const LayoutBox& box, const ControlMeasurer& measurer);
+/// Gives every control in the box its place (relative to its container).
+void Arrange(const LayoutBox& box, const Rect& area, const ControlMeasurer& measurer);
+
+}  // namespace chartproject

@@ -1,0 +1,20 @@
+// Port: the picture on the clipboard.
+#pragma once
+
+#include <optional>
+
+#include "platform/bitmap.h"
+
+namespace chartproject {
+
+/// Every operation throws RunTimeError 521 when the clipboard cannot be opened.
+class Clipboard {
+ public:
+  virtual ~Clipboard() = default;
+  virtual void Clear() = 0;
+  virtual void SetPicture(const Bitmap& picture) = 0;
+  /// The picture on the clipboard, whoever put it there; nothing when it holds none.
+  [[nodiscard]] virtual std::optional<Bitmap> Picture() = 0;
+};
+
+}  // namespace chartproject

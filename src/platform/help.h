@@ -1,0 +1,16 @@
+// Port: the help viewer.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace chartproject {
+
+class Help {
+ public:
+  virtual ~Help() = default;
+  /// Opens a help file at a context number; tells the user which file is missing when it is not there.
+  virtual void ShowContext(const std::string& helpFile, std::int32_t context) = 0;
+};
+
+}  // namespace chartproject

@@ -1,0 +1,51 @@
+// The one error type that the system throws: a numbered run-time error of the platform.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace chartproject {
+
+/// Numbers of the run-time errors that the system raises itself.
+namespace error_number {
+inline constexpr int kInvalidProcedureCall = 5;
+inline constexpr int kOverflow = 6;
+inline constexpr int kSubscriptOutOfRange = 9;
+inline constexpr int kTypeMismatch = 13;
+inline constexpr int kFileNotFound = 53;
+inline constexpr int kFileAlreadyOpen = 55;
+inline constexpr int kDeviceIo = 57;
+inline constexpr int kDiskFull = 61;
+inline constexpr int kPermissionDenied = 70;
+inline constexpr int kPathFileAccess = 75;
+inline constexpr int kPathNotFound = 76;
+inline constexpr int kInvalidPropertyValue = 380;
+inline constexpr int kCannotCreateObject = 429;
+inline constexpr int kPropertyNotSupported = 438;
+inline constexpr int kAutomation = 440;
+inline constexpr int kPrinter = 482;
+inline constexpr int kInvalidPicture = 481;
+inline constexpr int kClipboard = 521;
+inline constexpr int kDialogCancelled = 32755;
+}  // namespace error_number
+
+/// A run-time error: a number of the platform, a description for the user and the place that raised it.
+/// Status results (reads, checks) are return values; everything that cannot go on throws this.
+class RunTimeError : public std::runtime_error {
+ public:
+  /// @param number one of error_number, or another number of the platform
+  /// @param description what happened, with the name of the file or value concerned (UTF-8)
+  /// @param source the component that raised it; "ChartProject" for our own errors
+  explicit RunTimeError(int number, const std::string& description, std::string source = "ChartProject")
+      : std::runtime_error(description), number_(number), source_(std::move(source)) {}
+
+  [[nodiscard]] int Number() const noexcept { return number_; }
+  [[nodiscard]] std::string Description() const { return what(); }
+  [[nodiscard]] const std::string& Source() const noexcept { return source_; }
+
+ private:
+  int number_;
+  std::string source_;
+};
+
+}  // namespace chartproject
