@@ -1,6 +1,7 @@
 // All the state of one instance of the component.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "acquire/chart_header.h"
@@ -18,6 +19,8 @@ struct Component : DriveContext {
   std::string timeText;              ///< the time between points as last checked
   std::string contentText;           ///< the comparison value as last checked
   ChartHeader chartHeader;
+  /// Shows a chart file in the chart window, which stands a floor above; set when the component is created.
+  std::function<void(Component&, const std::string&)> showChart;
 };
 
 }  // namespace chartproject

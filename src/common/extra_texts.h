@@ -1,0 +1,34 @@
+// Texts beyond the 101 numbered messages: hints, progress and chart readings, in the same three languages.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+
+namespace chartproject {
+
+struct Environment;
+
+/// One text each; the order is that of the table in extra_texts.cpp.
+enum class ExtraText : std::uint8_t {
+  kHintDriveAddress,  ///< "Choose a drive address." : first thing that keeps Start away
+  kHintParameters,    ///< "Choose a parameter in every list that is in use."
+  kHintFileName,      ///< "Enter a file name."
+  kHintTime,          ///< "Enter the time among points."
+  kHintPoints,        ///< "Enter the number of points."
+  kHintEvent,         ///< "Choose an event."
+  kHintContent,       ///< "Enter the content to compare with."
+  kRunEstimate,       ///< "Duration %1, about %2."  %1 time, %2 size of the file
+  kElapsedAndEnd,     ///< "Elapsed %1, expected end %2"
+  kNewFile,           ///< caption of the button that asks for a new file's name
+  kNewFileTip,
+  kBrowseTip,
+  kCount
+};
+
+/// The text in the component's language. "%1", "%2" are left for FillIn.
+[[nodiscard]] std::string LoadExtraText(const Environment& environment, ExtraText text);
+/// Replaces "%1", "%2" ... by the values in their order.
+[[nodiscard]] std::string FillIn(std::string text, std::initializer_list<std::string> values);
+
+}  // namespace chartproject
