@@ -91,8 +91,9 @@ class Control {
   [[nodiscard]] const Rect& Place() const noexcept { return place_; }
   void SetPlace(const Rect& place) noexcept { place_ = place; }
 
-  /// Raised by the back end when the focus leaves the control.
+  /// Raised when the focus leaves the control, which the back end tells by LeaveFocus.
   Event lostFocus;
+  void LeaveFocus() { Raise(lostFocus); }
 
  protected:
   /// Tells the back end that a property changed.

@@ -170,12 +170,16 @@ class Timer : public Control {
   /// Enabling (or a new interval) starts a new schedule: the first tick is one interval from now.
   void SetEnabled(bool enabled) override;
   [[nodiscard]] bool Armed() const noexcept { return Enabled() && interval_ > 0; }
-  /// Raises the tick event. A tick never interrupts its own handler.
+  /// True while the tick's handler runs; the next tick waits for it, even when the handler shows a message box.
+  [[nodiscard]] bool Firing() const noexcept { return firing_; }
+  /// Raises the tick event.
   void Fire();
 
   Event tick;
 
  private:
+  void Reschedule();
+
   int interval_ = 0;
   bool firing_ = false;
 };
@@ -221,8 +225,12 @@ class RangeControl : public Control {
     smallChange_ = smallChange;
     largeChange_ = largeChange;
   }
+  /// The value is new; runs before the change event.
+  virtual void ValueChanged() {}
 
  private:
+  void KeepValueInRange();
+
   int minimum_ = 0;
   int maximum_ = 100;
   int value_ = 0;
@@ -250,14 +258,18 @@ class HScrollBar : public RangeControl {
 class UpDown : public RangeControl {
  public:
   UpDown(Form& form, std::string_view name) : RangeControl(form, "UpDown", name) {}
-  /// With synchronisation on, a new value is written into the buddy's text, and a whole number typed there is taken
-  /// as the value.
+  /// With synchronisation on, a new value is written into the buddy's text.
   void SetBuddy(TextControl* buddy) noexcept { buddy_ = buddy; }
   [[nodiscard]] TextControl* Buddy() const noexcept { return buddy_; }
   void SetSyncBuddy(bool sync) noexcept { syncBuddy_ = sync; }
   [[nodiscard]] bool SyncBuddy() const noexcept { return syncBuddy_; }
-  /// One step up (+1) or down (-1) as the user's arrow does, inside the range.
+  /// One step up (+1) or down (-1) as the user's arrow does, inside the range; starts from a number typed in the buddy.
   void Step(int direction);
+  /// Takes the whole number typed into the buddy as the value, if it is one in the range.
+  void TakeBuddyValue();
+
+ protected:
+  void ValueChanged() override;
 
  private:
   TextControl* buddy_ = nullptr;

@@ -39,7 +39,8 @@ class Form {
   void ShowModal();
   /// Ends the modal display; the form stays loaded.
   void Hide();
-  /// Runs OnUnload, ends the modal display and destroys the window. Safe inside a handler of the form.
+  /// Runs OnUnload and ends the modal display. The window itself goes with the form object, so this is safe inside a
+  /// handler of the form.
   void Unload();
   /// The close box, Alt+F4 and the like: asks OnQueryClose, then unloads.
   void CloseByUser();
@@ -130,7 +131,7 @@ class Form {
   bool unloading_ = false;
 };
 
-/// Shows the hourglass on a form while it lives, and puts the normal pointer back whatever happens.
+/// Shows the hourglass on a form while it lives, and puts the former pointer back whatever happens.
 class HourglassScope {
  public:
   explicit HourglassScope(Form& form);
@@ -140,6 +141,7 @@ class HourglassScope {
 
  private:
   Form& form_;
+  MousePointer before_;
 };
 
 }  // namespace chartproject

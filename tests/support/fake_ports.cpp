@@ -1,0 +1,108 @@
+// The in-memory ports.
+#include "support/fake_ports.h"
+
+#include <cstdio>
+
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+std::optional<std::string> MemorySettings::Read(std::string_view section, std::string_view key) {
+  const auto& keys = values[std::string(section)];
+  const auto found = keys.find(std::string(key));
+  return found == keys.end() ? std::nullopt : std::optional(found->second);
+}
+
+void MemorySettings::Write(std::string_view section, std::span<const StoredSetting> settings) {
+  for (const StoredSetting& setting : settings) {
+    values[std::string(section)][setting.key] = setting.value;
+    written.push_back(std::string(section) + "." + setting.key);
+  }
+}
+
+std::string FakeLocale::DateText(const DateTime& moment) const {
+  char text[32];
+  std::snprintf(text, sizeof text, "%02d/%02d/%04d", moment.day, moment.month, moment.year);
+  return text;
+}
+
+std::string FakeLocale::TimeText(const DateTime& moment) const {
+  char text[32];
+  std::snprintf(text, sizeof text, "%dh%02dm%02d", moment.hour, moment.minute, moment.second);
+  return text;
+}
+
+std::string FakeCodePage::Decode(std::string_view bytes) const {
+  std::string text;
+  for (const char byte : bytes) {
+    const auto code = static_cast<unsigned char>(byte);
+    if (code < 0x80) {
+      text += byte;
+    } else {
+      text += static_cast<char>(0xC0 | (code >> 6));
+      text += static_cast<char>(0x80 | (code & 0x3F));
+    }
+  }
+  return text;
+}
+
+std::string FakeCodePage::Encode(std::string_view text) const {
+  std::string bytes;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    if (lead < 0x80) {
+      bytes += text[i];
+    } else if ((lead == 0xC2 || lead == 0xC3) && i + 1 < text.size()) {
+      bytes += static_cast<char>(((lead & 0x03) << 6) | (static_cast<unsigned char>(text[++i]) & 0x3F));
+    } else {
+      bytes += '?';
+      while (i + 1 < text.size() && (static_cast<unsigned char>(text[i + 1]) & 0xC0) == 0x80) ++i;
+    }
+  }
+  return bytes;
+}
+
+std::int16_t FakeDialogs::ShowMessageBox(const MessageBoxRequest& request) {
+  boxes.push_back(request);
+  if (whileUp) whileUp(request);
+  if (!answers.empty()) {
+    const std::int16_t answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  return (request.style & 0xF) == box_style::kYesNo ? box_answer::kNo : box_answer::kOk;
+}
+
+std::string FakeDialogs::ShowInputBox(const InputBoxRequest& request) {
+  inputs.push_back(request);
+  return inputAnswer;
+}
+
+std::optional<std::string> FakeDialogs::ShowOpenFile(const OpenFileRequest& request) {
+  fileRequests.push_back(request);
+  return fileAnswer;
+}
+
+std::vector<std::string> FakeDialogs::TakePrompts() {
+  std::vector<std::string> prompts;
+  for (const MessageBoxRequest& box : boxes) prompts.push_back(box.prompt);
+  boxes.clear();
+  return prompts;
+}
+
+void FakeClipboard::Clear() {
+  if (broken) throw RunTimeError(error_number::kClipboard, "Can't open Clipboard");
+  held.reset();
+}
+
+void FakeClipboard::SetPicture(const Bitmap& picture) {
+  if (broken) throw RunTimeError(error_number::kClipboard, "Can't open Clipboard");
+  held = picture;
+}
+
+std::optional<Bitmap> FakeClipboard::Picture() {
+  if (broken) throw RunTimeError(error_number::kClipboard, "Can't open Clipboard");
+  return held;
+}
+
+}  // namespace chartproject

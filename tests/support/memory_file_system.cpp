@@ -1,0 +1,136 @@
+// The in-memory files.
+#include "support/memory_file_system.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+class MemoryInput : public InputFile {
+ public:
+  MemoryInput(std::shared_ptr<MemoryFileSystem::Node> node) : node_(std::move(node)) {}
+  std::size_t Read(std::span<char> buffer) override {
+    if (at_ >= node_->bytes.size()) return 0;
+    const std::size_t count = std::min(buffer.size(), node_->bytes.size() - at_);
+    std::memcpy(buffer.data(), node_->bytes.data() + at_, count);
+    at_ += count;
+    return count;
+  }
+  void Seek(std::uint64_t offset) override { at_ = static_cast<std::size_t>(offset); }
+  FileIdentity Identity() override { return {1, node_->index, node_->bytes.size(), node_->modified}; }
+
+ private:
+  std::shared_ptr<MemoryFileSystem::Node> node_;
+  std::size_t at_ = 0;
+};
+
+class MemoryOutput : public OutputFile {
+ public:
+  MemoryOutput(MemoryFileSystem& files, std::shared_ptr<MemoryFileSystem::Node> node, std::string name)
+      : files_(files), node_(std::move(node)), name_(std::move(name)) {}
+  void Write(std::string_view bytes) override {
+    files_.Spend(bytes.size(), name_);
+    if (node_->bytes.size() < at_ + bytes.size()) node_->bytes.resize(at_ + bytes.size());
+    std::memcpy(node_->bytes.data() + at_, bytes.data(), bytes.size());
+    at_ += bytes.size();
+    files_.Touch(*node_);
+  }
+  void Seek(std::uint64_t offset) override { at_ = static_cast<std::size_t>(offset); }
+  void FlushAndClose() override {}
+
+ private:
+  MemoryFileSystem& files_;
+  std::shared_ptr<MemoryFileSystem::Node> node_;
+  std::string name_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
+std::string MemoryFileSystem::Key(std::string name) {
+  std::replace(name.begin(), name.end(), '\\', '/');
+  return name;
+}
+
+void MemoryFileSystem::Put(const std::string& name, std::string bytes) {
+  auto node = std::make_shared<Node>();
+  node->bytes = std::move(bytes);
+  node->index = nextIndex_++;
+  Touch(*node);
+  nodes_[Key(name)] = std::move(node);
+}
+
+std::string MemoryFileSystem::Bytes(const std::string& name) const {
+  const auto found = nodes_.find(Key(name));
+  return found == nodes_.end() ? std::string() : found->second->bytes;
+}
+
+bool MemoryFileSystem::FolderExists(const std::string& name) {
+  return !checkFolders || folders.contains(Key(name));
+}
+
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::NodeOf(const std::string& name) const {
+  const auto found = nodes_.find(Key(name));
+  if (found == nodes_.end()) throw RunTimeError(error_number::kFileNotFound, "File not found: " + name);
+  return found->second;
+}
+
+void MemoryFileSystem::Ask(const std::string& operation, const std::string& name) const {
+  if (before) before(operation, name);
+}
+
+std::unique_ptr<InputFile> MemoryFileSystem::OpenForReading(const std::string& name) {
+  Ask("read", name);
+  return std::make_unique<MemoryInput>(NodeOf(name));
+}
+
+std::unique_ptr<OutputFile> MemoryFileSystem::Create(const std::string& name) {
+  Ask("create", name);
+  Put(name, "");
+  return std::make_unique<MemoryOutput>(*this, NodeOf(name), name);
+}
+
+void MemoryFileSystem::Append(const std::string& name, std::string_view bytes) {
+  Ask("append", name);
+  Spend(bytes.size(), name);
+  if (!Has(name)) Put(name, "");
+  const auto node = NodeOf(name);
+  node->bytes.append(bytes);
+  Touch(*node);
+  ++appendCount;
+}
+
+void MemoryFileSystem::Delete(const std::string& name) {
+  Ask("delete", name);
+  NodeOf(name);
+  nodes_.erase(Key(name));
+}
+
+void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
+  Ask("rename", from);
+  auto node = NodeOf(from);
+  nodes_.erase(Key(from));
+  nodes_[Key(to)] = std::move(node);
+}
+
+void MemoryFileSystem::ChangeFolder(const std::string& name) {
+  if (!FolderExists(name)) throw RunTimeError(error_number::kPathNotFound, "Path not found: " + name);
+  currentFolder_ = name;
+}
+
+DiskSpace MemoryFileSystem::SpaceFor(const std::string& name) {
+  Ask("space", name);
+  return space;
+}
+
+void MemoryFileSystem::Spend(std::size_t bytes, const std::string& name) {
+  if (writeBudget < 0) return;
+  if (static_cast<std::int64_t>(bytes) > writeBudget) throw RunTimeError(error_number::kDiskFull, "Disk full: " + name);
+  writeBudget -= static_cast<std::int64_t>(bytes);
+}
+
+}  // namespace chartproject

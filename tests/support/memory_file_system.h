@@ -1,0 +1,65 @@
+// Files in memory, with the failures that tests ask for.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "platform/file_system.h"
+
+namespace chartproject {
+
+/// "\" and "/" are the same; names are case-sensitive. Folders need not exist unless `checkFolders` is set.
+class MemoryFileSystem : public FileSystem {
+ public:
+  struct Node {
+    std::string bytes;
+    std::uint64_t index = 0;
+    std::int64_t modified = 0;
+  };
+
+  /// Contents by name; tests read and write them directly.
+  void Put(const std::string& name, std::string bytes);
+  [[nodiscard]] std::string Bytes(const std::string& name) const;
+  [[nodiscard]] bool Has(const std::string& name) const { return nodes_.contains(Key(name)); }
+
+  DiskSpace space{1'000'000'000'000, 500'000'000'000, 500'000'000'000};
+  /// Asked before every open, append, delete and rename; may throw what a real disk would.
+  std::function<void(const std::string& operation, const std::string& name)> before;
+  /// Bytes that may still be written before error 61; negative for no limit.
+  std::int64_t writeBudget = -1;
+  /// Folder names that exist, when `checkFolders` is set.
+  std::set<std::string> folders;
+  bool checkFolders = false;
+  int appendCount = 0;
+
+  [[nodiscard]] bool FileExists(const std::string& name) override { return !name.empty() && Has(name); }
+  [[nodiscard]] bool FolderExists(const std::string& name) override;
+  [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> Create(const std::string& name) override;
+  void Append(const std::string& name, std::string_view bytes) override;
+  void Delete(const std::string& name) override;
+  void Rename(const std::string& from, const std::string& to) override;
+  void MakeFolder(const std::string& name) override { folders.insert(Key(name)); }
+  [[nodiscard]] std::string CurrentFolder() override { return currentFolder_; }
+  void ChangeFolder(const std::string& name) override;
+  [[nodiscard]] DiskSpace SpaceFor(const std::string& name) override;
+
+  /// Takes bytes off the budget; throws 61 when it is used up.
+  void Spend(std::size_t bytes, const std::string& name);
+  void Touch(Node& node) { node.modified = ++time_; }
+  [[nodiscard]] static std::string Key(std::string name);
+
+ private:
+  std::shared_ptr<Node> NodeOf(const std::string& name) const;
+  void Ask(const std::string& operation, const std::string& name) const;
+
+  std::map<std::string, std::shared_ptr<Node>> nodes_;
+  std::string currentFolder_ = "/start";
+  std::uint64_t nextIndex_ = 1;
+  std::int64_t time_ = 0;
+};
+
+}  // namespace chartproject
