@@ -9,6 +9,8 @@
 
 namespace chartproject {
 
+class PictureRenderer;
+
 /// A form's window. Holds no rule of any form: shows properties, and hands user input to the controls' setters.
 class FormView {
  public:
@@ -36,6 +38,8 @@ class FormHost {
   virtual void KeepAlive() = 0;
 
   [[nodiscard]] TimerQueue& Timers() noexcept { return timers_; }
+  /// Draws pictures for the clipboard and for files; null where the back end cannot draw.
+  [[nodiscard]] virtual PictureRenderer* Pictures() noexcept { return nullptr; }
   /// The next due time may have changed.
   virtual void TimersChanged() {}
 

@@ -1,0 +1,18 @@
+// Port: a surface in memory, for pictures that leave the screen (clipboard, page, file).
+#pragma once
+
+#include <functional>
+
+#include "forms/canvas.h"
+
+namespace chartproject {
+
+class PictureRenderer {
+ public:
+  virtual ~PictureRenderer() = default;
+  /// Paints a picture of `size` canvas pixels with `scale` dots to the canvas pixel, on white.
+  /// @return round(size x scale) dots with dotsPerInch 96 x scale; an empty bitmap when the size has no area
+  [[nodiscard]] virtual Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) = 0;
+};
+
+}  // namespace chartproject
