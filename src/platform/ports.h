@@ -9,8 +9,10 @@
 #include "platform/help.h"
 #include "platform/keyboard.h"
 #include "platform/locale.h"
+#include "platform/printer.h"
 #include "platform/settings_store.h"
 #include "platform/sound.h"
+#include "platform/spreadsheet.h"
 
 namespace chartproject {
 
@@ -26,6 +28,8 @@ struct Ports {
   Keyboard& keyboard;
   Help& help;
   Clipboard& clipboard;
+  Printer& printer;
+  SpreadsheetApplications& spreadsheets;
 };
 
 }  // namespace chartproject

@@ -11,6 +11,7 @@
 #include "platform/headless/headless_form_host.h"
 #include "platform/headless/virtual_clock.h"
 #include "platform/ports.h"
+#include "support/fake_office.h"
 #include "support/memory_file_system.h"
 
 namespace chartproject {
@@ -109,8 +110,11 @@ struct FakePorts {
   FakeKeyboard keyboard;
   FakeHelp help;
   FakeClipboard clipboard;
+  FakePrinter printer;
+  FakeSpreadsheets spreadsheets;
   HeadlessFormHost forms{clock, [this](Instant moment) { clock.AdvanceTo(moment); }};
-  Ports ports{settings, files, clock, locale, codePage, dialogs, sound, keyboard, help, clipboard};
+  Ports ports{settings, files,    clock, locale,    codePage, dialogs,
+              sound,    keyboard, help,  clipboard, printer,  spreadsheets};
 };
 
 }  // namespace chartproject
