@@ -1,0 +1,93 @@
+// One recording: its plan, its state, the points taken, and what becomes of them.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "acquire/chart_file.h"
+#include "acquire/chart_file_writer.h"
+#include "acquire/component.h"
+
+namespace chartproject {
+
+enum class RunState { kIdle, kArmed, kSampling, kFinished };
+
+/// Why a recording ended.
+enum class RunEnd {
+  kNone,       ///< it has not ended, or was never started
+  kComplete,   ///< the last point was taken
+  kStopped,    ///< Esc, a closed window, or No after a communication error
+  kDiskSpace,  ///< less than kReservedSpace was left on the disk
+  kFailed,     ///< a row could not be kept
+};
+
+/// What a recording does; fixed when it is started.
+struct RunPlan {
+  std::string fileName;  ///< chart file
+  std::int16_t driveAddress = 0;
+  int parameterCount = 1;  ///< columns in use, 1 to 4
+  std::array<std::int16_t, kColumnCount> columns{kUnusedParameter, kUnusedParameter, kUnusedParameter,
+                                                 kUnusedParameter};
+  std::int32_t numberOfPoints = 1;  ///< 1 to 2000000000
+};
+
+/// Up to this many points are kept in memory; a longer run spools its rows to disk.
+inline constexpr std::int32_t kMemoryLimit = 2500;
+
+/// A recording whose parameter numbers, rows and dates it keeps; timers and controls are the dialog's.
+/// States: kIdle -> Arm -> kArmed -> BeginSampling -> kSampling -> End -> kFinished -> Close -> kIdle; Arm may be left
+/// out.
+class AcquisitionRun {
+ public:
+  explicit AcquisitionRun(Component& component) : component_(component) {}
+
+  void Arm(const RunPlan& plan);
+  /// From kIdle with a plan, or from kArmed with the plan of Arm.
+  void BeginSampling(const RunPlan& plan);
+  void BeginSampling();
+
+  /// Takes one point: reads every column in use, keeps the row. Ends the run at its last point, when the disk is
+  /// nearly full, or when the row could not be kept; End() tells.
+  void TakePoint();
+
+  /// Ends an armed or sampling run early; end date and time are those of this moment. Nothing in other states.
+  void Stop(RunEnd reason);
+
+  /// Writes the chart file of a finished run when at least one point was taken, and returns to kIdle.
+  ChartWriteResult Close();
+
+  [[nodiscard]] RunState State() const noexcept { return state_; }
+  [[nodiscard]] bool Active() const noexcept { return state_ == RunState::kArmed || state_ == RunState::kSampling; }
+  [[nodiscard]] RunEnd End() const noexcept { return end_; }
+  [[nodiscard]] const RunPlan& Plan() const noexcept { return plan_; }
+  /// Number of the last point taken; 0 before the first.
+  [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
+  [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
+  /// Free bytes found when the run ended with RunEnd::kDiskSpace.
+  [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpace_; }
+  /// Why a row could not be kept (RunEnd::kFailed).
+  [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
+
+ private:
+  void ReadColumns(PointRow& row);
+  void KeepInSpool(const PointRow& row);
+  void FinishAt(RunEnd reason);
+
+  Component& component_;
+  RunState state_ = RunState::kIdle;
+  RunEnd end_ = RunEnd::kNone;
+  RunPlan plan_;
+  std::int32_t counter_ = 0;
+  std::vector<PointRow> rows_;  ///< by point number minus 1 in memory mode; one entry in spool mode
+  std::string rowBytes_;        ///< the row being spooled; kept for its capacity
+  std::int32_t rowsSpooled_ = 0;
+  std::uint64_t freeSpace_ = 0;
+  std::string failureReason_;
+};
+
+/// One column of a point: what the drive link shows for the parameter, "0" when the drive does not answer.
+[[nodiscard]] std::string ReadColumnText(DriveContext& context, std::int16_t parameter);
+
+}  // namespace chartproject
