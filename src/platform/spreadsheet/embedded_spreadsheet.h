@@ -1,0 +1,26 @@
+// The spreadsheet application of systems that have none to automate: it keeps the row at work and writes workbooks.
+#pragma once
+
+#include "platform/locale.h"
+#include "platform/spreadsheet.h"
+
+namespace chartproject {
+
+/// Cells are written row by row: a cell of a row above the last one written, or of a sheet before it, is finished and
+/// refused with RunTimeError 1004. So a workbook of any size takes the memory of a few rows.
+/// The target's name chooses the format: ".csv" plain text, ".xlsx" the modern workbook, anything else the legacy one.
+class EmbeddedSpreadsheets : public SpreadsheetApplications {
+ public:
+  /// @param locale how entered values are read; outlives this object
+  explicit EmbeddedSpreadsheets(const Locale& locale) : locale_(locale) {}
+
+  /// Never one: an embedded application belongs to one export.
+  [[nodiscard]] std::unique_ptr<SpreadsheetApplication> AttachRunning() override { return nullptr; }
+  [[nodiscard]] std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName) override;
+  [[nodiscard]] std::optional<WorkbookLimits> Limits(const std::string& targetName) const override;
+
+ private:
+  const Locale& locale_;
+};
+
+}  // namespace chartproject
