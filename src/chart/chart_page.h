@@ -1,0 +1,43 @@
+// The printed page: header, information block and chart picture.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "acquire/component.h"
+#include "platform/bitmap.h"
+#include "platform/printer.h"
+
+namespace chartproject {
+
+/// Colours of the four series as BGR numbers, the same on page and window: red, green, blue, yellow.
+inline constexpr std::array<std::int32_t, 4> kSeriesColors{255, 65280, 16711680, 65535};
+
+/// One series as the page names it.
+struct ChartPageSeries {
+  int parameter = 0;
+  std::string name;   ///< from the drive's parameter tables; may be empty
+  std::string scale;  ///< text of the scale box
+};
+
+/// Everything that the page shows.
+struct ChartPage {
+  std::string fileName;  ///< full name of the chart file
+  ChartHeader header;
+  std::vector<ChartPageSeries> series;  ///< series 1 to P
+  bool grid = false;
+  bool marker = false;
+  bool line = false;
+  std::string chartType;  ///< in the user's words
+  Bitmap picture;
+};
+
+/// Prints the page on the system's printer. Long names are wrapped or shortened in the middle; the picture has its own
+/// size and is scaled down only when it would not fit.
+/// False when the user declined (no printer and no file chosen). An error while the page is drawn is shown and logged
+/// under the name "PrintChartPage", and nothing is printed: then false, too.
+bool PrintChartPage(Component& component, const ChartPage& page);
+
+}  // namespace chartproject
