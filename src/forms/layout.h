@@ -13,13 +13,17 @@ class Control;
 class ControlMeasurer {
  public:
   virtual ~ControlMeasurer() = default;
-  /// The least size at which nothing of the control's texts is cut.
+  /// The least size at which nothing of the control's texts is cut; of a container, that of its title.
   [[nodiscard]] virtual Size PreferredSize(const Control& control) const = 0;
-  /// Height of a wrapping label at a width.
+  /// Height of a control at a width; only that of a wrapping label depends on it.
   [[nodiscard]] virtual double HeightForWidth(const Control& control, double width) const = 0;
   /// Room that a container's border and title take around its content.
   [[nodiscard]] virtual Insets ContainerInsets(const Control& container) const = 0;
 };
+
+/// Pixels between neighbours, and between a window's edge and what stands in it.
+inline constexpr double kLayoutGap = 8;
+inline constexpr double kFormMargin = 12;
 
 /// A box of a form's layout. Build it with the functions below.
 struct LayoutBox {
@@ -43,14 +47,17 @@ struct LayoutBox {
 [[nodiscard]] LayoutBox Grid(int columns, std::vector<LayoutBox> children);
 [[nodiscard]] LayoutBox Stack(std::vector<LayoutBox> children);
 [[nodiscard]] LayoutBox Space(double stretchX = 1, double stretchY = 0);
-/// A container control (Frame, PictureBox) around a content box.
+/// A container control (Frame, PictureBox) around a content box; becomes the container of the controls in it.
 [[nodiscard]] LayoutBox Group(Control& container, LayoutBox content);
 [[nodiscard]] LayoutBox Stretched(LayoutBox box, double stretchX, double stretchY);
 [[nodiscard]] LayoutBox Collapsing(LayoutBox box);
+[[nodiscard]] LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight = 0);
 
-/// The least size of a box.
+/// The least size of a box: its least width, and the height that it needs at that width.
 [[nodiscard]] Size MinimumSize(const LayoutBox& box, const ControlMeasurer& measurer);
-/// Gives every control in the box its place (relative to its container).
+/// Gives every control in the box its place (relative to its container). Controls take the width of their cell and
+/// keep their own height, in the middle of their row, unless they stretch; containers fill their cell. What is left
+/// over goes to the boxes that stretch; without one it stays empty on the right or below.
 void Arrange(const LayoutBox& box, const Rect& area, const ControlMeasurer& measurer);
 
 }  // namespace chartproject

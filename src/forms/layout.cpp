@@ -1,0 +1,325 @@
+// The arithmetic of the layout: widths first, then the heights that these widths ask for, then the places.
+#include "forms/layout.h"
+
+#include <algorithm>
+#include <numeric>
+#include <unordered_map>
+#include <utility>
+
+#include "forms/control.h"
+
+namespace chartproject {
+
+namespace {
+
+using Kind = LayoutBox::Kind;
+
+/// One line of boxes along an axis: their least lengths and their shares of what is left over.
+struct Track {
+  double length = 0;
+  double stretch = 0;
+  bool absent = true;  ///< no box in it takes room, so it takes no gap either
+
+  void Include(double boxLength, double boxStretch) {
+    length = std::max(length, boxLength);
+    stretch = std::max(stretch, boxStretch);
+    absent = false;
+  }
+};
+
+double GapsOf(const std::vector<Track>& tracks) {
+  const auto present = std::count_if(tracks.begin(), tracks.end(), [](const Track& track) { return !track.absent; });
+  return present > 1 ? static_cast<double>(present - 1) * kLayoutGap : 0;
+}
+
+double LengthOf(const std::vector<Track>& tracks) {
+  return std::accumulate(tracks.begin(), tracks.end(), GapsOf(tracks),
+                         [](double sum, const Track& track) { return sum + track.length; });
+}
+
+/// Gives what is left over of `room` to the tracks that stretch. A room too small leaves them as they are.
+void ShareOut(std::vector<Track>& tracks, double room) {
+  const double rest = room - LengthOf(tracks);
+  const double shares = std::accumulate(tracks.begin(), tracks.end(), 0.0,
+                                        [](double sum, const Track& track) { return sum + track.stretch; });
+  if (rest <= 0 || shares <= 0) return;
+  for (Track& track : tracks) track.length += rest * track.stretch / shares;
+}
+
+/// Where each track begins.
+std::vector<double> StartsOf(const std::vector<Track>& tracks, double origin) {
+  std::vector<double> starts;
+  starts.reserve(tracks.size());
+  for (const Track& track : tracks) {
+    starts.push_back(origin);
+    if (!track.absent) origin += track.length + kLayoutGap;
+  }
+  return starts;
+}
+
+bool AnyVisible(const LayoutBox& box) {
+  if (box.control != nullptr) return box.control->Visible();
+  return std::any_of(box.children.begin(), box.children.end(), AnyVisible);
+}
+
+/// True when a box gives its room away.
+bool Absent(const LayoutBox& box) {
+  if (box.kind == Kind::kSpace) return false;
+  if (box.control != nullptr || box.collapses) return box.collapses && !AnyVisible(box);
+  const auto gone = [](const LayoutBox& child) { return child.kind == Kind::kSpace || Absent(child); };
+  const bool onlySpaces = std::all_of(box.children.begin(), box.children.end(),
+                                      [](const LayoutBox& child) { return child.kind == Kind::kSpace; });
+  return !onlySpaces && std::all_of(box.children.begin(), box.children.end(), gone);
+}
+
+/// A box stretches by its own share, or else as the most stretching of its children does.
+double Stretch(const LayoutBox& box, double LayoutBox::*share) {
+  double most = box.*share;
+  if (most > 0) return most;
+  for (const LayoutBox& child : box.children) {
+    if (!Absent(child)) most = std::max(most, Stretch(child, share));
+  }
+  return most;
+}
+
+bool IsGroup(const LayoutBox& box) {
+  return box.control != nullptr && !box.children.empty();
+}
+
+/// The column (or row) of each child: what its box is made of decides how children line up.
+struct Cells {
+  std::size_t columns;
+  std::size_t rows;
+};
+
+Cells CellsOf(const LayoutBox& box) {
+  const std::size_t count = box.children.size();
+  switch (box.kind) {
+    case Kind::kRow:
+      return {count, count == 0 ? 0U : 1U};
+    case Kind::kColumn:
+      return {count == 0 ? 0U : 1U, count};
+    case Kind::kGrid: {
+      const auto columns = static_cast<std::size_t>(std::max(box.columns, 1));
+      return {columns, (count + columns - 1) / columns};
+    }
+    default:
+      return {1, 1};  // a stack: all children in one cell
+  }
+}
+
+class Arranger {
+ public:
+  explicit Arranger(const ControlMeasurer& measurer) : measurer_(measurer) {}
+
+  double LeastWidth(const LayoutBox& box);
+  double HeightAt(const LayoutBox& box, double width);
+  void Place(const LayoutBox& box, const Rect& area);
+
+ private:
+  const Size& PreferredSize(const Control& control);
+  std::vector<Track> ColumnsOf(const LayoutBox& box);
+  std::vector<Track> RowsOf(const LayoutBox& box, const std::vector<Track>& columns);
+  void PlaceControl(const LayoutBox& box, const Rect& area);
+  static void PlaceNowhere(const LayoutBox& box);
+
+  const ControlMeasurer& measurer_;
+  std::unordered_map<const Control*, Size> sizes_;  ///< asked once an arrangement
+};
+
+const Size& Arranger::PreferredSize(const Control& control) {
+  const auto found = sizes_.find(&control);
+  if (found != sizes_.end()) return found->second;
+  return sizes_.emplace(&control, measurer_.PreferredSize(control)).first->second;
+}
+
+std::vector<Track> Arranger::ColumnsOf(const LayoutBox& box) {
+  const Cells cells = CellsOf(box);
+  std::vector<Track> columns(cells.columns);
+  for (std::size_t i = 0; i < box.children.size(); ++i) {
+    const LayoutBox& child = box.children[i];
+    if (Absent(child)) continue;
+    columns[i % cells.columns].Include(LeastWidth(child), Stretch(child, &LayoutBox::stretchX));
+  }
+  // The only column of a column or stack is as wide as its box.
+  if (box.kind == Kind::kColumn || box.kind == Kind::kStack) {
+    for (Track& column : columns) column.stretch = 1;
+  }
+  return columns;
+}
+
+std::vector<Track> Arranger::RowsOf(const LayoutBox& box, const std::vector<Track>& columns) {
+  const Cells cells = CellsOf(box);
+  std::vector<Track> rows(cells.rows);
+  for (std::size_t i = 0; i < box.children.size(); ++i) {
+    const LayoutBox& child = box.children[i];
+    if (Absent(child)) continue;
+    rows[i / cells.columns % cells.rows].Include(HeightAt(child, columns[i % cells.columns].length),
+                                                 Stretch(child, &LayoutBox::stretchY));
+  }
+  if (box.kind == Kind::kRow || box.kind == Kind::kStack) {
+    for (Track& row : rows) row.stretch = 1;
+  }
+  return rows;
+}
+
+double Arranger::LeastWidth(const LayoutBox& box) {
+  double width = 0;
+  if (IsGroup(box)) {
+    const Insets insets = measurer_.ContainerInsets(*box.control);
+    width = std::max(LeastWidth(box.children.front()) + insets.left + insets.right, PreferredSize(*box.control).width);
+  } else if (box.control != nullptr) {
+    width = PreferredSize(*box.control).width;
+  } else {
+    width = LengthOf(ColumnsOf(box));
+  }
+  return std::max(width, box.minimumWidth);
+}
+
+double Arranger::HeightAt(const LayoutBox& box, double width) {
+  double height = 0;
+  if (IsGroup(box)) {
+    const Insets insets = measurer_.ContainerInsets(*box.control);
+    height = HeightAt(box.children.front(), width - insets.left - insets.right) + insets.top + insets.bottom;
+  } else if (box.control != nullptr) {
+    height = measurer_.HeightForWidth(*box.control, width);
+  } else {
+    std::vector<Track> columns = ColumnsOf(box);
+    ShareOut(columns, width);
+    height = LengthOf(RowsOf(box, columns));
+  }
+  return std::max(height, box.minimumHeight);
+}
+
+void Arranger::PlaceControl(const LayoutBox& box, const Rect& area) {
+  if (IsGroup(box)) {
+    const Insets insets = measurer_.ContainerInsets(*box.control);
+    box.control->SetPlace(area);
+    Place(box.children.front(),
+          {insets.left, insets.top, area.width - insets.left - insets.right, area.height - insets.top - insets.bottom});
+    return;
+  }
+  Rect place = area;
+  if (box.stretchY <= 0) {  // a control keeps its height and stands in the middle of its row
+    place.height = std::min(HeightAt(box, area.width), area.height);
+    place.y += (area.height - place.height) / 2;
+  }
+  box.control->SetPlace(place);
+}
+
+void Arranger::PlaceNowhere(const LayoutBox& box) {
+  if (box.control != nullptr) box.control->SetPlace({});
+  for (const LayoutBox& child : box.children) PlaceNowhere(child);
+}
+
+void Arranger::Place(const LayoutBox& box, const Rect& area) {
+  if (Absent(box)) {
+    PlaceNowhere(box);
+    return;
+  }
+  if (box.control != nullptr) {
+    PlaceControl(box, area);
+    return;
+  }
+  const Cells cells = CellsOf(box);
+  std::vector<Track> columns = ColumnsOf(box);
+  ShareOut(columns, area.width);
+  std::vector<Track> rows = RowsOf(box, columns);
+  ShareOut(rows, area.height);
+  const std::vector<double> lefts = StartsOf(columns, area.x);
+  const std::vector<double> tops = StartsOf(rows, area.y);
+  for (std::size_t i = 0; i < box.children.size(); ++i) {
+    const std::size_t column = i % cells.columns;
+    const std::size_t row = i / cells.columns % cells.rows;
+    Place(box.children[i], {lefts[column], tops[row], columns[column].length, rows[row].length});
+  }
+}
+
+LayoutBox BoxOf(Kind kind, std::vector<LayoutBox> children) {
+  LayoutBox box;
+  box.kind = kind;
+  box.children = std::move(children);
+  return box;
+}
+
+void PutInto(Control& container, const LayoutBox& box) {
+  if (box.control != nullptr) {
+    box.control->SetContainer(&container);
+    return;  // what stands inside a group belongs to that group
+  }
+  for (const LayoutBox& child : box.children) PutInto(container, child);
+}
+
+}  // namespace
+
+LayoutBox Cell(Control& control, double stretchX, double stretchY) {
+  LayoutBox box;
+  box.kind = Kind::kControl;
+  box.control = &control;
+  box.stretchX = stretchX;
+  box.stretchY = stretchY;
+  return box;
+}
+
+LayoutBox Row(std::vector<LayoutBox> children) {
+  return BoxOf(Kind::kRow, std::move(children));
+}
+
+LayoutBox Column(std::vector<LayoutBox> children) {
+  return BoxOf(Kind::kColumn, std::move(children));
+}
+
+LayoutBox Grid(int columns, std::vector<LayoutBox> children) {
+  LayoutBox box = BoxOf(Kind::kGrid, std::move(children));
+  box.columns = columns;
+  return box;
+}
+
+LayoutBox Stack(std::vector<LayoutBox> children) {
+  return BoxOf(Kind::kStack, std::move(children));
+}
+
+LayoutBox Space(double stretchX, double stretchY) {
+  LayoutBox box;
+  box.kind = Kind::kSpace;
+  box.stretchX = stretchX;
+  box.stretchY = stretchY;
+  return box;
+}
+
+LayoutBox Group(Control& container, LayoutBox content) {
+  PutInto(container, content);
+  LayoutBox box = Cell(container);
+  box.children.push_back(std::move(content));
+  return box;
+}
+
+LayoutBox Stretched(LayoutBox box, double stretchX, double stretchY) {
+  box.stretchX = stretchX;
+  box.stretchY = stretchY;
+  return box;
+}
+
+LayoutBox Collapsing(LayoutBox box) {
+  box.collapses = true;
+  return box;
+}
+
+LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight) {
+  box.minimumWidth = minimumWidth;
+  box.minimumHeight = minimumHeight;
+  return box;
+}
+
+Size MinimumSize(const LayoutBox& box, const ControlMeasurer& measurer) {
+  Arranger arranger(measurer);
+  if (Absent(box)) return {};
+  const double width = arranger.LeastWidth(box);
+  return {width, arranger.HeightAt(box, width)};
+}
+
+void Arrange(const LayoutBox& box, const Rect& area, const ControlMeasurer& measurer) {
+  Arranger(measurer).Place(box, area);
+}
+
+}  // namespace chartproject
