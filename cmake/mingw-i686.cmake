@@ -13,7 +13,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 # Scripts load the component into old hosts: SSE2 for exact doubles, frames that stay aligned when the host's are not.
-set(CMAKE_CXX_FLAGS_INIT "-DUNICODE -D_UNICODE -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -msse2 -mfpmath=sse -mstackrealign")
+set(CMAKE_CXX_FLAGS_INIT "-DUNICODE -D_UNICODE -DNOMINMAX -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -msse2 -mfpmath=sse -mstackrealign")
 # g++ 12 takes "literal" + std::string for an overlapping copy when it inlines it in 32 bits.
 string(APPEND CMAKE_CXX_FLAGS_INIT " -Wno-restrict")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")

@@ -1,0 +1,76 @@
+// The system's own boxes, over the window of this thread that is active.
+#include "platform/win32/win32_dialogs.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/win32/input_box.h"
+#include "platform/win32/wide_text.h"
+#include "platform/win32/windows_api.h"
+
+#include <commdlg.h>
+
+namespace chartproject::win32 {
+
+namespace {
+
+/// What a box's Help button needs; reaches the callback as the box's help context.
+struct BoxHelp {
+  Help& help;
+  const MessageBoxRequest& request;
+};
+
+void CALLBACK ShowBoxHelp(HELPINFO* info) {
+  const auto* box = reinterpret_cast<const BoxHelp*>(info->dwContextId);
+  if (box != nullptr) box->help.ShowContext(box->request.helpFile, box->request.helpContext);
+}
+
+/// "description|pattern" pairs as the system takes them: each part ended by a null, one more at the end.
+std::wstring FilterList(const std::string& filter) {
+  std::wstring list = ToWide(filter);
+  std::replace(list.begin(), list.end(), L'|', L'\0');
+  return list + std::wstring(2, L'\0');
+}
+
+}  // namespace
+
+std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
+  const std::wstring prompt = ToWide(request.prompt);
+  const std::wstring title = ToWide(request.title);
+  const BoxHelp help{help_, request};
+  MSGBOXPARAMSW box{};
+  box.cbSize = sizeof box;
+  box.hwndOwner = GetActiveWindow();
+  box.lpszText = prompt.c_str();
+  box.lpszCaption = title.c_str();
+  box.dwStyle = static_cast<DWORD>(request.style) | (box.hwndOwner == nullptr ? MB_TASKMODAL : 0U);
+  if ((request.style & box_style::kHelpButton) != 0) {
+    box.dwContextHelpId = reinterpret_cast<DWORD_PTR>(&help);
+    box.lpfnMsgBoxCallback = ShowBoxHelp;
+  }
+  const int answer = MessageBoxIndirectW(&box);
+  return answer == 0 ? box_answer::kNo : static_cast<std::int16_t>(answer);
+}
+
+std::string Win32Dialogs::ShowInputBox(const InputBoxRequest& request) {
+  return AskForText(request, help_);
+}
+
+std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& request) {
+  const std::wstring folder = ToWide(request.initialFolder);
+  const std::wstring filter = FilterList(request.filter);
+  std::vector<wchar_t> name(32768, L'\0');
+  OPENFILENAMEW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = GetActiveWindow();
+  dialog.lpstrFilter = filter.c_str();
+  dialog.nFilterIndex = static_cast<DWORD>(request.filterIndex);
+  dialog.lpstrFile = name.data();
+  dialog.nMaxFile = static_cast<DWORD>(name.size());
+  dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+  dialog.Flags = static_cast<DWORD>(request.flags) | OFN_EXPLORER | OFN_NOCHANGEDIR;
+  if (GetOpenFileNameW(&dialog) == 0) return std::nullopt;
+  return ToUtf8(name.data());
+}
+
+}  // namespace chartproject::win32
