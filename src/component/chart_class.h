@@ -1,0 +1,44 @@
+// ChartClass, the one creatable class: an instance of the component from its start-up to its release.
+#pragma once
+
+#include <string>
+
+#include "acquire/component.h"
+
+namespace chartproject {
+
+/// Creating an instance loads the whole environment: settings, language, help file, drive table. Releasing it writes
+/// the settings back. One instance at a time is expected; everything runs on the thread that shows the forms.
+///
+/// Release is a call of its own, because it can fail and its caller must learn of it (the COM server's last Release,
+/// the program's end). An instance that is destroyed without it still releases, so that no setting is lost on the way
+/// out of an error; a failure then goes to the error log.
+class ChartClass {
+ public:
+  /// Throws RunTimeError when a setting or a drive file cannot be read: then there is no instance.
+  /// @param ports, forms, links outlive the instance
+  ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links);
+  ~ChartClass();
+  ChartClass(const ChartClass&) = delete;
+  ChartClass& operator=(const ChartClass&) = delete;
+
+  /// Makes and opens a drive link, shows the acquisition dialog until it is closed, and ends the link.
+  /// Throws RunTimeError when link or dialog fail; whatever happens, no link is left behind.
+  void AcquireVar();
+
+  /// Remembers the name of a chart file and shows it in the chart window until that is closed.
+  void CreateChart(const std::string& strFileName);
+
+  /// Saves the settings and makes the project folder current. Only the first call does anything: a release that failed
+  /// is not tried again. Throws RunTimeError when the store cannot be written or the folder cannot be entered.
+  void Release();
+
+  /// The state that the dialogs work on, for hosts that show or change it between calls.
+  [[nodiscard]] Component& State() noexcept { return component_; }
+
+ private:
+  Component component_;
+  bool released_ = false;
+};
+
+}  // namespace chartproject
