@@ -4,13 +4,13 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "chart/chart_model.h"
+#include "chart/chart_overlay.h"
 #include "forms/controls.h"
 #include "forms/picture_renderer.h"
 #include "platform/locale.h"
@@ -23,18 +23,11 @@ enum class ChartAxis { kX, kY, kSecondY };
 /// The two measuring cursors: a click places the first, a click with Shift the second.
 enum class MeasuringCursor { kFirst = 0, kSecond = 1 };
 
-/// One line of a box that the chart shows over itself. @see ChartControl::SetReadout
-struct ReadoutLine {
-  std::string text;
-  int series = -1;  ///< column whose colour stands before the text; -1 for none
-};
-
 /// Rows and columns count from 0. A column or row outside the counts throws RunTimeError 9, a property value outside
 /// its range RunTimeError 380. Every setter has the chart painted again; the picture is worked out once a painting.
 class ChartControl : public DrawnControl {
  public:
   ChartControl(Form& form, std::string_view name);
-  ~ChartControl() override;
 
   // Properties. ------------------------------------------------------------------------------------------------------
   /// Everything as it was when the control was made, without data. Cursors and number format stay.
@@ -115,19 +108,16 @@ class ChartControl : public DrawnControl {
   bool KeyPressed(Key pressed, bool shift) override;
 
  private:
-  struct Drawing;
   ChartSeries& SeriesAt(int column);
   [[nodiscard]] const ChartSeries& SeriesAt(int column) const;
   void CheckRow(int row) const;
   void ModelChanged();
-  /// Works the scene out for the canvas' size when it is not the one at hand.
-  void Prepare(const Canvas& canvas);
   void MovePointer(std::optional<int> row);
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;
 
   ChartModel model_;
   NumberFormat format_;
-  std::unique_ptr<Drawing> drawing_;  ///< the scene last worked out
+  std::optional<ChartScene> chart_;  ///< the scene last painted; nothing when it is out of date
   std::optional<int> pointerRow_;
   std::vector<ReadoutLine> readout_;
   std::vector<ReadoutLine> cursorReadout_;

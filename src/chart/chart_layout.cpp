@@ -1,0 +1,119 @@
+// Sharing of the chart's area.
+#include "chart/chart_layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "chart/decimation.h"
+
+namespace chartproject {
+namespace {
+
+constexpr double kTickSpacing = 2.4;         ///< least distance of value ticks, in text heights
+constexpr double kWidestLabelsShare = 0.4;   ///< of the chart's width, for the value labels
+constexpr double kWidestLegendShare = 0.35;  ///< of the chart's width
+constexpr double kLeastPlot = 24;            ///< pixels, below which labels make room
+/// Direction of depth: 0.8 to the right and 0.6 upwards for a unit, a right-angled triangle with whole sides.
+constexpr double kDepthRight = 0.8;
+constexpr double kDepthUp = 0.6;
+
+double TextPoints(Size size) {
+  const double width = std::min(size.width, size.height * 1.7);
+  return width < 240 ? 7 : width < 420 ? 8 : 9;
+}
+
+ValueRange RangeOf(const ChartModel& model) {
+  ValueRange range;
+  for (const ChartSeries& series : model.series) {
+    Sample least;
+    Sample greatest;
+    if (!ColumnExtremes(series.values, 0, static_cast<int>(series.values.size()), least, greatest)) continue;
+    range.Include(least.value);
+    range.Include(greatest.value);
+  }
+  return range;
+}
+
+bool StandsOnZero(ChartKind kind) {
+  return Flat(kind) == ChartKind::k2dBar || Flat(kind) == ChartKind::k2dArea;
+}
+
+/// Depth for a plot of a size: bars share one row, the other types have one a series.
+double Depth(const ChartModel& model, double width, double height) {
+  if (!Is3d(model.kind)) return 0;
+  const double rows =
+      model.kind == ChartKind::k3dBar ? 1 : static_cast<double>(std::max<std::size_t>(1, model.series.size()));
+  return std::floor(std::min(width, height) * (0.10 + 0.07 * rows));
+}
+
+std::optional<Rect> PlaceLegend(const ChartModel& model, Size size, const ChartLayout& layout, const Canvas& canvas) {
+  if (!model.legendVisible || model.series.empty()) return std::nullopt;
+  double widest = 0;
+  for (const ChartSeries& series : model.series) {
+    widest = std::max(widest, canvas.MeasureText(series.label, layout.font).width);
+  }
+  const double width = std::ceil(kSwatchSize + 6 + widest);
+  const double height = static_cast<double>(model.series.size()) * (layout.textHeight + 4);
+  const double top = layout.titleBottom + 4;
+  if (width > size.width * kWidestLegendShare || top + height > size.height - layout.margin) return std::nullopt;
+  return Rect{size.width - layout.margin - width, top, width, height};
+}
+
+/// The value axis for a height, and its texts.
+void ChooseValues(const ChartModel& model, const NumberFormat& format, ChartLayout& layout) {
+  Plot& plot = layout.plot;
+  const int steps = std::clamp(static_cast<int>(plot.front.height / (layout.textHeight * kTickSpacing)), 1, 10);
+  plot.axis = ChooseValueAxis(RangeOf(model), StandsOnZero(model.kind), steps);
+  layout.valueTexts.clear();
+  if (plot.front.height / (plot.axis.TickCount() - 1) < layout.textHeight + 1) return;
+  for (int i = 0; i < plot.axis.TickCount(); ++i) layout.valueTexts.push_back(TickText(plot.axis, i, format));
+}
+
+double WidestText(const std::vector<std::string>& texts, const Font& font, const Canvas& canvas) {
+  double widest = 0;
+  for (const std::string& text : texts) widest = std::max(widest, canvas.MeasureText(text, font).width);
+  return std::ceil(widest);
+}
+
+}  // namespace
+
+ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas, const NumberFormat& format) {
+  ChartLayout layout;
+  layout.font = {.family = {}, .points = TextPoints(size)};
+  layout.titleFont = {.family = {}, .points = layout.font.points + 2, .bold = true};
+  layout.textHeight = std::ceil(canvas.MeasureText("0", layout.font).height);
+  layout.margin = std::clamp(std::round(std::min(size.width, size.height) * 0.025), 5.0, 12.0);
+
+  double top = layout.margin;
+  if (!model.title.empty()) top += std::ceil(canvas.MeasureText(model.title, layout.titleFont).height) + 2;
+  layout.titleBottom = top;
+  top += model.valueTitle.empty() ? std::ceil(layout.textHeight / 2) : layout.textHeight * 1.5 + 4;
+  layout.legend = PlaceLegend(model, size, layout, canvas);
+  const double right = layout.legend ? layout.legend->x - layout.margin : size.width - layout.margin;
+  const double labelBand = kTickLength + kTickGap + layout.textHeight;
+  layout.hasCategoryLabels = size.height - top - labelBand - layout.margin >= kLeastPlot;
+  double bottom = size.height - layout.margin - (layout.hasCategoryLabels ? labelBand : 0);
+  if (!model.categoryTitle.empty()) bottom -= layout.textHeight + 2;
+
+  Plot& plot = layout.plot;
+  plot.rows = model.rowCount;
+  const double depth = std::max(0.0, Depth(model, right - layout.margin, bottom - top));
+  plot.depthX = std::round(depth * kDepthRight);
+  plot.depthY = std::round(depth * kDepthUp);
+  plot.front.y = std::round(top + plot.depthY);
+  plot.front.height = std::max(1.0, std::floor(bottom - plot.front.y));
+  ChooseValues(model, format, layout);
+  double labels = WidestText(layout.valueTexts, layout.font, canvas);
+  if (labels > size.width * kWidestLabelsShare) layout.valueTexts.clear();
+  if (layout.valueTexts.empty()) labels = 0;
+  plot.front.x = std::round(layout.margin + (labels > 0 ? labels + kTickLength + kTickGap : 0));
+  plot.front.width = std::max(1.0, std::floor(right - plot.depthX - plot.front.x));
+
+  const auto textWidth = [&](std::string_view text) { return canvas.MeasureText(text, layout.font).width; };
+  const double rightRoom = size.width - 2 - plot.front.Right();
+  layout.categories = LayOutCategoryAxis(model, {plot.RowWidth(), plot.front.x - 2, rightRoom, textWidth});
+  if (!layout.hasCategoryLabels) layout.categories.labels.clear();
+  return layout;
+}
+
+}  // namespace chartproject

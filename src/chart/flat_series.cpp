@@ -1,0 +1,102 @@
+// Flat bars, lines, areas and steps.
+#include "chart/flat_series.h"
+
+#include <array>
+#include <cmath>
+
+#include "chart/decimation.h"
+#include "chart/series_path.h"
+#include "chart/series_style.h"
+
+namespace chartproject {
+namespace {
+
+constexpr double kLineWidth = 2.0;
+constexpr double kDenseLineWidth = 1.0;  ///< lines that fill their columns; a wider pen shows nothing more
+constexpr double kCasing = 1.6;          ///< by how much the dark edge of a faint line is wider than the line
+constexpr int kAreaAlpha = 96;
+constexpr double kLeastBarWidth = 1.0;  ///< thinner bars stand in front of each other
+constexpr double kLeastOutlinedBarWidth = 4.0;
+
+void DrawBar(const ChartSeries& series, double left, double width, double top, double bottom, Scene& scene) {
+  if (!series.showLine || width < kLeastOutlinedBarWidth) {
+    scene.FillRect({left, top, width, bottom - top}, series.color);
+    return;
+  }
+  const double right = left + width;
+  scene.Polygon(std::array<PointF, 4>{{{left, top}, {right, top}, {right, bottom}, {left, bottom}}}, series.color,
+                {.color = EdgeTone(series.color), .width = 1});
+}
+
+void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
+  const int count = static_cast<int>(model.series.size());
+  const BarPlace place = PlaceBars(plot, count);
+  if (place.width < kLeastBarWidth) {
+    for (const BarColumn& bar : DenseBars(model, plot)) {
+      for (const BarSpan& span : bar.spans) {
+        const Color color = model.series[static_cast<std::size_t>(span.column)].color;
+        scene.FillRect({bar.left, span.top, bar.right - bar.left, span.bottom - span.top}, color);
+      }
+    }
+  } else {
+    const double base = plot.BaseY();
+    for (int row = 0; row < plot.rows; ++row) {
+      for (int column = 0; column < count; ++column) {
+        const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
+        const double value = series.values[static_cast<std::size_t>(row)];
+        if (!std::isfinite(value)) continue;
+        const double y = plot.Y(value);
+        DrawBar(series, plot.Edge(row) + place.Left(column), place.width, std::min(y, base), std::max(y, base), scene);
+      }
+    }
+  }
+  for (int column = 0; column < count; ++column) {
+    const double middle = place.Left(column) + place.width / 2;
+    DrawMarkers(model, column, plot, {.shiftX = middle - plot.RowWidth() / 2}, scene);
+  }
+}
+
+/// A point between two gaps has no line: it is drawn as a dot of the line's width.
+void StrokePath(const Path& path, const Pen& pen, Scene& scene) {
+  if (path.size() > 1) {
+    scene.Polyline(path, pen);
+    return;
+  }
+  const double r = std::max(1.5, pen.width * 0.75);
+  scene.Ellipse({path[0].x - r, path[0].y - r, 2 * r, 2 * r}, pen.color, kNoPen);
+}
+
+void StrokeSeries(const std::vector<Path>& paths, Color color, Color ground, double width, Scene& scene) {
+  if (IsFaint(color, ground)) {
+    for (const Path& path : paths) StrokePath(path, {.color = EdgeTone(color), .width = width + kCasing}, scene);
+  }
+  for (const Path& path : paths) StrokePath(path, {.color = color, .width = width}, scene);
+}
+
+}  // namespace
+
+void DrawFlatSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
+  if (model.kind == ChartKind::k2dBar) {
+    DrawBars(model, plot, scene);
+    return;
+  }
+  const int columns = std::max(1, static_cast<int>(plot.front.width));
+  const double width = IsDense(plot.rows, columns) ? kDenseLineWidth : kLineWidth;
+  for (std::size_t s = 0; s < model.series.size(); ++s) {
+    const ChartSeries& series = model.series[s];
+    const std::vector<Path> paths = SeriesPaths(series, model.kind, plot, columns);
+    if (model.kind == ChartKind::k2dArea) {
+      for (const Path& path : paths) {
+        if (path.size() == 1) {
+          scene.Line(path[0], {path[0].x, plot.BaseY()}, {.color = series.color, .width = kLineWidth});
+        } else {
+          scene.Polygon(AreaBelow(path, plot.BaseY()), WithAlpha(series.color, kAreaAlpha), kNoPen);
+        }
+      }
+    }
+    if (series.showLine) StrokeSeries(paths, series.color, model.backdrop, width, scene);
+    DrawMarkers(model, static_cast<int>(s), plot, {}, scene);
+  }
+}
+
+}  // namespace chartproject

@@ -1,0 +1,196 @@
+// Boxes, ribbons and slabs.
+//
+// The eye stands in front, to the right and above: of two faces that meet in the picture the one further right is the
+// nearer one, and of two rows of depth the one in front. So painting from back to front, and in a row from left to
+// right, always covers what is hidden.
+#include "chart/solid_series.h"
+
+#include <array>
+#include <cmath>
+
+#include "chart/decimation.h"
+#include "chart/series_path.h"
+#include "chart/series_style.h"
+
+namespace chartproject {
+namespace {
+
+constexpr double kTopLight = 0.38;   ///< white in the top faces
+constexpr double kSideShade = 0.34;  ///< black in the right faces
+constexpr double kLeastBarWidth = 1.0;
+constexpr double kLeastOutlinedBarWidth = 4.0;
+constexpr double kColumnWidth = 2.0;  ///< pixels that a face takes at least
+/// Depth that the shapes leave free in their row, on each side.
+constexpr double kRowMargin = 0.12;
+
+struct DepthSpan {
+  double front = 0;
+  double back = 1;
+};
+
+struct Face {
+  Plot const& plot;
+  DepthSpan depth;
+
+  /// The strip between two points of the front plane, drawn out in depth.
+  [[nodiscard]] std::array<PointF, 4> Strip(PointF a, PointF b) const {
+    return {plot.At(a, depth.front), plot.At(b, depth.front), plot.At(b, depth.back), plot.At(a, depth.back)};
+  }
+};
+
+/// Faces that meet get an edge of their own colour: without it the ground shines through the joint.
+Pen JointPen(Color color) {
+  return {.color = color, .width = 0.8};
+}
+
+void DrawBox(const ChartSeries& series, const Rect& box, const Face& face, Scene& scene) {
+  const bool outlined = series.showLine && box.width >= kLeastOutlinedBarWidth;
+  const auto pen = [&](Color fill) {
+    return outlined ? Pen{.color = EdgeTone(series.color), .width = 0.8} : JointPen(fill);
+  };
+  const PointF topLeft{box.x, box.y};
+  const PointF topRight{box.Right(), box.y};
+  const PointF bottomRight{box.Right(), box.Bottom()};
+  const PointF bottomLeft{box.x, box.Bottom()};
+  const Color top = Lighter(series.color, kTopLight);
+  const Color side = Darker(series.color, kSideShade);
+  scene.Polygon(face.Strip(topLeft, topRight), top, pen(top));
+  if (box.height > 0) {
+    scene.Polygon(face.Strip(topRight, bottomRight), side, pen(side));
+    const auto at = [&](PointF point) { return face.plot.At(point, face.depth.front); };
+    scene.Polygon(std::array{at(topLeft), at(topRight), at(bottomRight), at(bottomLeft)}, series.color,
+                  pen(series.color));
+  }
+}
+
+/// In each column the tallest bar is the body; the shorter ones are painted on its front.
+void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face, Scene& scene) {
+  for (const BarColumn& bar : DenseBars(model, plot)) {
+    const double width = bar.right - bar.left;
+    for (const BarSpan& span : bar.spans) {
+      const ChartSeries& series = model.series[static_cast<std::size_t>(span.column)];
+      const Rect box{bar.left, span.top, width, span.bottom - span.top};
+      if (&span == &bar.spans.front()) {
+        DrawBox(series, box, face, scene);
+      } else {
+        const PointF corner = plot.At({box.x, box.y}, face.depth.front);
+        scene.FillRect({corner.x, corner.y, box.width, box.height}, series.color);
+      }
+    }
+  }
+}
+
+void DrawBoxes(const ChartModel& model, const Plot& plot, Scene& scene) {
+  const int count = static_cast<int>(model.series.size());
+  const BarPlace place = PlaceBars(plot, count);
+  const Face face{plot, {kRowMargin, 1 - kRowMargin}};
+  if (place.width < kLeastBarWidth) {
+    DrawDenseBoxes(model, plot, face, scene);
+  } else {
+    const double base = plot.BaseY();
+    for (int row = 0; row < plot.rows; ++row) {
+      for (int column = 0; column < count; ++column) {
+        const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
+        const double value = series.values[static_cast<std::size_t>(row)];
+        if (!std::isfinite(value)) continue;
+        const double y = plot.Y(value);
+        DrawBox(series, {plot.Edge(row) + place.Left(column), std::min(y, base), place.width, std::abs(y - base)}, face,
+                scene);
+      }
+    }
+  }
+  for (int column = 0; column < count; ++column) {
+    const double middle = place.Left(column) + place.width / 2;
+    DrawMarkers(model, column, plot, {middle - plot.RowWidth() / 2, kRowMargin}, scene);
+  }
+}
+
+/// Light comes from above and the left: a rising top is lighter than a falling one, and an underside lies in shade.
+Color StripTone(Color color, PointF a, PointF b, const Plot& plot) {
+  const double run = b.x - a.x;
+  const double rise = a.y - b.y;
+  const double length = std::hypot(run, rise);
+  if (length <= 0) return color;
+  const bool seenFromAbove = rise * plot.depthX < run * plot.depthY;
+  if (!seenFromAbove) return Darker(color, 0.25 + 0.2 * rise / length);
+  return rise >= 0 ? Lighter(color, 0.22 + 0.2 * rise / length) : Darker(Lighter(color, 0.22), -0.3 * rise / length);
+}
+
+void DrawStrip(const ChartSeries& series, PointF a, PointF b, const Face& face, Scene& scene) {
+  const Color tone = StripTone(series.color, a, b, face.plot);
+  scene.Polygon(face.Strip(a, b), tone, JointPen(tone));
+}
+
+Path Moved(const Path& path, const Face& face) {
+  Path moved;
+  moved.reserve(path.size());
+  for (const PointF& point : path) moved.push_back(face.plot.At(point, face.depth.front));
+  return moved;
+}
+
+void DrawRibbon(const ChartSeries& series, const Path& path, const Face& face, Scene& scene) {
+  for (std::size_t i = 1; i < path.size(); ++i) DrawStrip(series, path[i - 1], path[i], face, scene);
+  const Pen edge{.color = EdgeTone(series.color), .width = 1};
+  if (path.size() == 1) {
+    scene.Line(face.plot.At(path[0], face.depth.front), face.plot.At(path[0], face.depth.back),
+               {.color = series.color, .width = 2});
+  }
+  scene.Polyline(Moved(path, face), edge);
+}
+
+/// With the points at which the path crosses the base, so that each piece lies on one side of it.
+Path SplitAtBase(const Path& path, double baseY) {
+  Path split;
+  split.reserve(path.size() + 8);
+  for (const PointF& point : path) {
+    if (!split.empty()) {
+      const PointF before = split.back();
+      if ((before.y - baseY) * (point.y - baseY) < 0) {
+        const double share = (baseY - before.y) / (point.y - before.y);
+        split.push_back({before.x + share * (point.x - before.x), baseY});
+      }
+    }
+    split.push_back(point);
+  }
+  return split;
+}
+
+void DrawSlab(const ChartSeries& series, const Path& whole, const Face& face, Scene& scene) {
+  const double base = face.plot.BaseY();
+  const Path path = SplitAtBase(whole, base);
+  for (std::size_t i = 1; i < path.size(); ++i) {
+    const PointF a = path[i - 1];
+    const PointF b = path[i];
+    DrawStrip(series, a, b, face, scene);
+    if (a.y > base || b.y > base) DrawStrip(series, {a.x, base}, {b.x, base}, face, scene);
+  }
+  const PointF end = path.back();
+  const Color side = Darker(series.color, kSideShade);
+  scene.Polygon(face.Strip(end, {end.x, base}), side, JointPen(side));
+  const Path front = Moved(AreaBelow(path, base), face);
+  scene.Polygon(front, series.color, series.showLine ? Pen{.color = EdgeTone(series.color), .width = 1} : kNoPen);
+}
+
+}  // namespace
+
+void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
+  if (model.kind == ChartKind::k3dBar) {
+    DrawBoxes(model, plot, scene);
+    return;
+  }
+  const int count = static_cast<int>(model.series.size());
+  const int columns = std::max(1, static_cast<int>(plot.front.width / kColumnWidth));
+  for (int column = count - 1; column >= 0; --column) {
+    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
+    const Face face{plot, {(column + kRowMargin) / count, (column + 1 - kRowMargin) / count}};
+    const bool slabs = model.kind == ChartKind::k3dArea;
+    if (slabs || series.showLine) {
+      for (const Path& path : SeriesPaths(series, model.kind, plot, columns)) {
+        slabs ? DrawSlab(series, path, face, scene) : DrawRibbon(series, path, face, scene);
+      }
+    }
+    DrawMarkers(model, column, plot, {.shiftX = 0, .depth = face.depth.front}, scene);
+  }
+}
+
+}  // namespace chartproject
