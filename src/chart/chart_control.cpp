@@ -11,8 +11,14 @@ namespace {
 constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
 constexpr int kMostPenStyles = 6;
 
-void CheckProperty(bool valid, const char* source) {
-  if (!valid) throw RunTimeError(380, source);
+void CheckProperty(bool valid, const char* property) {
+  if (valid) return;
+  throw RunTimeError(error_number::kInvalidPropertyValue, std::string("Invalid value for the chart's ") + property);
+}
+
+[[noreturn]] void ThrowSubscript(const char* what, int index) {
+  throw RunTimeError(error_number::kSubscriptOutOfRange,
+                     std::string("The chart has no ") + what + " " + std::to_string(index));
 }
 
 }  // namespace
@@ -32,7 +38,7 @@ void ChartControl::ResetToDefaults() {
 }
 
 void ChartControl::SetChartType(int type) {
-  CheckProperty(type >= 0 && type <= 7, "ChartControl.SetChartType");
+  CheckProperty(type >= 0 && type <= 7, "type");
   model_.kind = static_cast<ChartKind>(type);
   ModelChanged();
 }
@@ -61,7 +67,7 @@ PenNumber ChartControl::GridPen(ChartAxis axis) const noexcept {
 }
 
 void ChartControl::SetGridPen(ChartAxis axis, PenNumber style) {
-  CheckProperty(style >= 0 && style <= kMostPenStyles, "ChartControl.SetGridPen");
+  CheckProperty(style >= 0 && style <= kMostPenStyles, "grid pen");
   PenNumber& pen = axis == ChartAxis::kX   ? model_.categoryGrid
                    : axis == ChartAxis::kY ? model_.valueGrid
                                            : model_.secondValueGrid;
@@ -70,7 +76,7 @@ void ChartControl::SetGridPen(ChartAxis axis, PenNumber style) {
 }
 
 void ChartControl::SetWallPen(PenNumber style) {
-  CheckProperty(style >= 0 && style <= kMostPenStyles, "ChartControl.SetWallPen");
+  CheckProperty(style >= 0 && style <= kMostPenStyles, "wall pen");
   model_.wallPen = style;
   ModelChanged();
 }
@@ -83,7 +89,7 @@ void ChartControl::SetBackdrop(Color brush, FrameStyle frame) {
 }
 
 void ChartControl::SetCategoryScale(const CategoryScale& scale) {
-  CheckProperty(scale.divisionsPerLabel > 0 && scale.divisionsPerTick > 0, "ChartControl.SetCategoryScale");
+  CheckProperty(scale.divisionsPerLabel > 0 && scale.divisionsPerTick > 0, "category scale");
   model_.categoryScale = scale;
   ModelChanged();
 }
@@ -94,7 +100,7 @@ void ChartControl::SetNumberFormat(const NumberFormat& format) {
 }
 
 void ChartControl::SetColumnCount(int count) {
-  CheckProperty(count >= 0, "ChartControl.SetColumnCount");
+  CheckProperty(count >= 0, "column count");
   const std::size_t before = model_.series.size();
   model_.series.resize(static_cast<std::size_t>(count));
   for (std::size_t column = before; column < model_.series.size(); ++column) {
@@ -105,7 +111,7 @@ void ChartControl::SetColumnCount(int count) {
 }
 
 void ChartControl::SetRowCount(int count) {
-  CheckProperty(count >= 0, "ChartControl.SetRowCount");
+  CheckProperty(count >= 0, "row count");
   model_.rowCount = count;
   for (ChartSeries& series : model_.series) series.values.resize(static_cast<std::size_t>(count), kGap);
   if (pointerRow_ && *pointerRow_ >= count) MovePointer(std::nullopt);
@@ -135,7 +141,7 @@ double ChartControl::DataPoint(int column, int row) const {
 
 void ChartControl::SetColumn(int column, std::vector<double> values) {
   ChartSeries& series = SeriesAt(column);
-  CheckProperty(values.size() == static_cast<std::size_t>(model_.rowCount), "ChartControl.SetColumn");
+  CheckProperty(values.size() == static_cast<std::size_t>(model_.rowCount), "column values");
   series.values = std::move(values);
   ModelChanged();
 }
@@ -150,27 +156,31 @@ void ChartControl::SetShowLine(int column, bool show) {
   ModelChanged();
 }
 
-bool ChartControl::ShowLine(int column) const { return SeriesAt(column).showLine; }
+bool ChartControl::ShowLine(int column) const {
+  return SeriesAt(column).showLine;
+}
 
 void ChartControl::SetShowMarker(int column, bool show) {
   SeriesAt(column).showMarker = show;
   ModelChanged();
 }
 
-bool ChartControl::ShowMarker(int column) const { return SeriesAt(column).showMarker; }
+bool ChartControl::ShowMarker(int column) const {
+  return SeriesAt(column).showMarker;
+}
 
 ChartSeries& ChartControl::SeriesAt(int column) {
-  if (column < 0 || column >= ColumnCount()) throw RunTimeError(9, "ChartControl.Column");
+  if (column < 0 || column >= ColumnCount()) ThrowSubscript("column", column);
   return model_.series[static_cast<std::size_t>(column)];
 }
 
 const ChartSeries& ChartControl::SeriesAt(int column) const {
-  if (column < 0 || column >= ColumnCount()) throw RunTimeError(9, "ChartControl.Column");
+  if (column < 0 || column >= ColumnCount()) ThrowSubscript("column", column);
   return model_.series[static_cast<std::size_t>(column)];
 }
 
 void ChartControl::CheckRow(int row) const {
-  if (row < 0 || row >= model_.rowCount) throw RunTimeError(9, "ChartControl.Row");
+  if (row < 0 || row >= model_.rowCount) ThrowSubscript("row", row);
 }
 
 Bitmap ChartControl::CopyPicture(PictureRenderer& renderer, double scale) {
@@ -184,10 +194,8 @@ void ChartControl::Paint(Canvas& canvas) {
   const Size size = canvas.Extent();
   if (!chart_ || !(chart_->size == size)) chart_ = BuildChartScene(model_, size, canvas, format_);
   chart_->scene.Paint(canvas);
-  const ChartOverlay overlay{pointerRow_,
-                             {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)},
-                             readout_,
-                             cursorReadout_};
+  const ChartOverlay overlay{
+      pointerRow_, {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)}, readout_, cursorReadout_};
   BuildOverlay(overlay, model_, *chart_, canvas).Paint(canvas);
 }
 
@@ -227,18 +235,26 @@ void ChartControl::MovePointer(std::optional<int> row) {
   Invalidate();
 }
 
-std::optional<int> ChartControl::RowAt(PointF at) const { return chart_ ? chart_->RowAt(at) : std::nullopt; }
+std::optional<int> ChartControl::RowAt(PointF at) const {
+  return chart_ ? chart_->RowAt(at) : std::nullopt;
+}
 
-void ChartControl::MouseMoved(const MouseInput& input) { MovePointer(RowAt(input.at)); }
+void ChartControl::MouseMoved(const MouseInput& input) {
+  MovePointer(RowAt(input.at));
+}
 
-void ChartControl::MouseLeft() { MovePointer(std::nullopt); }
+void ChartControl::MouseLeft() {
+  MovePointer(std::nullopt);
+}
 
 void ChartControl::MousePressed(const MouseInput& input) {
   const auto row = RowAt(input.at);
   if (row) SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, RowLabel(*row));
 }
 
-bool ChartControl::WheelTurned(int notches) { return wheel && wheel(notches); }
+bool ChartControl::WheelTurned(int notches) {
+  return wheel && wheel(notches);
+}
 
 bool ChartControl::KeyPressed(Key pressed, bool shift) {
   if (pressed == Key::kEscape && (cursors_[0] || cursors_[1])) {

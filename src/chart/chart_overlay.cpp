@@ -18,7 +18,9 @@ constexpr double kPadding = 6;
 constexpr double kSwatch = 8;
 constexpr double kPointerGap = 12;  ///< between the pointer's line and its box
 
-double LineX(const Plot& plot, int row) { return std::floor(plot.X(row)) + 0.5; }
+double LineX(const Plot& plot, int row) {
+  return std::floor(plot.X(row)) + 0.5;
+}
 
 Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canvas& canvas) {
   Size size;
@@ -37,8 +39,7 @@ void DrawBox(const std::vector<ReadoutLine>& lines, PointF corner, const ChartMo
   const double x = std::round(corner.x) + 0.5;
   double y = std::round(corner.y) + 0.5;
   scene.Polygon(
-      std::array<PointF, 4>{
-          {{x, y}, {x + size.width, y}, {x + size.width, y + size.height}, {x, y + size.height}}},
+      std::array<PointF, 4>{{{x, y}, {x + size.width, y}, {x + size.width, y + size.height}, {x, y + size.height}}},
       kBoxFill, {.color = kBoxEdge});
   y += kPadding;
   for (const ReadoutLine& line : lines) {
