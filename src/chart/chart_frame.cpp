@@ -65,7 +65,7 @@ void DrawWalls(const ChartModel& model, const Plot& plot, Scene& scene) {
   scene.Polygon(back, Lighter(model.backdrop, 0.5), edge);
   scene.Polygon(std::array{PointF{left, top}, back[0], back[3], PointF{left, bottom}}, Darker(model.backdrop, 0.035),
                 edge);
-  scene.Polygon(std::array{PointF{left, bottom}, back[3], back[2], PointF{right, bottom}}, Darker(model.backdrop, 0.09),
+  scene.Polygon(std::array{PointF{left, bottom}, back[3], back[2], PointF{right, bottom}}, Darker(model.backdrop, 0.06),
                 edge);
 }
 
@@ -82,7 +82,7 @@ void DrawLevel(const Plot& plot, double y, const Pen& pen, Scene& scene) {
 
 void DrawGrid(const ChartModel& model, const ChartLayout& layout, Scene& scene) {
   const Plot& plot = layout.plot;
-  const Color color = Darker(model.backdrop, 0.13);
+  const Color color = Darker(model.backdrop, 0.14);
   const Pen valuePen{.color = color, .style = StyleOf(model.valueGrid != 0 ? model.valueGrid : model.secondValueGrid)};
   for (int i = 0; i < plot.axis.TickCount(); ++i) DrawLevel(plot, Crisp(plot.Y(plot.axis.Tick(i))), valuePen, scene);
 

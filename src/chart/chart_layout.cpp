@@ -9,13 +9,13 @@
 namespace chartproject {
 namespace {
 
-constexpr double kTickSpacing = 2.4;         ///< least distance of value ticks, in text heights
+constexpr double kTickSpacing = 2.0;         ///< least distance of value ticks, in text heights
 constexpr double kWidestLabelsShare = 0.4;   ///< of the chart's width, for the value labels
 constexpr double kWidestLegendShare = 0.35;  ///< of the chart's width
 constexpr double kLeastPlot = 24;            ///< pixels, below which labels make room
-/// Direction of depth: 0.8 to the right and 0.6 upwards for a unit, a right-angled triangle with whole sides.
-constexpr double kDepthRight = 0.8;
-constexpr double kDepthUp = 0.6;
+/// Direction of depth, for a unit of it: flat enough that rising ribbons seldom run along it.
+constexpr double kDepthRight = 0.86;
+constexpr double kDepthUp = 0.5;
 
 double TextPoints(Size size) {
   const double width = std::min(size.width, size.height * 1.7);
@@ -38,12 +38,14 @@ bool StandsOnZero(ChartKind kind) {
   return Flat(kind) == ChartKind::k2dBar || Flat(kind) == ChartKind::k2dArea;
 }
 
-/// Depth for a plot of a size: bars share one row, the other types have one a series.
+/// Depth for a plot of a size: bars are about as deep as wide, in one row; the other types have one row a series.
 double Depth(const ChartModel& model, double width, double height) {
   if (!Is3d(model.kind)) return 0;
-  const double rows =
-      model.kind == ChartKind::k3dBar ? 1 : static_cast<double>(std::max<std::size_t>(1, model.series.size()));
-  return std::floor(std::min(width, height) * (0.10 + 0.07 * rows));
+  const double shorter = std::min(width, height);
+  const auto count = static_cast<double>(std::max<std::size_t>(1, model.series.size()));
+  if (model.kind != ChartKind::k3dBar) return std::floor(shorter * (0.10 + 0.05 * count));
+  const double barWidth = width / (std::max(1, model.rowCount) * count);
+  return std::floor(std::clamp(barWidth * 2, shorter * 0.05, shorter * 0.2));
 }
 
 std::optional<Rect> PlaceLegend(const ChartModel& model, Size size, const ChartLayout& layout, const Canvas& canvas) {

@@ -16,6 +16,7 @@ constexpr Color kPointerColor = {120, 120, 112};
 constexpr std::array<Color, 2> kCursorColors = {Color{20, 92, 160}, Color{168, 84, 16}};
 constexpr double kPadding = 6;
 constexpr double kSwatch = 8;
+constexpr double kEdge = 3;         ///< least distance of a box from the chart's edge
 constexpr double kPointerGap = 12;  ///< between the pointer's line and its box
 
 double LineX(const Plot& plot, int row) {
@@ -33,14 +34,26 @@ Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canv
   return {size.width + 2 * kPadding, size.height + 2 * kPadding};
 }
 
-void DrawBox(const std::vector<ReadoutLine>& lines, PointF corner, const ChartModel& model, const Font& font,
+/// Moved into the chart; nothing when it is larger than the chart.
+std::optional<Rect> Inside(Rect box, Size chart) {
+  if (box.width > chart.width - 2 * kEdge || box.height > chart.height - 2 * kEdge) return std::nullopt;
+  box.x = std::clamp(box.x, kEdge, chart.width - kEdge - box.width);
+  box.y = std::clamp(box.y, kEdge, chart.height - kEdge - box.height);
+  return box;
+}
+
+bool Overlap(const Rect& a, const Rect& b) {
+  return a.x < b.Right() && b.x < a.Right() && a.y < b.Bottom() && b.y < a.Bottom();
+}
+
+void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const ChartModel& model, const Font& font,
              const Canvas& canvas, Scene& scene) {
-  const Size size = BoxSize(lines, font, canvas);
-  const double x = std::round(corner.x) + 0.5;
-  double y = std::round(corner.y) + 0.5;
-  scene.Polygon(
-      std::array<PointF, 4>{{{x, y}, {x + size.width, y}, {x + size.width, y + size.height}, {x, y + size.height}}},
-      kBoxFill, {.color = kBoxEdge});
+  const double x = std::round(box.x) + 0.5;
+  double y = std::round(box.y) + 0.5;
+  const double right = x + box.width;
+  const double bottom = y + box.height;
+  scene.Polygon(std::array<PointF, 4>{{{x, y}, {right, y}, {right, bottom}, {x, bottom}}}, kBoxFill,
+                {.color = kBoxEdge});
   y += kPadding;
   for (const ReadoutLine& line : lines) {
     const double height = std::ceil(canvas.MeasureText(line.text, font).height);
@@ -84,25 +97,27 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
   Scene scene;
   const Plot& plot = chart.plot;
   const Rect& front = plot.front;
-  const auto fits = [&](Size box) { return box.width < chart.size.width - 4 && box.height < chart.size.height - 4; };
   for (std::size_t which = 0; which < overlay.cursorRows.size(); ++which) {
     if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
   }
   if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, plot, scene);
 
   const bool pointerLeft = overlay.pointerRow && plot.X(*overlay.pointerRow) < front.x + front.width / 2;
-  if (!overlay.cursorReadout.empty()) {
-    const Size box = BoxSize(overlay.cursorReadout, chart.font, canvas);
-    const double x = pointerLeft ? front.Right() - box.width - kPadding : front.x + kPadding;
-    const double y = std::max(2.0, front.Bottom() - box.height - kPadding);
-    if (fits(box)) DrawBox(overlay.cursorReadout, {std::max(2.0, x), y}, model, chart.font, canvas, scene);
-  }
-  if (overlay.pointerRow && !overlay.readout.empty()) {
-    const Size box = BoxSize(overlay.readout, chart.font, canvas);
+  const auto pointerBox = [&]() -> std::optional<Rect> {
+    if (!overlay.pointerRow || overlay.readout.empty()) return std::nullopt;
+    const Size size = BoxSize(overlay.readout, chart.font, canvas);
     const double x = plot.X(*overlay.pointerRow);
-    const double beside = pointerLeft ? x + kPointerGap : x - kPointerGap - box.width;
-    const double left = std::clamp(beside, 2.0, std::max(2.0, chart.size.width - box.width - 3));
-    if (fits(box)) DrawBox(overlay.readout, {left, front.y + kPadding}, model, chart.font, canvas, scene);
+    const double beside = pointerLeft ? x + kPointerGap : x - kPointerGap - size.width;
+    return Inside({beside, front.y + kPadding, size.width, size.height}, chart.size);
+  }();
+  if (pointerBox) DrawBox(overlay.readout, *pointerBox, model, chart.font, canvas, scene);
+  if (overlay.cursorReadout.empty()) return scene;
+
+  const Size size = BoxSize(overlay.cursorReadout, chart.font, canvas);
+  const double x = pointerLeft ? front.Right() - size.width - kPadding : front.x + kPadding;
+  const auto box = Inside({x, front.Bottom() - size.height - kPadding, size.width, size.height}, chart.size);
+  if (box && !(pointerBox && Overlap(*box, *pointerBox))) {
+    DrawBox(overlay.cursorReadout, *box, model, chart.font, canvas, scene);
   }
   return scene;
 }

@@ -24,7 +24,7 @@ struct ChartOverlay {
 };
 
 /// The overlay's shapes, for a chart that is already painted. Boxes stay inside the chart; one that is larger than the
-/// chart is left out.
+/// chart is left out, and the cursors' box gives way to the pointer's.
 [[nodiscard]] Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const ChartScene& chart,
                                  const Canvas& canvas);
 

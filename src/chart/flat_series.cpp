@@ -11,11 +11,11 @@
 namespace chartproject {
 namespace {
 
-constexpr double kLineWidth = 2.0;
+constexpr double kLineWidth = 2.0;       ///< in a chart of some size; smaller ones have thinner lines
 constexpr double kDenseLineWidth = 1.0;  ///< lines that fill their columns; a wider pen shows nothing more
 constexpr double kCasing = 1.6;          ///< by how much the dark edge of a faint line is wider than the line
-constexpr int kAreaAlpha = 96;
-constexpr double kLeastBarWidth = 1.0;  ///< thinner bars stand in front of each other
+constexpr int kAreaAlpha = 72;
+
 constexpr double kLeastOutlinedBarWidth = 4.0;
 
 void DrawBar(const ChartSeries& series, double left, double width, double top, double bottom, Scene& scene) {
@@ -31,7 +31,7 @@ void DrawBar(const ChartSeries& series, double left, double width, double top, d
 void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
   const int count = static_cast<int>(model.series.size());
   const BarPlace place = PlaceBars(plot, count);
-  if (place.width < kLeastBarWidth) {
+  if (place.width < 1) {
     for (const BarColumn& bar : DenseBars(model, plot)) {
       for (const BarSpan& span : bar.spans) {
         const Color color = model.series[static_cast<std::size_t>(span.column)].color;
@@ -46,13 +46,12 @@ void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
         const double value = series.values[static_cast<std::size_t>(row)];
         if (!std::isfinite(value)) continue;
         const double y = plot.Y(value);
-        DrawBar(series, plot.Edge(row) + place.Left(column), place.width, std::min(y, base), std::max(y, base), scene);
+        DrawBar(series, place.Left(plot, row, column), place.width, std::min(y, base), std::max(y, base), scene);
       }
     }
   }
   for (int column = 0; column < count; ++column) {
-    const double middle = place.Left(column) + place.width / 2;
-    DrawMarkers(model, column, plot, {.shiftX = middle - plot.RowWidth() / 2}, scene);
+    DrawMarkers(model, column, plot, {.shiftX = (column + 0.5) * place.width - place.group / 2}, scene);
   }
 }
 
@@ -73,6 +72,16 @@ void StrokeSeries(const std::vector<Path>& paths, Color color, Color ground, dou
   for (const Path& path : paths) StrokePath(path, {.color = color, .width = width}, scene);
 }
 
+void FillArea(const std::vector<Path>& paths, Color color, double baseY, Scene& scene) {
+  for (const Path& path : paths) {
+    if (path.size() == 1) {
+      scene.Line(path[0], {path[0].x, baseY}, {.color = WithAlpha(color, 2 * kAreaAlpha), .width = kLineWidth});
+    } else {
+      scene.Polygon(AreaBelow(path, baseY), WithAlpha(color, kAreaAlpha), kNoPen);
+    }
+  }
+}
+
 }  // namespace
 
 void DrawFlatSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
@@ -81,20 +90,16 @@ void DrawFlatSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
     return;
   }
   const int columns = std::max(1, static_cast<int>(plot.front.width));
-  const double width = IsDense(plot.rows, columns) ? kDenseLineWidth : kLineWidth;
-  for (std::size_t s = 0; s < model.series.size(); ++s) {
+  const double lineWidth = std::clamp(std::min(plot.front.width, plot.front.height) / 120, 1.0, kLineWidth);
+  const double width = IsDense(plot.rows, columns) ? kDenseLineWidth : lineWidth;
+  std::vector<std::vector<Path>> paths;
+  for (const ChartSeries& series : model.series) paths.push_back(SeriesPaths(series, model.kind, plot, columns));
+  for (std::size_t s = 0; model.kind == ChartKind::k2dArea && s < paths.size(); ++s) {
+    FillArea(paths[s], model.series[s].color, plot.BaseY(), scene);
+  }
+  for (std::size_t s = 0; s < paths.size(); ++s) {
     const ChartSeries& series = model.series[s];
-    const std::vector<Path> paths = SeriesPaths(series, model.kind, plot, columns);
-    if (model.kind == ChartKind::k2dArea) {
-      for (const Path& path : paths) {
-        if (path.size() == 1) {
-          scene.Line(path[0], {path[0].x, plot.BaseY()}, {.color = series.color, .width = kLineWidth});
-        } else {
-          scene.Polygon(AreaBelow(path, plot.BaseY()), WithAlpha(series.color, kAreaAlpha), kNoPen);
-        }
-      }
-    }
-    if (series.showLine) StrokeSeries(paths, series.color, model.backdrop, width, scene);
+    if (series.showLine) StrokeSeries(paths[s], series.color, model.backdrop, width, scene);
     DrawMarkers(model, static_cast<int>(s), plot, {}, scene);
   }
 }

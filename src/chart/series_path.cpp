@@ -40,8 +40,9 @@ Path AreaBelow(const Path& path, double baseY) {
 }
 
 BarPlace PlaceBars(const Plot& plot, int seriesCount) {
-  const double slot = plot.RowWidth();
-  return {slot * (1 - kGroupGapShare) / std::max(1, seriesCount), slot * kGroupGapShare / 2};
+  const int count = std::max(1, seriesCount);
+  const double width = std::floor(plot.RowWidth() * (1 - kGroupGapShare) / count);
+  return {width, width * count};
 }
 
 std::vector<BarColumn> DenseBars(const ChartModel& model, const Plot& plot) {
@@ -52,8 +53,9 @@ std::vector<BarColumn> DenseBars(const ChartModel& model, const Plot& plot) {
   for (int step = 0; step < columns; ++step) {
     const int first = FirstRowOfColumn(step, plot.rows, columns);
     const int last = FirstRowOfColumn(step + 1, plot.rows, columns);
-    BarColumn bar{
-        plot.front.x + step * plot.front.width / columns, plot.front.x + (step + 1) * plot.front.width / columns, {}};
+    BarColumn bar{std::round(plot.front.x + step * plot.front.width / columns),
+                  std::round(plot.front.x + (step + 1) * plot.front.width / columns),
+                  {}};
     for (std::size_t s = 0; s < model.series.size(); ++s) {
       Sample least;
       Sample greatest;

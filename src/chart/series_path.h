@@ -1,6 +1,7 @@
 // The way of a series through the front plane: what lines, steps and areas are drawn along.
 #pragma once
 
+#include <cmath>
 #include <vector>
 
 #include "chart/chart_model.h"
@@ -17,12 +18,15 @@ using Path = std::vector<PointF>;
 /// A path closed down to the base height.
 [[nodiscard]] Path AreaBelow(const Path& path, double baseY);
 
-/// Side by side in a slot, with a gap between the groups.
+/// Bars stand side by side in the middle of their slot, with a gap between the groups. All have the same whole width
+/// and whole edges, so that they look alike.
 struct BarPlace {
-  double width = 0;  ///< of one bar, pixels
-  double start = 0;  ///< left edge of the first series' bar, from the slot's left edge
+  double width = 0;  ///< of one bar, pixels; 0 when they are too thin to stand side by side
+  double group = 0;  ///< of all the series' bars
 
-  [[nodiscard]] double Left(int column) const noexcept { return start + column * width; }
+  [[nodiscard]] double Left(const Plot& plot, int row, int column) const noexcept {
+    return std::round(plot.X(row) - group / 2) + column * width;
+  }
 };
 [[nodiscard]] BarPlace PlaceBars(const Plot& plot, int seriesCount);
 

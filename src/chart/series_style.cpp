@@ -101,10 +101,10 @@ void DrawMarkers(const ChartModel& model, int column, const Plot& plot, const Ma
   const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
   if (!series.showMarker || plot.rows == 0) return;
   const double size = std::min(plot.front.width, plot.front.height) < 150 ? 5 : 7;
-  const double distance = size + 2;
+  const double distance = 2.2 * size;  // leaves the line between two markers to be seen
   const bool pointsShow =
       series.showLine || Flat(model.kind) == ChartKind::k2dBar || Flat(model.kind) == ChartKind::k2dArea;
-  if (!pointsShow && plot.RowWidth() < distance / 2) {
+  if (!pointsShow && plot.RowWidth() < size) {
     DrawDenseMarkers(series, column, plot, place, scene);
     return;
   }

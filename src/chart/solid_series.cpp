@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kTopLight = 0.38;   ///< white in the top faces
 constexpr double kSideShade = 0.34;  ///< black in the right faces
-constexpr double kLeastBarWidth = 1.0;
+
 constexpr double kLeastOutlinedBarWidth = 4.0;
 constexpr double kColumnWidth = 2.0;  ///< pixels that a face takes at least
 /// Depth that the shapes leave free in their row, on each side.
@@ -63,19 +63,20 @@ void DrawBox(const ChartSeries& series, const Rect& box, const Face& face, Scene
   }
 }
 
-/// In each column the tallest bar is the body; the shorter ones are painted on its front.
+/// In each column the tallest bar is the body, and the fronts of all lie before every body: painted last, they meet
+/// without a joint.
 void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face, Scene& scene) {
-  for (const BarColumn& bar : DenseBars(model, plot)) {
-    const double width = bar.right - bar.left;
+  const std::vector<BarColumn> bars = DenseBars(model, plot);
+  for (const BarColumn& bar : bars) {
+    const BarSpan& tallest = bar.spans.front();
+    const Rect box{bar.left, tallest.top, bar.right - bar.left, tallest.bottom - tallest.top};
+    DrawBox(model.series[static_cast<std::size_t>(tallest.column)], box, face, scene);
+  }
+  for (const BarColumn& bar : bars) {
     for (const BarSpan& span : bar.spans) {
-      const ChartSeries& series = model.series[static_cast<std::size_t>(span.column)];
-      const Rect box{bar.left, span.top, width, span.bottom - span.top};
-      if (&span == &bar.spans.front()) {
-        DrawBox(series, box, face, scene);
-      } else {
-        const PointF corner = plot.At({box.x, box.y}, face.depth.front);
-        scene.FillRect({corner.x, corner.y, box.width, box.height}, series.color);
-      }
+      const PointF corner = plot.At({bar.left, span.top}, face.depth.front);
+      scene.FillRect({corner.x, corner.y, bar.right - bar.left, span.bottom - span.top},
+                     model.series[static_cast<std::size_t>(span.column)].color);
     }
   }
 }
@@ -83,8 +84,10 @@ void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face,
 void DrawBoxes(const ChartModel& model, const Plot& plot, Scene& scene) {
   const int count = static_cast<int>(model.series.size());
   const BarPlace place = PlaceBars(plot, count);
-  const Face face{plot, {kRowMargin, 1 - kRowMargin}};
-  if (place.width < kLeastBarWidth) {
+  // A whole shift keeps the fronts' upright edges crisp.
+  const double margin = plot.depthX > 0 ? std::round(kRowMargin * plot.depthX) / plot.depthX : 0;
+  const Face face{plot, {margin, 1 - margin}};
+  if (place.width < 1) {
     DrawDenseBoxes(model, plot, face, scene);
   } else {
     const double base = plot.BaseY();
@@ -94,14 +97,13 @@ void DrawBoxes(const ChartModel& model, const Plot& plot, Scene& scene) {
         const double value = series.values[static_cast<std::size_t>(row)];
         if (!std::isfinite(value)) continue;
         const double y = plot.Y(value);
-        DrawBox(series, {plot.Edge(row) + place.Left(column), std::min(y, base), place.width, std::abs(y - base)}, face,
+        DrawBox(series, {place.Left(plot, row, column), std::min(y, base), place.width, std::abs(y - base)}, face,
                 scene);
       }
     }
   }
   for (int column = 0; column < count; ++column) {
-    const double middle = place.Left(column) + place.width / 2;
-    DrawMarkers(model, column, plot, {middle - plot.RowWidth() / 2, kRowMargin}, scene);
+    DrawMarkers(model, column, plot, {(column + 0.5) * place.width - place.group / 2, face.depth.front}, scene);
   }
 }
 
