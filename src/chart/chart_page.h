@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,8 @@ struct ChartPage {
   bool line = false;
   std::string chartType;  ///< in the user's words
   Bitmap picture;
+  /// Shows "Printing ..." while the page is made (empty text: done) together with the busy pointer. May be empty.
+  std::function<void(const std::string& text)> showStatus{};
 };
 
 /// Prints the page on the system's printer. Long names are wrapped or shortened in the middle; the picture has its own
