@@ -61,7 +61,7 @@ class PageDrawing {
     try {
       printer_.PaintPictureFile(icon, kLabelColumn, kTitleTop);
     } catch (const RunTimeError& error) {
-      AppendToErrorLog(component_, "PrintChartPage", error);
+      NoteRunTimeError(component_, "PrintChartPage", error);
     }
   }
 
