@@ -156,7 +156,7 @@ void DrawChartAxes(const ChartModel& model, const ChartLayout& layout, Size size
     const PointF at{plot.Edge(label.position), plot.front.Bottom() + kTickLength + kTickGap};
     scene.Text({label.text, at, layout.font, kTextColor, Align::kCenter});
   }
-  DrawTitles(model, layout, size, canvas, scene);
+  if (layout.hasTitles) DrawTitles(model, layout, size, canvas, scene);
   DrawLegend(model, layout, scene);
 }
 

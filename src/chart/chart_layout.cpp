@@ -9,10 +9,11 @@
 namespace chartproject {
 namespace {
 
-constexpr double kTickSpacing = 2.0;         ///< least distance of value ticks, in text heights
-constexpr double kWidestLabelsShare = 0.4;   ///< of the chart's width, for the value labels
-constexpr double kWidestLegendShare = 0.35;  ///< of the chart's width
-constexpr double kLeastPlot = 24;            ///< pixels, below which labels make room
+constexpr double kTickSpacing = 2.0;          ///< least distance of value ticks, in text heights
+constexpr double kWidestLabelsShare = 0.38;   ///< of the width before legend and depth, for the value labels
+constexpr double kWidestLegendShare = 0.3;    ///< of the chart's width
+constexpr double kHighestTitlesShare = 0.25;  ///< of the chart's height, for all the titles
+constexpr double kLeastPlot = 24;             ///< pixels, below which labels make room
 /// Direction of depth, for a unit of it: flat enough that rising ribbons seldom run along it.
 constexpr double kDepthRight = 0.86;
 constexpr double kDepthUp = 0.5;
@@ -86,16 +87,19 @@ ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas
   layout.textHeight = std::ceil(canvas.MeasureText("0", layout.font).height);
   layout.margin = std::clamp(std::round(std::min(size.width, size.height) * 0.025), 5.0, 12.0);
 
-  double top = layout.margin;
-  if (!model.title.empty()) top += std::ceil(canvas.MeasureText(model.title, layout.titleFont).height) + 2;
-  layout.titleBottom = top;
-  top += model.valueTitle.empty() ? std::ceil(layout.textHeight / 2) : layout.textHeight * 1.5 + 4;
+  double title = model.title.empty() ? 0 : std::ceil(canvas.MeasureText(model.title, layout.titleFont).height) + 2;
+  double valueTitle = model.valueTitle.empty() ? 0 : layout.textHeight + 4;
+  double categoryTitle = model.categoryTitle.empty() ? 0 : layout.textHeight + 2;
+  layout.hasTitles = title + valueTitle + categoryTitle <= size.height * kHighestTitlesShare;
+  if (!layout.hasTitles) title = valueTitle = categoryTitle = 0;
+  layout.titleBottom = layout.margin + title;
+  // The topmost value label stands half above the plot.
+  const double top = layout.titleBottom + valueTitle + std::ceil(layout.textHeight / 2);
   layout.legend = PlaceLegend(model, size, layout, canvas);
   const double right = layout.legend ? layout.legend->x - layout.margin : size.width - layout.margin;
   const double labelBand = kTickLength + kTickGap + layout.textHeight;
   layout.hasCategoryLabels = size.height - top - labelBand - layout.margin >= kLeastPlot;
-  double bottom = size.height - layout.margin - (layout.hasCategoryLabels ? labelBand : 0);
-  if (!model.categoryTitle.empty()) bottom -= layout.textHeight + 2;
+  const double bottom = size.height - layout.margin - categoryTitle - (layout.hasCategoryLabels ? labelBand : 0);
 
   Plot& plot = layout.plot;
   plot.rows = model.rowCount;
@@ -106,7 +110,7 @@ ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas
   plot.front.height = std::max(1.0, std::floor(bottom - plot.front.y));
   ChooseValues(model, format, layout);
   double labels = WidestText(layout.valueTexts, layout.font, canvas);
-  if (labels > size.width * kWidestLabelsShare) layout.valueTexts.clear();
+  if (labels > (right - plot.depthX) * kWidestLabelsShare) layout.valueTexts.clear();
   if (layout.valueTexts.empty()) labels = 0;
   plot.front.x = std::round(layout.margin + (labels > 0 ? labels + kTickLength + kTickGap : 0));
   plot.front.width = std::max(1.0, std::floor(right - plot.depthX - plot.front.x));

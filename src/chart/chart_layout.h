@@ -20,7 +20,8 @@ struct ChartLayout {
   double textHeight = 0;
   double margin = 0;           ///< free edge around everything
   std::optional<Rect> legend;  ///< nothing when it is hidden or has no room
-  double titleBottom = 0;      ///< below the chart title
+  bool hasTitles = true;
+  double titleBottom = 0;  ///< below the chart title
   bool hasCategoryLabels = true;
 };
 
@@ -28,7 +29,8 @@ inline constexpr double kTickLength = 4.0;
 inline constexpr double kTickGap = 3.0;      ///< between a tick and its label
 inline constexpr double kSwatchSize = 10.0;  ///< of the legend
 
-/// Lays a chart out in `size`. What has no room is left out: first the legend, then the labels; nothing overlaps.
+/// Lays a chart out in `size`. What has no room is left out: first titles and legend, then labels; nothing
+/// overlaps.
 /// The plot's front has whole coordinates, so that grid lines and bars are crisp.
 [[nodiscard]] ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas,
                                       const NumberFormat& format);

@@ -1,0 +1,185 @@
+// The chart control: properties and their limits, data, pointer, cursors, requests to paint, the copied picture.
+#include "chart/chart_control.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "chart/recording_canvas.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::RecordingCanvas;
+using enum MeasuringCursor;
+
+class ChartForm : public Form {
+ public:
+  explicit ChartForm(FakePorts& fakes) : Form(fakes.forms, "frmSample", [](const auto&, const auto&) {}) {}
+  ChartControl chart{*this, "mscChart1"};
+};
+
+struct ChartControlTest : ::testing::Test {
+  ChartControlTest() {
+    chart.SetColumnCount(1);
+    chart.SetRowCount(25);
+    chart.SetFirstRowLabel(101);
+    chart.SetColumn(0, std::vector<double>(25, 3.0));
+    chart.SetChartType(3);
+    chart.Paint(canvas);
+  }
+
+  /// The middle of a row's slot, as the chart was painted.
+  [[nodiscard]] MouseInput Over(int row, bool shift = false) const {
+    return {{BuildChartScene(chart.Model(), canvas.Extent(), canvas, {}).plot.X(row), 100}, shift};
+  }
+  static int ErrorOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const RunTimeError& error) {
+      return error.Number();
+    }
+    return 0;
+  }
+
+  FakePorts fakes;
+  ChartForm form{fakes};
+  ChartControl& chart = form.chart;
+  RecordingCanvas canvas{{640, 360}};
+};
+
+TEST_F(ChartControlTest, RefusesWhatThePropertiesCannotHold) {
+  const std::vector<std::pair<int, std::function<void()>>> cases = {
+      {0, [&] { chart.SetChartType(7); }},
+      {380, [&] { chart.SetChartType(8); }},
+      {380, [&] { chart.SetChartType(-1); }},
+      {380, [&] { chart.SetGridPen(ChartAxis::kX, 7); }},
+      {0, [&] { chart.SetWallPen(6); }},
+      {380, [&] { chart.SetWallPen(-1); }},
+      {380, [&] { chart.SetRowCount(-1); }},
+      {380, [&] { chart.SetColumnCount(-1); }},
+      {380,
+       [&] {
+         chart.SetCategoryScale({false, 0, 1, true});
+       }},
+      {380,
+       [&] {
+         chart.SetColumn(0, {1, 2});
+       }},
+      {9, [&] { chart.SetColumn(1, {}); }},
+      {9, [&] { chart.SetDataPoint(0, 25, 1); }},
+      {9, [&] { chart.SetDataPoint(-1, 0, 1); }},
+      {9, [&] { (void)chart.RowLabel(25); }},
+      {9, [&] { chart.SetShowLine(1, true); }},
+  };
+  for (std::size_t i = 0; i < cases.size(); ++i) EXPECT_EQ(ErrorOf(cases[i].second), cases[i].first) << "case " << i;
+}
+
+TEST_F(ChartControlTest, NewRowsAndColumnsAreGapsAndOldOnesStay) {
+  chart.SetShowMarker(0, true);
+  chart.SetRowCount(26);
+  chart.SetColumnCount(2);
+  EXPECT_EQ(chart.DataPoint(0, 24), 3.0);
+  EXPECT_TRUE(std::isnan(chart.DataPoint(0, 25)));
+  EXPECT_TRUE(std::isnan(chart.DataPoint(1, 0)));
+  EXPECT_TRUE(chart.ShowMarker(0));
+  EXPECT_EQ(chart.Model().series[1].color, FromBgr(65280));
+  EXPECT_EQ(chart.RowLabel(24), 125);
+}
+
+TEST_F(ChartControlTest, ResetDropsDataAndPropertiesButNotTheCursors) {
+  chart.SetCursor(kFirst, 110);
+  chart.SetGridPen(ChartAxis::kSecondY, 0);
+  chart.ResetToDefaults();
+  EXPECT_EQ(chart.ChartType(), 1);
+  EXPECT_EQ(chart.RowCount(), 0);
+  EXPECT_EQ(chart.ColumnCount(), 0);
+  EXPECT_EQ(chart.GridPen(ChartAxis::kSecondY), 1);
+  EXPECT_EQ(chart.CursorLabel(kFirst), 110);
+}
+
+TEST_F(ChartControlTest, TellsTheRowUnderThePointerOncePerRow) {
+  std::vector<int> rows;
+  chart.pointerRowChanged = {"mscChart1_MouseMove", [&] { rows.push_back(chart.PointerRow().value_or(-1)); }};
+  chart.MouseMoved(Over(4));
+  chart.MouseMoved({{Over(4).at.x + 1, 50}, false});
+  chart.MouseMoved(Over(5));
+  chart.MouseMoved({{1, 1}, false});
+  chart.MouseMoved(Over(24));
+  chart.SetRowCount(10);
+  EXPECT_THAT(rows, ElementsAre(4, 5, -1, 24, -1));
+  chart.MouseLeft();
+  EXPECT_EQ(rows.size(), 5U);
+}
+
+TEST_F(ChartControlTest, CursorsKeepTheirPointOfTheFileWhileTheRowsChange) {
+  int changes = 0;
+  chart.cursorsChanged = {"mscChart1_Cursors", [&] { ++changes; }};
+  chart.MousePressed(Over(4));
+  chart.MousePressed(Over(9, true));
+  chart.MousePressed({{1, 1}, false});
+  EXPECT_EQ(chart.CursorLabel(kFirst), 105);
+  EXPECT_EQ(chart.CursorLabel(kSecond), 110);
+  chart.SetFirstRowLabel(106);
+  EXPECT_EQ(chart.CursorRow(kFirst), std::nullopt);
+  EXPECT_EQ(chart.CursorRow(kSecond), 4);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(ChartControlTest, EscTakesTheCursorsAwayAndOtherKeysGoOn) {
+  std::vector<Key> keys;
+  chart.key = [&](Key key, bool) {
+    keys.push_back(key);
+    return key == Key::kLeft;
+  };
+  chart.SetCursor(kSecond, 110);
+  EXPECT_TRUE(chart.KeyPressed(Key::kEscape, false));
+  EXPECT_EQ(chart.CursorLabel(kSecond), std::nullopt);
+  EXPECT_FALSE(chart.KeyPressed(Key::kEscape, false));
+  EXPECT_TRUE(chart.KeyPressed(Key::kLeft, false));
+  EXPECT_THAT(keys, ElementsAre(Key::kEscape, Key::kLeft));
+  EXPECT_FALSE(chart.WheelTurned(1));
+}
+
+TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {
+  chart.SetReadout({{"Point 105", -1}, {"3.00", 0}});
+  chart.SetCursorReadout({{"5 points", -1}});
+  chart.SetCursor(kFirst, 105);
+  chart.MouseMoved(Over(4));
+  const auto texts = [&](Size size) {
+    RecordingCanvas fresh(size);
+    chart.Paint(fresh);
+    std::vector<std::string> shown;
+    const auto& all = fresh.drawn.Texts();
+    for (const SceneText& text : all) shown.push_back(text.text);
+    return shown;
+  };
+  EXPECT_THAT(texts({640, 360}), ::testing::IsSupersetOf({"1", "Point 105", "3.00", "5 points"}));
+  EXPECT_THAT(texts({140, 90}), ::testing::Not(::testing::Contains("5 points")));
+}
+
+TEST_F(ChartControlTest, CopiesTheChartWithoutPointerAndCursors) {
+  struct Renderer : PictureRenderer {
+    Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override {
+      RecordingCanvas canvas(size);
+      paint(canvas);
+      for (const SceneText& text : canvas.drawn.Texts()) texts.push_back(text.text);
+      return {static_cast<int>(size.width * scale), static_cast<int>(size.height * scale), {}, 96 * scale};
+    }
+    std::vector<std::string> texts;
+  } renderer;
+  chart.SetReadout({{"Point 105", -1}});
+  chart.MouseMoved(Over(4));
+  EXPECT_EQ(chart.CopyPicture(renderer).width, 640);
+  chart.SetPlace({0, 0, 400, 200});
+  const Bitmap picture = chart.CopyPicture(renderer, 2);
+  EXPECT_EQ(picture.width, 800);
+  EXPECT_EQ(picture.height, 400);
+  EXPECT_THAT(renderer.texts, ::testing::Contains("101"));
+  EXPECT_THAT(renderer.texts, ::testing::Not(::testing::Contains("Point 105")));
+}
+
+}  // namespace
+}  // namespace chartproject

@@ -1,0 +1,258 @@
+// Whole charts: layout at all sizes, painting order, shapes, and the cost of painting.
+#include "chart/chart_scene.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+
+#include "chart/chart_layout.h"
+#include "chart/recording_canvas.h"
+#include "chart/series_path.h"
+#include "chart/series_style.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::RecordingCanvas;
+
+constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
+constexpr Color kPaleYellow = {255, 255, 230};
+
+ChartModel ModelOf(int kind, std::vector<std::vector<double>> columns, int division = 1) {
+  ChartModel model;
+  model.kind = static_cast<ChartKind>(kind);
+  model.legendVisible = false;
+  model.backdrop = kPaleYellow;
+  model.categoryScale = {false, division, division, true};
+  model.rowCount = columns.empty() ? 0 : static_cast<int>(columns[0].size());
+  for (auto& column : columns) {
+    model.series.push_back({.label = {}, .values = std::move(column), .color = kSeriesColors[model.series.size() % 4]});
+  }
+  return model;
+}
+
+std::vector<double> Wave(int rows, double height, double phase) {
+  std::vector<double> values;
+  for (int row = 0; row < rows; ++row) values.push_back(height * std::sin(row * 0.37 + phase));
+  return values;
+}
+
+ChartScene Build(const ChartModel& model, Size size = {640, 360}) {
+  return BuildChartScene(model, size, RecordingCanvas(size), {});
+}
+
+/// Fills of the shapes that show a series: all of a tone of its colour.
+std::vector<Color> Fills(const ChartScene& chart, std::set<SceneShape::Kind> kinds) {
+  std::vector<Color> fills;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    const bool tinted = shape.fill.red != shape.fill.green || shape.fill.green < shape.fill.blue;
+    if (kinds.contains(shape.kind) && tinted) fills.push_back(shape.fill);
+  }
+  return fills;
+}
+
+int CountPolylines(const ChartScene& chart, Color color) {
+  int count = 0;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    count += shape.kind == SceneShape::Kind::kPolyline && shape.pen.color == color ? 1 : 0;
+  }
+  return count;
+}
+
+std::size_t PointCount(const ChartScene& chart) {
+  std::size_t count = 0;
+  for (const SceneShape& shape : chart.scene.Shapes()) count += 1 + shape.count;
+  return count;
+}
+
+class EveryType : public ::testing::TestWithParam<int> {};
+INSTANTIATE_TEST_SUITE_P(Types, EveryType, ::testing::Range(0, 8));
+
+TEST_P(EveryType, TextsNeverOverlapAtAnySizeAndData) {
+  std::vector<ChartModel> models = {
+      ModelOf(GetParam(), {Wave(25, 100, 0), Wave(25, 60, 1), Wave(25, 30, 2), Wave(25, 10, 3)}),
+      ModelOf(GetParam(), {Wave(32750, 1e-9, 0)}, 1310), ModelOf(GetParam(), {{1e300, -1e300}}),
+      ModelOf(GetParam(), {{32767000}}), ModelOf(GetParam(), {})};
+  models[1].firstRowLabel = 1999967251;
+  models[2].title = "Trend";
+  models[2].categoryTitle = "Points";
+  models[2].valueTitle = "Value";
+  models[2].legendVisible = true;
+  models[2].series[0].label = "P003";
+  for (const ChartModel& model : models) {
+    for (const Size size : {Size{120, 90}, Size{200, 90}, Size{121, 333}, Size{320, 200}, Size{640, 360},
+                            Size{1280, 720}, Size{2500, 1400}}) {
+      const RecordingCanvas canvas(size);
+      const ChartScene chart = Build(model, size);
+      std::vector<Rect> boxes;
+      for (const SceneText& text : chart.scene.Texts()) {
+        const Rect box = canvas.BoxOf(text);
+        EXPECT_TRUE(box.x >= 0 && box.y >= 0 && box.Right() <= size.width && box.Bottom() <= size.height)
+            << text.text << " at " << size.width;
+        for (const Rect& other : boxes) {
+          EXPECT_FALSE(box.x < other.Right() && other.x < box.Right() && box.y < other.Bottom() &&
+                       other.y < box.Bottom())
+              << text.text << " at " << size.width << "x" << size.height;
+        }
+        boxes.push_back(box);
+      }
+      EXPECT_GT(chart.plot.front.width, size.width * 0.4);
+      EXPECT_GT(chart.plot.front.height, size.height * 0.3);
+    }
+  }
+}
+
+TEST_P(EveryType, ShapesStayInsideTheChart) {
+  const ChartScene chart = Build(ModelOf(GetParam(), {Wave(25, 100, 0), {Wave(25, 60, 1)}, Wave(25, 1e300, 2)}));
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    for (const PointF& point : chart.scene.Points(shape)) {
+      EXPECT_TRUE(point.x >= 0 && point.x <= 640 && point.y >= 0 && point.y <= 360) << point.x << " " << point.y;
+    }
+  }
+}
+
+TEST_P(EveryType, CostFollowsPixelsNotPoints) {
+  const auto chartOf = [&](int rows) {
+    ChartModel model = ModelOf(GetParam(), {Wave(rows, 100, 0), Wave(rows, 90, 1)}, rows / 25);
+    for (ChartSeries& series : model.series) series.showMarker = true;
+    return Build(model);
+  };
+  const std::size_t few = PointCount(chartOf(8000));
+  const std::size_t many = PointCount(chartOf(400000));
+  EXPECT_LT(many, 30000U);
+  EXPECT_LT(static_cast<double>(many), 1.2 * static_cast<double>(few));
+}
+
+TEST_P(EveryType, GapsAloneDrawNoSeries) {
+  const ChartScene chart = Build(ModelOf(GetParam(), {{kGap, kGap, kGap}}));
+  EXPECT_THAT(Fills(chart, {SceneShape::Kind::kPolygon, SceneShape::Kind::kEllipse}),
+              ::testing::Not(::testing::Contains(kSeriesColors[0])));
+  EXPECT_EQ(CountPolylines(chart, kSeriesColors[0]), 0);
+}
+
+TEST(ChartScene, FlatBarsStandOnZero) {
+  ChartModel model = ModelOf(1, {{10, -10}});
+  const ChartScene chart = Build(model);
+  std::vector<std::vector<PointF>> bars;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    const auto points = chart.scene.Points(shape);
+    if (shape.fill == kSeriesColors[0]) bars.emplace_back(points.begin(), points.end());
+  }
+  const Rect& front = chart.plot.front;
+  const double zero = front.y + front.height / 2;
+  const BarPlace place = PlaceBars(chart.plot, 1);
+  const double left = place.Left(chart.plot, 0, 0);
+  const double right = left + place.width;
+  ASSERT_EQ(bars.size(), 2U);
+  EXPECT_THAT(bars[0],
+              ElementsAre(PointF{left, front.y}, PointF{right, front.y}, PointF{right, zero}, PointF{left, zero}));
+  EXPECT_EQ(bars[1][0].y, zero);
+  EXPECT_EQ(bars[1][2].y, front.Bottom());
+}
+
+TEST(ChartScene, BoxesShowTopSideAndFrontFromLeftToRight) {
+  const Color red = kSeriesColors[0];
+  const Color green = kSeriesColors[1];
+  const ChartScene chart = Build(ModelOf(0, {{10, 12}, {5, 0}}));
+  EXPECT_THAT(Fills(chart, {SceneShape::Kind::kPolygon}),
+              ElementsAre(Lighter(red, 0.38), Darker(red, 0.34), red, Lighter(green, 0.38), Darker(green, 0.34), green,
+                          Lighter(red, 0.38), Darker(red, 0.34), red, Lighter(green, 0.38)));  // a bar of 0 is flat
+}
+
+TEST(ChartScene, SlabsArePaintedFromTheBackSeriesToTheFrontOne) {
+  const ChartScene chart = Build(ModelOf(4, {{1, 1}, {2, 2}, {3, 3}}));
+  std::vector<Color> fronts;
+  for (const Color fill : Fills(chart, {SceneShape::Kind::kPolygon})) {
+    if (std::find(kSeriesColors.begin(), kSeriesColors.end(), fill) != kSeriesColors.end()) fronts.push_back(fill);
+  }
+  EXPECT_THAT(fronts, ElementsAre(kSeriesColors[2], kSeriesColors[1], kSeriesColors[0]));
+}
+
+TEST(ChartScene, RibbonsArePaintedFromLeftToRight) {
+  const ChartScene chart = Build(ModelOf(2, {{1, 3, 2}}));
+  std::vector<double> lefts;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    if (shape.kind == SceneShape::Kind::kPolygon && shape.fill.blue < 200)
+      lefts.push_back(chart.scene.Points(shape)[0].x);
+  }
+  const double shift = chart.plot.depthX * 0.12;
+  EXPECT_THAT(lefts, ElementsAre(chart.plot.X(0) + shift, chart.plot.X(1) + shift));
+}
+
+TEST(ChartScene, FaintColoursGetADarkEdgeUnderTheirLine) {
+  const ChartScene chart = Build(ModelOf(3, {{1, 2}, {1, 2}, {1, 2}, {1, 2}}));
+  std::vector<Color> lines;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    if (shape.pen.width > 1.5) lines.push_back(shape.pen.color);
+  }
+  EXPECT_THAT(lines, ElementsAre(kSeriesColors[0], EdgeTone(kSeriesColors[1]), kSeriesColors[1], kSeriesColors[2],
+                                 EdgeTone(kSeriesColors[3]), kSeriesColors[3]));
+}
+
+TEST(ChartScene, WithoutLinesOnlyMarkersShowThePoints) {
+  ChartModel model = ModelOf(3, {{1, kGap, 3}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}});
+  for (ChartSeries& series : model.series) {
+    series.showLine = false;
+    series.showMarker = true;
+  }
+  const ChartScene chart = Build(model);
+  std::vector<std::size_t> corners;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    if (shape.fill == kSeriesColors[0] || shape.pen.color == EdgeTone(shape.fill)) corners.push_back(shape.count);
+  }
+  EXPECT_THAT(corners, ElementsAre(0, 0, 4, 4, 4, 3, 3, 3, 4, 4, 4));
+  EXPECT_EQ(CountPolylines(chart, kSeriesColors[0]), 0);
+}
+
+TEST(ChartScene, MarkersStayAtTheirPointsWhileTheRowsScroll) {
+  const auto markedLabels = [](std::int64_t first) {
+    ChartModel model = ModelOf(3, {std::vector<double>(250, 1.0)}, 10);
+    model.firstRowLabel = first;
+    model.series[0].showMarker = true;
+    const ChartScene chart = Build(model);
+    std::set<std::int64_t> labels;
+    for (const SceneShape& shape : chart.scene.Shapes()) {
+      if (shape.kind == SceneShape::Kind::kEllipse) {
+        labels.insert(first + *chart.RowAt({shape.box.x + shape.box.width / 2, 100}));
+      }
+    }
+    return labels;
+  };
+  const auto before = markedLabels(1);
+  const auto after = markedLabels(4);
+  EXPECT_GT(before.size(), 20U);
+  for (const std::int64_t label : before) EXPECT_TRUE(label < 4 || after.contains(label)) << label;
+}
+
+TEST(ChartScene, GridPensOfAnAxisShowAndHideItsLines) {
+  const Color grid = Darker(kPaleYellow, 0.14);
+  ChartModel model = ModelOf(3, {Wave(25, 1, 0)});
+  const auto count = [&](int x, int y, int second) {
+    model.categoryGrid = x;
+    model.valueGrid = y;
+    model.secondValueGrid = second;
+    return CountPolylines(Build(model), grid);
+  };
+  const int levels = Build(model).plot.axis.TickCount();
+  EXPECT_EQ(count(0, 0, 0), 0);
+  EXPECT_EQ(count(1, 0, 0), 25);
+  EXPECT_EQ(count(0, 1, 0), levels);
+  EXPECT_EQ(count(0, 0, 1), levels);
+  EXPECT_EQ(count(1, 1, 1), 25 + levels);
+}
+
+TEST(ChartScene, FindsTheRowUnderAPoint) {
+  const ChartScene chart = Build(ModelOf(3, {Wave(25, 1, 0)}));
+  const Rect& front = chart.plot.front;
+  EXPECT_EQ(chart.RowAt({front.x, front.y}), 0);
+  EXPECT_EQ(chart.RowAt({chart.plot.X(7), front.y + 5}), 7);
+  EXPECT_EQ(chart.RowAt({front.Right() - 0.01, front.y}), 24);
+  EXPECT_EQ(chart.RowAt({front.Right(), front.y}), std::nullopt);
+  EXPECT_EQ(chart.RowAt({front.x, front.Bottom()}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace chartproject

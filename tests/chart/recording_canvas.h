@@ -1,0 +1,46 @@
+// A canvas that keeps what is drawn on it, with a font whose every character is 0.8 x 1.5 points wide and high.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "chart/scene.h"
+
+namespace chartproject::testing {
+
+class RecordingCanvas : public Canvas {
+ public:
+  explicit RecordingCanvas(Size extent) : extent_(extent) {}
+
+  Scene drawn;  ///< shapes and texts in the order of drawing
+
+  [[nodiscard]] Size Extent() const override { return extent_; }
+  void FillRect(const Rect& rect, Color color) override { drawn.FillRect(rect, color); }
+  void DrawLine(PointF from, PointF to, const Pen& pen) override { drawn.Line(from, to, pen); }
+  void DrawPolyline(std::span<const PointF> points, const Pen& pen) override { drawn.Polyline(points, pen); }
+  void DrawPolygon(std::span<const PointF> points, Color fill, const Pen& outline) override {
+    drawn.Polygon(points, fill, outline);
+  }
+  void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override { drawn.Ellipse(box, fill, outline); }
+  void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override {
+    drawn.Text({std::string(text), at, font, color, align});
+  }
+  [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override {
+    return {static_cast<double>(text.size()) * font.points * 0.8, font.points * 1.5};
+  }
+  void DrawBitmap(const Bitmap& /*bitmap*/, const Rect& /*target*/) override {}
+  void PushClip(const Rect& /*rect*/) override {}
+  void PopClip() override {}
+
+  /// The box that a text covers.
+  [[nodiscard]] Rect BoxOf(const SceneText& text) const {
+    const Size size = MeasureText(text.text, text.font);
+    const double share = text.align == Align::kLeft ? 0 : text.align == Align::kCenter ? 0.5 : 1;
+    return {text.at.x - share * size.width, text.at.y, size.width, size.height};
+  }
+
+ private:
+  Size extent_;
+};
+
+}  // namespace chartproject::testing

@@ -1,0 +1,89 @@
+// Lines, steps and bars in a plot of 100 x 100 pixels whose axis goes from -10 to 10.
+#include "chart/series_path.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
+
+Plot PlotOf(int rows) {
+  return {.front = {10, 20, 100, 100},
+          .rows = rows,
+          .axis = {.mantissa = 1, .exponent = 1, .firstTick = -1, .lastTick = 1}};
+}
+
+ChartModel ModelOf(std::vector<std::vector<double>> columns) {
+  ChartModel model;
+  model.rowCount = static_cast<int>(columns[0].size());
+  for (auto& column : columns) model.series.push_back({.label = {}, .values = std::move(column), .color = {}});
+  return model;
+}
+
+TEST(SeriesPaths, ALineJoinsTheMiddlesOfTheSlots) {
+  const ChartModel model = ModelOf({{0, 10, kGap, -5}});
+  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k2dLine, PlotOf(4), 100),
+              ElementsAre(Path{{22.5, 70}, {47.5, 20}}, Path{{97.5, 95}}));
+}
+
+TEST(SeriesPaths, AStepHoldsItsValueOverTheSlot) {
+  const ChartModel model = ModelOf({{0, 10, kGap, -5}});
+  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k3dStep, PlotOf(4), 100),
+              ElementsAre(Path{{10, 70}, {35, 70}, {35, 20}, {60, 20}}, Path{{85, 95}, {110, 95}}));
+}
+
+TEST(SeriesPaths, AnAreaClosesDownToItsBase) {
+  EXPECT_EQ(AreaBelow({{22.5, 70}, {47.5, 20}}, 70), (Path{{22.5, 70}, {22.5, 70}, {47.5, 20}, {47.5, 70}}));
+}
+
+TEST(PlaceBars, GroupsStandInTheMiddleOfTheirSlots) {
+  const Plot plot = PlotOf(4);
+  const BarPlace place = PlaceBars(plot, 3);  // 25 pixels a slot, 20 % of it free
+  EXPECT_EQ(place.width, 6);
+  EXPECT_EQ(place.Left(plot, 0, 0), 14);
+  EXPECT_EQ(place.Left(plot, 0, 2), 26);
+  EXPECT_EQ(place.Left(plot, 3, 0), 89);
+}
+
+TEST(PlaceBars, TooThinToStandSideBySide) {
+  EXPECT_EQ(PlaceBars(PlotOf(50), 4).width, 0);
+}
+
+TEST(DenseBars, TheTallestComesFirstInEveryPixelColumn) {
+  std::vector<double> low(300, 2);
+  std::vector<double> high(300, 8);
+  high[1] = -10;
+  low[299] = kGap;
+  const std::vector<BarColumn> bars = DenseBars(ModelOf({low, high}), PlotOf(300));
+  ASSERT_EQ(bars.size(), 100U);
+  EXPECT_EQ(bars[0].left, 10);
+  EXPECT_EQ(bars[0].right, 11);
+  ASSERT_EQ(bars[0].spans.size(), 2U);
+  EXPECT_EQ(bars[0].spans[0].column, 1);
+  EXPECT_EQ(bars[0].spans[0].top, 30);      // 8
+  EXPECT_EQ(bars[0].spans[0].bottom, 120);  // -10
+  EXPECT_EQ(bars[0].spans[1].column, 0);
+  EXPECT_EQ(bars[0].spans[1].top, 60);
+  EXPECT_EQ(bars[0].spans[1].bottom, 70);  // stands on zero
+}
+
+TEST(Plot, MovesAlongItsDepth) {
+  Plot plot = PlotOf(4);
+  plot.depthX = 40;
+  plot.depthY = 20;
+  EXPECT_EQ(plot.At({10, 20}, 0.5), (PointF{30, 10}));
+}
+
+TEST(Plot, DrawsWhatIsBeyondAnyScaleAtItsLimit) {
+  Plot plot = PlotOf(4);
+  plot.axis = {.mantissa = 1, .exponent = 307, .firstTick = -1, .lastTick = 1};
+  EXPECT_EQ(plot.Y(std::numeric_limits<double>::max()), 20);
+}
+
+}  // namespace
+}  // namespace chartproject
