@@ -10,6 +10,7 @@
 namespace chartproject {
 
 /// True for a number in the user's locale: blanks around, a sign, grouping, one decimal separator, an exponent.
+/// Separators of groups may stand between any digits, so that a number which is being typed is one at every keystroke.
 [[nodiscard]] bool IsNumeric(std::string_view text, const NumberFormat& format);
 
 /// Conversions of a whole text. Throw RunTimeError 13 when the text is not numeric, 6 when the number does not fit.
@@ -27,7 +28,8 @@ namespace chartproject {
 [[nodiscard]] std::int16_t CheckedInteger16(std::int64_t value);
 [[nodiscard]] std::int32_t CheckedInteger32(std::int64_t value);
 
-/// The number that a text begins with (blanks skipped, full stop as decimal separator); 0 when it begins with none.
+/// The number that a text begins with (blanks before it skipped, full stop as decimal separator); 0 when it begins with
+/// none. Throws RunTimeError 6 when the number does not fit.
 [[nodiscard]] double LeadingNumber(std::string_view text);
 
 /// Shortest text of a number, with the locale's decimal separator: 7 significant digits for single precision, 15 for

@@ -1,0 +1,77 @@
+// Run-time errors to the log file and to the user.
+#include "common/error_log.h"
+
+#include "common/environment.h"
+#include "common/text.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+/// The labels are those that readers of the log look for, in both languages of its history.
+std::string ErrorText(Environment& environment, const std::string& routine, const RunTimeError& error) {
+  const DateTime now = environment.ports.clock.LocalNow();
+  const Locale& locale = environment.ports.locale;
+  std::string text = "<<Run-Time Error>>";
+  const auto line = [&text](const char* label, const std::string& value) { text.append(kLineEnd) += label + value; };
+  line("Data = ", locale.DateText(now));
+  line("Hora = ", locale.TimeText(now));
+  line("Sub/Function = ", routine);
+  line("Err.Number = ", std::to_string(error.Number()));
+  line("Err.Description = ", error.Description());
+  line("Err.Source = ", error.Source());
+  return text;
+}
+
+void AppendToLog(Environment& environment, const std::string& text) {
+  environment.ports.files.Append(ErrorLogFile(environment), environment.ports.codePage.Encode(text + kLineEnd));
+}
+
+void ShowError(Environment& environment, const std::string& text) {
+  static_cast<void>(environment.ports.dialogs.ShowMessageBox(
+      {.prompt = text, .style = box_style::kOkOnly, .title = kApplicationTitle, .helpFile = {}, .helpContext = 0}));
+}
+
+}  // namespace
+
+std::string ErrorLogFile(const Environment& environment) {
+  return JoinPath(environment.settings.strBin, "Kestrel.log");
+}
+
+void LogRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) {
+  const std::string text = ErrorText(environment, routine, error);
+  AppendToLog(environment, text);
+  ShowError(environment, text);
+}
+
+void NoteRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {
+  try {
+    AppendToLog(environment, ErrorText(environment, routine, error));
+  } catch (const std::exception&) {
+    return;
+  }
+}
+
+void ReportRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {
+  try {
+    std::string text = ErrorText(environment, routine, error);
+    try {
+      AppendToLog(environment, text);
+    } catch (const RunTimeError& logError) {
+      text.append(kLineEnd).append(kLineEnd) += ErrorText(environment, "LogRunTimeError", logError);
+    }
+    ShowError(environment, text);
+  } catch (const std::exception&) {
+    return;  // no box either: nobody is left to tell
+  }
+}
+
+HandlerErrorReporter MakeHandlerErrorReporter(Environment& environment) {
+  return [&environment](const std::string& routine, const RunTimeError& error) {
+    ReportRunTimeError(environment, routine, error);
+  };
+}
+
+}  // namespace chartproject

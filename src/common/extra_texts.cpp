@@ -1,0 +1,107 @@
+// The additional texts, one row each. A new text: a name in the header's list, a row here at the same place.
+#include "common/extra_texts.h"
+
+#include <array>
+#include <string_view>
+
+#include "common/environment.h"
+
+namespace chartproject {
+
+namespace {
+
+struct ExtraTextRow {
+  ExtraText id;
+  std::string_view portuguese;
+  std::string_view english;
+  std::string_view spanish;
+};
+
+// clang-format off
+constexpr std::array kTexts{
+    ExtraTextRow{ExtraText::kHintDriveAddress,
+        "Escolha um endereço de drive.",
+        "Choose a drive address.",
+        "Elija una dirección de drive."},
+    ExtraTextRow{ExtraText::kHintParameters,
+        "Escolha um parâmetro em cada lista em uso.",
+        "Choose a parameter in every list that is in use.",
+        "Elija un parámetro en cada lista en uso."},
+    ExtraTextRow{ExtraText::kHintFileName,
+        "Digite um nome de arquivo.",
+        "Enter a file name.",
+        "Introduzca un nombre de archivo."},
+    ExtraTextRow{ExtraText::kHintTime,
+        "Digite o tempo entre pontos.",
+        "Enter the time among points.",
+        "Introduzca el tiempo entre puntos."},
+    ExtraTextRow{ExtraText::kHintPoints,
+        "Digite o número de pontos.",
+        "Enter the number of points.",
+        "Introduzca el número de puntos."},
+    ExtraTextRow{ExtraText::kHintEvent,
+        "Escolha um evento.",
+        "Choose an event.",
+        "Elija un evento."},
+    ExtraTextRow{ExtraText::kHintContent,
+        "Digite o conteúdo de comparação.",
+        "Enter the content to compare with.",
+        "Introduzca el contenido de comparación."},
+    ExtraTextRow{ExtraText::kRunEstimate,
+        "Duração %1, cerca de %2.",
+        "Duration %1, about %2.",
+        "Duración %1, unos %2."},
+    ExtraTextRow{ExtraText::kElapsedAndEnd,
+        "Decorrido %1, término previsto %2",
+        "Elapsed %1, expected end %2",
+        "Transcurrido %1, término previsto %2"},
+    ExtraTextRow{ExtraText::kNewFile,
+        "&Novo ...",
+        "&New ...",
+        "&Nuevo ..."},
+    ExtraTextRow{ExtraText::kNewFileTip,
+        "Dar nome a um novo arquivo de gráfico na pasta do projeto",
+        "Name a new chart file in the project folder",
+        "Nombrar un archivo de gráfico nuevo en la carpeta del proyecto"},
+    ExtraTextRow{ExtraText::kBrowseTip,
+        "Procurar um arquivo de gráfico existente",
+        "Look for an existing chart file",
+        "Buscar un archivo de gráfico existente"},
+};
+// clang-format on
+
+constexpr bool Complete() {
+  if (kTexts.size() != static_cast<std::size_t>(ExtraText::kCount)) return false;
+  for (std::size_t i = 0; i < kTexts.size(); ++i) {
+    const ExtraTextRow& row = kTexts[i];
+    if (row.id != static_cast<ExtraText>(i)) return false;
+    if (row.portuguese.empty() || row.english.empty() || row.spanish.empty()) return false;
+  }
+  return true;
+}
+static_assert(Complete(), "every additional text has its row, in the order of ExtraText");
+
+}  // namespace
+
+std::string LoadExtraText(const Environment& environment, ExtraText text) {
+  const ExtraTextRow& row = kTexts.at(static_cast<std::size_t>(text));
+  if (environment.languageBase == 0) return std::string(row.portuguese);
+  return std::string(environment.languageBase == 2000 ? row.spanish : row.english);
+}
+
+std::string FillIn(std::string text, std::initializer_list<std::string> values) {
+  // One pass, so that a "%2" inside a value (a file name) stays as it is.
+  std::string filled;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::size_t number = text[i] == '%' && i + 1 < text.size() ? static_cast<std::size_t>(text[i + 1] - '0') : 0;
+    if (number >= 1 && number <= values.size()) {
+      filled += *(values.begin() + number - 1);
+      ++i;
+    } else {
+      filled += text[i];
+    }
+  }
+  return filled;
+}
+
+}  // namespace chartproject

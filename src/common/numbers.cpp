@@ -1,0 +1,301 @@
+// Numbers read from and written as texts. Digits are converted by from_chars and to_chars, which know no locale; the
+// separators of the user's locale are put in and taken out here.
+#include "common/numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr std::string_view kNoBreakSpace = "\u00A0";
+constexpr std::string_view kNarrowNoBreakSpace = "\u202F";
+
+bool IsDigit(char c) noexcept {
+  return c >= '0' && c <= '9';
+}
+
+bool IsBlank(char c) noexcept {
+  return c == ' ' || c == '\t';
+}
+
+/// Reads a text from the front, piece by piece, and collects the number in the form that from_chars takes.
+class NumberScanner {
+ public:
+  NumberScanner(std::string_view text, const NumberFormat& format) : rest_(text), format_(format) {}
+
+  /// The number as plain text ("-12.5e3"); nothing when the text is no number.
+  std::optional<std::string> Scan() {
+    SkipBlanks();
+    Sign();
+    const bool wholePart = Digits(true);
+    bool fraction = false;
+    if (Take(format_.decimalSeparator)) {
+      plain_ += '.';
+      fraction = Digits(false);
+    }
+    if ((!wholePart && !fraction) || !Exponent()) return std::nullopt;
+    SkipBlanks();
+    if (!rest_.empty()) return std::nullopt;
+    return plain_;
+  }
+
+ private:
+  bool Take(std::string_view piece) noexcept {
+    if (piece.empty() || !rest_.starts_with(piece)) return false;
+    rest_.remove_prefix(piece.size());
+    return true;
+  }
+
+  void SkipBlanks() noexcept {
+    while (!rest_.empty() && IsBlank(rest_.front())) rest_.remove_prefix(1);
+  }
+
+  void Sign() {
+    if (Take("-")) {
+      plain_ += '-';
+    } else {
+      Take("+");
+    }
+  }
+
+  bool TakeGroupSeparator() {
+    const std::string_view group = format_.groupSeparator;
+    if (Take(group)) return true;
+    // Who writes groups with a no-break space types an ordinary one.
+    if (group != kNoBreakSpace && group != kNarrowNoBreakSpace) return false;
+    if (Take(kNoBreakSpace) || Take(kNarrowNoBreakSpace)) return true;
+    return rest_.size() >= 2 && IsDigit(rest_[1]) && Take(" ");
+  }
+
+  /// True when there was a digit. Group separators may follow any digit, so that a number is one at every keystroke.
+  bool Digits(bool grouped) {
+    bool any = false;
+    while (!rest_.empty()) {
+      if (IsDigit(rest_.front())) {
+        plain_ += rest_.front();
+        rest_.remove_prefix(1);
+        any = true;
+      } else if (!(grouped && any && TakeGroupSeparator())) {
+        break;
+      }
+    }
+    return any;
+  }
+
+  /// False for an exponent without digits.
+  bool Exponent() {
+    if (!Take("e") && !Take("E")) return true;
+    plain_ += 'e';
+    Sign();
+    return Digits(false);
+  }
+
+  std::string_view rest_;
+  const NumberFormat& format_;
+  std::string plain_;
+};
+
+/// Of a plain number too large or too small for its type: true when it is too small and reads as 0.
+bool IsTiny(std::string_view plain) {
+  const std::size_t exponentAt = plain.find('e');
+  const std::string_view mantissa = plain.substr(0, exponentAt);
+  if (exponentAt != std::string_view::npos) return plain[exponentAt + 1] == '-';
+  return mantissa.find_first_of("123456789") > mantissa.find('.');
+}
+
+template <typename Number>
+Number FromPlain(std::string_view plain) {
+  Number value = 0;
+  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    if (IsTiny(plain)) return 0;
+    throw RunTimeError(error_number::kOverflow, "Overflow: " + std::string(plain));
+  }
+  return value;
+}
+
+template <typename Number>
+Number FromText(std::string_view text, const NumberFormat& format) {
+  const std::optional<std::string> plain = NumberScanner(text, format).Scan();
+  if (!plain) throw RunTimeError(error_number::kTypeMismatch, "Type mismatch: \"" + std::string(text) + "\"");
+  return FromPlain<Number>(*plain);
+}
+
+template <typename Integer>
+Integer Fit(double whole) {
+  if (whole >= static_cast<double>(std::numeric_limits<Integer>::min()) &&
+      whole <= static_cast<double>(std::numeric_limits<Integer>::max())) {
+    return static_cast<Integer>(whole);
+  }
+  throw RunTimeError(error_number::kOverflow, "Overflow");
+}
+
+/// In the default rounding mode, which the system never changes, nearbyint takes a half to the even neighbour.
+double RoundHalfEven(double value) noexcept {
+  return std::nearbyint(value);
+}
+
+std::string GeneralText(double value, int significantDigits, const NumberFormat& format) {
+  if (value == 0) return "0";  // and -0
+  std::array<char, 64> buffer{};
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, significantDigits);
+  std::string text;
+  for (const char* at = buffer.data(); at != end.ptr; ++at) {
+    if (*at == '.') {
+      text += format.decimalSeparator;
+    } else {
+      text += *at == 'e' ? 'E' : *at;
+    }
+  }
+  return text;
+}
+
+/// A number as the decimal digits that a user sees (15 significant ones), rounded to a number of decimals with halves
+/// away from zero. Rounding the digits and not the binary fraction takes 1.005 to 1.01.
+struct RoundedDecimal {
+  RoundedDecimal(double value, int decimals) {
+    if (!std::isfinite(value)) throw RunTimeError(error_number::kOverflow, "Overflow");
+    constexpr int kSignificantDigits = 15;
+    std::array<char, 40> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                   std::chars_format::scientific, kSignificantDigits - 1);
+    const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
+    const std::size_t exponentAt = text.find('e');
+    const bool small = text[exponentAt + 1] == '-';
+    int exponent = 0;
+    std::from_chars(text.data() + exponentAt + 2, text.data() + text.size(), exponent);
+
+    // Digits with a zero in front, which takes the carry.
+    const std::size_t zeros = small ? static_cast<std::size_t>(exponent) + 1 : 1;
+    digits.assign(zeros, '0').append(1, text[0]).append(text.substr(2, exponentAt - 2));
+    const std::size_t wholeDigits = small ? 2 : 2 + static_cast<std::size_t>(exponent);
+    const std::size_t kept = wholeDigits + static_cast<std::size_t>(decimals);
+    digits.resize(std::max(digits.size(), kept + 1), '0');
+    const bool up = digits[kept] >= '5';
+    digits.resize(kept);
+    if (up) Increment();
+
+    const std::size_t firstShown = std::min(digits.find_first_not_of('0'), wholeDigits - 1);
+    digits.erase(0, firstShown);
+    whole = digits.substr(0, wholeDigits - firstShown);
+    fraction = digits.substr(wholeDigits - firstShown);
+    negative = value < 0 && digits.find_first_not_of('0') != std::string::npos;
+  }
+
+  void Increment() {
+    std::size_t at = digits.size();
+    while (digits[--at] == '9') digits[at] = '0';
+    ++digits[at];
+  }
+
+  bool negative = false;
+  std::string whole;
+  std::string fraction;
+
+ private:
+  std::string digits;
+};
+
+}  // namespace
+
+bool IsNumeric(std::string_view text, const NumberFormat& format) {
+  return NumberScanner(text, format).Scan().has_value();
+}
+
+double ToDouble(std::string_view text, const NumberFormat& format) {
+  return FromText<double>(text, format);
+}
+
+float ToSingle(std::string_view text, const NumberFormat& format) {
+  return FromText<float>(text, format);
+}
+
+std::int16_t ToInteger16(std::string_view text, const NumberFormat& format) {
+  return RoundToInteger16(ToDouble(text, format));
+}
+
+std::int32_t ToInteger32(std::string_view text, const NumberFormat& format) {
+  return RoundToInteger32(ToDouble(text, format));
+}
+
+std::int16_t RoundToInteger16(double value) {
+  return Fit<std::int16_t>(RoundHalfEven(value));
+}
+
+std::int32_t RoundToInteger32(double value) {
+  return Fit<std::int32_t>(RoundHalfEven(value));
+}
+
+std::int16_t CheckedInteger16(std::int64_t value) {
+  return Fit<std::int16_t>(static_cast<double>(value));
+}
+
+std::int32_t CheckedInteger32(std::int64_t value) {
+  return Fit<std::int32_t>(static_cast<double>(value));
+}
+
+double LeadingNumber(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
+  // from_chars would read "inf" and "nan" too.
+  const std::size_t first = text.starts_with('-') ? 1 : 0;
+  if (first >= text.size() || (!IsDigit(text[first]) && text[first] != '.')) return 0;
+  double value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  if (IsTiny(text.substr(0, static_cast<std::size_t>(result.ptr - text.data())))) return 0;
+  throw RunTimeError(error_number::kOverflow, "Overflow: " + std::string(text));
+}
+
+std::string SingleText(float value, const NumberFormat& format) {
+  return GeneralText(static_cast<double>(value), 7, format);
+}
+
+std::string DoubleText(double value, const NumberFormat& format) {
+  return GeneralText(value, 15, format);
+}
+
+std::string FormatTwoDecimals(double value, const NumberFormat& format) {
+  const RoundedDecimal number(value, 2);
+  return (number.negative ? "-" : "") + number.whole + format.decimalSeparator + number.fraction;
+}
+
+std::string FormatGrouped(double value, const NumberFormat& format) {
+  const RoundedDecimal number(value, 0);
+  std::string text = number.negative ? "-" : "";
+  for (std::size_t i = 0; i < number.whole.size(); ++i) {
+    if (i > 0 && (number.whole.size() - i) % 3 == 0) text += format.groupSeparator;
+    text += number.whole[i];
+  }
+  return text;
+}
+
+std::string FormatDigits(std::int64_t value, int digits) {
+  std::string text = std::to_string(value);
+  const std::size_t sign = value < 0 ? 1 : 0;
+  const std::size_t wanted = static_cast<std::size_t>(digits) + sign;
+  if (text.size() < wanted) text.insert(sign, wanted - text.size(), '0');
+  return text;
+}
+
+std::string FormatTimeOfDay(int hour, int minute, int second) {
+  return FormatDigits(hour, 2) + ":" + FormatDigits(minute, 2) + ":" + FormatDigits(second, 2);
+}
+
+std::string LocaleDecimal(std::string_view text, const NumberFormat& format) {
+  std::string result(text);
+  const bool fullStop = format.decimalSeparator == ".";
+  const std::size_t at = result.find(fullStop ? ',' : '.');
+  if (at != std::string::npos) result.replace(at, 1, format.decimalSeparator);
+  return result;
+}
+
+}  // namespace chartproject
