@@ -1,0 +1,42 @@
+#include "platform/posix/locale_posix.h"
+
+#include <gtest/gtest.h>
+
+namespace chartproject {
+namespace {
+
+TEST(LocalePosix, DatesKeepTheLocalesOrderAndSeparator) {
+  const struct {
+    const char* pattern;
+    const char* text;
+  } cases[] = {{"%m/%d/%y", "02/01/2026"}, {"%d/%m/%Y", "01/02/2026"},   {"%d.%m.%Y", "01.02.2026"},
+               {"%Y-%m-%d", "2026-02-01"}, {"%-d.%-m.%Y", "01.02.2026"}, {"%d-%m-%y", "01-02-2026"},
+               {"%F", "2026-02-01"},       {"%D", "02/01/2026"},         {"", "2026-02-01"},
+               {"%", "2026-02-01"}};
+  for (const auto& c : cases) {
+    const LocalePosix locale({}, {.date = c.pattern});
+    EXPECT_EQ(locale.DateText({2026, 2, 1, 8, 5, 9, 0}), c.text) << c.pattern;
+  }
+}
+
+TEST(LocalePosix, TimesRunToTwelveOrToTwentyFour) {
+  const LocalePosix all({}, {.time = "%H:%M:%S"});
+  EXPECT_EQ(all.TimeText({2026, 2, 1, 8, 5, 9, 0}), "08:05:09");
+  const LocalePosix half({}, {.time = "%r"});
+  EXPECT_EQ(half.TimeText({2026, 2, 1, 0, 5, 9, 0}), "12:05:09 AM");
+  EXPECT_EQ(half.TimeText({2026, 2, 1, 13, 5, 9, 0}), "1:05:09 PM");
+  const LocalePosix wordless({}, {.time = "%r", .am = "", .pm = ""});
+  EXPECT_EQ(wordless.TimeText({2026, 2, 1, 13, 5, 9, 0}), "13:05:09");
+}
+
+TEST(LocalePosix, AnUnknownLocaleCountsAsC) {
+  setenv("LC_ALL", "xx_YY.UTF-8", 1);
+  const LocalePosix locale = LocalePosix::FromEnvironment();
+  unsetenv("LC_ALL");
+  EXPECT_EQ(locale.Numbers().decimalSeparator, ".");
+  EXPECT_EQ(locale.DateText({2026, 1, 31, 0, 0, 0, 0}), "01/31/2026");
+  EXPECT_EQ(locale.TimeText({2026, 1, 31, 9, 0, 0, 0}), "09:00:00");
+}
+
+}  // namespace
+}  // namespace chartproject
