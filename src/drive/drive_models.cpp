@@ -1,0 +1,19 @@
+// Look-ups in the model table.
+#include "drive/drive_models.h"
+
+#include <algorithm>
+
+namespace chartproject {
+
+const DriveModel* FindDriveModel(std::string_view name) {
+  const auto* const found =
+      std::find_if(kDriveModels.begin(), kDriveModels.end(), [name](const DriveModel& m) { return m.name == name; });
+  return found == kDriveModels.end() ? nullptr : found;
+}
+
+std::string ModelCode(std::string_view name) {
+  const DriveModel* const model = FindDriveModel(name);
+  return std::string(1, model == nullptr ? '9' : model->code);
+}
+
+}  // namespace chartproject

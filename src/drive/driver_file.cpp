@@ -1,0 +1,174 @@
+// Finding and reading driver files.
+#include "drive/driver_file.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "common/line_reader.h"
+#include "common/message_box.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "drive/drive_context.h"
+#include "drive/unit_codes.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kMarksInParameterLine = 14;
+constexpr int kLastField = 13;
+constexpr std::int32_t kLineErrorHelpContext = 152;
+constexpr std::array<std::string_view, 5> kHeaderKeys{
+    "Type=", "Firmware Version=", "Language=", "Driver Version=", "Customer="};
+
+std::string_view Field(std::string_view line, int number) {
+  return FieldBetween(line, number, number + 1);
+}
+
+void ShowLineError(DriveContext& context, std::int64_t line, const std::string& fileName) {
+  const std::string number = std::to_string(line);
+  std::string text;
+  switch (context.languageBase) {
+    case 0:
+      text = "Erro na linha " + number + " no driver " + fileName;
+      break;
+    case 1000:
+      text = "Error in line " + number + " in driver " + fileName;
+      break;
+    default:
+      text = "Error en la linea " + number + " en el driver " + fileName;
+      break;
+  }
+  ShowMessage(context, text, box_style::kCritical, context.helpFile, kLineErrorHelpContext);
+}
+
+}  // namespace
+
+DriverFileParser::DriverFileParser(ParameterTable& table, const NumberFormat& numbers, UnitCodeFinder findUnitCode)
+    : table_(table), numbers_(numbers), findUnitCode_(std::move(findUnitCode)) {}
+
+bool DriverFileParser::TakeLine(std::string_view line) {
+  line = Trim(line);
+  if (TakeHeaderLine(line) || line.empty() || line.front() == '\'' || line.front() == '[') return true;
+  return TakeParameterLine(line);
+}
+
+/// The first key found anywhere in the line decides, also in a line that looks like a parameter's.
+bool DriverFileParser::TakeHeaderLine(std::string_view line) {
+  const auto contains = [line](std::string_view key) { return line.find(key) != std::string_view::npos; };
+  if (std::any_of(kHeaderKeys.begin(), kHeaderKeys.end(), contains)) return true;
+  if (!contains(")=")) return false;
+  for (int n = 1; n <= kNumberedTextCount; ++n) {
+    if (!contains("(" + std::to_string(n) + ")=")) continue;
+    table_.numberedTexts[static_cast<std::size_t>(n - 1)] = line;
+    return true;
+  }
+  return false;
+}
+
+bool DriverFileParser::TakeParameterLine(std::string_view line) {
+  if (line.front() != '#' || CountChar(line, '#') != kMarksInParameterLine) return false;
+  const std::string_view number = Field(line, 1);
+  if (number.empty()) {
+    ContinueTexts(line);
+  } else {
+    currentParameter_ = ToInteger16(RemoveFirst(number, "P"), numbers_);
+    ParameterEntry& entry = table_.At(currentParameter_);
+    entry.present = true;
+    entry.secondPresent = true;
+    StoreFields(line);
+  }
+  return Field(line, kLastField).empty();
+}
+
+void DriverFileParser::StoreFields(std::string_view line) {
+  ParameterEntry& entry = table_.At(currentParameter_);
+  const std::pair<int, std::string ParameterEntry::*> texts[] = {{2, &ParameterEntry::name},
+                                                                 {3, &ParameterEntry::text3},
+                                                                 {5, &ParameterEntry::text5},
+                                                                 {8, &ParameterEntry::text8},
+                                                                 {12, &ParameterEntry::text12}};
+  for (const auto& [field, member] : texts) {
+    if (const std::string_view text = Field(line, field); !text.empty()) entry.*member = text;
+  }
+  if (const std::string_view text = Field(line, 4); !text.empty()) entry.text4 = LocaleDecimal(text, numbers_);
+  if (const std::string_view unit = Field(line, 6); !unit.empty()) {
+    entry.unitCode = findUnitCode_(unit, currentParameter_);
+  }
+  if (const std::string_view yes = Field(line, 7); !yes.empty()) entry.yesFlag = ToUpperAscii(yes) == "YES";
+  const std::pair<int, float ParameterEntry::*> limits[] = {
+      {9, &ParameterEntry::limit9}, {10, &ParameterEntry::limit10}, {11, &ParameterEntry::limit11}};
+  for (const auto& [field, member] : limits) {
+    if (const std::string_view text = Field(line, field); !text.empty()) entry.*member = Limit(text);
+  }
+}
+
+/// A line without a parameter number adds a line to the texts 3 and 4 of the parameter before it.
+void DriverFileParser::ContinueTexts(std::string_view line) {
+  ParameterEntry& entry = table_.At(currentParameter_);
+  if (const std::string_view text = Field(line, 3); !text.empty()) entry.text3 += "\r\n" + std::string(text);
+  if (const std::string_view text = Field(line, 4); !text.empty()) {
+    entry.text4 += "\r\n" + LocaleDecimal(text, numbers_);
+  }
+}
+
+float DriverFileParser::Limit(std::string_view field) const {
+  return ToSingle(LocaleDecimal(field, numbers_), numbers_);
+}
+
+void LoadDriverFile(DriveContext& context, std::int16_t address) {
+  ParameterTable& table = context.parameterTables.At(address);
+  table = ParameterTable();
+  const std::string fileName = DriverFileName(context, address);
+  const auto file = context.ports.files.OpenForReading(fileName);
+  DriverFileParser parser(table, context.ports.locale.Numbers(), [&context](std::string_view keyword, int parameter) {
+    return UnitCode(context, keyword, parameter);
+  });
+  LineReader reader(*file);
+  for (TextLine line; reader.Next(line);) {
+    if (line.cut || !parser.TakeLine(context.ports.codePage.Decode(line.text))) {
+      ShowLineError(context, line.number, fileName);
+    }
+  }
+}
+
+std::string DriverFileName(DriveContext& context, std::int16_t address) {
+  const DriveRecord& drive = context.driveTable.At(address);
+  const std::string model = RemoveFirst(drive.Type, "-");
+  const std::string version = RemoveFirst(RemoveFirst(drive.FirmwareVersion, "."), ",");
+  const std::string ending = context.settings.strLanguage.substr(0, 1) + ".wcd";
+  std::string opened = version;
+  for (std::size_t open = 0; open <= 2 && open <= version.size(); ++open) {
+    if (open > 0) opened[version.size() - open] = 'X';
+    std::string candidate = JoinPath(context.settings.strDrivers, model + "V" + opened + ending);
+    if (context.ports.files.FileExists(candidate)) return candidate;
+  }
+  return JoinPath(context.settings.strDrivers, model + ending);
+}
+
+std::string RemoveFirst(std::string_view text, std::string_view piece) {
+  std::string result(text);
+  const std::size_t at = result.find(piece);
+  if (at != std::string::npos) result.erase(at, piece.size());
+  return result;
+}
+
+int CountChar(std::string_view text, char character) {
+  return static_cast<int>(std::count(text.begin(), text.end(), character));
+}
+
+std::string_view FieldBetween(std::string_view line, int i, int j) {
+  std::size_t begin = std::string_view::npos;
+  int count = 0;
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    if (line[at] != '#') continue;
+    ++count;
+    if (count == i) begin = at + 1;
+    if (count == j) return begin == std::string_view::npos ? std::string_view() : Trim(line.substr(begin, at - begin));
+  }
+  return {};
+}
+
+}  // namespace chartproject

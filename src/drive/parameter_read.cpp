@@ -1,0 +1,85 @@
+// The special cases by model, in the order in which they are tested.
+#include "drive/parameter_read.h"
+
+#include "common/numbers.h"
+#include "drive/drive_context.h"
+#include "drive/drive_models.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+using TellDependency = void (DriveLink::*)(std::int16_t value, std::int16_t& reply);
+
+/// Reads a parameter with its own unit; 0 when the drive does not answer.
+double ValueOrZero(DriveContext& context, std::int16_t parameter) {
+  double value = 0;
+  if (ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))) context.driveLink->GetValue(value);
+  return value;
+}
+
+/// A parameter whose unit the link works out from another one, which it must be told first.
+void ReadDependent(DriveContext& context, std::int16_t parameter, std::int16_t dependsOn, TellDependency tell,
+                   std::string& resultText) {
+  if (!ReadWithUnit(context, dependsOn, UnitCodeOf(context, dependsOn))) {
+    resultText.clear();
+    return;
+  }
+  double value = 0;
+  context.driveLink->GetValue(value);
+  std::int16_t reply = 0;
+  (*context.driveLink.*tell)(RoundToInteger16(value), reply);
+  if (ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))) context.driveLink->GetText(resultText);
+}
+
+/// KRA-08, parameter 2: the product of the parameters 5 and 208.
+void ComputeProduct(DriveContext& context, std::string& resultText) {
+  const double a = ValueOrZero(context, 5);
+  const double b = ValueOrZero(context, 208);
+  resultText = FormatTwoDecimals(b * a, context.ports.locale.Numbers());
+}
+
+/// KRD-04, parameters 32 and 33: the unit depends on parameter 14.
+void ReadByScale(DriveContext& context, std::int16_t parameter, std::string& resultText) {
+  const double scale = ValueOrZero(context, 14);
+  if (scale != 0 && scale != 1) return;
+  const std::int16_t unitCode = scale == 0 ? kDividedBy10UnitCode : kDividedBy100UnitCode;
+  if (ReadWithUnit(context, parameter, unitCode)) context.driveLink->GetText(resultText);
+}
+
+}  // namespace
+
+bool ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
+  const std::string& model = context.driveTable.At(context.currentDrive).Type;
+  if (!context.driveLink) throw RunTimeError(91, "The drive link is not open");
+  std::int16_t status = 0;
+  context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode, status);
+  return status == 0;
+}
+
+std::int16_t UnitCodeOf(DriveContext& context, std::int16_t parameter) {
+  return context.parameterTables.At(context.currentDrive).At(parameter).unitCode;
+}
+
+bool ReadOrdinary(DriveContext& context, std::int16_t parameter) {
+  return ReadWithUnit(context, parameter, ReadUnitCode(UnitCodeOf(context, parameter)));
+}
+
+bool ReadSpecialParameter(DriveContext& context, std::int16_t parameter, std::string& resultText) {
+  const std::string& model = context.driveTable.At(context.currentDrive).Type;
+  if (model == "KRA-09" && (parameter == 1 || parameter == 2)) {
+    ReadDependent(context, parameter, 210, &DriveLink::SetP210Value, resultText);
+  } else if (model == "KRA-09" && parameter == 40) {
+    ReadDependent(context, parameter, 529, &DriveLink::SetP529Value, resultText);
+  } else if (model == "KRA-08" && parameter == 2) {
+    ComputeProduct(context, resultText);
+  } else if (model == "KRD-04" && (parameter == 32 || parameter == 33)) {
+    ReadByScale(context, parameter, resultText);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace chartproject
