@@ -2,6 +2,7 @@
 // separators of the user's locale are put in and taken out here.
 #include "common/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -158,51 +159,53 @@ std::string GeneralText(double value, int significantDigits, const NumberFormat&
   return text;
 }
 
-/// A number as the decimal digits that a user sees (15 significant ones), rounded to a number of decimals with halves
-/// away from zero. Rounding the digits and not the binary fraction takes 1.005 to 1.01.
-struct RoundedDecimal {
-  RoundedDecimal(double value, int decimals) {
-    if (!std::isfinite(value)) throw RunTimeError(error_number::kOverflow, "Overflow");
-    constexpr int kSignificantDigits = 15;
-    std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                   std::chars_format::scientific, kSignificantDigits - 1);
-    const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
-    const std::size_t exponentAt = text.find('e');
-    const bool small = text[exponentAt + 1] == '-';
-    int exponent = 0;
-    std::from_chars(text.data() + exponentAt + 2, text.data() + text.size(), exponent);
+/// Decimal digits of a number, and after how many of them the decimal separator stands.
+struct DecimalDigits {
+  std::string digits;
+  std::size_t wholeCount;
+};
 
-    // Digits with a zero in front, which takes the carry.
-    const std::size_t zeros = small ? static_cast<std::size_t>(exponent) + 1 : 1;
-    digits.assign(zeros, '0').append(1, text[0]).append(text.substr(2, exponentAt - 2));
-    const std::size_t wholeDigits = small ? 2 : 2 + static_cast<std::size_t>(exponent);
-    const std::size_t kept = wholeDigits + static_cast<std::size_t>(decimals);
-    digits.resize(std::max(digits.size(), kept + 1), '0');
-    const bool up = digits[kept] >= '5';
-    digits.resize(kept);
-    if (up) Increment();
+/// The digits that a user sees (15 significant ones), with a zero in front that can take a carry.
+DecimalDigits VisibleDigits(double magnitude) {
+  constexpr int kSignificantDigits = 15;
+  std::array<char, 40> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
+                                 kSignificantDigits - 1);
+  // "d.dddde+xx"
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
+  const std::size_t exponentAt = text.find('e');
+  const std::string mantissa = std::string(1, text[0]).append(text.substr(2, exponentAt - 2));
+  std::size_t exponent = 0;
+  std::from_chars(text.data() + exponentAt + 2, text.data() + text.size(), exponent);
+  if (text[exponentAt + 1] == '-') return {std::string(exponent + 1, '0') + mantissa, 2};
+  return {"0" + mantissa, exponent + 2};
+}
 
-    const std::size_t firstShown = std::min(digits.find_first_not_of('0'), wholeDigits - 1);
-    digits.erase(0, firstShown);
-    whole = digits.substr(0, wholeDigits - firstShown);
-    fraction = digits.substr(wholeDigits - firstShown);
-    negative = value < 0 && digits.find_first_not_of('0') != std::string::npos;
-  }
+struct RoundedNumber {
+  bool negative;
+  std::string whole;  ///< at least one digit
+  std::string fraction;
+};
 
-  void Increment() {
-    std::size_t at = digits.size();
-    while (digits[--at] == '9') digits[at] = '0';
+/// Rounds to a number of decimals, halves away from zero. It rounds the digits and not the binary fraction: 1.005 is
+/// 1.01 to its reader, though the nearest double lies below it.
+RoundedNumber RoundForDisplay(double value, std::size_t decimals) {
+  if (!std::isfinite(value)) throw RunTimeError(error_number::kOverflow, "Overflow");
+  auto [digits, wholeCount] = VisibleDigits(std::fabs(value));
+  const std::size_t kept = wholeCount + decimals;
+  digits.resize(std::max(digits.size(), kept + 1), '0');
+  const bool up = digits[kept] >= '5';
+  digits.resize(kept);
+  if (up) {
+    std::size_t at = kept - 1;
+    while (digits[at] == '9') digits[at--] = '0';
     ++digits[at];
   }
-
-  bool negative = false;
-  std::string whole;
-  std::string fraction;
-
- private:
-  std::string digits;
-};
+  const std::size_t firstDigit = digits.find_first_not_of('0');
+  const std::size_t firstShown = std::min(firstDigit, wholeCount - 1);
+  return {value < 0 && firstDigit != std::string::npos, digits.substr(firstShown, wholeCount - firstShown),
+          digits.substr(wholeCount)};
+}
 
 }  // namespace
 
@@ -264,12 +267,12 @@ std::string DoubleText(double value, const NumberFormat& format) {
 }
 
 std::string FormatTwoDecimals(double value, const NumberFormat& format) {
-  const RoundedDecimal number(value, 2);
+  const RoundedNumber number = RoundForDisplay(value, 2);
   return (number.negative ? "-" : "") + number.whole + format.decimalSeparator + number.fraction;
 }
 
 std::string FormatGrouped(double value, const NumberFormat& format) {
-  const RoundedDecimal number(value, 0);
+  const RoundedNumber number = RoundForDisplay(value, 0);
   std::string text = number.negative ? "-" : "";
   for (std::size_t i = 0; i < number.whole.size(); ++i) {
     if (i > 0 && (number.whole.size() - i) % 3 == 0) text += format.groupSeparator;

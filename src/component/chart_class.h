@@ -12,7 +12,7 @@ namespace chartproject {
 ///
 /// Release is a call of its own, because it can fail and its caller must learn of it (the COM server's last Release,
 /// the program's end). An instance that is destroyed without it still releases, so that no setting is lost on the way
-/// out of an error; a failure then goes to the error log.
+/// out of an error; a failure is then logged and shown.
 class ChartClass {
  public:
   /// Throws RunTimeError when a setting or a drive file cannot be read: then there is no instance.

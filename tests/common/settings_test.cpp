@@ -1,0 +1,139 @@
+// Settings, language base, help file and decimal flag.
+#include <gmock/gmock.h>
+
+#include "common/environment.h"
+#include "common/language.h"
+#include "common/settings_io.h"
+#include "common/settings_table.h"
+#include "platform/run_time_error.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+class SettingsTest : public testing::Test {
+ protected:
+  void ReadAll() {
+    ReadConfSettings(environment);
+    ReadProjectSettings(environment);
+    ReadFolderSettings(environment);
+  }
+  void SaveAll() {
+    SaveConfSettings(environment);
+    SaveProjectSettings(environment);
+    SaveFolderSettings(environment);
+  }
+
+  FakePorts fakes;
+  Environment environment{fakes.ports, fakes.forms};
+};
+
+TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
+  ReadAll();
+  const Settings& settings = environment.settings;
+  EXPECT_EQ(settings.strLanguage, "English");
+  EXPECT_EQ(settings.lngMainBackColor, -2147483636);
+  EXPECT_EQ(settings.intShrinkEffect, 40);
+  EXPECT_EQ(settings.intTrials, 5);
+  EXPECT_EQ(settings.intSerialPort, 1);
+  EXPECT_EQ(settings.intChartType, 3);
+  EXPECT_EQ(settings.intTelegramTimeout, 300);
+  EXPECT_EQ(settings.lngModemDelay, 5000);
+  EXPECT_EQ(settings.strSound, "Yes");
+  EXPECT_EQ(settings.intSelectedDrive, 0);
+  EXPECT_EQ(settings.strBin, "");
+  EXPECT_THAT(settings.strDriveFile, testing::Each("0"));
+  for (const std::string& off :
+       {settings.strShrinkEffect, settings.strMaximizedfrmMain, settings.strMaximizedfrmParameters,
+        settings.strSoundClosingWindow, settings.strGrid, settings.strMarker}) {
+    EXPECT_EQ(off, "No");
+  }
+  const auto texts = DescribeSettings(settings);
+  EXPECT_EQ(std::ranges::count(texts, "Yes", &SettingDescription::value), 18);
+}
+
+TEST_F(SettingsTest, EveryStoredSettingComesBackUnchangedAndInOrder) {
+  int number = 100;
+  std::vector<std::string> order;
+  for (const SettingDescription& row : DescribeSettings({})) {
+    const std::string value = row.type == "text" ? "t" + std::to_string(++number) : "-" + std::to_string(++number);
+    fakes.settings.values[std::string(row.section)][std::string(row.key)] = value;
+    order.push_back(std::string(row.section) + "." + std::string(row.key));
+  }
+  ASSERT_EQ(order.size(), 32U + 35U + 8U);
+  fakes.settings.values["MyConf"]["strOfTheHost"] = "kept";
+  const auto before = fakes.settings.values;
+
+  ReadAll();
+  EXPECT_EQ(environment.settings.strDriveFile[9], before.at("MyProject").at("strDriveFile10"));
+  SaveAll();
+  EXPECT_EQ(fakes.settings.values, before);
+  EXPECT_EQ(fakes.settings.written, order);
+}
+
+TEST_F(SettingsTest, ABadIntegerNamesItsSectionAndKey) {
+  const auto messageOf = [&](const char* section, const char* key, const char* text) -> std::string {
+    fakes.settings.values = {{section, {{key, text}}}};
+    try {
+      ReadAll();
+    } catch (const RunTimeError& error) {
+      return std::to_string(error.Number()) + " " + error.what();
+    }
+    return {};
+  };
+  EXPECT_EQ(messageOf("MyConf", "intTrials", "many"), "13 Type mismatch: setting MyConf.intTrials is \"many\"");
+  EXPECT_EQ(messageOf("MyProject", "intSelectedDrive", ""),
+            "13 Type mismatch: setting MyProject.intSelectedDrive is \"\"");
+  EXPECT_EQ(messageOf("MyConf", "intChartType", "32768"), "6 Overflow: setting MyConf.intChartType is \"32768\"");
+  EXPECT_EQ(messageOf("MyConf", "lngModemDelay", "3000000000"),
+            "6 Overflow: setting MyConf.lngModemDelay is \"3000000000\"");
+  EXPECT_EQ(messageOf("MyConf", "lngModemDelay", " 70000 "), "");
+}
+
+TEST_F(SettingsTest, ASettingIsSetByName) {
+  const NumberFormat& format = fakes.locale.numbers;
+  SetSetting(environment.settings, "MyProject", "strDriveFile30", "D:\\p\\30.drv", format);
+  SetSetting(environment.settings, "MyConf", "intChartType", "7", format);
+  EXPECT_EQ(environment.settings.strDriveFile[29], "D:\\p\\30.drv");
+  EXPECT_EQ(environment.settings.intChartType, 7);
+  EXPECT_THROW(SetSetting(environment.settings, "MyConf", "strBin", "x", format), RunTimeError);
+  EXPECT_THROW(SetSetting(environment.settings, "MyProject", "strDriveFile31", "x", format), RunTimeError);
+}
+
+TEST_F(SettingsTest, TheLanguageDecidesBaseAndHelpFile) {
+  struct Case {
+    const char* language;
+    const char* folder;
+    int base;
+    const char* helpFile;
+  };
+  const Case cases[]{{"Portuguese", "C:\\help", 0, "C:\\help\\Kshelpp.HLP"},
+                     {"English", "", 1000, "\\Kshelpe.HLP"},
+                     {"Spanish", "/usr/help", 2000, "/usr/help/Kshelps.HLP"},
+                     {"english", "C:\\help", 0, ""}};
+  for (const Case& c : cases) {
+    Environment fresh{fakes.ports, fakes.forms};
+    fresh.settings.strLanguage = c.language;
+    fresh.settings.strHelps = c.folder;
+    SetLanguageBase(fresh);
+    SetHelpFile(fresh);
+    EXPECT_EQ(fresh.languageBase, c.base) << c.language;
+    EXPECT_EQ(fresh.helpFile, c.helpFile) << c.language;
+  }
+  environment.languageBase = 2000;
+  environment.settings.strLanguage = "Klingon";
+  SetLanguageBase(environment);
+  EXPECT_EQ(environment.languageBase, 2000) << "an unknown language leaves the base as it was";
+}
+
+TEST_F(SettingsTest, TheDecimalFlagFollowsTheLocale) {
+  fakes.locale.UseComma();
+  ComputeDecimalPoint(environment);
+  EXPECT_FALSE(environment.bDecimalPoint);
+  fakes.locale.numbers = {".", "'"};
+  ComputeDecimalPoint(environment);
+  EXPECT_TRUE(environment.bDecimalPoint);
+}
+
+}  // namespace
+}  // namespace chartproject
