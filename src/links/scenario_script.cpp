@@ -1,0 +1,118 @@
+// Parsing a script, and looking moments up in it.
+#include "links/scenario_script.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "common/line_reader.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr int kLastAddress = 30;
+constexpr int kParameters = 1000;
+
+/// Takes the next word off the front of a line.
+std::string_view TakeWord(std::string_view& line) {
+  const std::size_t begin = line.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) {
+    line = {};
+    return {};
+  }
+  const std::size_t end = std::min(line.find_first_of(kBlanks, begin), line.size());
+  const std::string_view word = line.substr(begin, end - begin);
+  line.remove_prefix(end);
+  return word;
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t begin = text.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+
+/// A whole number written in digits only. @param digits how many there must be; 0 for any
+std::optional<std::int64_t> WholeNumber(std::string_view word, std::size_t digits) {
+  std::int64_t value = 0;
+  const auto result = std::from_chars(word.data(), word.data() + word.size(), value);
+  const bool whole = !word.empty() && word.front() != '-' && result.ec == std::errc() &&
+                     result.ptr == word.data() + word.size() && (digits == 0 || word.size() == digits);
+  return whole ? std::optional(value) : std::nullopt;
+}
+
+template <typename Timelines>
+void SortByTime(Timelines& timelines) {
+  for (auto& [key, timeline] : timelines) {
+    std::stable_sort(timeline.begin(), timeline.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  }
+}
+
+/// The value that holds at a moment: that of the last entry at or before it.
+template <typename Timelines>
+auto* ValueAt(const Timelines& timelines, int key, std::int64_t moment) {
+  using Value = const typename Timelines::mapped_type::value_type::second_type;
+  const auto found = timelines.find(key);
+  if (found == timelines.end()) return static_cast<Value*>(nullptr);
+  const auto& timeline = found->second;
+  const auto after = std::upper_bound(timeline.begin(), timeline.end(), moment,
+                                      [](std::int64_t time, const auto& entry) { return time < entry.first; });
+  return after == timeline.begin() ? static_cast<Value*>(nullptr) : &std::prev(after)->second;
+}
+
+}  // namespace
+
+ScenarioScript ScenarioScript::Load(FileSystem& files, const std::string& fileName) {
+  const auto file = files.OpenForReading(fileName);
+  ScenarioScript script;
+  LineReader reader(*file);
+  for (TextLine line; reader.Next(line);) {
+    if (line.cut || !script.TakeLine(line.text)) {
+      constexpr std::size_t kMostShown = 200;
+      throw RunTimeError(error_number::kInvalidProcedureCall, fileName + ", line " + std::to_string(line.number) +
+                                                                  ": " + std::string(line.text.substr(0, kMostShown)));
+    }
+  }
+  script.SortTimelines();
+  return script;
+}
+
+bool ScenarioScript::TakeLine(std::string_view line) {
+  line = TrimBlanks(line.substr(0, line.find('#')));
+  if (line.empty()) return true;
+  if (TakeWord(line) != "at") return false;
+  const auto time = WholeNumber(TakeWord(line), 0);
+  const auto address = WholeNumber(TakeWord(line), 2);
+  if (!time || !address || *address > kLastAddress) return false;
+  const int drive = static_cast<int>(*address);
+  const std::string_view what = TakeWord(line);
+  const std::string_view rest = TrimBlanks(line);
+  if (what == "silent" || what == "answers") {
+    silences_[drive].emplace_back(*time, what == "silent");
+    return rest.empty();
+  }
+  if (what.empty() || what.front() != 'P' || rest.empty()) return false;
+  const auto parameter = WholeNumber(what.substr(1), 3);
+  if (!parameter) return false;
+  texts_[drive * kParameters + static_cast<int>(*parameter)].emplace_back(*time, rest);
+  return true;
+}
+
+void ScenarioScript::SortTimelines() {
+  SortByTime(texts_);
+  SortByTime(silences_);
+}
+
+bool ScenarioScript::IsSilent(int address, std::int64_t milliseconds) const {
+  const bool* const silent = ValueAt(silences_, address, milliseconds);
+  return silent != nullptr && *silent;
+}
+
+const std::string* ScenarioScript::TextAt(int address, int parameter, std::int64_t milliseconds) const {
+  return ValueAt(texts_, address * kParameters + parameter, milliseconds);
+}
+
+}  // namespace chartproject
