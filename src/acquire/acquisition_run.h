@@ -67,22 +67,23 @@ class AcquisitionRun {
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
   /// Free bytes found when the run ended with RunEnd::kDiskSpace.
   [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpace_; }
-  /// Why a row could not be kept (RunEnd::kFailed).
+  /// The system's reason for RunEnd::kFailed.
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
  private:
   void ReadColumns(PointRow& row);
-  void KeepInSpool(const PointRow& row);
-  void FinishAt(RunEnd reason);
+  void KeepInSpool(const PointRow& row, bool first);
+  [[nodiscard]] bool DiskNearlyFull();
+  void FinishAs(RunEnd reason);
 
   Component& component_;
   RunState state_ = RunState::kIdle;
   RunEnd end_ = RunEnd::kNone;
   RunPlan plan_;
+  std::string spoolFileName_;
   std::int32_t counter_ = 0;
   std::vector<PointRow> rows_;  ///< by point number minus 1 in memory mode; one entry in spool mode
-  std::string rowBytes_;        ///< the row being spooled; kept for its capacity
-  std::int32_t rowsSpooled_ = 0;
+  std::string rowLine_;         ///< the row being spooled; kept for its capacity
   std::uint64_t freeSpace_ = 0;
   std::string failureReason_;
 };

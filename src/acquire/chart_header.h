@@ -1,7 +1,9 @@
 // The header of a chart file in memory: one text per key, shared by writer, reader and both forms.
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace chartproject {
 
@@ -25,6 +27,34 @@ struct ChartHeader {
   std::string EndDate;
   std::string EndTime;
 };
+
+/// A header line: its key and the field that holds its value.
+struct HeaderKey {
+  std::string_view key;
+  std::string ChartHeader::*field;
+  bool leftOutWhenEmpty;  ///< the line is written only when there is a value
+};
+
+/// All keys in the order of the file, in which a reader also tries them.
+inline constexpr std::array<HeaderKey, 17> kHeaderKeys{{
+    {"Drive Address=", &ChartHeader::DriveAddress, false},
+    {"Number of Parameters=", &ChartHeader::NumberOfParameters, false},
+    {"PXXX1=", &ChartHeader::PXXX1, false},
+    {"PXXX2=", &ChartHeader::PXXX2, false},
+    {"PXXX3=", &ChartHeader::PXXX3, false},
+    {"PXXX4=", &ChartHeader::PXXX4, false},
+    {"Scan Time=", &ChartHeader::ScanTime, false},
+    {"Unit=", &ChartHeader::Unit, true},
+    {"Number of Points=", &ChartHeader::NumberOfPoints, false},
+    {"Trigger Mode=", &ChartHeader::TriggerMode, true},
+    {"Event=", &ChartHeader::Event, false},
+    {"PXXX=", &ChartHeader::PXXX, false},
+    {"Content=", &ChartHeader::Content, false},
+    {"Start Date=", &ChartHeader::StartDate, false},
+    {"Start Time=", &ChartHeader::StartTime, false},
+    {"End Date=", &ChartHeader::EndDate, false},
+    {"End Time=", &ChartHeader::EndTime, false},
+}};
 
 /// The number that marks a parameter column which is not in use; never written to a file.
 inline constexpr int kUnusedParameter = 999;

@@ -1,0 +1,165 @@
+// The dialog's life: texts and handlers, loading, reset, closing.
+#include "acquire/acquire_form.h"
+
+#include "acquire/input_rules.h"
+#include "common/appearance.h"
+#include "common/error_log.h"
+#include "common/form_translation.h"
+#include "common/sounds.h"
+#include "common/text.h"
+#include "common/window_place.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kHelpContext = 91;
+constexpr int kEscWatchMilliseconds = 100;
+
+/// A text of the message table as forms hold it: the Portuguese id.
+std::string TextNumber(int message) { return std::to_string(1000 + message); }
+
+}  // namespace
+
+AcquireForm::AcquireForm(Component& component)
+    : Form(component.forms, "frmAcquireVar",
+           [&component](const std::string& routine, const RunTimeError& error) {
+             LogRunTimeError(component, routine, error);
+           }),
+      component_(component),
+      run_(component) {
+  NumberTexts();
+  PlaceControls();
+  Connect();
+}
+
+AcquireForm::~AcquireForm() = default;
+
+void AcquireForm::NumberTexts() {
+  SetTag(TextNumber(14));
+  const std::initializer_list<std::pair<Control*, int>> captions{
+      {&fraFileName, 5},   {&lblDriveAddress, 3},    {&lblNumberOfParameters, 47},
+      {&lblParameters, 4}, {&lblNumberOfPoints, 6},  {&lblNumberOfPointsRange, 60},
+      {&lblTimeBetweenPoints, 7}, {&lblTriggerMode, 21}, {&lblEvent, 19},
+      {&lblPXXX, 44},      {&lblContent, 45},        {&cmdStart, 43},
+      {&lblStart, 16},     {&cmdTrigger, 17},        {&lblTrigger, 16},
+      {&cmdViewChart, 15}, {&cmdReset, 8},           {&cmdOK, 10},
+      {&cmdBrowse, 85},    {&lblAcquiring, 2},       {&lblTimeBetweenPointsPB, 7}};
+  for (const auto& [control, message] : captions) control->SetTag(TextNumber(message));
+  const std::initializer_list<std::pair<Control*, int>> toolTips{
+      {&cmdReset, 9}, {&cmdOK, 11}, {&cmdViewChart, 15}, {&cmdStart, 43}, {&cmdTrigger, 17}};
+  for (const auto& [control, message] : toolTips) control->SetToolTipText(TextNumber(message));
+  cmdOK.SetDefault(true);
+  cmdOK.SetCancel(true);
+}
+
+void AcquireForm::On(Event& event, const Control& control, std::string_view eventName,
+                     void (AcquireForm::*handler)()) {
+  event.routine = control.Name() + "_" + std::string(eventName);
+  event.handler = [this, handler] { (this->*handler)(); };
+}
+
+void AcquireForm::Connect() {
+  On(rtfFileName.change, rtfFileName, "Change", &AcquireForm::rtfFileName_Change);
+  On(cmdNewFile.click, cmdNewFile, "Click", &AcquireForm::PromptFileName);
+  On(cmdBrowse.click, cmdBrowse, "Click", &AcquireForm::cmdBrowse_Click);
+  On(cboDriveAddress.click, cboDriveAddress, "Click", &AcquireForm::cboDriveAddress_Click);
+  On(cboNumberOfParameters.click, cboNumberOfParameters, "Click", &AcquireForm::cboNumberOfParameters_Click);
+  for (ComboBox* list : ParameterLists()) On(list->click, *list, "Click", &AcquireForm::UpdateStartButtons);
+  On(cboPXXX.click, cboPXXX, "Click", &AcquireForm::UpdateStartButtons);
+  On(txtNumberOfPoints.change, txtNumberOfPoints, "Change", &AcquireForm::txtNumberOfPoints_Change);
+  On(txtTimeBetweenPoints.change, txtTimeBetweenPoints, "Change", &AcquireForm::txtTimeBetweenPoints_Change);
+  On(txtTimeBetweenPoints.lostFocus, txtTimeBetweenPoints, "LostFocus", &AcquireForm::txtTimeBetweenPoints_LostFocus);
+  On(mebTimeBetweenPoints.change, mebTimeBetweenPoints, "Change", &AcquireForm::mebTimeBetweenPoints_Change);
+  On(mebTimeBetweenPoints.lostFocus, mebTimeBetweenPoints, "LostFocus", &AcquireForm::mebTimeBetweenPoints_LostFocus);
+  On(cboTimeBetweenPointsUnit.click, cboTimeBetweenPointsUnit, "Click", &AcquireForm::cboTimeBetweenPointsUnit_Click);
+  On(cboTriggerMode.click, cboTriggerMode, "Click", &AcquireForm::cboTriggerMode_Click);
+  On(cboEvent.click, cboEvent, "Click", &AcquireForm::cboEvent_Click);
+  On(txtContent.change, txtContent, "Change", &AcquireForm::txtContent_Change);
+  On(cmdStart.click, cmdStart, "Click", &AcquireForm::cmdStart_Click);
+  On(cmdTrigger.click, cmdTrigger, "Click", &AcquireForm::cmdTrigger_Click);
+  On(cmdViewChart.click, cmdViewChart, "Click", &AcquireForm::cmdViewChart_Click);
+  On(cmdReset.click, cmdReset, "Click", &AcquireForm::cmdReset_Click);
+  On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
+  On(tmrAcquire.tick, tmrAcquire, "Timer", &AcquireForm::tmrAcquire_Tick);
+  On(tmrEventTrigger.tick, tmrEventTrigger, "Timer", &AcquireForm::tmrEventTrigger_Tick);
+  On(tmrMonitorEsc.tick, tmrMonitorEsc, "Timer", &AcquireForm::tmrMonitorEsc_Tick);
+  On(tmrEscReleased.tick, tmrEscReleased, "Timer", &AcquireForm::tmrEscReleased_Tick);
+  helpRequested = {"Form_Help",
+                   [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
+}
+
+void AcquireForm::OnLoad() {
+  TranslateForm(component_, *this);
+  cmdNewFile.SetCaption(LoadExtraText(component_, ExtraText::kNewFile));
+  cmdNewFile.SetToolTipText(LoadExtraText(component_, ExtraText::kNewFileTip));
+  cmdBrowse.SetToolTipText(LoadExtraText(component_, ExtraText::kBrowseTip));
+  ResetForm();
+  loading_ = true;
+  rtfFileName.SetText(JoinPath(component_.settings.strFolder, "Test.cht"));
+  loading_ = false;
+  FileNameChanged();
+  SetHeight(kSetUpHeight);
+  for (Control* control : Controls()) {
+    if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);
+  }
+  tmrMonitorEsc.SetInterval(kEscWatchMilliseconds);
+  LoadAppearance();
+  SetHelpContextId(kHelpContext);
+  const std::string& hostFolder = component_.settings.strBin;
+  if (component_.ports.files.FolderExists(hostFolder)) component_.ports.files.ChangeFolder(hostFolder);
+  SetPointer(MousePointer::kDefault);
+}
+
+void AcquireForm::LoadAppearance() {
+  SetFormIcon(component_, *this);
+  RestoreWindowPlace(component_, *this);
+  LoadButtonCursor(component_);
+  SetButtonCursor(component_, cmdOK);
+}
+
+void AcquireForm::ResetForm() {
+  const HourglassScope hourglass(*this);
+  cmdViewChart.SetVisible(false);
+  FillDriveAddressList();
+  FillNumberOfParametersList();
+  txtNumberOfPoints.SetText("5");
+  SetUpTimeFields();
+  FillEventList();
+  txtContent.SetText("0");
+  FillTriggerModeList();
+  lblProgress.SetCaption("");
+  UpdateStartButtons();
+  // Typing a file name resets the other fields at every letter; the letters that follow belong to the name.
+  if (!typingFileName_ && cboDriveAddress.Visible()) cboDriveAddress.SetFocus();
+}
+
+bool AcquireForm::OnQueryClose() {
+  StopRun();
+  return true;
+}
+
+void AcquireForm::OnUnload() {
+  StopRun();
+  for (Timer* timer : {&tmrAcquire, &tmrEventTrigger, &tmrMonitorEsc, &tmrEscReleased}) timer->SetEnabled(false);
+  SaveWindowPlace(component_, *this);
+  PlayClosingSound(component_);
+}
+
+void AcquireForm::cmdReset_Click() {
+  PlayWave(component_, "NIMClick.wav", true);
+  ResetForm();
+}
+
+void AcquireForm::cmdOK_Click() {
+  component_.strChartFileName.clear();
+  PlayWave(component_, "NIMClick.wav", true);
+  Unload();
+}
+
+void AcquireForm::cmdViewChart_Click() {
+  component_.strChartFileName = rtfFileName.Text();
+  if (component_.showChart) component_.showChart(component_, component_.strChartFileName);
+}
+
+}  // namespace chartproject

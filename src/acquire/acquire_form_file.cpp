@@ -1,0 +1,105 @@
+// The chart file of the dialog: its name, and the header of a file that is already there.
+#include "acquire/acquire_form.h"
+#include "acquire/input_rules.h"
+#include "common/messages.h"
+#include "common/text.h"
+
+namespace chartproject {
+
+namespace {
+
+/// Hide the read-only box, and the file must exist.
+constexpr std::int32_t kOpenFlags = 4100;
+constexpr int kEnterFileName = 0;  // messages
+constexpr int kChartFile = 1;
+
+}  // namespace
+
+bool AcquireForm::SelectItem(ComboBox& list, std::string_view text) {
+  for (int index = 0; index < list.ListCount(); ++index) {
+    if (list.Items()[static_cast<std::size_t>(index)] != text) continue;
+    list.SetListIndex(index);
+    return true;
+  }
+  return false;
+}
+
+void AcquireForm::FileNameChanged() {
+  const std::string fileName = rtfFileName.Text();
+  component_.strChartFileName = fileName;
+  const bool exists = component_.ports.files.FileExists(fileName);
+  cmdReset_Click();
+  if (exists) {
+    ReadChartHeader(component_);
+    ShowHeaderInForm();
+    UpdateViewChartButton();
+  }
+  UpdateStartButtons();
+}
+
+void AcquireForm::rtfFileName_Change() {
+  if (loading_) return;
+  const HourglassScope hourglass(*this);
+  typingFileName_ = true;
+  try {
+    FileNameChanged();
+  } catch (...) {
+    typingFileName_ = false;
+    throw;
+  }
+  typingFileName_ = false;
+}
+
+void AcquireForm::ShowHeaderInForm() {
+  const ChartHeader header = component_.chartHeader;  // the handlers that run meanwhile may change the shared one
+  SelectItem(cboDriveAddress, header.DriveAddress);
+  SelectItem(cboNumberOfParameters, header.NumberOfParameters);
+  SelectItem(cboPXXX1, header.PXXX1);
+  SelectItem(cboPXXX2, header.PXXX2);
+  SelectItem(cboPXXX3, header.PXXX3);
+  SelectItem(cboPXXX4, header.PXXX4);
+  SelectItem(cboTimeBetweenPointsUnit, header.Unit);
+  const bool masked = cboTimeBetweenPointsUnit.ListIndex() == time_unit::kHoursMinutesSeconds;
+  TextControl& timeField = masked ? static_cast<TextControl&>(mebTimeBetweenPoints) : txtTimeBetweenPoints;
+  timeField.SetText(header.ScanTime);
+  txtNumberOfPoints.SetText(header.NumberOfPoints);
+  SelectItem(cboTriggerMode, TriggerModeText(component_, header.TriggerMode));
+  SelectItem(cboEvent, EventText(component_, header.Event));
+  SelectItem(cboPXXX, header.PXXX);
+  txtContent.SetText(header.Content);
+}
+
+void AcquireForm::UpdateViewChartButton() {
+  cmdViewChart.SetVisible(component_.ports.files.FileExists(rtfFileName.Text()));
+}
+
+void AcquireForm::ConfigureFileDialog(OpenFileRequest& request, const std::string& extension) const {
+  request.initialFolder = component_.settings.strFolder;
+  request.flags = kOpenFlags;
+  request.filter = "Chart Files (*." + extension + ")|*." + extension;
+  request.filterIndex = 2;
+}
+
+void AcquireForm::cmdBrowse_Click() {
+  OpenFileRequest request;
+  ConfigureFileDialog(request, "cht");
+  const auto chosen = component_.ports.dialogs.ShowOpenFile(request);
+  if (!chosen || chosen->empty()) return;
+  loading_ = true;  // one reaction to the new name, not two
+  rtfFileName.SetText(*chosen);
+  loading_ = false;
+  FileNameChanged();
+}
+
+void AcquireForm::PromptFileName() {
+  FileSystem& files = component_.ports.files;
+  const std::string folderBefore = files.CurrentFolder();
+  const std::string& hostFolder = component_.settings.strBin;
+  if (files.FolderExists(hostFolder)) files.ChangeFolder(hostFolder);
+  const std::string answer = component_.ports.dialogs.ShowInputBox(
+      {LoadMessage(component_, kEnterFileName), LoadMessage(component_, kChartFile), component_.helpFile});
+  files.ChangeFolder(folderBefore);
+  if (!answer.empty()) rtfFileName.SetText(JoinPath(component_.settings.strFolder, answer + ".cht"));
+}
+
+}  // namespace chartproject

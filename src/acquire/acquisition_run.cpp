@@ -1,0 +1,140 @@
+// The recording: points are read, kept in memory or spooled, and written to the chart file at the end.
+#include "acquire/acquisition_run.h"
+
+#include "common/numbers.h"
+#include "drive/drive_models.h"
+#include "drive/special_parameters.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr std::int16_t kStatusParameter = 6;
+
+}  // namespace
+
+std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
+  std::string text;
+  if (ReadSpecialParameter(context, parameter, text)) return text;
+  const std::int16_t drive = context.currentDrive;
+  const std::string& model = context.driveTable.At(drive).Type;
+  const std::int16_t unitCode = ReadUnitCode(context.parameterTables.At(drive).At(parameter).unitCode);
+  std::int16_t status = 0;
+  context.driveLink->ReadParameter(drive, ModelCode(model), parameter, unitCode, status);
+  text = "0";
+  if (status == 0) context.driveLink->GetText(text);
+  const bool asRead = model == "KRA-05" || model == "KRA-09" || parameter == kStatusParameter;
+  return asRead ? text : DisplayValue(context, parameter, text, model);
+}
+
+void AcquisitionRun::Arm(const RunPlan& plan) {
+  plan_ = plan;
+  counter_ = 0;
+  end_ = RunEnd::kNone;
+  state_ = RunState::kArmed;
+}
+
+void AcquisitionRun::BeginSampling(const RunPlan& plan) {
+  Arm(plan);
+  BeginSampling();
+}
+
+void AcquisitionRun::BeginSampling() {
+  spoolFileName_ = SpoolFileName(plan_.fileName);
+  failureReason_.clear();
+  rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 1, PointRow{});
+  ChartHeader& header = component_.chartHeader;
+  for (std::string* text : {&header.StartDate, &header.StartTime, &header.EndDate, &header.EndTime}) text->clear();
+  state_ = RunState::kSampling;
+}
+
+void AcquisitionRun::TakePoint() {
+  if (state_ != RunState::kSampling) return;
+  component_.currentDrive = plan_.driveAddress;
+  const DateTime now = component_.ports.clock.LocalNow();
+  const std::int32_t number = counter_ + 1;
+  PointRow& row = rows_[RowsInMemory() ? static_cast<std::size_t>(number - 1) : 0];
+  bool diskNearlyFull = false;
+  try {
+    row.time = FormatTimeOfDay(now.hour, now.minute, now.second);
+    ReadColumns(row);
+    if (!RowsInMemory()) {
+      KeepInSpool(row, number == 1);
+      diskNearlyFull = DiskNearlyFull();
+    }
+  } catch (const RunTimeError& error) {
+    // The link itself or the spool file failed: this point is lost, those before it are not.
+    row = PointRow{};
+    failureReason_ = error.Description();
+    Stop(RunEnd::kFailed);
+    return;
+  }
+  counter_ = number;
+  Locale& locale = component_.ports.locale;
+  if (number == 1) {
+    component_.chartHeader.StartDate = locale.DateText(now);
+    component_.chartHeader.StartTime = row.time;
+  }
+  if (number == plan_.numberOfPoints) {
+    component_.chartHeader.EndDate = locale.DateText(now);
+    component_.chartHeader.EndTime = row.time;
+  }
+  if (diskNearlyFull) {
+    Stop(RunEnd::kDiskSpace);
+  } else if (number == plan_.numberOfPoints) {
+    FinishAs(RunEnd::kComplete);
+  }
+}
+
+void AcquisitionRun::ReadColumns(PointRow& row) {
+  for (int column = 0; column < kColumnCount; ++column) {
+    const auto index = static_cast<std::size_t>(column);
+    const std::int16_t parameter = plan_.columns[index];
+    const bool inUse = parameter != kUnusedParameter && (column == 0 || column < plan_.parameterCount);
+    if (inUse) row.values[index] = ReadColumnText(component_, parameter);
+  }
+}
+
+void AcquisitionRun::KeepInSpool(const PointRow& row, bool first) {
+  FileSystem& files = component_.ports.files;
+  if (first && files.FileExists(spoolFileName_)) files.Delete(spoolFileName_);
+  rowLine_.clear();
+  AppendRowLine(rowLine_, row);
+  files.Append(spoolFileName_, component_.ports.codePage.Encode(rowLine_));
+}
+
+bool AcquisitionRun::DiskNearlyFull() {
+  freeSpace_ = component_.ports.files.SpaceFor(component_.strChartFileName).totalFree;
+  return freeSpace_ < kReservedSpace;
+}
+
+void AcquisitionRun::Stop(RunEnd reason) {
+  if (!Active()) return;
+  if (state_ == RunState::kSampling) {
+    const DateTime now = component_.ports.clock.LocalNow();
+    component_.chartHeader.EndDate = component_.ports.locale.DateText(now);
+    component_.chartHeader.EndTime = component_.ports.locale.TimeText(now);
+  }
+  FinishAs(reason);
+}
+
+void AcquisitionRun::FinishAs(RunEnd reason) {
+  end_ = reason;
+  state_ = RunState::kFinished;
+}
+
+ChartWriteResult AcquisitionRun::Close() {
+  ChartWriteResult result;
+  if (state_ != RunState::kFinished) return result;
+  if (counter_ > 0) {
+    const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
+    result = RowsInMemory()
+                 ? writer.WriteRows(plan_.fileName, component_.chartHeader, rows_, component_.settings.strFolder)
+                 : writer.WriteSpool(plan_.fileName, component_.chartHeader);
+  }
+  rows_ = {};
+  state_ = RunState::kIdle;
+  return result;
+}
+
+}  // namespace chartproject

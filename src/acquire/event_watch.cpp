@@ -1,0 +1,70 @@
+// How each event is looked for on the drive.
+#include "acquire/event_watch.h"
+
+#include "acquire/trigger_events.h"
+#include "drive/drive_models.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr std::int16_t kStatusParameter = 6;
+constexpr std::int16_t kInputParameter = 12;
+
+/// Reads a parameter of the current drive; the value stays in the link.
+bool Answers(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
+  std::int16_t status = 0;
+  const std::string& model = context.driveTable.At(context.currentDrive).Type;
+  context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode, status);
+  return status == 0;
+}
+
+std::int16_t UnitCodeOf(DriveContext& context, std::int16_t parameter) {
+  return context.parameterTables.At(context.currentDrive).At(parameter).unitCode;
+}
+
+std::int16_t TestState(DriveContext& context, std::string_view state) {
+  if (!Answers(context, kStatusParameter, kDirectUnitCode)) return watch_code::kNoAnswer;
+  double word = 0;
+  context.driveLink->GetValue(word);
+  DecodeStatus(context.status, word);
+  return context.status.strStatus == state ? watch_code::kOccurred : watch_code::kNotYet;
+}
+
+/// @param input 1 to 8; @param level 'I' for 0, 'A' for 1
+std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
+  if (!Answers(context, kInputParameter, UnitCodeOf(context, kInputParameter))) return watch_code::kInputNotYet;
+  std::string text;
+  context.driveLink->GetText(text);
+  return text.size() >= input && text[input - 1] == level ? watch_code::kOccurred : watch_code::kInputNotYet;
+}
+
+bool Compare(int position, double value, double content) {
+  switch (position - kFirstCompareEvent) {
+    case 0: return value > content;
+    case 1: return value < content;
+    case 2: return value == content;
+    case 3: return value >= content;
+    default: return value <= content;
+  }
+}
+
+std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
+  const std::int16_t unitCode = ReadUnitCode(UnitCodeOf(context, event.parameter));
+  if (!Answers(context, event.parameter, unitCode)) return watch_code::kNoAnswer;
+  double value = 0;
+  context.driveLink->GetValue(value);
+  return Compare(event.position, value, event.content) ? watch_code::kOccurred : watch_code::kNotYet;
+}
+
+}  // namespace
+
+std::int16_t TestEvent(DriveContext& context, const WatchedEvent& event) {
+  if (event.position < 0 || event.position >= kEventCount) return watch_code::kNotYet;
+  if (event.position < kFirstInputEvent) return TestState(context, EventCode(event.position));
+  if (IsCompareEvent(event.position)) return TestComparison(context, event);
+  const int pair = event.position - kFirstInputEvent;
+  return TestInput(context, static_cast<std::size_t>(pair / 2 + 1), pair % 2 == 0 ? 'I' : 'A');
+}
+
+}  // namespace chartproject
