@@ -1,13 +1,11 @@
 // The dialog's life: texts and handlers, loading, reset, closing.
 #include "acquire/acquire_form.h"
 
-#include "acquire/input_rules.h"
-#include "common/appearance.h"
 #include "common/error_log.h"
+#include "common/form_appearance.h"
 #include "common/form_translation.h"
 #include "common/sounds.h"
 #include "common/text.h"
-#include "common/window_place.h"
 
 namespace chartproject {
 
@@ -17,15 +15,14 @@ constexpr int kHelpContext = 91;
 constexpr int kEscWatchMilliseconds = 100;
 
 /// A text of the message table as forms hold it: the Portuguese id.
-std::string TextNumber(int message) { return std::to_string(1000 + message); }
+std::string TextNumber(int message) {
+  return std::to_string(1000 + message);
+}
 
 }  // namespace
 
 AcquireForm::AcquireForm(Component& component)
-    : Form(component.forms, "frmAcquireVar",
-           [&component](const std::string& routine, const RunTimeError& error) {
-             LogRunTimeError(component, routine, error);
-           }),
+    : Form(component.forms, "frmAcquireVar", MakeHandlerErrorReporter(component)),
       component_(component),
       run_(component) {
   NumberTexts();
@@ -37,14 +34,27 @@ AcquireForm::~AcquireForm() = default;
 
 void AcquireForm::NumberTexts() {
   SetTag(TextNumber(14));
-  const std::initializer_list<std::pair<Control*, int>> captions{
-      {&fraFileName, 5},   {&lblDriveAddress, 3},    {&lblNumberOfParameters, 47},
-      {&lblParameters, 4}, {&lblNumberOfPoints, 6},  {&lblNumberOfPointsRange, 60},
-      {&lblTimeBetweenPoints, 7}, {&lblTriggerMode, 21}, {&lblEvent, 19},
-      {&lblPXXX, 44},      {&lblContent, 45},        {&cmdStart, 43},
-      {&lblStart, 16},     {&cmdTrigger, 17},        {&lblTrigger, 16},
-      {&cmdViewChart, 15}, {&cmdReset, 8},           {&cmdOK, 10},
-      {&cmdBrowse, 85},    {&lblAcquiring, 2},       {&lblTimeBetweenPointsPB, 7}};
+  const std::initializer_list<std::pair<Control*, int>> captions{{&fraFileName, 5},
+                                                                 {&lblDriveAddress, 3},
+                                                                 {&lblNumberOfParameters, 47},
+                                                                 {&lblParameters, 4},
+                                                                 {&lblNumberOfPoints, 6},
+                                                                 {&lblNumberOfPointsRange, 60},
+                                                                 {&lblTimeBetweenPoints, 7},
+                                                                 {&lblTriggerMode, 21},
+                                                                 {&lblEvent, 19},
+                                                                 {&lblPXXX, 44},
+                                                                 {&lblContent, 45},
+                                                                 {&cmdStart, 43},
+                                                                 {&lblStart, 16},
+                                                                 {&cmdTrigger, 17},
+                                                                 {&lblTrigger, 16},
+                                                                 {&cmdViewChart, 15},
+                                                                 {&cmdReset, 8},
+                                                                 {&cmdOK, 10},
+                                                                 {&cmdBrowse, 85},
+                                                                 {&lblAcquiring, 2},
+                                                                 {&lblTimeBetweenPointsPB, 7}};
   for (const auto& [control, message] : captions) control->SetTag(TextNumber(message));
   const std::initializer_list<std::pair<Control*, int>> toolTips{
       {&cmdReset, 9}, {&cmdOK, 11}, {&cmdViewChart, 15}, {&cmdStart, 43}, {&cmdTrigger, 17}};
@@ -53,8 +63,7 @@ void AcquireForm::NumberTexts() {
   cmdOK.SetCancel(true);
 }
 
-void AcquireForm::On(Event& event, const Control& control, std::string_view eventName,
-                     void (AcquireForm::*handler)()) {
+void AcquireForm::On(Event& event, const Control& control, std::string_view eventName, void (AcquireForm::*handler)()) {
   event.routine = control.Name() + "_" + std::string(eventName);
   event.handler = [this, handler] { (this->*handler)(); };
 }
@@ -85,36 +94,40 @@ void AcquireForm::Connect() {
   On(tmrEventTrigger.tick, tmrEventTrigger, "Timer", &AcquireForm::tmrEventTrigger_Tick);
   On(tmrMonitorEsc.tick, tmrMonitorEsc, "Timer", &AcquireForm::tmrMonitorEsc_Tick);
   On(tmrEscReleased.tick, tmrEscReleased, "Timer", &AcquireForm::tmrEscReleased_Tick);
-  helpRequested = {"Form_Help",
-                   [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
+  helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
 }
 
 void AcquireForm::OnLoad() {
-  TranslateForm(component_, *this);
+  TranslateForm(*this, component_);
   cmdNewFile.SetCaption(LoadExtraText(component_, ExtraText::kNewFile));
   cmdNewFile.SetToolTipText(LoadExtraText(component_, ExtraText::kNewFileTip));
   cmdBrowse.SetToolTipText(LoadExtraText(component_, ExtraText::kBrowseTip));
   ResetForm();
-  loading_ = true;
-  rtfFileName.SetText(JoinPath(component_.settings.strFolder, "Test.cht"));
-  loading_ = false;
-  FileNameChanged();
+  NameFile(JoinPath(component_.settings.strFolder, "Test.cht"));
   SetHeight(kSetUpHeight);
   for (Control* control : Controls()) {
     if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);
   }
   tmrMonitorEsc.SetInterval(kEscWatchMilliseconds);
-  LoadAppearance();
-  SetHelpContextId(kHelpContext);
+  RestoreWindowPlace();
+  LoadPictures();
   const std::string& hostFolder = component_.settings.strBin;
   if (component_.ports.files.FolderExists(hostFolder)) component_.ports.files.ChangeFolder(hostFolder);
+  SetHelpContextId(kHelpContext);
   SetPointer(MousePointer::kDefault);
 }
 
-void AcquireForm::LoadAppearance() {
-  SetFormIcon(component_, *this);
-  RestoreWindowPlace(component_, *this);
-  LoadButtonCursor(component_);
+void AcquireForm::LoadPictures() {
+  // A missing picture is no reason to refuse the dialog: the back end has its own.
+  const auto orDefault = [this](const char* routine, const std::function<void()>& load) {
+    try {
+      load();
+    } catch (const RunTimeError& error) {
+      NoteRunTimeError(component_, routine, error);
+    }
+  };
+  orDefault("SetFormIcon", [this] { SetFormIcon(component_, *this); });
+  orDefault("LoadButtonCursor", [this] { LoadButtonCursor(component_); });
   SetButtonCursor(component_, cmdOK);
 }
 
@@ -142,18 +155,18 @@ bool AcquireForm::OnQueryClose() {
 void AcquireForm::OnUnload() {
   StopRun();
   for (Timer* timer : {&tmrAcquire, &tmrEventTrigger, &tmrMonitorEsc, &tmrEscReleased}) timer->SetEnabled(false);
-  SaveWindowPlace(component_, *this);
+  SaveWindowPlace();
   PlayClosingSound(component_);
 }
 
 void AcquireForm::cmdReset_Click() {
-  PlayWave(component_, "NIMClick.wav", true);
+  PlayWave(component_, kClickSound);
   ResetForm();
 }
 
 void AcquireForm::cmdOK_Click() {
   component_.strChartFileName.clear();
-  PlayWave(component_, "NIMClick.wav", true);
+  PlayWave(component_, kClickSound);
   Unload();
 }
 

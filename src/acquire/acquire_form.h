@@ -1,6 +1,6 @@
 // frmAcquireVar, the acquisition dialog: drive, parameters, points, time, trigger and chart file, and the run.
 // Its body is split by subject: acquire_form.cpp (life), _layout (places), _lists (filling), _inputs (typed fields),
-// _file (chart file), _ready (Start, hints), _run (recording).
+// _file (chart file), _ready (Start, hints), _run (recording), _place (window).
 #pragma once
 
 #include <array>
@@ -18,6 +18,10 @@
 #include "forms/form.h"
 
 namespace chartproject {
+
+/// Heights of the dialog in twips, without and with the progress area.
+inline constexpr double kSetUpHeight = 6360;
+inline constexpr double kSamplingHeight = 7200;
 
 /// How the dialog's last recording went, for whoever opened the dialog.
 struct RunReport {
@@ -120,14 +124,16 @@ class AcquireForm : public Form {
   void NumberTexts();
   void Connect();
   void On(Event& event, const Control& control, std::string_view eventName, void (AcquireForm::*handler)());
-  void LoadAppearance();
+  void LoadPictures();
   void ResetForm();
   void cmdReset_Click();
   void cmdOK_Click();
   void cmdViewChart_Click();
 
-  // Places (acquire_form_layout.cpp).
+  // Places of controls (acquire_form_layout.cpp) and of the window (acquire_form_place.cpp).
   void PlaceControls();
+  void RestoreWindowPlace();
+  void SaveWindowPlace();
 
   // Lists (acquire_form_lists.cpp).
   void FillDriveAddressList();
@@ -153,12 +159,17 @@ class AcquireForm : public Form {
   void mebTimeBetweenPoints_Change();
   void mebTimeBetweenPoints_LostFocus();
   void txtContent_Change();
-  void EmptyTimeField();
   [[nodiscard]] bool CheckMaskedTime();
+  [[nodiscard]] bool RoomFor(std::int32_t points);
   [[nodiscard]] bool InputsHold();
+  void PutBack(TextControl& field, const std::string& text);
+  void Warn(const std::string& text);
   void Refuse(int message);
+  [[nodiscard]] std::string BytesText(double bytes) const;
 
   // Chart file (acquire_form_file.cpp).
+  static bool SelectItem(ComboBox& list, std::string_view text);
+  void NameFile(const std::string& fileName);
   void FileNameChanged();
   void rtfFileName_Change();
   void ConfigureFileDialog(OpenFileRequest& request, const std::string& extension) const;
@@ -172,15 +183,18 @@ class AcquireForm : public Form {
   void UpdateStartButtons();
   void HideStartButtons(bool visible);
   void LockSetupFields(bool enabled);
+  [[nodiscard]] std::int64_t MillisecondsBetweenPoints() const;
   void UpdateEstimate();
 
   // Recording (acquire_form_run.cpp).
   void cmdStart_Click();
   void cmdTrigger_Click();
-  [[nodiscard]] RunPlan PlanRun();
-  void FillChartHeader();
+  [[nodiscard]] std::optional<RunPlan> PrepareRun();
+  void FillChartHeader(const RunPlan& plan);
+  void WatchEsc();
   [[nodiscard]] int SamplingInterval() const;
   void BeginSampling();
+  void ShowProgressArea(bool visible);
   void tmrAcquire_Tick();
   void tmrEventTrigger_Tick();
   void tmrMonitorEsc_Tick();
@@ -188,8 +202,10 @@ class AcquireForm : public Form {
   [[nodiscard]] bool PointIsDue();
   void ShowProgress();
   void ShowRunTimes();
+  void StopTimers();
   void EndRun(RunEnd reason);
   void FinishRun();
+  void ReportEnd();
   void ReportWriting(const ChartWriteResult& result);
 
   Component& component_;
@@ -202,10 +218,11 @@ class AcquireForm : public Form {
   std::int64_t shownSeconds_ = -1;  ///< elapsed seconds that lblRunTimes shows
   std::string lastAcceptedPoints_;
   std::string lastAcceptedTime_;
-  std::string lastDriverFileError_;  ///< said once, not at every reset
-  bool loading_ = false;             ///< Form_Load sets the file name itself
-  bool typingFileName_ = false;      ///< the focus stays in the file-name box
-  bool emptyingTime_ = false;        ///< the ms rule empties the field; nothing is put back
+  std::string driverFileError_;  ///< said once, not at every reset
+  bool namingFile_ = false;      ///< the program sets the file name, and reacts to it itself
+  bool puttingBack_ = false;     ///< an accepted text comes back; it is not refused again
+  bool typingFileName_ = false;  ///< the focus stays in the file-name box
+  bool emptyingTime_ = false;    ///< the ms rule empties the field; nothing is put back
 };
 
 }  // namespace chartproject

@@ -1,7 +1,8 @@
 // The chart file of the dialog: its name, and the header of a file that is already there.
 #include "acquire/acquire_form.h"
 #include "acquire/input_rules.h"
-#include "common/messages.h"
+#include "common/folder_scope.h"
+#include "common/message_table.h"
 #include "common/text.h"
 
 namespace chartproject {
@@ -24,21 +25,27 @@ bool AcquireForm::SelectItem(ComboBox& list, std::string_view text) {
   return false;
 }
 
+void AcquireForm::NameFile(const std::string& fileName) {
+  namingFile_ = true;
+  rtfFileName.SetText(fileName);
+  namingFile_ = false;
+  FileNameChanged();
+}
+
 void AcquireForm::FileNameChanged() {
-  const std::string fileName = rtfFileName.Text();
-  component_.strChartFileName = fileName;
-  const bool exists = component_.ports.files.FileExists(fileName);
+  component_.strChartFileName = rtfFileName.Text();
+  const bool exists = component_.ports.files.FileExists(component_.strChartFileName);
   cmdReset_Click();
   if (exists) {
-    ReadChartHeader(component_);
-    ShowHeaderInForm();
+    // A file without a single key is no chart file: it has no settings to show.
+    if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
     UpdateViewChartButton();
   }
   UpdateStartButtons();
 }
 
 void AcquireForm::rtfFileName_Change() {
-  if (loading_) return;
+  if (namingFile_) return;
   const HourglassScope hourglass(*this);
   typingFileName_ = true;
   try {
@@ -61,7 +68,7 @@ void AcquireForm::ShowHeaderInForm() {
   SelectItem(cboTimeBetweenPointsUnit, header.Unit);
   const bool masked = cboTimeBetweenPointsUnit.ListIndex() == time_unit::kHoursMinutesSeconds;
   TextControl& timeField = masked ? static_cast<TextControl&>(mebTimeBetweenPoints) : txtTimeBetweenPoints;
-  timeField.SetText(header.ScanTime);
+  if (!masked || CheckClockTime(header.ScanTime) == ClockTimeFault::kNone) timeField.SetText(header.ScanTime);
   txtNumberOfPoints.SetText(header.NumberOfPoints);
   SelectItem(cboTriggerMode, TriggerModeText(component_, header.TriggerMode));
   SelectItem(cboEvent, EventText(component_, header.Event));
@@ -84,22 +91,17 @@ void AcquireForm::cmdBrowse_Click() {
   OpenFileRequest request;
   ConfigureFileDialog(request, "cht");
   const auto chosen = component_.ports.dialogs.ShowOpenFile(request);
-  if (!chosen || chosen->empty()) return;
-  loading_ = true;  // one reaction to the new name, not two
-  rtfFileName.SetText(*chosen);
-  loading_ = false;
-  FileNameChanged();
+  if (chosen && !chosen->empty()) NameFile(*chosen);
 }
 
 void AcquireForm::PromptFileName() {
-  FileSystem& files = component_.ports.files;
-  const std::string folderBefore = files.CurrentFolder();
-  const std::string& hostFolder = component_.settings.strBin;
-  if (files.FolderExists(hostFolder)) files.ChangeFolder(hostFolder);
-  const std::string answer = component_.ports.dialogs.ShowInputBox(
-      {LoadMessage(component_, kEnterFileName), LoadMessage(component_, kChartFile), component_.helpFile});
-  files.ChangeFolder(folderBefore);
-  if (!answer.empty()) rtfFileName.SetText(JoinPath(component_.settings.strFolder, answer + ".cht"));
+  std::string answer;
+  {
+    const FolderScope hostFolder(component_.ports.files, component_.settings.strBin);
+    answer = component_.ports.dialogs.ShowInputBox(
+        {LoadMessage(component_, kEnterFileName), LoadMessage(component_, kChartFile), component_.helpFile});
+  }
+  if (!answer.empty()) NameFile(JoinPath(component_.settings.strFolder, answer + ".cht"));
 }
 
 }  // namespace chartproject

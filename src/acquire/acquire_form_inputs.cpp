@@ -1,17 +1,18 @@
 // The typed fields: each new text is accepted, corrected, or put back.
 #include "acquire/acquire_form.h"
+#include "acquire/form_messages.h"
 #include "acquire/input_rules.h"
 #include "acquire/trigger_events.h"
-#include "common/messages.h"
+#include "common/message_box.h"
+#include "common/message_table.h"
 #include "common/numbers.h"
 
 namespace chartproject {
 
 namespace {
 
-constexpr int kOutOfRange = 65;     // messages
+constexpr int kOutOfRange = 65;  // messages
 constexpr int kBadClockTime = 82;
-constexpr int kTooLittleSpace = 86;
 constexpr int kRequiredSpace = 88;
 
 }  // namespace
@@ -20,7 +21,9 @@ void AcquireForm::Warn(const std::string& text) {
   ShowMessage(component_, text, box_style::kExclamation, component_.helpFile);
 }
 
-void AcquireForm::Refuse(int message) { Warn(LoadMessage(component_, message)); }
+void AcquireForm::Refuse(int message) {
+  Warn(LoadMessage(component_, message));
+}
 
 std::string AcquireForm::BytesText(double bytes) const {
   return FormatGrouped(bytes, component_.ports.locale.Numbers()) + " bytes";
@@ -35,7 +38,7 @@ void AcquireForm::txtNumberOfPoints_Change() {
       txtNumberOfPoints.SetText(whole);  // comes back here
       return;
     }
-    if (RoomFor(check.value)) {
+    if (puttingBack_ || RoomFor(check.value)) {
       lastAcceptedPoints_ = whole;
     } else {
       txtNumberOfPoints.SetFocus();
@@ -49,7 +52,7 @@ void AcquireForm::txtNumberOfPoints_Change() {
 }
 
 void AcquireForm::PutBack(TextControl& field, const std::string& text) {
-  if (puttingBack_) return;  // the text put back is itself refused (the disk filled up): it stands, and Start asks again
+  if (puttingBack_) return;
   puttingBack_ = true;
   field.SetText(text);
   puttingBack_ = false;
@@ -57,7 +60,12 @@ void AcquireForm::PutBack(TextControl& field, const std::string& text) {
 
 bool AcquireForm::RoomFor(std::int32_t points) {
   const double required = EstimateBytes(points, ParameterCount());
-  const auto free = static_cast<double>(component_.ports.files.SpaceFor(rtfFileName.Text()).totalFree);
+  double free = 0;
+  try {
+    free = static_cast<double>(component_.ports.files.SpaceFor(rtfFileName.Text()).totalFree);
+  } catch (const RunTimeError&) {
+    return true;  // a name half typed has no disk yet; Start asks for the file itself
+  }
   if (free - static_cast<double>(kReservedSpace) > required) return true;
   Warn(LoadMessage(component_, kTooLittleSpace) + BytesText(free) + LoadMessage(component_, kRequiredSpace) +
        BytesText(required));
@@ -120,8 +128,8 @@ void AcquireForm::txtTimeBetweenPoints_Change() {
 
 void AcquireForm::txtTimeBetweenPoints_LostFocus() {
   if (cboTimeBetweenPointsUnit.ListIndex() != time_unit::kMilliseconds || txtTimeBetweenPoints.Text().empty()) return;
-  const NumberCheck check = CheckTimeBetweenPoints(txtTimeBetweenPoints.Text(), time_unit::kMilliseconds,
-                                                   component_.ports.locale.Numbers());
+  const NumberCheck check =
+      CheckTimeBetweenPoints(txtTimeBetweenPoints.Text(), time_unit::kMilliseconds, component_.ports.locale.Numbers());
   if (check.verdict == Verdict::kAccept) return;
   // Emptied first: whatever happens while the message is up, the refused value can no longer be started with.
   emptyingTime_ = true;

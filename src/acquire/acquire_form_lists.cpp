@@ -1,7 +1,11 @@
 // Filling the dialog's lists, and what choosing an item does.
+#include <algorithm>
+#include <utility>
+
 #include "acquire/acquire_form.h"
 #include "acquire/trigger_events.h"
-#include "common/messages.h"
+#include "common/message_box.h"
+#include "common/message_table.h"
 #include "common/numbers.h"
 #include "drive/driver_file.h"
 
@@ -72,7 +76,9 @@ std::array<ComboBox*, kColumnCount> AcquireForm::ParameterLists() {
   return {&cboPXXX1, &cboPXXX2, &cboPXXX3, &cboPXXX4};
 }
 
-int AcquireForm::ParameterCount() const { return cboNumberOfParameters.ListIndex() + 1; }
+int AcquireForm::ParameterCount() const {
+  return cboNumberOfParameters.ListIndex() + 1;
+}
 
 std::string AcquireForm::SelectedModel() const {
   const std::string& address = component_.selectedDriveAddress;

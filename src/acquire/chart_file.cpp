@@ -6,7 +6,8 @@
 
 #include "acquire/component.h"
 #include "acquire/trigger_events.h"
-#include "common/messages.h"
+#include "common/line_reader.h"
+#include "common/message_table.h"
 #include "common/text.h"
 
 namespace chartproject {
@@ -18,17 +19,23 @@ constexpr std::size_t kBlockSize = 64 * 1024;
 constexpr std::size_t kHeaderLineLimit = 4096;
 constexpr std::size_t kMarksInRow = 6;
 
-/// Takes one line of the file; true when it ends the header.
-bool TakeLine(std::string_view bytes, const CodePage& codePage, ChartHeader& header, HeaderReading& reading) {
-  if (!bytes.empty() && bytes.back() == '\r') bytes.remove_suffix(1);
-  if (bytes.size() > kHeaderLineLimit) return false;
-  const std::string text = codePage.Decode(bytes);
-  const std::string_view line = Trim(text);
-  if (line.empty() || line.front() == '\'' || line.find("[INFO]") != std::string_view::npos) return false;
-  if (TakeHeaderLine(line, header)) ++reading.keys;
-  reading.rowsFollow = line.find(kRowsMark) != std::string_view::npos;
-  return reading.rowsFollow;
-}
+/// The first kHeaderLimit bytes of a file.
+class HeadOfFile : public InputFile {
+ public:
+  explicit HeadOfFile(InputFile& file) : file_(file) {}
+  std::size_t Read(std::span<char> buffer) override {
+    const auto room = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), kHeaderLimit - total_));
+    const std::size_t count = room == 0 ? 0 : file_.Read(buffer.first(room));
+    total_ += count;
+    return count;
+  }
+  void Seek(std::uint64_t offset) override { file_.Seek(offset); }
+  FileIdentity Identity() override { return file_.Identity(); }
+
+ private:
+  InputFile& file_;
+  std::uint64_t total_ = 0;
+};
 
 }  // namespace
 
@@ -39,22 +46,17 @@ HeaderReading ReadChartHeader(Component& component) {
 
 HeaderReading ReadChartHeader(InputFile& file, const CodePage& codePage, ChartHeader& header) {
   HeaderReading reading;
-  std::string pending;  // read, but not yet taken
-  std::vector<char> block(4096);
-  for (std::uint64_t total = 0; total < kHeaderLimit;) {
-    const std::size_t count = file.Read(block);
-    if (count == 0) break;
-    total += count;
-    const std::size_t searched = pending.size();
-    pending.append(block.data(), count);
-    std::size_t begin = 0;
-    for (std::size_t end = pending.find('\n', searched); end != std::string::npos; end = pending.find('\n', begin)) {
-      if (TakeLine(std::string_view(pending).substr(begin, end - begin), codePage, header, reading)) return reading;
-      begin = end + 1;
-    }
-    pending.erase(0, begin);
+  HeadOfFile head(file);
+  LineReader lines(head, kHeaderLineLimit);
+  for (TextLine bytes; lines.Next(bytes);) {
+    if (bytes.cut) continue;
+    const std::string text = codePage.Decode(bytes.text);
+    const std::string_view line = Trim(text);
+    if (line.empty() || line.front() == '\'' || line.find("[INFO]") != std::string_view::npos) continue;
+    if (TakeHeaderLine(line, header)) ++reading.keys;
+    reading.rowsFollow = line.find(kRowsMark) != std::string_view::npos;
+    if (reading.rowsFollow) break;
   }
-  TakeLine(pending, codePage, header, reading);
   return reading;
 }
 

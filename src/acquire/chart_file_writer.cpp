@@ -16,7 +16,9 @@ constexpr std::size_t kBlockSize = 64 * 1024;
 constexpr int kRescueNames = 10;
 
 /// Where a chart file is written until it is complete.
-std::string UnfinishedName(const std::string& fileName) { return fileName + ".new"; }
+std::string UnfinishedName(const std::string& fileName) {
+  return fileName + ".new";
+}
 
 std::string_view BaseName(std::string_view fileName) {
   const std::size_t slash = fileName.find_last_of("\\/");
@@ -116,7 +118,9 @@ void AppendRowLine(std::string& lines, const PointRow& row) {
   lines += kLineEnd;
 }
 
-std::string SpoolFileName(const std::string& chartFileName) { return chartFileName + ".tcf0"; }
+std::string SpoolFileName(const std::string& chartFileName) {
+  return chartFileName + ".tcf0";
+}
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
   const std::string probe = UnfinishedName(fileName);

@@ -41,11 +41,16 @@ std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
 
 bool Compare(int position, double value, double content) {
   switch (position - kFirstCompareEvent) {
-    case 0: return value > content;
-    case 1: return value < content;
-    case 2: return value == content;
-    case 3: return value >= content;
-    default: return value <= content;
+    case 0:
+      return value > content;
+    case 1:
+      return value < content;
+    case 2:
+      return value == content;
+    case 3:
+      return value >= content;
+    default:
+      return value <= content;
   }
 }
 

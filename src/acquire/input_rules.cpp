@@ -25,7 +25,9 @@ NumberCheck CheckWholeNumber(std::string_view text, std::int32_t least, std::int
   }
 }
 
-bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) noexcept {
+  return c >= '0' && c <= '9';
+}
 
 /// The number in two places of a text; -1 when they hold anything but digits.
 int TwoDigits(std::string_view text, std::size_t at) noexcept {

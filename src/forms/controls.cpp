@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <limits>
 
 #include "forms/form.h"
@@ -46,6 +47,11 @@ std::string ComboBox::List(int index) const {
 
 void ComboBox::AddItem(std::string item) {
   items_.push_back(std::move(item));
+  Changed(Property::kList);
+}
+
+void ComboBox::AddItems(std::vector<std::string> items) {
+  items_.insert(items_.end(), std::make_move_iterator(items.begin()), std::make_move_iterator(items.end()));
   Changed(Property::kList);
 }
 

@@ -95,6 +95,8 @@ class ComboBox : public Control {
   [[nodiscard]] std::string List(int index) const;
   [[nodiscard]] const std::vector<std::string>& Items() const noexcept { return items_; }
   void AddItem(std::string item);
+  /// Adds all of them in one step, so that a window shows a list of a thousand once.
+  void AddItems(std::vector<std::string> items);
   /// Empties the list and drops the selection without an event.
   void Clear();
   /// -1 when nothing is selected.
