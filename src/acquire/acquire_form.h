@@ -159,7 +159,7 @@ class AcquireForm : public Form {
   void mebTimeBetweenPoints_Change();
   void mebTimeBetweenPoints_LostFocus();
   void txtContent_Change();
-  [[nodiscard]] bool CheckMaskedTime();
+  bool CheckMaskedTime();
   [[nodiscard]] bool RoomFor(std::int32_t points);
   [[nodiscard]] bool InputsHold();
   void PutBack(TextControl& field, const std::string& text);

@@ -2,8 +2,9 @@
 #include "acquire/acquisition_run.h"
 
 #include "common/numbers.h"
-#include "drive/drive_models.h"
-#include "drive/special_parameters.h"
+#include "drive/display_value.h"
+#include "drive/parameter_read.h"
+#include "platform/run_time_error.h"
 
 namespace chartproject {
 
@@ -16,13 +17,9 @@ constexpr std::int16_t kStatusParameter = 6;
 std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
   std::string text;
   if (ReadSpecialParameter(context, parameter, text)) return text;
-  const std::int16_t drive = context.currentDrive;
-  const std::string& model = context.driveTable.At(drive).Type;
-  const std::int16_t unitCode = ReadUnitCode(context.parameterTables.At(drive).At(parameter).unitCode);
-  std::int16_t status = 0;
-  context.driveLink->ReadParameter(drive, ModelCode(model), parameter, unitCode, status);
   text = "0";
-  if (status == 0) context.driveLink->GetText(text);
+  if (ReadOrdinary(context, parameter)) context.driveLink->GetText(text);
+  const std::string& model = context.driveTable.At(context.currentDrive).Type;
   const bool asRead = model == "KRA-05" || model == "KRA-09" || parameter == kStatusParameter;
   return asRead ? text : DisplayValue(context, parameter, text, model);
 }

@@ -2,7 +2,7 @@
 #include "acquire/event_watch.h"
 
 #include "acquire/trigger_events.h"
-#include "drive/drive_models.h"
+#include "drive/parameter_read.h"
 
 namespace chartproject {
 
@@ -11,20 +11,8 @@ namespace {
 constexpr std::int16_t kStatusParameter = 6;
 constexpr std::int16_t kInputParameter = 12;
 
-/// Reads a parameter of the current drive; the value stays in the link.
-bool Answers(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
-  std::int16_t status = 0;
-  const std::string& model = context.driveTable.At(context.currentDrive).Type;
-  context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode, status);
-  return status == 0;
-}
-
-std::int16_t UnitCodeOf(DriveContext& context, std::int16_t parameter) {
-  return context.parameterTables.At(context.currentDrive).At(parameter).unitCode;
-}
-
 std::int16_t TestState(DriveContext& context, std::string_view state) {
-  if (!Answers(context, kStatusParameter, kDirectUnitCode)) return watch_code::kNoAnswer;
+  if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode)) return watch_code::kNoAnswer;
   double word = 0;
   context.driveLink->GetValue(word);
   DecodeStatus(context.status, word);
@@ -33,7 +21,7 @@ std::int16_t TestState(DriveContext& context, std::string_view state) {
 
 /// @param input 1 to 8; @param level 'I' for 0, 'A' for 1
 std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
-  if (!Answers(context, kInputParameter, UnitCodeOf(context, kInputParameter))) return watch_code::kInputNotYet;
+  if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter))) return watch_code::kInputNotYet;
   std::string text;
   context.driveLink->GetText(text);
   return text.size() >= input && text[input - 1] == level ? watch_code::kOccurred : watch_code::kInputNotYet;
@@ -55,8 +43,7 @@ bool Compare(int position, double value, double content) {
 }
 
 std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
-  const std::int16_t unitCode = ReadUnitCode(UnitCodeOf(context, event.parameter));
-  if (!Answers(context, event.parameter, unitCode)) return watch_code::kNoAnswer;
+  if (!ReadOrdinary(context, event.parameter)) return watch_code::kNoAnswer;
   double value = 0;
   context.driveLink->GetValue(value);
   return Compare(event.position, value, event.content) ? watch_code::kOccurred : watch_code::kNotYet;
