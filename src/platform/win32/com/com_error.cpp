@@ -1,0 +1,62 @@
+// Both directions of the translation of errors.
+#include "platform/win32/com/com_error.h"
+
+#include <exception>
+#include <new>
+
+#include "platform/win32/com/com_ref.h"
+#include "platform/win32/system_error.h"
+
+namespace chartproject::win32 {
+
+HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept {
+  try {
+    ComRef<ICreateErrorInfo> details;
+    ComRef<IErrorInfo> info;
+    if (SUCCEEDED(CreateErrorInfo(details.Receive()))) {
+      const ComText description(error.Description());
+      const ComText origin(error.Source());
+      details->SetGUID(source);
+      details->SetDescription(description.Get());
+      details->SetSource(origin.Get());
+      if (SUCCEEDED(details->QueryInterface(IID_IErrorInfo, info.ReceiveUntyped()))) SetErrorInfo(0, info.Get());
+    }
+  } catch (const std::exception&) {
+    SetErrorInfo(0, nullptr);  // the number alone still reaches the caller
+  }
+  return ErrorCode(error.Number());
+}
+
+HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept {
+  try {
+    body();
+    return S_OK;
+  } catch (const RunTimeError& error) {
+    return PublishError(error, source);
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (const std::exception& error) {
+    return PublishError(RunTimeError(error_number::kAutomation, error.what()), source);
+  } catch (...) {
+    return E_UNEXPECTED;
+  }
+}
+
+void RequireSuccess(HRESULT result, const char* what) {
+  if (SUCCEEDED(result)) return;
+  const bool numbered = HRESULT_FACILITY(result) == FACILITY_CONTROL;
+  const int number = numbered ? HRESULT_CODE(result) : error_number::kAutomation;
+  ComText description;
+  ComText source;
+  ComRef<IErrorInfo> info;
+  if (GetErrorInfo(0, info.Receive()) == S_OK) {
+    info->GetDescription(description.Receive());
+    info->GetSource(source.Receive());
+  }
+  std::string text = description.Utf8();
+  if (text.empty()) text = std::string(what) + ": " + SystemMessage(static_cast<DWORD>(result));
+  std::string origin = source.Utf8();
+  throw RunTimeError(number, text, origin.empty() ? "ChartProject" : origin);
+}
+
+}  // namespace chartproject::win32

@@ -1,0 +1,27 @@
+// Run-time errors as automation errors, and back.
+#pragma once
+
+#include <functional>
+
+#include "platform/run_time_error.h"
+#include "platform/win32/windows_api.h"
+
+namespace chartproject::win32 {
+
+/// The automation error for run-time error n: 0x800A0000 + n.
+[[nodiscard]] constexpr HRESULT ErrorCode(int number) noexcept {
+  return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
+}
+
+/// Hands description and source of an error to the caller's side (IErrorInfo); returns the error's code.
+HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept;
+
+/// The one wall between our exceptions and COM: runs the body of a method and turns what it throws into a code with
+/// description and source. @param source the interface that the method belongs to
+HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept;
+
+/// Throws the RunTimeError that a failed call stands for, with the description that the called object gave.
+/// @param what the call, for a description of our own when the object gave none
+void RequireSuccess(HRESULT result, const char* what);
+
+}  // namespace chartproject::win32

@@ -1,0 +1,41 @@
+// Shows forms in native windows and turns their messages and timers on the host's thread.
+#pragma once
+
+#include "forms/form_host.h"
+#include "platform/headless/virtual_clock.h"
+#include "platform/win32/gdiplus_renderer.h"
+#include "platform/win32/handles.h"
+
+namespace chartproject::win32 {
+
+class Win32FormHost : public FormHost {
+ public:
+  /// @param virtualClock the clock itself when it moves from tick to tick; null for the real one
+  Win32FormHost(Clock& clock, VirtualClock* virtualClock);
+  ~Win32FormHost() override;
+
+  [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
+  void RunModal(Form& form) override;
+  [[nodiscard]] Size ScreenSize() const override;
+  void KeepAlive() override;
+  [[nodiscard]] PictureRenderer* Pictures() noexcept override { return &renderer_; }
+  void TimersChanged() override;
+
+  [[nodiscard]] GdiplusFonts& Fonts() noexcept { return fonts_; }
+
+ private:
+  static LRESULT CALLBACK PumpProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept;
+  bool FireDue();
+  void Wait();
+  bool Dispatch(MSG& message);
+
+  Clock& clock_;
+  VirtualClock* virtualClock_;
+  GdiplusSession gdiplus_;
+  GdiplusFonts fonts_;
+  GdiplusRenderer renderer_{fonts_};
+  OwnedWindow pump_;     ///< ticks while a loop of the system's runs: message boxes, menus, a window being dragged
+  bool ticking_ = true;  ///< false during KeepAlive, which raises no tick
+};
+
+}  // namespace chartproject::win32
