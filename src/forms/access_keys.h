@@ -1,0 +1,21 @@
+// Letters that reach a control together with Alt: chosen for captions that name none.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace chartproject {
+
+class Control;
+class Form;
+
+/// The control that a label names: the field that follows it in the form. Null for a label that names none, and for
+/// other controls.
+[[nodiscard]] const Control* FieldOf(const Form& form, const Control& label);
+
+/// Captions of buttons, check boxes and the labels of fields with "&" before their letter. A caption that has its "&"
+/// already keeps it; no letter is given twice; first letters of words come before others. A caption whose letters are
+/// all taken is left out, as is every control that needs no letter.
+[[nodiscard]] std::map<const Control*, std::string> CaptionsWithAccessKeys(const Form& form);
+
+}  // namespace chartproject

@@ -1,0 +1,27 @@
+// Wave files through Qt Multimedia.
+#pragma once
+
+#include <memory>
+
+#include "platform/sound.h"
+
+class QSoundEffect;
+
+namespace chartproject {
+
+/// Asynchronous plays go on after the window that started them is gone; the destructor lets the last one end.
+class QtSound : public Sound {
+ public:
+  QtSound();
+  ~QtSound() override;
+  [[nodiscard]] unsigned OutputDeviceCount() override;
+  /// A play replaces the one that is still heard.
+  void Play(const std::string& fileName, std::uint32_t flags) override;
+
+ private:
+  void LetItEnd();
+
+  std::unique_ptr<QSoundEffect> effect_;
+};
+
+}  // namespace chartproject
