@@ -281,17 +281,17 @@ void AppendRow(std::string& bytes, std::uint16_t row, std::uint16_t columnEnd) {
   Put32(bytes, 0x000F0100);  // no format of its own
 }
 
-void AppendCells(std::string& bytes, std::uint16_t row, std::span<const Cell> cells) {
+void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells) {
   std::uint32_t run[256];
   for (std::size_t column = 0; column < cells.size(); ++column) {
-    const Cell& cell = cells[column];
-    if (cell.kind == Cell::Kind::kText) {
+    const SheetCell& cell = cells[column];
+    if (cell.kind == SheetCell::Kind::kText) {
       PutLabel(bytes, row, static_cast<std::uint16_t>(column), cell.text);
-    } else if (cell.kind == Cell::Kind::kNumber) {
+    } else if (cell.kind == SheetCell::Kind::kNumber) {
       std::size_t length = 0;
       while (length < std::size(run) && column + length < cells.size()) {
-        const Cell& next = cells[column + length];
-        const auto encoded = next.kind == Cell::Kind::kNumber ? EncodeRk(next.number) : std::nullopt;
+        const SheetCell& next = cells[column + length];
+        const auto encoded = next.kind == SheetCell::Kind::kNumber ? EncodeRk(next.number) : std::nullopt;
         if (!encoded) break;
         run[length++] = *encoded;
       }

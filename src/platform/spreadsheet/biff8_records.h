@@ -40,6 +40,6 @@ void AppendEnd(std::string& bytes);
 void AppendRow(std::string& bytes, std::uint16_t row, std::uint16_t columnEnd);
 /// The cells of a row; neighbouring short numbers share a record, empty cells have none. @param row from 0
 /// Throws RunTimeError 1004 for a text longer than kLongestText.
-void AppendCells(std::string& bytes, std::uint16_t row, std::span<const Cell> cells);
+void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells);
 
 }  // namespace chartproject::biff8

@@ -48,7 +48,7 @@ class Biff8Writer : public WorkbookWriter {
     sheets_.push_back({name, {}, 0});
   }
 
-  void WriteRow(int row, std::span<const Cell> cells) override {
+  void WriteRow(int row, std::span<const SheetCell> cells) override {
     Sheet& sheet = sheets_.back();
     const auto index = static_cast<std::uint16_t>(row - 1);
     const auto columns = static_cast<std::uint16_t>(cells.size());

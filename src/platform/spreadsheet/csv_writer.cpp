@@ -15,8 +15,8 @@ struct FileCloser {
   void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };
 
-void AppendField(std::string& line, const Cell& cell) {
-  if (cell.kind == Cell::Kind::kNumber) {
+void AppendField(std::string& line, const SheetCell& cell) {
+  if (cell.kind == SheetCell::Kind::kNumber) {
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, cell.number).ptr;
     line.append(digits, end);
@@ -41,7 +41,7 @@ class CsvWriter : public WorkbookWriter {
 
   void BeginSheet(const std::string& /*name*/) override { nextRow_ = 1; }
 
-  void WriteRow(int row, std::span<const Cell> cells) override {
+  void WriteRow(int row, std::span<const SheetCell> cells) override {
     line_.clear();
     for (; nextRow_ < row; ++nextRow_) line_ += "\r\n";
     ++nextRow_;

@@ -56,25 +56,26 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   }
 
   void WriteText(int sheet, int row, int column, std::string_view text) override {
-    Cell& cell = CellAt(sheet, row, column);
-    cell.kind = text.empty() ? Cell::Kind::kEmpty : Cell::Kind::kText;
+    SheetCell& cell = CellAt(sheet, row, column);
+    cell.kind = text.empty() ? SheetCell::Kind::kEmpty : SheetCell::Kind::kText;
     cell.text = text;
   }
 
   void EnterValue(int sheet, int row, int column, std::string_view text) override {
-    Cell& cell = CellAt(sheet, row, column);
+    SheetCell& cell = CellAt(sheet, row, column);
     cell.text = text;
     if (const auto number = ReadNumber(text, decimalSeparator_)) {
-      cell.kind = Cell::Kind::kNumber;
+      cell.kind = SheetCell::Kind::kNumber;
       cell.number = *number;
     } else {
-      cell.kind = text.empty() ? Cell::Kind::kEmpty : Cell::Kind::kText;
+      cell.kind = text.empty() ? SheetCell::Kind::kEmpty : SheetCell::Kind::kText;
     }
   }
 
   std::string ReadValue(int sheet, int row, int column) override { return CellAt(sheet, row, column).text; }
 
   void SaveAs(const SaveAsArguments& arguments) override {
+    if (!writer_) throw RunTimeError(kApplicationError, "There is no workbook to save");
     FinishRow();
     BeginSheets(SheetCount());
     writer_->Save(arguments.fileName);
@@ -84,7 +85,7 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   void Quit() override { writer_.reset(); }
 
  private:
-  Cell& CellAt(int sheet, int row, int column) {
+  SheetCell& CellAt(int sheet, int row, int column) {
     if (!writer_ || sheet < 1 || sheet > SheetCount() || row < 1 || column < 1 || column > 256) {
       throw RunTimeError(kApplicationError, "There is no such cell");
     }
@@ -100,7 +101,7 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
     if (columnsInUse_ < index) {
       if (cells_.size() < index) cells_.resize(index);
       for (; columnsInUse_ < index; ++columnsInUse_) {
-        cells_[columnsInUse_].kind = Cell::Kind::kEmpty;
+        cells_[columnsInUse_].kind = SheetCell::Kind::kEmpty;
         cells_[columnsInUse_].text.clear();
       }
     }
@@ -121,7 +122,7 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   std::unique_ptr<WorkbookWriter> writer_;
   std::string decimalSeparator_;
   std::vector<std::string> names_;
-  std::vector<Cell> cells_;  // of the row at work; kept from row to row for their texts' memory
+  std::vector<SheetCell> cells_;  // of the row at work; kept from row to row for their texts' memory
   std::size_t columnsInUse_ = 0;
   int sheet_ = 0;
   int row_ = 0;

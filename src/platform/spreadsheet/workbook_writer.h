@@ -7,7 +7,7 @@
 namespace chartproject {
 
 /// A cell of a finished row.
-struct Cell {
+struct SheetCell {
   enum class Kind { kEmpty, kNumber, kText };
   Kind kind = Kind::kEmpty;
   double number = 0;
@@ -22,7 +22,7 @@ class WorkbookWriter {
   /// Ends the sheet before it, if any.
   virtual void BeginSheet(const std::string& name) = 0;
   /// @param row from 1, above that of the row before; @param cells from column 1
-  virtual void WriteRow(int row, std::span<const Cell> cells) = 0;
+  virtual void WriteRow(int row, std::span<const SheetCell> cells) = 0;
   /// Writes the file beside its target, hands it to the disk and gives it its name.
   virtual void Save(const std::string& fileName) = 0;
 };

@@ -34,14 +34,14 @@ class XlsxWriter : public WorkbookWriter {
     if (sheet_ == nullptr) throw RunTimeError(1004, "The workbook cannot take the sheet " + name);
   }
 
-  void WriteRow(int row, std::span<const Cell> cells) override {
+  void WriteRow(int row, std::span<const SheetCell> cells) override {
     for (std::size_t i = 0; i < cells.size(); ++i) {
       const auto at = static_cast<lxw_row_t>(row - 1);
       const auto column = static_cast<lxw_col_t>(i);
       lxw_error result = LXW_NO_ERROR;
-      if (cells[i].kind == Cell::Kind::kNumber) {
+      if (cells[i].kind == SheetCell::Kind::kNumber) {
         result = worksheet_write_number(sheet_, at, column, cells[i].number, nullptr);
-      } else if (cells[i].kind == Cell::Kind::kText) {
+      } else if (cells[i].kind == SheetCell::Kind::kText) {
         result = worksheet_write_string(sheet_, at, column, cells[i].text.c_str(), nullptr);
       }
       Check(result);

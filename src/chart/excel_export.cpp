@@ -1,0 +1,280 @@
+// One cell after the other, in the order in which the spreadsheet application is asked for them.
+#include "chart/excel_export.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "acquire/chart_file.h"
+#include "common/error_log.h"
+#include "common/extra_texts.h"
+#include "common/line_reader.h"
+#include "common/message_box.h"
+#include "common/message_table.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "platform/spreadsheet.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kFirstPointRow = 22;
+constexpr int kEndRow = 65535;  // the row at which a sheet is full; its own row stays empty
+constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
+constexpr int kSheetPoints = kEndRow - 1;
+constexpr std::int64_t kLinesBetweenProgress = 4096;
+const std::string kRoutine = "cmdExport_Click";
+
+/// Thrown through the writing when the user gives it up.
+struct GivenUp {};
+
+/// What the user should hear of lines that are no points.
+struct SkippedLines {
+  std::int64_t count = 0;
+  std::int64_t first = 0;  ///< number of the first such line
+};
+
+/// Calls `take` for each point of a chart file, in order. @param progress as in ExportRequest
+template <typename Take>
+SkippedLines ForEachPoint(Component& component, const ExportRequest& request, Take take) {
+  const auto file = component.ports.files.OpenForReading(request.chartFile);
+  const std::uint64_t total = file->Identity().size;
+  LineReader reader(*file);
+  SkippedLines skipped;
+  bool rows = false;
+  for (TextLine line; reader.Next(line);) {
+    if (request.progress && line.number % kLinesBetweenProgress == 0 && !request.progress(line.offset, total)) {
+      throw GivenUp();
+    }
+    if (!rows) {
+      rows = line.text.find(kRowsMark) != std::string_view::npos;
+      continue;
+    }
+    const auto row = line.cut ? std::nullopt : SplitRow(line.text);
+    if (row) {
+      take(*row);
+    } else if (const std::string_view text = Trim(line.text); !text.empty() && text.front() != '\'') {
+      if (skipped.count++ == 0) skipped.first = line.number;
+    }
+  }
+  return skipped;
+}
+
+/// The most bytes that a value takes in a workbook: a number, or a text of one or two bytes a character.
+std::uint64_t LargestCell(std::string_view text) {
+  constexpr std::uint64_t kNumberRecord = 18;
+  constexpr std::uint64_t kTextRecord = 13;
+  return text.empty() ? 0 : std::max<std::uint64_t>(kNumberRecord, kTextRecord + 2 * text.size());
+}
+
+/// How many points fit into the format; nothing when all do.
+std::optional<std::int64_t> PointsThatFit(Component& component, const ExportRequest& request,
+                                          const WorkbookLimits& limits) {
+  constexpr std::uint64_t kRowRecord = 20;
+  constexpr std::uint64_t kMostGrowth =
+      8;  // a row of one-character values grows to less than this many times its bytes
+  const std::int64_t mostInSheets = kFirstSheetPoints + static_cast<std::int64_t>(limits.sheets - 1) * kSheetPoints;
+  const std::uint64_t fileBytes = component.ports.files.OpenForReading(request.chartFile)->Identity().size;
+  constexpr std::uint64_t kShortestRow = 7;
+  if (fileBytes * kMostGrowth < limits.bytes && fileBytes / kShortestRow < static_cast<std::uint64_t>(mostInSheets)) {
+    return std::nullopt;
+  }
+  std::uint64_t bytes = 0;
+  std::int64_t fitting = 0;
+  bool all = true;
+  ForEachPoint(component, request, [&](const ChartRow& row) {
+    bytes += kRowRecord + LargestCell(row.time);
+    for (const std::string_view value : row.values) bytes += LargestCell(value);
+    all = all && bytes < limits.bytes && fitting < mostInSheets;
+    if (all) ++fitting;
+  });
+  return all ? std::nullopt : std::optional(fitting);
+}
+
+/// The workbook at work: sheets, header block and point rows.
+class Workbook {
+ public:
+  Workbook(Component& component, SpreadsheetApplication& application)
+      : application_(application), codePage_(component.ports.codePage), numbers_(component.ports.locale.Numbers()) {
+    application_.AddWorkbook();
+    application_.SetSheetName(1, "Chart1");
+  }
+
+  void WriteHeader(const ChartHeader& header) {
+    const std::pair<const char*, const std::string*> lines[] = {
+        {"Drive Address", &header.DriveAddress},
+        {"Number of Parameters", &header.NumberOfParameters},
+        {"PXXX1", &header.PXXX1},
+        {"PXXX2", &header.PXXX2},
+        {"PXXX3", &header.PXXX3},
+        {"PXXX4", &header.PXXX4},
+        {"Scan Time", &header.ScanTime},
+        {"Unit", &header.Unit},
+        {"Number of Points", &header.NumberOfPoints},
+        {"Trigger Mode", &header.TriggerMode},
+        {"Event", &header.Event},
+        {"PXXX", &header.PXXX},
+        {"Content", &header.Content},
+        {"Start Date", &header.StartDate},
+        {"Start Time", &header.StartTime},
+        {"End Date", &header.EndDate},
+        {"End Time", &header.EndTime},
+    };
+    application_.WriteText(1, 1, 1, "[INFO]");
+    int row = 2;
+    for (const auto& [label, value] : lines) {
+      application_.WriteText(1, row, 1, label);
+      application_.WriteText(1, row, 2, *value);
+      ++row;
+    }
+    application_.WriteText(1, 20, 1, kRowsMark);
+    application_.WriteText(1, 21, 1, "Time");
+    for (int series = 1; series <= kColumnCount; ++series) {
+      application_.WriteText(1, 21, 1 + series, "PXXX" + std::to_string(series) + ".Content");
+    }
+  }
+
+  void WritePoint(const ChartRow& point) {
+    application_.WriteText(sheet_, row_, 1, Decoded(point.time));
+    for (int series = 0; series < kColumnCount; ++series) {
+      const int column = 2 + series;
+      application_.WriteText(sheet_, row_, column, Decoded(point.values[static_cast<std::size_t>(series)]));
+      // Read back and entered again, the text becomes the number that it reads as.
+      const std::string text = application_.ReadValue(sheet_, row_, column);
+      application_.EnterValue(sheet_, row_, column, LocaleDecimal(text, numbers_));
+    }
+    if (++row_ == kEndRow) NextSheet();
+  }
+
+ private:
+  void NextSheet() {
+    row_ = 1;
+    ++sheet_;
+    if (application_.SheetCount() < sheet_) application_.AddSheetAfter(sheet_ - 1);
+    application_.SetSheetName(sheet_, "Chart" + std::to_string(sheet_));
+  }
+
+  std::string_view Decoded(std::string_view bytes) {
+    const bool plain = std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+    if (plain) return bytes;
+    decoded_ = codePage_.Decode(bytes);
+    return decoded_;
+  }
+
+  SpreadsheetApplication& application_;
+  const CodePage& codePage_;
+  const NumberFormat& numbers_;
+  std::string decoded_;
+  int sheet_ = 1;
+  int row_ = kFirstPointRow;
+};
+
+/// One export from the first question to the last message.
+class Export {
+ public:
+  Export(Component& component, const ExportRequest& request)
+      : component_(component),
+        request_(request),
+        target_(request.targetName.empty() ? request.chartFile + ".xls" : request.targetName) {}
+
+  ExportOutcome Run() {
+    try {
+      return Steps();
+    } catch (const GivenUp&) {
+      EndApplication();
+      ShowMessage(component_, LoadExtraText(component_, ExtraText::kExportStopped), box_style::kInformation);
+      return ExportOutcome::kGivenUp;
+    } catch (const RunTimeError& error) {
+      EndApplication();
+      LogRunTimeError(component_, kRoutine, error);
+      return ExportOutcome::kFailed;
+    }
+  }
+
+ private:
+  ExportOutcome Steps() {
+    if (target_ == request_.chartFile) {
+      throw RunTimeError(error_number::kPathFileAccess, target_ + ": a chart file cannot be exported onto itself");
+    }
+    SpreadsheetApplications& applications = component_.ports.spreadsheets;
+    if (const auto limits = applications.Limits(target_)) {
+      if (const auto fitting = PointsThatFit(component_, request_, *limits)) return RefuseSize(*fitting);
+    }
+    if (component_.ports.files.FileExists(target_)) {
+      if (!Ask(LoadMessage(component_, 89) + target_ + LoadMessage(component_, 90))) return ExportOutcome::kDeclined;
+      component_.ports.files.Delete(target_);
+    }
+    application_ = applications.AttachRunning();
+    if (!application_) application_ = applications.Create(target_);
+    if (!application_) {
+      ShowMessage(component_, LoadMessage(component_, 91), box_style::kExclamation);
+      return ExportOutcome::kNoApplication;
+    }
+    if (!Ask(LoadMessage(component_, 92) + "\r\n" + LoadMessage(component_, 93))) {
+      application_.reset();
+      return ExportOutcome::kDeclined;
+    }
+    Write();
+    return ExportOutcome::kSaved;
+  }
+
+  void Write() {
+    ShowBusy(true);
+    Workbook workbook(component_, *application_);
+    workbook.WriteHeader(request_.header);
+    const SkippedLines skipped =
+        ForEachPoint(component_, request_, [&workbook](const ChartRow& row) { workbook.WritePoint(row); });
+    application_->SaveAs({target_, kNormalWorkbookFormat, "", "", false, false});
+    application_->Quit();
+    application_.reset();
+    ShowBusy(false);
+    if (skipped.count > 0) {
+      ShowMessage(component_,
+                  FillIn(LoadExtraText(component_, ExtraText::kExportSkippedLines),
+                         {std::to_string(skipped.count), std::to_string(skipped.first)}),
+                  box_style::kExclamation);
+    }
+    ShowMessage(component_, LoadMessage(component_, 94) + target_, box_style::kInformation);
+  }
+
+  ExportOutcome RefuseSize(std::int64_t fitting) {
+    ShowMessage(component_,
+                FillIn(LoadExtraText(component_, ExtraText::kExportTooLarge),
+                       {FormatGrouped(static_cast<double>(fitting), component_.ports.locale.Numbers())}),
+                box_style::kExclamation);
+    return ExportOutcome::kTooLarge;
+  }
+
+  bool Ask(const std::string& question) {
+    return ShowMessage(component_, question, box_style::kYesNo + box_style::kQuestion) == box_answer::kYes;
+  }
+
+  void ShowBusy(bool busy) const {
+    if (request_.busy) request_.busy(busy);
+  }
+
+  /// Tells the application to quit without saving; one that fails even at that is let go.
+  void EndApplication() noexcept {
+    try {
+      if (application_) application_->Quit();
+    } catch (const RunTimeError& error) {
+      NoteRunTimeError(component_, kRoutine, error);
+    }
+    application_.reset();
+    ShowBusy(false);
+  }
+
+  Component& component_;
+  const ExportRequest& request_;
+  std::string target_;
+  std::unique_ptr<SpreadsheetApplication> application_;
+};
+
+}  // namespace
+
+ExportOutcome ExportToSpreadsheet(Component& component, const ExportRequest& request) {
+  return Export(component, request).Run();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,140 @@
+// The embedded spreadsheet application: which cells become numbers, what is refused, and files that appear only whole.
+#include "platform/spreadsheet/embedded_spreadsheet.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/run_time_error.h"
+#include "platform/spreadsheet/biff8_records.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct SpreadsheetTest : ::testing::Test {
+  SpreadsheetTest() { fs::create_directories(folder); }
+  ~SpreadsheetTest() override { fs::remove_all(folder); }
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+    return names;
+  }
+  static std::string Bytes(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  fs::path folder = fs::temp_directory_path() / ("spreadsheet-" + std::to_string(getpid()));
+  FakeLocale locale;
+  EmbeddedSpreadsheets applications{locale};
+};
+
+TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
+  struct Case {
+    bool comma;
+    const char* text;
+    const char* cell;  // in the plain text file: quoted texts stay texts
+  };
+  const Case cases[] = {{false, "1.50", "1.5"},      {true, "1,50", "1.5"},           {true, "1.50", "1.50"},
+                        {false, "--", "--"},         {false, "-0.25", "-0.25"},       {false, "+7", "7"},
+                        {false, "1e3", "1000"},      {false, "08:00:00", "08:00:00"}, {false, "", ""},
+                        {false, "nan", "nan"},       {false, "1 2", "1 2"},           {false, "0x10", "0x10"},
+                        {true, "1,5,2", "\"1,5,2\""}};
+  for (const Case& c : cases) {
+    locale.numbers = c.comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
+    const std::string target = folder / "values.csv";
+    const auto application = applications.Create(target);
+    application->AddWorkbook();
+    application->WriteText(1, 1, 1, c.text);
+    application->EnterValue(1, 1, 1, application->ReadValue(1, 1, 1));
+    application->WriteText(1, 1, 2, "1.50");  // a written text stays one
+    application->SaveAs({target, kNormalWorkbookFormat, "", "", false, false});
+    EXPECT_EQ(Bytes(target), std::string(c.cell) + ",1.50\r\n") << c.text;
+  }
+}
+
+TEST_F(SpreadsheetTest, RefusesCellsOfFinishedRows) {
+  const auto application = applications.Create(folder / "rows.xls");
+  application->AddWorkbook();
+  application->AddSheetAfter(1);
+  application->WriteText(1, 2, 1, "a");
+  EXPECT_THROW(application->WriteText(1, 1, 1, "b"), RunTimeError);
+  application->WriteText(2, 1, 1, "c");
+  EXPECT_THROW((void)application->ReadValue(1, 2, 1), RunTimeError);
+  EXPECT_THROW(application->SetSheetName(1, "late"), RunTimeError);
+  EXPECT_THROW(application->WriteText(3, 1, 1, "no such sheet"), RunTimeError);
+}
+
+TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
+  for (const char* name : {"gone.xls", "gone.xlsx", "gone.csv"}) {
+    auto application = applications.Create(folder / name);
+    application->AddWorkbook();
+    for (int row = 1; row < 200; ++row) application->WriteText(1, row, 1, "text");
+    application->Quit();
+    EXPECT_THROW(application->SaveAs({folder / name, kNormalWorkbookFormat, "", "", false, false}), RunTimeError);
+    application.reset();
+    EXPECT_THAT(Names(), IsEmpty()) << name;
+  }
+  EXPECT_THROW((void)applications.Create(folder / "missing" / "x.xls"), RunTimeError);
+}
+
+TEST_F(SpreadsheetTest, AFullDiskIsAnErrorAndLeavesNoTarget) {
+  if (!fs::exists("/dev/full")) FAIL() << "no /dev/full";
+  fs::create_symlink("/dev/full", folder / "full.csv.part");
+  const auto application = applications.Create(folder / "full.csv");
+  application->AddWorkbook();
+  try {
+    for (int row = 1; row < 100'000; ++row) application->WriteText(1, row, 1, "text that fills the disk");
+    application->SaveAs({folder / "full.csv", kNormalWorkbookFormat, "", "", false, false});
+    FAIL() << "saved on a full disk";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), error_number::kDiskFull);
+  }
+  EXPECT_FALSE(fs::exists(folder / "full.csv"));
+}
+
+TEST(Biff8RecordsTest, ShortNumbersComeBackExactly) {
+  // The value that readers make of the 30 bits.
+  const auto decode = [](std::uint32_t rk) {
+    const double whole = (rk & 2U) != 0 ? static_cast<double>(static_cast<std::int32_t>(rk) >> 2)
+                                        : std::bit_cast<double>(static_cast<std::uint64_t>(rk & ~3U) << 32);
+    return (rk & 1U) != 0 ? whole / 100 : whole;
+  };
+  for (const double value : {0.0, -0.0, 1.0, -1.0, 50.25, 0.01, -0.07, 536870911.0, -536870912.0, 1e300, 0.5, 13107.0,
+                             5368709.11, 123456.78}) {
+    const auto rk = biff8::EncodeRk(value);
+    if (!rk) continue;
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(decode(*rk)), std::bit_cast<std::uint64_t>(value)) << value;
+  }
+  for (const double value : {1.0, 50.25, 0.01, -0.07}) EXPECT_TRUE(biff8::EncodeRk(value)) << value;
+  for (const double value : {0.001, 3.14159, 536870912.0 * 1.0000001}) EXPECT_FALSE(biff8::EncodeRk(value)) << value;
+}
+
+TEST(Biff8RecordsTest, LaysOutTheCellsOfARow) {
+  const std::vector<SheetCell> cells{{SheetCell::Kind::kText, 0, "8:\xC3\xA9"},
+                                     {SheetCell::Kind::kNumber, 1, "1"},
+                                     {SheetCell::Kind::kNumber, 0.01, ""},
+                                     {SheetCell::Kind::kEmpty, 0, ""},
+                                     {SheetCell::Kind::kNumber, 0.001, ""}};
+  std::string bytes;
+  biff8::AppendCells(bytes, 5, cells);
+  const std::string expected =
+      std::string(
+          "\x04\x02\x0C\x00\x05\x00\x00\x00\x0F\x00\x03\x00\x00"
+          "8:\xE9",
+          16) +
+      std::string("\xBD\x00\x12\x00\x05\x00\x01\x00\x0F\x00\x00\x00\xF0\x3F\x0F\x00\x07\x00\x00\x00\x02\x00", 22) +
+      std::string("\x03\x02\x0E\x00\x05\x00\x04\x00\x0F\x00\xFC\xA9\xF1\xD2\x4D\x62\x50\x3F", 18);
+  EXPECT_EQ(bytes, expected);
+  EXPECT_THROW(
+      biff8::AppendCells(bytes, 0, std::vector<SheetCell>{{SheetCell::Kind::kText, 0, std::string(4001, 'x')}}),
+      RunTimeError);
+}
+
+}  // namespace
+}  // namespace chartproject
