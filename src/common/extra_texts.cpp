@@ -67,6 +67,18 @@ constexpr std::array kTexts{
         "Procurar um arquivo de gráfico existente",
         "Look for an existing chart file",
         "Buscar un archivo de gráfico existente"},
+    ExtraTextRow{ExtraText::kExportStopped,
+        "A exportação foi interrompida. Nenhum arquivo foi gravado.",
+        "The export was stopped. No file was written.",
+        "La exportación fue interrumpida. No se grabó ningún archivo."},
+    ExtraTextRow{ExtraText::kExportSkippedLines,
+        "%1 linha(s) do arquivo não são pontos e ficaram de fora; a primeira é a linha %2.",
+        "%1 line(s) of the file are no points and were left out; the first is line %2.",
+        "%1 línea(s) del archivo no son puntos y quedaron fuera; la primera es la línea %2."},
+    ExtraTextRow{ExtraText::kExportTooLarge,
+        "O arquivo tem mais pontos do que cabem em uma planilha deste formato. Caberiam %1 pontos.",
+        "The file has more points than a workbook of this format can hold. %1 points would fit.",
+        "El archivo tiene más puntos de los que caben en un libro de este formato. Cabrían %1 puntos."},
 };
 // clang-format on
 

@@ -23,9 +23,9 @@ enum class ExtraText : std::uint8_t {
   kNewFile,           ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
-  kExportStopped,          ///< "The export was stopped. No file was written."
-  kExportSkippedLines,     ///< "%1 lines ... first is line %2"
-  kExportTooLarge,         ///< "... %1 points would fit"
+  kExportStopped,       ///< "The export was stopped. No file was written."
+  kExportSkippedLines,  ///< "%1 line(s) ... left out; the first is line %2."
+  kExportTooLarge,      ///< "... %1 points would fit."
   kCount
 };
 

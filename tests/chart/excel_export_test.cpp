@@ -1,0 +1,158 @@
+// The export's questions, calls and cells in their order, and what is left when it ends early.
+#include "chart/excel_export.h"
+
+#include <gmock/gmock.h>
+
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class NoLinks : public DriveLinkFactory {
+ public:
+  std::unique_ptr<DriveLink> Create() override { return nullptr; }
+};
+
+struct ExcelExportTest : ::testing::Test {
+  ExcelExportTest() {
+    component.languageBase = 1000;
+    component.settings.strBin = "/bin";
+    request.header.DriveAddress = "01";
+    request.header.NumberOfParameters = "2";
+    request.header.EndTime = "08:00:02";
+  }
+  void PutChart(const std::string& rows) {
+    fakes.files.Put("/data/Test.cht", "[INFO]\r\n\r\n[TIME/CONTENT]\r\n" + rows);
+  }
+  static std::string Rows(int count) {
+    std::string rows;
+    for (int i = 1; i <= count; ++i) rows += "08:00:00#" + std::to_string(i) + "#####\r\n";
+    return rows;
+  }
+  std::string Cell(const std::string& key) { return log.cells[key]; }
+  const std::string target = "/data/Test.cht.xls";
+  FakePorts fakes;
+  NoLinks links;
+  Component component{fakes.ports, fakes.forms, links};
+  ExportRequest request{"/data/Test.cht", "", {}};
+  FakeSpreadsheetLog& log = fakes.spreadsheets.log;
+};
+
+TEST_F(ExcelExportTest, WritesHeaderAndPointsAndReports) {
+  PutChart("08:00:01#50.25#7####\r\n'comment\r\n\r\n08:00:02#1,5#--###\r\nrubbish\r\n08:00:03#\xE9#####\r\n");
+  std::vector<bool> busy;
+  request.busy = [&busy](bool on) { busy.push_back(on); };
+  fakes.dialogs.answers = {box_answer::kYes};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kSaved);
+  EXPECT_THAT(log.calls, ElementsAre("attach: none", "create", "workbooks.Add",
+                                     "SaveAs FileName=/data/Test.cht.xls FileFormat=-4143 Password= WriteResPassword= "
+                                     "ReadOnlyRecommended=0 CreateBackup=0",
+                                     "quit", "release"));
+  EXPECT_THAT(log.sheetNames, ElementsAre("Chart1"));
+  const std::pair<const char*, const char*> cells[] = {{"1!1,1", "[INFO]"},
+                                                       {"1!2,1", "Drive Address"},
+                                                       {"1!2,2", "01"},
+                                                       {"1!3,2", "2"},
+                                                       {"1!4,1", "PXXX1"},
+                                                       {"1!13,1", "PXXX"},
+                                                       {"1!18,1", "End Time"},
+                                                       {"1!18,2", "08:00:02"},
+                                                       {"1!19,1", ""},
+                                                       {"1!20,1", "[TIME/CONTENT]"},
+                                                       {"1!21,1", "Time"},
+                                                       {"1!21,2", "PXXX1.Content"},
+                                                       {"1!21,5", "PXXX4.Content"},
+                                                       {"1!22,1", "08:00:01"},
+                                                       {"1!22,2", "=50.25"},
+                                                       {"1!22,3", "=7"},
+                                                       {"1!22,5", "="},
+                                                       {"1!23,2", "=1.5"},
+                                                       {"1!23,3", "=--"},
+                                                       {"1!24,2", "=\xC3\xA9"},
+                                                       {"1!25,1", ""}};
+  for (const auto& [key, text] : cells) EXPECT_EQ(Cell(key), text) << key;
+  EXPECT_THAT(fakes.dialogs.TakePrompts(),
+              ElementsAre("Do you really want to export the points to Excel?\r\nThis operation may take several "
+                          "minutes...",
+                          HasSubstr("the first is line 8"), "File was saved as: " + target));
+  EXPECT_THAT(busy, ElementsAre(true, false));
+}
+
+TEST_F(ExcelExportTest, GoesOnInANewSheetWhenOneIsFull) {
+  PutChart(Rows(65513 + 65534 + 1));
+  fakes.dialogs.answers = {box_answer::kYes};
+  ASSERT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kSaved);
+  EXPECT_THAT(log.sheetNames, ElementsAre("Chart1", "Chart2", "Chart3"));
+  EXPECT_EQ(Cell("1!65534,2"), "=65513");
+  EXPECT_EQ(Cell("1!65535,2"), "");
+  EXPECT_EQ(Cell("2!1,2"), "=65514");
+  EXPECT_EQ(Cell("2!65534,2"), "=131047");
+  EXPECT_EQ(Cell("3!1,2"), "=131048");
+}
+
+TEST_F(ExcelExportTest, AsksBeforeItDeletesAndDeletesBeforeItLooksForTheApplication) {
+  PutChart(Rows(1));
+  fakes.files.Put(target, "old");
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kDeclined);  // No is the fake's answer
+  EXPECT_THAT(log.calls, IsEmpty());
+  EXPECT_EQ(fakes.files.Bytes(target), "old");
+  EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("File " + target + " already exists! Overwrite?"));
+
+  fakes.spreadsheets.installed = false;
+  fakes.dialogs.answers = {box_answer::kYes};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kNoApplication);
+  EXPECT_FALSE(fakes.files.Has(target));
+  EXPECT_EQ(fakes.dialogs.TakePrompts().back(), "Unable to find Excel application.");
+
+  fakes.spreadsheets.running = true;  // a running one is taken first
+  log.calls.clear();
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kDeclined);
+  EXPECT_THAT(log.calls, ElementsAre("attach", "release"));
+}
+
+TEST_F(ExcelExportTest, AnErrorIsLoggedAndTheApplicationQuits) {
+  PutChart(Rows(10));
+  log.failAtRow = 25;
+  fakes.dialogs.answers = {box_answer::kYes};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kFailed);
+  EXPECT_THAT(log.calls, ElementsAre("attach: none", "create", "workbooks.Add", "quit", "release"));
+  EXPECT_THAT(fakes.files.Bytes("/bin/Kestrel.log"),
+              ::testing::AllOf(HasSubstr("Sub/Function = cmdExport_Click"), HasSubstr("Err.Number = 1004")));
+
+  request.targetName = request.chartFile;  // would destroy the points
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kFailed);
+  EXPECT_TRUE(fakes.files.Has(request.chartFile));
+}
+
+TEST_F(ExcelExportTest, CanBeGivenUpAndRefusesWhatDoesNotFit) {
+  PutChart(Rows(20'000));
+  std::uint64_t lastDone = 0;
+  request.progress = [&](std::uint64_t done, std::uint64_t total) {
+    EXPECT_LE(done, total);
+    lastDone = done;
+    return done < total / 2;
+  };
+  fakes.dialogs.answers = {box_answer::kYes};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kGivenUp);
+  EXPECT_GT(lastDone, 0U);
+  EXPECT_THAT(log.calls, ElementsAre("attach: none", "create", "workbooks.Add", "quit", "release"));
+
+  request.progress = {};
+  log.calls.clear();
+  fakes.dialogs.TakePrompts();
+  fakes.files.Put(target, "old");
+  fakes.spreadsheets.limits = WorkbookLimits{(20 + 29 + 18) * 1000 + 1, 10};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kTooLarge);
+  EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr("1,000 points would fit")));
+  EXPECT_THAT(log.calls, IsEmpty());
+  EXPECT_EQ(fakes.files.Bytes(target), "old");
+  fakes.spreadsheets.limits = WorkbookLimits{1'000'000'000, 1};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kDeclined);  // fits; the overwrite is declined
+}
+
+}  // namespace
+}  // namespace chartproject
