@@ -28,7 +28,10 @@ using PenNumber = int;
 enum class FrameStyle : std::uint8_t { kNone = 0, kSingle = 1, kDouble = 2 };
 
 /// Colours of the four series, the same as their swatches beside the chart: red, green, blue, yellow.
-inline constexpr std::array<Color, 4> kSeriesColors = {FromBgr(255), FromBgr(65280), FromBgr(16711680), FromBgr(65535)};
+inline constexpr std::array<std::int32_t, 4> kSeriesColorNumbers = {255, 65280, 16711680, 65535};
+inline constexpr std::array<Color, 4> kSeriesColors = {FromBgr(kSeriesColorNumbers[0]), FromBgr(kSeriesColorNumbers[1]),
+                                                       FromBgr(kSeriesColorNumbers[2]),
+                                                       FromBgr(kSeriesColorNumbers[3])};
 
 struct ChartSeries {
   std::string label;           ///< its name in the legend

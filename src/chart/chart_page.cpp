@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "chart/chart_model.h"
 #include "chart/page_text.h"
 #include "common/error_log.h"
 #include "common/message_table.h"
@@ -107,7 +108,7 @@ class PageDrawing {
       if (!series.name.empty()) text += ", " + series.name;
       text += ", " + LoadMessage(component_, 79) + ": " + series.scale;
       PrintFont font = kValueFont;
-      font.color = kSeriesColors[s % kSeriesColors.size()];
+      font.color = kSeriesColorNumbers[s % kSeriesColorNumbers.size()];
       DrawValue(text, column, font);
     }
   }

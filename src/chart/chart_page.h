@@ -13,9 +13,6 @@
 
 namespace chartproject {
 
-/// Colours of the four series as BGR numbers, the same on page and window: red, green, blue, yellow.
-inline constexpr std::array<std::int32_t, 4> kSeriesColors{255, 65280, 16711680, 65535};
-
 /// One series as the page names it.
 struct ChartPageSeries {
   int parameter = 0;

@@ -61,11 +61,17 @@ SkippedLines ForEachPoint(Component& component, const ExportRequest& request, Ta
   return skipped;
 }
 
+/// ASCII only: the same in the file's code page and in UTF-8.
+bool IsPlain(std::string_view bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
 /// The most bytes that a value takes in a workbook: a number, or a text of one or two bytes a character.
 std::uint64_t LargestCell(std::string_view text) {
   constexpr std::uint64_t kNumberRecord = 18;
   constexpr std::uint64_t kTextRecord = 13;
-  return text.empty() ? 0 : std::max<std::uint64_t>(kNumberRecord, kTextRecord + 2 * text.size());
+  const std::uint64_t bytesEach = IsPlain(text) ? 1 : 2;
+  return text.empty() ? 0 : std::max<std::uint64_t>(kNumberRecord, kTextRecord + bytesEach * text.size());
 }
 
 /// How many points fit into the format; nothing when all do.
@@ -156,8 +162,7 @@ class Workbook {
   }
 
   std::string_view Decoded(std::string_view bytes) {
-    const bool plain = std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
-    if (plain) return bytes;
+    if (IsPlain(bytes)) return bytes;
     decoded_ = codePage_.Decode(bytes);
     return decoded_;
   }

@@ -43,7 +43,7 @@ struct ExcelExportTest : ::testing::Test {
 };
 
 TEST_F(ExcelExportTest, WritesHeaderAndPointsAndReports) {
-  PutChart("08:00:01#50.25#7####\r\n'comment\r\n\r\n08:00:02#1,5#--###\r\nrubbish\r\n08:00:03#\xE9#####\r\n");
+  PutChart("08:00:01#50.25#7####\r\n'comment\r\n\r\n08:00:02#1,5#--####\r\nrubbish\r\n08:00:03#\xE9#####\r\n");
   std::vector<bool> busy;
   request.busy = [&busy](bool on) { busy.push_back(on); };
   fakes.dialogs.answers = {box_answer::kYes};
@@ -143,9 +143,9 @@ TEST_F(ExcelExportTest, CanBeGivenUpAndRefusesWhatDoesNotFit) {
 
   request.progress = {};
   log.calls.clear();
-  fakes.dialogs.TakePrompts();
+  fakes.dialogs.boxes.clear();
   fakes.files.Put(target, "old");
-  fakes.spreadsheets.limits = WorkbookLimits{(20 + 29 + 18) * 1000 + 1, 10};
+  fakes.spreadsheets.limits = WorkbookLimits{(20 + 21 + 18) * 1000 + 1, 10};
   EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kTooLarge);
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr("1,000 points would fit")));
   EXPECT_THAT(log.calls, IsEmpty());
