@@ -8,7 +8,7 @@ namespace chartproject {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
 
 const char* FindLineEnd(const char* from, std::size_t count) {
   return static_cast<const char*>(std::memchr(from, '\n', count));

@@ -21,7 +21,7 @@ struct TextLine {
 /// anything). A line longer than the limit comes cut, its rest is passed over.
 class LineReader {
  public:
-  static constexpr std::size_t kDefaultLimit = 64 * 1024;
+  static constexpr std::size_t kDefaultLimit = std::size_t{64} * 1024;
 
   /// @param file outlives the reader; nobody else moves it meanwhile
   /// @param limit longest line in bytes that is given whole

@@ -106,9 +106,16 @@ class NumberScanner {
 /// Of a plain number too large or too small for its type: true when it is too small and reads as 0.
 bool IsTiny(std::string_view plain) {
   const std::size_t exponentAt = plain.find('e');
+  std::int64_t exponent = 0;
+  if (exponentAt != std::string_view::npos) {
+    const std::string_view text = plain.substr(exponentAt + 1);
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
+    if (result.ec == std::errc::result_out_of_range) return text.front() == '-';
+  }
   const std::string_view mantissa = plain.substr(0, exponentAt);
-  if (exponentAt != std::string_view::npos) return plain[exponentAt + 1] == '-';
-  return mantissa.find_first_of("123456789") > mantissa.find('.');
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const std::size_t firstDigit = std::min(mantissa.find_first_of("123456789"), mantissa.size());
+  return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(firstDigit) + exponent < 0;
 }
 
 template <typename Number>

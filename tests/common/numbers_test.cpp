@@ -79,8 +79,11 @@ TEST(Numbers, RoundsHalvesToEvenAndRefusesWhatDoesNotFit) {
   EXPECT_EQ(ErrorOf([] { return ToInteger32("2147483648", kStop); }), 6);
   EXPECT_EQ(ErrorOf([] { return ToInteger32("1e999", kStop); }), 6);
   EXPECT_EQ(ErrorOf([] { return ToSingle("1e39", kStop); }), 6);
-  EXPECT_EQ(ErrorOf([] { return CheckedInteger16(1311 * 25); }), 6);
-  EXPECT_EQ(CheckedInteger16(1310 * 25), 32750);
+  EXPECT_EQ(ErrorOf([] { return ToDouble(std::string(400, '9') + "e-5", kStop); }), 6);
+  EXPECT_EQ(ErrorOf([] { return ToDouble("1e99999999999999999999", kStop); }), 6);
+  EXPECT_EQ(ToDouble("0." + std::string(400, '0') + "1e5", kStop), 0);
+  EXPECT_EQ(ErrorOf([] { return CheckedInteger16(32775); }), 6);
+  EXPECT_EQ(CheckedInteger16(32750), 32750);
   EXPECT_EQ(ErrorOf([] { return CheckedInteger32(std::int64_t{1} << 31); }), 6);
 }
 
