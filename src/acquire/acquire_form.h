@@ -137,6 +137,7 @@ class AcquireForm : public Form {
 
   // Lists (acquire_form_lists.cpp).
   void FillDriveAddressList();
+  void LoadDriver(std::int16_t address);
   void FillNumberOfParametersList();
   void FillParameterList(std::int16_t driveAddress, ComboBox& list);
   void FillEventList();
@@ -218,6 +219,14 @@ class AcquireForm : public Form {
   std::int64_t shownSeconds_ = -1;  ///< elapsed seconds that lblRunTimes shows
   std::string lastAcceptedPoints_;
   std::string lastAcceptedTime_;
+  /// The driver file loaded last. The very same file is not read again, nor its faults told again, at every reset.
+  struct LoadedDriver {
+    std::int16_t address = 0;
+    std::string fileName;
+    FileIdentity identity;
+    friend bool operator==(const LoadedDriver&, const LoadedDriver&) = default;
+  };
+  LoadedDriver loadedDriver_;
   std::string driverFileError_;  ///< said once, not at every reset
   bool namingFile_ = false;      ///< the program sets the file name, and reacts to it itself
   bool puttingBack_ = false;     ///< an accepted text comes back; it is not refused again

@@ -93,6 +93,17 @@ void AcquireForm::EnableParameterLists() {
   for (ComboBox* list : ParameterLists()) list->SetEnabled(++number <= inUse);
 }
 
+void AcquireForm::LoadDriver(std::int16_t address) {
+  FileSystem& files = component_.ports.files;
+  LoadedDriver driver{address, DriverFileName(component_, address), {}};
+  if (files.FileExists(driver.fileName)) driver.identity = files.OpenForReading(driver.fileName)->Identity();
+  if (driver == loadedDriver_) return;
+  loadedDriver_ = {};
+  LoadDriverFile(component_, address);
+  loadedDriver_ = std::move(driver);
+  driverFileError_.clear();
+}
+
 void AcquireForm::cboDriveAddress_Click() {
   if (cboDriveAddress.ListIndex() < 0) return;
   const HourglassScope hourglass(*this);
@@ -100,8 +111,7 @@ void AcquireForm::cboDriveAddress_Click() {
   lblDriveModel.SetCaption(SelectedModel());
   const auto address = ToInteger16(component_.selectedDriveAddress, component_.ports.locale.Numbers());
   try {
-    LoadDriverFile(component_, address);
-    driverFileError_.clear();
+    LoadDriver(address);
   } catch (const RunTimeError& error) {
     // No list may go on offering the parameters of another drive.
     for (ComboBox* list : ParameterLists()) list->Clear();

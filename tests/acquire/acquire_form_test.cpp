@@ -1,0 +1,319 @@
+// The dialog before a run: lists, fields, events, the chart file's header, messages, closing.
+#include "dialog_fixture.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class AcquireFormTest : public DialogTest {};
+
+TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
+  fake.settings.values["frmAcquireVar"]["Left"] = "1500";
+  fake.settings.values["frmAcquireVar"]["Top"] = "far";
+  form = std::make_unique<AcquireForm>(component);
+  form->Load();
+  EXPECT_EQ(form->Caption(), "Acquire Parameter");
+  EXPECT_THAT(form->cboDriveAddress.Items(), ElementsAre("01", "02", "03", "04"));
+  EXPECT_EQ(form->cboDriveAddress.Text(), "01");
+  EXPECT_EQ(form->lblDriveModel.Caption(), "KRA-09");
+  EXPECT_THAT(form->cboPXXX1.Items(), ElementsAre("003", "005", "012"));  // 990 and 991 are the service's
+  EXPECT_TRUE(form->cboPXXX1.Enabled());
+  EXPECT_FALSE(form->cboPXXX2.Enabled());
+  EXPECT_EQ(form->rtfFileName.Text(), kChart);
+  EXPECT_EQ(component.strChartFileName, kChart);
+  EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");
+  EXPECT_EQ(form->txtTimeBetweenPoints.Text(), "1");
+  EXPECT_EQ(form->lblTimeBetweenPointsRange.Caption(), "1 ... 65 s");
+  EXPECT_EQ(form->cboTriggerMode.Text(), "Manual");
+  EXPECT_EQ(form->cboEvent.Text(), "<PXXX> = Content");
+  EXPECT_TRUE(StartShown());
+  EXPECT_FALSE(TriggerShown());
+  EXPECT_FALSE(form->cmdViewChart.Visible());
+  EXPECT_EQ(form->lblHint.Caption(), "");
+  EXPECT_EQ(form->lblEstimate.Caption(), "Duration 00:00:05, about 900 bytes.");
+  EXPECT_EQ(form->lblStart.BorderStyle(), 0);
+  EXPECT_EQ(form->Height(), 6360);
+  EXPECT_EQ(form->Left(), 1500);
+  EXPECT_EQ(form->Top(), (1024 * 15 - 6360) / 2);
+  EXPECT_EQ(form->HelpContextId(), 91);
+  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+  EXPECT_THAT(fake.files.Bytes("\\Kestrel.log"), HasSubstr("Kestrel.ico"));
+  EXPECT_THAT(fake.files.Bytes("\\Kestrel.log"), HasSubstr("Select.cur"));
+}
+
+TEST_F(AcquireFormTest, NoDriveNoList) {
+  component.driveTable.Clear();
+  Open();
+  EXPECT_THAT(form->cboDriveAddress.Items(), IsEmpty());
+  EXPECT_THAT(form->cboPXXX1.Items(), IsEmpty());
+  EXPECT_FALSE(StartShown());
+  EXPECT_EQ(form->lblHint.Caption(), "Choose a drive address.");
+}
+
+TEST_F(AcquireFormTest, SelectedDriveOfTheHostMayBeMissing) {
+  component.settings.intSelectedDrive = 9;
+  Open();
+  EXPECT_EQ(form->cboDriveAddress.ListIndex(), -1);
+  EXPECT_FALSE(StartShown());
+  Choose(form->cboDriveAddress, "03");
+  EXPECT_THAT(form->cboPXXX1.Items(), ElementsAre("003", "005", "012", "990", "991"));
+  EXPECT_TRUE(StartShown());
+}
+
+TEST_F(AcquireFormTest, MissingDriverFileIsNamedOnceAndTheDialogStaysUsable) {
+  fake.files.Delete("C:\\d\\LMX01E.wcd");
+  Open();
+  Choose(form->cboDriveAddress, "02");
+  auto prompts = fake.dialogs.TakePrompts();
+  ASSERT_EQ(prompts.size(), 1U);
+  EXPECT_THAT(prompts[0], HasSubstr("C:\\d\\LMX01E.wcd"));
+  EXPECT_THAT(form->cboPXXX1.Items(), IsEmpty());
+  EXPECT_FALSE(StartShown());
+  EXPECT_EQ(form->lblHint.Caption(), "Choose a parameter in every list that is in use.");
+  EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
+  Choose(form->cboDriveAddress, "01");
+  EXPECT_TRUE(StartShown());
+  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+}
+
+TEST_F(AcquireFormTest, LineErrorsOfADriverFileAreNotRepeatedAtEveryReset) {
+  fake.files.Put("C:\\d\\KRA09E.wcd", fake.files.Bytes("C:\\d\\KRA09E.wcd") + "#7" + std::string(14, '#') + "\r\n");
+  form = std::make_unique<AcquireForm>(component);
+  form->Load();
+  form->cmdReset.Press();
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("Error in line 6 in driver C:\\d\\KRA09E.wcd"));
+}
+
+TEST_F(AcquireFormTest, NumberOfParametersEnablesTheListsInUse) {
+  Open();
+  form->cboPXXX1.SetListIndex(2);
+  Choose(form->cboNumberOfParameters, "3");
+  for (const ComboBox* list : {&form->cboPXXX1, &form->cboPXXX2, &form->cboPXXX3, &form->cboPXXX4}) {
+    EXPECT_EQ(list->Enabled(), list != &form->cboPXXX4);
+    EXPECT_EQ(list->ListIndex(), 0);
+  }
+  Choose(form->cboDriveAddress, "02");
+  EXPECT_TRUE(form->cboPXXX3.Enabled());
+  EXPECT_FALSE(form->cboPXXX4.Enabled());
+}
+
+TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
+  Open();
+  Choose(form->cboTriggerMode, "Event");
+  struct Case {
+    TextControl& field;
+    int unit;
+    const char* typed;
+    const char* text;
+    const char* message;
+  };
+  const Case cases[] = {
+      {form->txtNumberOfPoints, 1, "12.6", "13", ""},
+      {form->txtNumberOfPoints, 1, "0", "5", "Value out of range !"},
+      {form->txtNumberOfPoints, 1, "2000000001", "5", "Value out of range !"},
+      {form->txtNumberOfPoints, 1, "99999999999", "5", "Value out of range !"},
+      {form->txtNumberOfPoints, 1, "x", "5", ""},
+      {form->txtTimeBetweenPoints, 0, "150", "150", ""},
+      {form->txtTimeBetweenPoints, 0, "70000", "1000", "Value out of range !"},
+      {form->txtTimeBetweenPoints, 1, "65", "65", ""},
+      {form->txtTimeBetweenPoints, 1, "66", "1", "Value out of range !"},
+      {form->txtTimeBetweenPoints, 1, "", "1", ""},
+      {form->txtContent, 1, "-,", "-,", ""},
+      {form->txtContent, 1, "abc", "", ""},
+  };
+  for (const Case& c : cases) {
+    form->txtNumberOfPoints.SetText("5");
+    form->cboTimeBetweenPointsUnit.SetListIndex(2);
+    form->cboTimeBetweenPointsUnit.SetListIndex(c.unit);
+    c.field.SetText(c.typed);
+    EXPECT_EQ(c.field.Text(), c.text) << c.field.Name() << " <- " << c.typed;
+    const auto prompts = fake.dialogs.TakePrompts();
+    EXPECT_EQ(prompts.empty() ? "" : prompts[0], c.message) << c.typed;
+    EXPECT_LE(prompts.size(), 1U);
+  }
+  EXPECT_EQ(component.contentText, "");
+  EXPECT_FALSE(TriggerShown());
+  EXPECT_EQ(form->lblHint.Caption(), "Enter the content to compare with.");
+}
+
+TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
+  Open();
+  Choose(form->cboTimeBetweenPointsUnit, "ms");
+  EXPECT_EQ(form->txtTimeBetweenPoints.Text(), "1000");
+  form->txtTimeBetweenPoints.SetFocus();
+  form->txtTimeBetweenPoints.SetText("150");
+  EXPECT_TRUE(StartShown());
+  form->txtContent.SetFocus();
+  EXPECT_EQ(form->txtTimeBetweenPoints.Text(), "");
+  EXPECT_EQ(component.timeText, "");
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("Value out of range !"));
+  EXPECT_FALSE(StartShown());
+  EXPECT_EQ(form->lblHint.Caption(), "Enter the time among points.");
+  form->txtTimeBetweenPoints.SetText("250");
+  EXPECT_TRUE(StartShown());
+  // The access key of Start leaves the field without leaving it.
+  form->txtTimeBetweenPoints.SetText("199");
+  form->cmdStart.Press();
+  EXPECT_EQ(form->Run().State(), RunState::kIdle);
+  EXPECT_FALSE(StartShown());
+}
+
+TEST_F(AcquireFormTest, MaskedTimeIsCheckedOnLeavingAndAtStart) {
+  Open();
+  Choose(form->cboTimeBetweenPointsUnit, "hh:mm:ss");
+  EXPECT_TRUE(form->mebTimeBetweenPoints.Visible());
+  EXPECT_FALSE(form->txtTimeBetweenPoints.Visible());
+  EXPECT_EQ(form->lblTimeBetweenPointsRange.Caption(), "HH:MM:SS");
+  const std::pair<const char*, const char*> cases[] = {
+      {"24:00:00", "Value out of range !"},
+      {"00:00:00", "Value out of range !"},
+      {"0a:00:00", "Incorrect value: use format hh:mm:ss"},
+  };
+  for (const auto& [text, message] : cases) {
+    form->mebTimeBetweenPoints.SetFocus();
+    form->mebTimeBetweenPoints.SetText(text);
+    form->cboPXXX1.SetFocus();
+    EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(message)) << text;
+    form->cmdStart.Press();
+    EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(message)) << text;
+    EXPECT_EQ(form->Run().State(), RunState::kIdle);
+  }
+}
+
+TEST_F(AcquireFormTest, PointsNeedRoomOnTheDisk) {
+  Open();
+  Choose(form->cboNumberOfParameters, "4");
+  fake.files.space.totalFree = 170'000'700;
+  form->txtNumberOfPoints.SetText("1000000");
+  EXPECT_THAT(fake.dialogs.TakePrompts(),
+              ElementsAre("Insufficient disk space: 170,000,700 bytes. Required space: 70,000,700 bytes"));
+  EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");
+  ++fake.files.space.totalFree;
+  form->txtNumberOfPoints.SetText("1000000");
+  EXPECT_EQ(form->txtNumberOfPoints.Text(), "1000000");
+  EXPECT_EQ(form->lblEstimate.Caption(), "Duration 11 d 13:46:40, about 66.76 MB.");
+}
+
+TEST_F(AcquireFormTest, EventsThatTheModelLacksDoNotStaySelected) {
+  Open();
+  const std::pair<const char*, std::size_t> refused[] = {{"01", 0}, {"02", 16}, {"03", 19}, {"04", 16}};
+  for (const auto& [address, count] : refused) {
+    Choose(form->cboDriveAddress, address);
+    form->cboTriggerMode.SetListIndex(1);
+    form->cboTriggerMode.SetListIndex(0);
+    std::size_t unavailable = 0;
+    for (int position = 0; position < form->cboEvent.ListCount(); ++position) {
+      form->cboEvent.SetListIndex(position);
+      if (form->cboEvent.ListIndex() == position) continue;
+      ++unavailable;
+      EXPECT_EQ(form->cboEvent.ListIndex(), -1);
+      EXPECT_FALSE(TriggerShown());
+      EXPECT_EQ(fake.dialogs.boxes.back().helpContext, 91);
+    }
+    EXPECT_EQ(unavailable, count) << address;
+    EXPECT_THAT(fake.dialogs.TakePrompts(), testing::Each("Event not available"));
+  }
+  // A change of drive asks again.
+  Choose(form->cboDriveAddress, "01");
+  Choose(form->cboEvent, "P012 - DI3 = 1");
+  EXPECT_TRUE(TriggerShown());
+  Choose(form->cboDriveAddress, "02");
+  EXPECT_EQ(form->cboEvent.ListIndex(), -1);
+  EXPECT_EQ(form->lblHint.Caption(), "Choose an event.");
+}
+
+TEST_F(AcquireFormTest, TriggerModesAndCompareFields) {
+  Open();
+  Choose(form->cboTriggerMode, "Event");
+  EXPECT_EQ(form->cboEvent.Text(), "<PXXX> = Content");
+  EXPECT_TRUE(form->cboPXXX.Enabled());
+  EXPECT_TRUE(form->txtContent.Enabled());
+  form->txtContent.SetText("12.5");
+  form->cboPXXX.SetListIndex(1);
+  EXPECT_TRUE(TriggerShown());
+  EXPECT_FALSE(StartShown());
+  Choose(form->cboTriggerMode, "Manual");
+  EXPECT_FALSE(form->cboEvent.Enabled());
+  EXPECT_FALSE(form->cboPXXX.Enabled());
+  EXPECT_FALSE(form->txtContent.Enabled());
+  EXPECT_EQ(form->txtContent.Text(), "12.5");
+  EXPECT_TRUE(StartShown());
+  Choose(form->cboTriggerMode, "Event");
+  Choose(form->cboEvent, "Inverter is enabled (RUN)");
+  EXPECT_EQ(form->cboPXXX.ListIndex(), 0);
+  EXPECT_FALSE(form->cboPXXX.Enabled());
+  EXPECT_EQ(form->txtContent.Text(), "");
+  EXPECT_TRUE(TriggerShown());
+}
+
+TEST_F(AcquireFormTest, HeaderOfAnExistingFileIsShownAndWrittenBackUnchanged) {
+  const std::string headers[] = {
+      "Drive Address=02\r\nNumber of Parameters=2\r\nPXXX1=005\r\nPXXX2=990\r\nPXXX3=\r\nPXXX4=\r\nScan Time=250\r\n"
+      "Unit=ms\r\nNumber of Points=7\r\nTrigger Mode=Manual\r\nEvent=PXXX<Content\r\nPXXX=012\r\nContent=-1.5\r\n",
+      "Drive Address=01\r\nNumber of Parameters=1\r\nPXXX1=012\r\nPXXX2=\r\nPXXX3=\r\nPXXX4=\r\nScan Time=00:00:02\r\n"
+      "Unit=hh:mm:ss\r\nNumber of Points=3\r\nTrigger Mode=Event\r\nEvent=P012-DI3=1\r\nPXXX=003\r\nContent=\r\n"};
+  plant.texts[12] = "IIA";
+  for (const std::string& header : headers) {
+    fake.files.Put("C:\\p\\old.cht", "[INFO]\r\n" + header + "\r\n[TIME/CONTENT]\r\n");
+    Open();
+    form->rtfFileName.SetText("C:\\p\\old.cht");
+    EXPECT_TRUE(form->cmdViewChart.Visible());
+    (form->cmdStart.Visible() ? form->cmdStart : form->cmdTrigger).Press();
+    RunToEnd();
+    EXPECT_EQ(form->LastRun().end, RunEnd::kComplete);
+    EXPECT_THAT(fake.files.Bytes("C:\\p\\old.cht"), testing::StartsWith("[INFO]\r\n" + header + "Start Date="));
+    EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+    form->rtfFileName.SetText("C:\\p\\new.cht");
+    EXPECT_FALSE(form->cmdViewChart.Visible());
+    EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");
+    EXPECT_EQ(component.strChartFileName, "C:\\p\\new.cht");
+  }
+}
+
+TEST_F(AcquireFormTest, FilesAreNamedByBrowsingAndByPrompt) {
+  Open();
+  form->cmdBrowse.Press();  // cancelled
+  EXPECT_EQ(form->rtfFileName.Text(), kChart);
+  EXPECT_EQ(fake.dialogs.fileRequests[0].initialFolder, "C:\\p");
+  EXPECT_EQ(fake.dialogs.fileRequests[0].flags, 4100);
+  EXPECT_EQ(fake.dialogs.fileRequests[0].filter, "Chart Files (*.cht)|*.cht");
+  EXPECT_EQ(fake.dialogs.fileRequests[0].filterIndex, 2);
+  fake.dialogs.fileAnswer = "C:\\q\\b.cht";
+  form->cmdBrowse.Press();
+  EXPECT_EQ(component.strChartFileName, "C:\\q\\b.cht");
+  EXPECT_THAT(Sounds(), ElementsAre("NIMClick.wav"));
+  fake.dialogs.inputAnswer = "motor";
+  form->cmdNewFile.Press();
+  EXPECT_EQ(fake.dialogs.inputs[0].prompt, "Enter file name:");
+  EXPECT_EQ(fake.dialogs.inputs[0].title, "Chart File");
+  EXPECT_EQ(form->rtfFileName.Text(), "C:\\p\\motor.cht");
+  form->rtfFileName.SetText("");
+  EXPECT_EQ(form->lblHint.Caption(), "Enter a file name.");
+}
+
+TEST_F(AcquireFormTest, ViewChartAndOk) {
+  fake.files.Put(kChart, "[INFO]\r\n");
+  std::vector<std::string> shown;
+  component.showChart = [&shown](Component&, const std::string& name) { shown.push_back(name); };
+  Open();
+  form->cmdViewChart.Press();
+  EXPECT_THAT(shown, ElementsAre(kChart));
+  form->PlaceChangedByUser(300.4, 150, 9000, 6360);
+  form->cmdOK.Press();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(component.strChartFileName, "");
+  EXPECT_EQ(fake.settings.values["frmAcquireVar"]["Left"], "300");
+  EXPECT_EQ(fake.settings.values["MyConf"]["strMaximizedfrmErr"], "No");
+  EXPECT_THAT(Sounds(), ElementsAre("NIMClick.wav", "ir_end.wav"));
+  Open();
+  form->StateChangedByUser(WindowState::kMaximized);
+  form->Unload();
+  Open();
+  EXPECT_EQ(form->State(), WindowState::kMaximized);
+}
+
+}  // namespace
+}  // namespace chartproject

@@ -1,0 +1,218 @@
+// Recordings from Start to chart file: exact bytes, early ends, failures.
+#include "dialog_fixture.h"
+
+namespace chartproject {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class AcquireRunTest : public DialogTest {
+ protected:
+  /// Sets the number of points and starts.
+  void Start(int points) {
+    Open();
+    form->txtNumberOfPoints.SetText(std::to_string(points));
+    form->cmdStart.Press();
+  }
+};
+
+TEST_F(AcquireRunTest, ChartFileFromMemoryIsExact) {
+  plant.texts = {{3, "1.50"}, {5, "é"}};
+  Open();
+  Choose(form->cboNumberOfParameters, "2");
+  Choose(form->cboPXXX2, "005");
+  form->txtNumberOfPoints.SetText("3");
+  form->cmdStart.Press();
+  EXPECT_THAT(Sounds(), ElementsAre("ir_end.wav"));
+  EXPECT_EQ(form->Height(), 7200);
+  EXPECT_EQ(form->Pointer(), MousePointer::kHourglass);
+  EXPECT_FALSE(form->picTime.Enabled() || form->cmdOK.Enabled() || form->cmdStart.Enabled());
+  RunUntil(milliseconds(999));
+  EXPECT_EQ(form->Run().Counter(), 0);
+  RunUntil(seconds(2));
+  EXPECT_EQ(form->lblProgress.Caption(), "2");
+  EXPECT_EQ(form->prgProgress.Value(), 6666);
+  EXPECT_EQ(form->lblRunTimes.Caption(), "Elapsed 00:00:02, expected end 08:00:03");
+  EXPECT_EQ(Chart(), "");
+  RunToEnd();
+  EXPECT_EQ(Chart(),
+            "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=2\r\nPXXX1=003\r\nPXXX2=005\r\nPXXX3=\r\nPXXX4=\r\n"
+            "Scan Time=1\r\nUnit=s\r\nNumber of Points=3\r\nTrigger Mode=Manual\r\nEvent=PXXX=Content\r\nPXXX=003\r\n"
+            "Content=0\r\nStart Date=31/01/2026\r\nStart Time=08:00:01\r\nEnd Date=31/01/2026\r\nEnd Time=08:00:03\r\n"
+            "\r\n[TIME/CONTENT]\r\n"
+            "08:00:01#1.50#\xE9####\r\n08:00:02#1.50#\xE9####\r\n08:00:03#1.50#\xE9####\r\n");
+  EXPECT_THAT(Sounds(), ElementsAre("Complete.wav"));
+  EXPECT_EQ(form->Height(), 6360);
+  EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
+  EXPECT_TRUE(form->picTime.Enabled() && form->cmdOK.Enabled() && form->cmdStart.Enabled());
+  EXPECT_TRUE(form->cmdViewChart.Visible());
+  EXPECT_EQ(form->lblProgress.Caption(), "");
+  EXPECT_FALSE(fake.forms.Timers().NextDue());
+  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+}
+
+TEST_F(AcquireRunTest, MoreThan2500PointsAreSpooled) {
+  for (const int points : {2500, 2501}) {
+    fake.files.Put(kSpool, "left by a crash\r\n");
+    Start(points);
+    fake.files.appendCount = 0;
+    RunToEnd();
+    EXPECT_EQ(fake.files.appendCount, points == 2500 ? 0 : 2501);
+    const auto rows = Rows();
+    ASSERT_EQ(rows.size(), static_cast<std::size_t>(points));
+    EXPECT_EQ(rows[0].substr(8), "#50#####");
+    EXPECT_EQ(fake.files.Has(kSpool), points == 2500);
+    EXPECT_THAT(Chart(), HasSubstr("\r\nEnd Time=" + rows.back().substr(0, 8) + "\r\n"));
+  }
+}
+
+TEST_F(AcquireRunTest, EscKeepsThePointsTaken) {
+  Start(100);
+  RunUntil(seconds(10));
+  fake.keyboard.escape = true;
+  RunToEnd();
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 100U);
+  EXPECT_EQ(rows[9], "08:00:10#50#####");
+  for (std::size_t i = 10; i < rows.size(); ++i) ASSERT_EQ(rows[i], "######");
+  EXPECT_THAT(Chart(), HasSubstr("End Date=31/01/2026\r\nEnd Time=8h00m10\r\n"));
+  EXPECT_EQ(form->LastRun().end, RunEnd::kStopped);
+  EXPECT_EQ(form->LastRun().points, 10);
+  EXPECT_THAT(Sounds(), ElementsAre("ir_end.wav", "Complete.wav", "Complete.wav"));
+  // The key that ended the run does not close the dialog while it is down.
+  EXPECT_FALSE(form->cmdOK.IsCancel());
+  fake.clock.Advance(milliseconds(100));
+  fake.forms.Timers().FireOne();
+  EXPECT_TRUE(form->cmdOK.IsCancel());
+}
+
+TEST_F(AcquireRunTest, EscBeforeTheFirstPointWritesNothing) {
+  Open();
+  fake.keyboard.escape = true;  // pressed before the run: not meant for it
+  form->cmdStart.Press();
+  RunUntil(milliseconds(500));
+  EXPECT_EQ(form->Run().State(), RunState::kSampling);
+  fake.keyboard.escape = true;
+  RunToEnd();
+  EXPECT_EQ(form->LastRun().written.kind, ChartWriteResult::Kind::kNothing);
+  EXPECT_FALSE(fake.files.Has(kChart));
+}
+
+TEST_F(AcquireRunTest, ClosingTheWindowEndsTheRunAndKeepsThePoints) {
+  Start(20);
+  RunUntil(seconds(4));
+  form->CloseByUser();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(Rows().size(), 20U);
+  EXPECT_FALSE(fake.forms.Timers().NextDue());
+}
+
+TEST_F(AcquireRunTest, StopwatchSpacesThePoints) {
+  Open();
+  Choose(form->cboTimeBetweenPointsUnit, "hh:mm:ss");
+  form->mebTimeBetweenPoints.SetText("00:00:05");
+  form->txtNumberOfPoints.SetText("2");
+  form->cmdStart.Press();
+  RunUntil(seconds(4));
+  EXPECT_EQ(form->lblElapsedTime.Caption(), "00:00:04");
+  EXPECT_EQ(form->Run().Counter(), 0);
+  RunUntil(seconds(5));
+  EXPECT_EQ(form->lblElapsedTime.Caption(), "00:00:00");
+  RunToEnd();
+  EXPECT_THAT(Rows(), ElementsAre("08:00:05#50#####", "08:00:10#50#####"));
+  EXPECT_THAT(Chart(), HasSubstr("Scan Time=00:00:05\r\nUnit=hh:mm:ss\r\n"));
+}
+
+TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
+  plant.texts = {{3, "7"}, {12, "IA"}};
+  plant.silent = {5};
+  struct Case {
+    const char* model;
+    int parameter;
+    const char* text;
+  };
+  const Case cases[] = {{"KRA-09", 3, "7"},    {"KRA-09", 5, "0"},  {"TSR-03", 5, "0"},   {"KRA-02", 3, ""},
+                        {"KRA-02", 5, ""},     {"KRA-02", 6, "50"}, {"KRA-02", 12, "IA"}, {"other", 3, ""},
+                        {"KRA-08", 2, "0.00"}, {"KRA-09", 1, "50"}};
+  component.currentDrive = 1;
+  component.parameterTables.At(1).At(12).unitCode = 75;
+  for (const Case& c : cases) {
+    component.driveTable.At(1).Type = c.model;
+    EXPECT_EQ(ReadColumnText(component, static_cast<std::int16_t>(c.parameter)), c.text)
+        << c.model << " P" << c.parameter;
+  }
+  EXPECT_THAT(plant.reads, testing::Contains(std::pair(12, 7)));
+}
+
+TEST_F(AcquireRunTest, NearlyFullDiskEndsASpoolingRun) {
+  Start(3000);
+  RunUntil(seconds(5));
+  fake.files.space.totalFree = 99'999'999;
+  RunToEnd();
+  EXPECT_THAT(
+      fake.dialogs.TakePrompts(),
+      ElementsAre("Insufficient disk space: 99,999,999 bytes",
+                  "Insufficient disk space: 99,999,999 bytes. Points were saved on file: " + std::string(kSpool)));
+  EXPECT_THAT(Rows(), IsEmpty());
+  EXPECT_THAT(Chart(), testing::EndsWith("End Time=8h00m06\r\n\r\n[TIME/CONTENT]\r\n"));
+  EXPECT_EQ(std::ranges::count(fake.files.Bytes(kSpool), '\n'), 6);
+  EXPECT_EQ(form->LastRun().end, RunEnd::kDiskSpace);
+}
+
+TEST_F(AcquireRunTest, AFolderThatTakesNoFileIsToldBeforeTheRun) {
+  fake.files.before = [](const std::string& operation, const std::string& name) {
+    if (operation == "create") throw RunTimeError(error_number::kPermissionDenied, "read-only: " + name);
+  };
+  Start(5);
+  EXPECT_EQ(form->Run().State(), RunState::kIdle);
+  const auto prompts = fake.dialogs.TakePrompts();
+  ASSERT_EQ(prompts.size(), 1U);
+  EXPECT_THAT(prompts[0], HasSubstr("read-only: C:\\p\\Test.cht.new"));
+}
+
+TEST_F(AcquireRunTest, FailingSpoolEndsTheRunWithTheRowsWritten) {
+  Start(3000);
+  RunUntil(seconds(7));
+  fake.files.before = [](const std::string& operation, const std::string&) {
+    if (operation == "append") throw RunTimeError(error_number::kDiskFull, "disk full");
+  };
+  RunToEnd();
+  EXPECT_EQ(form->LastRun().end, RunEnd::kFailed);
+  EXPECT_EQ(form->LastRun().points, 7);
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("disk full"));
+  EXPECT_EQ(Rows().size(), 7U);
+}
+
+TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
+  for (const int points : {4, 2600}) {
+    Start(points);
+    RunUntil(fake.clock.Now() + seconds(3));
+    fake.files.before = [](const std::string& operation, const std::string& name) {
+      if (operation == "rename") throw RunTimeError(error_number::kPermissionDenied, "no permission: " + name);
+    };
+    RunToEnd();
+    fake.files.before = nullptr;
+    EXPECT_THAT(fake.dialogs.TakePrompts(),
+                ElementsAre("no permission: C:\\p\\Test.cht.new. Points were saved on file: " + std::string(kSpool)));
+    EXPECT_EQ(std::ranges::count(fake.files.Bytes(kSpool), '\n'), points);
+    EXPECT_FALSE(fake.files.Has(kChart));
+    fake.files.Delete(kSpool);
+  }
+}
+
+TEST_F(AcquireRunTest, ABrokenLinkEndsTheRunOnceWithItsReason) {
+  Start(10);
+  RunUntil(seconds(2));
+  plant.broken = true;
+  RunToEnd();
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("the link is gone"));
+  EXPECT_EQ(Rows()[1], "08:00:02#50#####");
+  EXPECT_EQ(Rows()[2], "######");
+}
+
+}  // namespace
+}  // namespace chartproject

@@ -1,0 +1,137 @@
+// Reading chart files, good and bad.
+#include "acquire/chart_file.h"
+
+#include "acquire/chart_file_writer.h"
+#include "acquire/trigger_events.h"
+#include "gmock/gmock.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+HeaderReading ReadFrom(const std::string& bytes, ChartHeader& header) {
+  FakePorts fake;
+  fake.files.Put("a.cht", bytes);
+  return ReadChartHeader(*fake.files.OpenForReading("a.cht"), fake.codePage, header);
+}
+
+TEST(ChartHeaderReader, FirstKeyInTheLineWins) {
+  struct Case {
+    const char* line;
+    std::string ChartHeader::*field;
+    const char* value;
+  };
+  const Case cases[] = {
+      {"Drive Address=01", &ChartHeader::DriveAddress, "01"},
+      {"Event=P012-DI1=0", &ChartHeader::Event, "P012-DI1=0"},
+      {"Event=PXXX=Content", &ChartHeader::Event, "PXXX=Content"},
+      {"Event=PXXX>=Content", &ChartHeader::Event, "PXXX>=Content"},
+      {"PXXX=005", &ChartHeader::PXXX, "005"},
+      {"  Content=-1,5  ", &ChartHeader::Content, "-1,5"},
+      {"note Scan Time=200", &ChartHeader::ScanTime, "200"},
+      {"a=b Scan Time=200", &ChartHeader::ScanTime, "b Scan Time=200"},
+      {"End Time=", &ChartHeader::EndTime, ""},
+  };
+  for (const Case& c : cases) {
+    ChartHeader header;
+    header.*c.field = "before";
+    EXPECT_EQ(ReadFrom(std::string(c.line) + "\r\n", header).keys, 1) << c.line;
+    EXPECT_EQ(header.*c.field, c.value) << c.line;
+  }
+  for (const char* line : {"drive address=01", "'Drive Address=01", "[INFO]Drive Address=01", "", "rubbish"}) {
+    ChartHeader header;
+    EXPECT_EQ(ReadFrom(line, header).keys, 0) << line;
+    EXPECT_EQ(header.DriveAddress, "");
+  }
+}
+
+TEST(ChartHeaderReader, StopsAtTheRowsAndClearsNothing) {
+  ChartHeader header;
+  header.TriggerMode = "Manual";
+  const auto reading = ReadFrom("[INFO]\r\nUnit=s\r\n'[TIME/CONTENT]\r\n[TIME/CONTENT]\r\nUnit=ms\r\n", header);
+  EXPECT_EQ(header.Unit, "s");
+  EXPECT_EQ(header.TriggerMode, "Manual");
+  EXPECT_TRUE(reading.rowsFollow);
+}
+
+TEST(ChartHeaderReader, BadFilesAreReadInBoundedMemory) {
+  ChartHeader header;
+  EXPECT_FALSE(ReadFrom("[INFO]\r\nDrive Addr", header).rowsFollow);
+  EXPECT_EQ(ReadFrom(std::string(3'000'000, '='), header).keys, 0);
+  EXPECT_EQ(ReadFrom("Unit=" + std::string(5'000, 'x') + "\nScan Time=7\n", header).keys, 1);
+  EXPECT_EQ(header.Unit, "");
+  EXPECT_EQ(header.ScanTime, "7");
+  const std::string late = std::string(kHeaderLimit, '\n') + "Unit=s\r\n";
+  EXPECT_EQ(ReadFrom(late, header).keys, 0);
+  std::string binary;
+  for (int i = 0; i < 70'000; ++i) binary += static_cast<char>(i * 7);
+  EXPECT_EQ(ReadFrom(binary, header).keys, 0);
+}
+
+TEST(ChartHeaderReader, TextsComeBackAsTheSameBytes) {
+  ChartHeader header;
+  ReadFrom("Start Date=1\xBA mar\xE7o\r\n", header);
+  EXPECT_EQ(header.StartDate, "1º março");
+}
+
+TEST(LocateRows, FindsTheLineBehindTheFirstMark) {
+  FakePorts fake;
+  const auto locate = [&fake](const std::string& bytes) {
+    fake.files.Put("a.cht", bytes);
+    return LocateRows(fake.files, "a.cht");
+  };
+  const auto plain = locate("[INFO]\r\n\r\n[TIME/CONTENT]\r\n1######\r\n[TIME/CONTENT]\r\n");
+  ASSERT_TRUE(plain);
+  EXPECT_EQ(plain->line, 4);
+  EXPECT_EQ(plain->offset, 26U);
+  EXPECT_FALSE(locate("[INFO]\r\nUnit=s\r\n[TIME/CONTEN"));
+  EXPECT_FALSE(locate(""));
+  const auto last = locate("\n[TIME/CONTENT]");
+  ASSERT_TRUE(last);
+  EXPECT_EQ(last->offset, 15U);
+  // Wherever the mark lies in the blocks that are read.
+  for (std::size_t before = 65'500; before < 65'560; ++before) {
+    const auto start = locate(std::string(before, '\n') + "x[TIME/CONTENT]y\r\n" + "row");
+    ASSERT_TRUE(start) << before;
+    EXPECT_EQ(start->line, static_cast<std::int64_t>(before) + 2);
+    EXPECT_EQ(start->offset, before + 18);
+  }
+}
+
+TEST(SplitRow, PointsHaveExactlySixMarks) {
+  const auto row = SplitRow("  10:15:02#123.45#7####\r\n");
+  ASSERT_TRUE(row);
+  EXPECT_EQ(row->time, "10:15:02");
+  EXPECT_THAT(row->values, testing::ElementsAre("123.45", "7", "", ""));
+  EXPECT_THAT(SplitRow("######")->values, testing::Each(""));
+  EXPECT_THAT(SplitRow("t#a#b#c#d##")->values, testing::ElementsAre("a", "b", "c", "d"));
+  for (const char* line : {"", "#####", "#######", "[TIME/CONTENT]"}) EXPECT_FALSE(SplitRow(line)) << line;
+}
+
+TEST(EventCodes, CodesMessagesAndAvailability) {
+  EXPECT_EQ(EventCode(0), "RUN");
+  EXPECT_EQ(EventCode(8), "P012-DI3=1");
+  EXPECT_EQ(EventCode(23), "PXXX<=Content");
+  EXPECT_EQ(EventCode(24), "");
+  EXPECT_EQ(EventMessage(1), 61);
+  EXPECT_EQ(EventMessage(18), 37);
+  for (int position = 0; position < kEventCount; ++position) EXPECT_EQ(EventPosition(EventCode(position)), position);
+  EXPECT_EQ(EventPosition("run"), -1);
+  const std::pair<const char*, std::string> offered[] = {
+      {"KRA-09", std::string(24, 'y')},
+      {"LMX-01", "yyy" + std::string(16, 'n') + "yyyyy"},
+      {"KRA-05", "yyy" + std::string(16, 'n') + "yyyyy"},
+      {"KRA-07", "yyy" + std::string(16, 'n') + "yyyyy"},
+      {"KRA-08", "yyy" + std::string(16, 'n') + "yyyyy"},
+      {"TSR-03", std::string(19, 'n') + "yyyyy"},
+      {"", std::string(19, 'n') + "yyyyy"},
+  };
+  for (const auto& [model, expected] : offered) {
+    std::string answers;
+    for (int position = 0; position < kEventCount; ++position) answers += EventAvailable(position, model) ? 'y' : 'n';
+    EXPECT_EQ(answers, expected) << model;
+  }
+}
+
+}  // namespace
+}  // namespace chartproject

@@ -1,0 +1,50 @@
+// The acquisition dialog on the headless back end: a small project of drives, a scripted plant, a virtual clock.
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "acquire/acquire_form.h"
+#include "gmock/gmock.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+
+/// A drive that answers every parameter with one text, unless told otherwise.
+struct FakePlant : DriveLinkFactory {
+  std::unique_ptr<DriveLink> Create() override;
+
+  std::map<int, std::string> texts;          ///< by parameter; "50" for the others
+  std::set<int> silent;                      ///< parameters that fail
+  bool broken = false;                       ///< the link object itself fails
+  std::vector<std::pair<int, int>> reads{};  ///< parameter and unit code
+};
+
+/// Drives 01 KRA-09, 02 LMX-01, 03 TSR-03, 04 KRA-05; the driver file of each has parameters 3, 5, 12, 990, 991.
+class DialogTest : public ::testing::Test {
+ protected:
+  explicit DialogTest(DriveLinkFactory* links = nullptr);
+
+  /// Loads the dialog and takes no notice of sounds and boxes so far.
+  void Open();
+  void Choose(ComboBox& list, const std::string& item);
+  /// Lets the timers tick until a moment on the virtual clock, or until the recording has ended.
+  void RunUntil(Instant moment);
+  void RunToEnd() { RunUntil(Instant::max()); }
+  [[nodiscard]] std::string Chart() const { return fake.files.Bytes(kChart); }
+  [[nodiscard]] std::vector<std::string> Rows() const;
+  [[nodiscard]] std::vector<std::string> Sounds();
+  [[nodiscard]] bool StartShown() const { return form->cmdStart.Visible() && form->lblStart.Visible(); }
+  [[nodiscard]] bool TriggerShown() const { return form->cmdTrigger.Visible() && form->lblTrigger.Visible(); }
+
+  static constexpr const char* kChart = "C:\\p\\Test.cht";
+  static constexpr const char* kSpool = "C:\\p\\Test.cht.tcf0";
+  FakePorts fake;
+  FakePlant plant;
+  Component component;
+  std::unique_ptr<AcquireForm> form;
+};
+
+}  // namespace chartproject

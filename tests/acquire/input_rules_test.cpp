@@ -1,0 +1,103 @@
+// The rules of the typed fields, and the texts of a run's length and size.
+#include "acquire/input_rules.h"
+
+#include "acquire/run_texts.h"
+#include "acquire/stopwatch.h"
+#include "gmock/gmock.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+const NumberFormat kStop{".", ","};
+const NumberFormat kComma{",", "."};
+
+TEST(InputRules, WholeNumbersOfPointsAndTimes) {
+  struct Case {
+    const char* text;
+    int unit;  // -1: number of points
+    Verdict verdict;
+    std::int32_t value;
+  };
+  const Case cases[] = {
+      {"5", -1, Verdict::kAccept, 5},
+      {"12.6", -1, Verdict::kAccept, 13},
+      {"2.5", -1, Verdict::kAccept, 2},
+      {"1e3", -1, Verdict::kAccept, 1000},
+      {"0", -1, Verdict::kOutOfRange, 0},
+      {"-3", -1, Verdict::kOutOfRange, -3},
+      {"2000000000", -1, Verdict::kAccept, 2000000000},
+      {"2000000001", -1, Verdict::kOutOfRange, 2000000001},
+      {"99999999999", -1, Verdict::kOutOfRange, 0},
+      {"", -1, Verdict::kNotANumber, 0},
+      {"12x", -1, Verdict::kNotANumber, 0},
+      {"0", 0, Verdict::kOutOfRange, 0},
+      {"1", 0, Verdict::kLetStand, 1},
+      {"199", 0, Verdict::kLetStand, 199},
+      {"200", 0, Verdict::kAccept, 200},
+      {"65535", 0, Verdict::kAccept, 65535},
+      {"65536", 0, Verdict::kOutOfRange, 65536},
+      {"0", 1, Verdict::kOutOfRange, 0},
+      {"65", 1, Verdict::kAccept, 65},
+      {"66", 1, Verdict::kOutOfRange, 66},
+  };
+  for (const Case& c : cases) {
+    const NumberCheck check =
+        c.unit < 0 ? CheckNumberOfPoints(c.text, kStop) : CheckTimeBetweenPoints(c.text, c.unit, kStop);
+    EXPECT_EQ(check.verdict, c.verdict) << c.text << ", unit " << c.unit;
+    EXPECT_EQ(check.verdict == Verdict::kAccept ? check.value : c.value, c.value) << c.text;
+  }
+}
+
+TEST(InputRules, ClockTimes) {
+  const std::pair<const char*, ClockTimeFault> cases[] = {
+      {"00:00:01", ClockTimeFault::kNone},   {"23:59:59", ClockTimeFault::kNone},
+      {"00:00:00", ClockTimeFault::kRange},  {"24:00:00", ClockTimeFault::kRange},
+      {"00:60:00", ClockTimeFault::kRange},  {"00:00:60", ClockTimeFault::kRange},
+      {"ab:00:01", ClockTimeFault::kFormat}, {"__:__:__", ClockTimeFault::kFormat},
+      {"00:00:1", ClockTimeFault::kFormat},  {"", ClockTimeFault::kFormat},
+  };
+  for (const auto& [text, fault] : cases) EXPECT_EQ(CheckClockTime(text), fault) << text;
+  EXPECT_EQ(ClockTimeSeconds("01:02:03"), 3723);
+  EXPECT_EQ(ClockTimeSeconds("__:__:07"), 7);
+}
+
+TEST(InputRules, ContentsAndBeginningsOfThem) {
+  for (const char* text : {"", "-", ",", ".", "-,", "-.", "12", "-1.5", " 7 "}) {
+    EXPECT_TRUE(ContentAcceptable(text, kStop)) << text;
+  }
+  for (const char* text : {"a", "--", "1.5.5", "-.-"}) EXPECT_FALSE(ContentAcceptable(text, kStop)) << text;
+  EXPECT_TRUE(ContentAcceptable("1,5", kComma));
+}
+
+TEST(InputRules, EstimateKeepsTheSevenDigitsOfASingle) {
+  EXPECT_EQ(EstimateBytes(1'000'000, 4), 70'000'700);
+  EXPECT_EQ(EstimateBytes(1, 1), 740);
+  EXPECT_EQ(EstimateBytes(2'000'000'000, 4), 140'000'000'000);
+}
+
+TEST(RunTexts, DurationsSizesAndMoments) {
+  EXPECT_EQ(DurationText(0), "00:00:00");
+  EXPECT_EQ(DurationText(86'399), "23:59:59");
+  EXPECT_EQ(DurationText(2 * 86'400 + 10'800), "2 d 03:00:00");
+  EXPECT_EQ(FileSizeText(740, kStop), "740 bytes");
+  EXPECT_EQ(FileSizeText(70'000'700, kComma), "66,76 MB");
+  EXPECT_EQ(FileSizeText(140e12, kStop), "130385.16 GB");
+  FakeLocale locale;
+  const DateTime start{2026, 2, 28, 23, 59, 30, 0};
+  EXPECT_EQ(MomentText(LaterBy(start, 29), start, locale), "23:59:59");
+  EXPECT_EQ(MomentText(LaterBy(start, 31), start, locale), "01/03/2026 00:00:01");
+  EXPECT_EQ(LaterBy(start, INT64_MAX).year, 9021);
+}
+
+TEST(StopwatchTest, CarriesIntoDays) {
+  Stopwatch stopwatch;
+  for (int second = 1; second < 86'400; ++second) ASSERT_FALSE(stopwatch.AddSecond());
+  EXPECT_EQ(stopwatch.Text(), "23:59:59");
+  EXPECT_TRUE(stopwatch.AddSecond());
+  EXPECT_EQ(stopwatch.Days(), 1);
+  EXPECT_EQ(stopwatch.Text(), "00:00:00");
+}
+
+}  // namespace
+}  // namespace chartproject
