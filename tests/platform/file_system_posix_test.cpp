@@ -95,7 +95,7 @@ TEST_F(FileSystemPosixTest, ErrorsHaveThePlatformsNumbers) {
   EXPECT_EQ(ErrorOf([&] { files.Rename(missing, folder / "b"); }, folder / "b"), 53);
   EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(missing); }, missing), 76);
   EXPECT_EQ(ErrorOf([&] { files.MakeFolder(folder / "plain"); }, "plain"), 76);
-  EXPECT_EQ(ErrorOf([&] { files.MakeFolder(""); }, ""), 76);
+  EXPECT_EQ(ErrorOf([&] { files.MakeFolder(""); }, ""), 75);
   EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(std::string(5000, 'n')); }, "nnn"), 75);
 }
 

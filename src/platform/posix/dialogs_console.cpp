@@ -21,6 +21,7 @@ std::string Lines(std::string_view text) {
 std::int16_t ConsoleDialogs::ShowMessageBox(const MessageBoxRequest& request) {
   if (beforeBox) beforeBox();
   ++count_;
+  if (request.title == errorTitle_) ++errorCount_;
   out_ << "[" << request.title << "] " << Lines(request.prompt);
   const bool isQuestion = (request.style & kButtonsMask) == box_style::kYesNo;
   if (isQuestion) out_ << (answerYes_ ? " yes" : " no");

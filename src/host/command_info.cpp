@@ -1,0 +1,116 @@
+// info FILE [--json]: the header of a chart file and the number of its rows.
+#include <array>
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <utility>
+
+#include "acquire/chart_file.h"
+#include "common/line_reader.h"
+#include "host/arguments.h"
+#include "host/command.h"
+#include "host/session.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+struct ChartInfo {
+  ChartHeader header;
+  std::int64_t rows = 0;       ///< well-formed rows
+  std::int64_t malformed = 0;  ///< other lines among them that are neither empty nor comments
+};
+
+using HeaderField = std::pair<const char*, std::string ChartHeader::*>;
+
+/// Keys in the order of the file.
+constexpr std::array<HeaderField, 17> kFields{{{"Drive Address", &ChartHeader::DriveAddress},
+                                               {"Number of Parameters", &ChartHeader::NumberOfParameters},
+                                               {"PXXX1", &ChartHeader::PXXX1},
+                                               {"PXXX2", &ChartHeader::PXXX2},
+                                               {"PXXX3", &ChartHeader::PXXX3},
+                                               {"PXXX4", &ChartHeader::PXXX4},
+                                               {"Scan Time", &ChartHeader::ScanTime},
+                                               {"Unit", &ChartHeader::Unit},
+                                               {"Number of Points", &ChartHeader::NumberOfPoints},
+                                               {"Trigger Mode", &ChartHeader::TriggerMode},
+                                               {"Event", &ChartHeader::Event},
+                                               {"PXXX", &ChartHeader::PXXX},
+                                               {"Content", &ChartHeader::Content},
+                                               {"Start Date", &ChartHeader::StartDate},
+                                               {"Start Time", &ChartHeader::StartTime},
+                                               {"End Date", &ChartHeader::EndDate},
+                                               {"End Time", &ChartHeader::EndTime}}};
+
+void CountRows(FileSystem& files, const std::string& name, ChartInfo& info) {
+  const auto file = files.OpenForReading(name);
+  const auto start = LocateRows(*file);
+  if (!start) return;
+  file->Seek(start->offset);
+  LineReader lines(*file);
+  TextLine line;
+  while (lines.Next(line)) {
+    if (!line.cut && SplitRow(line.text)) {
+      ++info.rows;
+    } else if (line.text.find_first_not_of(' ') != std::string_view::npos && line.text.front() != '\'') {
+      ++info.malformed;
+    }
+  }
+}
+
+ChartInfo ReadInfo(Ports& ports, const std::string& name) {
+  ChartInfo info;
+  const auto file = ports.files.OpenForReading(name);
+  if (ReadChartHeader(*file, ports.codePage, info.header).keys == 0) {
+    throw RunTimeError(error_number::kPathFileAccess, name + ": this is no chart file");
+  }
+  CountRows(ports.files, name, info);
+  return info;
+}
+
+class InfoCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand("info", "Show the header of a chart file and count its rows");
+    app->add_option("FILE", file_, "chart file")->required();
+    app->add_flag("--json", json_, "as one JSON object");
+    return app;
+  }
+
+  ExitCode Run(Session& session) override {
+    const ChartInfo info = ReadInfo(session.ThePorts(), FullName(file_));
+    if (json_) {
+      PrintJson(info, session.Out());
+    } else {
+      for (const auto& [key, field] : kFields) session.Out() << key << ": " << info.header.*field << "\n";
+      session.Out() << "Rows: " << info.rows << "\n";
+      if (info.malformed > 0) session.Out() << "Malformed lines: " << info.malformed << "\n";
+    }
+    return ExitCode::kDone;
+  }
+
+ private:
+  void PrintJson(const ChartInfo& info, std::ostream& out) const {
+    nlohmann::ordered_json header;
+    for (const auto& [key, field] : kFields) header[key] = info.header.*field;
+    nlohmann::ordered_json document;
+    document["file"] = file_;
+    document["header"] = header;
+    document["rows"] = info.rows;
+    document["malformedLines"] = info.malformed;
+    // Names that are no UTF-8 must not stop the output.
+    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  }
+
+  std::string file_;
+  bool json_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeInfoCommand() {
+  return std::make_unique<InfoCommand>();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,17 @@
+// The list of commands.
+#include "host/command.h"
+
+namespace chartproject {
+
+std::vector<std::unique_ptr<Command>> AllCommands() {
+  std::vector<std::unique_ptr<Command>> commands;
+  // INIT
+  commands.push_back(MakeSettingsCommand());
+  commands.push_back(MakeDrivesCommand());
+  commands.push_back(MakeReadCommand());
+  commands.push_back(MakeAcquireCommand());
+  commands.push_back(MakeInfoCommand());
+  return commands;
+}
+
+}  // namespace chartproject

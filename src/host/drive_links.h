@@ -1,0 +1,18 @@
+// The drive links that the program offers.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "drive/drive_link.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
+
+namespace chartproject {
+
+/// @param link "sim" for simulated drives, "scenario:FILE" for a script. Throws RunTimeError for a script that is
+/// missing or malformed. @param files,clock outlive the result
+[[nodiscard]] std::unique_ptr<DriveLinkFactory> MakeDriveLinks(const std::string& link, FileSystem& files,
+                                                               Clock& clock);
+
+}  // namespace chartproject

@@ -1,0 +1,13 @@
+// How the program ends.
+#pragma once
+
+namespace chartproject {
+
+enum class ExitCode {
+  kDone = 0,
+  kRunTimeError = 1,  ///< something failed: a file, a setting, a drive
+  kRefused = 2,       ///< wrong usage, or a value that the acquisition dialog refuses
+  kEndedEarly = 3,    ///< Esc, a signal or a full disk ended a recording; the points taken are kept
+};
+
+}  // namespace chartproject

@@ -1,0 +1,121 @@
+// The command line: global options, commands, and the exit code for each way a command can end.
+#include "host/program.h"
+
+#include <csignal>
+#include <iostream>
+
+#include "common/environment.h"
+#include "host/arguments.h"
+#include "host/command.h"
+#include "host/session.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr const char* kFooter =
+    "Without a command the start window opens.\n"
+    "\n"
+    "Message boxes go to standard error as \"[Kestrel v5.60] TEXT\"; questions are answered by --answer.\n"
+    "\n"
+    "Exit codes:\n"
+    "  0  done\n"
+    "  1  run-time error\n"
+    "  2  refused, or wrong usage\n"
+    "  3  a recording ended early (Esc, Ctrl-C, SIGTERM, full disk); the points taken are kept";
+
+/// The global options as they are parsed.
+struct RawOptions {
+  std::string profile;
+  std::string link = "sim";
+  std::string clock = "real";
+  std::string answer = "no";
+  std::string start;
+};
+
+void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
+  app.add_option("--profile", raw.profile, "Folder that keeps the settings (default: the user's configuration folder)")
+      ->type_name("DIR");
+  app.add_option("--link", raw.link, "Drives: sim (simulated machines) or scenario:FILE (replays a script)")
+      ->type_name("sim|scenario:FILE");
+  app.add_option("--clock", raw.clock, "real, or virtual: jumps from tick to tick, so that hours take moments")
+      ->check(CLI::IsMember({"real", "virtual"}))
+      ->type_name("real|virtual");
+  app.add_option("--start", raw.start, "Local time at which the virtual clock starts, \"2026-01-31 08:00:00\"")
+      ->type_name("TIME");
+  app.add_option("--answer", raw.answer, "Answer to every question")
+      ->check(CLI::IsMember({"yes", "no"}))
+      ->type_name("yes|no");
+}
+
+GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
+  GlobalOptions options;
+  options.profileFolder = FullName(raw.profile);
+  constexpr std::string_view kScenario = "scenario:";
+  if (raw.link.starts_with(kScenario) && raw.link.size() > kScenario.size()) {
+    options.link = std::string(kScenario) + FullName(raw.link.substr(kScenario.size()));
+  } else if (raw.link != "sim") {
+    throw RefusedError("--link: \"" + raw.link + "\" is no drive link; write sim or scenario:FILE");
+  }
+  options.clock = raw.clock == "virtual" ? ClockChoice::kVirtual : ClockChoice::kReal;
+  options.answerYes = raw.answer == "yes";
+  if (!raw.start.empty()) {
+    if (options.clock != ClockChoice::kVirtual) throw RefusedError("--start goes with --clock virtual only");
+    options.start = ParseDateTime(raw.start);
+  }
+  return options;
+}
+
+ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, std::ostream& err) {
+  // A file-size limit is then an error of the write, told like a full disk, instead of the program's sudden end.
+  std::signal(SIGXFSZ, SIG_IGN);
+  Session session(ReadGlobalOptions(raw), out, err);
+  const ExitCode code = command.Run(session);
+  session.Release();
+  out.flush();
+  return code;
+}
+
+ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+  CLI::App app("Records and shows trend data of industrial drives.", "chartproject");
+  app.footer(kFooter);
+  app.set_version_flag("--version", std::string("ChartProject ") + CHARTPROJECT_VERSION);
+  app.require_subcommand(0, 1);
+  RawOptions raw;
+  AddGlobalOptions(app, raw);
+
+  const auto commands = AllCommands();
+  std::vector<CLI::App*> subcommands;
+  for (const auto& command : commands) subcommands.push_back(command->AddTo(app));
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    const bool asked = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success);
+    app.exit(error, out, err);
+    return asked ? ExitCode::kDone : ExitCode::kRefused;
+  }
+  for (std::size_t at = 0; at < commands.size(); ++at) {
+    if (subcommands[at] == nullptr || subcommands[at]->parsed()) return RunCommand(*commands[at], raw, out, err);
+  }
+  return ExitCode::kRefused;
+}
+
+}  // namespace
+
+int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err) noexcept {
+  ExitCode code = ExitCode::kRunTimeError;
+  try {
+    code = ParseAndRun(argc, argv, out, err);
+  } catch (const RefusedError& error) {
+    err << "chartproject: " << error.what() << "\n";
+    code = ExitCode::kRefused;
+  } catch (const RunTimeError& error) {
+    err << "chartproject: error " << error.Number() << ": " << error.Description() << "\n";
+  } catch (const std::exception& error) {
+    err << "chartproject: " << error.what() << "\n";
+  }
+  return static_cast<int>(code);
+}
+
+}  // namespace chartproject

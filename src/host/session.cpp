@@ -1,0 +1,119 @@
+// Putting the back ends together for one run of the program.
+#include "host/session.h"
+
+#include <ostream>
+
+#include "host/drive_links.h"
+#include "platform/headless/absent_devices.h"
+#include "platform/headless/virtual_clock.h"
+#include "platform/posix/clock_posix.h"
+#include "platform/posix/code_page_1252.h"
+#include "platform/posix/file_system_posix.h"
+#include "platform/posix/keyboard_signals.h"
+#include "platform/posix/locale_posix.h"
+#include "platform/posix/settings_store_ini.h"
+#include "platform/spreadsheet/embedded_spreadsheet.h"
+
+namespace chartproject {
+
+namespace {
+
+/// The clock of a run, and how its timers wait.
+struct SessionClock {
+  explicit SessionClock(const GlobalOptions& options) {
+    if (options.clock == ClockChoice::kVirtual) {
+      auto jumping = std::make_unique<VirtualClock>(options.start.value_or(ClockPosix().LocalNow()));
+      wait = [at = jumping.get()](Instant moment) { at->AdvanceTo(moment); };
+      clock = std::move(jumping);
+    } else {
+      wait = SleepUntil;
+      clock = std::make_unique<ClockPosix>();
+    }
+  }
+  std::unique_ptr<Clock> clock;
+  WaitUntil wait;
+};
+
+}  // namespace
+
+struct Session::Outside {
+  Outside(const GlobalOptions& options, std::ostream& err)
+      : clock(options),
+        settings(files, options.profileFolder.empty() ? SettingsStoreIni::UserFolder() : options.profileFolder),
+        dialogs(err, options.answerYes, kApplicationTitle),
+        forms(*clock.clock, clock.wait),
+        link(options.link) {}
+
+  DriveLinkFactory& Links() {
+    if (!links) links = MakeDriveLinks(link, files, *clock.clock);
+    return *links;
+  }
+
+  FileSystemPosix files;
+  SessionClock clock;
+  SettingsStoreIni settings;
+  LocalePosix locale = LocalePosix::FromEnvironment();
+  CodePage1252 codePage;
+  ConsoleDialogs dialogs;
+  SilentSound sound;
+  KeyboardSignals keyboard;
+  NoHelp help;
+  ProcessClipboard clipboard;
+  NoPrinter printer;
+  EmbeddedSpreadsheets spreadsheets{locale};
+  HeadlessFormHost forms;
+  std::string link;
+  std::unique_ptr<DriveLinkFactory> links;
+};
+
+Session::Session(const GlobalOptions& options, std::ostream& out, std::ostream& err)
+    : options_(options), out_(out), err_(err), outside_(std::make_unique<Outside>(options, err)) {}
+
+Session::~Session() = default;
+
+Windows& Session::UseWindows(WindowsMode mode) {
+  windows_ = OpenWindows(mode, *outside_->clock.clock, outside_->files);
+  ports_.reset();
+  return *windows_;
+}
+
+Ports& Session::ThePorts() {
+  if (ports_) return *ports_;
+  Outside& own = *outside_;
+  Windows* const up = windows_.get();
+  ports_ = std::make_unique<Ports>(Ports{
+      own.settings, own.files, *own.clock.clock, own.locale, own.codePage, up != nullptr ? up->Boxes() : own.dialogs,
+      up != nullptr ? up->Sounds() : own.sound, up != nullptr ? up->Keys() : own.keyboard,
+      up != nullptr ? up->HelpViewer() : own.help, up != nullptr ? up->Pictures() : own.clipboard,
+      up != nullptr ? up->Paper() : own.printer, own.spreadsheets});
+  return *ports_;
+}
+
+FormHost& Session::Forms() noexcept {
+  return windows_ ? windows_->Forms() : outside_->forms;
+}
+
+HeadlessFormHost& Session::Headless() noexcept {
+  return outside_->forms;
+}
+
+ConsoleDialogs& Session::Console() noexcept {
+  return outside_->dialogs;
+}
+
+DriveLinkFactory& Session::Links() {
+  return outside_->Links();
+}
+
+ChartClass& Session::Instance() {
+  if (!instance_) instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links());
+  return *instance_;
+}
+
+void Session::Release() {
+  if (!instance_) return;
+  instance_->Release();
+  instance_.reset();
+}
+
+}  // namespace chartproject

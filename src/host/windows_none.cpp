@@ -1,0 +1,11 @@
+// A program without windows: everything but the dialogs, the chart window, pictures and paper.
+#include "host/windows.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+std::unique_ptr<Windows> OpenWindows(WindowsMode /*mode*/, Clock& /*clock*/, FileSystem& /*files*/) {
+  throw RunTimeError(error_number::kCannotCreateObject, "This program was built without windows and pictures.");
+}
+
+}  // namespace chartproject
