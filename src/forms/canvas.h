@@ -44,8 +44,8 @@ struct Font {
 /// Which corner or edge of the text's box stands at the given point.
 enum class Align : std::uint8_t { kLeft, kCenter, kRight };
 
-/// Coordinates are pixels from the top left; antialiased. Lines join round or bevelled, never mitred: a spike would show
-/// a value that was not measured. Nothing here throws.
+/// Coordinates are pixels from the top left; antialiased. Lines join round or bevelled, never mitred: a spike would
+/// show a value that was not measured. Nothing here throws.
 class Canvas {
  public:
   virtual ~Canvas() = default;
