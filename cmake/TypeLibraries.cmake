@@ -1,0 +1,23 @@
+# Interfaces and type libraries from IDL by mingw's widl, standing on base types of our own (no headers of others).
+set(CHARTPROJECT_IDL_DIR "${CMAKE_SOURCE_DIR}/src/platform/win32/com")
+set(CHARTPROJECT_IDL_OUT "${CMAKE_BINARY_DIR}/idl")
+set(CHARTPROJECT_WIDL_CALL ${CHARTPROJECT_WIDL} -m32 --nostdinc "-I${CHARTPROJECT_IDL_DIR}"
+                           "-I${CMAKE_SOURCE_DIR}/src/links/com" -L "${CHARTPROJECT_IDL_OUT}")
+file(MAKE_DIRECTORY "${CHARTPROJECT_IDL_OUT}")
+
+# chartproject_idl(NAME idl-file [TYPELIB]): makes NAME.h, and NAME.tlb when asked, as the target idl_NAME.
+function(chartproject_idl name idl)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "TYPELIB" "" "DEPENDS")
+  set(source "${CMAKE_CURRENT_SOURCE_DIR}/${idl}")
+  set(header "${CHARTPROJECT_IDL_OUT}/${name}.h")
+  add_custom_command(OUTPUT "${header}" COMMAND ${CHARTPROJECT_WIDL_CALL} -h -H "${header}" "${source}"
+                     DEPENDS "${source}" "${CHARTPROJECT_IDL_DIR}/com_base.idl" ${arg_DEPENDS})
+  set(outputs "${header}")
+  if(arg_TYPELIB)
+    set(library "${CHARTPROJECT_IDL_OUT}/${name}.tlb")
+    add_custom_command(OUTPUT "${library}" COMMAND ${CHARTPROJECT_WIDL_CALL} -t -o "${library}" "${source}"
+                       DEPENDS "${source}" "${CHARTPROJECT_IDL_OUT}/stdole.tlb" ${arg_DEPENDS})
+    list(APPEND outputs "${library}")
+  endif()
+  add_custom_target(idl_${name} DEPENDS ${outputs})
+endfunction()

@@ -1,0 +1,44 @@
+// AcquireVar and CreateChart for COM hosts, each behind the one wall that no exception passes.
+#include "component/com/chart_object.h"
+
+#include "component/chart_class.h"
+#include "links/com/com_drive_link.h"
+#include "platform/win32/com/automation_object.h"
+#include "platform/win32/com/com_error.h"
+#include "platform/win32/com/win32_environment.h"
+
+#include <chart_project.h>
+
+namespace chartproject::win32 {
+
+namespace {
+
+class ChartObject final : public AutomationObject<_ChartClass> {
+ public:
+  ChartObject()
+      : AutomationObject(IID__ChartClass),
+        links_(CLSID_ChartClass, environment_.SimulatedClock()),
+        chart_(environment_.GetPorts(), environment_.Forms(), links_) {}
+
+  HRESULT STDMETHODCALLTYPE AcquireVar() noexcept override {
+    const ComRef<_ChartClass> self(this);  // the host may let go of the object while the dialog is up
+    return Guarded(InterfaceId(), [this] { chart_.AcquireVar(); });
+  }
+  HRESULT STDMETHODCALLTYPE CreateChart(BSTR strFileName) noexcept override {
+    const ComRef<_ChartClass> self(this);
+    return Guarded(InterfaceId(), [this, strFileName] { chart_.CreateChart(win32::ToUtf8(strFileName)); });
+  }
+
+ private:
+  Win32Environment environment_;
+  ComDriveLinkFactory links_;
+  ChartClass chart_;
+};
+
+}  // namespace
+
+IUnknown* MakeChartObject() {
+  return static_cast<_ChartClass*>(new ChartObject());
+}
+
+}  // namespace chartproject::win32

@@ -1,0 +1,114 @@
+// Each operation of the link as one call through the interface's table, failures as run-time errors.
+#include "links/com/com_drive_link.h"
+
+#include "platform/win32/com/com_error.h"
+#include "platform/win32/com/com_ref.h"
+#include "platform/win32/com/registration.h"
+#include "platform/win32/registry_text.h"
+#include "platform/win32/system_error.h"
+#include "platform/win32/wide_text.h"
+
+#include <drive_link.h>
+#include <drive_link_sim.h>
+
+namespace chartproject::win32 {
+
+namespace {
+
+class ComDriveLink : public DriveLink {
+ public:
+  ComDriveLink(ComRef<_DriveLink> link, ComRef<ISimulatedTime> time, Clock* clock)
+      : link_(std::move(link)), time_(std::move(time)), clock_(clock) {}
+
+  void SetP210Value(std::int16_t value, std::int16_t& reply) override {
+    RequireSuccess(link_->SetP210Value(&value, &reply), "SetP210Value");
+  }
+  void SetP529Value(std::int16_t value, std::int16_t& reply) override {
+    RequireSuccess(link_->SetP529Value(&value, &reply), "SetP529Value");
+  }
+  void ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
+                     std::int16_t& status) override {
+    TellTime();
+    ComText model(modelCode);
+    RequireSuccess(link_->ReadParameter(&address, model.Receive(), &parameter, &unitCode, &status), "ReadParameter");
+  }
+  void ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
+                      std::int16_t& status) override {
+    TellTime();
+    ComText model(modelCode);
+    RequireSuccess(link_->ProbeParameter(&address, model.Receive(), &parameter, &unitCode, &status), "ProbeParameter");
+  }
+  void OpenLink(std::int16_t& result) override {
+    TellTime();
+    RequireSuccess(link_->OpenLink(&result), "OpenLink");
+  }
+  void CloseLink() override {
+    ComVariant ignored;
+    RequireSuccess(link_->CloseLink(ignored.Get()), "CloseLink");
+  }
+  void GetValue(double& value) override { RequireSuccess(link_->GetValue(&value), "GetValue"); }
+  void GetText(std::string& text) override {
+    ComText fetched;
+    RequireSuccess(link_->GetText(fetched.Receive()), "GetText");
+    text = fetched.Utf8();
+  }
+
+ private:
+  void TellTime() {
+    if (!time_) return;
+    const auto now = std::chrono::duration<double, std::milli>(clock_->Now()).count();
+    RequireSuccess(time_->SetTime(now), "SetTime");
+  }
+
+  ComRef<_DriveLink> link_;
+  ComRef<ISimulatedTime> time_;
+  Clock* clock_;
+};
+
+[[noreturn]] void ThrowCannotCreate(const GUID& classId, const std::string& reason) {
+  const std::wstring id = IdText(classId);
+  throw RunTimeError(error_number::kCannotCreateObject,
+                     "The drive link " + std::string(id.begin(), id.end()) + " cannot be created: " + reason);
+}
+
+}  // namespace
+
+const GUID& StandInClass() noexcept {
+  return CLSID_DriveLink;
+}
+
+const GUID& DriveLinkInterface() noexcept {
+  return IID__DriveLink;
+}
+
+ComDriveLinkFactory::ComDriveLinkFactory(const GUID& classId, Clock* simulatedClock)
+    : classKey_(L"CLSID\\" + IdText(classId)), simulatedClock_(simulatedClock) {}
+
+GUID ComDriveLinkFactory::Configured(const wchar_t* value, const GUID& otherwise) const {
+  const auto text = ReadRegistryText(HKEY_CLASSES_ROOT, classKey_, value);
+  if (!text || text->empty()) return otherwise;
+  GUID id;
+  if (FAILED(CLSIDFromString(text->c_str(), &id))) {
+    throw RunTimeError(error_number::kCannotCreateObject,
+                       "The registry names a drive link that is no class id: " + ToUtf8(*text));
+  }
+  return id;
+}
+
+std::unique_ptr<DriveLink> ComDriveLinkFactory::Create() {
+  const GUID classId = Configured(kDriveLinkClassValue, CLSID_DriveLink);
+  const GUID interfaceId = Configured(kDriveLinkInterfaceValue, IID__DriveLink);
+  ComRef<IUnknown> object;
+  const HRESULT created = CoCreateInstance(classId, nullptr, CLSCTX_ALL, IID_IUnknown, object.ReceiveUntyped());
+  if (FAILED(created)) ThrowCannotCreate(classId, SystemMessage(static_cast<DWORD>(created)));
+  ComRef<_DriveLink> link;
+  const HRESULT found = object->QueryInterface(interfaceId, link.ReceiveUntyped());
+  if (FAILED(found)) ThrowCannotCreate(classId, SystemMessage(static_cast<DWORD>(found)));
+  ComRef<ISimulatedTime> time;
+  if (simulatedClock_ != nullptr && FAILED(object->QueryInterface(IID_ISimulatedTime, time.ReceiveUntyped()))) {
+    ThrowCannotCreate(classId, "the virtual clock needs a simulated link");
+  }
+  return std::make_unique<ComDriveLink>(std::move(link), std::move(time), simulatedClock_);
+}
+
+}  // namespace chartproject::win32

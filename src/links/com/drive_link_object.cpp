@@ -1,0 +1,147 @@
+// The eight operations over a link of our own, on the real clock or on the one that the caller tells.
+#include "links/com/drive_link_object.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "links/scenario_link.h"
+#if __has_include("links/simulated_link.h")
+#include "links/simulated_link.h"
+#endif
+#include "platform/win32/com/automation_object.h"
+#include "platform/win32/com/com_error.h"
+#include "platform/win32/com/registration.h"
+#include "platform/win32/registry_text.h"
+#include "platform/win32/small_ports.h"
+#include "platform/win32/wide_text.h"
+#include "platform/win32/win32_file_system.h"
+
+#include <drive_link.h>
+#include <drive_link_sim.h>
+
+namespace chartproject::win32 {
+
+namespace {
+
+/// The real clock until the first time is told from outside, that one from then on.
+class FollowingClock : public Clock {
+ public:
+  DateTime LocalNow() override { return real_.LocalNow(); }
+  Instant Now() override { return follows_ ? told_ : real_.Now(); }
+  void Tell(Instant moment) noexcept {
+    follows_ = true;
+    told_ = moment;
+  }
+
+ private:
+  Win32Clock real_;
+  bool follows_ = false;
+  Instant told_{0};
+};
+
+std::string ScenarioFile() {
+  std::wstring name(GetEnvironmentVariableW(L"CHARTPROJECT_SCENARIO", nullptr, 0), L'\0');
+  name.resize(GetEnvironmentVariableW(L"CHARTPROJECT_SCENARIO", name.data(), static_cast<DWORD>(name.size())));
+  if (name.empty()) {
+    name = ReadRegistryText(HKEY_CLASSES_ROOT, L"CLSID\\" + IdText(CLSID_DriveLink), kScenarioValue)
+               .value_or(std::wstring());
+  }
+  return ToUtf8(name);
+}
+
+class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimulatedTime {
+ public:
+  DriveLinkObject() : AutomationObject(IID__DriveLink), link_(MakeLink()) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
+    return AutomationObject::QueryInterface(id, object);
+  }
+  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return AutomationObject::AddRef(); }
+  ULONG STDMETHODCALLTYPE Release() noexcept override { return AutomationObject::Release(); }
+
+  HRESULT STDMETHODCALLTYPE SetP210Value(short* value, short* reply) noexcept override {
+    if (value == nullptr || reply == nullptr) return E_POINTER;
+    return Guarded(InterfaceId(), [&] { link_->SetP210Value(*value, *reply); });
+  }
+  HRESULT STDMETHODCALLTYPE SetP529Value(short* value, short* reply) noexcept override {
+    if (value == nullptr || reply == nullptr) return E_POINTER;
+    return Guarded(InterfaceId(), [&] { link_->SetP529Value(*value, *reply); });
+  }
+  HRESULT STDMETHODCALLTYPE ReadParameter(short* address, BSTR* modelCode, short* parameter, short* unitCode,
+                                          short* status) noexcept override {
+    return Read(&DriveLink::ReadParameter, address, modelCode, parameter, unitCode, status);
+  }
+  HRESULT STDMETHODCALLTYPE ProbeParameter(short* address, BSTR* modelCode, short* parameter, short* unitCode,
+                                           short* status) noexcept override {
+    return Read(&DriveLink::ProbeParameter, address, modelCode, parameter, unitCode, status);
+  }
+  HRESULT STDMETHODCALLTYPE OpenLink(short* result) noexcept override {
+    if (result == nullptr) return E_POINTER;
+    return Guarded(InterfaceId(), [&] { link_->OpenLink(*result); });
+  }
+  HRESULT STDMETHODCALLTYPE CloseLink(VARIANT* result) noexcept override {
+    if (result == nullptr) return E_POINTER;
+    VariantInit(result);
+    return Guarded(InterfaceId(), [&] { link_->CloseLink(); });
+  }
+  HRESULT STDMETHODCALLTYPE GetValue(double* value) noexcept override {
+    if (value == nullptr) return E_POINTER;
+    return Guarded(InterfaceId(), [&] { link_->GetValue(*value); });
+  }
+  HRESULT STDMETHODCALLTYPE GetText(BSTR* text) noexcept override {
+    if (text == nullptr) return E_POINTER;
+    return Guarded(InterfaceId(), [&] {
+      std::string fetched;
+      link_->GetText(fetched);
+      const BSTR made = ComText(fetched).Release();
+      SysFreeString(*text);
+      *text = made;
+    });
+  }
+
+  HRESULT STDMETHODCALLTYPE SetTime(double milliseconds) noexcept override {
+    clock_.Tell(std::chrono::duration_cast<Instant>(std::chrono::duration<double, std::milli>(milliseconds)));
+    return S_OK;
+  }
+
+ protected:
+  void* Find(const IID& id) noexcept override {
+    if (IsEqualIID(id, IID_ISimulatedTime)) return static_cast<ISimulatedTime*>(this);
+    return AutomationObject::Find(id);
+  }
+
+ private:
+  using Operation = void (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t, std::int16_t&);
+
+  HRESULT Read(Operation operation, const short* address, const BSTR* modelCode, const short* parameter,
+               const short* unitCode, short* status) noexcept {
+    if (address == nullptr || modelCode == nullptr || parameter == nullptr || unitCode == nullptr ||
+        status == nullptr) {
+      return E_POINTER;
+    }
+    return Guarded(InterfaceId(), [&] {
+      (link_.get()->*operation)(*address, win32::ToUtf8(*modelCode), *parameter, *unitCode, *status);
+    });
+  }
+
+  std::unique_ptr<DriveLink> MakeLink() {
+    const std::string scenario = ScenarioFile();
+    #if __has_include("links/simulated_link.h")
+    if (scenario.empty()) return SimulatedLinkFactory(clock_).Create();
+#endif
+    return ScenarioLinkFactory(files_, clock_, scenario).Create();
+  }
+
+  Win32FileSystem files_;
+  FollowingClock clock_;
+  std::unique_ptr<DriveLink> link_;
+};
+
+}  // namespace
+
+IUnknown* MakeDriveLinkObject() {
+  return static_cast<_DriveLink*>(new DriveLinkObject());
+}
+
+}  // namespace chartproject::win32
