@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform/posix/posix_error.h"
+#include "platform/posix/posix_path.h"
 #include "platform/run_time_error.h"
 #include "platform/spreadsheet/biff8_records.h"
 #include "platform/spreadsheet/part_file.h"
@@ -32,9 +34,9 @@ using OutputObject = std::unique_ptr<GsfOutput, ObjectReleaser>;
 
 /// A file without a name: it vanishes with the program, whatever ends it.
 std::unique_ptr<std::FILE, FileCloser> OpenWorkingFile(const std::string& targetName) {
-  std::string name = NativeName(targetName) + ".XXXXXX";
+  std::string name = PosixPath(targetName) + ".XXXXXX";
   const int descriptor = mkostemp(name.data(), O_CLOEXEC);
-  if (descriptor < 0) ThrowFileError(targetName, errno);
+  if (descriptor < 0) throw FileError(errno, targetName);
   unlink(name.c_str());
   return std::unique_ptr<std::FILE, FileCloser>(fdopen(descriptor, "w+b"));
 }
@@ -61,7 +63,7 @@ class Biff8Writer : public WorkbookWriter {
 
   void Save(const std::string& fileName) override {
     FlushBlock();
-    if (std::fflush(rows_.get()) != 0) ThrowFileError(fileName, errno);
+    if (std::fflush(rows_.get()) != 0) throw FileError(errno, fileName);
     std::rewind(rows_.get());
     PartFile part(fileName);
     WriteContainer(part.Name());
@@ -79,7 +81,7 @@ class Biff8Writer : public WorkbookWriter {
     if (rowsInBlock_ == 0) return;
     for (std::string* bytes : {&blockRows_, &blockCells_}) {
       if (std::fwrite(bytes->data(), 1, bytes->size(), rows_.get()) != bytes->size())
-        ThrowFileError(targetName_, errno);
+        throw FileError(errno, targetName_);
       sheets_.back().rowBytes += bytes->size();
       bytes->clear();
     }
@@ -112,22 +114,22 @@ class Biff8Writer : public WorkbookWriter {
     if (!sink) {
       const std::string reason = error != nullptr ? error->message : "cannot be written";
       g_clear_error(&error);
-      throw RunTimeError(RunTimeErrorNumber(errno), partName + ": " + reason);
+      throw RunTimeError(error_number::kPathFileAccess, partName + ": " + reason);
     }
     errno = 0;
     const std::unique_ptr<GsfOutfile, ObjectReleaser> container(gsf_outfile_msole_new(sink.get()));
     const OutputObject stream(gsf_outfile_new_child(container.get(), "Workbook", FALSE));
     WriteStream(stream.get(), partName);
     // A full disk shows only when the whole is closed.
-    const bool closed = gsf_output_close(stream.get()) != FALSE &&
-                        gsf_output_close(GSF_OUTPUT(container.get())) != FALSE && gsf_output_close(sink.get()) != FALSE;
-    if (!closed) ThrowFileError(partName, errno != 0 ? errno : EIO);
+    const auto close = [](GsfOutput* output) { return gsf_output_is_closed(output) || gsf_output_close(output); };
+    const bool closed = close(stream.get()) && close(GSF_OUTPUT(container.get())) && close(sink.get());
+    if (!closed) throw FileError(errno != 0 ? errno : EIO, partName);
   }
 
   void WriteStream(GsfOutput* stream, const std::string& partName) const {
     const auto write = [&](std::string_view bytes) {
       if (!gsf_output_write(stream, bytes.size(), reinterpret_cast<const guint8*>(bytes.data()))) {
-        ThrowFileError(partName, errno != 0 ? errno : EIO);
+        throw FileError(errno != 0 ? errno : EIO, partName);
       }
     };
     write(Head());
@@ -139,7 +141,7 @@ class Biff8Writer : public WorkbookWriter {
       for (std::uint64_t left = sheets_[i].rowBytes; left > 0;) {
         const std::size_t count =
             std::fread(buffer.data(), 1, std::min<std::uint64_t>(left, buffer.size()), rows_.get());
-        if (count == 0) ThrowFileError(partName, EIO);
+        if (count == 0) throw FileError(EIO, partName);
         write({buffer.data(), count});
         left -= count;
       }

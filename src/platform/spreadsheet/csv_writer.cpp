@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstdio>
 
+#include "platform/posix/posix_error.h"
+#include "platform/posix/posix_path.h"
 #include "platform/spreadsheet/part_file.h"
 
 namespace chartproject {
@@ -36,7 +38,7 @@ class CsvWriter : public WorkbookWriter {
  public:
   explicit CsvWriter(const std::string& targetName)
       : part_(targetName), file_(std::fopen(part_.Name().c_str(), "wbe")) {
-    if (!file_) ThrowFileError(part_.Name(), errno);
+    if (!file_) throw FileError(errno, part_.Name());
   }
 
   void BeginSheet(const std::string& /*name*/) override { nextRow_ = 1; }
@@ -50,11 +52,11 @@ class CsvWriter : public WorkbookWriter {
       AppendField(line_, cells[i]);
     }
     line_ += "\r\n";
-    if (std::fwrite(line_.data(), 1, line_.size(), file_.get()) != line_.size()) ThrowFileError(part_.Name(), errno);
+    if (std::fwrite(line_.data(), 1, line_.size(), file_.get()) != line_.size()) throw FileError(errno, part_.Name());
   }
 
   void Save(const std::string& /*fileName*/) override {
-    if (std::fflush(file_.get()) != 0) ThrowFileError(part_.Name(), errno);
+    if (std::fflush(file_.get()) != 0) throw FileError(errno, part_.Name());
     part_.Commit();
   }
 

@@ -5,13 +5,6 @@
 
 namespace chartproject {
 
-/// Names with "\" read as "/".
-[[nodiscard]] std::string NativeName(std::string name);
-
-/// Throws the run-time error of the system's last error, naming the file.
-[[nodiscard]] int RunTimeErrorNumber(int systemError);
-[[noreturn]] void ThrowFileError(const std::string& fileName, int systemError);
-
 /// Removes what it wrote unless it was committed.
 class PartFile {
  public:

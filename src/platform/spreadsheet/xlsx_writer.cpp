@@ -5,6 +5,8 @@
 
 #include <cerrno>
 
+#include "platform/posix/posix_error.h"
+#include "platform/posix/posix_path.h"
 #include "platform/run_time_error.h"
 #include "platform/spreadsheet/part_file.h"
 
@@ -14,14 +16,14 @@ namespace {
 
 class XlsxWriter : public WorkbookWriter {
  public:
-  explicit XlsxWriter(const std::string& targetName) : part_(targetName), folder_(NativeName(targetName)) {
+  explicit XlsxWriter(const std::string& targetName) : part_(targetName), folder_(PosixPath(targetName)) {
     folder_.erase(folder_.find_last_of('/') == std::string::npos ? 0 : folder_.find_last_of('/'));
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder_.empty() ? nullptr : folder_.data();
     options.use_zip64 = LXW_TRUE;
     workbook_ = workbook_new_opt(part_.Name().c_str(), &options);
-    if (workbook_ == nullptr) ThrowFileError(part_.Name(), ENOMEM);
+    if (workbook_ == nullptr) throw FileError(ENOMEM, part_.Name());
   }
   ~XlsxWriter() override {
     if (workbook_ != nullptr) lxw_workbook_free(workbook_);
@@ -59,7 +61,7 @@ class XlsxWriter : public WorkbookWriter {
  private:
   void Check(lxw_error result) const {
     if (result == LXW_NO_ERROR) return;
-    if (errno == ENOSPC || errno == EACCES || errno == ENOENT || errno == EROFS) ThrowFileError(part_.Name(), errno);
+    if (errno == ENOSPC || errno == EACCES || errno == ENOENT || errno == EROFS) throw FileError(errno, part_.Name());
     throw RunTimeError(error_number::kDeviceIo, part_.Name() + ": " + lxw_strerror(result));
   }
 
