@@ -23,16 +23,15 @@ double TextPoints(Size size) {
   return width < 240 ? 7 : width < 420 ? 8 : 9;
 }
 
-ValueRange RangeOf(const ChartModel& model) {
-  ValueRange range;
+ValueRange RangeOfSeries(const ChartModel& model) {
+  ValueRange whole;
   for (const ChartSeries& series : model.series) {
-    Sample least;
-    Sample greatest;
-    if (!ColumnExtremes(series.values, 0, static_cast<int>(series.values.size()), least, greatest)) continue;
-    range.Include(least.value);
-    range.Include(greatest.value);
+    const ValueRange range = RangeOf(series.values);
+    if (range.empty) continue;
+    whole.Include(range.minimum);
+    whole.Include(range.maximum);
   }
-  return range;
+  return whole;
 }
 
 bool StandsOnZero(ChartKind kind) {
@@ -66,7 +65,7 @@ std::optional<Rect> PlaceLegend(const ChartModel& model, Size size, const ChartL
 void ChooseValues(const ChartModel& model, const NumberFormat& format, ChartLayout& layout) {
   Plot& plot = layout.plot;
   const int steps = std::clamp(static_cast<int>(plot.front.height / (layout.textHeight * kTickSpacing)), 1, 10);
-  plot.axis = ChooseValueAxis(RangeOf(model), StandsOnZero(model.kind), steps);
+  plot.axis = ChooseValueAxis(RangeOfSeries(model), StandsOnZero(model.kind), steps);
   layout.valueTexts.clear();
   if (plot.front.height / (plot.axis.TickCount() - 1) < layout.textHeight + 1) return;
   for (int i = 0; i < plot.axis.TickCount(); ++i) layout.valueTexts.push_back(TickText(plot.axis, i, format));

@@ -4,38 +4,35 @@
 #include <array>
 #include <cmath>
 
-#include "chart/decimation.h"
+#include "chart/dense_lines.h"
 #include "chart/series_path.h"
 #include "chart/series_style.h"
 
 namespace chartproject {
 namespace {
 
-constexpr double kLineWidth = 2.0;       ///< in a chart of some size; smaller ones have thinner lines
-constexpr double kDenseLineWidth = 1.0;  ///< lines that fill their columns; a wider pen shows nothing more
-constexpr double kCasing = 1.6;          ///< by how much the dark edge of a faint line is wider than the line
-constexpr int kAreaAlpha = 72;
-
+constexpr double kLineWidth = 2.0;  ///< in a chart of some size; smaller ones have thinner lines
 constexpr double kLeastOutlinedBarWidth = 4.0;
 
-void DrawBar(const ChartSeries& series, double left, double width, double top, double bottom, Scene& scene) {
-  if (!series.showLine || width < kLeastOutlinedBarWidth) {
-    scene.FillRect({left, top, width, bottom - top}, series.color);
+void DrawBar(const ChartSeries& series, const Rect& bar, Scene& scene) {
+  if (!series.showLine || bar.width < kLeastOutlinedBarWidth) {
+    scene.FillRect(bar, series.color);
     return;
   }
-  const double right = left + width;
-  scene.Polygon(std::array<PointF, 4>{{{left, top}, {right, top}, {right, bottom}, {left, bottom}}}, series.color,
-                {.color = EdgeTone(series.color), .width = 1});
+  scene.Polygon(
+      std::array<PointF, 4>{{{bar.x, bar.y}, {bar.Right(), bar.y}, {bar.Right(), bar.Bottom()}, {bar.x, bar.Bottom()}}},
+      series.color, {.color = EdgeTone(series.color), .width = 1});
 }
 
 void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
   const int count = static_cast<int>(model.series.size());
   const BarPlace place = PlaceBars(plot, count);
   if (place.width < 1) {
-    for (const BarColumn& bar : DenseBars(model, plot)) {
+    for (const BarColumn& bar : DenseBars(model, plot, 1)) {
       for (const BarSpan& span : bar.spans) {
-        const Color color = model.series[static_cast<std::size_t>(span.column)].color;
-        scene.FillRect({bar.left, span.top, bar.right - bar.left, span.bottom - span.top}, color);
+        const double top = std::round(span.top);
+        scene.FillRect({bar.left, top, bar.right - bar.left, std::round(span.bottom) - top},
+                       model.series[static_cast<std::size_t>(span.column)].color);
       }
     }
   } else {
@@ -46,7 +43,7 @@ void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
         const double value = series.values[static_cast<std::size_t>(row)];
         if (!std::isfinite(value)) continue;
         const double y = plot.Y(value);
-        DrawBar(series, place.Left(plot, row, column), place.width, std::min(y, base), std::max(y, base), scene);
+        DrawBar(series, {place.Left(plot, row, column), std::min(y, base), place.width, std::abs(y - base)}, scene);
       }
     }
   }
@@ -67,7 +64,9 @@ void StrokePath(const Path& path, const Pen& pen, Scene& scene) {
 
 void StrokeSeries(const std::vector<Path>& paths, Color color, Color ground, double width, Scene& scene) {
   if (IsFaint(color, ground)) {
-    for (const Path& path : paths) StrokePath(path, {.color = EdgeTone(color), .width = width + kCasing}, scene);
+    for (const Path& path : paths) {
+      StrokePath(path, {.color = EdgeTone(color), .width = width + kFaintEdge}, scene);
+    }
   }
   for (const Path& path : paths) StrokePath(path, {.color = color, .width = width}, scene);
 }
@@ -76,9 +75,25 @@ void FillArea(const std::vector<Path>& paths, Color color, double baseY, Scene& 
   for (const Path& path : paths) {
     if (path.size() == 1) {
       scene.Line(path[0], {path[0].x, baseY}, {.color = WithAlpha(color, 2 * kAreaAlpha), .width = kLineWidth});
-    } else {
-      scene.Polygon(AreaBelow(path, baseY), WithAlpha(color, kAreaAlpha), kNoPen);
+      continue;
     }
+    Path area = path;
+    area.push_back({path.back().x, baseY});
+    area.push_back({path.front().x, baseY});
+    scene.Polygon(area, WithAlpha(color, kAreaAlpha), kNoPen);
+  }
+}
+
+void DrawLines(const ChartModel& model, const Plot& plot, Scene& scene) {
+  const double width = std::clamp(std::min(plot.front.width, plot.front.height) / 120, 1.0, kLineWidth);
+  std::vector<std::vector<Path>> paths;
+  for (const ChartSeries& series : model.series) paths.push_back(SeriesPaths(series, model.kind, plot));
+  for (std::size_t s = 0; model.kind == ChartKind::k2dArea && s < paths.size(); ++s) {
+    FillArea(paths[s], model.series[s].color, plot.BaseY(), scene);
+  }
+  for (std::size_t s = 0; s < paths.size(); ++s) {
+    const ChartSeries& series = model.series[s];
+    if (series.showLine) StrokeSeries(paths[s], series.color, model.backdrop, width, scene);
   }
 }
 
@@ -89,19 +104,8 @@ void DrawFlatSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
     DrawBars(model, plot, scene);
     return;
   }
-  const int columns = std::max(1, static_cast<int>(plot.front.width));
-  const double lineWidth = std::clamp(std::min(plot.front.width, plot.front.height) / 120, 1.0, kLineWidth);
-  const double width = IsDense(plot.rows, columns) ? kDenseLineWidth : lineWidth;
-  std::vector<std::vector<Path>> paths;
-  for (const ChartSeries& series : model.series) paths.push_back(SeriesPaths(series, model.kind, plot, columns));
-  for (std::size_t s = 0; model.kind == ChartKind::k2dArea && s < paths.size(); ++s) {
-    FillArea(paths[s], model.series[s].color, plot.BaseY(), scene);
-  }
-  for (std::size_t s = 0; s < paths.size(); ++s) {
-    const ChartSeries& series = model.series[s];
-    if (series.showLine) StrokeSeries(paths[s], series.color, model.backdrop, width, scene);
-    DrawMarkers(model, static_cast<int>(s), plot, {}, scene);
-  }
+  IsDense(plot, 1) ? DrawDenseLines(model, plot, scene) : DrawLines(model, plot, scene);
+  for (std::size_t s = 0; s < model.series.size(); ++s) DrawMarkers(model, static_cast<int>(s), plot, {}, scene);
 }
 
 }  // namespace chartproject

@@ -1,4 +1,4 @@
-// The way of a series through the front plane: what lines, steps and areas are drawn along.
+// The way of a series through the front plane: what lines, steps, areas and bars are drawn along.
 #pragma once
 
 #include <cmath>
@@ -12,11 +12,29 @@ namespace chartproject {
 using Path = std::vector<PointF>;
 
 /// One path for each run of points without a gap. A line goes from point to point; a step holds a row's value over its
-/// whole slot. Rows that are denser than `columns` are reduced to the columns' extremes.
-[[nodiscard]] std::vector<Path> SeriesPaths(const ChartSeries& series, ChartKind kind, const Plot& plot, int columns);
+/// whole slot.
+[[nodiscard]] std::vector<Path> SeriesPaths(const ChartSeries& series, ChartKind kind, const Plot& plot);
 
-/// A path closed down to the base height.
-[[nodiscard]] Path AreaBelow(const Path& path, double baseY);
+/// What a dense series covers of a column, from its greatest value to its least.
+struct ColumnSpan {
+  double left = 0;
+  double right = 0;
+  double top = 0;
+  double bottom = 0;
+  [[nodiscard]] double Middle() const noexcept { return (left + right) / 2; }
+  friend bool operator==(const ColumnSpan&, const ColumnSpan&) = default;
+};
+/// Spans without a gap between them; each touches the one before it.
+using SpanRun = std::vector<ColumnSpan>;
+
+/// The plot's columns of about `columnWidth` pixels.
+[[nodiscard]] int ColumnCount(const Plot& plot, double columnWidth);
+
+/// True when several rows share a column: then a series is drawn by its spans, and the cost follows the columns.
+[[nodiscard]] bool IsDense(const Plot& plot, double columnWidth);
+
+/// A series' spans in all the columns. A gap shows where it fills a column.
+[[nodiscard]] std::vector<SpanRun> SeriesSpans(const ChartSeries& series, const Plot& plot, double columnWidth);
 
 /// Bars stand side by side in the middle of their slot, with a gap between the groups. All have the same whole width
 /// and whole edges, so that they look alike.
@@ -30,7 +48,7 @@ struct BarPlace {
 };
 [[nodiscard]] BarPlace PlaceBars(const Plot& plot, int seriesCount);
 
-/// What remains of bars that are too thin to stand side by side: in one pixel column, the span of each series.
+/// What remains of bars that are too thin to stand side by side: in one column, the span of each series.
 struct BarSpan {
   int column = 0;  ///< the series
   double top = 0;  ///< y
@@ -41,6 +59,6 @@ struct BarColumn {
   double right = 0;
   std::vector<BarSpan> spans;  ///< the tallest first, so that every one is seen
 };
-[[nodiscard]] std::vector<BarColumn> DenseBars(const ChartModel& model, const Plot& plot);
+[[nodiscard]] std::vector<BarColumn> DenseBars(const ChartModel& model, const Plot& plot, double columnWidth);
 
 }  // namespace chartproject

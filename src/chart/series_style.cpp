@@ -57,18 +57,13 @@ void DrawDenseMarkers(const ChartSeries& series, int column, const Plot& plot, c
   constexpr double kSize = 4;
   const int columns = std::max(1, static_cast<int>(plot.front.width / kSize));
   for (int step = 0; step < columns; ++step) {
-    Sample least;
-    Sample greatest;
-    if (!ColumnExtremes(series.values, FirstRowOfColumn(step, plot.rows, columns),
-                        FirstRowOfColumn(step + 1, plot.rows, columns), least, greatest)) {
-      continue;
-    }
-    const auto mark = [&](const Sample& sample) {
-      const PointF at{plot.X(sample.row) + place.shiftX, plot.Y(sample.value)};
-      DrawMarker(column, plot.At(at, place.depth), kSize, series.color, scene);
-    };
-    mark(least);
-    if (plot.Y(least.value) - plot.Y(greatest.value) > kSize / 2) mark(greatest);
+    const ValueRange range = ColumnRange(series.values, step, columns);
+    if (range.empty) continue;
+    const double x = plot.front.x + (step + 0.5) * plot.front.width / columns + place.shiftX;
+    const double low = plot.Y(range.minimum);
+    const double high = plot.Y(range.maximum);
+    DrawMarker(column, plot.At({x, low}, place.depth), kSize, series.color, scene);
+    if (low - high > kSize / 2) DrawMarker(column, plot.At({x, high}, place.depth), kSize, series.color, scene);
   }
 }
 

@@ -18,6 +18,9 @@ namespace chartproject {
 /// The tone around shapes and markers of a series.
 [[nodiscard]] Color EdgeTone(Color color) noexcept;
 
+inline constexpr double kFaintEdge = 1.6;  ///< by how much the dark edge of a faint line is wider than the line
+inline constexpr int kAreaAlpha = 72;      ///< of flat areas: the ones below shine through
+
 inline constexpr Pen kNoPen = {.color = {}, .width = 0, .style = PenStyle::kNone};
 
 /// Where the markers of a series stand.

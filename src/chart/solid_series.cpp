@@ -8,7 +8,6 @@
 #include <array>
 #include <cmath>
 
-#include "chart/decimation.h"
 #include "chart/series_path.h"
 #include "chart/series_style.h"
 
@@ -19,7 +18,7 @@ constexpr double kTopLight = 0.38;   ///< white in the top faces
 constexpr double kSideShade = 0.34;  ///< black in the right faces
 
 constexpr double kLeastOutlinedBarWidth = 4.0;
-constexpr double kColumnWidth = 2.0;  ///< pixels that a face takes at least
+constexpr double kColumnWidth = 3.0;  ///< pixels of a column where rows are dense
 /// Depth that the shapes leave free in their row, on each side.
 constexpr double kRowMargin = 0.12;
 
@@ -66,7 +65,7 @@ void DrawBox(const ChartSeries& series, const Rect& box, const Face& face, Scene
 /// In each column the tallest bar is the body, and the fronts of all lie before every body: painted last, they meet
 /// without a joint.
 void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face, Scene& scene) {
-  const std::vector<BarColumn> bars = DenseBars(model, plot);
+  const std::vector<BarColumn> bars = DenseBars(model, plot, kColumnWidth);
   for (const BarColumn& bar : bars) {
     const BarSpan& tallest = bar.spans.front();
     const Rect box{bar.left, tallest.top, bar.right - bar.left, tallest.bottom - tallest.top};
@@ -132,45 +131,78 @@ Path Moved(const Path& path, const Face& face) {
 
 void DrawRibbon(const ChartSeries& series, const Path& path, const Face& face, Scene& scene) {
   for (std::size_t i = 1; i < path.size(); ++i) DrawStrip(series, path[i - 1], path[i], face, scene);
-  const Pen edge{.color = EdgeTone(series.color), .width = 1};
   if (path.size() == 1) {
     scene.Line(face.plot.At(path[0], face.depth.front), face.plot.At(path[0], face.depth.back),
                {.color = series.color, .width = 2});
   }
-  scene.Polyline(Moved(path, face), edge);
+  scene.Polyline(Moved(path, face), {.color = EdgeTone(series.color), .width = 1});
 }
 
-/// With the points at which the path crosses the base, so that each piece lies on one side of it.
-Path SplitAtBase(const Path& path, double baseY) {
-  Path split;
-  split.reserve(path.size() + 8);
-  for (const PointF& point : path) {
-    if (!split.empty()) {
-      const PointF before = split.back();
-      if ((before.y - baseY) * (point.y - baseY) < 0) {
-        const double share = (baseY - before.y) / (point.y - before.y);
-        split.push_back({before.x + share * (point.x - before.x), baseY});
-      }
-    }
-    split.push_back(point);
-  }
-  return split;
-}
+/// A body between two paths whose points stand above each other.
+struct Slab {
+  Path upper;
+  Path lower;
 
-void DrawSlab(const ChartSeries& series, const Path& whole, const Face& face, Scene& scene) {
-  const double base = face.plot.BaseY();
-  const Path path = SplitAtBase(whole, base);
-  for (std::size_t i = 1; i < path.size(); ++i) {
-    const PointF a = path[i - 1];
-    const PointF b = path[i];
-    DrawStrip(series, a, b, face, scene);
-    if (a.y > base || b.y > base) DrawStrip(series, {a.x, base}, {b.x, base}, face, scene);
+  void Add(double x, double top, double bottom) {
+    upper.push_back({x, top});
+    lower.push_back({x, bottom});
   }
-  const PointF end = path.back();
+};
+
+void DrawSlab(const ChartSeries& series, const Slab& slab, const Face& face, Scene& scene) {
+  for (std::size_t i = 1; i < slab.upper.size(); ++i) {
+    DrawStrip(series, slab.lower[i - 1], slab.lower[i], face, scene);
+    DrawStrip(series, slab.upper[i - 1], slab.upper[i], face, scene);
+  }
   const Color side = Darker(series.color, kSideShade);
-  scene.Polygon(face.Strip(end, {end.x, base}), side, JointPen(side));
-  const Path front = Moved(AreaBelow(path, base), face);
-  scene.Polygon(front, series.color, series.showLine ? Pen{.color = EdgeTone(series.color), .width = 1} : kNoPen);
+  scene.Polygon(face.Strip(slab.upper.back(), slab.lower.back()), side, JointPen(side));
+  Path front = slab.upper;
+  front.insert(front.end(), slab.lower.rbegin(), slab.lower.rend());
+  scene.Polygon(Moved(front, face), series.color,
+                series.showLine ? Pen{.color = EdgeTone(series.color), .width = 1} : kNoPen);
+}
+
+/// Between a path and the base, with a point at each crossing, so that each piece lies on one side of it.
+Slab SlabOnBase(const Path& path, double base) {
+  Slab slab;
+  for (std::size_t i = 0; i < path.size(); ++i) {
+    const PointF point = path[i];
+    if (i > 0 && (path[i - 1].y - base) * (point.y - base) < 0) {
+      const double share = (base - path[i - 1].y) / (point.y - path[i - 1].y);
+      slab.Add(path[i - 1].x + share * (point.x - path[i - 1].x), base, base);
+    }
+    slab.Add(point.x, std::min(point.y, base), std::max(point.y, base));
+  }
+  return slab;
+}
+
+/// Between a dense series' extremes, and down to the base for an area.
+Slab SlabOfSpans(const SpanRun& run, bool area, double base) {
+  constexpr double kThickness = 1.5;
+  Slab slab;
+  for (const ColumnSpan& span : run) {
+    if (area) {
+      slab.Add(span.Middle(), std::min(span.top, base), std::max(span.bottom, base));
+    } else {
+      slab.Add(span.Middle(), span.top - kThickness / 2, span.bottom + kThickness / 2);
+    }
+  }
+  return slab;
+}
+
+void DrawRow(const ChartModel& model, const ChartSeries& series, const Face& face, Scene& scene) {
+  const bool area = model.kind == ChartKind::k3dArea;
+  if (!area && !series.showLine) return;
+  const double base = face.plot.BaseY();
+  if (IsDense(face.plot, kColumnWidth)) {
+    for (const SpanRun& run : SeriesSpans(series, face.plot, kColumnWidth)) {
+      DrawSlab(series, SlabOfSpans(run, area, base), face, scene);
+    }
+    return;
+  }
+  for (const Path& path : SeriesPaths(series, model.kind, face.plot)) {
+    area ? DrawSlab(series, SlabOnBase(path, base), face, scene) : DrawRibbon(series, path, face, scene);
+  }
 }
 
 }  // namespace
@@ -181,16 +213,9 @@ void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
     return;
   }
   const int count = static_cast<int>(model.series.size());
-  const int columns = std::max(1, static_cast<int>(plot.front.width / kColumnWidth));
   for (int column = count - 1; column >= 0; --column) {
-    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
     const Face face{plot, {(column + kRowMargin) / count, (column + 1 - kRowMargin) / count}};
-    const bool slabs = model.kind == ChartKind::k3dArea;
-    if (slabs || series.showLine) {
-      for (const Path& path : SeriesPaths(series, model.kind, plot, columns)) {
-        slabs ? DrawSlab(series, path, face, scene) : DrawRibbon(series, path, face, scene);
-      }
-    }
+    DrawRow(model, model.series[static_cast<std::size_t>(column)], face, scene);
     DrawMarkers(model, column, plot, {.shiftX = 0, .depth = face.depth.front}, scene);
   }
 }

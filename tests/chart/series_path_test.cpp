@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace chartproject {
@@ -27,18 +28,36 @@ ChartModel ModelOf(std::vector<std::vector<double>> columns) {
 
 TEST(SeriesPaths, ALineJoinsTheMiddlesOfTheSlots) {
   const ChartModel model = ModelOf({{0, 10, kGap, -5}});
-  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k2dLine, PlotOf(4), 100),
+  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k2dLine, PlotOf(4)),
               ElementsAre(Path{{22.5, 70}, {47.5, 20}}, Path{{97.5, 95}}));
 }
 
 TEST(SeriesPaths, AStepHoldsItsValueOverTheSlot) {
   const ChartModel model = ModelOf({{0, 10, kGap, -5}});
-  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k3dStep, PlotOf(4), 100),
+  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k3dStep, PlotOf(4)),
               ElementsAre(Path{{10, 70}, {35, 70}, {35, 20}, {60, 20}}, Path{{85, 95}, {110, 95}}));
 }
 
-TEST(SeriesPaths, AnAreaClosesDownToItsBase) {
-  EXPECT_EQ(AreaBelow({{22.5, 70}, {47.5, 20}}, 70), (Path{{22.5, 70}, {22.5, 70}, {47.5, 20}, {47.5, 70}}));
+TEST(SeriesSpans, CoverTheExtremesOfTheirColumnsAndTouch) {
+  std::vector<double> values(400, 0);  // four rows a pixel column
+  values[1] = 10;
+  values[2] = -10;
+  std::fill(values.begin() + 8, values.begin() + 12, 5.0);    // column 2 lies above column 1: it reaches down to it
+  std::fill(values.begin() + 12, values.begin() + 16, kGap);  // column 3
+  values[17] = kGap;                                          // too small a gap to show
+  const std::vector<SpanRun> runs = SeriesSpans(ModelOf({values}).series[0], PlotOf(400), 1);
+  ASSERT_EQ(runs.size(), 2U);
+  EXPECT_THAT(runs[0],
+              ElementsAre(ColumnSpan{10, 11, 20, 120}, ColumnSpan{11, 12, 70, 70}, ColumnSpan{12, 13, 45, 70}));
+  EXPECT_EQ(runs[1].size(), 96U);
+  EXPECT_EQ(runs[1][0], (ColumnSpan{14, 15, 70, 70}));
+}
+
+TEST(SeriesSpans, AreOfTheWidthAskedFor) {
+  const ChartModel model = ModelOf({std::vector<double>(400, 0)});
+  EXPECT_EQ(SeriesSpans(model.series[0], PlotOf(400), 2.5)[0].size(), 40U);
+  EXPECT_TRUE(IsDense(PlotOf(101), 1));
+  EXPECT_FALSE(IsDense(PlotOf(100), 1));
 }
 
 TEST(PlaceBars, GroupsStandInTheMiddleOfTheirSlots) {
@@ -59,7 +78,7 @@ TEST(DenseBars, TheTallestComesFirstInEveryPixelColumn) {
   std::vector<double> high(300, 8);
   high[1] = -10;
   low[299] = kGap;
-  const std::vector<BarColumn> bars = DenseBars(ModelOf({low, high}), PlotOf(300));
+  const std::vector<BarColumn> bars = DenseBars(ModelOf({low, high}), PlotOf(300), 1);
   ASSERT_EQ(bars.size(), 100U);
   EXPECT_EQ(bars[0].left, 10);
   EXPECT_EQ(bars[0].right, 11);
