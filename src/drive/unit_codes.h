@@ -15,6 +15,8 @@ inline constexpr std::int16_t kLastUnitCode = 76;
 inline constexpr std::int16_t kDirectUnitCode = 7;           ///< "DirectF0"
 inline constexpr std::int16_t kDividedBy100UnitCode = 20;    ///< "DividedBy100F1"
 inline constexpr std::int16_t kDividedBy10UnitCode = 26;     ///< "DividedBy10F1"
+inline constexpr std::int16_t kDependsOnP210UnitCode = 73;   ///< "DependsOnP210"
+inline constexpr std::int16_t kDependsOnP529UnitCode = 74;   ///< "DependsOnP529"
 inline constexpr std::int16_t kDigitalInputsUnitCode = 75;   ///< "DI1DI8"
 inline constexpr std::int16_t kDigitalOutputsUnitCode = 76;  ///< "RL1RL2RL3DO1DO2"
 
