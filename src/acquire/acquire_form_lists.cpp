@@ -60,6 +60,7 @@ void AcquireForm::FillParameterList(std::int16_t driveAddress, ComboBox& list) {
 
 void AcquireForm::FillEventList() {
   std::vector<std::string> events;
+  events.reserve(kEventCount);
   for (int position = 0; position < kEventCount; ++position) {
     events.push_back(LoadMessage(component_, EventMessage(position)));
   }

@@ -158,7 +158,8 @@ void AcquireForm::tmrAcquire_Tick() {
 
 void AcquireForm::ShowProgress() {
   const std::int64_t counter = run_.Counter();
-  prgProgress.SetValue(static_cast<double>(counter * kProgressSteps / run_.Plan().numberOfPoints));
+  const std::int64_t step = counter * kProgressSteps / run_.Plan().numberOfPoints;
+  prgProgress.SetValue(static_cast<double>(step));
   lblProgress.SetCaption(std::to_string(counter));  // a caption that does not differ is not shown again
 }
 

@@ -14,7 +14,7 @@ namespace chartproject {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kBlockSize = 65'536;
 /// A line longer than this is no header line; its value would be no value of ours.
 constexpr std::size_t kHeaderLineLimit = 4096;
 constexpr std::size_t kMarksInRow = 6;

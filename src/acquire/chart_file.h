@@ -34,7 +34,7 @@ HeaderReading ReadChartHeader(Component& component);
 /// Reads a header from the start of an open file. Reading ends at the rows' mark, at the end of the file, or after
 /// kHeaderLimit bytes: a header is some hundred bytes, and a file without the mark may be as long as the disk.
 HeaderReading ReadChartHeader(InputFile& file, const CodePage& codePage, ChartHeader& header);
-inline constexpr std::uint64_t kHeaderLimit = 1024 * 1024;
+inline constexpr std::uint64_t kHeaderLimit = 1'048'576;
 
 /// Takes one header line (UTF-8) into the header: the first key that occurs anywhere in the line wins, its value is
 /// everything to the right of the line's first "=". False when the line holds no key.

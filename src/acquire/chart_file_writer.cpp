@@ -12,7 +12,7 @@ namespace chartproject {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kBlockSize = 65'536;
 constexpr int kRescueNames = 10;
 
 /// Where a chart file is written until it is complete.

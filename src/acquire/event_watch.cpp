@@ -55,8 +55,8 @@ std::int16_t TestEvent(DriveContext& context, const WatchedEvent& event) {
   if (event.position < 0 || event.position >= kEventCount) return watch_code::kNotYet;
   if (event.position < kFirstInputEvent) return TestState(context, EventCode(event.position));
   if (IsCompareEvent(event.position)) return TestComparison(context, event);
-  const int pair = event.position - kFirstInputEvent;
-  return TestInput(context, static_cast<std::size_t>(pair / 2 + 1), pair % 2 == 0 ? 'I' : 'A');
+  const auto index = static_cast<std::size_t>(event.position - kFirstInputEvent);
+  return TestInput(context, index / 2 + 1, index % 2 == 0 ? 'I' : 'A');
 }
 
 }  // namespace chartproject
