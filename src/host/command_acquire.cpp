@@ -39,8 +39,9 @@ class HeadlessRecording {
     host.onShown = nullptr;
     host.onTick = nullptr;
     boxes.beforeBox = nullptr;
-    if (refusal_) std::rethrow_exception(refusal_);
-    return Outcome();
+    const bool failed = session_.Console().ErrorCount() > 0;
+    if (refusal_ && !failed) std::rethrow_exception(refusal_);
+    return failed ? ExitCode::kRunTimeError : Outcome();
   }
 
  private:
@@ -68,7 +69,6 @@ class HeadlessRecording {
   }
 
   [[nodiscard]] ExitCode Outcome() {
-    if (session_.Console().ErrorCount() > 0) return ExitCode::kRunTimeError;
     using Kind = ChartWriteResult::Kind;
     if (report_.written.kind == Kind::kFailed) return ExitCode::kRunTimeError;
     if (report_.written.kind == Kind::kWritten) {

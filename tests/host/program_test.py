@@ -1,0 +1,245 @@
+#!/usr/bin/env python3
+"""Runs the built program as its users do: recordings to the last byte, exit codes, signals, crashes, full disks.
+Usage: program_test.py PROGRAM [unittest arguments]"""
+import json
+import os
+import pathlib
+import random
+import re
+import resource
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PROGRAM = os.path.abspath(sys.argv.pop(1))
+NOBODY = 65534
+
+
+def driver_line(number, name, unit):
+    return "#P%03d#%s####%s#No" % (number, name, unit) + "#" * 7 + "\r\n"
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        holder = tempfile.TemporaryDirectory(prefix="chartproject-")
+        self.addCleanup(holder.cleanup)
+        self.folder = pathlib.Path(holder.name)
+        os.chmod(self.folder, 0o755)
+        self.project()
+
+    def project(self):
+        """A drive KRA-09 at address 1 and a soft starter at address 2, with two parameters each."""
+        self.put("drive01.txt", "Type=KRA-09\r\nFirmware Version=2.40\r\n")
+        self.put("drive02.txt", "Type=TSR-05\r\nFirmware Version=1.0\r\n")
+        for name in ("KRA09V240", "TSR05V10"):
+            for language in "EPS":
+                self.put(f"{name}{language}.wcd", driver_line(3, "Motor current", "CURRENTF1") +
+                         driver_line(5, "Motor frequency", "FREQUENCYF1") + driver_line(12, "Inputs", "DI1DI8"))
+        self.put("plant.txt", "at 0 01 P003 1.50\nat 0 01 P005 50.25 # Hz\nat 5000 01 P005 -\nat 0 01 P006 0\n"
+                 "at 0 01 P012 AIAIAIAI\nat 0 02 P003 9\n")
+        at = str(self.folder)
+        self.put("profile/Kestrel v5.60.ini",
+                 f"[MyProject]\nintSelectedDrive=1\nstrMainFile=x\nstrFolder={at}\nstrDriveFile01={at}/drive01.txt\n"
+                 f"strDriveFile02={at}\\\\drive02.txt\n[MyKestrel]\nstrDrivers={at}\nstrBin={at}\n")
+
+    def put(self, name, text):
+        path = self.folder / name
+        path.parent.mkdir(exist_ok=True)
+        path.write_bytes(text.encode())
+
+    def command(self, *arguments, clock="virtual", link="scenario:plant.txt"):
+        start = ["--start", "2026-01-31 08:00:00"] if clock == "virtual" else []
+        return [PROGRAM, "--profile", "profile", "--link", link, "--clock", clock, *start, *map(str, arguments)]
+
+    def run_program(self, *arguments, limits=None, **options):
+        return subprocess.run(self.command(*arguments, **options), cwd=self.folder, capture_output=True, text=True,
+                              stdin=subprocess.DEVNULL, timeout=120, preexec_fn=limits, check=False,
+                              env={**os.environ, "LC_ALL": "C"})
+
+    def acquire(self, points, *more, file="run.cht", **options):
+        return self.run_program("acquire", "--address", 1, "--parameters", "3,5", "--points", points, "--every", "1s",
+                                "--file", file, *more, **options)
+
+    def start(self, *arguments, clock):
+        child = subprocess.Popen(self.command(*arguments, clock=clock), cwd=self.folder, stderr=subprocess.PIPE,
+                                 stdout=subprocess.DEVNULL, text=True)
+        self.addCleanup(child.stderr.close)
+        return child
+
+    def rows(self, name="run.cht"):
+        head, _, rows = (self.folder / name).read_bytes().partition(b"[TIME/CONTENT]\r\n")
+        self.assertTrue(head)
+        return rows.split(b"\r\n")[:-1]
+
+    # The main job, to the last byte. -------------------------------------------------------------------------------
+
+    def expected_file(self, points):
+        def clock(second):
+            return "%02d:%02d:%02d" % (8 + second // 3600, second // 60 % 60, second % 60)
+        header = ["[INFO]", "Drive Address=01", "Number of Parameters=2", "PXXX1=003", "PXXX2=005", "PXXX3=", "PXXX4=",
+                  "Scan Time=1", "Unit=s", f"Number of Points={points}", "Trigger Mode=Manual",
+                  "Event=PXXX=Content", "PXXX=003", "Content=0", "Start Date=01/31/2026", "Start Time=08:00:01",
+                  "End Date=01/31/2026", "End Time=" + clock(points), "", "[TIME/CONTENT]"]
+        rows = [f"{clock(n)}#1.50#{'50.25' if n < 5 else '-'}####" for n in range(1, points + 1)]
+        return "".join(line + "\r\n" for line in header + rows).encode()
+
+    def test_recordings_in_memory_and_in_a_spool_file_are_right_to_the_last_byte(self):
+        for points in (1, 2500, 2501):
+            done = self.acquire(points)
+            self.assertEqual((done.returncode, done.stdout), (0, f"{points} points in {self.folder}/run.cht\n"))
+            self.assertEqual((self.folder / "run.cht").read_bytes(), self.expected_file(points))
+            self.assertEqual(sorted(p.name for p in self.folder.glob("run.cht*")), ["run.cht"])
+
+    def test_a_signal_ends_a_recording_as_esc_does(self):
+        for number, reason in ((signal.SIGINT, "Ctrl-C"), (signal.SIGTERM, "SIGTERM")):
+            child = self.start("acquire", "--parameters", "3,5", "--points", 100, "--every", "300ms", "--file",
+                               "run.cht", clock="real")
+            for line in child.stderr:
+                if line.startswith("point 10/100 "):
+                    child.send_signal(number)
+                    break
+            child.stderr.read()
+            self.assertEqual(child.wait(10), 3, reason)
+            rows = self.rows()
+            self.assertEqual(len(rows), 100)
+            self.assertTrue(all(re.fullmatch(rb"\d\d:\d\d:\d\d#1\.50#(50\.25|-)####", row) for row in rows[:10]))
+            self.assertEqual(set(rows[10:]), {b"######"})
+
+    def test_a_trigger_starts_the_recording_at_the_event(self):
+        self.put("plant.txt", "at 0 01 P003 1\nat 0 01 P005 1,5\nat 7300 01 P005 50\n")
+        done = self.acquire(3, "--trigger", "PXXX>=Content", "--compare", 5, "--content", 50)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(self.rows(), [b"08:00:%02d#1#50####" % second for second in (9, 10, 11)])
+        self.assertIn("waiting for PXXX>=Content", done.stderr)
+
+    # Refusals and errors. ------------------------------------------------------------------------------------------
+
+    def test_what_the_dialog_refuses_is_told_and_ends_with_2(self):
+        file = ["--file", "run.cht"]
+        record = ["acquire", "--parameters", "3", *file]
+        cases = [
+            ([*record, "--points", 0], "[Kestrel v5.60] Value out of range !"),
+            ([*record, "--points", 2000000001], "[Kestrel v5.60] Value out of range !"),
+            ([*record, "--points", "12.6"], '--points: "12.6" is not accepted'),
+            ([*record, "--every", "150ms"], "[Kestrel v5.60] Value out of range !"),
+            ([*record, "--every", "66s"], "[Kestrel v5.60] Value out of range !"),
+            ([*record, "--every", "24:00:00"], "[Kestrel v5.60] Value out of range !"),
+            ([*record, "--every", "5"], '--every: "5" is no time'),
+            ([*record, "--address", 3], "there is no drive 03"),
+            ([*record, "--address", 99], "no whole number from 0 to 30"),
+            ([*record, "--address", 2, "--trigger", "RUN"], "[Kestrel v5.60] Event not available"),
+            ([*record, "--trigger", "STOP"], 'there is no event "STOP"'),
+            ([*record, "--trigger", "PXXX=Content", "--content", "x"], '--content: "x" is not accepted'),
+            ([*record, "--trigger", "PXXX=Content", "--compare", "5"], "Enter the content"),
+            ([*record, "--compare", 3], "--compare and --content go with"),
+            (["acquire", *file, "--parameters", "3,77"], "drive 01 has no parameter P077"),
+            (["acquire", *file, "--parameters", "3,3,3,3,3"], "one to four parameters"),
+            (["acquire", *file], "give both --file and --parameters"),
+            (["settings", "MyConf.none"], 'no setting "MyConf.none"'),
+            (["settings", "MyConf.intTrials", "many"], "MyConf.intTrials"),
+            (["read", 9, 3], "no drive at address 09"),
+            (["fly"], "fly"),
+        ]
+        for arguments, text in cases:
+            done = self.run_program(*arguments)
+            self.assertEqual(done.returncode, 2, arguments)
+            self.assertIn(text, done.stderr, arguments)
+            self.assertFalse((self.folder / "run.cht").exists())
+
+    def test_run_time_errors_name_their_file_and_end_with_1(self):
+        self.put("bad.txt", "at 0 01 P003 1\nat soon 01 P005 2\n")
+        self.put("rubbish.cht", "\x00\x01\n" * 100)
+        cases = [
+            (["acquire", "--parameters", 3, "--file", "none/run.cht"], {}, "none/run.cht"),
+            (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:none.txt"}, "none.txt"),
+            (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:bad.txt"}, "at soon 01 P005 2"),
+            (["info", "none.cht"], {}, "none.cht"),
+            (["info", "rubbish.cht"], {}, "no chart file"),
+            (["info", "."], {}, "directory"),
+        ]
+        for arguments, options, text in cases:
+            done = self.run_program(*arguments, **options)
+            self.assertEqual(done.returncode, 1, arguments)
+            self.assertIn(text, done.stderr, arguments)
+        self.assertFalse((self.folder / "run.cht").exists())
+
+    def test_a_setting_that_is_no_number_is_named_and_can_be_put_right(self):
+        self.put("profile/Kestrel v5.60.ini", "[MyConf]\nintTrials=many\n")
+        done = self.run_program("drives")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("intTrials", done.stderr)
+        self.assertEqual(self.run_program("settings", "MyConf.intTrials", "7").returncode, 0)
+        self.assertEqual(self.run_program("settings", "MyConf.intTrials").stdout, "7\n")
+        self.assertEqual(self.run_program("drives").returncode, 0)
+
+    # Reading. ------------------------------------------------------------------------------------------------------
+
+    def test_reads_and_lists(self):
+        done = self.run_program("read", 1, 3, 5, 77)
+        self.assertEqual((done.returncode, done.stdout), (1, "P003 1.50\nP005 50.25\nP077 no answer\n"))
+        self.assertIn("02       TSR-05      1.0", self.run_program("drives").stdout)
+        self.acquire(3)
+        told = json.loads(self.run_program("info", "run.cht", "--json").stdout)
+        self.assertEqual((told["rows"], told["malformedLines"], told["header"]["PXXX2"]), (3, 0, "005"))
+        self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n' note\r\n08:0")
+        self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
+
+    def test_messages_follow_the_language(self):
+        for language, text in (("Portuguese", "Valor fora"), ("Spanish", "Valor fuera"), ("English", "Value out of")):
+            self.run_program("settings", "MyConf.strLanguage", language)
+            self.assertIn(text, self.acquire(0).stderr)
+
+    # Crashes and disks. --------------------------------------------------------------------------------------------
+
+    def test_rows_reported_as_taken_survive_a_kill(self):
+        for _ in range(8):
+            child = self.start("acquire", "--parameters", "3,5", "--points", 100000000, "--file", "run.cht",
+                               clock="virtual")
+            delay = time.monotonic() + random.uniform(0.2, 0.9)
+            reported = 0
+            for line in child.stderr:
+                match = re.match(r"point (\d+)/", line)
+                reported = int(match.group(1)) if match else reported
+                if time.monotonic() > delay:
+                    break
+            child.kill()
+            child.wait(10)
+            spooled = (self.folder / "run.cht.tcf0").read_bytes()
+            self.assertGreater(reported, 0)
+            self.assertGreaterEqual(spooled.count(b"\r\n"), reported)
+            self.assertTrue(spooled.endswith(b"####\r\n"), "the last row is whole")
+            self.assertFalse((self.folder / "run.cht").exists())
+
+    def test_a_full_disk_ends_a_recording_and_keeps_its_rows(self):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (50000, 50000))
+        done = self.acquire(5000, limits=limit)
+        self.assertIn("File too large", done.stderr)
+        self.assertIn("run.cht.tcf0", done.stderr)
+        self.assertNotEqual(done.returncode, 0)
+        spooled = (self.folder / "run.cht.tcf0").read_bytes()
+        self.assertLessEqual(len(spooled), 50000)
+        self.assertGreater(len(spooled), 49950)
+        self.assertTrue(spooled.endswith(b"####\r\n"))
+
+    def test_a_folder_that_cannot_be_written_is_refused_before_the_first_point(self):
+        os.chmod(self.folder / "profile", 0o777)
+        os.chmod(self.folder / "profile/Kestrel v5.60.ini", 0o666)
+        os.chmod(self.folder, 0o555)
+
+        def step_down():
+            if os.geteuid() == 0:  # root may write anywhere
+                os.setgid(NOBODY)
+                os.setuid(NOBODY)
+        done = self.acquire(3, limits=step_down)
+        os.chmod(self.folder, 0o755)
+        self.assertEqual(done.returncode, 1, done.stderr)
+        self.assertIn("Permission denied", done.stderr)
+        self.assertEqual(list(self.folder.glob("run.cht*")), [])
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
