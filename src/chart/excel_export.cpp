@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <utility>
 
 #include "acquire/chart_file.h"
 #include "common/error_log.h"
@@ -108,30 +107,11 @@ class Workbook {
   }
 
   void WriteHeader(const ChartHeader& header) {
-    const std::pair<const char*, const std::string*> lines[] = {
-        {"Drive Address", &header.DriveAddress},
-        {"Number of Parameters", &header.NumberOfParameters},
-        {"PXXX1", &header.PXXX1},
-        {"PXXX2", &header.PXXX2},
-        {"PXXX3", &header.PXXX3},
-        {"PXXX4", &header.PXXX4},
-        {"Scan Time", &header.ScanTime},
-        {"Unit", &header.Unit},
-        {"Number of Points", &header.NumberOfPoints},
-        {"Trigger Mode", &header.TriggerMode},
-        {"Event", &header.Event},
-        {"PXXX", &header.PXXX},
-        {"Content", &header.Content},
-        {"Start Date", &header.StartDate},
-        {"Start Time", &header.StartTime},
-        {"End Date", &header.EndDate},
-        {"End Time", &header.EndTime},
-    };
     application_.WriteText(1, 1, 1, "[INFO]");
     int row = 2;
-    for (const auto& [label, value] : lines) {
-      application_.WriteText(1, row, 1, label);
-      application_.WriteText(1, row, 2, *value);
+    for (const HeaderKey& line : kHeaderKeys) {
+      application_.WriteText(1, row, 1, line.key.substr(0, line.key.size() - 1));  // without its "="
+      application_.WriteText(1, row, 2, header.*line.field);
       ++row;
     }
     application_.WriteText(1, 20, 1, kRowsMark);

@@ -11,6 +11,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(MakeReadCommand());
   commands.push_back(MakeAcquireCommand());
   commands.push_back(MakeInfoCommand());
+  commands.push_back(MakeExportCommand());
   return commands;
 }
 
