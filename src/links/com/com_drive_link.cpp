@@ -5,7 +5,6 @@
 #include "platform/win32/com/com_ref.h"
 #include "platform/win32/com/registration.h"
 #include "platform/win32/registry_text.h"
-#include "platform/win32/system_error.h"
 #include "platform/win32/wide_text.h"
 
 #include <drive_link.h>
@@ -100,10 +99,10 @@ std::unique_ptr<DriveLink> ComDriveLinkFactory::Create() {
   const GUID interfaceId = Configured(kDriveLinkInterfaceValue, IID__DriveLink);
   ComRef<IUnknown> object;
   const HRESULT created = CoCreateInstance(classId, nullptr, CLSCTX_ALL, IID_IUnknown, object.ReceiveUntyped());
-  if (FAILED(created)) ThrowCannotCreate(classId, SystemMessage(static_cast<DWORD>(created)));
+  if (FAILED(created)) ThrowCannotCreate(classId, FailureText(created));
   ComRef<_DriveLink> link;
   const HRESULT found = object->QueryInterface(interfaceId, link.ReceiveUntyped());
-  if (FAILED(found)) ThrowCannotCreate(classId, SystemMessage(static_cast<DWORD>(found)));
+  if (FAILED(found)) ThrowCannotCreate(classId, FailureText(found));
   ComRef<ISimulatedTime> time;
   if (simulatedClock_ != nullptr && FAILED(object->QueryInterface(IID_ISimulatedTime, time.ReceiveUntyped()))) {
     ThrowCannotCreate(classId, "the virtual clock needs a simulated link");

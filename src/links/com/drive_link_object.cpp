@@ -6,9 +6,7 @@
 #include <string>
 
 #include "links/scenario_link.h"
-#if __has_include("links/simulated_link.h")
 #include "links/simulated_link.h"
-#endif
 #include "platform/win32/com/automation_object.h"
 #include "platform/win32/com/com_error.h"
 #include "platform/win32/com/registration.h"
@@ -127,9 +125,7 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
 
   std::unique_ptr<DriveLink> MakeLink() {
     const std::string scenario = ScenarioFile();
-    #if __has_include("links/simulated_link.h")
     if (scenario.empty()) return SimulatedLinkFactory(clock_).Create();
-#endif
     return ScenarioLinkFactory(files_, clock_, scenario).Create();
   }
 

@@ -42,10 +42,14 @@ HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept {
   }
 }
 
-void RequireSuccess(HRESULT result, const char* what) {
-  if (SUCCEEDED(result)) return;
-  const bool numbered = HRESULT_FACILITY(result) == FACILITY_CONTROL;
-  const int number = numbered ? HRESULT_CODE(result) : error_number::kAutomation;
+namespace {
+
+struct Failure {
+  std::string description;
+  std::string source;
+};
+
+Failure TakeFailure(HRESULT result) {
   ComText description;
   ComText source;
   ComRef<IErrorInfo> info;
@@ -53,10 +57,24 @@ void RequireSuccess(HRESULT result, const char* what) {
     info->GetDescription(description.Receive());
     info->GetSource(source.Receive());
   }
-  std::string text = description.Utf8();
-  if (text.empty()) text = std::string(what) + ": " + SystemMessage(static_cast<DWORD>(result));
-  std::string origin = source.Utf8();
-  throw RunTimeError(number, text, origin.empty() ? "ChartProject" : origin);
+  Failure failure{description.Utf8(), source.Utf8()};
+  if (failure.description.empty()) failure.description = SystemMessage(static_cast<DWORD>(result));
+  return failure;
+}
+
+}  // namespace
+
+std::string FailureText(HRESULT result) {
+  return TakeFailure(result).description;
+}
+
+void RequireSuccess(HRESULT result, const char* what) {
+  if (SUCCEEDED(result)) return;
+  const bool numbered = HRESULT_FACILITY(result) == FACILITY_CONTROL;
+  const int number = numbered ? HRESULT_CODE(result) : error_number::kAutomation;
+  const Failure failure = TakeFailure(result);
+  throw RunTimeError(number, std::string(what) + ": " + failure.description,
+                     failure.source.empty() ? "ChartProject" : failure.source);
 }
 
 }  // namespace chartproject::win32

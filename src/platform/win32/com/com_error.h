@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "platform/run_time_error.h"
 #include "platform/win32/windows_api.h"
@@ -19,6 +20,9 @@ HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept;
 /// The one wall between our exceptions and COM: runs the body of a method and turns what it throws into a code with
 /// description and source. @param source the interface that the method belongs to
 HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept;
+
+/// What a failed call said of itself (IErrorInfo), else the system's words for its code.
+[[nodiscard]] std::string FailureText(HRESULT result);
 
 /// Throws the RunTimeError that a failed call stands for, with the description that the called object gave.
 /// @param what the call, for a description of our own when the object gave none
