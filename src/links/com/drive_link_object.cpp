@@ -125,11 +125,12 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
 
   std::unique_ptr<DriveLink> MakeLink() {
     const std::string scenario = ScenarioFile();
-    if (scenario.empty()) return SimulatedLinkFactory(clock_).Create();
+    if (scenario.empty()) return SimulatedLinkFactory(clock_, locale_).Create();
     return ScenarioLinkFactory(files_, clock_, scenario).Create();
   }
 
   Win32FileSystem files_;
+  Win32Locale locale_;
   FollowingClock clock_;
   std::unique_ptr<DriveLink> link_;
 };
