@@ -14,7 +14,7 @@ struct ChartSettings {
   int chartType = 3;  ///< 0 to 7
   int series = 0;     ///< 1 to 4, or 0 for an empty chart
   std::int16_t pointsPerDivision = 1;
-  std::int32_t firstLine = 0;                    ///< the file's first point stands there
+  std::int32_t firstLine = 0;  ///< the file's first point stands there
   std::array<std::int16_t, kColumnCount> scales{1, 1, 1, 1};
 };
 
@@ -22,7 +22,8 @@ struct ChartSettings {
 /// scales.
 void BuildChart(ChartControl& chart, const Slice& slice, const ChartSettings& settings);
 
-// The three switches over a chart. -------------------------------------------------------------------------------------
+// The three switches over a chart.
+// -------------------------------------------------------------------------------------
 void ShowGrid(ChartControl& chart, bool show);
 void ShowLines(ChartControl& chart, bool show);
 void ShowMarkers(ChartControl& chart, bool show);

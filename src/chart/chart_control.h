@@ -84,8 +84,10 @@ class ChartControl : public DrawnControl {
   Event pointerRowChanged;
   /// Lines of the box beside the pointer; drawn while there is a pointer row.
   void SetReadout(std::vector<ReadoutLine> lines);
+  [[nodiscard]] const std::vector<ReadoutLine>& Readout() const noexcept { return readout_; }
   /// Lines of the box for the cursors; drawn while a cursor is set.
   void SetCursorReadout(std::vector<ReadoutLine> lines);
+  [[nodiscard]] const std::vector<ReadoutLine>& CursorReadout() const noexcept { return cursorReadout_; }
 
   /// A cursor stands at a row's label, so it stays at its point of the file while the rows change under it.
   [[nodiscard]] std::optional<std::int64_t> CursorLabel(MeasuringCursor which) const noexcept;

@@ -57,7 +57,7 @@ class LineIndex {
   std::int64_t firstLine_ = 1;
   std::vector<std::uint64_t> offsets_;  ///< of firstLine_, firstLine_ + kSpacing, ...
   std::uint64_t scanned_ = 0;
-  std::int64_t line_ = 1;  ///< the line that holds, or begins at, the byte at scanned_
+  std::int64_t line_ = 1;       ///< the line that holds, or begins at, the byte at scanned_
   bool endsInLineFeed_ = true;  ///< scanned_ is the first byte of a line
 };
 

@@ -27,7 +27,7 @@ ScrollRange ComputeScrollRange(std::int32_t points, std::int16_t pointsPerDivisi
     range.smallChange = pointsPerDivision;
   } else {
     range.maximum = CheckedInteger16(std::int64_t{kMostScrollUnits} - length);
-    range.smallChange = RoundToInteger16(double{range.maximum} / (double(points) - length) * pointsPerDivision);
+    range.smallChange = RoundToInteger16(range.maximum / (static_cast<double>(points) - length) * pointsPerDivision);
   }
   range.largeChange = RoundToInteger16(range.maximum / 10.0);
   return range;

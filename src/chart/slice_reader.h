@@ -23,7 +23,7 @@ struct Slice {
   int columnsInUse = 0;                                  ///< up to the last of them with a text in any row
   bool endOfFile = false;                                ///< the file ends before endLine
   bool moreFollow = false;                               ///< a point stands in the line endLine
-  std::int64_t lastLine = 0;                             ///< the file's last line, where endOfFile tells that it is known
+  std::int64_t lastLine = 0;  ///< the file's last line, where endOfFile tells that it is known
 
   [[nodiscard]] int RowCount() const noexcept { return static_cast<int>(times.size()); }
 };

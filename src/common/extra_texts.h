@@ -26,6 +26,19 @@ enum class ExtraText : std::uint8_t {
   kExportStopped,       ///< "The export was stopped. No file was written."
   kExportSkippedLines,  ///< "%1 line(s) ... left out; the first is line %2."
   kExportTooLarge,      ///< "... %1 points would fit."
+  kPointsPerDivision,   ///< "Points per division: %1"
+  kReadingFile,         ///< "Reading the file: %1 % (Esc stops)"
+  kReadingStopped,      ///< "Stopped. The chart stays where it was."
+  kFewerPoints,         ///< the file holds %1 points, %2 fewer than its header names
+  kMorePoints,          ///< the file goes on behind point %1, the last one of its header
+  kUnknownPoints,       ///< the header names no number of points; the file holds %1
+  kUnknownSeries,       ///< the header names no 1 to 4 parameters; %1 columns are shown
+  kNoPointLines,        ///< the file holds a header only
+  kNoParameterNames,    ///< no driver file: %1 is the reason
+  kReadoutPoint,        ///< "Point %1, %2"  %2 its time
+  kCursorPoint,         ///< "Cursor %1: point %2, %3"
+  kCursorDifference,    ///< "Difference: %1 points, %2"
+  kChartTip,            ///< how to place and remove the cursors
   kCount
 };
 

@@ -77,6 +77,8 @@ class Form {
   [[nodiscard]] double Height() const noexcept { return height_; }
   void SetLeft(double twips);
   void SetTop(double twips);
+  /// As the height, never less than the layout needs; takes effect before the window's first display.
+  void SetWidth(double twips) noexcept { width_ = twips; }
   /// The documented height; a window is never made smaller than its layout needs.
   void SetHeight(double twips);
   /// Called by the view when the user moved or sized the window: no notice goes back.

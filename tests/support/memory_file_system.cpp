@@ -12,8 +12,10 @@ namespace {
 
 class MemoryInput : public InputFile {
  public:
-  MemoryInput(std::shared_ptr<MemoryFileSystem::Node> node) : node_(std::move(node)) {}
+  MemoryInput(const MemoryFileSystem& files, std::shared_ptr<MemoryFileSystem::Node> node)
+      : files_(files), node_(std::move(node)) {}
   std::size_t Read(std::span<char> buffer) override {
+    if (files_.beforeBlock) files_.beforeBlock();
     if (at_ >= node_->bytes.size()) return 0;
     const std::size_t count = std::min(buffer.size(), node_->bytes.size() - at_);
     std::memcpy(buffer.data(), node_->bytes.data() + at_, count);
@@ -24,6 +26,7 @@ class MemoryInput : public InputFile {
   FileIdentity Identity() override { return {1, node_->index, node_->bytes.size(), node_->modified}; }
 
  private:
+  const MemoryFileSystem& files_;
   std::shared_ptr<MemoryFileSystem::Node> node_;
   std::size_t at_ = 0;
 };
@@ -64,6 +67,12 @@ void MemoryFileSystem::Put(const std::string& name, std::string bytes) {
   nodes_[Key(name)] = std::move(node);
 }
 
+void MemoryFileSystem::Overwrite(const std::string& name, std::string bytes) {
+  const auto node = NodeOf(name);
+  node->bytes = std::move(bytes);
+  Touch(*node);
+}
+
 std::string MemoryFileSystem::Bytes(const std::string& name) const {
   const auto found = nodes_.find(Key(name));
   return found == nodes_.end() ? std::string() : found->second->bytes;
@@ -85,7 +94,7 @@ void MemoryFileSystem::Ask(const std::string& operation, const std::string& name
 
 std::unique_ptr<InputFile> MemoryFileSystem::OpenForReading(const std::string& name) {
   Ask("read", name);
-  return std::make_unique<MemoryInput>(NodeOf(name));
+  return std::make_unique<MemoryInput>(*this, NodeOf(name));
 }
 
 std::unique_ptr<OutputFile> MemoryFileSystem::Create(const std::string& name) {

@@ -22,12 +22,16 @@ class MemoryFileSystem : public FileSystem {
 
   /// Contents by name; tests read and write them directly.
   void Put(const std::string& name, std::string bytes);
+  /// Other contents for the same file.
+  void Overwrite(const std::string& name, std::string bytes);
   [[nodiscard]] std::string Bytes(const std::string& name) const;
   [[nodiscard]] bool Has(const std::string& name) const { return nodes_.contains(Key(name)); }
 
   DiskSpace space{1'000'000'000'000, 500'000'000'000, 500'000'000'000};
   /// Asked before every open, append, delete and rename; may throw what a real disk would.
   std::function<void(const std::string& operation, const std::string& name)> before;
+  /// Called before each block that is read: time may pass.
+  std::function<void()> beforeBlock;
   /// Bytes that may still be written before error 61; negative for no limit.
   std::int64_t writeBudget = -1;
   /// Folder names that exist, when `checkFolders` is set.

@@ -25,10 +25,13 @@ class HeadlessFormHost : public FormHost {
   std::function<void(Form&)> onTick;
   /// Called when long work lets the window live (progress, Esc).
   std::function<void()> onKeepAlive;
+  /// Draws pictures, where a program brings something that can.
+  PictureRenderer* pictures = nullptr;
 
   [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
   void RunModal(Form& form) override;
   [[nodiscard]] Size ScreenSize() const override { return {1280 * kTwipsPerPixel, 1024 * kTwipsPerPixel}; }
+  [[nodiscard]] PictureRenderer* Pictures() noexcept override { return pictures; }
   void KeepAlive() override {
     if (onKeepAlive) onKeepAlive();
   }

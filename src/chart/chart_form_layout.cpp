@@ -1,0 +1,36 @@
+// Which control stands where in the chart window.
+#include "chart/chart_form.h"
+
+namespace chartproject {
+namespace {
+
+constexpr double kSwatchSize = 16;
+constexpr double kInfoWidth = 300;
+constexpr double kInfoHeight = 118;
+/// Room for four digits more, so that nothing moves while the slider does.
+constexpr double kPointsPerDivisionWidth = 190;
+constexpr int kScaleCharacters = 6;
+
+}  // namespace
+
+void ChartForm::PlaceControls() {
+  rtfInfo.SetReadOnly(true);
+  rtfInfo.SetMultiLine(true);
+  std::vector<LayoutBox> cells;
+  for (const SeriesControls& series : series_) {
+    series.scale->SetWidthInCharacters(kScaleCharacters);
+    cells.push_back(AtLeast(Cell(*series.swatch), kSwatchSize, kSwatchSize));
+    cells.push_back(Cell(*series.number));
+    cells.push_back(Cell(*series.function, 1));
+    cells.push_back(Row({Cell(*series.scale), Cell(*series.arrows)}));
+  }
+  LayoutBox legend = Column({Grid(4, std::move(cells)), Row({Space(), Cell(lblScaleMsg), Cell(cmdUpdateChart)})});
+  LayoutBox top = Row({AtLeast(Cell(rtfInfo, 1, 1), kInfoWidth, kInfoHeight), Stretched(std::move(legend), 1, 0)});
+  LayoutBox division =
+      Row({AtLeast(Cell(lblPointsPerDivision), kPointsPerDivisionWidth), Cell(sldPointsPerDivision, 1)});
+  LayoutBox bottom = Row({Cell(lblChartType), Cell(cboChartType), Cell(chkGrid), Cell(chkLine), Cell(chkMarker),
+                          Cell(lblStatus, 1), Cell(cmdExport), Cell(cmdPrint), Cell(cmdOK)});
+  SetLayout(Column({std::move(top), Cell(mscChart1, 1, 1), Cell(hsbGraph, 1), std::move(division), std::move(bottom)}));
+}
+
+}  // namespace chartproject

@@ -1,0 +1,361 @@
+// The chart window on the headless back end: opening, scrolling, scales, switches, notices, printing.
+#include <gmock/gmock.h>
+
+#include "chart/chart_form.h"
+#include "chart/show_chart.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+constexpr const char* kFile = "/data/Test.cht";
+
+class NoLinks : public DriveLinkFactory {
+ public:
+  std::unique_ptr<DriveLink> Create() override { return nullptr; }
+};
+
+/// Draws nothing: a picture of the size that was asked for.
+class BlankPictures : public PictureRenderer {
+ public:
+  Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& /*paint*/) override {
+    Bitmap picture{static_cast<int>(size.width * scale), static_cast<int>(size.height * scale), {}, 96 * scale};
+    picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
+    return picture;
+  }
+};
+
+struct ChartWindowTest : ::testing::Test {
+  ChartWindowTest() {
+    component.languageBase = 1000;
+    component.settings.strLanguage = "English";
+    component.settings.strGrid = "No";
+    component.settings.strMarker = "No";
+    component.settings.strLine = "Yes";
+    component.settings.strSound = "Yes";
+    component.settings.strDrivers = "/drivers";
+    component.settings.intChartType = 3;
+    component.driveTable.At(1) = {"01", "KRA-09", "2.40", "", "", "", "", ""};
+    fakes.forms.pictures = &pictures;
+    fakes.files.Put("/drivers/KRA09V240E.wcd", "");
+    fakes.files.Put("\\Kestrel.log", "");
+  }
+  void Put(const std::string& points, int rows, const std::string& parameters = "2", const std::string& drive = "01") {
+    std::string text = "[INFO]\r\nDrive Address=" + drive + "\r\nNumber of Parameters=" + parameters +
+                       "\r\nPXXX1=003\r\nPXXX2=999\r\nScan Time=1\r\nUnit=s\r\nNumber of Points=" + points +
+                       "\r\nTrigger Mode=Event\r\nEvent=PXXX>=Content\r\nPXXX=005\r\nContent=12\r\n\r\n"
+                       "[TIME/CONTENT]\r\n";
+    for (int i = 1; i <= rows; ++i) text += "08:00:00#" + std::to_string(i) + "#" + std::to_string(-i) + "####\r\n";
+    fakes.files.Put(kFile, text);
+  }
+  /// Opens the file and does what a user would.
+  void Show(const std::function<void(ChartForm&)>& user) {
+    shown = false;
+    fakes.forms.onShown = [&](Form& form) {
+      shown = true;
+      user(static_cast<ChartForm&>(form));
+      if (form.IsShown()) form.CloseByUser();
+    };
+    ShowChart(component, kFile);
+  }
+  static std::vector<double> Column(const ChartForm& form, int column) {
+    return form.mscChart1.Model().series.at(static_cast<std::size_t>(column)).values;
+  }
+  static std::int64_t FirstLabel(const ChartForm& form) { return form.mscChart1.Model().firstRowLabel; }
+
+  FakePorts fakes;
+  BlankPictures pictures;
+  NoLinks links;
+  Component component{fakes.ports, fakes.forms, links};
+  bool shown = false;
+};
+
+TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    EXPECT_EQ(form.rtfInfo.Text(),
+              "File Name : /data/Test.cht\r\n\r\nDrive Address : 01\r\nTime among Points : 1 s\r\n"
+              "Number of Points : 100\r\nTrigger Mode : Event\r\nEvent : <PXXX> >= Content\r\nParameter : P005\r\n"
+              "Content : 12\r\nStart Date : \r\nStart Time : \r\nEnd Date : \r\nEnd Time : \r\n");
+    const ChartModel& model = form.mscChart1.Model();
+    EXPECT_EQ(model.rowCount, 25);
+    EXPECT_EQ(model.series.size(), 2U);
+    EXPECT_EQ(model.firstRowLabel, 1);
+    EXPECT_EQ(model.kind, ChartKind::k2dLine);
+    EXPECT_FALSE(model.legendVisible);
+    EXPECT_EQ(model.wallPen, 6);
+    EXPECT_EQ(model.backdrop, (Color{255, 255, 230}));
+    EXPECT_EQ(Column(form, 1).back(), -25);
+    EXPECT_EQ(form.lblPXXX1.Caption(), "P003");
+    EXPECT_FALSE(form.txtScale3.Enabled());
+    EXPECT_TRUE(form.txtScale2.Enabled());
+    EXPECT_FALSE(form.cmdUpdateChart.Enabled());
+    EXPECT_EQ(form.Caption(), "Chart File - Test.cht");
+    EXPECT_EQ(form.cboChartType.Text(), "2D Line");
+  });
+  EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty());
+}
+
+TEST_F(ChartWindowTest, OpensNoWindowWhereThereIsNothingToShow) {
+  const struct {
+    std::string drive;
+    bool file;
+    const char* prompt;
+  } cases[] = {{"31", true, "Err.Number = 9"},
+               {"x", true, "Err.Number = 13"},
+               {"01", false, "Err.Number = 53"},
+               {"07", true, "It was not possible to load /data/Test.cht\r\nAddress 07 does not exist."}};
+  for (const auto& c : cases) {
+    Put("100", 100, "2", c.drive);
+    if (!c.file) fakes.files.Delete(kFile);
+    Show([](ChartForm&) {});
+    EXPECT_FALSE(shown) << c.prompt;
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(c.prompt)));
+  }
+  EXPECT_THAT(fakes.files.Bytes("\\Kestrel.log"), HasSubstr("Sub/Function = OpenFile"));
+}
+
+TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
+  const struct {
+    const char* points;
+    int rows;
+    bool usable;
+    int maximum, smallChange, largeChange;
+  } cases[] = {{"25", 25, false, 100, 1, 1},        {"26", 26, true, 1, 1, 1},
+               {"625", 625, true, 600, 1, 60},      {"32767", 30, true, 32742, 1, 3274},
+               {"32768", 30, true, 32742, 1, 3274}, {"2000000000", 0, true, 32742, 1, 3274}};
+  for (const auto& c : cases) {
+    Put(c.points, c.rows);
+    Show([&](ChartForm& form) {
+      EXPECT_EQ(form.hsbGraph.Visible(), c.usable) << c.points;
+      EXPECT_EQ(form.sldPointsPerDivision.Enabled(), c.usable) << c.points;
+      EXPECT_EQ(form.lblPointsPerDivision.Visible(), c.usable) << c.points;
+      if (!c.usable) return;
+      EXPECT_EQ(form.hsbGraph.Maximum(), c.maximum) << c.points;
+      EXPECT_EQ(form.hsbGraph.SmallChange(), c.smallChange) << c.points;
+      EXPECT_EQ(form.hsbGraph.LargeChange(), c.largeChange) << c.points;
+      form.hsbGraph.SetValue(form.hsbGraph.Maximum());
+      const auto points = std::stoll(c.points);
+      EXPECT_EQ(form.SliceStartLine(), form.Source().FirstLine() + points - 25) << c.points;
+      EXPECT_EQ(FirstLabel(form), points - 24) << c.points;
+    });
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty()) << c.points;
+  }
+}
+
+TEST_F(ChartWindowTest, SliderWalksDownToWhatFitsAndKeepsTheSliceInTheFile) {
+  Put("625", 625);
+  Show([&](ChartForm& form) {
+    form.hsbGraph.SetValue(600);
+    form.sldPointsPerDivision.SetValue(10);
+    EXPECT_EQ(form.hsbGraph.Value(), 375);
+    EXPECT_EQ(FirstLabel(form), 376);
+    EXPECT_EQ(form.hsbGraph.SmallChange(), 10);
+    EXPECT_EQ(form.mscChart1.Model().rowCount, 250);
+    EXPECT_EQ(form.mscChart1.Model().categoryScale.divisionsPerLabel, 10);
+    form.sldPointsPerDivision.SetValue(1310);
+    EXPECT_EQ(form.sldPointsPerDivision.Value(), 25);
+    EXPECT_EQ(form.PointsPerDivision(), 25);
+    EXPECT_EQ(form.hsbGraph.Value(), 0);
+    EXPECT_EQ(FirstLabel(form), 1);
+    EXPECT_EQ(form.mscChart1.Model().rowCount, 625);
+    EXPECT_EQ(form.lblPointsPerDivision.Caption(), "Points per division: 25");
+    form.sldPointsPerDivision.SetValue(1);
+    EXPECT_EQ(form.SliceEndLine() - form.SliceStartLine(), 25);
+  });
+}
+
+TEST_F(ChartWindowTest, KeysAndWheelScrollByDivisionsAlsoWhereTheBarIsCoarse) {
+  Put("100000", 5000);
+  Show([&](ChartForm& form) {
+    const auto first = [&form](Key key) {
+      EXPECT_TRUE(form.mscChart1.KeyPressed(key, false));
+      return FirstLabel(form);
+    };
+    EXPECT_EQ(first(Key::kRight), 2);
+    EXPECT_EQ(first(Key::kPageDown), 26);
+    EXPECT_EQ(first(Key::kLeft), 25);
+    EXPECT_EQ(first(Key::kPageUp), 1);
+    EXPECT_EQ(first(Key::kPageUp), 1);
+    EXPECT_TRUE(form.mscChart1.WheelTurned(-2));
+    EXPECT_EQ(FirstLabel(form), 7);
+    // The file ends before the points that its header names: the end is where its points are.
+    EXPECT_EQ(first(Key::kEnd), 4976);
+    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("holds")));
+    EXPECT_EQ(first(Key::kRight), 4977);
+    EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("\r\n\r\nThe file holds 5000 points; its header names 100000.\r\n"));
+    EXPECT_EQ(form.mscChart1.Model().rowCount, 24);
+    EXPECT_EQ(first(Key::kHome), 1);
+  });
+}
+
+TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    form.upd1.Step(1);
+    EXPECT_EQ(form.txtScale1.Text(), "2");
+    EXPECT_EQ(Column(form, 0).front(), 1);
+    form.cmdUpdateChart.Press();
+    EXPECT_EQ(Column(form, 0).front(), 2);
+    EXPECT_EQ(Column(form, 1).front(), -1);
+    EXPECT_FALSE(form.cmdUpdateChart.Enabled());
+    form.txtScale2.SetText("007");
+    form.txtScale2.LeaveFocus();
+    EXPECT_EQ(form.txtScale2.Text(), "7");
+    EXPECT_EQ(form.upd2.Value(), 7);
+
+    const struct {
+      const char *text, *prompt;
+    } refused[] = {{"0", "Value out of range !"},
+                   {"", "Value out of range !"},
+                   {"abc", "Value out of range !"},
+                   {"-3", "Value out of range !"},
+                   {"32768", "Err.Number = 6"}};
+    for (const auto& c : refused) {
+      form.txtScale1.SetText(c.text);
+      form.hsbGraph.SetValue(form.hsbGraph.Value() + 1);  // a load before the check
+      EXPECT_EQ(Column(form, 0).front(), 2.0 * static_cast<double>(FirstLabel(form))) << c.text;
+      form.txtScale1.SetText(c.text);
+      form.txtScale1.LeaveFocus();
+      EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(c.prompt))) << c.text;
+      EXPECT_EQ(form.txtScale1.Text(), "2");
+    }
+  });
+}
+
+TEST_F(ChartWindowTest, SwitchesSurviveSlicesAndAreSaved) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    form.chkGrid.SetValue(1);
+    form.chkMarker.SetValue(1);
+    form.chkLine.SetValue(0);
+    form.cboChartType.SetListIndex(6);
+    form.hsbGraph.SetValue(10);
+    const ChartModel& model = form.mscChart1.Model();
+    EXPECT_EQ(model.categoryGrid, 1);
+    EXPECT_EQ(model.secondValueGrid, 1);
+    EXPECT_TRUE(model.series[1].showMarker);
+    EXPECT_FALSE(model.series[0].showLine);
+    EXPECT_EQ(model.kind, ChartKind::k3dStep);
+    form.PlaceChangedByUser(300, 450, 15000, 12000);
+    form.cmdOK.Press();
+  });
+  const auto& stored = fakes.settings.values;
+  EXPECT_EQ(stored.at("MyConf").at("strGrid"), "Yes");
+  EXPECT_EQ(stored.at("MyConf").at("strMarker"), "Yes");
+  EXPECT_EQ(stored.at("MyConf").at("strLine"), "No");
+  EXPECT_EQ(stored.at("MyConf").at("intChartType"), "6");
+  Show([&](ChartForm& form) {
+    EXPECT_EQ(form.cboChartType.ListIndex(), 6);
+    EXPECT_EQ(form.Width(), 15000);
+    EXPECT_EQ(form.Top(), 450);
+  });
+}
+
+TEST_F(ChartWindowTest, AMalformedLineIsToldOnceAndTheChartStays) {
+  Put("100", 30);
+  fakes.files.Append(kFile, "broken\r\n");
+  Show([&](ChartForm& form) {
+    form.hsbGraph.SetValue(6);
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Line error 44 : <<broken>>"));
+    EXPECT_EQ(FirstLabel(form), 1);
+    form.hsbGraph.SetValue(3);
+    EXPECT_EQ(FirstLabel(form), 4);
+  });
+}
+
+TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
+  const struct {
+    const char* points;
+    int rows;
+    const char* parameters;
+    int rowCount;
+    std::size_t series;
+    const char* notice;
+  } cases[] = {{"10", 12, "2", 12, 2, "The file goes on behind point 10, the last one that its header names."},
+               {"20", 12, "2", 12, 2, "The file holds 12 points; its header names 20."},
+               {"many", 40, "2", 25, 2, "The header names no number of points; the file holds 40."},
+               {"40", 40, "7", 25, 2, "The header does not name 1 to 4 parameters; 2 columns of the file are shown."}};
+  for (const auto& c : cases) {
+    Put(c.points, c.rows, c.parameters);
+    Show([&](ChartForm& form) {
+      EXPECT_EQ(form.mscChart1.Model().rowCount, c.rowCount) << c.notice;
+      EXPECT_EQ(form.mscChart1.Model().series.size(), c.series) << c.notice;
+      EXPECT_THAT(form.rtfInfo.Text(), EndsWith(std::string("\r\n\r\n") + c.notice + "\r\n"));
+    });
+  }
+  fakes.files.Put(kFile, "Drive Address=01\r\nNumber of Points=5\r\n");
+  Show([&](ChartForm& form) {
+    EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("The file holds no points."));
+    EXPECT_EQ(form.mscChart1.Model().rowCount, 0);
+  });
+}
+
+TEST_F(ChartWindowTest, ShowsAReplacedFileFromItsStart) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    form.sldPointsPerDivision.SetValue(2);
+    form.hsbGraph.SetValue(20);
+    Put("60", 60, "1");
+    form.hsbGraph.SetValue(30);
+    EXPECT_EQ(FirstLabel(form), 1);
+    EXPECT_EQ(form.hsbGraph.Maximum(), 35);
+    EXPECT_EQ(form.hsbGraph.Value(), 0);
+    EXPECT_EQ(form.sldPointsPerDivision.Value(), 1);
+    EXPECT_EQ(form.mscChart1.Model().series.size(), 1U);
+  });
+}
+
+TEST_F(ChartWindowTest, EscGivesALongJumpUpAndTheSliceStays) {
+  Put("400000", 400000);
+  Show([&](ChartForm& form) {
+    std::vector<std::string> status;
+    fakes.forms.onKeepAlive = [&] {
+      status.push_back(form.lblStatus.Caption());
+      EXPECT_EQ(form.Pointer(), MousePointer::kHourglass);
+      fakes.keyboard.escape = true;
+    };
+    fakes.files.beforeBlock = [&] { fakes.clock.Advance(std::chrono::milliseconds(20)); };
+    form.hsbGraph.SetValue(32742);
+    EXPECT_THAT(status, ElementsAre(HasSubstr("Reading the file: ")));
+    EXPECT_EQ(form.lblStatus.Caption(), "Stopped. The chart stays where it was.");
+    EXPECT_EQ(form.Pointer(), MousePointer::kDefault);
+    EXPECT_EQ(form.hsbGraph.Value(), 0);
+    EXPECT_EQ(FirstLabel(form), 1);
+    form.hsbGraph.SetValue(1);
+    EXPECT_EQ(FirstLabel(form), 13);
+  });
+}
+
+TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 5);
+    form.hsbGraph.SetValue(60);
+    form.mscChart1.SetCursor(MeasuringCursor::kSecond, 70);
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 65 points, 00:00:00");
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 → 70 (+65)");
+  });
+}
+
+TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
+  Put("100", 100);
+  fakes.dialogs.answers = {box_answer::kNo};
+  Show([&](ChartForm& form) { form.cmdPrint.Press(); });
+  EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Print ?"));
+  EXPECT_TRUE(fakes.clipboard.held.has_value());
+  EXPECT_EQ(fakes.printer.documentsPrinted, 0);
+  fakes.dialogs.answers = {box_answer::kYes};
+  Show([&](ChartForm& form) { form.cmdPrint.Press(); });
+  EXPECT_EQ(fakes.printer.documentsPrinted, 1);
+  EXPECT_EQ(fakes.sound.played.front().fileName, "\\NIMClick.wav");
+}
+
+}  // namespace
+}  // namespace chartproject

@@ -1,0 +1,180 @@
+// Line index, value fields, slices: which lines are points, what a file that grows or is replaced gives.
+#include "chart/slice_reader.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+
+#include "chart/chart_source.h"
+#include "chart/field_value.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::DoubleEq;
+using ::testing::ElementsAre;
+using ::testing::NanSensitiveDoubleEq;
+
+constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
+constexpr const char* kFile = "/data/Test.cht";
+constexpr const char* kHeader = "[INFO]\r\nNumber of Parameters=2\r\nNumber of Points=3\r\n[TIME/CONTENT]\r\n";
+constexpr std::int32_t kFirstLine = 5;
+
+std::string Rows(int from, int to) {
+  std::string rows;
+  for (int i = from; i <= to; ++i) rows += "08:00:00#" + std::to_string(i) + "#" + std::to_string(-i) + "####\r\n";
+  return rows;
+}
+
+struct SliceReaderTest : ::testing::Test {
+  FakePorts fakes;
+  ChartHeader header;
+  ChartSource source{fakes.ports};
+  void Open(const std::string& rows) {
+    fakes.files.Put(kFile, kHeader + rows);
+    source.Open(kFile, header);
+  }
+  SliceReading Read(int from, int count, int columns = 2) {
+    return source.Read(kFirstLine + from, kFirstLine + from + count, columns);
+  }
+};
+
+TEST(FieldValueTest, ReadsNumbersOfEitherLocaleAndLeavesTheRestAsGaps) {
+  const NumberFormat point{".", ","};
+  const NumberFormat comma{",", "."};
+  const struct {
+    const char* field;
+    double inPoint;
+    double inComma;
+  } cases[] = {{"", 0, 0},
+               {"123.45", 123.45, 123.45},
+               {"1,5", 1.5, 1.5},
+               {"-0.1", -0.1, -0.1},
+               {"1,000,5", kGap, kGap},
+               {"1,234.5", kGap, 1234.5},
+               {"12345678901234567890", 12345678901234567890.0, 12345678901234567890.0},
+               {"1e3", 1000, 1000},
+               {"1e999", kGap, kGap},
+               {"--", kGap, kGap},
+               {"-", kGap, kGap},
+               {".", kGap, kGap},
+               {"ON", kGap, kGap}};
+  for (const auto& c : cases) {
+    EXPECT_THAT(FieldValue(c.field, point), NanSensitiveDoubleEq(c.inPoint)) << c.field;
+    EXPECT_THAT(FieldValue(c.field, comma), NanSensitiveDoubleEq(c.inComma)) << c.field;
+  }
+}
+
+TEST_F(SliceReaderTest, OpensAHeaderAndReadsSlicesByLine) {
+  Open(Rows(1, 30));
+  EXPECT_EQ(source.FirstLine(), kFirstLine);
+  EXPECT_EQ(source.NamedPoints(), 3);
+  EXPECT_EQ(source.NamedSeries(), 2);
+  const SliceReading first = Read(0, 25);
+  EXPECT_EQ(first.slice.RowCount(), 25);
+  EXPECT_TRUE(first.slice.moreFollow);
+  EXPECT_FALSE(first.slice.endOfFile);
+  const SliceReading last = Read(28, 25);
+  EXPECT_THAT(last.slice.values[0], ElementsAre(29, 30));
+  EXPECT_THAT(last.slice.values[1], ElementsAre(-29, -30));
+  EXPECT_TRUE(last.slice.endOfFile);
+  EXPECT_EQ(last.slice.lastLine, kFirstLine + 29);
+  EXPECT_EQ(Read(500, 25).slice.RowCount(), 0);
+}
+
+TEST_F(SliceReaderTest, SkipsEmptyAndCommentLinesAndStopsAtMalformedOnes) {
+  const std::string longText(10000, 'x');
+  const struct {
+    std::string line;
+    SliceEnd end;
+    int rows;
+  } cases[] = {{"", SliceEnd::kRead, 2},
+               {"   ", SliceEnd::kRead, 2},
+               {"' 08:00#1#2####", SliceEnd::kRead, 2},
+               {"  08:00:01#7#8####  ", SliceEnd::kRead, 3},
+               {"08:00:01######", SliceEnd::kRead, 3},
+               {"08:00:01#7#8###", SliceEnd::kMalformedLine, 1},
+               {"08:00:01#7#8#####", SliceEnd::kMalformedLine, 1},
+               {longText + "######", SliceEnd::kMalformedLine, 1},
+               {std::string(200000, '#'), SliceEnd::kMalformedLine, 1}};
+  for (const auto& c : cases) {
+    Open(Rows(1, 1) + c.line + "\r\n" + Rows(3, 3));
+    const SliceReading reading = Read(0, 25);
+    EXPECT_EQ(reading.end, c.end) << c.line.substr(0, 30);
+    EXPECT_EQ(reading.slice.RowCount(), c.rows) << c.line.substr(0, 30);
+    if (c.end != SliceEnd::kMalformedLine) continue;
+    EXPECT_EQ(reading.malformedLine, kFirstLine + 1);
+    EXPECT_EQ(reading.malformedText.substr(0, 10), c.line.substr(0, 10));
+    EXPECT_LE(reading.malformedText.size(), kLongestPointLine + 1);
+  }
+}
+
+TEST_F(SliceReaderTest, KeepsGapsZerosAndColumnsInUseApart) {
+  Open(
+      "t1#--##5###\r\nt2###6###\r\nlast#1,5######"
+      "\r\n");
+  SliceReading reading = Read(0, 2, 4);
+  EXPECT_THAT(reading.slice.values[0], ElementsAre(NanSensitiveDoubleEq(kGap), DoubleEq(0)));
+  EXPECT_THAT(reading.slice.values[2], ElementsAre(5, 6));
+  EXPECT_EQ(reading.slice.columnsInUse, 3);
+  EXPECT_THAT(reading.slice.times, ElementsAre("t1", "t2"));
+  EXPECT_FALSE(reading.slice.moreFollow);  // seven marks are no point
+}
+
+TEST_F(SliceReaderTest, FindsEveryLineOfAFileLongerThanTheIndexSpacing) {
+  const int rows = 3 * static_cast<int>(LineIndex::kSpacing) + 77;
+  Open(Rows(1, rows));
+  for (const int at : {rows, 1, 4096, 4097, 4098, 8192, 8193, 12289, 2, rows - 1}) {
+    const SliceReading reading = Read(at - 1, 1);
+    ASSERT_EQ(reading.slice.RowCount(), 1) << at;
+    EXPECT_EQ(reading.slice.values[0][0], at);
+  }
+  EXPECT_EQ(source.CountLines({}), rows);
+}
+
+TEST_F(SliceReaderTest, GoesOnInAFileThatGrewAndTellsOneThatWasReplaced) {
+  Open(Rows(1, 2));
+  EXPECT_EQ(Read(0, 25).slice.RowCount(), 2);
+  fakes.files.Append(kFile, Rows(3, 4));
+  EXPECT_FALSE(source.Replaced());
+  EXPECT_THAT(Read(1, 25).slice.values[0], ElementsAre(2, 3, 4));
+  fakes.files.Put(kFile, kHeader + Rows(1, 50));
+  EXPECT_TRUE(source.Replaced());
+  // The same file, rewritten in place with another header.
+  Open(Rows(1, 2));
+  const auto out = fakes.files.OpenForReading(kFile);
+  std::string bytes = fakes.files.Bytes(kFile) + Rows(3, 9);
+  bytes.replace(bytes.find("Points=3"), 8, "Points=9");
+  fakes.files.Overwrite(kFile, bytes);
+  EXPECT_TRUE(source.Replaced());
+}
+
+TEST_F(SliceReaderTest, ALongSearchReportsAndGoesOnWhereItWasGivenUp) {
+  Open(Rows(1, 300000));
+  int reports = 0;
+  const auto giveUp = [&reports](double part) {
+    ++reports;
+    EXPECT_GT(part, 0);
+    EXPECT_LE(part, 1);
+    return false;
+  };
+  EXPECT_EQ(source.Read(kFirstLine + 299990, kFirstLine + 299999, 1, giveUp).end, SliceEnd::kGivenUp);
+  EXPECT_EQ(reports, 1);
+  const SliceReading reading = Read(299990, 25, 1);
+  EXPECT_THAT(reading.slice.values[0],
+              ElementsAre(299991, 299992, 299993, 299994, 299995, 299996, 299997, 299998, 299999, 300000));
+}
+
+TEST_F(SliceReaderTest, RefusesWhatIsNoChartFile) {
+  fakes.files.Put(kFile, "some text\r\n");
+  EXPECT_THROW(source.Open(kFile, header), RunTimeError);
+  fakes.files.Put(kFile, "Drive Address=01\r\n");
+  source.Open(kFile, header);
+  EXPECT_FALSE(source.HasPoints());
+  EXPECT_EQ(source.CountLines({}), 0);
+}
+
+}  // namespace
+}  // namespace chartproject
