@@ -263,7 +263,7 @@ TEST_F(ChartWindowTest, AMalformedLineIsToldOnceAndTheChartStays) {
   fakes.files.Append(kFile, "broken\r\n");
   Show([&](ChartForm& form) {
     form.hsbGraph.SetValue(6);
-    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Line error 44 : <<broken>>"));
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Line error 45 : <<broken>>"));
     EXPECT_EQ(FirstLabel(form), 1);
     form.hsbGraph.SetValue(3);
     EXPECT_EQ(FirstLabel(form), 4);

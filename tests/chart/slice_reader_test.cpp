@@ -53,7 +53,7 @@ TEST(FieldValueTest, ReadsNumbersOfEitherLocaleAndLeavesTheRestAsGaps) {
                {"1,5", 1.5, 1.5},
                {"-0.1", -0.1, -0.1},
                {"1,000,5", kGap, kGap},
-               {"1,234.5", kGap, 1234.5},
+               {"1,234.5", kGap, kGap},
                {"12345678901234567890", 12345678901234567890.0, 12345678901234567890.0},
                {"1e3", 1000, 1000},
                {"1e999", kGap, kGap},
@@ -144,7 +144,6 @@ TEST_F(SliceReaderTest, GoesOnInAFileThatGrewAndTellsOneThatWasReplaced) {
   EXPECT_TRUE(source.Replaced());
   // The same file, rewritten in place with another header.
   Open(Rows(1, 2));
-  const auto out = fakes.files.OpenForReading(kFile);
   std::string bytes = fakes.files.Bytes(kFile) + Rows(3, 9);
   bytes.replace(bytes.find("Points=3"), 8, "Points=9");
   fakes.files.Overwrite(kFile, bytes);
