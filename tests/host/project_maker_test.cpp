@@ -1,0 +1,152 @@
+// The ready project: the system loads all of it without a complaint, and the user's own files stay.
+#include "host/project_maker.h"
+
+#include <gmock/gmock.h>
+
+#include "common/settings_io.h"
+#include "drive/drive_context.h"
+#include "drive/driver_file.h"
+#include "drive/parameter_read.h"
+#include "links/simulated_link.h"
+#include "platform/run_time_error.h"
+#include "support/fake_ports.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::AnyOf;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+struct ProjectMakerTest : ::testing::Test {
+  ProjectReport Make(const std::string& folder = "/plant") {
+    return MakeProject(fakes.files, fakes.settings, fakes.codePage, folder);
+  }
+  static unsigned Number(const std::string& bytes, std::size_t at, std::size_t count) {
+    unsigned value = 0;
+    for (std::size_t i = count; i-- > 0;) value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
+    return value;
+  }
+  FakePorts fakes;
+};
+
+TEST_F(ProjectMakerTest, EveryDriveLoadsInEveryLanguageAndAnswersForAllItsParameters) {
+  Make();
+  SimulatedLinkFactory links(fakes.clock, fakes.locale);
+  DriveContext context(fakes.ports, fakes.forms, links);
+  ReadConfSettings(context);
+  ReadProjectSettings(context);
+  ReadFolderSettings(context);
+  LoadDriveInfo(context, 0);
+  context.driveLink = links.Create();
+  const std::array models{"KRA-09", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"};
+  for (const auto& [language, name] :
+       {std::pair("Portuguese", "Velocidade do motor"), std::pair("English", "Motor speed"),
+        std::pair("Spanish", "Velocidad del motor")}) {
+    context.settings.strLanguage = language;
+    for (std::int16_t address = 1; address <= 6; ++address) {
+      EXPECT_EQ(context.driveTable.At(address).Type, models.at(static_cast<std::size_t>(address) - 1));
+      LoadDriverFile(context, address);
+      context.currentDrive = address;
+      int present = 0;
+      const ParameterTable& table = context.parameterTables.At(address);
+      for (std::int16_t parameter = 0; parameter < kParameterCount; ++parameter) {
+        if (!table.At(parameter).present) continue;
+        ++present;
+        EXPECT_TRUE(ReadOrdinary(context, parameter)) << models.at(address - 1) << " " << parameter;
+      }
+      EXPECT_GE(present, 40);
+    }
+    EXPECT_EQ(context.parameterTables.At(1).At(2).name, name);
+  }
+  EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty());
+  EXPECT_THAT(context.parameterTables.At(1).At(6).text3, ::testing::HasSubstr("\r\nbit 13: subtensi\u00F3n\r\n"));
+  for (const int parameter : {1, 2, 3, 4, 5, 6, 12, 14, 40, 208, 210, 529, 990, 991}) {
+    EXPECT_TRUE(context.parameterTables.At(1).At(parameter).present) << parameter;
+  }
+  fakes.clock.Advance(std::chrono::seconds(8));
+  std::string text;
+  context.currentDrive = 1;
+  ASSERT_TRUE(ReadSpecialParameter(context, 1, text));
+  EXPECT_EQ(text, "1750.0");  // parameter 210 asks for one decimal
+  context.currentDrive = 2;
+  ASSERT_TRUE(ReadSpecialParameter(context, 2, text));
+  EXPECT_NEAR(std::stod(text), 1200, 10);  // frequency times 30
+}
+
+TEST_F(ProjectMakerTest, PointsTheSettingsAtFilesThatAreThere) {
+  fakes.settings.values["MyProject"]["strDriveFile01"] = "C:\\Other\\one.drv";
+  fakes.settings.values["MyProject"]["strDriveFile09"] = "C:\\Other\\nine.drv";
+  fakes.settings.values["MyConf"]["strLanguage"] = "Spanish";
+  const ProjectReport report = Make("plant/../press");  // the current folder is /start
+  EXPECT_EQ(report.folder, "/start/press");
+  const auto& project = fakes.settings.values["MyProject"];
+  EXPECT_EQ(project.at("intSelectedDrive"), "1");
+  EXPECT_EQ(project.at("strDriveFile01"), "/start/press/projects/demo/drive01.drv");
+  EXPECT_EQ(project.at("strDriveFile09"), "0");
+  EXPECT_TRUE(fakes.files.Has(project.at("strMainFile")));
+  const auto& folders = fakes.settings.values["MyKestrel"];
+  for (const char* file : {"NIMClick.wav", "Complete.wav", "ir_end.wav"}) {
+    EXPECT_TRUE(fakes.files.Has(folders.at("strMedia") + "\\" + file)) << file;
+  }
+  for (const char* file : {"Cursor\\Select.cur", "Icon\\General\\Kestrel.ico", "Icon\\General\\Orlin.ico"}) {
+    EXPECT_TRUE(fakes.files.Has(folders.at("strGraphics") + "\\" + file)) << file;
+  }
+  for (const char* letter : {"p", "e", "s"}) {
+    EXPECT_TRUE(fakes.files.Has(folders.at("strHelps") + "\\Kshelp" + letter + ".HLP")) << letter;
+  }
+  EXPECT_EQ(fakes.settings.values["MyConf"], (std::map<std::string, std::string>{{"strLanguage", "Spanish"}}));
+  ASSERT_THAT(report.replaced, SizeIs(2));
+  EXPECT_EQ(report.replaced[1].name, "MyProject.strDriveFile09");
+  EXPECT_EQ(report.replaced[1].before, "C:\\Other\\nine.drv");
+}
+
+TEST_F(ProjectMakerTest, NeverWritesOverAFileAndStoresNothingWhenTheDiskIsFull) {
+  const std::string own = "/plant/projects/demo/drive01.drv";
+  fakes.files.Put(own, "Type=KRA-05\r\n");
+  const ProjectReport first = Make();
+  EXPECT_THAT(first.kept, ElementsAre(own));
+  EXPECT_EQ(fakes.files.Bytes(own), "Type=KRA-05\r\n");
+  const ProjectReport second = Make();
+  EXPECT_THAT(second.written, IsEmpty());
+  EXPECT_EQ(second.unchanged, first.written);
+  EXPECT_THAT(second.kept, ElementsAre(own));
+  EXPECT_THAT(second.replaced, IsEmpty());
+
+  fakes.settings.values.clear();
+  fakes.files.writeBudget = 5000;
+  EXPECT_THROW(Make("/full"), RunTimeError);
+  EXPECT_THAT(fakes.settings.values, IsEmpty());
+}
+
+TEST_F(ProjectMakerTest, SoundsAndPicturesAreWellFormed) {
+  Make();
+  for (const char* name : {"NIMClick.wav", "Complete.wav", "ir_end.wav"}) {
+    const std::string bytes = fakes.files.Bytes(std::string("/plant/media/") + name);
+    EXPECT_LT(bytes.size(), 50'000U);
+    EXPECT_EQ(bytes.substr(0, 4) + bytes.substr(8, 8) + bytes.substr(36, 4), "RIFFWAVEfmt data") << name;
+    EXPECT_EQ(Number(bytes, 4, 4), bytes.size() - 8);
+    EXPECT_EQ(Number(bytes, 40, 4), bytes.size() - 44);
+    EXPECT_NE(bytes.substr(44).find_first_not_of('\0'), std::string::npos) << "silent";
+  }
+  const std::string cursor = fakes.files.Bytes("/plant/graphics/Cursor/Select.cur");
+  EXPECT_EQ(Number(cursor, 2, 2), 2U);
+  EXPECT_EQ(Number(cursor, 10, 2), 5U);  // the fingertip
+  for (const char* name : {"Cursor/Select.cur", "Icon/General/Kestrel.ico", "Icon/General/Orlin.ico"}) {
+    const std::string bytes = fakes.files.Bytes(std::string("/plant/graphics/") + name);
+    const unsigned count = Number(bytes, 4, 2);
+    std::size_t end = 6 + 16 * count;
+    for (std::size_t entry = 6; entry < 6 + 16 * count; entry += 16) {
+      EXPECT_THAT(Number(bytes, entry, 1), AnyOf(16, 32));
+      EXPECT_EQ(Number(bytes, entry + 12, 4), end);  // pictures follow each other
+      EXPECT_EQ(Number(bytes, end, 4), 40U);
+      EXPECT_EQ(Number(bytes, end + 8, 4), 2 * Number(bytes, entry, 1));
+      end += Number(bytes, entry + 8, 4);
+    }
+    EXPECT_EQ(end, bytes.size()) << name;
+  }
+}
+
+}  // namespace
+}  // namespace chartproject
