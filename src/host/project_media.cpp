@@ -108,12 +108,12 @@ Bitmap ChartIcon(int size, std::uint32_t tile, std::uint32_t trend) {
     for (int y = size / 8; y <= bottom; ++y) PixelAt(picture, left + i, y) = kWhite;
     for (int x = left; x < right; ++x) PixelAt(picture, x, bottom - i) = kWhite;
   }
-  for (int x = left + 2 * thickness; x < right; ++x) {
+  for (int x = left + thickness + 1; x < right; ++x) {
     const double place = static_cast<double>(x - left) / (right - left) * (kTrend.size() - 1);
     const auto step = static_cast<std::size_t>(place);
     const double height = std::lerp(kTrend[step], kTrend[step + 1], place - static_cast<double>(step));
     const int y = static_cast<int>(height * size);
-    for (int i = -thickness; i <= thickness; ++i) PixelAt(picture, x, y + i) = trend;
+    for (int i = 0; i <= thickness; ++i) PixelAt(picture, x, y + i) = trend;
   }
   return picture;
 }

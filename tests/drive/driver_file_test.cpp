@@ -1,0 +1,183 @@
+// Driver files: which one is taken, what its lines mean, and how complaints read.
+#include "drive/driver_file.h"
+
+#include "drive/drive_fixture.h"
+#include "drive/unit_codes.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct DriverFileTest : DriveTest {
+  DriverFileTest() {
+    context.languageBase = 1000;
+    context.settings.strLanguage = "English";
+    context.settings.strDrivers = "C:\\Drivers";
+    context.settings.strHelps = "C:\\Help";
+    context.helpFile = "C:\\Help\\Kshelpe.HLP";
+    context.driveTable.At(7).Type = "KRA-09";
+    context.driveTable.At(7).FirmwareVersion = "2.40";
+  }
+  /// Loads a driver file of these bytes at address 7; returns the complaints.
+  std::vector<std::string> Load(const std::string& bytes) {
+    fakes.files.Put(kFile, bytes);
+    LoadDriverFile(context, 7);
+    return fakes.dialogs.TakePrompts();
+  }
+  const ParameterEntry& Entry(int parameter) { return context.parameterTables.At(7).At(parameter); }
+  static constexpr const char* kFile = "C:\\Drivers\\KRA09E.wcd";
+};
+
+TEST_F(DriverFileTest, NamesGoFromTheExactVersionToTheModel) {
+  const std::vector<std::string> inOrder{"C:\\Drivers\\KRA09E.wcd", "C:\\Drivers\\KRA09V2XXE.wcd",
+                                         "C:\\Drivers\\KRA09V24XE.wcd", "C:\\Drivers\\KRA09V240E.wcd"};
+  EXPECT_EQ(DriverFileName(context, 7), inOrder[0]);
+  for (const std::string& name : inOrder) {
+    fakes.files.Put(name, "");
+    EXPECT_EQ(DriverFileName(context, 7), name);
+  }
+  struct Case {
+    const char* version;
+    const char* exact;
+  };
+  for (const Case& c : {Case{"1,05", "KRA09V105E"},
+                        {"2.4.1", "KRA09V24.1E"},
+                        {"7.4,1", "KRA09V741E"},
+                        {"3", "KRA09V3E"},
+                        {"", "KRA09VE"}}) {
+    context.driveTable.At(7).FirmwareVersion = c.version;
+    EXPECT_EQ(DriverFileName(context, 7), inOrder[0]) << c.version;
+    fakes.files.Put("C:\\Drivers\\" + std::string(c.exact) + ".wcd", "");
+    EXPECT_EQ(DriverFileName(context, 7), "C:\\Drivers\\" + std::string(c.exact) + ".wcd");
+  }
+  context.settings.strDrivers = "/srv/drivers";
+  context.settings.strLanguage.clear();
+  context.driveTable.At(7).Type = "KRD-(A)-03";
+  EXPECT_EQ(DriverFileName(context, 7), "/srv/drivers/KRD(A)-03.wcd");
+  EXPECT_EQ(DriverFileName(context, 0), "/srv/drivers/.wcd");
+  EXPECT_EQ(ErrorOf([&] { (void)DriverFileName(context, 31); }), 9);
+}
+
+TEST_F(DriverFileTest, StoresTheFieldsOfParametersAndTheirContinuations) {
+  EXPECT_THAT(Load("' comment with # and more\r\n\r\n[KRA-09]\r\nType=KRA-09\r\n  (2)=Second text  \r\n(30)=Last\r\n"
+                   "  #P005# Motor \xE7 #one#1,5#Hz#frequencyf2#YES#eight#0#102,5#-3.25#twelve##  \r\n"
+                   "#12#Inputs####DI1DI8#no#######"),
+              IsEmpty());
+  const ParameterEntry& entry = Entry(5);
+  EXPECT_TRUE(entry.present && entry.secondPresent && entry.yesFlag);
+  EXPECT_EQ(entry.name, "Motor \u00E7");
+  EXPECT_EQ(entry.text3, "one");
+  EXPECT_EQ(entry.text4, "1.5");
+  EXPECT_EQ(entry.text5, "Hz");
+  EXPECT_EQ(entry.unitCode, 33);
+  EXPECT_EQ(entry.text8, "eight");
+  EXPECT_EQ(entry.limit9, 0);
+  EXPECT_EQ(entry.limit10, 102.5F);
+  EXPECT_EQ(entry.limit11, -3.25F);
+  EXPECT_EQ(entry.text12, "twelve");
+  EXPECT_EQ(Entry(12).unitCode, 75);
+  EXPECT_FALSE(Entry(12).yesFlag);
+  EXPECT_EQ(context.parameterTables.At(7).numberedTexts[1], "(2)=Second text");
+  EXPECT_EQ(context.parameterTables.At(7).numberedTexts[29], "(30)=Last");
+}
+
+TEST_F(DriverFileTest, AContinuationAddsALineToTexts3And4) {
+  EXPECT_THAT(Load("#P1#Speed#a#1##DirectF0########\r\n###b#2##########\r\n###c###########\r\n"), IsEmpty());
+  EXPECT_EQ(Entry(1).text3, "a\r\nb\r\nc");
+  EXPECT_EQ(Entry(1).text4, "1\r\n2");
+  EXPECT_EQ(Entry(1).name, "Speed");
+  EXPECT_EQ(Entry(1).unitCode, 7);
+}
+
+TEST_F(DriverFileTest, ASecondLoadLeavesNothingOfTheFirst) {
+  Load("#P001#Speed#x#1#rpm#DirectF0#Yes#x#1#2#3#x##\r\n(1)=one\r\n");
+  EXPECT_THAT(Load("#P002#Other############\r\n"), IsEmpty());
+  EXPECT_EQ(Entry(1).name + Entry(1).text3 + context.parameterTables.At(7).numberedTexts[0], "");
+  EXPECT_FALSE(Entry(1).present || Entry(1).secondPresent || Entry(1).yesFlag);
+  EXPECT_EQ(Entry(1).unitCode + Entry(1).limit9 + Entry(1).limit10 + Entry(1).limit11, 0);
+  EXPECT_TRUE(Entry(2).present);
+  EXPECT_EQ(ErrorOf([&] { fakes.files.Delete(kFile), LoadDriverFile(context, 7); }), 53);
+  EXPECT_FALSE(Entry(2).present);
+}
+
+TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
+  MessageBoxRequest box;
+  fakes.dialogs.whileUp = [&box](const MessageBoxRequest& request) { box = request; };
+  EXPECT_THAT(Load("nonsense\r\n#P003#Fifteen#############\r\n#P004#Thirteen###########\r\n"
+                   "#P005#Kept##########x##\r\n#P006#Late###########x#\r\n#P007#Type=x############\r\n"),
+              ElementsAre("Error in line 1 in driver C:\\Drivers\\KRA09E.wcd",
+                          "Error in line 2 in driver C:\\Drivers\\KRA09E.wcd",
+                          "Error in line 3 in driver C:\\Drivers\\KRA09E.wcd",
+                          "Error in line 5 in driver C:\\Drivers\\KRA09E.wcd"));
+  EXPECT_FALSE(Entry(3).present || Entry(4).present || Entry(7).present);
+  EXPECT_EQ(Entry(5).text12, "x");
+  EXPECT_EQ(Entry(6).name, "Late");
+  EXPECT_EQ(box.style, box_style::kCritical + box_style::kHelpButton);
+  EXPECT_EQ(box.helpFile, "C:\\Help\\Kshelpe.HLP");
+  EXPECT_EQ(box.helpContext, 152);
+  context.languageBase = 0;
+  EXPECT_THAT(Load("x"), ElementsAre("Erro na linha 1 no driver C:\\Drivers\\KRA09E.wcd"));
+  context.languageBase = 2000;
+  EXPECT_THAT(Load("x"), ElementsAre("Error en la linea 1 en el driver C:\\Drivers\\KRA09E.wcd"));
+}
+
+TEST_F(DriverFileTest, AnUnknownUnitIsShownWithItsParameterAndCounts0) {
+  EXPECT_THAT(Load("#P005#A####CurrentF6########\r\n#P529#B####CurrentF5########\r\n"),
+              ElementsAre("Error : driver with unknown unit CurrentF6 (P005)"));
+  EXPECT_EQ(Entry(5).unitCode, 0);
+  EXPECT_EQ(Entry(529).unitCode, 6);
+  context.languageBase = 0;
+  EXPECT_EQ(UnitCode(context, "Volt", 7), 0);
+  context.languageBase = 2000;
+  EXPECT_EQ(UnitCode(context, "CurrentF0 ", 999), 0);
+  EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Erro : driver com unidade desconhecida Volt (P007)",
+                                                       "Error : driver con unidad desconocida : CurrentF0  (P999)"));
+}
+
+TEST_F(DriverFileTest, BadNumbersAreErrorsAndRubbishIsALineError) {
+  EXPECT_EQ(ErrorOf([&] { Load("#P1000#A############"); }), 9);
+  EXPECT_EQ(ErrorOf([&] { Load("#P-1#A############"); }), 9);
+  EXPECT_EQ(ErrorOf([&] { Load("#PP5#A############"); }), 13);
+  EXPECT_EQ(ErrorOf([&] { Load("#P99999#A############"); }), 6);
+  EXPECT_EQ(ErrorOf([&] { Load("#P5#A#######low#####"); }), 13);
+  EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 0); }), 9);
+  EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 31); }), 9);
+  EXPECT_THAT(Load("#P001#" + std::string(3'000'000, 'x') + "############\r\n#P002#B############\r\n"),
+              ElementsAre("Error in line 1 in driver C:\\Drivers\\KRA09E.wcd"));
+  EXPECT_FALSE(Entry(1).present);
+  EXPECT_TRUE(Entry(2).present);
+  EXPECT_THAT(Load(std::string("\x7F\x45LF\0\0\n\xFF\xFE\0", 9)), ::testing::SizeIs(2));
+}
+
+TEST(DriverFileTextTest, SmallRoutines) {
+  EXPECT_EQ(RemoveFirst("a-b-c", "-"), "ab-c");
+  EXPECT_EQ(RemoveFirst("abc", "-"), "abc");
+  EXPECT_EQ(CountChar("#a##", '#'), 3);
+  EXPECT_EQ(FieldBetween("x# a #b#c", 1, 2), "a");
+  EXPECT_EQ(FieldBetween("x# a #b#c", 1, 3), "a #b");
+  EXPECT_EQ(FieldBetween("x# a #b#c", 3, 4), "");
+}
+
+TEST(UnitCodesTest, KeywordsFollowTheFamiliesInAnyCase) {
+  struct Case {
+    const char* keyword;
+    std::int16_t code;
+  };
+  for (const Case& c : {Case{"CURRENTF0", 1},   {"currentf5", 6},       {"DirectF0", 7},       {"DividedBy1000F0", 13},
+                        {"DividedBy100F0", 19}, {"DividedBy100F1", 20}, {"DividedBy10F0", 25}, {"DividedBy10F1", 26},
+                        {"frequencyf2", 33},    {"GainF5", 42},         {"PercentageF0", 43},  {"PowerF0", 49},
+                        {"TimeF0", 55},         {"VoltageF0", 61},      {"13bitsrpmf0", 67},   {"13BitsRPMF5", 72},
+                        {"DependsOnP210", 73},  {"DependsOnP529", 74},  {"di1di8", 75},        {"RL1RL2RL3DO1DO2", 76},
+                        {"frequencyf2 ", 0},    {"CurrentF6", 0},       {"Current", 0},        {"", 0},
+                        {"CurrentF0F0", 0}}) {
+    EXPECT_EQ(FindUnitCode(c.keyword), c.code) << c.keyword;
+  }
+  EXPECT_EQ(ParameterName(529), "P529");
+  EXPECT_EQ(ParameterName(5), "P005");
+  EXPECT_EQ(ParameterDigits(0), "000");
+}
+
+}  // namespace
+}  // namespace chartproject
