@@ -20,6 +20,11 @@ if(WIN32)
   target_compile_options(chartproject_warnings INTERFACE -Wno-non-virtual-dtor)
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # This compiler sees overlaps in std::string's own code when it optimises (its bug 105651).
+  target_compile_options(chartproject_warnings INTERFACE -Wno-restrict)
+endif()
+
 # chartproject_library(NAME SOURCES file... DEPENDS target...)
 # Includes are written from src/, for example "drive/drive_table.h".
 function(chartproject_library name)

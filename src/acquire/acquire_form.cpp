@@ -104,6 +104,7 @@ void AcquireForm::OnLoad() {
   cmdBrowse.SetToolTipText(LoadExtraText(component_, ExtraText::kBrowseTip));
   ResetForm();
   NameFile(JoinPath(component_.settings.strFolder, "Test.cht"));
+  LayoutChanged();  // the window's width, which its place depends on, follows from the texts
   SetHeight(kSetUpHeight);
   for (Control* control : Controls()) {
     if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);

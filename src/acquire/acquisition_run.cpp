@@ -39,6 +39,7 @@ void AcquisitionRun::BeginSampling(const RunPlan& plan) {
 void AcquisitionRun::BeginSampling() {
   spoolFileName_ = SpoolFileName(plan_.fileName);
   failureReason_.clear();
+  freeSpaceRule_.Reset();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 1, PointRow{});
   ChartHeader& header = component_.chartHeader;
   for (std::string* text : {&header.StartDate, &header.StartTime, &header.EndDate, &header.EndTime}) text->clear();
@@ -101,8 +102,11 @@ void AcquisitionRun::KeepInSpool(const PointRow& row, bool first) {
 }
 
 bool AcquisitionRun::DiskNearlyFull() {
-  freeSpace_ = component_.ports.files.SpaceFor(component_.strChartFileName).totalFree;
-  return freeSpace_ < kReservedSpace;
+  // The spool file stands on the same disk as its chart file, and it is there: that is quicker to find.
+  const std::string& chartFile = component_.strChartFileName;
+  const std::string& measured = chartFile == plan_.fileName ? spoolFileName_ : chartFile;
+  return freeSpaceRule_.NearlyFull(component_.ports.clock.Now(),
+                                   [this, &measured] { return component_.ports.files.SpaceFor(measured).totalFree; });
 }
 
 void AcquisitionRun::Stop(RunEnd reason) {

@@ -66,7 +66,7 @@ class AcquisitionRun {
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
   /// Free bytes found when the run ended with RunEnd::kDiskSpace.
-  [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpace_; }
+  [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpaceRule_.FreeSpace(); }
   /// The system's reason for RunEnd::kFailed.
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
@@ -84,7 +84,7 @@ class AcquisitionRun {
   std::int32_t counter_ = 0;
   std::vector<PointRow> rows_;  ///< by point number minus 1 in memory mode; one entry in spool mode
   std::string rowLine_;         ///< the row being spooled; kept for its capacity
-  std::uint64_t freeSpace_ = 0;
+  FreeSpaceRule freeSpaceRule_;
   std::string failureReason_;
 };
 
