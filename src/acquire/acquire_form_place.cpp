@@ -14,13 +14,13 @@ constexpr std::string_view kConfSection = "MyConf";
 /// Shared with the host's error form.
 constexpr std::string_view kMaximizedKey = "strMaximizedfrmErr";
 
-/// A stored coordinate in twips; the default when nothing usable is stored. Always on the screen.
+/// A stored coordinate in twips; in the middle of the screen when nothing usable is stored. A place off every screen is
+/// the back end's to mend: it knows them all.
 double Coordinate(Component& component, const Form& form, std::string_view key, double extent, double screen) {
   const double centred = std::max(0.0, (screen - extent) / 2);
   const NumberFormat& format = component.ports.locale.Numbers();
   const auto stored = component.ports.settings.Read(form.Name(), key);
-  const double place = stored && IsNumeric(*stored, format) ? ToDouble(*stored, format) : centred;
-  return std::clamp(place, 0.0, std::max(0.0, screen - extent));
+  return stored && IsNumeric(*stored, format) ? ToDouble(*stored, format) : centred;
 }
 
 std::string WholeTwips(double twips) {
