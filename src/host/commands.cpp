@@ -11,6 +11,8 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(MakeReadCommand());
   commands.push_back(MakeAcquireCommand());
   commands.push_back(MakeInfoCommand());
+  commands.push_back(MakeViewCommand());
+  commands.push_back(MakeRenderCommand());
   commands.push_back(MakeExportCommand());
   return commands;
 }
