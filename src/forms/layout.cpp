@@ -110,13 +110,14 @@ Cells CellsOf(const LayoutBox& box) {
 
 class Arranger {
  public:
-  explicit Arranger(const ControlMeasurer& measurer) : measurer_(measurer) {}
+  Arranger(const LayoutBox& layout, const ControlMeasurer& measurer) : measurer_(measurer) { Align(layout); }
 
   double LeastWidth(const LayoutBox& box);
   double HeightAt(const LayoutBox& box, double width);
   void Place(const LayoutBox& box, const Rect& area);
 
  private:
+  void Align(const LayoutBox& box);
   const Size& PreferredSize(const Control& control);
   std::vector<Track> ColumnsOf(const LayoutBox& box);
   std::vector<Track> RowsOf(const LayoutBox& box, const std::vector<Track>& columns);
@@ -125,7 +126,16 @@ class Arranger {
 
   const ControlMeasurer& measurer_;
   std::unordered_map<const Control*, Size> sizes_;  ///< asked once an arrangement
+  std::unordered_map<int, double> alignments_;      ///< common widths by number
 };
+
+/// Children come first: a box that is aligned may hold others that are.
+void Arranger::Align(const LayoutBox& box) {
+  for (const LayoutBox& child : box.children) Align(child);
+  if (box.alignment == 0 || Absent(box)) return;
+  double& common = alignments_[box.alignment];
+  common = std::max(common, LeastWidth(box));
+}
 
 const Size& Arranger::PreferredSize(const Control& control) {
   const auto found = sizes_.find(&control);
@@ -173,6 +183,7 @@ double Arranger::LeastWidth(const LayoutBox& box) {
   } else {
     width = LengthOf(ColumnsOf(box));
   }
+  if (box.alignment != 0) width = std::max(width, alignments_[box.alignment]);
   return std::max(width, box.minimumWidth);
 }
 
@@ -305,6 +316,11 @@ LayoutBox Collapsing(LayoutBox box) {
   return box;
 }
 
+LayoutBox Aligned(int alignment, LayoutBox box) {
+  box.alignment = alignment;
+  return box;
+}
+
 LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight) {
   box.minimumWidth = minimumWidth;
   box.minimumHeight = minimumHeight;
@@ -312,14 +328,14 @@ LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight) {
 }
 
 Size MinimumSize(const LayoutBox& box, const ControlMeasurer& measurer) {
-  Arranger arranger(measurer);
+  Arranger arranger(box, measurer);
   if (Absent(box)) return {};
   const double width = arranger.LeastWidth(box);
   return {width, arranger.HeightAt(box, width)};
 }
 
 void Arrange(const LayoutBox& box, const Rect& area, const ControlMeasurer& measurer) {
-  Arranger(measurer).Place(box, area);
+  Arranger(box, measurer).Place(box, area);
 }
 
 }  // namespace chartproject

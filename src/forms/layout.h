@@ -36,6 +36,7 @@ struct LayoutBox {
   double stretchY = 0;
   double minimumWidth = 0;
   double minimumHeight = 0;
+  int alignment = 0;       ///< not 0: as wide as the widest box of the same number anywhere in the layout
   bool collapses = false;  ///< an invisible control gives its room away (default: keeps it)
 };
 
@@ -51,6 +52,7 @@ struct LayoutBox {
 [[nodiscard]] LayoutBox Group(Control& container, LayoutBox content);
 [[nodiscard]] LayoutBox Stretched(LayoutBox box, double stretchX, double stretchY);
 [[nodiscard]] LayoutBox Collapsing(LayoutBox box);
+[[nodiscard]] LayoutBox Aligned(int alignment, LayoutBox box);
 [[nodiscard]] LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight = 0);
 
 /// The least size of a box: its least width, and the height that it needs at that width.

@@ -82,6 +82,16 @@ TEST_F(LayoutTest, GridColumnsHaveCommonWidths) {
   EXPECT_EQ(d_.Place(), (Rect{38, 28, 62, 20}));
 }
 
+TEST_F(LayoutTest, AlignedBoxesAreAsWideAsTheWidestWhereverTheyStand) {
+  const LayoutBox column = Column(
+      {Row({Aligned(1, Cell(a_)), Cell(d_, 1)}), Group(frame_, Row({Aligned(1, Cell(b_)), Aligned(2, Cell(c_))}))});
+  EXPECT_EQ(MinimumSize(column, measurer_).width, 98);
+  ArrangeIn(column, 98, 90);
+  EXPECT_EQ(a_.Place().width, 50);
+  EXPECT_EQ(d_.Place().x, 58);
+  EXPECT_EQ(c_.Place().width, 10);
+}
+
 TEST_F(LayoutTest, StackedCellsShareOnePlace) {
   const LayoutBox row = Row({Stack({Cell(a_), Cell(b_)}), Cell(c_)});
   ArrangeIn(row, 68, 20);

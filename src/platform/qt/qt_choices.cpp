@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -18,6 +20,7 @@ namespace {
 
 constexpr int kLeastButtonWidth = 88;
 constexpr int kLeastListCharacters = 5;
+constexpr int kItemMargin = 8;
 
 class ButtonWidget : public ControlWidget {
  public:
@@ -87,8 +90,8 @@ class ComboBoxWidget : public ControlWidget {
  public:
   ComboBoxWidget(ComboBox& combo, DropDown& widget, InputGate& gate)
       : ControlWidget(combo, widget), combo_(combo), widget_(widget) {
-    widget_.setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    widget_.setMinimumContentsLength(kLeastListCharacters);
+    // Lists that fit themselves to their contents would leave the place that the layout gave them.
+    widget_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     widget_.setMaxVisibleItems(16);
     QObject::connect(&widget_, &QComboBox::currentIndexChanged, &widget_,
                      [this, &gate](int index) { gate.Take(combo_, [this, index] { combo_.SetListIndex(index); }); });
@@ -101,18 +104,32 @@ class ComboBoxWidget : public ControlWidget {
     // Qt selects the first item of a list by itself; the control does not.
     if (widget_.currentIndex() != combo_.ListIndex()) widget_.setCurrentIndex(combo_.ListIndex());
   }
+  [[nodiscard]] QSize Preferred() const override {
+    QStyleOptionComboBox option;
+    option.initFrom(&widget_);
+    const QFontMetrics metrics = widget_.fontMetrics();
+    const int least = metrics.horizontalAdvance(QLatin1Char('0')) * kLeastListCharacters;
+    return widget_.style()->sizeFromContents(QStyle::CT_ComboBox, &option,
+                                             {std::max(widest_, least), metrics.height() + 2}, &widget_);
+  }
 
  private:
   /// Lists are emptied, or grow by items at their end.
   void ShowList() {
-    if (widget_.count() > combo_.ListCount()) widget_.clear();
+    if (widget_.count() > combo_.ListCount()) {
+      widget_.clear();
+      widest_ = 0;
+    }
     for (int i = widget_.count(); i < combo_.ListCount(); ++i) {
-      widget_.addItem(ToQt(combo_.Items()[static_cast<std::size_t>(i)]));
+      const QString item = ToQt(combo_.Items()[static_cast<std::size_t>(i)]);
+      widget_.addItem(item);
+      widest_ = std::max(widest_, widget_.fontMetrics().horizontalAdvance(item) + kItemMargin);
     }
   }
 
   ComboBox& combo_;
   DropDown& widget_;
+  int widest_ = 0;  ///< pixels of the longest item
 };
 
 }  // namespace

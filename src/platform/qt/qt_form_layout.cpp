@@ -52,8 +52,9 @@ double QtFormView::HeightForWidth(const Control& control, double width) const {
 
 Insets QtFormView::ContainerInsets(const Control& container) const {
   const ControlWidget* widget = Find(container);
-  if (widget == nullptr || container.TypeName() != "Frame") return {};
-  const double title = widget->Widget().fontMetrics().height();
+  if (widget == nullptr) return {};
+  const bool titled = container.HasCaption() && !container.Caption().empty();
+  const double title = titled ? widget->Widget().fontMetrics().height() : 0;
   return {kGroupPadding, title + kGroupPadding, kGroupPadding, kGroupPadding};
 }
 
@@ -141,7 +142,11 @@ void QtFormView::Show() {
   window_->show();
   window_->raise();
   window_->activateWindow();
-  if (window_->focusWidget() == nullptr) window_->FocusFirst();
+  if (firstFocus_ != nullptr && firstFocus_->isVisible() && firstFocus_->isEnabled()) {
+    firstFocus_->setFocus(Qt::TabFocusReason);
+  } else {
+    window_->FocusFirst();
+  }
 }
 
 void QtFormView::Hide() {

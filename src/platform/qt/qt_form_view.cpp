@@ -87,7 +87,10 @@ void QtFormView::ShowPointer() {
 }
 
 void QtFormView::MoveFocus(Control& control) {
-  if (ControlWidget* widget = Find(control)) widget->Widget().setFocus(Qt::TabFocusReason);
+  ControlWidget* widget = Find(control);
+  if (widget == nullptr) return;
+  firstFocus_ = &widget->Widget();
+  if (window_->isVisible()) widget->Widget().setFocus(Qt::TabFocusReason);
 }
 
 void QtFormView::Take(Control& control, const std::function<void()>& input) noexcept {

@@ -2,6 +2,7 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
 #include <QProgressBar>
 #include <algorithm>
 #include <cmath>
@@ -68,6 +69,28 @@ class FrameWidget : public ControlWidget {
   QGroupBox& widget_;
 };
 
+/// A swatch of one colour, or a group that looks like a frame without title.
+class Panel : public QFrame {
+ public:
+  explicit Panel(const PictureBox& picture) : picture_(picture) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (picture_.HasColor()) {
+      QFrame::paintEvent(event);
+      return;
+    }
+    QPainter painter(this);
+    const QColor ground = palette().color(QPalette::Window);
+    painter.setPen(ground.darker(115));
+    painter.setBrush(ground.darker(102));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
+ private:
+  const PictureBox& picture_;
+};
+
 class PictureBoxWidget : public ControlWidget {
  public:
   PictureBoxWidget(PictureBox& picture, QFrame& widget)
@@ -122,7 +145,8 @@ std::unique_ptr<ControlWidget> MakeFrame(Control& control, InputGate& /*gate*/) 
 }
 
 std::unique_ptr<ControlWidget> MakePictureBox(Control& control, InputGate& /*gate*/) {
-  return std::make_unique<PictureBoxWidget>(dynamic_cast<PictureBox&>(control), *new QFrame);
+  auto& picture = dynamic_cast<PictureBox&>(control);
+  return std::make_unique<PictureBoxWidget>(picture, *new Panel(picture));
 }
 
 std::unique_ptr<ControlWidget> MakeProgressBar(Control& control, InputGate& /*gate*/) {

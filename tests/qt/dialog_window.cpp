@@ -1,0 +1,79 @@
+// The project behind the window, and what is measured of it.
+#include "qt/dialog_window.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+
+#include "common/language.h"
+#include "platform/qt/qt_text.h"
+
+namespace chartproject {
+
+namespace {
+
+std::string DriverLine(const std::string& number, const std::string& name, const std::string& unit) {
+  return "#" + number + "#" + name + "####" + unit + "#No#######\r\n";
+}
+
+int ListTextWidth(const QComboBox& list) {
+  QStyleOptionComboBox option;
+  option.initFrom(&list);
+  return list.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &list).width();
+}
+
+bool IsCut(const QWidget& widget) {
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+    if (label->wordWrap()) return label->heightForWidth(label->width()) > label->height();
+    return label->sizeHint().width() > label->width() || label->sizeHint().height() > label->height();
+  }
+  if (const auto* button = qobject_cast<const QPushButton*>(&widget))
+    return button->sizeHint().width() > button->width();
+  if (const auto* list = qobject_cast<const QComboBox*>(&widget)) {
+    for (int i = 0; i < list->count(); ++i) {
+      if (list->fontMetrics().horizontalAdvance(list->itemText(i)) > ListTextWidth(*list)) return true;
+    }
+  }
+  const auto* group = qobject_cast<const QGroupBox*>(&widget);
+  return group != nullptr && group->fontMetrics().horizontalAdvance(group->title()) > group->width();
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(const std::string& language) {
+  Settings& settings = component.settings;
+  settings.strLanguage = language;
+  settings.strFolder = "C:\\Projects\\Press line 4";
+  settings.strDrivers = "C:\\Drivers";
+  settings.intSelectedDrive = 1;
+  SetLanguageBase(component);
+  const std::string driver =
+      DriverLine("2", "Motor speed", "DirectF0") + DriverLine("3", "Motor current", "DividedBy10F1") +
+      DriverLine("5", "Output frequency", "DividedBy100F2") + DriverLine("12", "Digital inputs", "DI1DI8");
+  int address = 0;
+  for (const std::string model : {"KRA-09", "LMX-01", "TSR-05", "PVE-05"}) {
+    component.driveTable.At(++address).Type = model;
+    for (const char letter : {'P', 'E', 'S'}) {
+      fakes.files.Put("C:\\Drivers\\" + model.substr(0, 3) + model.substr(4) + letter + ".wcd", driver);
+    }
+  }
+  component.driveLink = component.linkFactory.Create();
+}
+
+std::vector<std::string> CutTexts(const QWidget& window) {
+  std::vector<std::string> cut;
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    if (widget->isVisible() && IsCut(*widget)) cut.push_back(FromQt(widget->objectName()));
+  }
+  return cut;
+}
+
+void SaveScreenshot(QWidget& window, const std::string& name) {
+  const QString folder = qEnvironmentVariable("CHARTPROJECT_SCREENSHOTS");
+  if (!folder.isEmpty()) window.grab().save(folder + QLatin1Char('/') + ToQt(name) + QStringLiteral(".png"));
+}
+
+}  // namespace chartproject
