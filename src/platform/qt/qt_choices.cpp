@@ -33,7 +33,7 @@ class ButtonWidget : public ControlWidget {
   void ShowCaption(const QString& caption) override { widget_.setText(caption); }
   [[nodiscard]] QSize Preferred() const override {
     const QSize hint = widget_.sizeHint();
-    return {std::max(hint.width(), kLeastButtonWidth), hint.height()};
+    return {std::max(hint.width(), kLeastButtonWidth), FieldHeight()};
   }
 
  private:
@@ -109,8 +109,8 @@ class ComboBoxWidget : public ControlWidget {
     option.initFrom(&widget_);
     const QFontMetrics metrics = widget_.fontMetrics();
     const int least = metrics.horizontalAdvance(QLatin1Char('0')) * kLeastListCharacters;
-    return widget_.style()->sizeFromContents(QStyle::CT_ComboBox, &option,
-                                             {std::max(widest_, least), metrics.height() + 2}, &widget_);
+    const QSize contents(std::max(widest_, least), metrics.height());
+    return {widget_.style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, &widget_).width(), FieldHeight()};
   }
 
  private:

@@ -48,6 +48,11 @@ void ControlWidget::Show(Property property) {
   }
 }
 
+int ControlWidget::FieldHeight() const {
+  constexpr int kAroundText = 11;
+  return widget_.fontMetrics().height() + kAroundText;
+}
+
 void ControlWidget::ShowPointer() {
   switch (control_.Pointer()) {
     case MousePointer::kDefault:

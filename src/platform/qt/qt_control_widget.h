@@ -40,6 +40,10 @@ class ControlWidget {
   [[nodiscard]] virtual QSize Preferred() const { return widget_.sizeHint(); }
   [[nodiscard]] virtual int HeightForWidth(int /*width*/) const { return Preferred().height(); }
 
+ protected:
+  /// Fields and buttons of one row are equally high.
+  [[nodiscard]] int FieldHeight() const;
+
  private:
   void ShowPointer();
 

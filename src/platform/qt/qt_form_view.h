@@ -70,7 +70,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   std::unique_ptr<FormWindow> window_;
   std::vector<std::unique_ptr<ControlWidget>> widgets_;
   std::unordered_map<const Control*, ControlWidget*> byControl_;
-  Control* leaving_ = nullptr;  ///< lost the focus to a mouse press, and was not told yet
+  Control* leaving_ = nullptr;     ///< lost the focus to a mouse press, and was not told yet
   QWidget* firstFocus_ = nullptr;  ///< where the form wants the focus when its window appears
   bool layoutDue_ = true;
   bool sized_ = false;           ///< the window has got its first size

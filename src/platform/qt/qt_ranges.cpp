@@ -79,9 +79,7 @@ class UpDownWidget : public ControlWidget {
     QObject::connect(&widget.up, &QToolButton::clicked, &widget, [step] { step(1); });
     QObject::connect(&widget.down, &QToolButton::clicked, &widget, [step] { step(-1); });
   }
-  [[nodiscard]] QSize Preferred() const override {
-    return {kArrowsWidth, Widget().fontMetrics().height() + kArrowsWidth / 2};
-  }
+  [[nodiscard]] QSize Preferred() const override { return {kArrowsWidth, FieldHeight()}; }
 };
 
 }  // namespace

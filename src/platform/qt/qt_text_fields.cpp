@@ -2,8 +2,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
-#include <QStyle>
-#include <QStyleOptionFrame>
 
 #include "forms/controls.h"
 #include "platform/qt/qt_text.h"
@@ -16,7 +14,7 @@ namespace {
 constexpr int kLinesShown = 8;
 
 /// Room between a field's border and its text, both sides together.
-constexpr int kTextMargin = 12;
+constexpr int kTextMargin = 16;
 
 int WidthOfDigits(const QWidget& widget, int count) {
   return widget.fontMetrics().horizontalAdvance(QLatin1Char('0')) * count;
@@ -47,14 +45,7 @@ class LineWidget : public ControlWidget {
   }
   [[nodiscard]] QSize Preferred() const override {
     const int characters = widget_.inputMask().isEmpty() ? field_.WidthInCharacters() : widget_.maxLength();
-    QStyleOptionFrame option;
-    option.initFrom(&widget_);
-    option.lineWidth = widget_.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &widget_);
-    const QSize hint = widget_.sizeHint();
-    const QSize contents(WidthOfDigits(widget_, characters) + kTextMargin, hint.height() - 2 * option.lineWidth);
-    return widget_.style()
-        ->sizeFromContents(QStyle::CT_LineEdit, &option, contents, &widget_)
-        .expandedTo({0, hint.height()});
+    return {WidthOfDigits(widget_, characters) + kTextMargin, FieldHeight()};
   }
 
  private:
