@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kLineWidth = 2.0;  ///< in a chart of some size; smaller ones have thinner lines
 constexpr double kLeastOutlinedBarWidth = 4.0;
+constexpr double kAreaPieceWidth = 8.0;
 
 void DrawBar(const ChartSeries& series, const Rect& bar, Scene& scene) {
   if (!series.showLine || bar.width < kLeastOutlinedBarWidth) {
@@ -71,16 +72,37 @@ void StrokeSeries(const std::vector<Path>& paths, Color color, Color ground, dou
   for (const Path& path : paths) StrokePath(path, {.color = color, .width = width}, scene);
 }
 
+/// The pieces of a path between the multiples of a width, with points added where it is cut.
+std::vector<Path> CutAtMultiples(const Path& path, double width) {
+  std::vector<Path> pieces(1, Path{path.front()});
+  for (std::size_t i = 1; i < path.size(); ++i) {
+    const PointF to = path[i];
+    while (true) {
+      const PointF from = pieces.back().back();
+      const double cut = (std::floor(from.x / width) + 1) * width;
+      if (cut >= to.x) break;
+      const PointF between{cut, from.y + (to.y - from.y) * (cut - from.x) / (to.x - from.x)};
+      pieces.back().push_back(between);
+      pieces.push_back({between});
+    }
+    pieces.back().push_back(to);
+  }
+  return pieces;
+}
+
+/// In pieces that meet at whole pixels, where no joint shows: surfaces are slow with polygons of many long edges.
 void FillArea(const std::vector<Path>& paths, Color color, double baseY, Scene& scene) {
   for (const Path& path : paths) {
     if (path.size() == 1) {
       scene.Line(path[0], {path[0].x, baseY}, {.color = WithAlpha(color, 2 * kAreaAlpha), .width = kLineWidth});
       continue;
     }
-    Path area = path;
-    area.push_back({path.back().x, baseY});
-    area.push_back({path.front().x, baseY});
-    scene.Polygon(area, WithAlpha(color, kAreaAlpha), kNoPen);
+    for (Path& piece : CutAtMultiples(path, kAreaPieceWidth)) {
+      const double left = piece.front().x;
+      piece.push_back({piece.back().x, baseY});
+      piece.push_back({left, baseY});
+      scene.Polygon(piece, WithAlpha(color, kAreaAlpha), kNoPen);
+    }
   }
 }
 
