@@ -44,6 +44,14 @@ void DeleteQuietly(FileSystem& files, const std::string& name) {
   }
 }
 
+/// What went wrong, in terms of the file that the user named.
+std::string ReasonFor(const RunTimeError& error, const std::string& fileName) {
+  std::string reason = error.Description();
+  const std::string unfinished = UnfinishedName(fileName);
+  const std::size_t at = reason.find(unfinished);
+  return at == std::string::npos ? reason : reason.replace(at, unfinished.size(), fileName);
+}
+
 void WriteRowLines(OutputFile& file, const CodePage& codePage, std::span<const PointRow> rows) {
   std::string lines;
   for (const PointRow& row : rows) {
@@ -124,8 +132,12 @@ std::string SpoolFileName(const std::string& chartFileName) {
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
   const std::string probe = UnfinishedName(fileName);
-  files_.Create(probe).reset();
-  files_.Delete(probe);
+  try {
+    files_.Create(probe).reset();
+    files_.Delete(probe);
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.Number(), ReasonFor(error, fileName), error.Source());
+  }
 }
 
 ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const ChartHeader& header,
@@ -142,7 +154,7 @@ ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const C
   } catch (const RunTimeError& error) {
     DeleteQuietly(files_, unfinished);
     result.kind = ChartWriteResult::Kind::kFailed;
-    result.reason = error.Description();
+    result.reason = ReasonFor(error, fileName);
     result.keptFile = RescueRows(files_, codePage_, fileName, rows, rescueFolder).value_or("");
   }
   return result;
@@ -164,7 +176,7 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
   } catch (const RunTimeError& error) {
     DeleteQuietly(files_, unfinished);
     result.kind = ChartWriteResult::Kind::kFailed;
-    result.reason = error.Description();
+    result.reason = ReasonFor(error, fileName);
   }
   if (result.kind == ChartWriteResult::Kind::kWritten) {
     DeleteQuietly(files_, spool);

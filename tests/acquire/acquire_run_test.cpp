@@ -171,7 +171,7 @@ TEST_F(AcquireRunTest, AFolderThatTakesNoFileIsToldBeforeTheRun) {
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
   const auto prompts = fake.dialogs.TakePrompts();
   ASSERT_EQ(prompts.size(), 1U);
-  EXPECT_THAT(prompts[0], HasSubstr("read-only: C:\\p\\Test.cht.new"));
+  EXPECT_THAT(prompts[0], HasSubstr("read-only: C:\\p\\Test.cht\r\n"));
 }
 
 TEST_F(AcquireRunTest, FailingSpoolEndsTheRunWithTheRowsWritten) {
@@ -197,7 +197,7 @@ TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
     RunToEnd();
     fake.files.before = nullptr;
     EXPECT_THAT(fake.dialogs.TakePrompts(),
-                ElementsAre("no permission: C:\\p\\Test.cht.new. Points were saved on file: " + std::string(kSpool)));
+                ElementsAre("no permission: C:\\p\\Test.cht. Points were saved on file: " + std::string(kSpool)));
     EXPECT_EQ(std::ranges::count(fake.files.Bytes(kSpool), '\n'), points);
     EXPECT_FALSE(fake.files.Has(kChart));
     fake.files.Delete(kSpool);

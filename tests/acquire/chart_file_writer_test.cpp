@@ -50,7 +50,7 @@ TEST_F(ChartFileWriterTest, AFailedWriteLeavesTheOldFileAndKeepsTheRows) {
     Break(operation, name);
     const ChartWriteResult result = WriteRows();
     EXPECT_EQ(result.kind, Kind::kFailed);
-    EXPECT_EQ(result.reason, "no way: a.cht.new");
+    EXPECT_EQ(result.reason, "no way: a.cht");
     EXPECT_EQ(result.keptFile, "a.cht.tcf0");
     EXPECT_EQ(fake.files.Bytes("a.cht.tcf0"), kRowBytes);
     EXPECT_EQ(fake.files.Bytes("a.cht"), "old");
