@@ -13,7 +13,7 @@ const DriveModel* FindDriveModel(std::string_view name) {
 
 std::string ModelCode(std::string_view name) {
   const DriveModel* const model = FindDriveModel(name);
-  return std::string(1, model == nullptr ? '9' : model->code);
+  return {model == nullptr ? '9' : model->code};
 }
 
 }  // namespace chartproject

@@ -142,7 +142,8 @@ std::string DriverFileName(DriveContext& context, std::int16_t address) {
   std::string opened = version;
   for (std::size_t open = 0; open <= 2 && open <= version.size(); ++open) {
     if (open > 0) opened[version.size() - open] = 'X';
-    std::string candidate = JoinPath(context.settings.strDrivers, model + "V" + opened + ending);
+    std::string candidate = JoinPath(context.settings.strDrivers, model);
+    candidate.append("V").append(opened).append(ending);
     if (context.ports.files.FileExists(candidate)) return candidate;
   }
   return JoinPath(context.settings.strDrivers, model + ending);

@@ -93,6 +93,7 @@ std::vector<StoredSetting> FolderSettings(const std::string& folder) {
                                                                 {"strProjects", "projects"},
                                                                 {"strMedia", "media"}}};
   std::vector<StoredSetting> settings;
+  settings.reserve(kFolders.size());
   for (const auto& [key, name] : kFolders) settings.push_back({key, JoinPath(folder, name)});
   return settings;
 }

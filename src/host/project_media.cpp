@@ -81,11 +81,14 @@ constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 constexpr std::uint32_t kBlack = 0xFF000000;
 
 std::uint32_t& PixelAt(Bitmap& picture, int x, int y) {
-  return picture.pixels[static_cast<std::size_t>(y * picture.width + x)];
+  return picture
+      .pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) + static_cast<std::size_t>(x)];
 }
 
 Bitmap EmptyPicture(int size) {
-  return {.width = size, .height = size, .pixels = std::vector<std::uint32_t>(static_cast<std::size_t>(size * size))};
+  return {.width = size,
+          .height = size,
+          .pixels = std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size))};
 }
 
 /// A tile with two axes and a trend that climbs over them.

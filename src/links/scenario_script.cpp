@@ -13,6 +13,7 @@ namespace chartproject {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors begin a UTF-8 file with it
 constexpr int kLastAddress = 30;
 constexpr int kParameters = 1000;
 
@@ -70,6 +71,7 @@ ScenarioScript ScenarioScript::Load(FileSystem& files, const std::string& fileNa
   ScenarioScript script;
   LineReader reader(*file);
   for (TextLine line; reader.Next(line);) {
+    if (line.offset == 0 && line.text.starts_with(kByteOrderMark)) line.text.remove_prefix(kByteOrderMark.size());
     if (line.cut || !script.TakeLine(line.text)) {
       constexpr std::size_t kMostShown = 200;
       throw RunTimeError(error_number::kInvalidProcedureCall, fileName + ", line " + std::to_string(line.number) +

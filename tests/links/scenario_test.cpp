@@ -35,7 +35,7 @@ TEST_F(ScenarioTest, AValueHoldsFromItsMomentUntilTheNext) {
   fakes.clock.Advance(std::chrono::seconds(90));  // the script begins when the link is opened
   opened = fakes.clock.Now();
   const auto link = Open(
-      "# a plant\r\n\r\n"
+      "\xEF\xBB\xBF# a plant\r\n\r\n"
       "at 200 01 P005 60   # written before the line for its past\n"
       "at 0\t01 P005 50.25\n"
       "at 200 01 P005 61,5\n"
@@ -63,7 +63,7 @@ TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
         "at 0 01 P005x 1", "at 0 01 quiet", "at 0 01 silent now", "0 01 P005 1", "\x01\x02\xFF", "at 0 01 X005 1"}) {
     fakes.files.Put("/plant.txt", "at 0 01 P005 1\n# fine\n" + std::string(line) + "\nat 1 01 P005 1\n");
     try {
-      ScenarioLinkFactory(fakes.files, fakes.clock, "/plant.txt");
+      const ScenarioLinkFactory taken(fakes.files, fakes.clock, "/plant.txt");
       ADD_FAILURE() << "took " << line;
     } catch (const RunTimeError& error) {
       EXPECT_THAT(error.Description(), HasSubstr("/plant.txt, line 3: " + std::string(line)));

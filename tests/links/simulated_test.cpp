@@ -25,7 +25,7 @@ struct SimulatedTest : ::testing::Test {
     link->OpenLink(result);
     opened = fakes.clock.Now();
   }
-  std::string Read(const std::string& model, int parameter, std::int16_t unitCode, int address = 1) {
+  std::string Read(const std::string& model, int parameter, std::int16_t unitCode, int address = 1) const {
     std::int16_t status = 0;
     link->ReadParameter(static_cast<std::int16_t>(address), ModelCode(model), static_cast<std::int16_t>(parameter),
                         unitCode, status);
@@ -33,7 +33,7 @@ struct SimulatedTest : ::testing::Test {
     if (status == 0) link->GetText(text);
     return text;
   }
-  double Value() {
+  double Value() const {
     double value = 0;
     link->GetValue(value);
     return value;
