@@ -85,7 +85,9 @@ class FakeKeyboard : public Keyboard {
 
 class FakeHelp : public Help {
  public:
-  void ShowContext(const std::string& helpFile, std::int32_t context) override { shown.push_back({helpFile, context}); }
+  void ShowContext(const std::string& helpFile, std::int32_t context) override {
+    shown.emplace_back(helpFile, context);
+  }
   std::vector<std::pair<std::string, std::int32_t>> shown;
 };
 
