@@ -13,6 +13,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(MakeInfoCommand());
   commands.push_back(MakeViewCommand());
   commands.push_back(MakeRenderCommand());
+  commands.push_back(MakePrintCommand());
   commands.push_back(MakeExportCommand());
   return commands;
 }

@@ -7,7 +7,7 @@
 
 namespace chartproject {
 
-/// The bytes of a PNG file with the picture's colours (without its alpha) and resolution.
+/// The bytes of a PNG file with the picture's colours, without its alpha.
 /// Throws RunTimeError 481 for a picture without area.
 [[nodiscard]] std::string PngBytes(const Bitmap& picture);
 
