@@ -1,0 +1,143 @@
+// How fast the chart window opens and scrolls a chart file of 20,000,000 points, beside a plain loop over its bytes,
+// and what memory it takes. The file is made once, under the build folder.
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "chart/chart_form.h"
+#include "chart/chart_source.h"
+#include "chart/scroll_range.h"
+#include "platform/posix/file_system_posix.h"
+#include "support/fake_ports.h"
+
+namespace {
+
+using namespace chartproject;
+
+constexpr std::int32_t kLongFile = 20'000'000;
+constexpr std::int32_t kShortFile = kLongFile / 10;
+
+/// The file of so many points; made when it is not there yet.
+std::string ChartFile(std::int32_t points) {
+  const std::string name = CHARTPROJECT_BINARY_DIR "/bench/points-" + std::to_string(points) + ".cht";
+  if (std::filesystem::exists(name)) return name;
+  const std::string command = "'" CHARTPROJECT_BINARY_DIR "/bench/make_chart_file' '" + name + "' ";
+  if (std::system((command + std::to_string(points)).c_str()) != 0) {
+    std::cerr << "cannot make " << name << "\n";
+    std::exit(1);
+  }
+  return name;
+}
+
+double PeakMebibytes() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+struct NoLinks : DriveLinkFactory {
+  std::unique_ptr<DriveLink> Create() override { return nullptr; }
+};
+
+/// The real window on real files, everything else from the tests' fakes.
+struct Bench {
+  FakePorts fake;
+  FileSystemPosix files;
+  Ports ports{fake.settings, files,         fake.clock, fake.locale,    fake.codePage, fake.dialogs,
+              fake.sound,    fake.keyboard, fake.help,  fake.clipboard, fake.printer,  fake.spreadsheets};
+  NoLinks links;
+  Component component{ports, fake.forms, links};
+  Bench() {
+    component.settings.strLanguage = "English";
+    component.settings.strSound = "No";
+    component.languageBase = 1000;
+    component.driveTable.At(1).Type = "KRA-09";
+  }
+};
+
+void OpenAndFirstSlice(benchmark::State& state) {
+  Bench bench;
+  const std::string name = ChartFile(static_cast<std::int32_t>(state.range(0)));
+  for (auto _ : state) {
+    ChartForm form(bench.component);
+    form.Load();
+    if (!form.OpenFile(name)) state.SkipWithError("cannot open the file");
+    benchmark::DoNotOptimize(form.mscChart1.RowCount());
+  }
+}
+BENCHMARK(OpenAndFirstSlice)->Arg(kShortFile)->Arg(kLongFile)->Unit(benchmark::kMillisecond);
+
+/// Reads the whole file and counts its line feeds: what the first jump to the end cannot do without.
+void PlainCount(benchmark::State& state) {
+  FileSystemPosix files;
+  const std::string name = ChartFile(kLongFile);
+  std::vector<char> block(256 * 1024);
+  std::int64_t bytes = 0;
+  for (auto _ : state) {
+    const auto file = files.OpenForReading(name);
+    std::int64_t feeds = 0;
+    for (std::size_t count = file->Read(block); count > 0; count = file->Read(block)) {
+      feeds += std::count(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count), '\n');
+      bytes += static_cast<std::int64_t>(count);
+    }
+    benchmark::DoNotOptimize(feeds);
+  }
+  state.SetBytesProcessed(bytes);
+}
+BENCHMARK(PlainCount)->Unit(benchmark::kMillisecond);
+
+void FirstJumpToTheEnd(benchmark::State& state) {
+  Bench bench;
+  const std::string name = ChartFile(kLongFile);
+  const auto size = static_cast<std::int64_t>(std::filesystem::file_size(name));
+  for (auto _ : state) {
+    state.PauseTiming();
+    ChartForm form(bench.component);
+    form.Load();
+    if (!form.OpenFile(name)) state.SkipWithError("cannot open the file");
+    state.ResumeTiming();
+    form.hsbGraph.SetValue(form.hsbGraph.Maximum());
+    if (form.mscChart1.RowLabel(24) != kLongFile) state.SkipWithError("not at the end");
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * size);
+}
+BENCHMARK(FirstJumpToTheEnd)->Unit(benchmark::kMillisecond);
+
+/// Anywhere in a file that was scrolled through before; the chart is rebuilt each time.
+void LaterScroll(benchmark::State& state) {
+  Bench bench;
+  ChartForm form(bench.component);
+  form.Load();
+  if (!form.OpenFile(ChartFile(kLongFile))) state.SkipWithError("cannot open the file");
+  form.sldPointsPerDivision.SetValue(static_cast<int>(state.range(0)));
+  form.hsbGraph.SetValue(form.hsbGraph.Maximum());
+  int step = 0;
+  for (auto _ : state) {
+    constexpr int kStride = 7919;  // a prime: positions all over the file
+    form.hsbGraph.SetValue(++step * kStride % (form.hsbGraph.Maximum() + 1));
+    benchmark::DoNotOptimize(form.mscChart1.RowCount());
+  }
+}
+BENCHMARK(LaterScroll)->ArgName("D")->Arg(1)->Arg(100)->Arg(kMostPointsPerDivision)->Unit(benchmark::kMillisecond);
+
+/// Runs last: what all of this has taken at most.
+void PeakMemory(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(PeakMebibytes());
+  state.counters["peak_MiB"] = PeakMebibytes();
+}
+BENCHMARK(PeakMemory)->Iterations(1);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::cout << "empty program: " << PeakMebibytes() << " MiB\n";
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  const std::string peers = "'" CHARTPROJECT_SOURCE_DIR "/bench/chart_peers.py' '" + ChartFile(kLongFile) + "'";
+  return argc == 1 ? std::system(peers.c_str()) : 0;
+}
