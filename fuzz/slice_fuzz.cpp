@@ -1,0 +1,80 @@
+// Fuzz target: whatever rows a file holds, slices by line number agree with a plain reading of its lines.
+// The first two bytes choose the slice, the third how much one read gives.
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+
+#include "chart/slice_reader.h"
+
+namespace {
+
+using namespace chartproject;
+
+/// Gives at most so many bytes a read, so that lines are cut at every place.
+class BytesFile : public InputFile {
+ public:
+  BytesFile(std::string_view bytes, std::size_t most) : bytes_(bytes), most_(most) {}
+  std::size_t Read(std::span<char> buffer) override {
+    const std::size_t count = std::min({buffer.size(), bytes_.size() - at_, most_});
+    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(at_), count, buffer.begin());
+    at_ += count;
+    return count;
+  }
+  void Seek(std::uint64_t offset) override { at_ = std::min(static_cast<std::size_t>(offset), bytes_.size()); }
+  FileIdentity Identity() override { return {1, 1, bytes_.size(), 0}; }
+
+ private:
+  std::string_view bytes_;
+  std::size_t most_;
+  std::size_t at_ = 0;
+};
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+/// The lines startLine <= L < endLine, counted from 1, split at line feeds.
+std::vector<std::string_view> PlainLines(std::string_view bytes, int startLine, int endLine) {
+  std::vector<std::string_view> lines;
+  for (int number = 1; !bytes.empty() && number < endLine; ++number) {
+    const std::size_t feed = bytes.find('\n');
+    if (number >= startLine) lines.push_back(bytes.substr(0, feed));
+    bytes.remove_prefix(feed == std::string_view::npos ? bytes.size() : feed + 1);
+  }
+  return lines;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size < 3) return 0;
+  std::string bytes(size - 3, '\0');
+  if (size > 3) std::memcpy(bytes.data(), data + 3, size - 3);
+  const int startLine = 1 + data[0];
+  const int endLine = startLine + data[1];
+  BytesFile file(bytes, 1 + std::size_t{data[2]} * 31);
+  LineIndex index;
+  index.Restart({1, 0});
+  const SliceReading reading = ReadSlice(file, index, startLine, endLine, kColumnCount, {".", ","});
+  const Slice& slice = reading.slice;
+
+  const auto lines = PlainLines(bytes, startLine, endLine);
+  Require(slice.RowCount() <= static_cast<int>(lines.size()));
+  for (const auto& column : slice.values) Require(column.size() == slice.times.size());
+  Require(slice.columnsInUse <= kColumnCount);
+  if (reading.end == SliceEnd::kMalformedLine) {
+    Require(reading.malformedLine >= startLine && reading.malformedLine <= endLine);
+    return 0;
+  }
+  // Every line that splits into a row is a row of the slice, in the file's order.
+  std::size_t row = 0;
+  for (const std::string_view line : lines) {
+    const auto split = SplitRow(line);
+    if (!split || line.size() > kLongestPointLine || line[line.find_first_not_of(' ')] == '\'') continue;
+    Require(row < slice.times.size() && slice.times[row] == split->time);
+    ++row;
+  }
+  Require(row == slice.times.size());
+  return 0;
+}
