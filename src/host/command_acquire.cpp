@@ -69,13 +69,15 @@ class HeadlessRecording {
   }
 
   [[nodiscard]] ExitCode Outcome() {
-    using Kind = ChartWriteResult::Kind;
-    if (report_.written.kind == Kind::kFailed) return ExitCode::kRunTimeError;
-    if (report_.written.kind == Kind::kWritten) {
-      session_.Out() << report_.points << " points in " << report_.fileName << "\n";
+    const ChartWriteResult& written = report_.written;
+    const bool inFile = written.kind == ChartWriteResult::Kind::kWritten;
+    if (inFile) session_.Out() << report_.points << " points in " << report_.fileName << "\n";
+    if (report_.end == RunEnd::kComplete) {
+      if (inFile) return ExitCode::kDone;
+      return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
     }
-    const bool complete = report_.end == RunEnd::kComplete && report_.written.kind == Kind::kWritten;
-    return complete ? ExitCode::kDone : ExitCode::kEndedEarly;
+    const bool lost = written.kind == ChartWriteResult::Kind::kFailed && written.keptFile.empty();
+    return lost ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
   }
 
   Session& session_;

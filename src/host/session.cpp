@@ -45,7 +45,7 @@ struct Session::Outside {
         link(options.link) {}
 
   DriveLinkFactory& Links() {
-    if (!links) links = MakeDriveLinks(link, files, *clock.clock);
+    if (!links) links = MakeDriveLinks(link, files, *clock.clock, locale);
     return *links;
   }
 
@@ -72,7 +72,11 @@ Session::Session(const GlobalOptions& options, std::ostream& out, std::ostream& 
 Session::~Session() = default;
 
 Windows& Session::UseWindows(WindowsMode mode) {
-  windows_ = OpenWindows(mode, *outside_->clock.clock, outside_->files);
+  const auto language = [&store = outside_->settings] {
+    return store.Read("MyConf", "strLanguage").value_or("English");
+  };
+  windows_ = OpenWindows(mode, *outside_->clock.clock, language);
+  onScreen_ = mode == WindowsMode::kScreen;
   ports_.reset();
   return *windows_;
 }
@@ -80,17 +84,19 @@ Windows& Session::UseWindows(WindowsMode mode) {
 Ports& Session::ThePorts() {
   if (ports_) return *ports_;
   Outside& own = *outside_;
-  Windows* const up = windows_.get();
-  ports_ = std::make_unique<Ports>(Ports{
-      own.settings, own.files, *own.clock.clock, own.locale, own.codePage, up != nullptr ? up->Boxes() : own.dialogs,
-      up != nullptr ? up->Sounds() : own.sound, up != nullptr ? up->Keys() : own.keyboard,
-      up != nullptr ? up->HelpViewer() : own.help, up != nullptr ? up->Pictures() : own.clipboard,
-      up != nullptr ? up->Paper() : own.printer, own.spreadsheets});
+  // Off the screen only paper and pictures come from the windowing system; boxes stay texts.
+  Windows* const screen = onScreen_ ? windows_.get() : nullptr;
+  ports_ = std::make_unique<Ports>(
+      Ports{own.settings, own.files, *own.clock.clock, own.locale, own.codePage,
+            screen != nullptr ? screen->Boxes() : own.dialogs, screen != nullptr ? screen->Sounds() : own.sound,
+            screen != nullptr ? screen->Keys() : own.keyboard, screen != nullptr ? screen->HelpViewer() : own.help,
+            screen != nullptr ? screen->ClipboardPicture() : own.clipboard, windows_ ? windows_->Paper() : own.printer,
+            own.spreadsheets});
   return *ports_;
 }
 
 FormHost& Session::Forms() noexcept {
-  return windows_ ? windows_->Forms() : outside_->forms;
+  return onScreen_ ? windows_->Forms() : outside_->forms;
 }
 
 HeadlessFormHost& Session::Headless() noexcept {

@@ -24,7 +24,8 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  /// Takes windows for all that follows; called before the instance is made. Throws as OpenWindows does.
+  /// Takes windows for all that follows; called before the instance is made. Off the screen, forms and boxes stay
+  /// headless, and only Windows::Forms().Pictures() and the printer are new. Throws as OpenWindows does.
   Windows& UseWindows(WindowsMode mode);
 
   [[nodiscard]] std::ostream& Out() noexcept { return out_; }
@@ -50,6 +51,7 @@ class Session {
   std::ostream& err_;
   std::unique_ptr<Outside> outside_;
   std::unique_ptr<Windows> windows_;
+  bool onScreen_ = false;
   std::unique_ptr<Ports> ports_;
   std::unique_ptr<ChartClass> instance_;
 };

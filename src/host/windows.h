@@ -2,6 +2,7 @@
 // CHARTPROJECT_QT: windows_qt.cpp or windows_none.cpp.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -9,7 +10,6 @@
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
-#include "platform/file_system.h"
 #include "platform/help.h"
 #include "platform/keyboard.h"
 #include "platform/printer.h"
@@ -20,7 +20,7 @@ namespace chartproject {
 /// Where windows are drawn.
 enum class WindowsMode {
   kScreen,     ///< on the user's screen
-  kOffscreen,  ///< nowhere: pictures and pages only, no display is needed
+  kOffscreen,  ///< nowhere: pictures and pages only, which need no display
 };
 
 /// The windowing system, up as long as the object lives: what a windowed program uses in place of the headless ports.
@@ -32,15 +32,16 @@ class Windows {
   [[nodiscard]] virtual Sound& Sounds() = 0;
   [[nodiscard]] virtual Keyboard& Keys() = 0;
   [[nodiscard]] virtual Help& HelpViewer() = 0;
-  [[nodiscard]] virtual Clipboard& Pictures() = 0;
+  [[nodiscard]] virtual Clipboard& ClipboardPicture() = 0;
   [[nodiscard]] virtual Printer& Paper() = 0;
-  /// The next documents are written to a PDF file of that name instead of being printed.
+  /// The next documents are written to a PDF file of that name, instead of being printed.
   virtual void PrintToFile(const std::string& fileName) = 0;
 };
 
 /// Brings the windowing system up. Throws RunTimeError 429 with the reason when there is no display, or when the
 /// program was built without windows.
-/// @param clock,files outlive the result
-[[nodiscard]] std::unique_ptr<Windows> OpenWindows(WindowsMode mode, Clock& clock, FileSystem& files);
+/// @param clock outlives the result; @param language gives the setting strLanguage whenever a box is shown
+[[nodiscard]] std::unique_ptr<Windows> OpenWindows(WindowsMode mode, Clock& clock,
+                                                   std::function<std::string()> language);
 
 }  // namespace chartproject

@@ -4,7 +4,8 @@
 
 namespace chartproject {
 
-std::unique_ptr<Windows> OpenWindows(WindowsMode /*mode*/, Clock& /*clock*/, FileSystem& /*files*/) {
+std::unique_ptr<Windows> OpenWindows(WindowsMode /*mode*/, Clock& /*clock*/,
+                                     std::function<std::string()> /*language*/) {
   throw RunTimeError(error_number::kCannotCreateObject, "This program was built without windows and pictures.");
 }
 
