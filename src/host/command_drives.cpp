@@ -32,7 +32,7 @@ class DrivesCommand : public Command {
  private:
   static void Line(std::ostream& out, const std::string& address, const std::string& model, const std::string& firmware,
                    const std::string& voltage, const std::string& current, const std::string& tag) {
-    out << std::left << std::setw(9) << address << std::setw(12) << model << std::setw(10) << firmware << std::setw(9)
+    out << std::left << std::setw(9) << address << std::setw(12) << model << std::setw(10) << firmware << std::setw(14)
         << voltage << std::setw(9) << current << tag << "\n";
   }
 };

@@ -5,7 +5,7 @@ namespace chartproject {
 
 std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
-  // INIT
+  commands.push_back(MakeInitCommand());
   commands.push_back(MakeSettingsCommand());
   commands.push_back(MakeDrivesCommand());
   commands.push_back(MakeReadCommand());
