@@ -15,9 +15,12 @@ constexpr double kLineWidth = 2.0;  ///< in a chart of some size; smaller ones h
 constexpr double kLeastOutlinedBarWidth = 4.0;
 constexpr double kAreaPieceWidth = 8.0;
 
-void DrawBar(const ChartSeries& series, const Rect& bar, Scene& scene) {
+void DrawBar(const ChartSeries& series, const Rect& bar, Color ground, Scene& scene) {
   if (!series.showLine || bar.width < kLeastOutlinedBarWidth) {
-    scene.FillRect(bar, series.color);
+    // Too thin for an outline, a faint bar has a dark right edge.
+    const bool edged = series.showLine && bar.width >= 2 && IsFaint(series.color, ground);
+    if (edged) scene.FillRect({bar.Right() - 1, bar.y, 1, bar.height}, EdgeTone(series.color));
+    scene.FillRect({bar.x, bar.y, bar.width - (edged ? 1 : 0), bar.height}, series.color);
     return;
   }
   scene.Polygon(
@@ -44,7 +47,8 @@ void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
         const double value = series.values[static_cast<std::size_t>(row)];
         if (!std::isfinite(value)) continue;
         const double y = plot.Y(value);
-        DrawBar(series, {place.Left(plot, row, column), std::min(y, base), place.width, std::abs(y - base)}, scene);
+        DrawBar(series, {place.Left(plot, row, column), std::min(y, base), place.width, std::abs(y - base)},
+                model.backdrop, scene);
       }
     }
   }
