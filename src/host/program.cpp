@@ -40,12 +40,12 @@ void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--link", raw.link, "Drives: sim (simulated machines) or scenario:FILE (replays a script)")
       ->type_name("sim|scenario:FILE");
   app.add_option("--clock", raw.clock, "real, or virtual: jumps from tick to tick, so that hours take moments")
-      ->check(CLI::IsMember({"real", "virtual"}))
+      ->check(CLI::IsMember({"real", "virtual"}).description(""))
       ->type_name("real|virtual");
   app.add_option("--start", raw.start, "Local time at which the virtual clock starts, \"2026-01-31 08:00:00\"")
       ->type_name("TIME");
   app.add_option("--answer", raw.answer, "Answer to every question")
-      ->check(CLI::IsMember({"yes", "no"}))
+      ->check(CLI::IsMember({"yes", "no"}).description(""))
       ->type_name("yes|no");
 }
 
@@ -79,7 +79,6 @@ ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, 
 
 ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
   CLI::App app("Records and shows trend data of industrial drives.", "chartproject");
-  app.footer(kFooter);
   app.set_version_flag("--version", std::string("ChartProject ") + CHARTPROJECT_VERSION);
   app.require_subcommand(0, 1);
   RawOptions raw;
@@ -88,6 +87,9 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
   const auto commands = AllCommands();
   std::vector<CLI::App*> subcommands;
   for (const auto& command : commands) subcommands.push_back(command->AddTo(app));
+  app.footer(kFooter);  // only now: every subcommand would show it too
+  // Global options are understood behind the command as well.
+  for (CLI::App* const subcommand : app.get_subcommands({})) subcommand->fallthrough();
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
