@@ -12,18 +12,19 @@ constexpr std::string_view kEnglish = R"(<!DOCTYPE html>
 <a href="#91">Recording</a> &middot; <a href="#200">The chart window</a> &middot; <a href="#152">Driver files</a></p>
 
 <h2><a name="91"></a>Recording: the acquisition dialog</h2>
-<p>Fill the fields from the top. <b>Start</b> (or <b>Trigger</b>) appears when everything is there.</p>
+<p>Fill the fields from the top. <b>Start Data Acquisition</b> appears
+when everything is there.</p>
 <ul>
-<li><b>Drive address</b>: the drives of the current project. The model stands beside the list.</li>
-<li><b>Number of parameters</b>: one to four. A list for each opens; it offers what the drive has.</li>
-<li><b>Number of points</b>: 1 to 2000000000. Up to 2500 points stay in memory until the end; longer recordings are
+<li><b>Drive Address</b>: the drives of the current project. The model stands beside the list.</li>
+<li><b>Number of Parameters</b>: one to four. A list for each opens; it offers what the drive has.</li>
+<li><b>Number of Points</b>: 1 to 2000000000. Up to 2500 points stay in memory until the end; longer recordings are
 written to the disk point by point, and nothing taken is lost when the power fails.</li>
-<li><b>Time among points</b>: 200 to 65535 ms, 1 to 65 s, or a time as hh:mm:ss. The first point is taken one such time
+<li><b>Time among Points</b>: 200 to 65535 ms, 1 to 65 s, or a time as hh:mm:ss. The first point is taken one such time
 after the start.</li>
-<li><b>Trigger</b>: <i>Manual</i> starts at once. <i>Event</i> waits until the drive runs, is ready, reports
+<li><b>Trigger Mode</b>: <i>Manual</i> starts at once. <i>Event</i> waits until the drive runs, is ready, reports
 undervoltage, a digital input of P012 changes, or a parameter compares with the content that you enter. Not every model
 has every event.</li>
-<li><b>File</b>: where the recording goes. A file of that name is replaced only when the new one is complete.</li>
+<li><b>File Name</b>: where the recording goes. A file of that name is replaced only when the new one is complete.</li>
 </ul>
 <p>While a recording runs the dialog shows the point being taken. <b>Esc</b> ends it early; the points taken are kept.
 When the disk is almost full the recording ends by itself and keeps its points. <b>View Chart</b> opens the file.</p>
@@ -34,7 +35,7 @@ whether to go on; during a recording the point gets the value 0, and the recordi
 <ul>
 <li><b>Scroll bar</b>: moves through the recording. <b>Points per division</b>: how much of it is seen at once.</li>
 <li><b>Scale</b>: each series is multiplied by its scale (1 to 32767); <b>Update Chart</b> applies new scales.</li>
-<li><b>Chart type, grid, line, marker</b>: how the series are drawn; they are remembered.</li>
+<li><b>Chart Type, Grid, Line, Marker</b>: how the series are drawn; they are remembered.</li>
 <li><b>Print</b> puts what you see on paper; <b>Export</b> writes every point to a spreadsheet file.</li>
 </ul>
 
@@ -54,18 +55,20 @@ arquivo. <a href="#91">Registrar</a> &middot; <a href="#200">A janela do gráfic
 <a href="#152">Arquivos de driver</a></p>
 
 <h2><a name="91"></a>Registrar: a janela de aquisição</h2>
-<p>Preencha os campos de cima para baixo. <b>Iniciar</b> (ou <b>Disparar</b>) aparece quando não falta nada.</p>
+<p>Preencha os campos de cima para baixo. <b>Iniciar a aquisição de dados</b> aparece
+quando não falta nada.</p>
 <ul>
-<li><b>Endereço</b>: os acionamentos do projeto atual. O modelo aparece ao lado da lista.</li>
+<li><b>Endereço do drive</b>: os acionamentos do projeto atual. O modelo aparece ao lado da lista.</li>
 <li><b>Número de parâmetros</b>: de um a quatro. Cada um tem sua lista, com o que o acionamento oferece.</li>
 <li><b>Número de pontos</b>: 1 a 2000000000. Até 2500 pontos ficam na memória até o fim; registros mais longos são
 gravados no disco ponto a ponto, e nada se perde quando falta energia.</li>
 <li><b>Tempo entre pontos</b>: 200 a 65535 ms, 1 a 65 s, ou um tempo hh:mm:ss. O primeiro ponto vem um intervalo depois
 do início.</li>
-<li><b>Disparo</b>: <i>Manual</i> começa já. <i>Evento</i> espera o acionamento girar, ficar pronto, indicar subtensão,
-uma entrada digital do P012 mudar, ou um parâmetro atender à comparação com o conteúdo digitado. Nem todo modelo tem
-todos os eventos.</li>
-<li><b>Arquivo</b>: onde fica o registro. Um arquivo de mesmo nome só é substituído quando o novo está completo.</li>
+<li><b>Modo de disparo</b>: <i>Manual</i> começa já. <i>Evento</i> espera o acionamento girar, ficar pronto,
+indicar subtensão, uma entrada digital do P012 mudar, ou um parâmetro atender à comparação com o conteúdo
+digitado. Nem todo modelo tem todos os eventos.</li>
+<li><b>Nome do arquivo</b>: onde fica o registro. Um arquivo de mesmo nome só é substituído quando o novo
+está completo.</li>
 </ul>
 <p>Durante o registro a janela mostra o ponto atual. <b>Esc</b> termina antes; os pontos lidos ficam guardados. Com o
 disco quase cheio o registro termina sozinho e guarda seus pontos. <b>Ver gráfico</b> abre o arquivo.</p>
@@ -76,7 +79,7 @@ continuar; durante o registro o ponto recebe o valor 0, e o registro continua.</
 <ul>
 <li><b>Barra de rolagem</b>: percorre o registro. <b>Pontos por divisão</b>: quanto dele se vê de uma vez.</li>
 <li><b>Escala</b>: cada série é multiplicada por sua escala (1 a 32767); <b>Atualizar gráfico</b> aplica as novas.</li>
-<li><b>Tipo, grade, linha, marcador</b>: como as séries são desenhadas; a escolha é lembrada.</li>
+<li><b>Tipo de gráfico, Grade, Linha, Marcador</b>: como as séries são desenhadas; a escolha é lembrada.</li>
 <li><b>Imprimir</b> põe no papel o que se vê; <b>Exportar</b> grava todos os pontos em uma planilha.</li>
 </ul>
 
@@ -96,19 +99,20 @@ archivo. <a href="#91">Registrar</a> &middot; <a href="#200">La ventana del grá
 <a href="#152">Archivos de driver</a></p>
 
 <h2><a name="91"></a>Registrar: la ventana de adquisición</h2>
-<p>Complete los campos de arriba hacia abajo. <b>Iniciar</b> (o <b>Disparar</b>) aparece cuando no falta nada.</p>
+<p>Complete los campos de arriba hacia abajo. <b>Iniciar la adquisición de datos</b>
+aparece cuando no falta nada.</p>
 <ul>
-<li><b>Dirección</b>: los accionamientos del proyecto actual. El modelo aparece junto a la lista.</li>
+<li><b>Dirección del drive</b>: los accionamientos del proyecto actual. El modelo aparece junto a la lista.</li>
 <li><b>Número de parámetros</b>: de uno a cuatro. Cada uno tiene su lista, con lo que ofrece el accionamiento.</li>
 <li><b>Número de puntos</b>: 1 a 2000000000. Hasta 2500 puntos quedan en memoria hasta el final; los registros más
 largos se escriben en el disco punto por punto, y nada se pierde si falta la energía.</li>
 <li><b>Tiempo entre puntos</b>: 200 a 65535 ms, 1 a 65 s, o un tiempo hh:mm:ss. El primer punto llega un intervalo
 después del inicio.</li>
-<li><b>Disparo</b>: <i>Manual</i> comienza enseguida. <i>Evento</i> espera a que el accionamiento gire, esté listo,
+<li><b>Modo de disparo</b>: <i>Manual</i> comienza enseguida. <i>Evento</i> espera a que el accionamiento gire, esté listo,
 indique subtensión, cambie una entrada digital del P012, o un parámetro cumpla la comparación con el contenido
 escrito. No todos los modelos tienen todos los eventos.</li>
-<li><b>Archivo</b>: dónde queda el registro. Un archivo del mismo nombre se reemplaza sólo cuando el nuevo está
-completo.</li>
+<li><b>Nombre del archivo</b>: dónde queda el registro. Un archivo del mismo nombre se reemplaza sólo cuando el
+nuevo está completo.</li>
 </ul>
 <p>Durante el registro la ventana muestra el punto actual. <b>Esc</b> lo termina antes; los puntos leídos se conservan.
 Con el disco casi lleno el registro termina solo y conserva sus puntos. <b>Ver gráfico</b> abre el archivo.</p>
@@ -119,7 +123,7 @@ desea continuar; durante el registro el punto recibe el valor 0, y el registro c
 <ul>
 <li><b>Barra de desplazamiento</b>: recorre el registro. <b>Puntos por división</b>: cuánto se ve a la vez.</li>
 <li><b>Escala</b>: cada serie se multiplica por su escala (1 a 32767); <b>Actualizar gráfico</b> aplica las nuevas.</li>
-<li><b>Tipo, cuadrícula, línea, marcador</b>: cómo se dibujan las series; la elección se recuerda.</li>
+<li><b>Tipo de gráfico, Cuadrícula, Línea, Marcador</b>: cómo se dibujan las series; la elección se recuerda.</li>
 <li><b>Imprimir</b> lleva al papel lo que se ve; <b>Exportar</b> escribe todos los puntos en una hoja de cálculo.</li>
 </ul>
 
