@@ -39,6 +39,14 @@ enum class ExtraText : std::uint8_t {
   kCursorPoint,         ///< "Cursor %1: point %2, %3"
   kCursorDifference,    ///< "Difference: %1 points, %2"
   kChartTip,            ///< how to place and remove the cursors
+  kStartDrives,         ///< caption of the start window's list of drives
+  kStartAcquire,        ///< buttons of the start window
+  kStartOpenChart,
+  kStartClose,
+  kStartLanguage,
+  kStartSound,
+  kStartChartFiles,   ///< "Chart files", before the pattern in the file dialog
+  kStartProjectMade,  ///< "A project with simulated drives was made in %1."
   kCount
 };
 

@@ -15,6 +15,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   commands.push_back(MakeRenderCommand());
   commands.push_back(MakePrintCommand());
   commands.push_back(MakeExportCommand());
+  commands.push_back(MakeStartCommand());
   return commands;
 }
 

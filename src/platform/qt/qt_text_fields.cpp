@@ -12,6 +12,7 @@ namespace chartproject {
 namespace {
 
 constexpr int kLinesShown = 8;
+constexpr int kTabColumns = 10;
 
 /// Room between a field's border and its text, both sides together.
 constexpr int kTextMargin = 16;
@@ -58,6 +59,7 @@ class LinesWidget : public ControlWidget {
   LinesWidget(TextControl& field, QPlainTextEdit& widget, InputGate& gate)
       : ControlWidget(field, widget), field_(field), widget_(widget) {
     widget_.setTabChangesFocus(true);
+    widget_.setTabStopDistance(WidthOfDigits(widget_, kTabColumns));
     QObject::connect(&widget_, &QPlainTextEdit::textChanged, &widget_,
                      [this, &gate] { gate.Take(field_, [this] { field_.SetText(FromQt(widget_.toPlainText())); }); });
   }

@@ -1,0 +1,48 @@
+// Without a command: the start window, over a project that the first start makes.
+#include <cstdlib>
+
+#include "common/extra_texts.h"
+#include "common/text.h"
+#include "host/command.h"
+#include "host/project_maker.h"
+#include "host/session.h"
+#include "host/start_form.h"
+
+namespace chartproject {
+
+namespace {
+
+/// Beside the settings where a profile was named, else where the user looks for files of his own.
+std::string FirstProjectFolder(const GlobalOptions& options) {
+  if (!options.profileFolder.empty()) return JoinPath(options.profileFolder, "Project");
+  const char* const home = std::getenv("HOME");
+  return JoinPath(home == nullptr || *home == '\0' ? "/tmp" : home, "ChartProject");
+}
+
+class StartCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& /*program*/) override { return nullptr; }
+
+  ExitCode Run(Session& session) override {
+    session.UseWindows(WindowsMode::kScreen);
+    Ports& ports = session.ThePorts();
+    const bool first = ports.settings.Read("MyProject", "strMainFile").value_or("").empty();
+    std::string madeIn;
+    if (first) {
+      madeIn = MakeProject(ports.files, ports.settings, ports.codePage, FirstProjectFolder(session.Options())).folder;
+    }
+    ChartClass& instance = session.Instance();
+    const std::string note =
+        first ? FillIn(LoadExtraText(instance.State(), ExtraText::kStartProjectMade), {madeIn}) : std::string();
+    StartForm(instance, note).ShowModal();
+    return ExitCode::kDone;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeStartCommand() {
+  return std::make_unique<StartCommand>();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,48 @@
+// frmStart, the window that opens when the program is started without a command: drives, recording, charts, language.
+#pragma once
+
+#include <string>
+
+#include "component/chart_class.h"
+#include "forms/controls.h"
+#include "forms/form.h"
+
+namespace chartproject {
+
+class StartForm : public Form {
+ public:
+  /// @param instance outlives the form @param note said once below the drives, for example where a project was made
+  StartForm(ChartClass& instance, std::string note);
+
+  // Controls, in tab order. ------------------------------------------------------------------------------------------
+  CommandButton cmdAcquire{*this, "cmdAcquire"};
+  CommandButton cmdOpenChart{*this, "cmdOpenChart"};
+  CommandButton cmdClose{*this, "cmdClose"};
+  Frame fraDrives{*this, "fraDrives"};
+  RichTextBox rtfDrives{*this, "rtfDrives"};
+  Label lblProject{*this, "lblProject"};
+  Label lblNote{*this, "lblNote"};
+  Label lblLanguage{*this, "lblLanguage"};
+  ComboBox cboLanguage{*this, "cboLanguage"};
+  CheckBox chkSound{*this, "chkSound"};
+
+ protected:
+  void OnLoad() override;
+
+ private:
+  void PlaceControls();
+  void Connect();
+  /// All texts in the language that is chosen now.
+  void ShowTexts();
+  [[nodiscard]] std::string DriveLines() const;
+  void cboLanguage_Click();
+  void chkSound_Click();
+  void cmdAcquire_Click();
+  void cmdOpenChart_Click();
+
+  ChartClass& instance_;
+  Component& component_;
+  std::string note_;
+};
+
+}  // namespace chartproject
