@@ -55,12 +55,14 @@ TEST_F(AcquireWindowTest, EscEndsTheRecordingAndThenTheDialog) {
       "two points", [&] { return form.Run().Counter() == 2; },
       [&] {
         EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+        EXPECT_GT(user.Window().height(), height);  // room for the progress
         SaveScreenshot(user.Window(), "acquire_running");
         SendKey("Escape");
       });
   user.When(
       "the end", [&] { return form.LastRun().end == RunEnd::kStopped && form.cmdOK.Enabled(); },
       [&] { EXPECT_TRUE(form.IsShown()); });
+  user.Until("the former height", [&] { return user.Window().height() == height; });
   user.Until("Esc let go", [&] { return !form.tmrEscReleased.Armed(); }).Key("Escape");
   user.GoThrough();
   EXPECT_GE(form.LastRun().points, 2);

@@ -18,7 +18,8 @@ using ::testing::IsEmpty;
 struct StartWindowTest : ::testing::Test {
   DialogWindow outside;
   SimulatedLinkFactory links{outside.clock, outside.fakes.locale};
-  ProjectReport made = MakeProject(outside.fakes.files, outside.fakes.settings, outside.fakes.codePage, "/home/Project");
+  ProjectReport made =
+      MakeProject(outside.fakes.files, outside.fakes.settings, outside.fakes.codePage, "/home/Project");
   ChartClass instance{outside.ports, outside.host, links};
   StartForm form{instance, "A project was made in " + made.folder};
   User user{form};
@@ -35,15 +36,20 @@ struct StartWindowTest : ::testing::Test {
 };
 
 TEST_F(StartWindowTest, ANewUserRecordsWithFourKeys) {
-  user.When("the start window", [&] { return user.Window().isActiveWindow(); }, [&] {
-    EXPECT_THAT(form.rtfDrives.Text(), HasSubstr("01\tKRA-09\t2.40"));
-    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-    SaveScreenshot(user.Window(), "start_en");
-    SendKey("Return");
-  });
-  user.When("the dialog", [] { return Pressable("cmdStart"); }, [] { SendKey("alt+s"); });
-  user.When("the end of the recording", [] { return Pressable("cmdViewChart"); }, [] { SendKey("Escape"); });
-  user.When("the start window again", [&] { return user.Window().isActiveWindow(); }, [] { SendKey("Escape"); });
+  user.When(
+      "the start window", [&] { return user.Window().isActiveWindow(); },
+      [&] {
+        EXPECT_THAT(form.rtfDrives.Text(), HasSubstr("01\tKRA-09\t2.40"));
+        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+        SaveScreenshot(user.Window(), "start_en");
+        SendKey("Return");
+      });
+  user.When(
+      "the dialog", [] { return Pressable("cmdStart"); }, [] { SendKey("alt+s"); });
+  user.When(
+      "the end of the recording", [] { return Pressable("cmdViewChart"); }, [] { SendKey("Escape"); });
+  user.When(
+      "the start window again", [&] { return user.Window().isActiveWindow(); }, [] { SendKey("Escape"); });
   user.GoThrough();
   const std::string chart = outside.fakes.files.Bytes(instance.State().settings.strFolder + "/Test.cht");
   EXPECT_THAT(chart, HasSubstr("[TIME/CONTENT]"));
@@ -51,13 +57,17 @@ TEST_F(StartWindowTest, ANewUserRecordsWithFourKeys) {
 }
 
 TEST_F(StartWindowTest, LanguageAndSoundTakeEffectAtOnceAndAreSaved) {
-  user.When("the start window", [&] { return user.Window().isActiveWindow(); }, [&] { form.cboLanguage.SetFocus(); });
-  user.Key("Down").When("Spanish", [&] { return form.cmdClose.Caption() == "&Cerrar"; }, [] { SendKey("alt+s"); });
-  user.When("sounds off", [&] { return form.chkSound.Value() == 0; }, [&] {
-    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-    SaveScreenshot(user.Window(), "start_es");
-    user.Window().close();
-  });
+  user.When(
+      "the start window", [&] { return user.Window().isActiveWindow(); }, [&] { form.cboLanguage.SetFocus(); });
+  user.Key("Down").When(
+      "Spanish", [&] { return form.cmdClose.Caption() == "&Cerrar"; }, [] { SendKey("alt+s"); });
+  user.When(
+      "sounds off", [&] { return form.chkSound.Value() == 0; },
+      [&] {
+        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+        SaveScreenshot(user.Window(), "start_es");
+        user.Window().close();
+      });
   user.GoThrough();
   instance.Release();
   EXPECT_EQ(outside.fakes.settings.values["MyConf"]["strLanguage"], "Spanish");

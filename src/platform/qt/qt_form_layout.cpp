@@ -83,14 +83,26 @@ void QtFormView::UpdateLayout() {
 
   const QSize screen = window_->screen()->availableSize();
   window_->setMinimumSize(LeastSize().boundedTo(screen));
-  QSize size = window_->size();
   if (!sized_) {
     asksForComfort_ = true;
-    size = LeastSize().expandedTo({ToPixels(form_.Width()), ToPixels(form_.Height())}).boundedTo(screen);
+    wanted_ = LeastSize().expandedTo({ToPixels(form_.Width()), ToPixels(form_.Height())}).boundedTo(screen);
     asksForComfort_ = false;
     sized_ = true;
   }
-  window_->resize(size.expandedTo(window_->minimumSize()));
+  ResizeToNeed();
+  ArrangeControls();
+  PlaceChanged();
+}
+
+void QtFormView::ResizeToNeed() {
+  if (window_->isMaximized()) return;
+  resizing_ = true;
+  window_->resize(wanted_.expandedTo(window_->minimumSize()));
+  resizing_ = false;
+}
+
+void QtFormView::Resized() {
+  if (!resizing_ && window_->isVisible() && !window_->isMaximized()) wanted_ = window_->size();
   ArrangeControls();
   PlaceChanged();
 }
@@ -135,8 +147,9 @@ void QtFormView::Show() {
   UpdateLayout();
   window_->setWindowModality(Qt::ApplicationModal);
   window_->winId();  // makes the native window, which can then belong to the one below it
-  QWidget* below = QApplication::activeWindow();
-  if (below != nullptr && below != window_.get()) window_->windowHandle()->setTransientParent(below->windowHandle());
+  below_ = QApplication::activeWindow();
+  if (below_ == window_.get()) below_ = nullptr;
+  if (below_ != nullptr) window_->windowHandle()->setTransientParent(below_->windowHandle());
   if (form_.State() == WindowState::kNormal) KeepOnScreen();
   ShowState();
   window_->show();
@@ -153,6 +166,7 @@ void QtFormView::Hide() {
   closing_ = true;  // fields that lose the focus now are not left by the user
   leaving_ = nullptr;
   window_->hide();
+  if (below_ != nullptr && below_->isVisible()) below_->activateWindow();
 }
 
 void QtFormView::ShowState() {
@@ -170,10 +184,14 @@ void QtFormView::StateChanged() {
 }
 
 void QtFormView::ShowPlace() {
-  if (layoutDue_) UpdateLayout();
-  const QSize size(window_->width(), ToPixels(form_.Height()));
-  window_->resize(size.expandedTo(window_->minimumSize()));
   window_->move(ToPixels(form_.Left()), ToPixels(form_.Top()));
+}
+
+void QtFormView::ShowHeight() {
+  if (layoutDue_) UpdateLayout();
+  wanted_.setHeight(ToPixels(form_.Height()));
+  ResizeToNeed();
+  PlaceChanged();
 }
 
 void QtFormView::KeepOnScreen() {

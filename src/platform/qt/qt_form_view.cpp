@@ -62,8 +62,10 @@ void QtFormView::FormChanged(FormProperty property) {
       ShowPointer();
       break;
     case FormProperty::kPlace:
-    case FormProperty::kHeight:
       ShowPlace();
+      break;
+    case FormProperty::kHeight:
+      ShowHeight();
       break;
     case FormProperty::kWindowState:
       ShowState();

@@ -1,6 +1,8 @@
 // A form's window.
 #pragma once
 
+#include <QPointer>
+#include <QSize>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -48,7 +50,10 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   void UpdateLayout();
   void UpdateLayoutSoon();
   void ArrangeControls();
+  void ResizeToNeed();
+  void Resized();
   void ShowPlace();
+  void ShowHeight();
   void ShowState();
   void ShowPointer();
   void KeepOnScreen();
@@ -72,6 +77,9 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   std::unordered_map<const Control*, ControlWidget*> byControl_;
   Control* leaving_ = nullptr;     ///< lost the focus to a mouse press, and was not told yet
   QWidget* firstFocus_ = nullptr;  ///< where the form wants the focus when its window appears
+  QPointer<QWidget> below_;        ///< the window that had the focus when this one appeared
+  QSize wanted_;                   ///< the size that the user chose; the window is larger while its layout needs it
+  bool resizing_ = false;          ///< by the form, not by the user
   bool layoutDue_ = true;
   bool sized_ = false;           ///< the window has got its first size
   bool asksForComfort_ = false;  ///< measuring for the first size: pictures get the size they would like

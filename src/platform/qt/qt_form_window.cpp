@@ -43,8 +43,7 @@ void FormWindow::moveEvent(QMoveEvent* event) {
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  view_.ArrangeControls();
-  view_.PlaceChanged();
+  view_.Resized();
 }
 
 void FormWindow::changeEvent(QEvent* event) {
