@@ -88,10 +88,14 @@ class PrintTest(unittest.TestCase):
 
     def test_files_that_cannot_be_written_or_read(self):
         for arguments in (("print", "page.cht", "--output", "no/such/folder.pdf"), ("print", "missing.cht"),
-                          ("print", "page.cht", "--output", "/dev/full")):
+                          ("print", "page.cht", "--output", "/dev/null")):
             done = self.program(*arguments)
             self.assertEqual(done.returncode, 1, arguments)
             self.assertTrue(done.stderr.strip(), arguments)
+        limit = ["bash", "-c", "trap '' XFSZ; ulimit -f 8; exec \"$@\"", "limited"]  # as a full disk
+        done = self.program("print", "page.cht", "--output", "cut.pdf", before=limit)
+        self.assertEqual(done.returncode, 1, done.stderr)
+        self.assertEqual(list(self.folder.glob("cut.pdf*")), [])
         self.assertEqual(self.program("print", "page.cht", "--first", "26", "--output", "x.pdf").returncode, 2)
 
 

@@ -2,6 +2,7 @@
 #include "platform/qt/qt_printer.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
 #include <QPageLayout>
@@ -51,7 +52,11 @@ QtPrinter::~QtPrinter() {
 /// Paper when there is a printer, else a file. False when the user declined.
 bool QtPrinter::ChooseTarget() {
   target_ = fileName_;
-  if (!target_.empty()) return true;
+  if (!target_.empty()) {
+    const QFileInfo target(FileNameToQt(target_));
+    if (target.exists() && !target.isFile()) ThrowPrinterError(target_ + " is not a file");
+    return true;
+  }
   const QPrinterInfo queue = QPrinterInfo::defaultPrinter();
   if (!queue.isNull()) {
     const std::string refusal = QueueRefusal(FromQt(queue.printerName()));

@@ -2,6 +2,7 @@
 #include "platform/spreadsheet/part_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -12,7 +13,11 @@
 
 namespace chartproject {
 
-PartFile::PartFile(const std::string& target) : target_(PosixPath(target)), partName_(target_ + ".part") {}
+PartFile::PartFile(const std::string& target) : target_(PosixPath(target)), partName_(target_ + ".part") {
+  // A rename would put the file in the place of a device or a folder's link.
+  struct stat existing {};
+  if (stat(target_.c_str(), &existing) == 0 && !S_ISREG(existing.st_mode)) throw FileError(EISDIR, target_);
+}
 
 PartFile::~PartFile() {
   if (!committed_) unlink(partName_.c_str());
