@@ -13,9 +13,8 @@
 #include "platform/posix/file_system_posix.h"
 #include "support/fake_ports.h"
 
+namespace chartproject {
 namespace {
-
-using namespace chartproject;
 
 constexpr std::string_view kRow = "08:00:00#123.45#7####\r\n";
 
@@ -164,5 +163,6 @@ void SplitRows(benchmark::State& state) {
 BENCHMARK(SplitRows);
 
 }  // namespace
+}  // namespace chartproject
 
 BENCHMARK_MAIN();

@@ -7,9 +7,8 @@
 #include "acquire/chart_file.h"
 #include "platform/posix/code_page_1252.h"
 
+namespace chartproject {
 namespace {
-
-using namespace chartproject;
 
 class BytesFile : public InputFile {
  public:
@@ -33,23 +32,26 @@ void Require(bool holds) {
 }
 
 }  // namespace
+}  // namespace chartproject
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using chartproject::BytesFile, chartproject::Require;
   std::string bytes(size, '\0');
   if (size > 0) std::memcpy(bytes.data(), data, size);
-  ChartHeader header;
+  chartproject::ChartHeader header;
   BytesFile headerFile(bytes);
-  ReadChartHeader(headerFile, CodePage1252(), header);
+  ReadChartHeader(headerFile, chartproject::CodePage1252(), header);
 
   BytesFile rowFile(bytes);
   const auto start = LocateRows(rowFile);
-  Require(start.has_value() == (bytes.find(kRowsMark) != std::string::npos));
+  Require(start.has_value() == (bytes.find(chartproject::kRowsMark) != std::string::npos));
   if (!start) return 0;
   Require(start->offset <= bytes.size());
   const auto lineEnds = std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(start->offset), '\n');
   const bool endsWithMark = start->offset == bytes.size() && bytes.back() != '\n';
   Require(start->line == lineEnds + (endsWithMark ? 2 : 1));
-  if (const auto row = SplitRow(std::string_view(bytes).substr(static_cast<std::size_t>(start->offset)))) {
+  if (const auto row =
+          chartproject::SplitRow(std::string_view(bytes).substr(static_cast<std::size_t>(start->offset)))) {
     Require(row->time.find('#') == std::string_view::npos);
   }
   return 0;
