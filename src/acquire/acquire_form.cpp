@@ -150,7 +150,7 @@ void AcquireForm::ResetForm() {
 
 bool AcquireForm::OnQueryClose() {
   StopRun();
-  return true;
+  return run_.State() != RunState::kFinished;  // its chart file is being written
 }
 
 void AcquireForm::OnUnload() {

@@ -8,6 +8,7 @@
 #include "common/message_table.h"
 #include "common/numbers.h"
 #include "common/sounds.h"
+#include "forms/form_host.h"
 
 namespace chartproject {
 
@@ -19,6 +20,7 @@ constexpr int kEscReleaseMilliseconds = 100;
 
 constexpr int kNoAnswer = 48;  // messages
 constexpr int kContinue = 49;
+constexpr int kSaving = 53;
 
 }  // namespace
 
@@ -249,11 +251,13 @@ void AcquireForm::ReportEnd() {
 void AcquireForm::FinishRun() {
   StopTimers();
   imgTrigger1.SetVisible(false);
+  // The fields stay locked until the file is written: a long one is copied with the window awake.
+  SetPointer(MousePointer::kHourglass);
+  lblProgress.SetCaption(LoadMessage(component_, kSaving));
+  lastRun_ = {run_.End(), run_.Counter(), run_.Plan().fileName, run_.Close([this] { Host().KeepAlive(); })};
   lblProgress.SetCaption("");
   LockSetupFields(true);
   ShowProgressArea(false);
-  SetPointer(MousePointer::kHourglass);
-  lastRun_ = {run_.End(), run_.Counter(), run_.Plan().fileName, run_.Close()};
   SetPointer(MousePointer::kDefault);
   PlayWave(component_, kCompleteSound);
   ReportWriting(lastRun_.written);

@@ -124,14 +124,14 @@ void AcquisitionRun::FinishAs(RunEnd reason) {
   state_ = RunState::kFinished;
 }
 
-ChartWriteResult AcquisitionRun::Close() {
+ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   ChartWriteResult result;
   if (state_ != RunState::kFinished) return result;
   if (counter_ > 0) {
     const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
     result = RowsInMemory()
                  ? writer.WriteRows(plan_.fileName, component_.chartHeader, rows_, component_.settings.strFolder)
-                 : writer.WriteSpool(plan_.fileName, component_.chartHeader);
+                 : writer.WriteSpool(plan_.fileName, component_.chartHeader, keepAlive);
   }
   rows_ = {};
   state_ = RunState::kIdle;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -56,7 +57,8 @@ class AcquisitionRun {
   void Stop(RunEnd reason);
 
   /// Writes the chart file of a finished run when at least one point was taken, and returns to kIdle.
-  ChartWriteResult Close();
+  /// @param keepAlive called now and then while a long spool file is copied; may be empty
+  ChartWriteResult Close(const std::function<void()>& keepAlive = {});
 
   [[nodiscard]] RunState State() const noexcept { return state_; }
   [[nodiscard]] bool Active() const noexcept { return state_ == RunState::kArmed || state_ == RunState::kSampling; }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kBlockSize = 65'536;
+constexpr std::size_t kKeepAliveBytes = 4'000'000;
 constexpr int kRescueNames = 10;
 
 /// Where a chart file is written until it is complete.
@@ -45,8 +46,8 @@ void DeleteQuietly(FileSystem& files, const std::string& name) {
 }
 
 /// What went wrong, in terms of the file that the user named.
-std::string ReasonFor(const RunTimeError& error, const std::string& fileName) {
-  std::string reason = error.Description();
+std::string ReasonFor(const std::exception& error, const std::string& fileName) {
+  std::string reason = error.what();
   const std::string unfinished = UnfinishedName(fileName);
   const std::size_t at = reason.find(unfinished);
   return at == std::string::npos ? reason : reason.replace(at, unfinished.size(), fileName);
@@ -64,10 +65,16 @@ void WriteRowLines(OutputFile& file, const CodePage& codePage, std::span<const P
 }
 
 /// Copies the spool file's whole lines. An end without a line end is a row that a full disk cut short: it is left out.
-void CopyLines(InputFile& from, OutputFile& to) {
+void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& keepAlive) {
   std::vector<char> block(kBlockSize);
   std::string pending;
+  std::size_t copied = 0;
   while (const std::size_t count = from.Read(block)) {
+    copied += count;
+    if (copied >= kKeepAliveBytes && keepAlive) {
+      keepAlive();
+      copied = 0;
+    }
     const std::string_view bytes(block.data(), count);
     const std::size_t lastEnd = bytes.rfind('\n');
     if (lastEnd == std::string_view::npos) {
@@ -151,7 +158,7 @@ ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const C
     file->FlushAndClose();
     files_.Rename(unfinished, fileName);
     result.kind = ChartWriteResult::Kind::kWritten;
-  } catch (const RunTimeError& error) {
+  } catch (const std::exception& error) {
     DeleteQuietly(files_, unfinished);
     result.kind = ChartWriteResult::Kind::kFailed;
     result.reason = ReasonFor(error, fileName);
@@ -160,7 +167,8 @@ ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const C
   return result;
 }
 
-ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const ChartHeader& header) const {
+ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const ChartHeader& header,
+                                             const std::function<void()>& keepAlive) const {
   ChartWriteResult result;
   const std::string spool = SpoolFileName(fileName);
   const std::string unfinished = UnfinishedName(fileName);
@@ -169,11 +177,11 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
     file->Write(codePage_.Encode(HeaderLines(header)));
     result.freeSpace = files_.SpaceFor(fileName).totalFree;
     const bool roomForRows = result.freeSpace >= kReservedSpace;
-    if (roomForRows) CopyLines(*files_.OpenForReading(spool), *file);
+    if (roomForRows) CopyLines(*files_.OpenForReading(spool), *file, keepAlive);
     file->FlushAndClose();
     files_.Rename(unfinished, fileName);
     result.kind = roomForRows ? ChartWriteResult::Kind::kWritten : ChartWriteResult::Kind::kRowsInSpool;
-  } catch (const RunTimeError& error) {
+  } catch (const std::exception& error) {
     DeleteQuietly(files_, unfinished);
     result.kind = ChartWriteResult::Kind::kFailed;
     result.reason = ReasonFor(error, fileName);

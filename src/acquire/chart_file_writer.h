@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -58,7 +59,9 @@ class ChartFileWriter {
                                            std::span<const PointRow> rows, const std::string& rescueFolder) const;
 
   /// Writes the header and copies the spool file's lines behind it, then deletes the spool file.
-  [[nodiscard]] ChartWriteResult WriteSpool(const std::string& fileName, const ChartHeader& header) const;
+  /// @param keepAlive called every few megabytes, so that a window stays awake; may be empty
+  [[nodiscard]] ChartWriteResult WriteSpool(const std::string& fileName, const ChartHeader& header,
+                                            const std::function<void()>& keepAlive = {}) const;
 
  private:
   FileSystem& files_;

@@ -77,10 +77,12 @@ TEST_F(ChartFileWriterTest, RowsGoElsewhereWhenTheFolderTakesNothing) {
 
 TEST_F(ChartFileWriterTest, SpoolIsCopiedAndDeleted) {
   std::string spool;
-  while (spool.size() < 200'000) spool += "08:00:00#1.50#####\r\n";
+  while (spool.size() < 9'000'000) spool += "08:00:00#1.50#####\r\n";
   fake.files.Put("a.cht.tcf0", spool + "08:00:01#2.5");  // cut short by a full disk
-  EXPECT_EQ(writer.WriteSpool("a.cht", header).kind, Kind::kWritten);
-  EXPECT_EQ(fake.files.Bytes("a.cht"), kHeaderBytes + spool);
+  int alive = 0;
+  EXPECT_EQ(writer.WriteSpool("a.cht", header, [&alive] { ++alive; }).kind, Kind::kWritten);
+  EXPECT_EQ(alive, 2);
+  EXPECT_TRUE(fake.files.Bytes("a.cht") == kHeaderBytes + spool);
   EXPECT_FALSE(fake.files.Has("a.cht.tcf0"));
 }
 
