@@ -38,6 +38,7 @@ void AcquireForm::RestoreWindowPlace() {
   }
   const Size screen = component_.forms.ScreenSize();
   SetState(WindowState::kNormal);
+  LayoutChanged();  // the window's width follows from its texts, which are in their language now
   SetLeft(Coordinate(component_, *this, "Left", Width(), screen.width));
   SetTop(Coordinate(component_, *this, "Top", Height(), screen.height));
 }
