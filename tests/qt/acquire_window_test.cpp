@@ -48,8 +48,13 @@ TEST_F(AcquireWindowTest, RecordsByKeyboardAloneAndShowsTheChart) {
 }
 
 TEST_F(AcquireWindowTest, EscEndsTheRecordingAndThenTheDialog) {
+  int height = 0;
   user.When(
-      "the dialog", [&] { return user.Window().isActiveWindow(); }, [&] { form.txtNumberOfPoints.SetText("500"); });
+      "the dialog", [&] { return user.Window().isActiveWindow(); },
+      [&] {
+        height = user.Window().height();
+        form.txtNumberOfPoints.SetText("500");
+      });
   user.Click(form.cmdStart);
   user.When(
       "two points", [&] { return form.Run().Counter() == 2; },
