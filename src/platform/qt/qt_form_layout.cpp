@@ -188,8 +188,9 @@ void QtFormView::ShowPlace() {
 }
 
 void QtFormView::ShowHeight() {
+  const int height = ToPixels(form_.Height());  // before the layout tells the form what the window has
   if (layoutDue_) UpdateLayout();
-  wanted_.setHeight(ToPixels(form_.Height()));
+  wanted_.setHeight(height);
   ResizeToNeed();
   PlaceChanged();
 }
