@@ -18,7 +18,7 @@ namespace chartproject {
 namespace {
 
 constexpr mode_t kFileMode = 0666;  // the user's umask takes its share
-constexpr std::size_t kWriteBuffer = 64 * 1024;
+constexpr std::size_t kWriteBuffer = 65536;
 
 /// Owns a file descriptor.
 class Descriptor {
