@@ -194,8 +194,12 @@ void ChartControl::Paint(Canvas& canvas) {
   const Size size = canvas.Extent();
   if (!chart_ || !(chart_->size == size)) chart_ = BuildChartScene(model_, size, canvas, format_);
   chart_->scene.Paint(canvas);
-  const ChartOverlay overlay{
-      pointerRow_, {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)}, readout_, cursorReadout_};
+  // Between a reset and the new rows the pointer's row may not be there.
+  const bool pointerShows = pointerRow_ && *pointerRow_ < model_.rowCount;
+  const ChartOverlay overlay{pointerShows ? pointerRow_ : std::nullopt,
+                             {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)},
+                             readout_,
+                             cursorReadout_};
   BuildOverlay(overlay, model_, *chart_, canvas).Paint(canvas);
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "chart/series_style.h"
+#include "chart/solid_series.h"
 
 namespace chartproject {
 namespace {
@@ -71,11 +72,15 @@ void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const Chart
 void DrawPointer(int row, const ChartModel& model, const Plot& plot, Scene& scene) {
   const double x = LineX(plot, row);
   scene.Line({x, plot.front.y}, {x, plot.front.Bottom()}, {.color = kPointerColor, .style = PenStyle::kDash});
-  if (Is3d(model.kind) || model.kind == ChartKind::k2dBar) return;
-  for (const ChartSeries& series : model.series) {
+  if (Flat(model.kind) == ChartKind::k2dBar) return;
+  const int count = static_cast<int>(model.series.size());
+  for (int column = 0; column < count; ++column) {
+    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
     const double value = series.values[static_cast<std::size_t>(row)];
     if (!std::isfinite(value)) continue;
-    scene.Ellipse({x - 3.5, plot.Y(value) - 3.5, 7, 7}, series.color, {.color = {255, 255, 255}, .width = 1.5});
+    const double depth = Is3d(model.kind) ? DepthOfSeries(column, count).front : 0;
+    const PointF at = plot.At({plot.X(row), plot.Y(value)}, depth);
+    scene.Ellipse({at.x - 3.5, at.y - 3.5, 7, 7}, series.color, {.color = {255, 255, 255}, .width = 1.5});
   }
 }
 

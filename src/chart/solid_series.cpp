@@ -22,11 +22,6 @@ constexpr double kColumnWidth = 3.0;  ///< pixels of a column where rows are den
 /// Depth that the shapes leave free in their row, on each side.
 constexpr double kRowMargin = 0.12;
 
-struct DepthSpan {
-  double front = 0;
-  double back = 1;
-};
-
 struct Face {
   Plot const& plot;
   DepthSpan depth;
@@ -207,6 +202,10 @@ void DrawRow(const ChartModel& model, const ChartSeries& series, const Face& fac
 
 }  // namespace
 
+DepthSpan DepthOfSeries(int column, int seriesCount) noexcept {
+  return {(column + kRowMargin) / seriesCount, (column + 1 - kRowMargin) / seriesCount};
+}
+
 void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
   if (model.kind == ChartKind::k3dBar) {
     DrawBoxes(model, plot, scene);
@@ -214,7 +213,7 @@ void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
   }
   const int count = static_cast<int>(model.series.size());
   for (int column = count - 1; column >= 0; --column) {
-    const Face face{plot, {(column + kRowMargin) / count, (column + 1 - kRowMargin) / count}};
+    const Face face{plot, DepthOfSeries(column, count)};
     DrawRow(model, model.series[static_cast<std::size_t>(column)], face, scene);
     DrawMarkers(model, column, plot, {.shiftX = 0, .depth = face.depth.front}, scene);
   }

@@ -7,6 +7,14 @@
 
 namespace chartproject {
 
+struct DepthSpan {
+  double front = 0;  ///< 0 is the front plane, 1 the back wall
+  double back = 1;
+};
+
+/// The depth that a series of a line, area or step chart takes: a row of its own, with some room between the rows.
+[[nodiscard]] DepthSpan DepthOfSeries(int column, int seriesCount) noexcept;
+
 /// Bars are boxes, side by side as in the flat chart. Lines and steps are ribbons and areas are slabs, each series in
 /// its own row of depth, the first in front.
 void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene);

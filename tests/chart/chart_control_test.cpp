@@ -100,6 +100,15 @@ TEST_F(ChartControlTest, ResetDropsDataAndPropertiesButNotTheCursors) {
   EXPECT_EQ(chart.CursorLabel(kFirst), 110);
 }
 
+TEST_F(ChartControlTest, PaintsWhileThePointerStandsOnARowThatIsGone) {
+  chart.MouseMoved(Over(20));
+  chart.ResetToDefaults();
+  chart.SetColumnCount(1);
+  RecordingCanvas fresh({640, 360});
+  chart.Paint(fresh);
+  EXPECT_FALSE(fresh.drawn.Shapes().empty());
+}
+
 TEST_F(ChartControlTest, TellsTheRowUnderThePointerOncePerRow) {
   std::vector<int> rows;
   chart.pointerRowChanged = {"mscChart1_MouseMove", [&] { rows.push_back(chart.PointerRow().value_or(-1)); }};
