@@ -29,12 +29,12 @@ class ChartForm : public Form {
 
   // Controls, in tab order. ------------------------------------------------------------------------------------------
   RichTextBox rtfInfo{*this, "rtfInfo"};
-  PictureBox picPXXX1{*this, "picPXXX1"}, picPXXX2{*this, "picPXXX2"}, picPXXX3{*this, "picPXXX3"},
-      picPXXX4{*this, "picPXXX4"};
   Label lblPXXX1{*this, "lblPXXX1"}, lblPXXX2{*this, "lblPXXX2"}, lblPXXX3{*this, "lblPXXX3"},
       lblPXXX4{*this, "lblPXXX4"};
   Label lblPXXX1Function{*this, "lblPXXX1Function"}, lblPXXX2Function{*this, "lblPXXX2Function"},
       lblPXXX3Function{*this, "lblPXXX3Function"}, lblPXXX4Function{*this, "lblPXXX4Function"};
+  PictureBox picPXXX1{*this, "picPXXX1"}, picPXXX2{*this, "picPXXX2"}, picPXXX3{*this, "picPXXX3"},
+      picPXXX4{*this, "picPXXX4"};
   ChartControl mscChart1{*this, "mscChart1"};
   HScrollBar hsbGraph{*this, "hsbGraph"};
   Label lblPointsPerDivision{*this, "lblPointsPerDivision"};

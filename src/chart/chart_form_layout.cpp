@@ -7,6 +7,9 @@ namespace {
 constexpr double kSwatchSize = 16;
 constexpr double kInfoWidth = 300;
 constexpr double kInfoHeight = 118;
+constexpr double kNameWidth = 200;
+/// Share of the height that is left over: the box is as high as its row, but the chart takes the rest.
+constexpr double kFillsItsRow = 1e-6;
 /// Room for four digits more, so that nothing moves while the slider does.
 constexpr double kPointsPerDivisionWidth = 190;
 constexpr int kScaleCharacters = 6;
@@ -21,11 +24,12 @@ void ChartForm::PlaceControls() {
     series.scale->SetWidthInCharacters(kScaleCharacters);
     cells.push_back(AtLeast(Cell(*series.swatch), kSwatchSize, kSwatchSize));
     cells.push_back(Cell(*series.number));
-    cells.push_back(Cell(*series.function, 1));
+    cells.push_back(AtLeast(Cell(*series.function, 1), kNameWidth));
     cells.push_back(Row({Cell(*series.scale), Cell(*series.arrows)}));
   }
   LayoutBox legend = Column({Grid(4, std::move(cells)), Row({Space(), Cell(lblScaleMsg), Cell(cmdUpdateChart)})});
-  LayoutBox top = Row({AtLeast(Cell(rtfInfo, 1, 1), kInfoWidth, kInfoHeight), Stretched(std::move(legend), 1, 0)});
+  LayoutBox top =
+      Row({AtLeast(Cell(rtfInfo, 1, kFillsItsRow), kInfoWidth, kInfoHeight), Stretched(std::move(legend), 0, 0)});
   LayoutBox division =
       Row({AtLeast(Cell(lblPointsPerDivision), kPointsPerDivisionWidth), Cell(sldPointsPerDivision, 1)});
   LayoutBox bottom = Row({Cell(lblChartType), Cell(cboChartType), Cell(chkGrid), Cell(chkLine), Cell(chkMarker),
