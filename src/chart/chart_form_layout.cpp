@@ -6,7 +6,7 @@ namespace {
 
 constexpr double kSwatchSize = 16;
 constexpr double kInfoWidth = 300;
-constexpr double kInfoHeight = 118;
+constexpr double kInfoHeight = 172;
 constexpr double kNameWidth = 200;
 /// Share of the height that is left over: the box is as high as its row, but the chart takes the rest.
 constexpr double kFillsItsRow = 1e-6;
