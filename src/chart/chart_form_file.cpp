@@ -3,6 +3,7 @@
 
 #include "chart/chart_building.h"
 #include "chart/chart_form.h"
+#include "chart/flag_scope.h"
 #include "chart/info_text.h"
 #include "chart/scroll_range.h"
 #include "common/error_log.h"
@@ -83,16 +84,18 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   sliceStart_ = source_.FirstLine();
   sliceEnd_ = CheckedInteger32(std::int64_t{sliceStart_} + SliceLength(pointsPerDivision_));
   slice_ = Slice();
-  walkingDown_ = true;
-  sldPointsPerDivision.SetMaximum(kMostPointsPerDivision);
-  sldPointsPerDivision.SetMinimum(1);
-  sldPointsPerDivision.SetValue(1);
-  walkingDown_ = false;
+  {
+    const FlagScope stay(walkingDown_);
+    sldPointsPerDivision.SetMaximum(kMostPointsPerDivision);
+    sldPointsPerDivision.SetMinimum(1);
+    sldPointsPerDivision.SetValue(1);
+  }
   ShowPointsPerDivision();
   PrepareScrollBar();
-  settingScrollBar_ = true;
-  hsbGraph.SetValue(0);
-  settingScrollBar_ = false;
+  {
+    const FlagScope quiet(settingScrollBar_);
+    hsbGraph.SetValue(0);
+  }
   if (!LoadSlice()) {
     // The first slice cannot be shown, but the header can.
     LabelSeries();
@@ -225,6 +228,11 @@ bool ChartForm::ShowReadingProgress(double part) {
 void ChartForm::ShowSlice(Slice slice) {
   slice_ = std::move(slice);
   shownPointsPerDivision_ = pointsPerDivision_;
+  {
+    // A slider that was moved while the slice was looked for goes back to what is shown.
+    const FlagScope stay(walkingDown_);
+    sldPointsPerDivision.SetValue(pointsPerDivision_);
+  }
   if (source_.NamedSeries() == 0) {
     if (seriesCount_ < slice_.columnsInUse) {
       seriesCount_ = slice_.columnsInUse;

@@ -2,24 +2,12 @@
 #include <algorithm>
 
 #include "chart/chart_form.h"
+#include "chart/flag_scope.h"
 #include "chart/scroll_range.h"
 #include "common/numbers.h"
 
 namespace chartproject {
 namespace {
-
-/// Sets a flag while it lives.
-class FlagScope {
- public:
-  explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-  ~FlagScope() { flag_ = before_; }
-  FlagScope(const FlagScope&) = delete;
-  FlagScope& operator=(const FlagScope&) = delete;
-
- private:
-  bool& flag_;
-  bool before_;
-};
 
 /// Sets a step of the scroll bar; one that it refuses becomes 1.
 template <typename Setter>

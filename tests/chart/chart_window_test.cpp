@@ -333,6 +333,30 @@ TEST_F(ChartWindowTest, EscGivesALongJumpUpAndTheSliceStays) {
   });
 }
 
+TEST_F(ChartWindowTest, TheWindowMayMoveOnOrCloseDuringALongJump) {
+  Put("400000", 400000);
+  fakes.files.beforeBlock = [&] { fakes.clock.Advance(std::chrono::milliseconds(20)); };
+  Show([&](ChartForm& form) {
+    fakes.forms.onKeepAlive = [&] {
+      form.sldPointsPerDivision.SetValue(4);
+      form.cmdPrint.Press();
+      form.hsbGraph.SetValue(2);
+    };
+    form.hsbGraph.SetValue(32742);
+    EXPECT_EQ(form.hsbGraph.Value(), 2);
+    EXPECT_EQ(FirstLabel(form), 25);
+    EXPECT_EQ(form.PointsPerDivision(), 1);
+    EXPECT_EQ(form.sldPointsPerDivision.Value(), 1);
+    EXPECT_TRUE(form.IsShown());
+  });
+  Show([&](ChartForm& form) {
+    fakes.forms.onKeepAlive = [&] { form.cmdOK.Press(); };
+    form.hsbGraph.SetValue(32742);
+    EXPECT_FALSE(form.IsShown());
+    EXPECT_EQ(FirstLabel(form), 1);
+  });
+}
+
 TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
   Put("100", 100);
   Show([&](ChartForm& form) {
