@@ -12,11 +12,14 @@ constexpr double kNameWidth = 200;
 constexpr double kFillsItsRow = 1e-6;
 /// Room for four digits more, so that nothing moves while the slider does.
 constexpr double kPointsPerDivisionWidth = 190;
+/// Room for the longest status.
+constexpr double kStatusWidth = 270;
 constexpr int kScaleCharacters = 6;
 
 }  // namespace
 
 void ChartForm::PlaceControls() {
+  lblStatus.SetTextAlign(Align::kRight);
   rtfInfo.SetReadOnly(true);
   rtfInfo.SetMultiLine(true);
   std::vector<LayoutBox> cells;
@@ -30,10 +33,10 @@ void ChartForm::PlaceControls() {
   LayoutBox legend = Column({Grid(4, std::move(cells)), Row({Space(), Cell(lblScaleMsg), Cell(cmdUpdateChart)})});
   LayoutBox top =
       Row({AtLeast(Cell(rtfInfo, 1, kFillsItsRow), kInfoWidth, kInfoHeight), Stretched(std::move(legend), 0, 0)});
-  LayoutBox division =
-      Row({AtLeast(Cell(lblPointsPerDivision), kPointsPerDivisionWidth), Cell(sldPointsPerDivision, 1)});
+  LayoutBox division = Row({AtLeast(Cell(lblPointsPerDivision), kPointsPerDivisionWidth), Cell(sldPointsPerDivision, 1),
+                            AtLeast(Cell(lblStatus), kStatusWidth)});
   LayoutBox bottom = Row({Cell(lblChartType), Cell(cboChartType), Cell(chkGrid), Cell(chkLine), Cell(chkMarker),
-                          Cell(lblStatus, 1), Cell(cmdExport), Cell(cmdPrint), Cell(cmdOK)});
+                          Space(), Cell(cmdExport), Cell(cmdPrint), Cell(cmdOK)});
   SetLayout(Column({std::move(top), Cell(mscChart1, 1, 1), Cell(hsbGraph, 1), std::move(division), std::move(bottom)}));
 }
 
