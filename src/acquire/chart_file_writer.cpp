@@ -138,6 +138,9 @@ std::string SpoolFileName(const std::string& chartFileName) {
 }
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
+  if (files_.FolderExists(fileName)) {
+    throw RunTimeError(error_number::kPathFileAccess, fileName + ": this is a folder");
+  }
   const std::string probe = UnfinishedName(fileName);
   try {
     files_.Create(probe).reset();

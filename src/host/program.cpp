@@ -74,6 +74,7 @@ ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, 
   const ExitCode code = command.Run(session);
   session.Release();
   out.flush();
+  if (!out) throw RunTimeError(error_number::kDiskFull, "the output could not be written");
   return code;
 }
 

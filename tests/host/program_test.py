@@ -156,6 +156,7 @@ class ProgramTest(unittest.TestCase):
             (["acquire", "--parameters", 3, "--file", "none/run.cht"], {}, "none/run.cht"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:none.txt"}, "none.txt"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:bad.txt"}, "at soon 01 P005 2"),
+            (["acquire", "--parameters", 3, "--file", "profile"], {}, "this is a folder"),
             (["info", "none.cht"], {}, "none.cht"),
             (["info", "rubbish.cht"], {}, "no chart file"),
             (["info", "."], {}, "directory"),
@@ -174,6 +175,26 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(self.run_program("settings", "MyConf.intTrials", "7").returncode, 0)
         self.assertEqual(self.run_program("settings", "MyConf.intTrials").stdout, "7\n")
         self.assertEqual(self.run_program("drives").returncode, 0)
+
+    # A new user's way. -------------------------------------------------------------------------------------------
+
+    def test_a_made_project_records_from_its_simulated_drives_and_is_never_written_over(self):
+        (self.folder / "profile/Kestrel v5.60.ini").unlink()
+        done = self.run_program("init", "made", link="sim")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        listed = self.run_program("drives", link="sim").stdout
+        for model in ("KRA-09      2.40", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"):
+            self.assertIn(model, listed)
+        for language in ("English", "Portuguese", "Spanish"):
+            self.run_program("settings", "MyConf.strLanguage", language)
+            done = self.acquire(20, link="sim")
+            self.assertEqual((done.returncode, len(self.rows())), (0, 20), done.stderr)
+        settings = self.run_program("settings").stdout
+        first = next(line for line in settings.splitlines() if "strDriveFile01" in line).partition("=")[2]
+        drive = pathlib.Path(first.replace("\\", "/"))
+        drive.write_text("Type=TSR-05\n")
+        self.assertIn(str(drive), self.run_program("init", "made", link="sim").stdout)
+        self.assertEqual(drive.read_text(), "Type=TSR-05\n")
 
     # Reading. ------------------------------------------------------------------------------------------------------
 
