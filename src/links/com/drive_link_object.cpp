@@ -132,7 +132,6 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   Win32FileSystem files_;
   Win32Locale locale_;
   FollowingClock clock_;
-  Win32Locale locale_;
   std::unique_ptr<DriveLink> link_;
 };
 

@@ -1,0 +1,158 @@
+// The component as a COM server: creation, late and early binding, errors, counts, registration, settings.
+#include <gmock/gmock.h>
+
+#include "platform/win32/com/com_ref.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/registry_text.h"
+#include "platform/win32/wide_text.h"
+#include "windows/form_driver.h"
+
+#include <psapi.h>
+
+#include <chart_project.h>
+
+namespace chartproject::testing {
+namespace {
+
+using win32::ComRef;
+using win32::ComText;
+
+constexpr const wchar_t* kConf = L"Software\\VB and VB Program Settings\\Kestrel v5.60\\MyConf";
+
+class Apartment : public ::testing::Environment {
+ public:
+  void SetUp() override { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+  void TearDown() override { CoUninitialize(); }
+};
+
+const ::testing::Environment* const apartment = ::testing::AddGlobalTestEnvironment(new Apartment);
+
+ComRef<_ChartClass> Create(HRESULT* result = nullptr) {
+  ComRef<_ChartClass> object;
+  const HRESULT created =
+      CoCreateInstance(CLSID_ChartClass, nullptr, CLSCTX_INPROC_SERVER, IID__ChartClass, object.ReceiveUntyped());
+  if (result != nullptr) *result = created;
+  return object;
+}
+
+std::string LastErrorText() {
+  ComRef<IErrorInfo> info;
+  ComText text;
+  if (GetErrorInfo(0, info.Receive()) == S_OK) info->GetDescription(text.Receive());
+  return text.Utf8();
+}
+
+HRESULT CanUnload() {
+  const HMODULE module = GetModuleHandleW(L"ChartProject.dll");
+  if (module == nullptr) return S_OK;
+  const auto ask =
+      reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(GetProcAddress(module, "DllCanUnloadNow")));
+  return ask();
+}
+
+void StoreConf(const wchar_t* name, const wchar_t* value) {
+  win32::OwnedKey key;
+  RegCreateKeyExW(HKEY_CURRENT_USER, kConf, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Receive(), nullptr);
+  win32::WriteRegistryText(key.Get(), name, value);
+}
+
+TEST(ComponentServer, IsFoundByBothProgIds) {
+  for (const wchar_t* progId : {L"ChartProject.ChartClass", L"ChartProject.ChartClass.1"}) {
+    CLSID id{};
+    EXPECT_EQ(CLSIDFromProgID(progId, &id), S_OK) << win32::ToUtf8(progId);
+    EXPECT_TRUE(IsEqualCLSID(id, CLSID_ChartClass));
+  }
+}
+
+TEST(ComponentServer, MethodsAreFoundByNameAndSurplusArgumentsRefused) {
+  const ComRef<_ChartClass> object = Create();
+  ASSERT_TRUE(object);
+  OLECHAR acquire[] = L"AcquireVar";
+  OLECHAR create[] = L"createchart";  // names are found in any case
+  for (OLECHAR* name : {acquire, create}) {
+    DISPID id = 0;
+    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), S_OK);
+    EXPECT_EQ(id, name == acquire ? 1 : 2);
+  }
+  VARIANTARG arguments[2];
+  VariantInit(&arguments[0]);
+  VariantInit(&arguments[1]);
+  DISPPARAMS tooMany{arguments, nullptr, 2, 0};
+  EXPECT_EQ(object->Invoke(2, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &tooMany, nullptr, nullptr, nullptr),
+            DISP_E_BADPARAMCOUNT);
+}
+
+TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
+  {
+    const ComRef<_ChartClass> first = Create();
+    const ComRef<_ChartClass> second = Create();
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(CanUnload(), S_FALSE);
+  }
+  EXPECT_EQ(CanUnload(), S_OK);
+  ComRef<IClassFactory> factory;
+  ASSERT_EQ(
+      CoGetClassObject(CLSID_ChartClass, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.ReceiveUntyped()),
+      S_OK);
+  factory->LockServer(TRUE);
+  factory.Reset();
+  EXPECT_EQ(CanUnload(), S_FALSE) << "a lock holds it as an object does";
+  ASSERT_EQ(
+      CoGetClassObject(CLSID_ChartClass, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.ReceiveUntyped()),
+      S_OK);
+  factory->LockServer(FALSE);
+  factory.Reset();
+  EXPECT_EQ(CanUnload(), S_OK);
+}
+
+TEST(ComponentServer, ReadsAndWritesBackItsSettings) {
+  StoreConf(L"intTelegramTimeout", L"450");
+  StoreConf(L"strOfAnotherModule", L"kept");
+  Create();
+  EXPECT_EQ(win32::ReadRegistryText(HKEY_CURRENT_USER, kConf, L"intTelegramTimeout"), L"450");
+  EXPECT_EQ(win32::ReadRegistryText(HKEY_CURRENT_USER, kConf, L"lngMainBackColor"), L"-2147483636");
+  EXPECT_EQ(win32::ReadRegistryText(HKEY_CURRENT_USER, kConf, L"strOfAnotherModule"), L"kept");
+}
+
+TEST(ComponentServer, ASettingThatIsNoNumberEndsTheCreationWithError13) {
+  StoreConf(L"intTrials", L"five");
+  HRESULT result = S_OK;
+  EXPECT_FALSE(Create(&result));
+  EXPECT_EQ(static_cast<unsigned>(result), 0x800A000DU);
+  EXPECT_THAT(LastErrorText(), ::testing::HasSubstr("intTrials"));
+  StoreConf(L"intTrials", L"5");
+  EXPECT_TRUE(Create());
+  EXPECT_EQ(CanUnload(), S_OK) << "nothing of the failed creation is left";
+}
+
+TEST(ComponentServer, TwoHundredCyclesLeakNeitherHandlesNorMemory) {
+  struct Use {
+    DWORD handles;
+    DWORD userObjects;
+    SIZE_T bytes;
+  };
+  const auto measure = [] {
+    Use use{};
+    GetProcessHandleCount(GetCurrentProcess(), &use.handles);
+    use.userObjects = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    PROCESS_MEMORY_COUNTERS_EX memory{};
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+    use.bytes = memory.PrivateUsage;
+    return use;
+  };
+  for (int warmUp = 0; warmUp < 20; ++warmUp) Create();
+  const Use before = measure();
+  for (int cycle = 0; cycle < 200; ++cycle) ASSERT_TRUE(Create());
+  const Use after = measure();
+  EXPECT_LE(after.handles, before.handles + 2);
+  EXPECT_LE(after.userObjects, before.userObjects + 2);
+  EXPECT_LE(after.bytes, before.bytes + 256 * 1024);
+}
+
+TEST(ComponentServer, ScriptHostsSeeErrorsByNumberAndText) {
+  ScriptHost host("errors.vbs", "");
+  EXPECT_EQ(host.ExitCode(), 0) << "the exit code is the number of the check that failed";
+}
+
+}  // namespace
+}  // namespace chartproject::testing

@@ -1,0 +1,191 @@
+// Finds windows and controls by class and id, sends them what a user's input would send.
+#include "windows/form_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <vector>
+
+#include "platform/win32/control_id.h"
+#include "platform/win32/gdiplus_api.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/wide_text.h"
+
+namespace chartproject::testing {
+
+namespace {
+
+struct Search {
+  const wchar_t* windowClass;
+  DWORD process;
+  std::wstring caption;
+  HWND found;
+};
+
+BOOL CALLBACK Match(HWND window, LPARAM data) {
+  auto& search = *reinterpret_cast<Search*>(data);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  wchar_t name[64];
+  GetClassNameW(window, name, 64);
+  wchar_t caption[256];
+  GetWindowTextW(window, caption, 256);
+  const bool matches = process == search.process && IsWindowVisible(window) != 0 &&
+                       std::wstring_view(name) == search.windowClass &&
+                       std::wstring_view(caption).starts_with(search.caption);
+  if (matches) search.found = window;
+  return matches ? FALSE : TRUE;
+}
+
+HWND Find(const wchar_t* windowClass, DWORD process, const std::wstring& caption) {
+  Search search{windowClass, process, caption, nullptr};
+  WaitFor([&search] {
+    EnumWindows(Match, reinterpret_cast<LPARAM>(&search));
+    return search.found != nullptr;
+  });
+  return search.found;
+}
+
+}  // namespace
+
+bool WaitFor(const std::function<bool()>& condition) {
+  const auto deadline = std::chrono::steady_clock::now() + kPatience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    Sleep(5);
+  }
+  return true;
+}
+
+HWND WaitForWindow(const wchar_t* windowClass, DWORD process) {
+  return Find(windowClass, process, L"");
+}
+
+FormDriver::FormDriver(DWORD process, const std::wstring& caption)
+    : window_(Find(L"ChartProjectForm", process, caption)) {
+  EXPECT_NE(window_, nullptr) << "no form came up";
+}
+
+HWND FormDriver::Control(const std::string& name) const {
+  const HWND control = GetDlgItem(window_, win32::ControlId(name));
+  EXPECT_NE(control, nullptr) << name << " is not there";
+  return control;
+}
+
+bool FormDriver::Visible(const std::string& name) const {
+  return IsWindowVisible(Control(name)) != 0;
+}
+
+bool FormDriver::Enabled(const std::string& name) const {
+  return IsWindowEnabled(Control(name)) != 0;
+}
+
+long FormDriver::Send(const std::string& name, UINT message, WPARAM word, LPARAM data) const {
+  return SendMessageW(Control(name), message, word, data);
+}
+
+std::string FormDriver::Text(const std::string& name) const {
+  std::vector<wchar_t> text(static_cast<std::size_t>(Send(name, WM_GETTEXTLENGTH)) + 1);
+  Send(name, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  return win32::ToUtf8(text.data());
+}
+
+void FormDriver::Select(const std::string& name, const std::wstring& item) const {
+  const long index = Send(name, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(item.c_str()));
+  ASSERT_GE(index, 0) << name << " has no item " << win32::ToUtf8(item);
+  Send(name, CB_SETCURSEL, static_cast<WPARAM>(index));
+  SendMessageW(window_, WM_COMMAND, MAKEWPARAM(win32::ControlId(name), CBN_SELCHANGE),
+               reinterpret_cast<LPARAM>(Control(name)));
+}
+
+void FormDriver::Type(const std::string& name, const std::wstring& text) const {
+  Send(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void FormDriver::Press(const std::string& name) const {
+  PostMessageW(Control(name), BM_CLICK, 0, 0);
+}
+
+void FormDriver::Capture(const std::string& fileName) const {
+  const win32::GdiplusSession session;
+  RECT place;
+  GetWindowRect(window_, &place);
+  const int width = place.right - place.left;
+  const int height = place.bottom - place.top;
+  const HDC screen = GetWindowDC(window_);
+  const win32::OwnedDc memory(CreateCompatibleDC(screen));
+  const win32::OwnedBitmap copy(CreateCompatibleBitmap(screen, width, height));
+  const HGDIOBJ before = SelectObject(memory.Get(), copy.Get());
+  BitBlt(memory.Get(), 0, 0, width, height, screen, 0, 0, SRCCOPY);
+  SelectObject(memory.Get(), before);
+  ReleaseDC(window_, screen);
+  constexpr CLSID kPngEncoder = {0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
+  Gdiplus::Bitmap picture(copy.Get(), nullptr);
+  EXPECT_EQ(picture.Save(win32::ToWide(fileName).c_str(), &kPngEncoder), Gdiplus::Ok) << fileName;
+}
+
+BoxDriver::BoxDriver(DWORD process) : window_(Find(L"#32770", process, L"")) {
+  EXPECT_NE(window_, nullptr) << "no message box came up";
+}
+
+std::string BoxDriver::Prompt() const {
+  constexpr int kTextId = 0xFFFF;
+  wchar_t text[1024];
+  GetDlgItemTextW(window_, kTextId, text, 1024);
+  return win32::ToUtf8(text);
+}
+
+void BoxDriver::Answer(int answer) const {
+  PostMessageW(window_, WM_COMMAND, MAKEWPARAM(answer, BN_CLICKED), 0);
+  EXPECT_TRUE(WaitFor([this] { return IsWindow(window_) == 0; })) << "the box stays up";
+}
+
+ScriptHost::ScriptHost(const std::string& script, const std::string& arguments) {
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  std::wstring line = win32::ToWide("cscript.exe //nologo \"" + TestFolder() + "\\" + script + "\" " + arguments);
+  EXPECT_NE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &information_),
+            0)
+      << "the script host did not start";
+}
+
+ScriptHost::~ScriptHost() {
+  if (WaitForSingleObject(information_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(information_.hProcess, 99);
+  CloseHandle(information_.hThread);
+  CloseHandle(information_.hProcess);
+}
+
+int ScriptHost::ExitCode() {
+  const auto patience = std::chrono::milliseconds(kPatience).count();
+  if (WaitForSingleObject(information_.hProcess, static_cast<DWORD>(patience)) != WAIT_OBJECT_0) return -1;
+  DWORD code = 0;
+  GetExitCodeProcess(information_.hProcess, &code);
+  return static_cast<int>(code);
+}
+
+std::string TestFolder() {
+  char folder[1024];
+  const DWORD length = GetEnvironmentVariableA("CHARTPROJECT_TEST_DIR", folder, sizeof folder);
+  return {folder, length};
+}
+
+std::string FileContents(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  std::stringstream contents;
+  contents << file.rdbuf();
+  return contents.str();
+}
+
+void PressKey(WORD virtualKey) {
+  INPUT keys[2]{};
+  keys[0].type = INPUT_KEYBOARD;
+  keys[0].ki.wVk = virtualKey;
+  keys[1] = keys[0];
+  keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
+  SendInput(1, &keys[0], sizeof(INPUT));
+  Sleep(250);  // held as long as a finger does, past the watch's interval
+  SendInput(1, &keys[1], sizeof(INPUT));
+}
+
+}  // namespace chartproject::testing

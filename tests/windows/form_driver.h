@@ -1,0 +1,83 @@
+// A user's hands and eyes on the component's windows, from another process.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "platform/win32/windows_api.h"
+
+namespace chartproject::testing {
+
+inline constexpr std::chrono::seconds kPatience{20};
+
+/// Polls until a condition holds; false after kPatience.
+bool WaitFor(const std::function<bool()>& condition);
+
+/// A visible window of a process, by its class; null when none came in time.
+[[nodiscard]] HWND WaitForWindow(const wchar_t* windowClass, DWORD process);
+
+/// One form. Controls are named as in the system; every operation fails the test when the control is not there.
+class FormDriver {
+ public:
+  /// Waits for a form (or the newest of several) of a process whose caption begins with `caption`.
+  FormDriver(DWORD process, const std::wstring& caption);
+
+  [[nodiscard]] HWND Window() const noexcept { return window_; }
+  [[nodiscard]] bool IsUp() const { return IsWindow(window_) != 0 && IsWindowVisible(window_) != 0; }
+  [[nodiscard]] HWND Control(const std::string& name) const;
+  [[nodiscard]] bool Visible(const std::string& name) const;
+  [[nodiscard]] bool Enabled(const std::string& name) const;
+  [[nodiscard]] std::string Text(const std::string& name) const;
+  [[nodiscard]] long Send(const std::string& name, UINT message, WPARAM word = 0, LPARAM data = 0) const;
+
+  /// Chooses the item of a drop-down list that has this text.
+  void Select(const std::string& name, const std::wstring& item) const;
+  void Type(const std::string& name, const std::wstring& text) const;
+  /// Presses a button and returns at once: what it opens stays up.
+  void Press(const std::string& name) const;
+  void Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
+  /// Saves what the window shows as a PNG file.
+  void Capture(const std::string& fileName) const;
+
+ private:
+  HWND window_ = nullptr;
+};
+
+/// A message box of a process.
+class BoxDriver {
+ public:
+  explicit BoxDriver(DWORD process);
+  [[nodiscard]] bool IsUp() const { return window_ != nullptr; }
+  [[nodiscard]] std::string Prompt() const;
+  /// @param answer id of the button, for example IDYES
+  void Answer(int answer) const;
+
+ private:
+  HWND window_;
+};
+
+/// A script host that runs one of our scripts; ended with the object.
+class ScriptHost {
+ public:
+  /// @param arguments what follows the script's name
+  ScriptHost(const std::string& script, const std::string& arguments);
+  ~ScriptHost();
+  ScriptHost(const ScriptHost&) = delete;
+  ScriptHost& operator=(const ScriptHost&) = delete;
+  [[nodiscard]] DWORD Process() const noexcept { return information_.dwProcessId; }
+  /// The script's exit code; -1 when it did not end in time.
+  [[nodiscard]] int ExitCode();
+
+ private:
+  PROCESS_INFORMATION information_{};
+};
+
+/// Folder of the test's project and files: the environment variable CHARTPROJECT_TEST_DIR.
+[[nodiscard]] std::string TestFolder();
+[[nodiscard]] std::string FileContents(const std::string& name);
+
+/// A key pressed and let go, as the keyboard does it.
+void PressKey(WORD virtualKey);
+
+}  // namespace chartproject::testing

@@ -1,0 +1,166 @@
+// The ports of Windows against the real system.
+#include <gmock/gmock.h>
+
+#include <chrono>
+
+#include "platform/run_time_error.h"
+#include "platform/win32/disk_space.h"
+#include "platform/win32/gdiplus_renderer.h"
+#include "platform/win32/registry_settings.h"
+#include "platform/win32/small_ports.h"
+#include "platform/win32/win32_clipboard.h"
+#include "platform/win32/win32_code_page.h"
+#include "platform/win32/win32_file_system.h"
+#include "windows/form_driver.h"
+
+namespace chartproject::win32 {
+namespace {
+
+int ErrorOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const RunTimeError& error) {
+    return error.Number();
+  }
+  return 0;
+}
+
+std::string InTestFolder(const std::string& name) {
+  return testing::TestFolder() + "\\" + name;
+}
+
+TEST(CodePage, EveryByteComesBack) {
+  std::string bytes;
+  for (int first = 0; first < 256; ++first) {
+    for (const int second : {first, 0x41, 0x81, 0xE9}) {
+      bytes += static_cast<char>(first);
+      bytes += static_cast<char>(second);
+    }
+  }
+  for (const unsigned codePage : {1252U, 1251U, 932U, 65001U}) {
+    const Win32CodePage page(codePage);
+    EXPECT_EQ(page.Encode(page.Decode(bytes)), bytes) << codePage;
+  }
+}
+
+TEST(CodePage, NamesTheCharactersOfWesternText) {
+  const Win32CodePage page(1252);
+  EXPECT_EQ(page.Decode("Endere\xE7o \x80"), "Endere\xC3\xA7o \xE2\x82\xAC");
+  EXPECT_EQ(page.Encode("\xCE\xA9 \xE2\x89\xA4"), "? ?");  // no look-alikes
+}
+
+TEST(RegistrySettings, StoreAndFindTexts) {
+  RegistrySettings settings("ChartProject test");
+  EXPECT_EQ(settings.Read("Section", "Key"), std::nullopt);
+  const StoredSetting stored[] = {{"Key", "S\xC3\xA3o Paulo"}, {"Empty", ""}};
+  settings.Write("Section", stored);
+  EXPECT_EQ(settings.Read("Section", "Key"), "S\xC3\xA3o Paulo");
+  EXPECT_EQ(settings.Read("Section", "Empty"), "");
+  RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
+  RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
+}
+
+TEST(Files, AppendKeepsWhatIsThereAndRenameReplaces) {
+  Win32FileSystem files;
+  const std::string name = InTestFolder("a\xC3\xA7\xC3\xA3o.txt");
+  files.Append(name, "one\r\n");
+  files.Append(name, "two\r\n");
+  const auto target = files.Create(InTestFolder("target.txt"));
+  target->Write("old");
+  target->FlushAndClose();
+  files.Rename(name, InTestFolder("target.txt"));
+  EXPECT_FALSE(files.FileExists(name));
+  EXPECT_EQ(testing::FileContents(InTestFolder("target.txt")), "one\r\ntwo\r\n");
+}
+
+TEST(Files, IdentityTellsAGrownFileFromAReplacedOne) {
+  Win32FileSystem files;
+  const std::string name = InTestFolder("identity.txt");
+  files.Append(name, "1");
+  const FileIdentity before = files.OpenForReading(name)->Identity();
+  files.Append(name, "2");
+  const FileIdentity grown = files.OpenForReading(name)->Identity();
+  EXPECT_EQ(grown.index, before.index);
+  EXPECT_EQ(grown.size, 2U);
+  files.Delete(name);
+}
+
+TEST(Files, FailuresAreNumbered) {
+  Win32FileSystem files;
+  EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(InTestFolder("missing.txt")); }), 53);
+  EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(InTestFolder("missing\\file.txt")); }), 76);
+  EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(testing::TestFolder()); }), 75);
+  EXPECT_EQ(ErrorOf([&] { (void)files.Create(testing::TestFolder()); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.Delete(InTestFolder("missing.txt")); }), 53);
+  EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(InTestFolder("missing")); }), 76);
+  const auto held = files.Create(InTestFolder("held.txt"));
+  EXPECT_EQ(ErrorOf([&] { files.Append(InTestFolder("held.txt"), "x"); }), 70);
+}
+
+TEST(DiskSpace, IsMeasuredOnTheDiskOfTheFirstThreeCharacters) {
+  const DiskSpace byName = MeasureDiskSpace("C:\\no such folder\\file.cht");
+  const DiskSpace byRoot = MeasureDiskSpace("C:\\");
+  EXPECT_GT(byName.total, 0U);
+  EXPECT_EQ(byName.total, byRoot.total);
+  EXPECT_GE(byName.totalFree, byName.availableToUser);
+  EXPECT_NE(ErrorOf([] { MeasureDiskSpace("Q:\\file.cht"); }), 0);
+}
+
+TEST(DiskSpace, TheSectorsOfALargeDiskOverflowInsteadOfWrapping) {
+  // A disk of this machine holds more than 2 GiB; the old measurement caps or overflows, it never invents a number.
+  try {
+    const DiskSpace space = MeasureDiskSpaceBySectors("C:\\");
+    EXPECT_LE(space.total, 0x7FFFFFFFU);
+    EXPECT_LE(space.totalFree, space.total);
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), 6);
+  }
+}
+
+TEST(Clipboard, APictureGoesThroughUnchanged) {
+  Win32Clipboard clipboard;
+  clipboard.Clear();
+  EXPECT_EQ(clipboard.Picture(), std::nullopt);
+  Bitmap picture;
+  picture.width = 3;
+  picture.height = 2;
+  picture.dotsPerInch = 192;
+  picture.pixels = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF000000, 0xFFFFFFFF, 0xFF123456};
+  clipboard.SetPicture(picture);
+  const auto taken = clipboard.Picture();
+  ASSERT_TRUE(taken.has_value());
+  EXPECT_EQ(taken->width, 3);
+  EXPECT_EQ(taken->height, 2);
+  EXPECT_EQ(taken->pixels, picture.pixels);
+  EXPECT_NEAR(taken->dotsPerInch, 192, 0.1);
+}
+
+TEST(Renderer, PaintsAtTheScaleAskedFor) {
+  const GdiplusSession session;
+  GdiplusFonts fonts;
+  GdiplusRenderer renderer(fonts);
+  const Bitmap picture = renderer.Render({10, 4}, 2.0, [](Canvas& canvas) {
+    EXPECT_EQ(canvas.Extent().width, 10);
+    canvas.PushClip({0, 0, 5, 4});
+    canvas.FillRect({0, 0, 10, 4}, Color{255, 0, 0});
+    canvas.PopClip();
+    EXPECT_GT(canvas.MeasureText("Wide text", Font{"No such family", 9.0}).width, 20);
+  });
+  ASSERT_EQ(picture.width, 20);
+  ASSERT_EQ(picture.height, 8);
+  EXPECT_EQ(picture.dotsPerInch, 192);
+  EXPECT_EQ(picture.pixels[2], 0xFFFF0000U);
+  EXPECT_EQ(picture.pixels[17], 0xFFFFFFFFU) << "outside the clip it stays white";
+  EXPECT_TRUE(renderer.Render({0, 5}, 1.0, [](Canvas&) {}).Empty());
+}
+
+TEST(Locale, WritesMomentsAsTheUserDoes) {
+  const Win32Locale locale;
+  EXPECT_EQ(locale.Numbers().decimalSeparator, ".");
+  const DateTime moment{2026, 1, 31, 8, 5, 9, 0};
+  EXPECT_THAT(locale.DateText(moment), ::testing::HasSubstr("2026"));
+  EXPECT_THAT(locale.TimeText(moment), ::testing::HasSubstr("05:09"));
+}
+
+}  // namespace
+}  // namespace chartproject::win32
