@@ -122,7 +122,7 @@ void FormDriver::Capture(const std::string& fileName) const {
   ReleaseDC(window_, screen);
   constexpr CLSID kPngEncoder = {0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
   Gdiplus::Bitmap picture(copy.Get(), nullptr);
-  EXPECT_EQ(picture.Save(win32::ToWide(fileName).c_str(), &kPngEncoder), Gdiplus::Ok) << fileName;
+  EXPECT_EQ(picture.Save(win32::ToWide(fileName).c_str(), &kPngEncoder, nullptr), Gdiplus::Ok) << fileName;
 }
 
 BoxDriver::BoxDriver(DWORD process) : window_(Find(L"#32770", process, L"")) {

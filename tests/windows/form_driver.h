@@ -29,7 +29,7 @@ class FormDriver {
   [[nodiscard]] bool Visible(const std::string& name) const;
   [[nodiscard]] bool Enabled(const std::string& name) const;
   [[nodiscard]] std::string Text(const std::string& name) const;
-  [[nodiscard]] long Send(const std::string& name, UINT message, WPARAM word = 0, LPARAM data = 0) const;
+  long Send(const std::string& name, UINT message, WPARAM word = 0, LPARAM data = 0) const;
 
   /// Chooses the item of a drop-down list that has this text.
   void Select(const std::string& name, const std::wstring& item) const;
