@@ -368,6 +368,23 @@ TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
   });
 }
 
+TEST_F(ChartWindowTest, ExportsTheOpenFileAndIsUsableAgain) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    fakes.dialogs.answers = {box_answer::kYes};
+    fakes.dialogs.whileUp = [&](const MessageBoxRequest& request) {
+      if (request.prompt.find("saved as") != std::string::npos) return;
+      EXPECT_EQ(form.Pointer(), MousePointer::kDefault) << request.prompt;
+    };
+    form.cmdExport.Press();
+    EXPECT_THAT(fakes.dialogs.TakePrompts().back(), "File was saved as: /data/Test.cht.xls");
+    EXPECT_EQ(form.Pointer(), MousePointer::kDefault);
+    form.hsbGraph.SetValue(10);
+    EXPECT_EQ(FirstLabel(form), 11);
+  });
+  EXPECT_EQ(fakes.spreadsheets.log.cells.at("1!22,2"), "=1");
+}
+
 TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
   Put("100", 100);
   fakes.dialogs.answers = {box_answer::kNo};
