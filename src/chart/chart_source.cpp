@@ -52,7 +52,7 @@ void ChartSource::Open(const std::string& fileName, ChartHeader& header) {
 }
 
 std::uint64_t ChartSource::HeaderPrint(InputFile& file) const {
-  constexpr std::uint64_t kMostBytes = 64 * 1024;
+  constexpr std::uint64_t kMostBytes = std::uint64_t{64} * 1024;
   std::vector<char> bytes(static_cast<std::size_t>(std::min(headerSize_, kMostBytes)));
   file.Seek(0);
   std::size_t filled = 0;

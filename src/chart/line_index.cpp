@@ -8,7 +8,7 @@
 namespace chartproject {
 namespace {
 
-constexpr std::size_t kBlockSize = 256 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
 /// Blocks between two calls of the progress function: some milliseconds of reading.
 constexpr int kBlocksPerReport = 16;
 /// Few enough bytes that looking through them again for one line costs nothing.

@@ -7,7 +7,7 @@
 namespace chartproject {
 namespace {
 
-constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
 
 /// The lines of a file from an offset on, as views into a block that is read again and again.
 class LineCursor {
