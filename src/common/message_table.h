@@ -1,4 +1,4 @@
-// The numbered messages: every text of the documented dialogs, in Portuguese, English and Spanish.
+// The numbered messages: every text of the dialogs, in Portuguese, English and Spanish.
 #pragma once
 
 #include <string>

@@ -24,7 +24,7 @@ namespace chartproject {
 [[nodiscard]] std::int16_t RoundToInteger16(double value);
 [[nodiscard]] std::int32_t RoundToInteger32(double value);
 
-/// Checked arithmetic of the documented 16- and 32-bit routines: the value when it fits, else RunTimeError 6.
+/// Checked arithmetic of the 16- and 32-bit routines: the value when it fits, else RunTimeError 6.
 [[nodiscard]] std::int16_t CheckedInteger16(std::int64_t value);
 [[nodiscard]] std::int32_t CheckedInteger32(std::int64_t value);
 

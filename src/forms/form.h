@@ -79,7 +79,7 @@ class Form {
   void SetTop(double twips);
   /// As the height, never less than the layout needs; takes effect before the window's first display.
   void SetWidth(double twips) noexcept { width_ = twips; }
-  /// The documented height; a window is never made smaller than its layout needs.
+  /// The height that the form asks for; a window is never made smaller than its layout needs.
   void SetHeight(double twips);
   /// Called by the view when the user moved or sized the window: no notice goes back.
   void PlaceChangedByUser(double left, double top, double width, double height) noexcept;

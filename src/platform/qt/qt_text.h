@@ -15,7 +15,7 @@ namespace chartproject {
   return text.toStdString();
 }
 
-/// A file name as the system's own routines take it: "\" of the documented names stands for "/".
+/// A file name as the system's own routines take it: "\" stands for "/" in the core's names.
 [[nodiscard]] inline QString FileNameToQt(std::string_view name) {
   return ToQt(name).replace(QLatin1Char('\\'), QLatin1Char('/'));
 }
