@@ -103,7 +103,8 @@ void AcquireForm::OnLoad() {
   cmdNewFile.SetToolTipText(LoadExtraText(component_, ExtraText::kNewFileTip));
   cmdBrowse.SetToolTipText(LoadExtraText(component_, ExtraText::kBrowseTip));
   ResetForm();
-  NameFile(JoinPath(component_.settings.strFolder, "Test.cht"));
+  // A chart file that cannot be read is told, and the dialog opens all the same.
+  RunHandler("FileNameChanged", [this] { NameFile(JoinPath(component_.settings.strFolder, "Test.cht")); });
   LayoutChanged();  // the window's width, which its place depends on, follows from the texts
   SetHeight(kSetUpHeight);
   for (Control* control : Controls()) {
@@ -136,8 +137,7 @@ void AcquireForm::ResetForm() {
   const HourglassScope hourglass(*this);
   cmdViewChart.SetVisible(false);
   FillDriveAddressList();
-  FillNumberOfParametersList();
-  txtNumberOfPoints.SetText("5");
+  ResetCounts();
   SetUpTimeFields();
   FillEventList();
   txtContent.SetText("0");
@@ -146,6 +146,19 @@ void AcquireForm::ResetForm() {
   UpdateStartButtons();
   // Typing a file name resets the other fields at every letter; the letters that follow belong to the name.
   if (!typingFileName_ && cboDriveAddress.Visible()) cboDriveAddress.SetFocus();
+}
+
+void AcquireForm::ResetCounts() {
+  constexpr std::string_view kPoints = "5";
+  // One check of the points for both fields: a refusal is said once, and not of a number that is about to go.
+  resettingCounts_ = true;
+  FillNumberOfParametersList();
+  resettingCounts_ = false;
+  if (txtNumberOfPoints.Text() == kPoints) {
+    txtNumberOfPoints_Change();
+  } else {
+    txtNumberOfPoints.SetText(kPoints);
+  }
 }
 
 bool AcquireForm::OnQueryClose() {

@@ -126,6 +126,7 @@ class AcquireForm : public Form {
   void On(Event& event, const Control& control, std::string_view eventName, void (AcquireForm::*handler)());
   void LoadPictures();
   void ResetForm();
+  void ResetCounts();
   void cmdReset_Click();
   void cmdOK_Click();
   void cmdViewChart_Click();
@@ -216,6 +217,7 @@ class AcquireForm : public Form {
   Stopwatch stopwatch_;
   int stopwatchTarget_ = 0;  ///< seconds between points in the unit hh:mm:ss
   Instant samplingBegan_{};
+  Instant lastPointAt_{};           ///< the moment of the last point; that of the start before the first
   std::int64_t shownSeconds_ = -1;  ///< elapsed seconds that lblRunTimes shows
   std::string lastAcceptedPoints_;
   std::string lastAcceptedTime_;
@@ -227,11 +229,12 @@ class AcquireForm : public Form {
     friend bool operator==(const LoadedDriver&, const LoadedDriver&) = default;
   };
   LoadedDriver loadedDriver_;
-  std::string driverFileError_;  ///< said once, not at every reset
-  bool namingFile_ = false;      ///< the program sets the file name, and reacts to it itself
-  bool puttingBack_ = false;     ///< an accepted text comes back; it is not refused again
-  bool typingFileName_ = false;  ///< the focus stays in the file-name box
-  bool emptyingTime_ = false;    ///< the ms rule empties the field; nothing is put back
+  std::string driverFileError_;   ///< said once, not at every reset
+  bool namingFile_ = false;       ///< the program sets the file name, and reacts to it itself
+  bool puttingBack_ = false;      ///< an accepted text comes back; it is not refused again
+  bool typingFileName_ = false;   ///< the focus stays in the file-name box
+  bool resettingCounts_ = false;  ///< the number of points is checked when both counts are set
+  bool emptyingTime_ = false;     ///< the ms rule empties the field; nothing is put back
 };
 
 }  // namespace chartproject

@@ -59,6 +59,7 @@ void AcquireForm::PutBack(TextControl& field, const std::string& text) {
 }
 
 bool AcquireForm::RoomFor(std::int32_t points) {
+  if (typingFileName_) return true;  // a box at every letter helps nobody; Start asks again
   const double required = EstimateBytes(points, ParameterCount());
   double free = 0;
   try {

@@ -134,7 +134,7 @@ void AcquireForm::cboNumberOfParameters_Click() {
   const HourglassScope hourglass(*this);
   for (ComboBox* list : ParameterLists()) SelectFirst(*list);
   EnableParameterLists();
-  txtNumberOfPoints_Change();
+  if (!resettingCounts_) txtNumberOfPoints_Change();
 }
 
 void AcquireForm::cboTriggerMode_Click() {

@@ -1,4 +1,6 @@
 // The recording as the dialog runs it: arming, the event watch, sampling ticks, Esc, finishing.
+#include <algorithm>
+
 #include "acquire/acquire_form.h"
 #include "acquire/form_messages.h"
 #include "acquire/input_rules.h"
@@ -113,6 +115,7 @@ void AcquireForm::BeginSampling() {
   stopwatch_.Reset();
   lblElapsedTime.SetCaption(stopwatch_.Text());
   samplingBegan_ = component_.ports.clock.Now();
+  lastPointAt_ = samplingBegan_;
   shownSeconds_ = -1;
   ShowRunTimes();
   tmrAcquire.SetEnabled(true);
@@ -147,6 +150,7 @@ void AcquireForm::tmrAcquire_Tick() {
   if (run_.State() != RunState::kSampling) return;
   if (PointIsDue()) {
     run_.TakePoint();
+    lastPointAt_ = component_.ports.clock.Now();
     ShowProgress();
     if (pointTaken) pointTaken(run_);
   }
@@ -170,9 +174,12 @@ void AcquireForm::ShowRunTimes() {
   const std::int64_t seconds = std::chrono::duration_cast<std::chrono::seconds>(now - samplingBegan_).count();
   if (seconds == shownSeconds_) return;
   shownSeconds_ = seconds;
-  const std::int64_t remaining =
-      MillisecondsBetweenPoints() * (std::int64_t{run_.Plan().numberOfPoints} - run_.Counter()) / 1000;
+  // Counted from the last point, so that the end stands still between two of them.
+  const std::int64_t sinceLast = std::chrono::duration_cast<std::chrono::milliseconds>(now - lastPointAt_).count();
+  const std::int64_t left =
+      MillisecondsBetweenPoints() * (std::int64_t{run_.Plan().numberOfPoints} - run_.Counter()) - sinceLast;
   const DateTime today = component_.ports.clock.LocalNow();
+  const std::int64_t remaining = (std::max(left, std::int64_t{0}) + today.millisecond + 500) / 1000;
   lblRunTimes.SetCaption(
       FillIn(LoadExtraText(component_, ExtraText::kElapsedAndEnd),
              {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
@@ -208,6 +215,8 @@ void AcquireForm::tmrEventTrigger_Tick() {
 }
 
 void AcquireForm::tmrMonitorEsc_Tick() {
+  // The elapsed time goes on when the points lie far apart.
+  if (run_.State() == RunState::kSampling) ShowRunTimes();
   if (!component_.ports.keyboard.EscapePressed()) return;
   // The same key would press the dialog's cancel button as soon as the button is usable again.
   cmdOK.SetCancel(false);
@@ -243,8 +252,6 @@ void AcquireForm::ReportEnd() {
   if (run_.End() == RunEnd::kDiskSpace) {
     Warn(LoadMessage(component_, kTooLittleSpace) + BytesText(static_cast<double>(run_.FreeSpace())));
     PlayWave(component_, kCompleteSound);
-  } else if (run_.End() == RunEnd::kFailed) {
-    Warn(run_.FailureReason());
   }
 }
 
@@ -266,6 +273,8 @@ void AcquireForm::FinishRun() {
 }
 
 void AcquireForm::ReportWriting(const ChartWriteResult& result) {
+  // Said only now: while a box waits for its answer, points that stand in memory would not be safe.
+  if (run_.End() == RunEnd::kFailed && !run_.FailureReason().empty()) Warn(run_.FailureReason());
   const std::string kept =
       result.keptFile.empty() ? std::string() : LoadMessage(component_, kPointsSavedOn) + result.keptFile;
   if (result.kind == ChartWriteResult::Kind::kRowsInSpool) {

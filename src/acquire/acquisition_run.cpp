@@ -28,6 +28,7 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   plan_ = plan;
   counter_ = 0;
   end_ = RunEnd::kNone;
+  failureReason_.clear();
   state_ = RunState::kArmed;
 }
 
@@ -38,7 +39,6 @@ void AcquisitionRun::BeginSampling(const RunPlan& plan) {
 
 void AcquisitionRun::BeginSampling() {
   spoolFileName_ = SpoolFileName(plan_.fileName);
-  failureReason_.clear();
   freeSpaceRule_.Reset();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 1, PointRow{});
   ChartHeader& header = component_.chartHeader;

@@ -69,7 +69,7 @@ class AcquisitionRun {
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
   /// Free bytes found when the run ended with RunEnd::kDiskSpace.
   [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpaceRule_.FreeSpace(); }
-  /// The system's reason for RunEnd::kFailed.
+  /// The system's reason for RunEnd::kFailed; empty when the watch for the event failed.
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
  private:

@@ -44,6 +44,18 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_THAT(fake.files.Bytes("\\Kestrel.log"), HasSubstr("Select.cur"));
 }
 
+TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
+  fake.files.Put(kChart, "[INFO]\r\n");
+  fake.files.before = [](const std::string& operation, const std::string& name) {
+    if (operation == "read" && name == kChart) throw RunTimeError(error_number::kPermissionDenied, "unreadable");
+  };
+  form = std::make_unique<AcquireForm>(component);
+  form->Load();
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(HasSubstr("unreadable")));
+  EXPECT_EQ(form->tmrMonitorEsc.Interval(), 100);
+  EXPECT_EQ(form->HelpContextId(), 91);
+}
+
 TEST_F(AcquireFormTest, NoDriveNoList) {
   component.driveTable.Clear();
   Open();
@@ -195,6 +207,21 @@ TEST_F(AcquireFormTest, PointsNeedRoomOnTheDisk) {
   form->txtNumberOfPoints.SetText("1000000");
   EXPECT_EQ(form->txtNumberOfPoints.Text(), "1000000");
   EXPECT_EQ(form->lblEstimate.Caption(), "Duration 11 d 13:46:40, about 66.76 MB.");
+}
+
+TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
+  const std::string refusal = "Insufficient disk space: 9 bytes. Required space: 900 bytes";
+  fake.files.space.totalFree = 9;
+  form = std::make_unique<AcquireForm>(component);
+  form->Load();
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(refusal));
+  EXPECT_FALSE(StartShown());
+  form->rtfFileName.SetText("D");
+  form->rtfFileName.SetText("D:");
+  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+  form->cmdStart.Press();
+  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(refusal));
+  EXPECT_EQ(form->Run().State(), RunState::kIdle);
 }
 
 TEST_F(AcquireFormTest, EventsThatTheModelLacksDoNotStaySelected) {

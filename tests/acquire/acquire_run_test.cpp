@@ -119,6 +119,7 @@ TEST_F(AcquireRunTest, StopwatchSpacesThePoints) {
   form->cmdStart.Press();
   RunUntil(seconds(4));
   EXPECT_EQ(form->lblElapsedTime.Caption(), "00:00:04");
+  EXPECT_EQ(form->lblRunTimes.Caption(), "Elapsed 00:00:04, expected end 08:00:10");
   EXPECT_EQ(form->Run().Counter(), 0);
   RunUntil(seconds(5));
   EXPECT_EQ(form->lblElapsedTime.Caption(), "00:00:00");
@@ -208,6 +209,8 @@ TEST_F(AcquireRunTest, ABrokenLinkEndsTheRunOnceWithItsReason) {
   Start(10);
   RunUntil(seconds(2));
   plant.broken = true;
+  // Points in memory are written before a box waits for an answer.
+  fake.dialogs.whileUp = [this](const MessageBoxRequest&) { EXPECT_TRUE(fake.files.Has(kChart)); };
   RunToEnd();
   EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("the link is gone"));
   EXPECT_EQ(Rows()[1], "08:00:02#50#####");
