@@ -14,8 +14,9 @@ constexpr double kSmallestShown = 1e-300;
 constexpr double kNarrowestShare = 1e-9;
 /// Zero is shown when the gap below the data is at most this share of the data's far end.
 constexpr double kNearZeroShare = 0.3;
-/// Rounding noise of a division, in steps.
-constexpr double kStepNoise = 1e-9;
+/// By this share of a step, less than a pixel, data may reach beyond the last tick: noise around zero adds no step.
+constexpr double kOvershoot = 0.02;
+constexpr double kLogarithmNoise = 1e-9;
 /// From here on, and for steps below 10^-5, texts carry an exponent.
 constexpr double kLongestFixed = 1e7;
 constexpr int kFinestFixedExponent = -5;
@@ -62,7 +63,7 @@ std::string ToText(double value, std::chars_format kind, int decimals) {
 }
 
 int ExponentOf(double magnitude) {
-  return static_cast<int>(std::floor(std::log10(magnitude) + kStepNoise));
+  return static_cast<int>(std::floor(std::log10(magnitude) + kLogarithmNoise));
 }
 
 }  // namespace
@@ -85,9 +86,9 @@ ValueAxis ChooseValueAxis(const ValueRange& range, bool withZero, int maximumSte
   axis.exponent = ExponentOf((high - low) / allowed);
   for (;; NextStep(axis)) {
     const double step = Multiple(1, axis.mantissa, axis.exponent);
-    axis.firstTick = static_cast<std::int64_t>(std::floor(low / step + kStepNoise));
-    axis.lastTick = static_cast<std::int64_t>(std::ceil(high / step - kStepNoise));
-    if (axis.lastTick - axis.firstTick <= allowed) return axis;
+    axis.firstTick = static_cast<std::int64_t>(std::floor(low / step + kOvershoot));
+    axis.lastTick = static_cast<std::int64_t>(std::ceil(high / step - kOvershoot));
+    if (axis.lastTick > axis.firstTick && axis.lastTick - axis.firstTick <= allowed) return axis;
   }
 }
 

@@ -162,6 +162,7 @@ TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {
     chart.Paint(fresh);
     std::vector<std::string> shown;
     const auto& all = fresh.drawn.Texts();
+    shown.reserve(all.size());
     for (const SceneText& text : all) shown.push_back(text.text);
     return shown;
   };

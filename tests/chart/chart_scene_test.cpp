@@ -36,6 +36,7 @@ ChartModel ModelOf(int kind, std::vector<std::vector<double>> columns, int divis
 
 std::vector<double> Wave(int rows, double height, double phase) {
   std::vector<double> values;
+  values.reserve(static_cast<std::size_t>(rows));
   for (int row = 0; row < rows; ++row) values.push_back(height * std::sin(row * 0.37 + phase));
   return values;
 }
@@ -45,7 +46,7 @@ ChartScene Build(const ChartModel& model, Size size = {640, 360}) {
 }
 
 /// Fills of the shapes that show a series: all of a tone of its colour.
-std::vector<Color> Fills(const ChartScene& chart, std::set<SceneShape::Kind> kinds) {
+std::vector<Color> Fills(const ChartScene& chart, const std::set<SceneShape::Kind>& kinds) {
   std::vector<Color> fills;
   for (const SceneShape& shape : chart.scene.Shapes()) {
     const bool tinted = shape.fill.red != shape.fill.green || shape.fill.green < shape.fill.blue;

@@ -49,7 +49,7 @@ ChartModel ModelOf(int kind) {
     for (int row = 0; row < model.rowCount; ++row) {
       series.values.push_back(20 + 12 * s + 35 * std::sin(row * 0.3 + s * 1.3) + (row * 7 + s) % 5);
     }
-    series.values[static_cast<std::size_t>(6 + 4 * s)] = std::numeric_limits<double>::quiet_NaN();
+    series.values[6 + 4 * static_cast<std::size_t>(s)] = std::numeric_limits<double>::quiet_NaN();
     series.showMarker = s % 2 == 0;
     model.series.push_back(std::move(series));
   }

@@ -26,7 +26,7 @@ QRectF ToQRect(const Rect& rect) {
 }
 
 QPen ToQPen(const Pen& pen) {
-  if (pen.style == PenStyle::kNone) return QPen(Qt::NoPen);
+  if (pen.style == PenStyle::kNone) return {Qt::NoPen};
   QPen result(ToQColor(pen.color), pen.width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin);
   if (pen.style == PenStyle::kDash) result.setDashPattern({4, 3});
   if (pen.style == PenStyle::kDot) result.setDashPattern({1, 2});
