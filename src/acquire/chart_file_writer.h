@@ -45,7 +45,7 @@ struct ChartWriteResult {
 };
 
 /// Writes chart files beside their final name and renames them when they are complete and flushed, so that an existing
-/// file is replaced by a whole one or not at all. Throws nothing: what went wrong is in the result.
+/// file is replaced by a whole one or not at all. Writing throws nothing: what went wrong is in the result.
 class ChartFileWriter {
  public:
   ChartFileWriter(FileSystem& files, const CodePage& codePage) : files_(files), codePage_(codePage) {}
