@@ -79,7 +79,7 @@ std::string MemoryFileSystem::Bytes(const std::string& name) const {
 }
 
 bool MemoryFileSystem::FolderExists(const std::string& name) {
-  return !checkFolders || folders.contains(Key(name));
+  return folders.contains(Key(name));
 }
 
 std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::NodeOf(const std::string& name) const {
@@ -127,7 +127,7 @@ void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
 }
 
 void MemoryFileSystem::ChangeFolder(const std::string& name) {
-  if (!FolderExists(name)) throw RunTimeError(error_number::kPathNotFound, "Path not found: " + name);
+  if (checkFolders && !FolderExists(name)) throw RunTimeError(error_number::kPathNotFound, "Path not found: " + name);
   currentFolder_ = name;
 }
 

@@ -11,7 +11,7 @@
 
 namespace chartproject {
 
-/// "\" and "/" are the same; names are case-sensitive. Folders need not exist unless `checkFolders` is set.
+/// "\" and "/" are the same; names are case-sensitive. Any folder can be entered unless `checkFolders` is set.
 class MemoryFileSystem : public FileSystem {
  public:
   struct Node {
@@ -34,7 +34,7 @@ class MemoryFileSystem : public FileSystem {
   std::function<void()> beforeBlock;
   /// Bytes that may still be written before error 61; negative for no limit.
   std::int64_t writeBudget = -1;
-  /// Folder names that exist, when `checkFolders` is set.
+  /// Folder names that exist.
   std::set<std::string> folders;
   bool checkFolders = false;
   int appendCount = 0;
