@@ -14,16 +14,15 @@
 #include "platform/posix/file_system_posix.h"
 #include "support/fake_ports.h"
 
+namespace chartproject {
 namespace {
-
-using namespace chartproject;
 
 constexpr std::int32_t kLongFile = 20'000'000;
 constexpr std::int32_t kShortFile = kLongFile / 10;
 
 /// The file of so many points; made when it is not there yet.
 std::string ChartFile(std::int32_t points) {
-  const std::string name = CHARTPROJECT_BINARY_DIR "/bench/points-" + std::to_string(points) + ".cht";
+  std::string name = CHARTPROJECT_BINARY_DIR "/bench/points-" + std::to_string(points) + ".cht";
   if (std::filesystem::exists(name)) return name;
   const std::string command = "'" CHARTPROJECT_BINARY_DIR "/bench/make_chart_file' '" + name + "' ";
   if (std::system((command + std::to_string(points)).c_str()) != 0) {
@@ -75,7 +74,7 @@ BENCHMARK(OpenAndFirstSlice)->Arg(kShortFile)->Arg(kLongFile)->Unit(benchmark::k
 void PlainCount(benchmark::State& state) {
   FileSystemPosix files;
   const std::string name = ChartFile(kLongFile);
-  std::vector<char> block(256 * 1024);
+  std::vector<char> block(std::size_t{256} * 1024);
   std::int64_t bytes = 0;
   for (auto _ : state) {
     const auto file = files.OpenForReading(name);
@@ -132,12 +131,14 @@ void PeakMemory(benchmark::State& state) {
 BENCHMARK(PeakMemory)->Iterations(1);
 
 }  // namespace
+}  // namespace chartproject
 
 int main(int argc, char** argv) {
-  std::cout << "empty program: " << PeakMebibytes() << " MiB\n";
+  std::cout << "empty program: " << chartproject::PeakMebibytes() << " MiB\n";
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();
-  const std::string peers = "'" CHARTPROJECT_SOURCE_DIR "/bench/chart_peers.py' '" + ChartFile(kLongFile) + "'";
+  const std::string peers =
+      "'" CHARTPROJECT_SOURCE_DIR "/bench/chart_peers.py' '" + chartproject::ChartFile(chartproject::kLongFile) + "'";
   return argc == 1 ? std::system(peers.c_str()) : 0;
 }

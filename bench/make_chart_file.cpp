@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
   std::string rows;
   for (long point = 1; point <= points; ++point) {
     AppendRow(rows, point);
-    if (rows.size() < 1024 * 1024 && point != points) continue;
+    if (rows.size() < std::size_t{1024} * 1024 && point != points) continue;
     file << rows;
     rows.clear();
   }

@@ -7,9 +7,8 @@
 
 #include "chart/slice_reader.h"
 
+namespace chartproject {
 namespace {
-
-using namespace chartproject;
 
 /// Gives at most so many bytes a read, so that lines are cut at every place.
 class BytesFile : public InputFile {
@@ -45,10 +44,9 @@ std::vector<std::string_view> PlainLines(std::string_view bytes, int startLine, 
   return lines;
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size < 3) return 0;
+/// The slice that the first bytes choose, read and compared.
+void CheckSlice(const std::uint8_t* data, std::size_t size) {
+  if (size < 3) return;
   std::string bytes(size - 3, '\0');
   if (size > 3) std::memcpy(bytes.data(), data + 3, size - 3);
   const int startLine = 1 + data[0];
@@ -65,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(slice.columnsInUse <= kColumnCount);
   if (reading.end == SliceEnd::kMalformedLine) {
     Require(reading.malformedLine >= startLine && reading.malformedLine <= endLine);
-    return 0;
+    return;
   }
   // Every line that splits into a row is a row of the slice, in the file's order.
   std::size_t row = 0;
@@ -76,5 +74,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ++row;
   }
   Require(row == slice.times.size());
+}
+
+}  // namespace
+}  // namespace chartproject
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  chartproject::CheckSlice(data, size);
   return 0;
 }

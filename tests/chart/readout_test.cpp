@@ -14,6 +14,7 @@ using ::testing::ElementsAre;
 
 std::vector<std::string> Texts(const std::vector<ReadoutLine>& lines) {
   std::vector<std::string> texts;
+  texts.reserve(lines.size());
   for (const ReadoutLine& line : lines) texts.push_back(std::to_string(line.series) + "|" + line.text);
   return texts;
 }

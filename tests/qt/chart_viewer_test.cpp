@@ -10,7 +10,6 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
