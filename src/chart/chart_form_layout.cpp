@@ -28,7 +28,7 @@ void ChartForm::PlaceControls() {
     cells.push_back(AtLeast(Cell(*series.swatch), kSwatchSize, kSwatchSize));
     cells.push_back(Cell(*series.number));
     cells.push_back(AtLeast(Cell(*series.function, 1), kNameWidth));
-    cells.push_back(Row({Cell(*series.scale), Cell(*series.arrows)}));
+    cells.push_back(Joined(Row({Cell(*series.scale), Cell(*series.arrows)})));
   }
   LayoutBox legend = Column({Grid(4, std::move(cells)), Row({Space(), Cell(lblScaleMsg), Cell(cmdUpdateChart)})});
   LayoutBox top =

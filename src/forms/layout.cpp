@@ -27,19 +27,19 @@ struct Track {
   }
 };
 
-double GapsOf(const std::vector<Track>& tracks) {
+double GapsOf(const std::vector<Track>& tracks, double gap) {
   const auto present = std::count_if(tracks.begin(), tracks.end(), [](const Track& track) { return !track.absent; });
-  return present > 1 ? static_cast<double>(present - 1) * kLayoutGap : 0;
+  return present > 1 ? static_cast<double>(present - 1) * gap : 0;
 }
 
-double LengthOf(const std::vector<Track>& tracks) {
-  return std::accumulate(tracks.begin(), tracks.end(), GapsOf(tracks),
+double LengthOf(const std::vector<Track>& tracks, double gap) {
+  return std::accumulate(tracks.begin(), tracks.end(), GapsOf(tracks, gap),
                          [](double sum, const Track& track) { return sum + track.length; });
 }
 
 /// Gives what is left over of `room` to the tracks that stretch. A room too small leaves them as they are.
-void ShareOut(std::vector<Track>& tracks, double room) {
-  const double rest = room - LengthOf(tracks);
+void ShareOut(std::vector<Track>& tracks, double gap, double room) {
+  const double rest = room - LengthOf(tracks, gap);
   const double shares = std::accumulate(tracks.begin(), tracks.end(), 0.0,
                                         [](double sum, const Track& track) { return sum + track.stretch; });
   if (rest <= 0 || shares <= 0) return;
@@ -47,12 +47,12 @@ void ShareOut(std::vector<Track>& tracks, double room) {
 }
 
 /// Where each track begins.
-std::vector<double> StartsOf(const std::vector<Track>& tracks, double origin) {
+std::vector<double> StartsOf(const std::vector<Track>& tracks, double gap, double origin) {
   std::vector<double> starts;
   starts.reserve(tracks.size());
   for (const Track& track : tracks) {
     starts.push_back(origin);
-    if (!track.absent) origin += track.length + kLayoutGap;
+    if (!track.absent) origin += track.length + gap;
   }
   return starts;
 }
@@ -181,7 +181,7 @@ double Arranger::LeastWidth(const LayoutBox& box) {
   } else if (box.control != nullptr) {
     width = PreferredSize(*box.control).width;
   } else {
-    width = LengthOf(ColumnsOf(box));
+    width = LengthOf(ColumnsOf(box), box.gap);
   }
   if (box.alignment != 0) width = std::max(width, alignments_[box.alignment]);
   return std::max(width, box.minimumWidth);
@@ -196,8 +196,8 @@ double Arranger::HeightAt(const LayoutBox& box, double width) {
     height = measurer_.HeightForWidth(*box.control, width);
   } else {
     std::vector<Track> columns = ColumnsOf(box);
-    ShareOut(columns, width);
-    height = LengthOf(RowsOf(box, columns));
+    ShareOut(columns, box.gap, width);
+    height = LengthOf(RowsOf(box, columns), box.gap);
   }
   return std::max(height, box.minimumHeight);
 }
@@ -234,11 +234,11 @@ void Arranger::Place(const LayoutBox& box, const Rect& area) {
   }
   const Cells cells = CellsOf(box);
   std::vector<Track> columns = ColumnsOf(box);
-  ShareOut(columns, area.width);
+  ShareOut(columns, box.gap, area.width);
   std::vector<Track> rows = RowsOf(box, columns);
-  ShareOut(rows, area.height);
-  const std::vector<double> lefts = StartsOf(columns, area.x);
-  const std::vector<double> tops = StartsOf(rows, area.y);
+  ShareOut(rows, box.gap, area.height);
+  const std::vector<double> lefts = StartsOf(columns, box.gap, area.x);
+  const std::vector<double> tops = StartsOf(rows, box.gap, area.y);
   for (std::size_t i = 0; i < box.children.size(); ++i) {
     const std::size_t column = i % cells.columns;
     const std::size_t row = i / cells.columns % cells.rows;
@@ -313,6 +313,11 @@ LayoutBox Stretched(LayoutBox box, double stretchX, double stretchY) {
 
 LayoutBox Collapsing(LayoutBox box) {
   box.collapses = true;
+  return box;
+}
+
+LayoutBox Joined(LayoutBox box) {
+  box.gap = 0;
   return box;
 }
 

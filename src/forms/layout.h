@@ -36,8 +36,9 @@ struct LayoutBox {
   double stretchY = 0;
   double minimumWidth = 0;
   double minimumHeight = 0;
-  int alignment = 0;       ///< not 0: as wide as the widest box of the same number anywhere in the layout
-  bool collapses = false;  ///< an invisible control gives its room away (default: keeps it)
+  double gap = kLayoutGap;  ///< between the children
+  int alignment = 0;        ///< not 0: as wide as the widest box of the same number anywhere in the layout
+  bool collapses = false;   ///< an invisible control gives its room away (default: keeps it)
 };
 
 /// Leaf: one control. A stack: children in the same place. Row and column: side by side and below each other.
@@ -52,6 +53,8 @@ struct LayoutBox {
 [[nodiscard]] LayoutBox Group(Control& container, LayoutBox content);
 [[nodiscard]] LayoutBox Stretched(LayoutBox box, double stretchX, double stretchY);
 [[nodiscard]] LayoutBox Collapsing(LayoutBox box);
+/// Without gaps between the children: a field and the arrows that belong to it.
+[[nodiscard]] LayoutBox Joined(LayoutBox box);
 [[nodiscard]] LayoutBox Aligned(int alignment, LayoutBox box);
 [[nodiscard]] LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight = 0);
 

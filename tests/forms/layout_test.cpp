@@ -61,6 +61,8 @@ TEST_F(LayoutTest, RowsShareTheWidthThatIsLeftOver) {
   EXPECT_EQ(a_.Place(), (Rect{0, 10, 30, 20}));  // keeps its height, in the middle
   EXPECT_EQ(b_.Place(), (Rect{38, 10, 60, 20}));
   EXPECT_EQ(c_.Place(), (Rect{106, 10, 40, 20}));
+  ArrangeIn(Joined(Row({Cell(a_), Cell(b_)})), 80, 20);
+  EXPECT_EQ(b_.Place().x, 30);
 }
 
 TEST_F(LayoutTest, ColumnsAreAsWideAsTheirBoxAndStretchDown) {

@@ -46,7 +46,7 @@ bool IsCut(const QWidget& widget) {
 DialogWindow::DialogWindow(const std::string& language) {
   Settings& settings = component.settings;
   settings.strLanguage = language;
-  settings.strFolder = "C:\\Projects\\Press line 4";
+  settings.strFolder = "/home/ana/Press line 4";
   settings.strDrivers = "C:\\Drivers";
   settings.intSelectedDrive = 1;
   SetLanguageBase(component);

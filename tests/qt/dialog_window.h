@@ -30,7 +30,7 @@ struct DialogWindow {
   Ports ports{fakes.settings, fakes.files, clock, fakes.locale,    fakes.codePage, dialogs,
               fakes.sound,    keyboard,    help,  fakes.clipboard, fakes.printer,  fakes.spreadsheets};
   Component component{ports, host, plant};
-  static constexpr const char* kChart = "C:\\Projects\\Press line 4\\Test.cht";
+  static constexpr const char* kChart = "/home/ana/Press line 4/Test.cht";
 };
 
 /// Names of the visible widgets of a window that show less than their whole text.
