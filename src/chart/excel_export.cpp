@@ -50,11 +50,12 @@ SkippedLines ForEachPoint(Component& component, const ExportRequest& request, Ta
       rows = line.text.find(kRowsMark) != std::string_view::npos;
       continue;
     }
-    const auto row = line.cut ? std::nullopt : SplitRow(line.text);
-    if (row) {
+    const std::string_view text = Trim(line.text);
+    if (text.empty() || text.front() == '\'') continue;  // a comment may hold what looks like a point
+    if (const auto row = line.cut ? std::nullopt : SplitRow(text)) {
       take(*row);
-    } else if (const std::string_view text = Trim(line.text); !text.empty() && text.front() != '\'') {
-      if (skipped.count++ == 0) skipped.first = line.number;
+    } else if (skipped.count++ == 0) {
+      skipped.first = line.number;
     }
   }
   return skipped;
@@ -184,7 +185,10 @@ class Export {
     }
     SpreadsheetApplications& applications = component_.ports.spreadsheets;
     if (const auto limits = applications.Limits(target_)) {
-      if (const auto fitting = PointsThatFit(component_, request_, *limits)) return RefuseSize(*fitting);
+      ShowBusy(true);  // a long file takes its time to be measured
+      const auto fitting = PointsThatFit(component_, request_, *limits);
+      ShowBusy(false);
+      if (fitting) return RefuseSize(*fitting);
     }
     if (component_.ports.files.FileExists(target_)) {
       if (!Ask(LoadMessage(component_, 89) + target_ + LoadMessage(component_, 90))) return ExportOutcome::kDeclined;

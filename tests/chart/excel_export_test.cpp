@@ -43,7 +43,7 @@ struct ExcelExportTest : ::testing::Test {
 };
 
 TEST_F(ExcelExportTest, WritesHeaderAndPointsAndReports) {
-  PutChart("08:00:01#50.25#7####\r\n'comment\r\n\r\n08:00:02#1,5#--####\r\nrubbish\r\n08:00:03#\xE9#####\r\n");
+  PutChart("08:00:01#50.25#7####\r\n'08:00:02#9#####\r\n\r\n08:00:02#1,5#--####\r\nrubbish\r\n08:00:03#\xE9#####\r\n");
   std::vector<bool> busy;
   request.busy = [&busy](bool on) { busy.push_back(on); };
   fakes.dialogs.answers = {box_answer::kYes};
@@ -141,7 +141,12 @@ TEST_F(ExcelExportTest, CanBeGivenUpAndRefusesWhatDoesNotFit) {
   EXPECT_GT(lastDone, 0U);
   EXPECT_THAT(log.calls, ElementsAre("attach: none", "create", "workbooks.Add", "quit", "release"));
 
-  request.progress = {};
+  std::vector<bool> busy;
+  request.busy = [&busy](bool on) { busy.push_back(on); };
+  request.progress = [&](std::uint64_t, std::uint64_t) {
+    EXPECT_TRUE(busy.back());  // also while the file is measured: nothing else may be begun
+    return true;
+  };
   log.calls.clear();
   fakes.dialogs.boxes.clear();
   fakes.files.Put(target, "old");
@@ -150,6 +155,7 @@ TEST_F(ExcelExportTest, CanBeGivenUpAndRefusesWhatDoesNotFit) {
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr("1,000 points would fit")));
   EXPECT_THAT(log.calls, IsEmpty());
   EXPECT_EQ(fakes.files.Bytes(target), "old");
+  EXPECT_THAT(busy, ElementsAre(true, false));
   fakes.spreadsheets.limits = WorkbookLimits{1'000'000'000, 1};
   EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kDeclined);  // fits; the overwrite is declined
 }
