@@ -104,7 +104,7 @@ class PageDrawing {
     if (page_.series.empty()) DrawValue("", column, kValueFont);
     for (std::size_t s = 0; s < page_.series.size(); ++s) {
       const ChartPageSeries& series = page_.series[s];
-      std::string text = ParameterName(static_cast<std::int16_t>(series.parameter));
+      std::string text = ParameterName(series.parameter);
       if (!series.name.empty()) text += ", " + series.name;
       text += ", " + LoadMessage(component_, 79) + ": " + series.scale;
       PrintFont font = kValueFont;

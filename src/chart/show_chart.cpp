@@ -43,7 +43,11 @@ void PrintFromClipboard(Component& component, ChartForm& window) {
       ShowMessage(component, LoadMessage(component, kPrintQuestion), box_style::kYesNo + box_style::kQuestion);
   if (answer != box_answer::kYes) return;
   picture = PictureOnClipboard(component);
-  PrintChartPage(component, window.DescribePage(std::move(picture)));
+  ChartPage page = window.DescribePage(std::move(picture));
+  page.showStatus = [&window](const std::string& text) {
+    window.SetPointer(text.empty() ? MousePointer::kDefault : MousePointer::kHourglass);
+  };
+  PrintChartPage(component, page);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ struct ChartPageTest : ::testing::Test {
     page.header.ScanTime = "1000";
     page.header.Unit = "ms";
     page.header.NumberOfPoints = "100";
-    page.series = {{3, "Motor current", "1"}, {5, "", "20"}};
+    page.series = {{3, "Motor current", "1"}, {40000, "", "20"}};
     page.grid = true;
     page.line = true;
     page.chartType = "2D Line";
@@ -52,7 +52,7 @@ TEST_F(ChartPageTest, PrintsEveryLineInItsOrderPlaceAndColour) {
   const std::string blanks(22, ' ');
   EXPECT_THAT(Texts(), ElementsAre("Kestrel v5.60", "31/01/2026" + blanks + "8h00m00" + blanks + "Test.cht",
                                    "Chart File: ", "/data/Test.cht", "Drive Address: ", "01", "Parameters: ",
-                                   "P003, Motor current, Scale 1...32767: 1", "P005, Scale 1...32767: 20",
+                                   "P003, Motor current, Scale 1...32767: 1", "P40000, Scale 1...32767: 20",
                                    "Grid: ", "Yes", "Marker: ", "No", "Line: ", "Yes", "Chart Type: ", "2D Line",
                                    "Time among Points: ", "1000 ms", "Number of Points: ", "100"));
   const auto& texts = fakes.printer.texts;
