@@ -92,10 +92,17 @@ void ChartForm::Connect() {
   }
   On(mscChart1.pointerRowChanged, mscChart1, "PointerRowChanged", &ChartForm::mscChart1_PointerRowChanged);
   On(mscChart1.cursorsChanged, mscChart1, "CursorsChanged", &ChartForm::mscChart1_CursorsChanged);
-  mscChart1.key = [this](Key key, bool /*shift*/) { return ScrollByKey(key); };
+  // The file may be gone by now: what these throw is an error of the window, too.
+  mscChart1.key = [this](Key key, bool /*shift*/) {
+    bool used = true;
+    RunHandler("mscChart1_KeyDown", [&] { used = ScrollByKey(key); });
+    return used;
+  };
   mscChart1.wheel = [this](int notches) {
     constexpr int kDivisionsPerNotch = 3;
-    ScrollTo(std::int64_t{sliceStart_} - std::int64_t{notches} * kDivisionsPerNotch * pointsPerDivision_);
+    RunHandler("mscChart1_Wheel", [&] {
+      ScrollTo(std::int64_t{sliceStart_} - std::int64_t{notches} * kDivisionsPerNotch * pointsPerDivision_);
+    });
     return true;
   };
 }

@@ -148,7 +148,9 @@ bool ChartForm::LoadSlice() {
   if (reading_) return false;
   if (source_.HasPoints() && source_.Replaced()) {
     ShowFile(source_.FileName());
-    return true;
+    if (DriveIsKnown()) return true;
+    Unload();  // the numbers of the file that was shown do not hold for this one
+    return false;
   }
   SliceReading reading = ReadVisibleSlice();
   switch (reading.end) {

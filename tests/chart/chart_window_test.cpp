@@ -195,6 +195,18 @@ TEST_F(ChartWindowTest, KeysAndWheelScrollByDivisionsAlsoWhereTheBarIsCoarse) {
   });
 }
 
+TEST_F(ChartWindowTest, KeysAndWheelOverAFileThatIsGoneAreErrorsOfTheWindow) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    fakes.files.Delete(kFile);
+    form.mscChart1.KeyPressed(Key::kRight, false);
+    form.mscChart1.WheelTurned(-1);
+    EXPECT_EQ(FirstLabel(form), 1);
+  });
+  EXPECT_THAT(fakes.files.Bytes("\\Kestrel.log"),
+              ::testing::AllOf(HasSubstr("mscChart1_KeyDown"), HasSubstr("mscChart1_Wheel")));
+}
+
 TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
   Put("100", 100);
   Show([&](ChartForm& form) {
@@ -309,6 +321,9 @@ TEST_F(ChartWindowTest, ShowsAReplacedFileFromItsStart) {
     EXPECT_EQ(form.hsbGraph.Value(), 0);
     EXPECT_EQ(form.sldPointsPerDivision.Value(), 1);
     EXPECT_EQ(form.mscChart1.Model().series.size(), 1U);
+    Put("60", 60, "1", "07");  // no such drive
+    form.hsbGraph.SetValue(5);
+    EXPECT_FALSE(form.IsShown());
   });
 }
 
