@@ -19,14 +19,6 @@ using win32::ComText;
 
 constexpr const wchar_t* kConf = L"Software\\VB and VB Program Settings\\Kestrel v5.60\\MyConf";
 
-class Apartment : public ::testing::Environment {
- public:
-  void SetUp() override { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-  void TearDown() override { CoUninitialize(); }
-};
-
-const ::testing::Environment* const apartment = ::testing::AddGlobalTestEnvironment(new Apartment);
-
 ComRef<_ChartClass> Create(HRESULT* result = nullptr) {
   ComRef<_ChartClass> object;
   const HRESULT created =
