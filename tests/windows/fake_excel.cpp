@@ -63,7 +63,7 @@ std::string FakeObject::TextOf(const VARIANT& value) {
   if (value.vt == VT_DISPATCH) return static_cast<FakeObject*>(value.pdispVal)->path_;
   win32::ComVariant text;
   VariantChangeType(text.Get(), const_cast<VARIANT*>(&value), VARIANT_ALPHABOOL, VT_BSTR);
-  return win32::ToUtf8(text.Value().bstrVal);
+  return win32::BstrToUtf8(text.Value().bstrVal);
 }
 
 HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
@@ -110,7 +110,7 @@ IDispatch* MakeFakeExcel(FakeExcelLog& log) {
 
 FakeExcelInstallation::FakeExcelInstallation(FakeExcelLog& log) : log_(log) {
   win32::OwnedKey key;
-  RegCreateKeyExW(HKEY_CURRENT_USER, (std::wstring(kProgIdKey) + L"\\CLSID").c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+  RegCreateKeyExW(HKEY_LOCAL_MACHINE, (std::wstring(kProgIdKey) + L"\\CLSID").c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
                   nullptr, key.Receive(), nullptr);
   wchar_t id[40];
   StringFromGUID2(kFakeClass, id, 40);
@@ -123,8 +123,8 @@ FakeExcelInstallation::FakeExcelInstallation(FakeExcelLog& log) : log_(log) {
 
 FakeExcelInstallation::~FakeExcelInstallation() {
   CoRevokeClassObject(cookie_);
-  RegDeleteTreeW(HKEY_CURRENT_USER, kProgIdKey);
-  RegDeleteKeyW(HKEY_CURRENT_USER, kProgIdKey);
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, kProgIdKey);
+  RegDeleteKeyW(HKEY_LOCAL_MACHINE, kProgIdKey);
 }
 
 DWORD FakeExcelInstallation::Run() {

@@ -20,7 +20,7 @@ struct FakeExcelLog {
 /// The application object, with one reference.
 [[nodiscard]] IDispatch* MakeFakeExcel(FakeExcelLog& log);
 
-/// Installs the application for this user while it lives: ProgID "Excel.Application" and a class factory.
+/// Installs the application on the machine while it lives: ProgID "Excel.Application" and a class factory.
 class FakeExcelInstallation {
  public:
   explicit FakeExcelInstallation(FakeExcelLog& log);

@@ -26,7 +26,7 @@ class ChartObject final : public AutomationObject<_ChartClass> {
   }
   HRESULT STDMETHODCALLTYPE CreateChart(BSTR strFileName) noexcept override {
     const ComRef<_ChartClass> self(this);
-    return Guarded(InterfaceId(), [this, strFileName] { chart_.CreateChart(win32::ToUtf8(strFileName)); });
+    return Guarded(InterfaceId(), [this, strFileName] { chart_.CreateChart(BstrToUtf8(strFileName)); });
   }
 
  private:

@@ -119,7 +119,7 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
       return E_POINTER;
     }
     return Guarded(InterfaceId(), [&] {
-      (link_.get()->*operation)(*address, win32::ToUtf8(*modelCode), *parameter, *unitCode, *status);
+      (link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode, *status);
     });
   }
 

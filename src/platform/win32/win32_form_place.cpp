@@ -185,6 +185,7 @@ void Win32FormView::EnableOthers() {
 void Win32FormView::Show() {
   if (window_ == nullptr) return;
   DisableOthers();
+  GrowToLayout();  // texts may have come between loading and showing
   const WindowState state = form_.State();
   ShowWindow(window_, state == WindowState::kMaximized   ? SW_SHOWMAXIMIZED
                       : state == WindowState::kMinimized ? SW_SHOWMINIMIZED

@@ -32,8 +32,8 @@ std::vector<DISPID> IdsOf(IDispatch* object, const wchar_t* name, const Automati
 
 [[noreturn]] void ThrowException(EXCEPINFO& exception, const wchar_t* name) {
   if (exception.pfnDeferredFillIn != nullptr) exception.pfnDeferredFillIn(&exception);
-  const std::string description = ToUtf8(exception.bstrDescription);
-  const std::string source = ToUtf8(exception.bstrSource);
+  const std::string description = BstrToUtf8(exception.bstrDescription);
+  const std::string source = BstrToUtf8(exception.bstrSource);
   SysFreeString(exception.bstrDescription);
   SysFreeString(exception.bstrSource);
   SysFreeString(exception.bstrHelpFile);

@@ -22,7 +22,7 @@ ComVariant::ComVariant(std::string_view utf8) : ComVariant() {
   value_.vt = VT_BSTR;
 }
 
-std::string ToUtf8(BSTR text) {
+std::string BstrToUtf8(BSTR text) {
   return text == nullptr ? std::string() : ToUtf8(std::wstring_view(text, SysStringLen(text)));
 }
 

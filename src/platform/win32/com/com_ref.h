@@ -99,6 +99,6 @@ class ComVariant {
 };
 
 /// A text of automation as UTF-8; a null one is empty.
-[[nodiscard]] std::string ToUtf8(BSTR text);
+[[nodiscard]] std::string BstrToUtf8(BSTR text);
 
 }  // namespace chartproject::win32

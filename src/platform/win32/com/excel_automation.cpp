@@ -45,7 +45,7 @@ class ExcelApplication : public SpreadsheetApplication {
     if (FAILED(VariantChangeTypeEx(value.Get(), value.Get(), LOCALE_USER_DEFAULT, 0, VT_BSTR))) {
       throw RunTimeError(error_number::kTypeMismatch, "A cell's value cannot be read as text");
     }
-    return win32::ToUtf8(value.Value().bstrVal);
+    return win32::BstrToUtf8(value.Value().bstrVal);
   }
   void SaveAs(const SaveAsArguments& save) override {
     AutomationArguments arguments;
