@@ -20,7 +20,8 @@ class PlainMeasurer : public ControlMeasurer {
   [[nodiscard]] double HeightForWidth(const Control& control, double width) const override {
     if (!Wraps(control)) return 20;
     const int perLine = std::max(1, static_cast<int>(width / 10));
-    return 20.0 * ((static_cast<int>(control.Caption().size()) + perLine - 1) / perLine);
+    const int lines = (static_cast<int>(control.Caption().size()) + perLine - 1) / perLine;
+    return 20.0 * lines;
   }
   [[nodiscard]] Insets ContainerInsets(const Control& container) const override {
     return container.TypeName() == "Frame" ? Insets{5, 25, 5, 5} : Insets{};
