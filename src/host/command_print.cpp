@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "chart/chart_page.h"
+#include "common/error_log.h"
 #include "common/message_table.h"
 #include "common/numbers.h"
 #include "drive/driver_file.h"
@@ -66,12 +67,17 @@ class PrintCommand : public Command {
     return page;
   }
 
-  /// The tables of the drive that the file was recorded from; null when the project has no such drive: the page then
-  /// shows the parameters' numbers alone.
+  /// The tables of the drive that the file was recorded from; null when the project has no such drive, or no driver
+  /// file for it: the page then shows the parameters' numbers alone.
   static const ParameterTable* LoadNames(Component& component) {
     const auto address = static_cast<int>(LeadingNumber(component.chartHeader.DriveAddress));
     if (address < 1 || address > kLastDriveAddress || component.driveTable.At(address).Type.empty()) return nullptr;
-    LoadDriverFile(component, static_cast<std::int16_t>(address));
+    try {
+      LoadDriverFile(component, static_cast<std::int16_t>(address));
+    } catch (const RunTimeError& error) {
+      NoteRunTimeError(component, "LoadDriverFile", error);  // the page is worth printing without names
+      return nullptr;
+    }
     return &component.parameterTables.At(address);
   }
 
