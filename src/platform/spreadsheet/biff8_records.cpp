@@ -32,8 +32,8 @@ constexpr int kStyleFormatCount = 15;
 constexpr int kFontCount = 4;
 
 void Put16(std::string& bytes, std::uint16_t value) {
-  bytes.push_back(static_cast<char>(value));
-  bytes.push_back(static_cast<char>(value >> 8));
+  const char pair[] = {static_cast<char>(value), static_cast<char>(value >> 8)};
+  bytes.append(pair, sizeof pair);
 }
 
 void Put32(std::string& bytes, std::uint32_t value) {
@@ -45,6 +45,29 @@ void PutHead(std::string& bytes, std::uint16_t id, std::size_t length) {
   Put16(bytes, id);
   Put16(bytes, static_cast<std::uint16_t>(length));
 }
+
+/// A record of numbers of known size, gathered before it is appended: the rows of a workbook are mostly these.
+template <std::size_t kLargest>
+class NumberRecord {
+ public:
+  NumberRecord(std::uint16_t id, std::size_t length) {
+    Add16(id);
+    Add16(static_cast<std::uint16_t>(length));
+  }
+  void Add16(std::uint16_t value) {
+    data_[size_++] = static_cast<char>(value);
+    data_[size_++] = static_cast<char>(value >> 8);
+  }
+  void Add32(std::uint32_t value) {
+    Add16(static_cast<std::uint16_t>(value));
+    Add16(static_cast<std::uint16_t>(value >> 16));
+  }
+  void AppendTo(std::string& bytes) const { bytes.append(data_, size_); }
+
+ private:
+  char data_[kLargest];
+  std::size_t size_ = 0;
+};
 
 /// UTF-16 code units of a UTF-8 text; a broken sequence becomes U+FFFD.
 std::u16string ToUtf16(std::string_view text) {
@@ -144,11 +167,12 @@ void PutFormat(std::string& bytes, bool style, bool first) {
 void PutLabel(std::string& bytes, std::uint16_t row, std::uint16_t column, std::string_view text) {
   if (text.size() > kLongestText) throw RunTimeError(1004, "A text is too long for a cell of the workbook");
   if (IsAscii(text)) {
-    PutHead(bytes, kLabel, 9 + text.size());
-    Put16(bytes, row);
-    Put16(bytes, column);
-    Put16(bytes, kCellFormat);
-    Put16(bytes, static_cast<std::uint16_t>(text.size()));
+    NumberRecord<12> head(kLabel, 9 + text.size());
+    head.Add16(row);
+    head.Add16(column);
+    head.Add16(kCellFormat);
+    head.Add16(static_cast<std::uint16_t>(text.size()));
+    head.AppendTo(bytes);
     bytes.push_back('\0');
     bytes += text;
     return;
@@ -165,26 +189,30 @@ void PutLabel(std::string& bytes, std::uint16_t row, std::uint16_t column, std::
 }
 
 void PutNumber(std::string& bytes, std::uint16_t row, std::uint16_t column, double value) {
-  PutHead(bytes, kNumber, 14);
-  Put16(bytes, row);
-  Put16(bytes, column);
-  Put16(bytes, kCellFormat);
+  NumberRecord<18> record(kNumber, 14);
+  record.Add16(row);
+  record.Add16(column);
+  record.Add16(kCellFormat);
   const auto bits = std::bit_cast<std::uint64_t>(value);
-  Put32(bytes, static_cast<std::uint32_t>(bits));
-  Put32(bytes, static_cast<std::uint32_t>(bits >> 32));
+  record.Add32(static_cast<std::uint32_t>(bits));
+  record.Add32(static_cast<std::uint32_t>(bits >> 32));
+  record.AppendTo(bytes);
 }
+
+constexpr std::size_t kLongestRun = 256;  // as many as a sheet has columns
 
 /// One short number, or a run of them.
 void PutRkRun(std::string& bytes, std::uint16_t row, std::uint16_t column, std::span<const std::uint32_t> values) {
   const bool multiple = values.size() > 1;
-  PutHead(bytes, multiple ? kMultipleRk : kRk, multiple ? 6 + 6 * values.size() : 10);
-  Put16(bytes, row);
-  Put16(bytes, column);
+  NumberRecord<10 + 6 * kLongestRun> record(multiple ? kMultipleRk : kRk, multiple ? 6 + 6 * values.size() : 10);
+  record.Add16(row);
+  record.Add16(column);
   for (const std::uint32_t value : values) {
-    Put16(bytes, kCellFormat);
-    Put32(bytes, value);
+    record.Add16(kCellFormat);
+    record.Add32(value);
   }
-  if (multiple) Put16(bytes, static_cast<std::uint16_t>(column + values.size() - 1));
+  if (multiple) record.Add16(static_cast<std::uint16_t>(column + values.size() - 1));
+  record.AppendTo(bytes);
 }
 
 }  // namespace
@@ -272,17 +300,18 @@ void AppendEnd(std::string& bytes) {
 }
 
 void AppendRow(std::string& bytes, std::uint16_t row, std::uint16_t columnEnd) {
-  PutHead(bytes, kRow, 16);
-  Put16(bytes, row);
-  Put16(bytes, 0);
-  Put16(bytes, columnEnd);
-  Put16(bytes, 0x00FF);  // default height
-  Put32(bytes, 0);
-  Put32(bytes, 0x000F0100);  // no format of its own
+  NumberRecord<20> record(kRow, 16);
+  record.Add16(row);
+  record.Add16(0);
+  record.Add16(columnEnd);
+  record.Add16(0x00FF);  // default height
+  record.Add32(0);
+  record.Add32(0x000F0100);  // no format of its own
+  record.AppendTo(bytes);
 }
 
 void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells) {
-  std::uint32_t run[256];
+  std::uint32_t run[kLongestRun];
   for (std::size_t column = 0; column < cells.size(); ++column) {
     const SheetCell& cell = cells[column];
     if (cell.kind == SheetCell::Kind::kText) {

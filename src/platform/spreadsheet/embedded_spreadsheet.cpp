@@ -82,10 +82,21 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
     writer_.reset();
   }
 
-  void Quit() override { writer_.reset(); }
+  void Quit() override {
+    writer_.reset();
+    columnsInUse_ = 0;
+  }
 
  private:
   SheetCell& CellAt(int sheet, int row, int column) {
+    // A point's cells are asked for a dozen times: one that is in use already is found at once.
+    const auto index = static_cast<std::size_t>(column);
+    if (sheet != sheet_ || row != row_ || column < 1 || index > columnsInUse_) MakeCell(sheet, row, column);
+    return cells_[index - 1];
+  }
+
+  /// Goes on to the cell's row, and takes the columns up to it in use.
+  void MakeCell(int sheet, int row, int column) {
     if (!writer_ || sheet < 1 || sheet > SheetCount() || row < 1 || column < 1 || column > 256) {
       throw RunTimeError(kApplicationError, "There is no such cell");
     }
@@ -97,15 +108,12 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
       sheet_ = sheet;
       row_ = row;
     }
-    const auto index = static_cast<std::size_t>(column);
-    if (columnsInUse_ < index) {
-      if (cells_.size() < index) cells_.resize(index);
-      for (; columnsInUse_ < index; ++columnsInUse_) {
-        cells_[columnsInUse_].kind = SheetCell::Kind::kEmpty;
-        cells_[columnsInUse_].text.clear();
-      }
+    const auto columns = static_cast<std::size_t>(column);
+    if (cells_.size() < columns) cells_.resize(columns);
+    for (; columnsInUse_ < columns; ++columnsInUse_) {
+      cells_[columnsInUse_].kind = SheetCell::Kind::kEmpty;
+      cells_[columnsInUse_].text.clear();
     }
-    return cells_[index - 1];
   }
 
   void FinishRow() {
