@@ -8,6 +8,7 @@
 #include <QPageLayout>
 #include <QPrinterInfo>
 #include <algorithm>
+#include <cstdio>
 
 #include "platform/qt/print_queue.h"
 #include "platform/qt/qt_canvas.h"
@@ -156,11 +157,9 @@ void QtPrinter::FinishFile() {
     whole = part.readAll().contains("%%EOF");
     part.close();
   }
-  const QString target = FileNameToQt(target_);
-  if (whole) {
-    QFile::remove(target);
-    whole = part.rename(target);
-  }
+  // One step: a file that had the name is there until the new one is.
+  whole = whole && std::rename(QFile::encodeName(PartName(target_)).constData(),
+                               QFile::encodeName(FileNameToQt(target_)).constData()) == 0;
   if (!whole) {
     part.remove();
     ThrowPrinterError(target_ + " could not be written completely");
