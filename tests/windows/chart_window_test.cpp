@@ -86,5 +86,13 @@ TEST(ChartWindowOnWindows, AsksBeforeItPrintsTheCopiedPicture) {
   EXPECT_EQ(host.ExitCode(), 0);
 }
 
+TEST(ExampleScript, OpensTheChartWindowOnARecordedFile) {
+  ScriptHost host("example.vbs", Quoted("show.cht"));
+  const FormDriver form(host.Process(), L"");
+  EXPECT_TRUE(form.Visible("mscChart1"));
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
+}
+
 }  // namespace
 }  // namespace chartproject::testing
