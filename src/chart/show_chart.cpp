@@ -3,6 +3,7 @@
 
 #include "chart/chart_form.h"
 #include "chart/chart_page.h"
+#include "chart/status_form.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
 #include "common/message_table.h"
@@ -44,9 +45,8 @@ void PrintFromClipboard(Component& component, ChartForm& window) {
   if (answer != box_answer::kYes) return;
   picture = PictureOnClipboard(component);
   ChartPage page = window.DescribePage(std::move(picture));
-  page.showStatus = [&window](const std::string& text) {
-    window.SetPointer(text.empty() ? MousePointer::kDefault : MousePointer::kHourglass);
-  };
+  StatusForm status(component);
+  page.showStatus = [&status](const std::string& text) { status.ShowText(text); };
   PrintChartPage(component, page);
 }
 

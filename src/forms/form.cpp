@@ -29,6 +29,13 @@ void Form::ShowModal() {
   if (shown_) host_.RunModal(*this);
 }
 
+void Form::ShowStatus() {
+  Load();
+  shown_ = true;
+  view_->Show();
+  host_.KeepAlive();
+}
+
 void Form::Hide() {
   if (!shown_) return;
   shown_ = false;

@@ -37,7 +37,9 @@ class Form {
   void Load();
   /// Loads when needed, runs OnActivate, shows, and returns when the form was hidden or unloaded.
   void ShowModal();
-  /// Ends the modal display; the form stays loaded.
+  /// Shows a form that only says what goes on, and returns at once. It takes no input; Hide or Unload ends it.
+  void ShowStatus();
+  /// Ends the display; the form stays loaded.
   void Hide();
   /// Runs OnUnload and ends the modal display. The window itself goes with the form object, so this is safe inside a
   /// handler of the form.

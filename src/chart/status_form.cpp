@@ -1,0 +1,32 @@
+// One label in the middle of the screen.
+#include "chart/status_form.h"
+
+#include "common/error_log.h"
+#include "forms/form_host.h"
+
+namespace chartproject {
+
+StatusForm::StatusForm(Environment& environment)
+    : Form(environment.forms, "frmStatus", MakeHandlerErrorReporter(environment)) {
+  SetCaption(kHostTitle);
+  lblStatus.SetBorderStyle(0);
+  SetLayout(Row({Space(), Cell(lblStatus), Space()}));
+}
+
+void StatusForm::ShowText(const std::string& text) {
+  if (text.empty()) {
+    SetPointer(MousePointer::kDefault);
+    Unload();
+    return;
+  }
+  lblStatus.SetCaption(text);
+  Load();
+  LayoutChanged();  // the width follows from the text
+  const Size screen = Host().ScreenSize();
+  SetLeft((screen.width - Width()) / 2);
+  SetTop((screen.height - Height()) / 2);
+  SetPointer(MousePointer::kHourglass);
+  ShowStatus();
+}
+
+}  // namespace chartproject
