@@ -122,8 +122,8 @@ TEST_F(SimulatedTest, DecimalsFollowTheToldParametersAndTheLocale) {
   link->SetP210Value(2, reply);
   link->SetP529Value(1, reply);
   EXPECT_EQ(Read("KRA-09", 1, kDependsOnP210UnitCode), "1750.00");
-  const std::string torque = Read("KRA-09", 40, kDependsOnP529UnitCode);  // with noise: its digits may differ
-  EXPECT_TRUE(torque.size() == 4 && torque[0] == '9' && torque[2] == '.') << torque;
+  const std::string value = Read("KRA-09", 40, kDependsOnP529UnitCode);  // with noise: its digits may differ
+  EXPECT_TRUE(value.size() == 4 && value[0] == '9' && value[2] == '.') << value;
   link->SetP210Value(-7, reply);
   EXPECT_EQ(Read("KRA-09", 1, kDependsOnP210UnitCode), "1750");
   fakes.locale.UseComma();
