@@ -1,9 +1,8 @@
 // info FILE [--json]: the header of a chart file and the number of its rows.
-#include <array>
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <ostream>
-#include <utility>
+#include <string>
 
 #include "acquire/chart_file.h"
 #include "common/line_reader.h"
@@ -22,26 +21,10 @@ struct ChartInfo {
   std::int64_t malformed = 0;  ///< other lines among them that are neither empty nor comments
 };
 
-using HeaderField = std::pair<const char*, std::string ChartHeader::*>;
-
-/// Keys in the order of the file.
-constexpr std::array<HeaderField, 17> kFields{{{"Drive Address", &ChartHeader::DriveAddress},
-                                               {"Number of Parameters", &ChartHeader::NumberOfParameters},
-                                               {"PXXX1", &ChartHeader::PXXX1},
-                                               {"PXXX2", &ChartHeader::PXXX2},
-                                               {"PXXX3", &ChartHeader::PXXX3},
-                                               {"PXXX4", &ChartHeader::PXXX4},
-                                               {"Scan Time", &ChartHeader::ScanTime},
-                                               {"Unit", &ChartHeader::Unit},
-                                               {"Number of Points", &ChartHeader::NumberOfPoints},
-                                               {"Trigger Mode", &ChartHeader::TriggerMode},
-                                               {"Event", &ChartHeader::Event},
-                                               {"PXXX", &ChartHeader::PXXX},
-                                               {"Content", &ChartHeader::Content},
-                                               {"Start Date", &ChartHeader::StartDate},
-                                               {"Start Time", &ChartHeader::StartTime},
-                                               {"End Date", &ChartHeader::EndDate},
-                                               {"End Time", &ChartHeader::EndTime}}};
+/// A header line's key as a label, without its "=".
+std::string Label(const HeaderKey& line) {
+  return std::string(line.key.substr(0, line.key.size() - 1));
+}
 
 void CountRows(FileSystem& files, const std::string& name, ChartInfo& info) {
   const auto file = files.OpenForReading(name);
@@ -83,7 +66,7 @@ class InfoCommand : public Command {
     if (json_) {
       PrintJson(info, session.Out());
     } else {
-      for (const auto& [key, field] : kFields) session.Out() << key << ": " << info.header.*field << "\n";
+      for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
       session.Out() << "Rows: " << info.rows << "\n";
       if (info.malformed > 0) session.Out() << "Malformed lines: " << info.malformed << "\n";
     }
@@ -93,7 +76,7 @@ class InfoCommand : public Command {
  private:
   void PrintJson(const ChartInfo& info, std::ostream& out) const {
     nlohmann::ordered_json header;
-    for (const auto& [key, field] : kFields) header[key] = info.header.*field;
+    for (const HeaderKey& line : kHeaderKeys) header[Label(line)] = info.header.*line.field;
     nlohmann::ordered_json document;
     document["file"] = file_;
     document["header"] = header;
