@@ -39,7 +39,6 @@ void AcquisitionRun::BeginSampling(const RunPlan& plan) {
 
 void AcquisitionRun::BeginSampling() {
   spoolFileName_ = SpoolFileName(plan_.fileName);
-  freeSpaceRule_.Reset();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 1, PointRow{});
   ChartHeader& header = component_.chartHeader;
   for (std::string* text : {&header.StartDate, &header.StartTime, &header.EndDate, &header.EndTime}) text->clear();
@@ -58,7 +57,7 @@ void AcquisitionRun::TakePoint() {
     ReadColumns(row);
     if (!RowsInMemory()) {
       KeepInSpool(row, number == 1);
-      diskNearlyFull = DiskNearlyFull();
+      diskNearlyFull = freeSpace_ < kReservedSpace;
     }
   } catch (const RunTimeError& error) {
     // The link itself or the spool file failed: this point is lost, those before it are not.
@@ -98,15 +97,13 @@ void AcquisitionRun::KeepInSpool(const PointRow& row, bool first) {
   if (first && files.FileExists(spoolFileName_)) files.Delete(spoolFileName_);
   rowLine_.clear();
   AppendRowLine(rowLine_, row);
-  files.Append(spoolFileName_, component_.ports.codePage.Encode(rowLine_));
-}
-
-bool AcquisitionRun::DiskNearlyFull() {
-  // The spool file stands on the same disk as its chart file, and it is there: that is quicker to find.
-  const std::string& chartFile = component_.strChartFileName;
-  const std::string& measured = chartFile == plan_.fileName ? spoolFileName_ : chartFile;
-  return freeSpaceRule_.NearlyFull(component_.ports.clock.Now(),
-                                   [this, &measured] { return component_.ports.files.SpaceFor(measured).totalFree; });
+  const std::string bytes = component_.ports.codePage.Encode(rowLine_);
+  if (component_.strChartFileName == plan_.fileName) {  // the spool file stands on the disk of its chart file
+    freeSpace_ = files.AppendAndMeasure(spoolFileName_, bytes).totalFree;
+  } else {
+    files.Append(spoolFileName_, bytes);
+    freeSpace_ = files.SpaceFor(component_.strChartFileName).totalFree;
+  }
 }
 
 void AcquisitionRun::Stop(RunEnd reason) {

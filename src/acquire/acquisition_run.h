@@ -68,14 +68,13 @@ class AcquisitionRun {
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
   /// Free bytes found when the run ended with RunEnd::kDiskSpace.
-  [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpaceRule_.FreeSpace(); }
+  [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpace_; }
   /// The system's reason for RunEnd::kFailed; empty when the watch for the event failed.
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
  private:
   void ReadColumns(PointRow& row);
   void KeepInSpool(const PointRow& row, bool first);
-  [[nodiscard]] bool DiskNearlyFull();
   void FinishAs(RunEnd reason);
 
   Component& component_;
@@ -86,7 +85,7 @@ class AcquisitionRun {
   std::int32_t counter_ = 0;
   std::vector<PointRow> rows_;  ///< by point number minus 1 in memory mode; one entry in spool mode
   std::string rowLine_;         ///< the row being spooled; kept for its capacity
-  FreeSpaceRule freeSpaceRule_;
+  std::uint64_t freeSpace_ = 0;  ///< bytes, when it was last asked
   std::string failureReason_;
 };
 

@@ -9,11 +9,13 @@
 
 #include "acquire/chart_file.h"
 #include "acquire/chart_header.h"
-#include "acquire/free_space_rule.h"
 #include "platform/code_page.h"
 #include "platform/file_system.h"
 
 namespace chartproject {
+
+/// Free bytes that a run leaves on its disk: with less, a spooling run ends and its rows are not copied.
+inline constexpr std::uint64_t kReservedSpace = 100'000'000;
 
 /// The texts of one point. A column that is not in use, and a point that was never taken, is empty.
 struct PointRow {

@@ -65,6 +65,11 @@ class FileSystem {
   /// Opens (makes) the file, appends the bytes in one write, and closes it again: the bytes are with the system when
   /// the call returns, so a crash of the program afterwards loses none of them.
   virtual void Append(const std::string& name, std::string_view bytes) = 0;
+  /// Append, then SpaceFor the same file: in one go where the system answers that for the file while it is open.
+  virtual DiskSpace AppendAndMeasure(const std::string& name, std::string_view bytes) {
+    Append(name, bytes);
+    return SpaceFor(name);
+  }
   virtual void Delete(const std::string& name) = 0;
   /// Gives a file another name in one atomic step, replacing a file that has that name.
   virtual void Rename(const std::string& from, const std::string& to) = 0;

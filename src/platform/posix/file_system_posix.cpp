@@ -154,6 +154,27 @@ RunTimeError FolderError(int errorNumber, const std::string& name) {
                                                        : error;
 }
 
+/// Appends the bytes in one write; a part that fitted is taken back when the rest did not.
+Descriptor OpenAndAppend(const std::string& name, std::string_view bytes) {
+  Descriptor file = Open(name, O_WRONLY | O_CREAT | O_APPEND);
+  const std::size_t done = WriteSome(file.Number(), bytes);
+  if (done < bytes.size()) {
+    const int reason = errno;
+    struct stat status {};
+    if (done > 0 && fstat(file.Number(), &status) == 0) {
+      // When even that fails, the part stays: nothing better can be done on a broken device.
+      [[maybe_unused]] const int result = ftruncate(file.Number(), status.st_size - static_cast<off_t>(done));
+    }
+    throw DeviceError(reason, name);
+  }
+  return file;
+}
+
+DiskSpace SpaceOf(const struct statvfs& disk) {
+  const std::uint64_t unit = disk.f_frsize;
+  return DiskSpace{unit * disk.f_blocks, unit * disk.f_bfree, unit * disk.f_bavail};
+}
+
 }  // namespace
 
 bool FileSystemPosix::FileExists(const std::string& name) {
@@ -178,20 +199,17 @@ std::unique_ptr<OutputFile> FileSystemPosix::Create(const std::string& name) {
 }
 
 void FileSystemPosix::Append(const std::string& name, std::string_view bytes) {
-  Descriptor file = Open(name, O_WRONLY | O_CREAT | O_APPEND);
-  const std::size_t done = WriteSome(file.Number(), bytes);
-  if (done < bytes.size()) {
-    const int reason = errno;
-    struct stat status {};
-    if (done > 0 && fstat(file.Number(), &status) == 0) {
-      // When even that fails, the part stays: nothing better can be done on a broken device.
-      [[maybe_unused]] const int result = ftruncate(file.Number(), status.st_size - static_cast<off_t>(done));
-    }
-    throw DeviceError(reason, name);
-  }
+  Descriptor file = OpenAndAppend(name, bytes);
   if (file.Close() != 0) throw DeviceError(errno, name);
 }
 
+DiskSpace FileSystemPosix::AppendAndMeasure(const std::string& name, std::string_view bytes) {
+  Descriptor file = OpenAndAppend(name, bytes);
+  struct statvfs disk {};
+  if (fstatvfs(file.Number(), &disk) != 0) throw DeviceError(errno, name);
+  if (file.Close() != 0) throw DeviceError(errno, name);
+  return SpaceOf(disk);
+}
 void FileSystemPosix::Delete(const std::string& name) {
   if (unlink(PosixPath(name).c_str()) != 0) throw FileError(errno, name);
 }
@@ -228,8 +246,7 @@ DiskSpace FileSystemPosix::SpaceFor(const std::string& name) {
     if ((errno != ENOENT && errno != ENOTDIR) || above == path) throw FileError(errno, name);
     path = above;
   }
-  const std::uint64_t unit = disk.f_frsize;
-  return DiskSpace{unit * disk.f_blocks, unit * disk.f_bfree, unit * disk.f_bavail};
+  return SpaceOf(disk);
 }
 
 }  // namespace chartproject

@@ -19,6 +19,7 @@ class FileSystemPosix : public FileSystem {
   void MakeFolder(const std::string& name) override;
   [[nodiscard]] std::string CurrentFolder() override;
   void ChangeFolder(const std::string& name) override;
+  DiskSpace AppendAndMeasure(const std::string& name, std::string_view bytes) override;
   [[nodiscard]] DiskSpace SpaceFor(const std::string& name) override;
 };
 
