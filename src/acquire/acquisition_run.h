@@ -83,8 +83,8 @@ class AcquisitionRun {
   RunPlan plan_;
   std::string spoolFileName_;
   std::int32_t counter_ = 0;
-  std::vector<PointRow> rows_;  ///< by point number minus 1 in memory mode; one entry in spool mode
-  std::string rowLine_;         ///< the row being spooled; kept for its capacity
+  std::vector<PointRow> rows_;   ///< by point number minus 1 in memory mode; one entry in spool mode
+  std::string rowLine_;          ///< the row being spooled; kept for its capacity
   std::uint64_t freeSpace_ = 0;  ///< bytes, when it was last asked
   std::string failureReason_;
 };

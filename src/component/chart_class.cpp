@@ -50,8 +50,10 @@ class DriveLinkSession {
 
 }  // namespace
 
-ChartClass::ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links) : component_(ports, forms, links) {
+ChartClass::ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links, ProcessState& process)
+    : process_(process), component_(ports, forms, links) {
   component_.showChart = ShowChart;
+  process_.Give(component_);
   ReadConfSettings(component_);
   SetLanguageBase(component_);
   ReadProjectSettings(component_);
@@ -94,6 +96,7 @@ void ChartClass::CreateChart(const std::string& strFileName) {
 
 void ChartClass::Release() {
   if (std::exchange(released_, true)) return;
+  process_.Take(component_);
   SaveConfSettings(component_);
   SaveProjectSettings(component_);
   SaveFolderSettings(component_);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "acquire/component.h"
+#include "component/process_state.h"
 
 namespace chartproject {
 
@@ -16,8 +17,8 @@ namespace chartproject {
 class ChartClass {
  public:
   /// Throws RunTimeError when a setting or a drive file cannot be read: then there is no instance.
-  /// @param ports, forms, links outlive the instance
-  ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links);
+  /// @param process what earlier instances of the process left; it, ports, forms and links outlive the instance
+  ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links, ProcessState& process);
   ~ChartClass();
   ChartClass(const ChartClass&) = delete;
   ChartClass& operator=(const ChartClass&) = delete;
@@ -37,6 +38,7 @@ class ChartClass {
   [[nodiscard]] Component& State() noexcept { return component_; }
 
  private:
+  ProcessState& process_;
   Component component_;
   bool released_ = false;
 };

@@ -112,7 +112,7 @@ DriveLinkFactory& Session::Links() {
 }
 
 ChartClass& Session::Instance() {
-  if (!instance_) instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links());
+  if (!instance_) instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links(), process_);
   return *instance_;
 }
 

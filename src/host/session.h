@@ -53,6 +53,7 @@ class Session {
   std::unique_ptr<Windows> windows_;
   bool onScreen_ = false;
   std::unique_ptr<Ports> ports_;
+  ProcessState process_;
   std::unique_ptr<ChartClass> instance_;
 };
 

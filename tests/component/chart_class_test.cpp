@@ -62,7 +62,9 @@ class ChartClassTest : public testing::Test {
     };
   }
 
-  std::unique_ptr<ChartClass> Create() { return std::make_unique<ChartClass>(fakes.ports, fakes.forms, links); }
+  std::unique_ptr<ChartClass> Create() {
+    return std::make_unique<ChartClass>(fakes.ports, fakes.forms, links, process);
+  }
 
   static int ErrorOf(const std::function<void()>& action) {
     try {
@@ -75,6 +77,7 @@ class ChartClassTest : public testing::Test {
 
   FakePorts fakes;
   LoggingLinks links;
+  ProcessState process;
   std::function<void()> whileShown;
 };
 
@@ -92,6 +95,20 @@ TEST_F(ChartClassTest, StartUpLoadsTheWholeEnvironment) {
   EXPECT_EQ(state.driveTable.At(1).Type, "") << "a missing drive file is skipped";
   EXPECT_EQ(state.driveTable.At(30).Tag, "café");
   EXPECT_FALSE(state.bDecimalPoint);
+}
+
+TEST_F(ChartClassTest, TheNextInstanceFindsWhatTheSettingsDoNotSay) {
+  fakes.settings.values["MyConf"]["strLanguage"] = "Spanish";
+  fakes.settings.values["MyProject"] = {{"strMainFile", "p.prj"}, {"strDriveFile01", "/p/01"}};
+  fakes.files.Put("/p/01", "Type=KRA-09\r\n");
+  Create()->State().chartHeader.Content = "12.5";
+  fakes.settings.values["MyConf"]["strLanguage"] = "spanish";  // names no language
+  fakes.settings.values["MyProject"]["strMainFile"] = "";
+  const auto next = Create();
+  EXPECT_EQ(next->State().languageBase, 2000);
+  EXPECT_EQ(next->State().helpFile, "\\Kshelps.HLP");
+  EXPECT_EQ(next->State().driveTable.At(1).Type, "KRA-09");
+  EXPECT_EQ(next->State().chartHeader.Content, "12.5");
 }
 
 TEST_F(ChartClassTest, AFailingStartUpLeavesNoInstanceAndStoresNothing) {

@@ -20,7 +20,8 @@ struct StartWindowTest : ::testing::Test {
   SimulatedLinkFactory links{outside.clock, outside.fakes.locale};
   ProjectReport made =
       MakeProject(outside.fakes.files, outside.fakes.settings, outside.fakes.codePage, "/home/Project");
-  ChartClass instance{outside.ports, outside.host, links};
+  ProcessState process;
+  ChartClass instance{outside.ports, outside.host, links, process};
   StartForm form{instance, "A project was made in " + made.folder};
   User user{form};
 

@@ -13,12 +13,18 @@ namespace chartproject::win32 {
 
 namespace {
 
+/// The one of this process; it holds texts only, so it may go with the DLL.
+ProcessState& TheProcess() {
+  static ProcessState state;
+  return state;
+}
+
 class ChartObject final : public AutomationObject<_ChartClass> {
  public:
   ChartObject()
       : AutomationObject(IID__ChartClass),
         links_(CLSID_ChartClass, environment_.SimulatedClock()),
-        chart_(environment_.GetPorts(), environment_.Forms(), links_) {}
+        chart_(environment_.GetPorts(), environment_.Forms(), links_, TheProcess()) {}
 
   HRESULT STDMETHODCALLTYPE AcquireVar() noexcept override {
     const ComRef<_ChartClass> self(this);  // the host may let go of the object while the dialog is up

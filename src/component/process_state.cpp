@@ -1,0 +1,21 @@
+// Copies between an instance and what its process remembers.
+#include "component/process_state.h"
+
+namespace chartproject {
+
+void ProcessState::Give(Component& component) const {
+  const std::lock_guard lock(mutex_);
+  component.languageBase = remembered_.languageBase;
+  component.helpFile = remembered_.helpFile;
+  component.driveTable = remembered_.driveTable;
+  component.strChartFileName = remembered_.strChartFileName;
+  component.chartHeader = remembered_.chartHeader;
+}
+
+void ProcessState::Take(const Component& component) {
+  const std::lock_guard lock(mutex_);
+  remembered_ = {component.languageBase, component.helpFile, component.driveTable, component.strChartFileName,
+                 component.chartHeader};
+}
+
+}  // namespace chartproject
