@@ -16,12 +16,7 @@ HeaderReading ReadFrom(const std::string& bytes, ChartHeader& header) {
 }
 
 TEST(ChartHeaderReader, FirstKeyInTheLineWins) {
-  struct Case {
-    const char* line;
-    std::string ChartHeader::*field;
-    const char* value;
-  };
-  const Case cases[] = {
+  const std::tuple<std::string, std::string ChartHeader::*, const char*> cases[] = {
       {"Drive Address=01", &ChartHeader::DriveAddress, "01"},
       {"Event=P012-DI1=0", &ChartHeader::Event, "P012-DI1=0"},
       {"Event=PXXX=Content", &ChartHeader::Event, "PXXX=Content"},
@@ -30,13 +25,12 @@ TEST(ChartHeaderReader, FirstKeyInTheLineWins) {
       {"  Content=-1,5  ", &ChartHeader::Content, "-1,5"},
       {"note Scan Time=200", &ChartHeader::ScanTime, "200"},
       {"a=b Scan Time=200", &ChartHeader::ScanTime, "b Scan Time=200"},
-      {"End Time=", &ChartHeader::EndTime, ""},
-  };
-  for (const Case& c : cases) {
+      {"End Time=", &ChartHeader::EndTime, ""}};
+  for (const auto& [line, field, value] : cases) {
     ChartHeader header;
-    header.*c.field = "before";
-    EXPECT_EQ(ReadFrom(std::string(c.line) + "\r\n", header).keys, 1) << c.line;
-    EXPECT_EQ(header.*c.field, c.value) << c.line;
+    header.*field = "before";
+    EXPECT_EQ(ReadFrom(line + "\r\n", header).keys, 1) << line;
+    EXPECT_EQ(header.*field, value) << line;
   }
   for (const char* line : {"drive address=01", "'Drive Address=01", "[INFO]Drive Address=01", "", "rubbish"}) {
     ChartHeader header;
@@ -48,8 +42,10 @@ TEST(ChartHeaderReader, FirstKeyInTheLineWins) {
 TEST(ChartHeaderReader, StopsAtTheRowsAndClearsNothing) {
   ChartHeader header;
   header.TriggerMode = "Manual";
-  const auto reading = ReadFrom("[INFO]\r\nUnit=s\r\n'[TIME/CONTENT]\r\n[TIME/CONTENT]\r\nUnit=ms\r\n", header);
+  const auto reading = ReadFrom(
+      "[INFO]\r\nUnit=s\r\nStart Date=1\xBA mar\xE7o\r\n'[TIME/CONTENT]\r\n[TIME/CONTENT]\r\nUnit=ms\r\n", header);
   EXPECT_EQ(header.Unit, "s");
+  EXPECT_EQ(header.StartDate, "1º março");  // in the code page
   EXPECT_EQ(header.TriggerMode, "Manual");
   EXPECT_TRUE(reading.rowsFollow);
 }
@@ -66,12 +62,6 @@ TEST(ChartHeaderReader, BadFilesAreReadInBoundedMemory) {
   std::string binary;
   for (int i = 0; i < 70'000; ++i) binary += static_cast<char>(i * 7);
   EXPECT_EQ(ReadFrom(binary, header).keys, 0);
-}
-
-TEST(ChartHeaderReader, TextsComeBackAsTheSameBytes) {
-  ChartHeader header;
-  ReadFrom("Start Date=1\xBA mar\xE7o\r\n", header);
-  EXPECT_EQ(header.StartDate, "1º março");
 }
 
 TEST(LocateRows, FindsTheLineBehindTheFirstMark) {
@@ -109,28 +99,21 @@ TEST(SplitRow, PointsHaveExactlySixMarks) {
 }
 
 TEST(EventCodes, CodesMessagesAndAvailability) {
-  EXPECT_EQ(EventCode(0), "RUN");
-  EXPECT_EQ(EventCode(8), "P012-DI3=1");
-  EXPECT_EQ(EventCode(23), "PXXX<=Content");
-  EXPECT_EQ(EventCode(24), "");
+  const std::pair<int, const char*> codes[] = {{0, "RUN"}, {8, "P012-DI3=1"}, {23, "PXXX<=Content"}, {24, ""}};
+  for (const auto& [position, code] : codes) EXPECT_EQ(EventCode(position), code);
   EXPECT_EQ(EventMessage(1), 61);
   EXPECT_EQ(EventMessage(18), 37);
   for (int position = 0; position < kEventCount; ++position) EXPECT_EQ(EventPosition(EventCode(position)), position);
   EXPECT_EQ(EventPosition("run"), -1);
-  const std::pair<const char*, std::string> offered[] = {
-      {"KRA-09", std::string(24, 'y')},
-      {"LMX-01", "yyy" + std::string(16, 'n') + "yyyyy"},
-      {"KRA-05", "yyy" + std::string(16, 'n') + "yyyyy"},
-      {"KRA-07", "yyy" + std::string(16, 'n') + "yyyyy"},
-      {"KRA-08", "yyy" + std::string(16, 'n') + "yyyyy"},
-      {"TSR-03", std::string(19, 'n') + "yyyyy"},
-      {"", std::string(19, 'n') + "yyyyy"},
-  };
-  for (const auto& [model, expected] : offered) {
+  const auto offered = [](const char* model) {
     std::string answers;
     for (int position = 0; position < kEventCount; ++position) answers += EventAvailable(position, model) ? 'y' : 'n';
-    EXPECT_EQ(answers, expected) << model;
-  }
+    return answers;
+  };
+  EXPECT_EQ(offered("KRA-09"), std::string(24, 'y'));
+  for (const char* model : {"LMX-01", "KRA-05", "KRA-07", "KRA-08"})
+    EXPECT_EQ(offered(model), "yyynnnnnnnnnnnnnnnnyyyyy");
+  for (const char* model : {"TSR-03", ""}) EXPECT_EQ(offered(model), "nnnnnnnnnnnnnnnnnnnyyyyy");
 }
 
 }  // namespace

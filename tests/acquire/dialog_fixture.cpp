@@ -1,67 +1,38 @@
-// The dialog's project and plant.
+// The dialog's project.
 #include "dialog_fixture.h"
 
-#include "common/numbers.h"
+#include <algorithm>
+#include <sstream>
 
 namespace chartproject {
 
-namespace {
-
-class FakeLink : public DriveLink {
- public:
-  explicit FakeLink(FakePlant& plant) : plant_(plant) {}
-  void SetP210Value(std::int16_t /*value*/, std::int16_t& reply) override { reply = 0; }
-  void SetP529Value(std::int16_t /*value*/, std::int16_t& reply) override { reply = 0; }
-  void ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t parameter,
-                     std::int16_t unitCode, std::int16_t& status) override {
-    if (plant_.broken) throw RunTimeError(error_number::kAutomation, "the link is gone");
-    plant_.reads.emplace_back(parameter, unitCode);
-    status = plant_.silent.contains(parameter) ? 1 : 0;
-    const auto found = plant_.texts.find(parameter);
-    text_ = found == plant_.texts.end() ? "50" : found->second;
+void SetUpDrives(Component& component, FakePorts& fakes) {
+  component.settings.strDrivers = "C:\\d";
+  component.settings.intSelectedDrive = 1;
+  std::string driver;
+  for (const char* line : {"3#Motor current####DividedBy10F1", "5#Output frequency####DirectF1", "12#Inputs####DI1DI8",
+                           "990#Service####DirectF0", "991#Service####DirectF0"}) {
+    driver.append("#").append(line).append("#No#######\r\n");
   }
-  void ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
-                      std::int16_t& status) override {
-    ReadParameter(address, modelCode, parameter, unitCode, status);
-  }
-  void OpenLink(std::int16_t& result) override { result = 0; }
-  void CloseLink() override {}
-  void GetValue(double& value) override { value = LeadingNumber(text_); }
-  void GetText(std::string& text) override { text = text_; }
-
- private:
-  FakePlant& plant_;
-  std::string text_;
-};
-
-std::string DriverLine(const std::string& number, const std::string& unit) {
-  return "#" + number + "#Name " + number + "####" + unit + "#No#######\r\n";
-}
-
-}  // namespace
-
-std::unique_ptr<DriveLink> FakePlant::Create() {
-  return std::make_unique<FakeLink>(*this);
-}
-
-DialogTest::DialogTest(DriveLinkFactory* links) : component(fake.ports, fake.forms, links == nullptr ? plant : *links) {
-  component.languageBase = 1000;
-  component.helpFile = "help.hlp";
-  Settings& settings = component.settings;
-  settings.strLanguage = "English";
-  settings.strFolder = "C:\\p";
-  settings.strDrivers = "C:\\d";
-  settings.strMedia = "C:\\m";
-  settings.strGraphics = "C:\\g";
-  settings.intSelectedDrive = 1;
-  const std::string driver = DriverLine("3", "DividedBy10F1") + DriverLine("5", "DirectF1") +
-                             DriverLine("12", "DI1DI8") + DriverLine("990", "DirectF0") + DriverLine("991", "DirectF0");
   int address = 0;
   for (const std::string model : {"KRA-09", "LMX-01", "TSR-03", "KRA-05"}) {
     component.driveTable.At(++address).Type = model;
-    fake.files.Put("C:\\d\\" + model.substr(0, 3) + model.substr(4) + "E.wcd", driver);
+    for (const char* ending : {"P.wcd", "E.wcd", "S.wcd"}) {
+      fakes.files.Put("C:\\d\\" + model.substr(0, 3) + model.substr(4) + ending, driver);
+    }
   }
   component.driveLink = component.linkFactory.Create();
+}
+
+DialogTest::DialogTest() {
+  plant.others = "50";
+  component.languageBase = 1000;
+  component.helpFile = "help.hlp";
+  component.settings.strLanguage = "English";
+  component.settings.strFolder = "C:\\p";
+  component.settings.strMedia = "C:\\m";
+  component.settings.strGraphics = "C:\\g";
+  SetUpDrives(component, fake);
 }
 
 void DialogTest::Open() {
@@ -86,15 +57,13 @@ void DialogTest::RunUntil(Instant moment) {
 }
 
 std::vector<std::string> DialogTest::Rows() const {
-  const std::string chart = Chart();
   std::vector<std::string> rows;
-  constexpr std::string_view kMark = "[TIME/CONTENT]\r\n";
-  std::size_t begin = chart.find(kMark);
-  if (begin == std::string::npos) return rows;
-  begin += kMark.size();
-  for (std::size_t end = chart.find("\r\n", begin); end != std::string::npos; end = chart.find("\r\n", begin)) {
-    rows.push_back(chart.substr(begin, end - begin));
-    begin = end + 2;
+  std::istringstream chart(Chart());
+  bool begun = false;
+  for (std::string line; std::getline(chart, line);) {
+    line.pop_back();  // each ends with CR LF
+    if (begun) rows.push_back(line);
+    begun = begun || line == "[TIME/CONTENT]";
   }
   return rows;
 }

@@ -2,30 +2,23 @@
 #pragma once
 
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "acquire/acquire_form.h"
 #include "gmock/gmock.h"
+#include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
 
-/// A drive that answers every parameter with one text, unless told otherwise.
-struct FakePlant : DriveLinkFactory {
-  std::unique_ptr<DriveLink> Create() override;
+/// Drives 01 KRA-09, 02 LMX-01, 03 TSR-03, 04 KRA-05 in C:\d; the driver file of each has parameters 3, 5, 12, 990,
+/// 991.
+void SetUpDrives(Component& component, FakePorts& fakes);
 
-  std::map<int, std::string> texts;          ///< by parameter; "50" for the others
-  std::set<int> silent;                      ///< parameters that fail
-  bool broken = false;                       ///< the link object itself fails
-  std::vector<std::pair<int, int>> reads{};  ///< parameter and unit code
-};
-
-/// Drives 01 KRA-09, 02 LMX-01, 03 TSR-03, 04 KRA-05; the driver file of each has parameters 3, 5, 12, 990, 991.
 class DialogTest : public ::testing::Test {
  protected:
-  explicit DialogTest(DriveLinkFactory* links = nullptr);
+  DialogTest();
 
   /// Loads the dialog and takes no notice of sounds and boxes so far.
   void Open();
@@ -42,8 +35,8 @@ class DialogTest : public ::testing::Test {
   static constexpr const char* kChart = "C:\\p\\Test.cht";
   static constexpr const char* kSpool = "C:\\p\\Test.cht.tcf0";
   FakePorts fake;
-  FakePlant plant;
-  Component component;
+  FakePlant plant;  ///< answers "50", unless told otherwise
+  Component component{fake.ports, fake.forms, plant};
   std::unique_ptr<AcquireForm> form;
 };
 

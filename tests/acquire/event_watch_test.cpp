@@ -26,29 +26,23 @@ class EventWatchTest : public DialogTest {
 };
 
 TEST_F(EventWatchTest, TestsByPosition) {
-  struct Case {
-    int position;
-    const char* text;
-    std::int16_t code;
-  };
-  const Case cases[] = {
+  const std::tuple<int, const char*, int> cases[] = {
       {0, "768", 0},   {0, "512", 1},    {1, "512", 0},   {1, "0", 0},      {2, "8192", 0},      {2, "768", 1},
       {3, "IAAA", 0},  {4, "IAAA", -1},  {8, "IIA", 0},   {8, "II", -1},    {18, "IIIIIIIA", 0}, {18, "", -1},
       {19, "50.1", 0}, {19, "50", 1},    {20, "49.9", 0}, {20, "50", 1},    {21, "50.0", 0},     {21, "50.01", 1},
-      {22, "50", 0},   {22, "49.99", 1}, {23, "50", 0},   {23, "50.01", 1}, {-1, "50", 1},       {24, "50", 1},
-  };
+      {22, "50", 0},   {22, "49.99", 1}, {23, "50", 0},   {23, "50.01", 1}, {-1, "50", 1},       {24, "50", 1}};
   component.currentDrive = 1;
   component.parameterTables.At(1).At(12).unitCode = 75;
-  for (const Case& c : cases) {
-    for (const int parameter : {5, 6, 12}) plant.texts[parameter] = c.text;
-    EXPECT_EQ(TestEvent(component, {c.position, 5, 50}), c.code) << c.position << " " << c.text;
+  for (const auto& [position, text, code] : cases) {
+    for (const int parameter : {5, 6, 12}) plant.texts[parameter] = text;
+    EXPECT_EQ(TestEvent(component, {position, 5, 50}), code) << position << " " << text;
   }
-  plant.reads.clear();
+  plant.steps.clear();
   plant.silent = {5, 6, 12};
   EXPECT_EQ(TestEvent(component, {0, 5, 50}), watch_code::kNoAnswer);
   EXPECT_EQ(TestEvent(component, {8, 5, 50}), watch_code::kInputNotYet);
   EXPECT_EQ(TestEvent(component, {21, 12, 50}), watch_code::kNoAnswer);
-  EXPECT_THAT(plant.reads, ElementsAre(std::pair(6, 7), std::pair(12, 75), std::pair(12, 7)));
+  EXPECT_THAT(plant.steps, ElementsAre("read 1 8 6 unit 7", "read 1 8 12 unit 75", "read 1 8 12 unit 7"));
 }
 
 TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {
@@ -107,39 +101,32 @@ TEST_F(EventWatchTest, ContentMustBeANumberWhenArmed) {
   EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("Value out of range !"));
 }
 
-class ScenarioDialogTest : public EventWatchTest {};
+class ScenarioDialogTest : public EventWatchTest {
+ protected:
+  void Play(const std::string& script) {
+    fake.files.Put("plant.txt", script);
+    component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
+  }
+};
 
 TEST_F(ScenarioDialogTest, TheFirstPointFollowsOneIntervalAfterTheEventIsSeen) {
-  struct Case {
-    int event;
-    const char* script;
-    const char* content;
-  };
   // Each event comes at 1500 ms and is seen at the tick at 1600 ms.
-  const Case cases[] = {
-      {0, "at 0 01 P006 512\nat 1500 01 P006 768\n", ""},
-      {1, "at 0 01 P006 768\nat 1500 01 P006 512\n", ""},
-      {2, "at 0 01 P006 512\nat 1500 01 P006 8192\n", ""},
-      {8, "at 0 01 P012 IIIIIIII\nat 1500 01 P012 IIAIIIII\n", ""},
-      {19, "at 0 01 P003 50\nat 1500 01 P003 50.5\n", "50"},
-      {20, "at 0 01 P003 50\nat 1500 01 P003 49.5\n", "50"},
-      {21, "at 0 01 P003 49\nat 1500 01 P003 50.0\n", "50"},
-      {22, "at 0 01 P003 49.99\nat 1500 01 P003 50\n", "50"},
-      {23, "at 0 01 P003 50.01\nat 1500 01 P003 50\n", "50"},
-  };
-  for (const Case& c : cases) {
-    fake.files.Put("plant.txt", c.script);
-    component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
+  const std::tuple<int, const char*, const char*, const char*> cases[] = {
+      {0, "P006", "512", "768"},           {1, "P006", "768", "512"},   {2, "P006", "512", "8192"},
+      {8, "P012", "IIIIIIII", "IIAIIIII"}, {19, "P003", "50", "50.5"},  {20, "P003", "50", "49.5"},
+      {21, "P003", "49", "50.0"},          {22, "P003", "49.99", "50"}, {23, "P003", "50.01", "50"}};
+  for (const auto& [event, parameter, before, after] : cases) {
+    Play(std::string("at 0 01 ") + parameter + " " + before + "\nat 1500 01 " + parameter + " " + after + "\n");
     const Instant armed = fake.clock.Now();
-    Arm(c.event, c.content);
+    Arm(event);
     RunUntil(armed + milliseconds(1599));
-    EXPECT_EQ(form->Run().State(), RunState::kArmed) << c.event;
+    EXPECT_EQ(form->Run().State(), RunState::kArmed) << event;
     RunUntil(armed + milliseconds(1600));
-    EXPECT_EQ(form->Run().State(), RunState::kSampling) << c.event;
+    EXPECT_EQ(form->Run().State(), RunState::kSampling) << event;
     RunUntil(armed + milliseconds(1799));
-    EXPECT_EQ(form->Run().Counter(), 0) << c.event;
+    EXPECT_EQ(form->Run().Counter(), 0) << event;
     RunUntil(armed + milliseconds(1800));
-    EXPECT_EQ(form->Run().Counter(), 1) << c.event;
+    EXPECT_EQ(form->Run().Counter(), 1) << event;
     RunToEnd();
     EXPECT_EQ(Rows().size(), 5U);
     fake.files.Delete(kChart);
@@ -147,18 +134,15 @@ TEST_F(ScenarioDialogTest, TheFirstPointFollowsOneIntervalAfterTheEventIsSeen) {
 }
 
 TEST_F(ScenarioDialogTest, TenThousandEventsNoneMissedNoneFalse) {
-  constexpr int kRounds = 10'000;
-  constexpr int kRoundLength = 4'000;  // milliseconds
-  constexpr int kInterval = 200;
+  constexpr int kRounds = 10'000, kRoundLength = 4'000, kInterval = 200;  // milliseconds
   const auto eventOf = [](int round) { return 1 + round * 37 % 2'000; };
   std::string script;
   for (int round = 0; round < kRounds; ++round) {
     const int begin = round * kRoundLength;
-    script += "at " + std::to_string(begin) + " 01 P003 0\n";
-    script += "at " + std::to_string(begin + eventOf(round)) + " 01 P003 50\n";
+    script +=
+        "at " + std::to_string(begin) + " 01 P003 0\nat " + std::to_string(begin + eventOf(round)) + " 01 P003 50\n";
   }
-  fake.files.Put("plant.txt", script);
-  component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
+  Play(script);
   Arm(22, "50");
   form->StopRun();
   form->txtNumberOfPoints.SetText("1");

@@ -36,6 +36,8 @@ TEST(CategoryAxis, OneTickAndOneLabelAtEachDivision) {
   EXPECT_THAT(axis.tickRows, ElementsAre(0, 5, 10));
   EXPECT_THAT(Texts(axis), ElementsAre("101", "106", "111"));
   EXPECT_EQ(axis.labels[1].position, 5.5);
+  EXPECT_EQ(LayOut(8, 1, {false, 4, 4, false}, 400).labels[1].position, 6) << "in the middle of its division";
+  EXPECT_TRUE(LayOutCategoryAxis({}, {1, 0, 0, TextWidth}).tickRows.empty());
 }
 
 TEST(CategoryAxis, SkipsLabelsEvenlyWhenTheyWouldTouch) {
@@ -46,20 +48,8 @@ TEST(CategoryAxis, SkipsLabelsEvenlyWhenTheyWouldTouch) {
   EXPECT_THAT(LayOut(25, 1, Divisions(1), 80).tickRows.size(), 25);
 }
 
-TEST(CategoryAxis, BetweenTicksStandsInTheMiddleOfItsDivision) {
-  const CategoryAxis axis = LayOut(8, 1, {false, 4, 4, false}, 400);
-  EXPECT_EQ(axis.labels[0].position, 2);
-  EXPECT_EQ(axis.labels[1].position, 6);
-}
-
 TEST(CategoryAxis, ChoosesRoundDivisionsByItself) {
   EXPECT_THAT(LayOut(100, 1, {}, 400).tickRows, ElementsAre(0, 10, 20, 30, 40, 50, 60, 70, 80, 90));
-}
-
-TEST(CategoryAxis, HasNothingWithoutRows) {
-  const CategoryAxis axis = LayOutCategoryAxis({}, {1, 0, 0, TextWidth});
-  EXPECT_TRUE(axis.tickRows.empty());
-  EXPECT_TRUE(axis.labels.empty());
 }
 
 TEST(CategoryAxis, LabelsNeverTouchNorLeaveTheirRoom) {

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "chart/recording_canvas.h"
+#include "support/error_of.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -35,15 +36,6 @@ struct ChartControlTest : ::testing::Test {
   [[nodiscard]] MouseInput Over(int row, bool shift = false) const {
     return {{BuildChartScene(chart.Model(), canvas.Extent(), canvas, {}).plot.X(row), 100}, shift};
   }
-  static int ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const RunTimeError& error) {
-      return error.Number();
-    }
-    return 0;
-  }
-
   FakePorts fakes;
   ChartForm form{fakes};
   ChartControl& chart = form.chart;
@@ -51,30 +43,25 @@ struct ChartControlTest : ::testing::Test {
 };
 
 TEST_F(ChartControlTest, RefusesWhatThePropertiesCannotHold) {
-  const std::vector<std::pair<int, std::function<void()>>> cases = {
-      {0, [&] { chart.SetChartType(7); }},
-      {380, [&] { chart.SetChartType(8); }},
-      {380, [&] { chart.SetChartType(-1); }},
-      {380, [&] { chart.SetGridPen(ChartAxis::kX, 7); }},
-      {0, [&] { chart.SetWallPen(6); }},
-      {380, [&] { chart.SetWallPen(-1); }},
-      {380, [&] { chart.SetRowCount(-1); }},
-      {380, [&] { chart.SetColumnCount(-1); }},
-      {380,
-       [&] {
-         chart.SetCategoryScale({false, 0, 1, true});
-       }},
-      {380,
-       [&] {
-         chart.SetColumn(0, {1, 2});
-       }},
-      {9, [&] { chart.SetColumn(1, {}); }},
-      {9, [&] { chart.SetDataPoint(0, 25, 1); }},
-      {9, [&] { chart.SetDataPoint(-1, 0, 1); }},
-      {9, [&] { (void)chart.RowLabel(25); }},
-      {9, [&] { chart.SetShowLine(1, true); }},
-  };
-  for (std::size_t i = 0; i < cases.size(); ++i) EXPECT_EQ(ErrorOf(cases[i].second), cases[i].first) << "case " << i;
+  const CategoryScale noDivisions{false, 0, 1, true};
+  const std::vector<double> tooFew{1, 2};
+  const std::pair<int, std::function<void()>> cases[] = {{0, [&] { chart.SetChartType(7); }},
+                                                         {380, [&] { chart.SetChartType(8); }},
+                                                         {380, [&] { chart.SetChartType(-1); }},
+                                                         {380, [&] { chart.SetGridPen(ChartAxis::kX, 7); }},
+                                                         {0, [&] { chart.SetWallPen(6); }},
+                                                         {380, [&] { chart.SetWallPen(-1); }},
+                                                         {380, [&] { chart.SetRowCount(-1); }},
+                                                         {380, [&] { chart.SetColumnCount(-1); }},
+                                                         {380, [&] { chart.SetCategoryScale(noDivisions); }},
+                                                         {380, [&] { chart.SetColumn(0, tooFew); }},
+                                                         {9, [&] { chart.SetColumn(1, {}); }},
+                                                         {9, [&] { chart.SetDataPoint(0, 25, 1); }},
+                                                         {9, [&] { chart.SetDataPoint(-1, 0, 1); }},
+                                                         {9, [&] { (void)chart.RowLabel(25); }},
+                                                         {9, [&] { chart.SetShowLine(1, true); }}};
+  int at = 0;
+  for (const auto& [number, action] : cases) EXPECT_EQ(ErrorOf(action), number) << "case " << at++;
 }
 
 TEST_F(ChartControlTest, NewRowsAndColumnsAreGapsAndOldOnesStay) {
@@ -82,8 +69,7 @@ TEST_F(ChartControlTest, NewRowsAndColumnsAreGapsAndOldOnesStay) {
   chart.SetRowCount(26);
   chart.SetColumnCount(2);
   EXPECT_EQ(chart.DataPoint(0, 24), 3.0);
-  EXPECT_TRUE(std::isnan(chart.DataPoint(0, 25)));
-  EXPECT_TRUE(std::isnan(chart.DataPoint(1, 0)));
+  EXPECT_TRUE(std::isnan(chart.DataPoint(0, 25)) && std::isnan(chart.DataPoint(1, 0)));
   EXPECT_TRUE(chart.ShowMarker(0));
   EXPECT_EQ(chart.Model().series[1].color, FromBgr(65280));
   EXPECT_EQ(chart.RowLabel(24), 125);
@@ -92,20 +78,15 @@ TEST_F(ChartControlTest, NewRowsAndColumnsAreGapsAndOldOnesStay) {
 TEST_F(ChartControlTest, ResetDropsDataAndPropertiesButNotTheCursors) {
   chart.SetCursor(kFirst, 110);
   chart.SetGridPen(ChartAxis::kSecondY, 0);
-  chart.ResetToDefaults();
-  EXPECT_EQ(chart.ChartType(), 1);
-  EXPECT_EQ(chart.RowCount(), 0);
-  EXPECT_EQ(chart.ColumnCount(), 0);
-  EXPECT_EQ(chart.GridPen(ChartAxis::kSecondY), 1);
-  EXPECT_EQ(chart.CursorLabel(kFirst), 110);
-}
-
-TEST_F(ChartControlTest, PaintsWhileThePointerStandsOnARowThatIsGone) {
   chart.MouseMoved(Over(20));
   chart.ResetToDefaults();
+  EXPECT_EQ(chart.ChartType(), 1);
+  EXPECT_EQ(chart.RowCount() + chart.ColumnCount(), 0);
+  EXPECT_EQ(chart.GridPen(ChartAxis::kSecondY), 1);
+  EXPECT_EQ(chart.CursorLabel(kFirst), 110);
   chart.SetColumnCount(1);
   RecordingCanvas fresh({640, 360});
-  chart.Paint(fresh);
+  chart.Paint(fresh);  // while the pointer stands on a row that is gone
   EXPECT_FALSE(fresh.drawn.Shapes().empty());
 }
 

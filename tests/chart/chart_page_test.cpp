@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "chart/page_text.h"
+#include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -11,12 +12,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-/// No drive is read while a page is printed.
-class NoLinks : public DriveLinkFactory {
- public:
-  std::unique_ptr<DriveLink> Create() override { return nullptr; }
-};
 
 struct ChartPageTest : ::testing::Test {
   ChartPageTest() {
@@ -40,8 +35,8 @@ struct ChartPageTest : ::testing::Test {
     return texts;
   }
   FakePorts fakes;
-  NoLinks links;
-  Component component{fakes.ports, fakes.forms, links};
+  FakePlant plant;
+  Component component{fakes.ports, fakes.forms, plant};
   ChartPage page;
 };
 

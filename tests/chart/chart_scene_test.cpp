@@ -134,35 +134,6 @@ TEST_P(EveryType, GapsAloneDrawNoSeries) {
   EXPECT_EQ(CountPolylines(chart, kSeriesColors[0]), 0);
 }
 
-TEST(ChartScene, FlatBarsStandOnZero) {
-  ChartModel model = ModelOf(1, {{10, -10}});
-  const ChartScene chart = Build(model);
-  std::vector<std::vector<PointF>> bars;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    const auto points = chart.scene.Points(shape);
-    if (shape.fill == kSeriesColors[0]) bars.emplace_back(points.begin(), points.end());
-  }
-  const Rect& front = chart.plot.front;
-  const double zero = front.y + front.height / 2;
-  const BarPlace place = PlaceBars(chart.plot, 1);
-  const double left = place.Left(chart.plot, 0, 0);
-  const double right = left + place.width;
-  ASSERT_EQ(bars.size(), 2U);
-  EXPECT_THAT(bars[0],
-              ElementsAre(PointF{left, front.y}, PointF{right, front.y}, PointF{right, zero}, PointF{left, zero}));
-  EXPECT_EQ(bars[1][0].y, zero);
-  EXPECT_EQ(bars[1][2].y, front.Bottom());
-}
-
-TEST(ChartScene, BoxesShowTopSideAndFrontFromLeftToRight) {
-  const Color red = kSeriesColors[0];
-  const Color green = kSeriesColors[1];
-  const ChartScene chart = Build(ModelOf(0, {{10, 12}, {5, 0}}));
-  EXPECT_THAT(Fills(chart, {SceneShape::Kind::kPolygon}),
-              ElementsAre(Lighter(red, 0.38), Darker(red, 0.34), red, Lighter(green, 0.38), Darker(green, 0.34), green,
-                          Lighter(red, 0.38), Darker(red, 0.34), red, Lighter(green, 0.38)));  // a bar of 0 is flat
-}
-
 TEST(ChartScene, SlabsArePaintedFromTheBackSeriesToTheFrontOne) {
   const ChartScene chart = Build(ModelOf(4, {{1, 1}, {2, 2}, {3, 3}}));
   std::vector<Color> fronts;
@@ -170,17 +141,6 @@ TEST(ChartScene, SlabsArePaintedFromTheBackSeriesToTheFrontOne) {
     if (std::find(kSeriesColors.begin(), kSeriesColors.end(), fill) != kSeriesColors.end()) fronts.push_back(fill);
   }
   EXPECT_THAT(fronts, ElementsAre(kSeriesColors[2], kSeriesColors[1], kSeriesColors[0]));
-}
-
-TEST(ChartScene, RibbonsArePaintedFromLeftToRight) {
-  const ChartScene chart = Build(ModelOf(2, {{1, 3, 2}}));
-  std::vector<double> lefts;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    if (shape.kind == SceneShape::Kind::kPolygon && shape.fill.blue < 200)
-      lefts.push_back(chart.scene.Points(shape)[0].x);
-  }
-  const double shift = chart.plot.depthX * 0.12;
-  EXPECT_THAT(lefts, ElementsAre(chart.plot.X(0) + shift, chart.plot.X(1) + shift));
 }
 
 TEST(ChartScene, FaintColoursGetADarkEdgeUnderTheirLine) {

@@ -3,6 +3,7 @@
 
 #include "chart/chart_form.h"
 #include "chart/show_chart.h"
+#include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -15,11 +16,6 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 
 constexpr const char* kFile = "/data/Test.cht";
-
-class NoLinks : public DriveLinkFactory {
- public:
-  std::unique_ptr<DriveLink> Create() override { return nullptr; }
-};
 
 /// Draws nothing: a picture of the size that was asked for.
 class BlankPictures : public PictureRenderer {
@@ -35,10 +31,8 @@ struct ChartWindowTest : ::testing::Test {
   ChartWindowTest() {
     component.languageBase = 1000;
     component.settings.strLanguage = "English";
-    component.settings.strGrid = "No";
-    component.settings.strMarker = "No";
-    component.settings.strLine = "Yes";
-    component.settings.strSound = "Yes";
+    component.settings.strGrid = component.settings.strMarker = "No";
+    component.settings.strLine = component.settings.strSound = "Yes";
     component.settings.strDrivers = "/drivers";
     component.settings.intChartType = 3;
     component.driveTable.At(1) = {"01", "KRA-09", "2.40", "", "", "", "", ""};
@@ -47,10 +41,10 @@ struct ChartWindowTest : ::testing::Test {
     fakes.files.Put("\\Kestrel.log", "");
   }
   void Put(const std::string& points, int rows, const std::string& parameters = "2", const std::string& drive = "01") {
-    std::string text = "[INFO]\r\nDrive Address=" + drive + "\r\nNumber of Parameters=" + parameters +
-                       "\r\nPXXX1=003\r\nPXXX2=999\r\nScan Time=1\r\nUnit=s\r\nNumber of Points=" + points +
-                       "\r\nTrigger Mode=Event\r\nEvent=PXXX>=Content\r\nPXXX=005\r\nContent=12\r\n\r\n"
-                       "[TIME/CONTENT]\r\n";
+    std::string text =
+        "[INFO]\r\nDrive Address=" + drive + "\r\nNumber of Parameters=" + parameters +
+        "\r\nPXXX1=003\r\nPXXX2=999\r\nScan Time=1\r\nUnit=s\r\nNumber of Points=" + points +
+        "\r\nTrigger Mode=Event\r\nEvent=PXXX>=Content\r\nPXXX=005\r\nContent=12\r\n\r\n[TIME/CONTENT]\r\n";
     for (int i = 1; i <= rows; ++i) text += "08:00:00#" + std::to_string(i) + "#" + std::to_string(-i) + "####\r\n";
     fakes.files.Put(kFile, text);
   }
@@ -71,8 +65,8 @@ struct ChartWindowTest : ::testing::Test {
 
   FakePorts fakes;
   BlankPictures pictures;
-  NoLinks links;
-  Component component{fakes.ports, fakes.forms, links};
+  FakePlant plant;
+  Component component{fakes.ports, fakes.forms, plant};
   bool shown = false;
 };
 
@@ -84,18 +78,12 @@ TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
               "Number of Points : 100\r\nTrigger Mode : Event\r\nEvent : <PXXX> >= Content\r\nParameter : P005\r\n"
               "Content : 12\r\nStart Date : \r\nStart Time : \r\nEnd Date : \r\nEnd Time : \r\n");
     const ChartModel& model = form.mscChart1.Model();
-    EXPECT_EQ(model.rowCount, 25);
-    EXPECT_EQ(model.series.size(), 2U);
-    EXPECT_EQ(model.firstRowLabel, 1);
-    EXPECT_EQ(model.kind, ChartKind::k2dLine);
-    EXPECT_FALSE(model.legendVisible);
-    EXPECT_EQ(model.wallPen, 6);
+    EXPECT_EQ(std::tuple(model.rowCount, model.series.size(), model.firstRowLabel), std::tuple(25, 2U, 1));
+    EXPECT_EQ(std::tuple(model.kind, model.legendVisible, model.wallPen), std::tuple(ChartKind::k2dLine, false, 6));
     EXPECT_EQ(model.backdrop, (Color{255, 255, 230}));
     EXPECT_EQ(Column(form, 1).back(), -25);
     EXPECT_EQ(form.lblPXXX1.Caption(), "P003");
-    EXPECT_FALSE(form.txtScale3.Enabled());
-    EXPECT_TRUE(form.txtScale2.Enabled());
-    EXPECT_FALSE(form.cmdUpdateChart.Enabled());
+    EXPECT_TRUE(form.txtScale2.Enabled() && !form.txtScale3.Enabled() && !form.cmdUpdateChart.Enabled());
     EXPECT_EQ(form.Caption(), "Chart File - Test.cht");
     EXPECT_EQ(form.cboChartType.Text(), "2D Line");
   });
@@ -103,49 +91,40 @@ TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
 }
 
 TEST_F(ChartWindowTest, OpensNoWindowWhereThereIsNothingToShow) {
-  const struct {
-    std::string drive;
-    bool file;
-    const char* prompt;
-  } cases[] = {{"31", true, "Err.Number = 9"},
-               {"x", true, "Err.Number = 13"},
-               {"01", false, "Err.Number = 53"},
-               {"07", true, "It was not possible to load /data/Test.cht\r\nAddress 07 does not exist."}};
-  for (const auto& c : cases) {
-    Put("100", 100, "2", c.drive);
-    if (!c.file) fakes.files.Delete(kFile);
+  const std::tuple<std::string, bool, const char*> cases[] = {
+      {"31", true, "Err.Number = 9"},
+      {"x", true, "Err.Number = 13"},
+      {"01", false, "Err.Number = 53"},
+      {"07", true, "It was not possible to load /data/Test.cht\r\nAddress 07 does not exist."}};
+  for (const auto& [drive, file, prompt] : cases) {
+    Put("100", 100, "2", drive);
+    if (!file) fakes.files.Delete(kFile);
     Show([](ChartForm&) {});
-    EXPECT_FALSE(shown) << c.prompt;
-    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(c.prompt)));
+    EXPECT_FALSE(shown) << prompt;
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(prompt)));
   }
   EXPECT_THAT(fakes.files.Bytes("\\Kestrel.log"), HasSubstr("Sub/Function = OpenFile"));
 }
 
 TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
-  const struct {
-    const char* points;
-    int rows;
-    bool usable;
-    int maximum, smallChange, largeChange;
-  } cases[] = {{"25", 25, false, 100, 1, 1},        {"26", 26, true, 1, 1, 1},
-               {"625", 625, true, 600, 1, 60},      {"32767", 30, true, 32742, 1, 3274},
-               {"32768", 30, true, 32742, 1, 3274}, {"2000000000", 0, true, 32742, 1, 3274}};
-  for (const auto& c : cases) {
-    Put(c.points, c.rows);
-    Show([&](ChartForm& form) {
-      EXPECT_EQ(form.hsbGraph.Visible(), c.usable) << c.points;
-      EXPECT_EQ(form.sldPointsPerDivision.Enabled(), c.usable) << c.points;
-      EXPECT_EQ(form.lblPointsPerDivision.Visible(), c.usable) << c.points;
-      if (!c.usable) return;
-      EXPECT_EQ(form.hsbGraph.Maximum(), c.maximum) << c.points;
-      EXPECT_EQ(form.hsbGraph.SmallChange(), c.smallChange) << c.points;
-      EXPECT_EQ(form.hsbGraph.LargeChange(), c.largeChange) << c.points;
-      form.hsbGraph.SetValue(form.hsbGraph.Maximum());
-      const auto points = std::stoll(c.points);
-      EXPECT_EQ(form.SliceStartLine(), form.Source().FirstLine() + points - 25) << c.points;
-      EXPECT_EQ(FirstLabel(form), points - 24) << c.points;
+  const std::tuple<int, int, bool, std::tuple<int, int, int>> cases[] = {{25, 25, false, {100, 1, 1}},
+                                                                         {26, 26, true, {1, 1, 1}},
+                                                                         {625, 625, true, {600, 1, 60}},
+                                                                         {32767, 30, true, {32742, 1, 3274}},
+                                                                         {2000000000, 0, true, {32742, 1, 3274}}};
+  for (const auto& [points, rows, usable, range] : cases) {
+    Put(std::to_string(points), rows);
+    Show([&, last = points, wanted = usable, numbers = range](ChartForm& form) {
+      HScrollBar& bar = form.hsbGraph;
+      EXPECT_TRUE(bar.Visible() == wanted && form.lblPointsPerDivision.Visible() == wanted) << last;
+      EXPECT_EQ(form.sldPointsPerDivision.Enabled(), wanted) << last;
+      if (!wanted) return;
+      EXPECT_EQ(std::tuple(bar.Maximum(), bar.SmallChange(), bar.LargeChange()), numbers) << last;
+      bar.SetValue(bar.Maximum());
+      EXPECT_EQ(form.SliceStartLine(), form.Source().FirstLine() + last - 25) << last;
+      EXPECT_EQ(FirstLabel(form), last - 24) << last;
     });
-    EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty()) << c.points;
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty()) << points;
   }
 }
 
@@ -153,18 +132,14 @@ TEST_F(ChartWindowTest, SliderWalksDownToWhatFitsAndKeepsTheSliceInTheFile) {
   Put("625", 625);
   Show([&](ChartForm& form) {
     form.hsbGraph.SetValue(600);
+    const ChartModel& model = form.mscChart1.Model();
     form.sldPointsPerDivision.SetValue(10);
-    EXPECT_EQ(form.hsbGraph.Value(), 375);
-    EXPECT_EQ(FirstLabel(form), 376);
-    EXPECT_EQ(form.hsbGraph.SmallChange(), 10);
-    EXPECT_EQ(form.mscChart1.Model().rowCount, 250);
-    EXPECT_EQ(form.mscChart1.Model().categoryScale.divisionsPerLabel, 10);
+    EXPECT_EQ(std::tuple(form.hsbGraph.Value(), form.hsbGraph.SmallChange()), std::tuple(375, 10));
+    EXPECT_EQ(std::tuple(FirstLabel(form), model.rowCount, model.categoryScale.divisionsPerLabel),
+              std::tuple(376, 250, 10));
     form.sldPointsPerDivision.SetValue(1310);
-    EXPECT_EQ(form.sldPointsPerDivision.Value(), 25);
-    EXPECT_EQ(form.PointsPerDivision(), 25);
-    EXPECT_EQ(form.hsbGraph.Value(), 0);
-    EXPECT_EQ(FirstLabel(form), 1);
-    EXPECT_EQ(form.mscChart1.Model().rowCount, 625);
+    EXPECT_EQ(std::tuple(form.sldPointsPerDivision.Value(), form.PointsPerDivision()), std::tuple(25, 25));
+    EXPECT_EQ(std::tuple(form.hsbGraph.Value(), FirstLabel(form), model.rowCount), std::tuple(0, 1, 625));
     EXPECT_EQ(form.lblPointsPerDivision.Caption(), "Points per division: 25");
     form.sldPointsPerDivision.SetValue(1);
     EXPECT_EQ(form.SliceEndLine() - form.SliceStartLine(), 25);
@@ -222,20 +197,18 @@ TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
     EXPECT_EQ(form.txtScale2.Text(), "7");
     EXPECT_EQ(form.upd2.Value(), 7);
 
-    const struct {
-      const char *text, *prompt;
-    } refused[] = {{"0", "Value out of range !"},
-                   {"", "Value out of range !"},
-                   {"abc", "Value out of range !"},
-                   {"-3", "Value out of range !"},
-                   {"32768", "Err.Number = 6"}};
-    for (const auto& c : refused) {
-      form.txtScale1.SetText(c.text);
+    const std::pair<const char*, const char*> refused[] = {{"0", "Value out of range !"},
+                                                           {"", "Value out of range !"},
+                                                           {"abc", "Value out of range !"},
+                                                           {"-3", "Value out of range !"},
+                                                           {"32768", "Err.Number = 6"}};
+    for (const auto& [text, prompt] : refused) {
+      form.txtScale1.SetText(text);
       form.hsbGraph.SetValue(form.hsbGraph.Value() + 1);  // a load before the check
-      EXPECT_EQ(Column(form, 0).front(), 2.0 * static_cast<double>(FirstLabel(form))) << c.text;
-      form.txtScale1.SetText(c.text);
+      EXPECT_EQ(Column(form, 0).front(), 2.0 * static_cast<double>(FirstLabel(form))) << text;
+      form.txtScale1.SetText(text);
       form.txtScale1.LeaveFocus();
-      EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(c.prompt))) << c.text;
+      EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(prompt))) << text;
       EXPECT_EQ(form.txtScale1.Text(), "2");
     }
   });
@@ -250,19 +223,13 @@ TEST_F(ChartWindowTest, SwitchesSurviveSlicesAndAreSaved) {
     form.cboChartType.SetListIndex(6);
     form.hsbGraph.SetValue(10);
     const ChartModel& model = form.mscChart1.Model();
-    EXPECT_EQ(model.categoryGrid, 1);
-    EXPECT_EQ(model.secondValueGrid, 1);
-    EXPECT_TRUE(model.series[1].showMarker);
-    EXPECT_FALSE(model.series[0].showLine);
-    EXPECT_EQ(model.kind, ChartKind::k3dStep);
+    EXPECT_EQ(std::tuple(model.categoryGrid, model.secondValueGrid, model.kind), std::tuple(1, 1, ChartKind::k3dStep));
+    EXPECT_TRUE(model.series[1].showMarker && !model.series[0].showLine);
     form.PlaceChangedByUser(300, 450, 15000, 12000);
     form.cmdOK.Press();
   });
-  const auto& stored = fakes.settings.values;
-  EXPECT_EQ(stored.at("MyConf").at("strGrid"), "Yes");
-  EXPECT_EQ(stored.at("MyConf").at("strMarker"), "Yes");
-  EXPECT_EQ(stored.at("MyConf").at("strLine"), "No");
-  EXPECT_EQ(stored.at("MyConf").at("intChartType"), "6");
+  auto& stored = fakes.settings.values["MyConf"];
+  EXPECT_EQ(stored["strGrid"] + stored["strMarker"] + stored["strLine"] + stored["intChartType"], "YesYesNo6");
   Show([&](ChartForm& form) {
     EXPECT_EQ(form.cboChartType.ListIndex(), 6);
     EXPECT_EQ(form.Width(), 15000);
@@ -283,23 +250,18 @@ TEST_F(ChartWindowTest, AMalformedLineIsToldOnceAndTheChartStays) {
 }
 
 TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
-  const struct {
-    const char* points;
-    int rows;
-    const char* parameters;
-    int rowCount;
-    std::size_t series;
-    const char* notice;
-  } cases[] = {{"10", 12, "2", 12, 2, "The file goes on behind point 10, the last one that its header names."},
-               {"20", 12, "2", 12, 2, "The file holds 12 points; its header names 20."},
-               {"many", 40, "2", 25, 2, "The header names no number of points; the file holds 40."},
-               {"40", 40, "7", 25, 2, "The header does not name 1 to 4 parameters; 2 columns of the file are shown."}};
-  for (const auto& c : cases) {
-    Put(c.points, c.rows, c.parameters);
-    Show([&](ChartForm& form) {
-      EXPECT_EQ(form.mscChart1.Model().rowCount, c.rowCount) << c.notice;
-      EXPECT_EQ(form.mscChart1.Model().series.size(), c.series) << c.notice;
-      EXPECT_THAT(form.rtfInfo.Text(), EndsWith(std::string("\r\n\r\n") + c.notice + "\r\n"));
+  using Case = std::tuple<const char*, int, const char*, int, const char*>;
+  const Case cases[] = {
+      {"10", 12, "2", 12, "The file goes on behind point 10, the last one that its header names."},
+      {"20", 12, "2", 12, "The file holds 12 points; its header names 20."},
+      {"many", 40, "2", 25, "The header names no number of points; the file holds 40."},
+      {"40", 40, "7", 25, "The header does not name 1 to 4 parameters; 2 columns of the file are shown."}};
+  for (const auto& [points, rows, parameters, shownRows, notice] : cases) {
+    Put(points, rows, parameters);
+    Show([&, wanted = shownRows, text = "\r\n\r\n" + std::string(notice) + "\r\n"](ChartForm& form) {
+      EXPECT_EQ(form.mscChart1.Model().rowCount, wanted) << text;
+      EXPECT_EQ(form.mscChart1.Model().series.size(), 2U) << text;
+      EXPECT_THAT(form.rtfInfo.Text(), EndsWith(text));
     });
   }
   fakes.files.Put(kFile, "Drive Address=01\r\nNumber of Points=5\r\n");
@@ -405,7 +367,7 @@ TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
   fakes.dialogs.answers = {box_answer::kNo};
   Show([&](ChartForm& form) { form.cmdPrint.Press(); });
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Print ?"));
-  EXPECT_TRUE(fakes.clipboard.held.has_value());
+  EXPECT_TRUE(fakes.clipboard.Picture().has_value());
   EXPECT_EQ(fakes.printer.documentsPrinted, 0);
   fakes.dialogs.answers = {box_answer::kYes};
   Show([&](ChartForm& form) { form.cmdPrint.Press(); });

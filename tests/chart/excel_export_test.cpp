@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -11,11 +12,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-
-class NoLinks : public DriveLinkFactory {
- public:
-  std::unique_ptr<DriveLink> Create() override { return nullptr; }
-};
 
 struct ExcelExportTest : ::testing::Test {
   ExcelExportTest() {
@@ -36,8 +32,8 @@ struct ExcelExportTest : ::testing::Test {
   std::string Cell(const std::string& key) { return log.cells[key]; }
   const std::string target = "/data/Test.cht.xls";
   FakePorts fakes;
-  NoLinks links;
-  Component component{fakes.ports, fakes.forms, links};
+  FakePlant plant;
+  Component component{fakes.ports, fakes.forms, plant};
   ExportRequest request{"/data/Test.cht", "", {}};
   FakeSpreadsheetLog& log = fakes.spreadsheets.log;
 };
@@ -53,28 +49,24 @@ TEST_F(ExcelExportTest, WritesHeaderAndPointsAndReports) {
                                      "ReadOnlyRecommended=0 CreateBackup=0",
                                      "quit", "release"));
   EXPECT_THAT(log.sheetNames, ElementsAre("Chart1"));
-  const std::pair<const char*, const char*> cells[] = {{"1!1,1", "[INFO]"},
-                                                       {"1!2,1", "Drive Address"},
-                                                       {"1!2,2", "01"},
-                                                       {"1!3,2", "2"},
-                                                       {"1!4,1", "PXXX1"},
-                                                       {"1!13,1", "PXXX"},
-                                                       {"1!18,1", "End Time"},
-                                                       {"1!18,2", "08:00:02"},
-                                                       {"1!19,1", ""},
-                                                       {"1!20,1", "[TIME/CONTENT]"},
-                                                       {"1!21,1", "Time"},
-                                                       {"1!21,2", "PXXX1.Content"},
-                                                       {"1!21,5", "PXXX4.Content"},
-                                                       {"1!22,1", "08:00:01"},
-                                                       {"1!22,2", "=50.25"},
-                                                       {"1!22,3", "=7"},
-                                                       {"1!22,5", "="},
-                                                       {"1!23,2", "=1.5"},
-                                                       {"1!23,3", "=--"},
-                                                       {"1!24,2", "=\xC3\xA9"},
-                                                       {"1!25,1", ""}};
-  for (const auto& [key, text] : cells) EXPECT_EQ(Cell(key), text) << key;
+  const std::pair<int, const char*> rows[] = {{1, "[INFO]||||"},
+                                              {2, "Drive Address|01|||"},
+                                              {3, "Number of Parameters|2|||"},
+                                              {4, "PXXX1||||"},
+                                              {13, "PXXX||||"},
+                                              {18, "End Time|08:00:02|||"},
+                                              {19, "||||"},
+                                              {20, "[TIME/CONTENT]||||"},
+                                              {22, "08:00:01|=50.25|=7|=|="},
+                                              {23, "08:00:02|=1.5|=--|=|="},
+                                              {24, "08:00:03|=\xC3\xA9|=|=|="},
+                                              {25, "||||"},
+                                              {21, "Time|PXXX1.Content|PXXX2.Content|PXXX3.Content|PXXX4.Content"}};
+  for (const auto& [row, text] : rows) {
+    std::string cells = Cell("1!" + std::to_string(row) + ",1");
+    for (const char* column : {",2", ",3", ",4", ",5"}) cells += "|" + Cell("1!" + std::to_string(row) + column);
+    EXPECT_EQ(cells, text) << row;
+  }
   EXPECT_THAT(fakes.dialogs.TakePrompts(),
               ElementsAre("Do you really want to export the points to Excel?\r\nThis operation may take several "
                           "minutes...",

@@ -20,36 +20,31 @@ std::vector<std::string> Texts(const std::vector<ReadoutLine>& lines) {
 }
 
 TEST(ReadoutTest, TakesTheTimeDifferenceNearestToWhatIsExpected) {
-  const struct {
-    const char *from, *to;
-    double expected;
-    const char* text;
-  } cases[] = {{"10:00:00", "10:00:05", 5, "00:00:05"},
-               {"10:00:05", "10:00:00", -5, "-00:00:05"},
-               {"23:59:58", "00:00:03", 5, "00:00:05"},
-               {"00:00:03", "23:59:58", -5, "-00:00:05"},
-               {"10:00:00", "10:00:00", 172800, "48:00:00"},
-               {"10:00:00", "11:00:00", 0, "01:00:00"},
-               {"10:00", "10:00:05", 5, "--"},
-               {"", "x", 5, "--"}};
-  for (const auto& c : cases) EXPECT_EQ(TimeDifference(c.from, c.to, c.expected), c.text) << c.from << " " << c.to;
+  const std::tuple<const char*, const char*, double, const char*> cases[] = {
+      {"10:00:00", "10:00:05", 5, "00:00:05"},
+      {"10:00:05", "10:00:00", -5, "-00:00:05"},
+      {"23:59:58", "00:00:03", 5, "00:00:05"},
+      {"00:00:03", "23:59:58", -5, "-00:00:05"},
+      {"10:00:00", "10:00:00", 172800, "48:00:00"},
+      {"10:00:00", "11:00:00", 0, "01:00:00"},
+      {"10:00", "10:00:05", 5, "--"},
+      {"", "x", 5, "--"}};
+  for (const auto& [from, to, expected, text] : cases)
+    EXPECT_EQ(TimeDifference(from, to, expected), text) << from << " " << to;
 }
 
 TEST(ReadoutTest, ReadsTheScanTimeInItsUnit) {
   const NumberFormat format{".", ","};
   ChartHeader header;
-  const struct {
-    const char *time, *unit;
-    std::optional<double> seconds;
-  } cases[] = {{"500", "ms", 0.5},
-               {"3", "s", 3},
-               {"01:00:02", "hh:mm:ss", 3602},
-               {"x", "s", std::nullopt},
-               {"1:2", "hh:mm:ss", std::nullopt}};
-  for (const auto& c : cases) {
-    header.ScanTime = c.time;
-    header.Unit = c.unit;
-    EXPECT_EQ(ScanSeconds(header, format), c.seconds) << c.time;
+  const std::tuple<const char*, const char*, std::optional<double>> cases[] = {{"500", "ms", 0.5},
+                                                                               {"3", "s", 3},
+                                                                               {"01:00:02", "hh:mm:ss", 3602},
+                                                                               {"x", "s", std::nullopt},
+                                                                               {"1:2", "hh:mm:ss", std::nullopt}};
+  for (const auto& [time, unit, seconds] : cases) {
+    header.ScanTime = time;
+    header.Unit = unit;
+    EXPECT_EQ(ScanSeconds(header, format), seconds) << time;
   }
 }
 

@@ -26,14 +26,10 @@ ChartModel ModelOf(std::vector<std::vector<double>> columns) {
   return model;
 }
 
-TEST(SeriesPaths, ALineJoinsTheMiddlesOfTheSlots) {
+TEST(SeriesPaths, ALineJoinsTheMiddlesOfTheSlotsAndAStepHoldsItsValueOverThem) {
   const ChartModel model = ModelOf({{0, 10, kGap, -5}});
   EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k2dLine, PlotOf(4)),
               ElementsAre(Path{{22.5, 70}, {47.5, 20}}, Path{{97.5, 95}}));
-}
-
-TEST(SeriesPaths, AStepHoldsItsValueOverTheSlot) {
-  const ChartModel model = ModelOf({{0, 10, kGap, -5}});
   EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k3dStep, PlotOf(4)),
               ElementsAre(Path{{10, 70}, {35, 70}, {35, 20}, {60, 20}}, Path{{85, 95}, {110, 95}}));
 }
@@ -64,13 +60,9 @@ TEST(PlaceBars, GroupsStandInTheMiddleOfTheirSlots) {
   const Plot plot = PlotOf(4);
   const BarPlace place = PlaceBars(plot, 3);  // 25 pixels a slot, 20 % of it free
   EXPECT_EQ(place.width, 6);
-  EXPECT_EQ(place.Left(plot, 0, 0), 14);
-  EXPECT_EQ(place.Left(plot, 0, 2), 26);
-  EXPECT_EQ(place.Left(plot, 3, 0), 89);
-}
-
-TEST(PlaceBars, TooThinToStandSideBySide) {
-  EXPECT_EQ(PlaceBars(PlotOf(50), 4).width, 0);
+  EXPECT_THAT((std::array{place.Left(plot, 0, 0), place.Left(plot, 0, 2), place.Left(plot, 3, 0)}),
+              ElementsAre(14, 26, 89));
+  EXPECT_EQ(PlaceBars(PlotOf(50), 4).width, 0) << "too thin to stand side by side";
 }
 
 TEST(DenseBars, TheTallestComesFirstInEveryPixelColumn) {
@@ -80,26 +72,19 @@ TEST(DenseBars, TheTallestComesFirstInEveryPixelColumn) {
   low[299] = kGap;
   const std::vector<BarColumn> bars = DenseBars(ModelOf({low, high}), PlotOf(300), 1);
   ASSERT_EQ(bars.size(), 100U);
-  EXPECT_EQ(bars[0].left, 10);
-  EXPECT_EQ(bars[0].right, 11);
+  EXPECT_EQ(std::pair(bars[0].left, bars[0].right), std::pair(10.0, 11.0));
   ASSERT_EQ(bars[0].spans.size(), 2U);
-  EXPECT_EQ(bars[0].spans[0].column, 1);
-  EXPECT_EQ(bars[0].spans[0].top, 30);      // 8
-  EXPECT_EQ(bars[0].spans[0].bottom, 120);  // -10
-  EXPECT_EQ(bars[0].spans[1].column, 0);
-  EXPECT_EQ(bars[0].spans[1].top, 60);
-  EXPECT_EQ(bars[0].spans[1].bottom, 70);  // stands on zero
+  const BarSpan& tall = bars[0].spans[0];  // from 8 to -10; the other stands on zero
+  const BarSpan& small = bars[0].spans[1];
+  EXPECT_EQ(std::tuple(tall.column, tall.top, tall.bottom), std::tuple(1, 30, 120));
+  EXPECT_EQ(std::tuple(small.column, small.top, small.bottom), std::tuple(0, 60, 70));
 }
 
-TEST(Plot, MovesAlongItsDepth) {
+TEST(Plot, MovesAlongItsDepthAndDrawsWhatIsBeyondAnyScaleAtItsLimit) {
   Plot plot = PlotOf(4);
   plot.depthX = 40;
   plot.depthY = 20;
   EXPECT_EQ(plot.At({10, 20}, 0.5), (PointF{30, 10}));
-}
-
-TEST(Plot, DrawsWhatIsBeyondAnyScaleAtItsLimit) {
-  Plot plot = PlotOf(4);
   plot.axis = {.mantissa = 1, .exponent = 307, .firstTick = -1, .lastTick = 1};
   EXPECT_EQ(plot.Y(std::numeric_limits<double>::max()), 20);
 }

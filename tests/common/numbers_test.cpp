@@ -26,36 +26,29 @@ int ErrorOf(const Action& action) {
 }
 
 TEST(Numbers, AcceptsWhatTheLocaleWrites) {
-  struct Case {
-    const char* text;
-    const NumberFormat& format;
-    double value;
-  };
-  const Case cases[]{
-      {"12", kStop, 12},
-      {" \t-12.5 ", kStop, -12.5},
-      {"+.5", kStop, 0.5},
-      {"5.", kStop, 5},
-      {"1,234,567.25", kStop, 1234567.25},
-      {"1,", kStop, 1},  // on the way to 1,000
-      {"1.5e3", kStop, 1500},
-      {"1E-3", kStop, 0.001},
-      {"2e+2", kStop, 200},
-      {"007", kStop, 7},
-      {"-12,5", kComma, -12.5},
-      {"1.234,5", kComma, 1234.5},
-      {"1\u00A0234,5", kNoBreak, 1234.5},
-      {"1 234\u202F567", kNoBreak, 1234567},
-      {"1\u202F234,5", kNarrow, 1234.5},
-      {"1 234 ", kNarrow, 1234},
-      {"0,5", kNoGroups, 0.5},
-      {"0e999", kStop, 0},
-      {"1e-999", kStop, 0},
-      {"0.000", kStop, 0},
-  };
-  for (const Case& c : cases) {
-    EXPECT_TRUE(IsNumeric(c.text, c.format)) << c.text;
-    EXPECT_DOUBLE_EQ(ToDouble(c.text, c.format), c.value) << c.text;
+  const std::tuple<const char*, const NumberFormat&, double> cases[] = {{"12", kStop, 12},
+                                                                        {" \t-12.5 ", kStop, -12.5},
+                                                                        {"+.5", kStop, 0.5},
+                                                                        {"5.", kStop, 5},
+                                                                        {"1,234,567.25", kStop, 1234567.25},
+                                                                        {"1,", kStop, 1},  // on the way to 1,000
+                                                                        {"1.5e3", kStop, 1500},
+                                                                        {"1E-3", kStop, 0.001},
+                                                                        {"2e+2", kStop, 200},
+                                                                        {"007", kStop, 7},
+                                                                        {"-12,5", kComma, -12.5},
+                                                                        {"1.234,5", kComma, 1234.5},
+                                                                        {"1\u00A0234,5", kNoBreak, 1234.5},
+                                                                        {"1 234\u202F567", kNoBreak, 1234567},
+                                                                        {"1\u202F234,5", kNarrow, 1234.5},
+                                                                        {"1 234 ", kNarrow, 1234},
+                                                                        {"0,5", kNoGroups, 0.5},
+                                                                        {"0e999", kStop, 0},
+                                                                        {"1e-999", kStop, 0},
+                                                                        {"0.000", kStop, 0}};
+  for (const auto& [text, format, value] : cases) {
+    EXPECT_TRUE(IsNumeric(text, format)) << text;
+    EXPECT_DOUBLE_EQ(ToDouble(text, format), value) << text;
   }
 }
 

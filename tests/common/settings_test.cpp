@@ -101,24 +101,19 @@ TEST_F(SettingsTest, ASettingIsSetByName) {
 }
 
 TEST_F(SettingsTest, TheLanguageDecidesBaseAndHelpFile) {
-  struct Case {
-    const char* language;
-    const char* folder;
-    int base;
-    const char* helpFile;
-  };
-  const Case cases[]{{"Portuguese", "C:\\help", 0, "C:\\help\\Kshelpp.HLP"},
-                     {"English", "", 1000, "\\Kshelpe.HLP"},
-                     {"Spanish", "/usr/help", 2000, "/usr/help/Kshelps.HLP"},
-                     {"english", "C:\\help", 0, ""}};
-  for (const Case& c : cases) {
+  const std::tuple<const char*, const char*, int, const char*> cases[] = {
+      {"Portuguese", "C:\\help", 0, "C:\\help\\Kshelpp.HLP"},
+      {"English", "", 1000, "\\Kshelpe.HLP"},
+      {"Spanish", "/usr/help", 2000, "/usr/help/Kshelps.HLP"},
+      {"english", "C:\\help", 0, ""}};
+  for (const auto& [language, folder, base, helpFile] : cases) {
     Environment fresh{fakes.ports, fakes.forms};
-    fresh.settings.strLanguage = c.language;
-    fresh.settings.strHelps = c.folder;
+    fresh.settings.strLanguage = language;
+    fresh.settings.strHelps = folder;
     SetLanguageBase(fresh);
     SetHelpFile(fresh);
-    EXPECT_EQ(fresh.languageBase, c.base) << c.language;
-    EXPECT_EQ(fresh.helpFile, c.helpFile) << c.language;
+    EXPECT_EQ(fresh.languageBase, base) << language;
+    EXPECT_EQ(fresh.helpFile, helpFile) << language;
   }
   environment.languageBase = 2000;
   environment.settings.strLanguage = "Klingon";

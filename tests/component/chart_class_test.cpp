@@ -4,81 +4,32 @@
 #include <gmock/gmock.h>
 
 #include "acquire/acquire_form.h"
+#include "support/error_of.h"
+#include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
 namespace {
-
-/// A drive link that writes down its life.
-class LoggingLinks : public DriveLinkFactory {
- public:
-  std::unique_ptr<DriveLink> Create() override {
-    Note("create");
-    return std::make_unique<Link>(*this);
-  }
-
-  /// Writes a step down; throws at the step that is to fail.
-  void Note(const std::string& step) {
-    steps.push_back(step);
-    if (step == failAt) throw RunTimeError(440, step + " failed");
-  }
-
-  std::vector<std::string> steps;
-  std::string failAt;
-
- private:
-  class Link : public DriveLink {
-   public:
-    explicit Link(LoggingLinks& log) : log_(log) {}
-    ~Link() override { log_.steps.emplace_back("destroy"); }
-    void SetP210Value(std::int16_t /*value*/, std::int16_t& /*reply*/) override {}
-    void SetP529Value(std::int16_t /*value*/, std::int16_t& /*reply*/) override {}
-    void ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                       std::int16_t /*unitCode*/, std::int16_t& status) override {
-      status = 1;
-    }
-    void ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
-                        std::int16_t unitCode, std::int16_t& status) override {
-      ReadParameter(address, modelCode, parameter, unitCode, status);
-    }
-    void OpenLink(std::int16_t& /*result*/) override { log_.Note("open"); }
-    void CloseLink() override { log_.Note("close"); }
-    void GetValue(double& value) override { value = 0; }
-    void GetText(std::string& text) override { text.clear(); }
-
-   private:
-    LoggingLinks& log_;
-  };
-};
 
 class ChartClassTest : public testing::Test {
  protected:
   ChartClassTest() {
     fakes.settings.values["MyConf"]["strSound"] = "No";
     fakes.forms.onShown = [this](Form& form) {
-      links.steps.push_back("show " + form.Name());
+      plant.steps.push_back("show " + form.Name());
       if (whileShown) whileShown();
       form.Unload();
     };
   }
-
   std::unique_ptr<ChartClass> Create() {
-    return std::make_unique<ChartClass>(fakes.ports, fakes.forms, links, process);
-  }
-
-  static int ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const RunTimeError& error) {
-      return error.Number();
-    }
-    return 0;
+    return std::make_unique<ChartClass>(fakes.ports, fakes.forms, plant, process);
   }
 
   FakePorts fakes;
-  LoggingLinks links;
+  FakePlant plant;
   ProcessState process;
   std::function<void()> whileShown;
+  const std::vector<std::string> wholeLife{"create", "open", "show frmAcquireVar", "close", "destroy"};
 };
 
 TEST_F(ChartClassTest, StartUpLoadsTheWholeEnvironment) {
@@ -124,20 +75,17 @@ TEST_F(ChartClassTest, AFailingStartUpLeavesNoInstanceAndStoresNothing) {
   EXPECT_TRUE(fakes.settings.written.empty());
 }
 
-TEST_F(ChartClassTest, ReleaseSavesEverySectionAndEntersTheProjectFolder) {
+TEST_F(ChartClassTest, ReleaseSavesEverySectionOnceAndEntersTheProjectFolder) {
   fakes.settings.values["MyProject"]["strFolder"] = "/projects/pump";
   auto component = Create();
   component->State().settings.intChartType = 7;
   EXPECT_TRUE(fakes.settings.written.empty()) << "changes are stored at release only";
   component->Release();
+  component.reset();
   ASSERT_EQ(fakes.settings.written.size(), 75U);
-  EXPECT_EQ(fakes.settings.written.front(), "MyConf.strShowWarningAtStartup");
-  EXPECT_EQ(fakes.settings.written.at(32), "MyProject.intSelectedDrive");
-  EXPECT_EQ(fakes.settings.written.at(67), "MyKestrel.strBin");
+  EXPECT_EQ(fakes.settings.written[32], "MyProject.intSelectedDrive") << "behind MyConf, before MyKestrel";
   EXPECT_EQ(fakes.settings.values["MyConf"]["intChartType"], "7");
   EXPECT_EQ(fakes.files.CurrentFolder(), "/projects/pump");
-  component.reset();
-  EXPECT_EQ(fakes.settings.written.size(), 75U) << "released once";
 }
 
 TEST_F(ChartClassTest, AnInstanceDestroyedWithoutReleaseStillSaves) {
@@ -154,43 +102,32 @@ TEST_F(ChartClassTest, AnInstanceDestroyedWithoutReleaseStillSaves) {
   EXPECT_THAT(fakes.files.Bytes("\\Kestrel.log"), testing::HasSubstr("Sub/Function = Release\r\nErr.Number = 76"));
 }
 
-TEST_F(ChartClassTest, TheLinkLivesAsLongAsTheDialog) {
+TEST_F(ChartClassTest, TheLinkLivesAsLongAsTheDialogAndASecondDialogInsideIsRefused) {
   const auto component = Create();
-  whileShown = [&] { EXPECT_NE(component->State().driveLink, nullptr); };
+  whileShown = [&] {
+    EXPECT_NE(component->State().driveLink, nullptr);
+    EXPECT_EQ(ErrorOf([&] { component->AcquireVar(); }), 5);
+  };
   component->AcquireVar();
-  EXPECT_THAT(links.steps, testing::ElementsAre("create", "open", "show frmAcquireVar", "close", "destroy"));
-  EXPECT_EQ(component->State().driveLink, nullptr);
+  EXPECT_EQ(plant.steps, wholeLife);
   component->AcquireVar();
-  EXPECT_EQ(links.steps.size(), 10U) << "a new link for every dialog";
+  EXPECT_EQ(plant.steps.size(), 10U) << "a new link for every dialog";
 }
 
-TEST_F(ChartClassTest, ASecondDialogInsideTheFirstIsRefused) {
+TEST_F(ChartClassTest, AFailingLinkOrDialogIsReportedAndTheLinkLeftNowhere) {
   const auto component = Create();
-  whileShown = [&] { EXPECT_EQ(ErrorOf([&] { component->AcquireVar(); }), 5); };
-  component->AcquireVar();
-  EXPECT_THAT(links.steps, testing::ElementsAre("create", "open", "show frmAcquireVar", "close", "destroy"));
-}
-
-TEST_F(ChartClassTest, AFailingLinkIsReportedAndLeftNowhere) {
-  const auto component = Create();
-  const std::pair<const char*, std::vector<std::string>> cases[]{
-      {"create", {"create"}},
-      {"open", {"create", "open", "destroy"}},
-      {"close", {"create", "open", "show frmAcquireVar", "close", "destroy"}}};
-  for (const auto& [step, steps] : cases) {
-    links.steps.clear();
-    links.failAt = step;
-    EXPECT_EQ(ErrorOf([&] { component->AcquireVar(); }), 440) << step;
-    EXPECT_EQ(links.steps, steps) << step;
+  const std::tuple<const char*, int, std::vector<std::string>> cases[] = {{"create", 440, {"create"}},
+                                                                          {"open", 440, {"create", "open", "destroy"}},
+                                                                          {"close", 440, wholeLife},
+                                                                          {"dialog", 7, wholeLife}};
+  for (const auto& [step, number, steps] : cases) {
+    plant.steps.clear();
+    plant.failAt = step;
+    if (plant.failAt == "dialog") whileShown = [] { throw RunTimeError(7, "Out of memory"); };
+    EXPECT_EQ(ErrorOf([&] { component->AcquireVar(); }), number) << step;
+    EXPECT_EQ(plant.steps, steps) << step;
     EXPECT_EQ(component->State().driveLink, nullptr) << step;
   }
-}
-
-TEST_F(ChartClassTest, AFailingDialogStillClosesTheLink) {
-  const auto component = Create();
-  whileShown = [] { throw RunTimeError(7, "Out of memory"); };
-  EXPECT_EQ(ErrorOf([&] { component->AcquireVar(); }), 7);
-  EXPECT_THAT(links.steps, testing::ElementsAre("create", "open", "show frmAcquireVar", "close", "destroy"));
 }
 
 TEST_F(ChartClassTest, CreateChartKeepsTheNameOfAFileThatIsNotThere) {

@@ -22,24 +22,14 @@ TEST_F(DriveTableTest, ReadsTheSevenKeysWhateverSurroundsThem) {
   PutDrive(1,
            "[Drive]\r\n   Type=KRA-09\r\nFirmware Version=2.40\nNominal Voltage=380 V\r\nNominal Current=24 A  \r\n"
            "Tag=Bomba \xE7\r\nCommercial Reference=KRA090024\r\nSerial Number=12=34\r\nColour=red\r\nTag=Pump\xE7");
+  PutDrive(2, "Tag=Type=KRA-05\r\n\tSerial Number=1\r\nOld Tag=x\r\n");  // the first key that matches decides
   LoadDriveInfo(context, 0);
-  const DriveRecord& drive = context.driveTable.At(1);
-  EXPECT_EQ(drive.Address, "01");
-  EXPECT_EQ(drive.Type, "KRA-09");
-  EXPECT_EQ(drive.FirmwareVersion, "2.40");
-  EXPECT_EQ(drive.NominalVoltage, "380 V");
-  EXPECT_EQ(drive.NominalCurrent, "24 A  ");
-  EXPECT_EQ(drive.Tag, "Pump\u00E7");  // the later line, in the code page
-  EXPECT_EQ(drive.CommercialReference, "KRA090024");
-  EXPECT_EQ(drive.SerialNumber, "12=34");
-}
-
-TEST_F(DriveTableTest, TheFirstKeyThatMatchesDecidesAndTheValueFollowsTheFirstEqualsSign) {
-  PutDrive(2, "Tag=Type=KRA-05\r\n\tSerial Number=1\r\nOld Tag=x\r\n");
-  LoadDriveInfo(context, 2);
-  EXPECT_EQ(context.driveTable.At(2).Type, "Type=KRA-05");
-  EXPECT_EQ(context.driveTable.At(2).SerialNumber, "1");
-  EXPECT_EQ(context.driveTable.At(2).Tag, "x");
+  const DriveRecord& one = context.driveTable.At(1);
+  EXPECT_THAT((std::array{one.Address, one.Type, one.FirmwareVersion, one.NominalVoltage, one.NominalCurrent, one.Tag,
+                          one.CommercialReference, one.SerialNumber}),
+              ::testing::ElementsAre("01", "KRA-09", "2.40", "380 V", "24 A  ", "Pump\u00E7", "KRA090024", "12=34"));
+  const DriveRecord& two = context.driveTable.At(2);
+  EXPECT_THAT((std::array{two.Type, two.SerialNumber, two.Tag}), ::testing::ElementsAre("Type=KRA-05", "1", "x"));
 }
 
 TEST_F(DriveTableTest, LoadsAllAddressesOrLeavesOnlyTheOneAskedFor) {

@@ -38,19 +38,13 @@ TEST_F(DriverFileTest, NamesGoFromTheExactVersionToTheModel) {
     fakes.files.Put(name, "");
     EXPECT_EQ(DriverFileName(context, 7), name);
   }
-  struct Case {
-    const char* version;
-    const char* exact;
-  };
-  for (const Case& c : {Case{"1,05", "KRA09V105E"},
-                        {"2.4.1", "KRA09V24.1E"},
-                        {"7.4,1", "KRA09V741E"},
-                        {"3", "KRA09V3E"},
-                        {"", "KRA09VE"}}) {
-    context.driveTable.At(7).FirmwareVersion = c.version;
-    EXPECT_EQ(DriverFileName(context, 7), inOrder[0]) << c.version;
-    fakes.files.Put("C:\\Drivers\\" + std::string(c.exact) + ".wcd", "");
-    EXPECT_EQ(DriverFileName(context, 7), "C:\\Drivers\\" + std::string(c.exact) + ".wcd");
+  const std::pair<const char*, std::string> versions[] = {
+      {"1,05", "KRA09V105E"}, {"2.4.1", "KRA09V24.1E"}, {"7.4,1", "KRA09V741E"}, {"3", "KRA09V3E"}, {"", "KRA09VE"}};
+  for (const auto& [version, exact] : versions) {
+    context.driveTable.At(7).FirmwareVersion = version;
+    EXPECT_EQ(DriverFileName(context, 7), inOrder[0]) << version;
+    fakes.files.Put("C:\\Drivers\\" + exact + ".wcd", "");
+    EXPECT_EQ(DriverFileName(context, 7), "C:\\Drivers\\" + exact + ".wcd");
   }
   context.settings.strDrivers = "/srv/drivers";
   context.settings.strLanguage.clear();
@@ -67,16 +61,10 @@ TEST_F(DriverFileTest, StoresTheFieldsOfParametersAndTheirContinuations) {
               IsEmpty());
   const ParameterEntry& entry = Entry(5);
   EXPECT_TRUE(entry.present && entry.secondPresent && entry.yesFlag);
-  EXPECT_EQ(entry.name, "Motor \u00E7");
-  EXPECT_EQ(entry.text3, "one");
-  EXPECT_EQ(entry.text4, "1.5");
-  EXPECT_EQ(entry.text5, "Hz");
+  EXPECT_THAT((std::array{entry.name, entry.text3, entry.text4, entry.text5, entry.text8, entry.text12}),
+              ElementsAre("Motor \u00E7", "one", "1.5", "Hz", "eight", "twelve"));
   EXPECT_EQ(entry.unitCode, 33);
-  EXPECT_EQ(entry.text8, "eight");
-  EXPECT_EQ(entry.limit9, 0);
-  EXPECT_EQ(entry.limit10, 102.5F);
-  EXPECT_EQ(entry.limit11, -3.25F);
-  EXPECT_EQ(entry.text12, "twelve");
+  EXPECT_THAT((std::array{entry.limit9, entry.limit10, entry.limit11}), ElementsAre(0, 102.5F, -3.25F));
   EXPECT_EQ(Entry(12).unitCode, 75);
   EXPECT_FALSE(Entry(12).yesFlag);
   EXPECT_EQ(context.parameterTables.At(7).numberedTexts[1], "(2)=Second text");
@@ -105,18 +93,21 @@ TEST_F(DriverFileTest, ASecondLoadLeavesNothingOfTheFirst) {
 TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
   MessageBoxRequest box;
   fakes.dialogs.whileUp = [&box](const MessageBoxRequest& request) { box = request; };
+  const auto error = [](int line) { return "Error in line " + std::to_string(line) + " in driver " + kFile; };
   EXPECT_THAT(Load("nonsense\r\n#P003#Fifteen#############\r\n#P004#Thirteen###########\r\n"
                    "#P005#Kept##########x##\r\n#P006#Late###########x#\r\n#P007#Type=x############\r\n"),
-              ElementsAre("Error in line 1 in driver C:\\Drivers\\KRA09E.wcd",
-                          "Error in line 2 in driver C:\\Drivers\\KRA09E.wcd",
-                          "Error in line 3 in driver C:\\Drivers\\KRA09E.wcd",
-                          "Error in line 5 in driver C:\\Drivers\\KRA09E.wcd"));
+              ElementsAre(error(1), error(2), error(3), error(5)));
   EXPECT_FALSE(Entry(3).present || Entry(4).present || Entry(7).present);
   EXPECT_EQ(Entry(5).text12, "x");
   EXPECT_EQ(Entry(6).name, "Late");
   EXPECT_EQ(box.style, box_style::kCritical + box_style::kHelpButton);
   EXPECT_EQ(box.helpFile, "C:\\Help\\Kshelpe.HLP");
   EXPECT_EQ(box.helpContext, 152);
+  // A line without an end, and a program taken for a driver file.
+  EXPECT_THAT(Load("#P001#" + std::string(3'000'000, 'x') + "############\r\n#P002#B############\r\n"),
+              ElementsAre(error(1)));
+  EXPECT_TRUE(!Entry(1).present && Entry(2).present);
+  EXPECT_THAT(Load(std::string("\x7F\x45LF\0\0\n\xFF\xFE\0", 9)), ::testing::SizeIs(2));
   context.languageBase = 0;
   EXPECT_THAT(Load("x"), ElementsAre("Erro na linha 1 no driver C:\\Drivers\\KRA09E.wcd"));
   context.languageBase = 2000;
@@ -136,47 +127,27 @@ TEST_F(DriverFileTest, AnUnknownUnitIsShownWithItsParameterAndCounts0) {
                                                        "Error : driver con unidad desconocida : CurrentF0  (P999)"));
 }
 
-TEST_F(DriverFileTest, BadNumbersAreErrorsAndRubbishIsALineError) {
-  EXPECT_EQ(ErrorOf([&] { Load("#P1000#A############"); }), 9);
-  EXPECT_EQ(ErrorOf([&] { Load("#P-1#A############"); }), 9);
-  EXPECT_EQ(ErrorOf([&] { Load("#PP5#A############"); }), 13);
-  EXPECT_EQ(ErrorOf([&] { Load("#P99999#A############"); }), 6);
-  EXPECT_EQ(ErrorOf([&] { Load("#P5#A#######low#####"); }), 13);
+TEST_F(DriverFileTest, BadNumbersAndAddressesAreErrors) {
+  const std::pair<const char*, int> cases[] = {{"#P1000#A############", 9},
+                                               {"#P-1#A############", 9},
+                                               {"#PP5#A############", 13},
+                                               {"#P99999#A############", 6},
+                                               {"#P5#A#######low#####", 13}};
+  for (const auto& [line, number] : cases) EXPECT_EQ(ErrorOf([&, bytes = line] { Load(bytes); }), number) << line;
   EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 0); }), 9);
   EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 31); }), 9);
-  EXPECT_THAT(Load("#P001#" + std::string(3'000'000, 'x') + "############\r\n#P002#B############\r\n"),
-              ElementsAre("Error in line 1 in driver C:\\Drivers\\KRA09E.wcd"));
-  EXPECT_FALSE(Entry(1).present);
-  EXPECT_TRUE(Entry(2).present);
-  EXPECT_THAT(Load(std::string("\x7F\x45LF\0\0\n\xFF\xFE\0", 9)), ::testing::SizeIs(2));
-}
-
-TEST(DriverFileTextTest, SmallRoutines) {
-  EXPECT_EQ(RemoveFirst("a-b-c", "-"), "ab-c");
-  EXPECT_EQ(RemoveFirst("abc", "-"), "abc");
-  EXPECT_EQ(CountChar("#a##", '#'), 3);
-  EXPECT_EQ(FieldBetween("x# a #b#c", 1, 2), "a");
-  EXPECT_EQ(FieldBetween("x# a #b#c", 1, 3), "a #b");
-  EXPECT_EQ(FieldBetween("x# a #b#c", 3, 4), "");
 }
 
 TEST(UnitCodesTest, KeywordsFollowTheFamiliesInAnyCase) {
-  struct Case {
-    const char* keyword;
-    std::int16_t code;
-  };
-  for (const Case& c : {Case{"CURRENTF0", 1},   {"currentf5", 6},       {"DirectF0", 7},       {"DividedBy1000F0", 13},
-                        {"DividedBy100F0", 19}, {"DividedBy100F1", 20}, {"DividedBy10F0", 25}, {"DividedBy10F1", 26},
-                        {"frequencyf2", 33},    {"GainF5", 42},         {"PercentageF0", 43},  {"PowerF0", 49},
-                        {"TimeF0", 55},         {"VoltageF0", 61},      {"13bitsrpmf0", 67},   {"13BitsRPMF5", 72},
-                        {"DependsOnP210", 73},  {"DependsOnP529", 74},  {"di1di8", 75},        {"RL1RL2RL3DO1DO2", 76},
-                        {"frequencyf2 ", 0},    {"CurrentF6", 0},       {"Current", 0},        {"", 0},
-                        {"CurrentF0F0", 0}}) {
-    EXPECT_EQ(FindUnitCode(c.keyword), c.code) << c.keyword;
-  }
-  EXPECT_EQ(ParameterName(529), "P529");
-  EXPECT_EQ(ParameterName(5), "P005");
-  EXPECT_EQ(ParameterDigits(0), "000");
+  const std::pair<const char*, int> cases[] = {
+      {"CURRENTF0", 1},       {"currentf5", 6},       {"DirectF0", 7},       {"DividedBy1000F0", 13},
+      {"DividedBy100F0", 19}, {"DividedBy100F1", 20}, {"DividedBy10F0", 25}, {"DividedBy10F1", 26},
+      {"frequencyf2", 33},    {"GainF5", 42},         {"PercentageF0", 43},  {"PowerF0", 49},
+      {"TimeF0", 55},         {"VoltageF0", 61},      {"13bitsrpmf0", 67},   {"13BitsRPMF5", 72},
+      {"DependsOnP210", 73},  {"DependsOnP529", 74},  {"di1di8", 75},        {"RL1RL2RL3DO1DO2", 76},
+      {"frequencyf2 ", 0},    {"CurrentF6", 0},       {"Current", 0},        {"", 0},
+      {"CurrentF0F0", 0}};
+  for (const auto& [keyword, code] : cases) EXPECT_EQ(FindUnitCode(keyword), code) << keyword;
 }
 
 }  // namespace

@@ -6,16 +6,13 @@ namespace chartproject {
 namespace {
 
 TEST(LocalePosix, DatesKeepTheLocalesOrderAndSeparator) {
-  const struct {
-    const char* pattern;
-    const char* text;
-  } cases[] = {{"%m/%d/%y", "02/01/2026"}, {"%d/%m/%Y", "01/02/2026"},   {"%d.%m.%Y", "01.02.2026"},
-               {"%Y-%m-%d", "2026-02-01"}, {"%-d.%-m.%Y", "01.02.2026"}, {"%d-%m-%y", "01-02-2026"},
-               {"%F", "2026-02-01"},       {"%D", "02/01/2026"},         {"", "2026-02-01"},
-               {"%", "2026-02-01"}};
-  for (const auto& c : cases) {
-    const LocalePosix locale({}, {.date = c.pattern});
-    EXPECT_EQ(locale.DateText({2026, 2, 1, 8, 5, 9, 0}), c.text) << c.pattern;
+  const std::pair<const char*, const char*> cases[] = {
+      {"%m/%d/%y", "02/01/2026"},   {"%d/%m/%Y", "01/02/2026"}, {"%d.%m.%Y", "01.02.2026"}, {"%Y-%m-%d", "2026-02-01"},
+      {"%-d.%-m.%Y", "01.02.2026"}, {"%d-%m-%y", "01-02-2026"}, {"%F", "2026-02-01"},       {"%D", "02/01/2026"},
+      {"", "2026-02-01"},           {"%", "2026-02-01"}};
+  for (const auto& [pattern, text] : cases) {
+    const LocalePosix locale({}, {.date = pattern});
+    EXPECT_EQ(locale.DateText({2026, 2, 1, 8, 5, 9, 0}), text) << pattern;
   }
 }
 

@@ -15,10 +15,6 @@ namespace chartproject {
 
 namespace {
 
-std::string DriverLine(const std::string& number, const std::string& name, const std::string& unit) {
-  return "#" + number + "#" + name + "####" + unit + "#No#######\r\n";
-}
-
 int ListTextWidth(const QComboBox& list) {
   QStyleOptionComboBox option;
   option.initFrom(&list);
@@ -44,23 +40,11 @@ bool IsCut(const QWidget& widget) {
 }  // namespace
 
 DialogWindow::DialogWindow(const std::string& language) {
-  Settings& settings = component.settings;
-  settings.strLanguage = language;
-  settings.strFolder = "/home/ana/Press line 4";
-  settings.strDrivers = "C:\\Drivers";
-  settings.intSelectedDrive = 1;
+  plant.others = "50";
+  component.settings.strLanguage = language;
+  component.settings.strFolder = "/home/ana/Press line 4";
   SetLanguageBase(component);
-  const std::string driver =
-      DriverLine("2", "Motor speed", "DirectF0") + DriverLine("3", "Motor current", "DividedBy10F1") +
-      DriverLine("5", "Output frequency", "DividedBy100F2") + DriverLine("12", "Digital inputs", "DI1DI8");
-  int address = 0;
-  for (const std::string model : {"KRA-09", "LMX-01", "TSR-05", "PVE-05"}) {
-    component.driveTable.At(++address).Type = model;
-    for (const char letter : {'P', 'E', 'S'}) {
-      fakes.files.Put("C:\\Drivers\\" + model.substr(0, 3) + model.substr(4) + letter + ".wcd", driver);
-    }
-  }
-  component.driveLink = component.linkFactory.Create();
+  SetUpDrives(component, fakes);
 }
 
 std::vector<std::string> CutTexts(const QWidget& window) {

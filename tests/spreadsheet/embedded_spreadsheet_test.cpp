@@ -35,26 +35,22 @@ struct SpreadsheetTest : ::testing::Test {
 };
 
 TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
-  struct Case {
-    bool comma;
-    const char* text;
-    const char* cell;  // in the plain text file: quoted texts stay texts
-  };
-  const Case cases[] = {{false, "1.50", "1.5"},      {true, "1,50", "1.5"},           {true, "1.50", "1.50"},
-                        {false, "--", "--"},         {false, "-0.25", "-0.25"},       {false, "+7", "7"},
-                        {false, "1e3", "1000"},      {false, "08:00:00", "08:00:00"}, {false, "", ""},
-                        {false, "nan", "nan"},       {false, "1 2", "1 2"},           {false, "0x10", "0x10"},
-                        {true, "1,5,2", "\"1,5,2\""}};
-  for (const Case& c : cases) {
-    locale.numbers = c.comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
+  const std::tuple<bool, const char*, const char*> cases[] = {
+      {false, "1.50", "1.5"},      {true, "1,50", "1.5"},           {true, "1.50", "1.50"},
+      {false, "--", "--"},         {false, "-0.25", "-0.25"},       {false, "+7", "7"},
+      {false, "1e3", "1000"},      {false, "08:00:00", "08:00:00"}, {false, "", ""},
+      {false, "nan", "nan"},       {false, "1 2", "1 2"},           {false, "0x10", "0x10"},
+      {true, "1,5,2", "\"1,5,2\""}};
+  for (const auto& [comma, text, cell] : cases) {
+    locale.numbers = comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
     const std::string target = folder / "values.csv";
     const auto application = applications.Create(target);
     application->AddWorkbook();
-    application->WriteText(1, 1, 1, c.text);
+    application->WriteText(1, 1, 1, text);
     application->EnterValue(1, 1, 1, application->ReadValue(1, 1, 1));
     application->WriteText(1, 1, 2, "1.50");  // a written text stays one
     application->SaveAs({target, kNormalWorkbookFormat, "", "", false, false});
-    EXPECT_EQ(Bytes(target), std::string(c.cell) + ",1.50\r\n") << c.text;
+    EXPECT_EQ(Bytes(target), std::string(cell) + ",1.50\r\n") << text;
   }
 }
 

@@ -51,8 +51,7 @@ class FakeSpreadsheet : public SpreadsheetApplication {
 
 }  // namespace
 
-bool FakePrinter::StartDocument(const std::string& title) {
-  titles.push_back(title);
+bool FakePrinter::StartDocument(const std::string& /*title*/) {
   x_ = y_ = 0;
   return !declined;
 }

@@ -39,7 +39,6 @@ class FakePrinter : public Printer {
   bool declined = false;    ///< StartDocument answers false
   int failAfterTexts = -1;  ///< error 482 at that text
   int missingIcon = 0;      ///< error number that an icon raises; 0 paints it
-  std::vector<std::string> titles;
   std::vector<Text> texts;
   std::vector<Picture> pictures;
   std::vector<std::string> icons;

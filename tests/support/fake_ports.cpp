@@ -3,8 +3,6 @@
 
 #include <cstdio>
 
-#include "platform/run_time_error.h"
-
 namespace chartproject {
 
 std::optional<std::string> MemorySettings::Read(std::string_view section, std::string_view key) {
@@ -88,21 +86,6 @@ std::vector<std::string> FakeDialogs::TakePrompts() {
   for (const MessageBoxRequest& box : boxes) prompts.push_back(box.prompt);
   boxes.clear();
   return prompts;
-}
-
-void FakeClipboard::Clear() {
-  if (broken) throw RunTimeError(error_number::kClipboard, "Can't open Clipboard");
-  held.reset();
-}
-
-void FakeClipboard::SetPicture(const Bitmap& picture) {
-  if (broken) throw RunTimeError(error_number::kClipboard, "Can't open Clipboard");
-  held = picture;
-}
-
-std::optional<Bitmap> FakeClipboard::Picture() {
-  if (broken) throw RunTimeError(error_number::kClipboard, "Can't open Clipboard");
-  return held;
 }
 
 }  // namespace chartproject

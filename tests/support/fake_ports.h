@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/headless/absent_devices.h"
 #include "platform/headless/headless_form_host.h"
 #include "platform/headless/virtual_clock.h"
 #include "platform/ports.h"
@@ -83,23 +84,6 @@ class FakeKeyboard : public Keyboard {
   bool escape = false;
 };
 
-class FakeHelp : public Help {
- public:
-  void ShowContext(const std::string& helpFile, std::int32_t context) override {
-    shown.emplace_back(helpFile, context);
-  }
-  std::vector<std::pair<std::string, std::int32_t>> shown;
-};
-
-class FakeClipboard : public Clipboard {
- public:
-  void Clear() override;
-  void SetPicture(const Bitmap& picture) override;
-  std::optional<Bitmap> Picture() override;
-  std::optional<Bitmap> held;
-  bool broken = false;  ///< every operation throws 521
-};
-
 /// All of them together, with a headless form host on the virtual clock (2026-01-31 08:00:00 at moment 0).
 struct FakePorts {
   MemorySettings settings;
@@ -110,8 +94,8 @@ struct FakePorts {
   FakeDialogs dialogs;
   FakeSound sound;
   FakeKeyboard keyboard;
-  FakeHelp help;
-  FakeClipboard clipboard;
+  NoHelp help;
+  ProcessClipboard clipboard;
   FakePrinter printer;
   FakeSpreadsheets spreadsheets;
   HeadlessFormHost forms{clock, [this](Instant moment) { clock.AdvanceTo(moment); }};

@@ -1,0 +1,28 @@
+// Drives that answer what a test says and write down what they are asked.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "drive/drive_link.h"
+
+namespace chartproject {
+
+struct FakePlant : DriveLinkFactory {
+  std::unique_ptr<DriveLink> Create() override;
+  /// Writes a step down; throws 440 at the step that is to fail.
+  void Note(const std::string& step);
+
+  std::map<int, std::string> texts;   ///< by parameter; the value is the number that the text begins with
+  std::optional<std::string> others;  ///< text of the other parameters, which do not answer without one
+  std::set<int> silent;               ///< parameters that do not answer
+  std::string failAt;                 ///< the step, or the first word of it, that fails
+  /// "create", "open", "read ADDRESS MODEL PARAMETER unit CODE", "tell P210 2", "close", "destroy"
+  std::vector<std::string> steps;
+};
+
+}  // namespace chartproject
