@@ -18,11 +18,6 @@ class SettingsTest : public testing::Test {
     ReadProjectSettings(environment);
     ReadFolderSettings(environment);
   }
-  void SaveAll() {
-    SaveConfSettings(environment);
-    SaveProjectSettings(environment);
-    SaveFolderSettings(environment);
-  }
 
   FakePorts fakes;
   Environment environment{fakes.ports, fakes.forms};
@@ -33,23 +28,19 @@ TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
   const Settings& settings = environment.settings;
   EXPECT_EQ(settings.strLanguage, "English");
   EXPECT_EQ(settings.lngMainBackColor, -2147483636);
-  EXPECT_EQ(settings.intShrinkEffect, 40);
-  EXPECT_EQ(settings.intTrials, 5);
-  EXPECT_EQ(settings.intSerialPort, 1);
-  EXPECT_EQ(settings.intChartType, 3);
-  EXPECT_EQ(settings.intTelegramTimeout, 300);
+  EXPECT_THAT((std::array{settings.intShrinkEffect, settings.intTrials, settings.intSerialPort, settings.intChartType,
+                          settings.intTelegramTimeout, settings.intSelectedDrive}),
+              testing::ElementsAre(40, 5, 1, 3, 300, 0));
   EXPECT_EQ(settings.lngModemDelay, 5000);
-  EXPECT_EQ(settings.strSound, "Yes");
-  EXPECT_EQ(settings.intSelectedDrive, 0);
   EXPECT_EQ(settings.strBin, "");
   EXPECT_THAT(settings.strDriveFile, testing::Each("0"));
-  for (const std::string& off :
-       {settings.strShrinkEffect, settings.strMaximizedfrmMain, settings.strMaximizedfrmParameters,
-        settings.strSoundClosingWindow, settings.strGrid, settings.strMarker}) {
-    EXPECT_EQ(off, "No");
-  }
+  std::string switchedOff;
   const auto texts = DescribeSettings(settings);
+  for (const SettingDescription& row : texts)
+    if (row.value == "No") switchedOff.append(row.key).append(" ");
   EXPECT_EQ(std::ranges::count(texts, "Yes", &SettingDescription::value), 18);
+  EXPECT_EQ(switchedOff,
+            "strShrinkEffect strMaximizedfrmMain strMaximizedfrmParameters strSoundClosingWindow strGrid strMarker ");
 }
 
 TEST_F(SettingsTest, EveryStoredSettingComesBackUnchangedAndInOrder) {
@@ -66,28 +57,30 @@ TEST_F(SettingsTest, EveryStoredSettingComesBackUnchangedAndInOrder) {
 
   ReadAll();
   EXPECT_EQ(environment.settings.strDriveFile[9], before.at("MyProject").at("strDriveFile10"));
-  SaveAll();
+  SaveConfSettings(environment);
+  SaveProjectSettings(environment);
+  SaveFolderSettings(environment);
   EXPECT_EQ(fakes.settings.values, before);
   EXPECT_EQ(fakes.settings.written, order);
 }
 
 TEST_F(SettingsTest, ABadIntegerNamesItsSectionAndKey) {
-  const auto messageOf = [&](const char* section, const char* key, const char* text) -> std::string {
+  const std::tuple<const char*, const char*, const char*, std::string> cases[] = {
+      {"MyConf", "intTrials", "many", "13 Type mismatch: setting MyConf.intTrials is \"many\""},
+      {"MyProject", "intSelectedDrive", "", "13 Type mismatch: setting MyProject.intSelectedDrive is \"\""},
+      {"MyConf", "intChartType", "32768", "6 Overflow: setting MyConf.intChartType is \"32768\""},
+      {"MyConf", "lngModemDelay", "3000000000", "6 Overflow: setting MyConf.lngModemDelay is \"3000000000\""},
+      {"MyConf", "lngModemDelay", " 70000 ", ""}};
+  for (const auto& [section, key, text, expected] : cases) {
     fakes.settings.values = {{section, {{key, text}}}};
+    std::string message;
     try {
       ReadAll();
     } catch (const RunTimeError& error) {
-      return std::to_string(error.Number()) + " " + error.what();
+      message = std::to_string(error.Number()) + " " + error.what();
     }
-    return {};
-  };
-  EXPECT_EQ(messageOf("MyConf", "intTrials", "many"), "13 Type mismatch: setting MyConf.intTrials is \"many\"");
-  EXPECT_EQ(messageOf("MyProject", "intSelectedDrive", ""),
-            "13 Type mismatch: setting MyProject.intSelectedDrive is \"\"");
-  EXPECT_EQ(messageOf("MyConf", "intChartType", "32768"), "6 Overflow: setting MyConf.intChartType is \"32768\"");
-  EXPECT_EQ(messageOf("MyConf", "lngModemDelay", "3000000000"),
-            "6 Overflow: setting MyConf.lngModemDelay is \"3000000000\"");
-  EXPECT_EQ(messageOf("MyConf", "lngModemDelay", " 70000 "), "");
+    EXPECT_EQ(message, expected);
+  }
 }
 
 TEST_F(SettingsTest, ASettingIsSetByName) {

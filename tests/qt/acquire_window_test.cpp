@@ -10,6 +10,7 @@
 namespace chartproject {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -23,129 +24,94 @@ struct AcquireWindowTest : ::testing::Test {
 TEST_F(AcquireWindowTest, RecordsByKeyboardAloneAndShowsTheChart) {
   std::string shown;
   project.component.showChart = [&shown](Component&, const std::string& name) { shown = name; };
-  user.When(
-      "the address list", [&] { return user.WidgetOf(form.cboDriveAddress).hasFocus(); },
-      [] { SendKey("Down"); });  // drive 02
+  user.Until("the address list", [&] { return user.WidgetOf(form.cboDriveAddress).hasFocus(); })
+      .Key("Down");  // drive 02
   user.Key("Tab").Key("Down").Key("Tab").Key("Down").Key("Tab").Key("Down").Key("Down").Key("Tab");
-  user.When(
-      "the number of points", [&] { return user.WidgetOf(form.txtNumberOfPoints).hasFocus(); }, [] { SendText("7"); });
+  user.Until("the number of points", [&] { return user.WidgetOf(form.txtNumberOfPoints).hasFocus(); }).Type("7");
   user.Key("Tab").Key("Tab").Key("Up").Key("shift+Tab").Type("200");
-  user.When(
-      "the fields as typed",
-      [&] { return form.txtNumberOfPoints.Text() == "7" && form.txtTimeBetweenPoints.Text() == "200"; },
-      [&] { user.WidgetOf(form.cmdStart).setFocus(); });
-  user.Key("space");
-  user.When(
-      "the end of the recording", [&] { return form.LastRun().end == RunEnd::kComplete; },
-      [&] { user.WidgetOf(form.cmdViewChart).setFocus(); });
-  user.Key("Return").When(
-      "the chart", [&] { return !shown.empty(); }, [] { SendKey("Escape"); });
-  user.GoThrough();
+  const auto typed = [&] { return form.txtNumberOfPoints.Text() == "7" && form.txtTimeBetweenPoints.Text() == "200"; };
+  user.Until("the fields as typed", typed).Then([&] { user.WidgetOf(form.cmdStart).setFocus(); }).Key("space");
+  user.Until("the end of the recording", [&] { return form.LastRun().end == RunEnd::kComplete; });
+  user.Do([&] { user.WidgetOf(form.cmdViewChart).setFocus(); }).Key("Return");
+  user.Until("the chart", [&] { return !shown.empty(); }).Key("Escape").GoThrough();
   EXPECT_EQ(shown, DialogWindow::kChart);
-  EXPECT_THAT(Chart(), HasSubstr("02"));
-  EXPECT_THAT(Chart(), HasSubstr("#50#50###"));
+  EXPECT_THAT(Chart(), AllOf(HasSubstr("02"), HasSubstr("#50#50###")));
   EXPECT_EQ(form.LastRun().points, 7);
 }
 
 TEST_F(AcquireWindowTest, EscEndsTheRecordingAndThenTheDialog) {
   int height = 0;
-  user.When(
-      "the dialog", [&] { return user.Window().isActiveWindow(); },
-      [&] {
-        height = user.Window().height();
-        form.txtNumberOfPoints.SetText("500");
-      });
-  user.Click(form.cmdStart);
-  user.When(
-      "two points", [&] { return form.Run().Counter() == 2; },
-      [&] {
-        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-        EXPECT_GT(user.Window().height(), height);  // room for the progress
-        SaveScreenshot(user.Window(), "acquire_running");
-        SendKey("Escape");
-      });
-  user.When(
-      "the end", [&] { return form.LastRun().end == RunEnd::kStopped && form.cmdOK.Enabled(); },
-      [&] { EXPECT_TRUE(form.IsShown()); });
+  user.Do([&] {
+    height = user.Window().height();
+    form.txtNumberOfPoints.SetText("500");
+  });
+  user.Click(form.cmdStart).Until("two points", [&] { return form.Run().Counter() == 2; }).Then([&] {
+    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+    EXPECT_GT(user.Window().height(), height);  // room for the progress
+    SaveScreenshot(user.Window(), "acquire_running");
+    SendKey("Escape");
+  });
+  user.Until("the end", [&] { return form.LastRun().end == RunEnd::kStopped && form.cmdOK.Enabled(); });
+  user.Do([&] { EXPECT_TRUE(form.IsShown()); });
   user.Until("the former height", [&] { return user.Window().height() == height; });
-  user.Until("Esc let go", [&] { return !form.tmrEscReleased.Armed(); }).Key("Escape");
-  user.GoThrough();
+  user.Until("Esc let go", [&] { return !form.tmrEscReleased.Armed(); }).Key("Escape").GoThrough();
   EXPECT_GE(form.LastRun().points, 2);
   EXPECT_THAT(Chart(), HasSubstr("[TIME/CONTENT]"));
 }
 
 TEST_F(AcquireWindowTest, ABadNumberIsRefusedInABoxAndTheWindowStaysUsable) {
   const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
-  user.When(
-      "the dialog", [&] { return user.Window().isActiveWindow(); }, [&] { form.txtNumberOfPoints.SetFocus(); });
-  user.Type("0");
-  user.When(
-      "the box", [&] { return box() != nullptr && box()->isActiveWindow(); },
-      [&] {
-        EXPECT_EQ(box()->windowTitle(), "Kestrel v5.60");
-        EXPECT_EQ(box()->text(), "Value out of range !");
-        EXPECT_EQ(box()->icon(), QMessageBox::Warning);
-        SendKey("Return");
-      });
-  user.When(
-      "the former number", [&] { return box() == nullptr && form.txtNumberOfPoints.Text() == "5"; },
-      [&] { user.Window().close(); });
-  user.GoThrough();
+  user.Do([&] { form.txtNumberOfPoints.SetFocus(); }).Type("0");
+  user.Until("the box", [&] { return box() != nullptr && box()->isActiveWindow(); }).Then([&] {
+    EXPECT_EQ(box()->windowTitle(), "Kestrel v5.60");
+    EXPECT_EQ(box()->text(), "Value out of range !");
+    EXPECT_EQ(box()->icon(), QMessageBox::Warning);
+    SendKey("Return");
+  });
+  user.Until("the former number", [&] { return box() == nullptr && form.txtNumberOfPoints.Text() == "5"; });
+  user.Do([&] { user.Window().close(); }).GoThrough();
 }
 
 TEST_F(AcquireWindowTest, ComesBackWhereItWasLeft) {
-  user.When(
-      "the dialog", [&] { return user.Window().isActiveWindow(); }, [&] { user.Window().move(60, 40); });
-  user.When(
-      "the move", [&] { return form.Left() == 900 && form.Top() == 600; }, [&] { user.Window().close(); });
-  user.GoThrough();
+  user.Do([&] { user.Window().move(60, 40); });
+  user.Until("the move", [&] { return form.Left() == 900 && form.Top() == 600; });
+  user.Do([&] { user.Window().close(); }).GoThrough();
   AcquireForm again(project.component);
   User second(again);
-  second.When(
-      "the same place", [&] { return second.Window().pos() == QPoint(60, 40); },
-      [&] { second.Window().showMaximized(); });
-  second.When(
-      "maximised", [&] { return again.State() == WindowState::kMaximized; }, [&] { second.Window().close(); });
-  second.GoThrough();
+  second.Until("the same place", [&] { return second.Window().pos() == QPoint(60, 40); });
+  second.Do([&] { second.Window().showMaximized(); });
+  second.Until("maximised", [&] { return again.State() == WindowState::kMaximized; });
+  second.Do([&] { second.Window().close(); }).GoThrough();
   EXPECT_EQ(project.fakes.settings.values["frmAcquireVar"]["Left"], "900");
   EXPECT_EQ(project.fakes.settings.values["MyConf"]["strMaximizedfrmErr"], "Yes");
 }
 
-class AcquireLanguagesTest : public ::testing::TestWithParam<std::pair<const char*, const char*>> {};
-
-TEST_P(AcquireLanguagesTest, NoTextIsCut) {
-  const auto& [language, name] = GetParam();
-  DialogWindow project(language);
-  AcquireForm form(project.component);
-  User user(form);
-  user.When(
-      "the dialog", [&] { return user.Window().isActiveWindow(); },
-      [&] {
-        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-        SaveScreenshot(user.Window(), name);
-        form.cboTriggerMode.SetListIndex(0);  // event: other buttons and lists
-        form.txtContent.SetText("12");
-        form.cboTimeBetweenPointsUnit.SetListIndex(2);
-      });
-  user.When(
-      "the trigger", [&] { return user.WidgetOf(form.cmdTrigger).isVisible(); },
-      [&] {
-        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-        SaveScreenshot(user.Window(), std::string(name) + "_event");
-        form.rtfFileName.SetText("");  // a hint takes the place of Start
-      });
-  user.When(
-      "the hint", [&] { return !form.lblHint.Caption().empty(); },
-      [&] {
-        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-        user.Window().close();
-      });
-  user.GoThrough();
+TEST(AcquireLanguagesTest, NoTextIsCut) {
+  for (const std::string language : {"Portuguese", "English", "Spanish"}) {
+    DialogWindow project(language);
+    AcquireForm form(project.component);
+    User user(form);
+    const auto check = [&](const std::string& name) {
+      EXPECT_THAT(CutTexts(user.Window()), IsEmpty()) << language << name;
+      SaveScreenshot(user.Window(), "acquire_" + language + name);
+    };
+    user.Do([&] {
+      check("");
+      form.cboTriggerMode.SetListIndex(0);  // event: other buttons and lists
+      form.txtContent.SetText("12");
+      form.cboTimeBetweenPointsUnit.SetListIndex(2);
+    });
+    user.Until("the trigger", [&] { return user.WidgetOf(form.cmdTrigger).isVisible(); }).Then([&] {
+      check("_event");
+      form.rtfFileName.SetText("");  // a hint takes the place of Start
+    });
+    user.Until("the hint", [&] { return !form.lblHint.Caption().empty(); }).Then([&] {
+      check("_hint");
+      user.Window().close();
+    });
+    user.GoThrough();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Languages, AcquireLanguagesTest,
-                         ::testing::Values(std::pair("Portuguese", "acquire_pt"), std::pair("English", "acquire_en"),
-                                           std::pair("Spanish", "acquire_es")));
 
 }  // namespace
 }  // namespace chartproject

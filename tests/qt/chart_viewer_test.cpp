@@ -20,8 +20,7 @@ struct ChartViewer {
   explicit ChartViewer(const std::string& language) : outside(language) {
     std::string text =
         "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=2\r\nPXXX1=003\r\nPXXX2=005\r\nScan Time=1\r\nUnit=s\r\n"
-        "Number of Points=" +
-        std::to_string(kPoints) + "\r\nTrigger Mode=Manual\r\n[TIME/CONTENT]\r\n";
+        "Number of Points=40000\r\nTrigger Mode=Manual\r\n[TIME/CONTENT]\r\n";
     for (int i = 1; i <= kPoints; ++i) text += "08:00:00#" + std::to_string(i % 100) + "#7####\r\n";
     outside.fakes.files.Put("/data/Press.cht", text);
     outside.component.driveTable.At(1).Type = "KRA-09";
@@ -36,9 +35,7 @@ struct ChartViewer {
                         [this, first] { return form.mscChart1.Model().firstRowLabel == first; });
   }
   void Close() {
-    user.When(
-        "the end", [] { return true; }, [this] { form.Unload(); });
-    user.GoThrough();
+    user.Do([this] { form.Unload(); }).GoThrough();
   }
   DialogWindow outside;
   ChartForm form{outside.component};
@@ -78,21 +75,18 @@ TEST(ChartViewerTest, ReadsOutThePointerAndTwoCursors) {
     QWidget& widget = viewer.user.WidgetOf(chart);
     return QPoint(static_cast<int>(widget.width() * part), widget.height() / 2);
   };
-  viewer.user.When(
-      "the chart", [&] { return viewer.user.Window().isActiveWindow(); },
-      [&] {
-        QWidget& widget = viewer.user.WidgetOf(chart);
-        QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, at(0.3));
-        QTest::mouseClick(&widget, Qt::LeftButton, Qt::ShiftModifier, at(0.7));
-        QTest::mouseMove(&widget, at(0.5));
-      });
-  viewer.user.When(
-      "the readings", [&] { return chart.CursorReadout().size() == 5 && !chart.Readout().empty(); },
-      [&] {
-        EXPECT_THAT(chart.CursorReadout()[2].text, HasSubstr("Difference: "));
-        EXPECT_THAT(chart.Readout()[2].text, "P005: 7");
-        SendKey("Escape");
-      });
+  viewer.user.Do([&] {
+    QWidget& widget = viewer.user.WidgetOf(chart);
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, at(0.3));
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ShiftModifier, at(0.7));
+    QTest::mouseMove(&widget, at(0.5));
+  });
+  const auto read = [&] { return chart.CursorReadout().size() == 5 && !chart.Readout().empty(); };
+  viewer.user.Until("the readings", read).Then([&] {
+    EXPECT_THAT(chart.CursorReadout()[2].text, HasSubstr("Difference: "));
+    EXPECT_THAT(chart.Readout()[2].text, "P005: 7");
+    SendKey("Escape");
+  });
   viewer.user.Until("no cursor", [&] { return !chart.CursorLabel(MeasuringCursor::kFirst).has_value(); });
   viewer.Close();
 }
@@ -100,18 +94,15 @@ TEST(ChartViewerTest, ReadsOutThePointerAndTwoCursors) {
 TEST(ChartViewerTest, CutsNoTextInAnyLanguage) {
   for (const std::string language : {"English", "Portuguese", "Spanish"}) {
     ChartViewer viewer(language);
-    viewer.user.When(
-        "the window", [&] { return viewer.user.Window().isActiveWindow(); },
-        [&] {
-          viewer.form.sldPointsPerDivision.SetValue(1310);
-          viewer.user.Window().resize(viewer.user.Window().minimumSize());
-        });
-    viewer.user.When(
-        "the least size", [&] { return viewer.user.Window().size() == viewer.user.Window().minimumSize(); },
-        [&] {
-          EXPECT_THAT(CutTexts(viewer.user.Window()), IsEmpty()) << language;
-          SaveScreenshot(viewer.user.Window(), "chart_least_" + language);
-        });
+    const auto window = [&]() -> QWidget& { return viewer.user.Window(); };
+    viewer.user.Do([&] {
+      viewer.form.sldPointsPerDivision.SetValue(1310);
+      window().resize(window().minimumSize());
+    });
+    viewer.user.Until("the least size", [&] { return window().size() == window().minimumSize(); }).Then([&] {
+      EXPECT_THAT(CutTexts(window()), IsEmpty()) << language;
+      SaveScreenshot(window(), "chart_least_" + language);
+    });
     viewer.Close();
   }
 }

@@ -83,16 +83,10 @@ struct FormViewTest : ::testing::Test {
 
 TEST_F(FormViewTest, KeysReachTheControlsInTabOrderAndByTheirAccessKeys) {
   user.Type("ab").Key("Tab").Key("Down").Key("Down").Key("Tab").Key("space").Key("Tab").Type("1");
-  user.When(
-      "the digit in its place", [&] { return form.mask.Text() == "1_:__:__"; }, [] { SendKey("alt+n"); });
-  user.When(
-      "the focus by the label's letter", [&] { return As<QLineEdit>(form.name).hasFocus(); },
-      [] { SendKey("Return"); });
-  user.When(
-      "the default button", [&] { return form.log.back() == "go"; }, [] { SendKey("F1"); });
-  user.When(
-      "help", [&] { return form.log.back() == "help"; }, [] { SendKey("Escape"); });
-  user.GoThrough();
+  user.Until("the digit in its place", [&] { return form.mask.Text() == "1_:__:__"; }).Key("alt+n");
+  user.Until("the focus by the label's letter", [&] { return As<QLineEdit>(form.name).hasFocus(); }).Key("Return");
+  user.Until("the default button", [&] { return form.log.back() == "go"; }).Key("F1");
+  user.Until("help", [&] { return form.log.back() == "help"; }).Key("Escape").GoThrough();
   EXPECT_THAT(form.log, ElementsAre("name", "name", "name left", "combo", "combo", "check", "mask", "go", "help"));
   EXPECT_EQ(form.name.Text(), "ab");
   EXPECT_EQ(form.combo.Text(), "two");
@@ -101,25 +95,17 @@ TEST_F(FormViewTest, KeysReachTheControlsInTabOrderAndByTheirAccessKeys) {
 }
 
 TEST_F(FormViewTest, ClicksPressAndAFieldIsLeftBeforeTheButtonActs) {
-  user.Type("x").Click(form.go);
-  user.When(
-      "the press", [&] { return form.log.back() == "go"; }, [&] { form.go.SetEnabled(false); });
-  user.Click(form.go).Click(form.leave);
-  user.GoThrough();
+  user.Type("x").Click(form.go).Until("the press", [&] { return form.log.back() == "go"; });
+  user.Do([&] { form.go.SetEnabled(false); }).Click(form.go).Click(form.leave).GoThrough();
   EXPECT_THAT(form.log, ElementsAre("name", "name left", "go"));
 }
 
 TEST_F(FormViewTest, RangesStepByKeysAlsoBackwards) {
-  user.When(
-      "the window", [&] { return user.Window().isActiveWindow(); }, [&] { form.scroll.SetFocus(); });
-  user.Key("Right").Key("Right");
-  user.When(
-      "a scroll bar that runs backwards", [&] { return form.scroll.Value() == -2; }, [&] { form.slider.SetFocus(); });
-  user.Key("Right").When(
-      "the slider", [&] { return form.slider.Value() == 1; }, [&] { form.scale.SetFocus(); });
-  user.Type("7").Key("Up").When(
-      "the arrows' field", [&] { return form.scale.Text() == "8"; }, [] { SendKey("Escape"); });
-  user.GoThrough();
+  user.Do([&] { form.scroll.SetFocus(); }).Key("Right").Key("Right");
+  user.Until("a bar that runs backwards", [&] { return form.scroll.Value() == -2; });
+  user.Do([&] { form.slider.SetFocus(); }).Key("Right").Until("the slider", [&] { return form.slider.Value() == 1; });
+  user.Do([&] { form.scale.SetFocus(); }).Type("7").Key("Up");
+  user.Until("the arrows' field", [&] { return form.scale.Text() == "8"; }).Key("Escape").GoThrough();
 }
 
 TEST_F(FormViewTest, PropertiesShowWithoutEchoing) {
@@ -146,24 +132,17 @@ TEST_F(FormViewTest, TheWindowKeepsItsPlaceAndHoldsItsLayout) {
   form.SetLeft(3000);
   form.SetTop(1500);
   form.SetHeight(6000);
-  user.When(
-      "the place", [&] { return user.Window().pos() == QPoint(200, 100); },
-      [&] {
-        user.Window().resize(10, 10);  // no smaller than its layout
-        user.Window().move(210, 120);
-      });
-  user.When(
-      "the new place", [&] { return form.Left() == 3150 && form.Top() == 1800; },
-      [&] {
-        const QSize before = user.Window().minimumSize();
-        EXPECT_GE(user.Window().width(), before.width());
-        form.label.SetCaption(std::string(80, 'W'));  // a longer text makes room for itself
-      });
-  user.When(
-      "a wider window",
-      [&] { return user.WidgetOf(form.label).width() >= user.WidgetOf(form.label).sizeHint().width(); },
-      [&] { user.Window().close(); });
-  user.GoThrough();
+  user.Until("the place", [&] { return user.Window().pos() == QPoint(200, 100); }).Then([&] {
+    user.Window().resize(10, 10);  // no smaller than its layout
+    user.Window().move(210, 120);
+  });
+  user.Until("the new place", [&] { return form.Left() == 3150 && form.Top() == 1800; }).Then([&] {
+    EXPECT_GE(user.Window().width(), user.Window().minimumSize().width());
+    form.label.SetCaption(std::string(80, 'W'));  // a longer text makes room for itself
+  });
+  const QWidget& label = user.WidgetOf(form.label);
+  user.Until("a wider window", [&] { return label.width() >= label.sizeHint().width(); });
+  user.Do([&] { user.Window().close(); }).GoThrough();
   EXPECT_FALSE(form.IsLoaded());
 }
 

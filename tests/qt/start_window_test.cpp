@@ -37,38 +37,28 @@ struct StartWindowTest : ::testing::Test {
 };
 
 TEST_F(StartWindowTest, ANewUserRecordsWithFourKeys) {
-  user.When(
-      "the start window", [&] { return user.Window().isActiveWindow(); },
-      [&] {
-        EXPECT_THAT(form.rtfDrives.Text(), HasSubstr("01\tKRA-09\t2.40"));
-        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-        SaveScreenshot(user.Window(), "start_en");
-        SendKey("Return");
-      });
-  user.When(
-      "the dialog", [] { return Pressable("cmdStart"); }, [] { SendKey("alt+s"); });
-  user.When(
-      "the end of the recording", [] { return Pressable("cmdViewChart"); }, [] { SendKey("Escape"); });
-  user.When(
-      "the start window again", [&] { return user.Window().isActiveWindow(); }, [] { SendKey("Escape"); });
-  user.GoThrough();
+  user.Do([&] {
+    EXPECT_THAT(form.rtfDrives.Text(), HasSubstr("01\tKRA-09\t2.40"));
+    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+    SaveScreenshot(user.Window(), "start_en");
+    SendKey("Return");
+  });
+  user.Until("the dialog", [] { return Pressable("cmdStart"); }).Then([] { SendKey("alt+s"); });
+  user.Until("the end of the recording", [] { return Pressable("cmdViewChart"); }).Then([] { SendKey("Escape"); });
+  user.Key("Escape").GoThrough();
   const std::string chart = outside.fakes.files.Bytes(instance.State().settings.strFolder + "/Test.cht");
   EXPECT_THAT(chart, HasSubstr("[TIME/CONTENT]"));
   EXPECT_EQ(std::count(chart.begin(), chart.end(), '#'), 5 * 6);
 }
 
 TEST_F(StartWindowTest, LanguageAndSoundTakeEffectAtOnceAndAreSaved) {
-  user.When(
-      "the start window", [&] { return user.Window().isActiveWindow(); }, [&] { form.cboLanguage.SetFocus(); });
-  user.Key("Down").When(
-      "Spanish", [&] { return form.cmdClose.Caption() == "&Cerrar"; }, [] { SendKey("alt+s"); });
-  user.When(
-      "sounds off", [&] { return form.chkSound.Value() == 0; },
-      [&] {
-        EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-        SaveScreenshot(user.Window(), "start_es");
-        user.Window().close();
-      });
+  user.Do([&] { form.cboLanguage.SetFocus(); }).Key("Down");
+  user.Until("Spanish", [&] { return form.cmdClose.Caption() == "&Cerrar"; }).Key("alt+s");
+  user.Until("sounds off", [&] { return form.chkSound.Value() == 0; }).Then([&] {
+    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+    SaveScreenshot(user.Window(), "start_es");
+    user.Window().close();
+  });
   user.GoThrough();
   instance.Release();
   EXPECT_EQ(outside.fakes.settings.values["MyConf"]["strLanguage"], "Spanish");

@@ -26,35 +26,35 @@ void SendKey(const std::string& key) {
   XDoTool({"key", "--clearmodifiers", ToQt(key)});
 }
 
-void SendText(const std::string& text) {
-  XDoTool({"type", "--delay", "2", ToQt(text)});
-}
-
-void SendClick(const QWidget& widget) {
-  const QPointF place = QPointF(widget.mapToGlobal(widget.rect().center())) * widget.devicePixelRatioF();
-  XDoTool({"mousemove", QString::number(qRound(place.x())), QString::number(qRound(place.y())), "click", "1"});
-}
-
-User& User::When(std::string what, std::function<bool()> condition, std::function<void()> action) {
-  steps_.push_back({std::move(what), std::move(condition), std::move(action)});
+User& User::Until(std::string what, std::function<bool()> condition) {
+  steps_.push_back({std::move(what), std::move(condition), [] {}});
   return *this;
 }
 
+User& User::Then(std::function<void()> action) {
+  steps_.back().action = std::move(action);
+  return *this;
+}
+
+std::function<bool()> User::Ready() const {
+  return [this] { return Window().isActiveWindow(); };
+}
+
 User& User::Key(const std::string& key) {
-  return When(
-      "key " + key, [this] { return Window().isActiveWindow(); }, [key] { SendKey(key); });
+  return Until("key " + key, Ready()).Then([key] { SendKey(key); });
 }
 
 User& User::Type(const std::string& text) {
-  return When(
-      "text " + text, [this] { return Window().isActiveWindow(); }, [text] { SendText(text); });
+  return Until("text " + text, Ready()).Then([text] { XDoTool({"type", "--delay", "2", ToQt(text)}); });
 }
 
 User& User::Click(Control& control) {
-  return When(
-      "click on " + control.Name(),
-      [this, &control] { return Window().isActiveWindow() && WidgetOf(control).isVisible(); },
-      [this, &control] { SendClick(WidgetOf(control)); });
+  const auto shown = [this, &control] { return Window().isActiveWindow() && WidgetOf(control).isVisible(); };
+  return Until("click on " + control.Name(), shown).Then([this, &control] {
+    const QWidget& widget = WidgetOf(control);
+    const QPointF place = QPointF(widget.mapToGlobal(widget.rect().center())) * widget.devicePixelRatioF();
+    XDoTool({"mousemove", QString::number(qRound(place.x())), QString::number(qRound(place.y())), "click", "1"});
+  });
 }
 
 void User::GoThrough() {

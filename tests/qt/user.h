@@ -18,13 +18,12 @@ class User {
  public:
   explicit User(Form& form) : form_(form) {}
 
-  /// Adds a step: its action is done once its condition holds.
-  User& When(std::string what, std::function<bool()> condition, std::function<void()> action);
-  /// A step that only waits.
-  User& Until(std::string what, std::function<bool()> condition) {
-    return When(std::move(what), std::move(condition), [] {});
-  }
+  /// Adds a step that waits for a condition.
+  User& Until(std::string what, std::function<bool()> condition);
+  /// Gives the step before an action, done once its condition holds.
+  User& Then(std::function<void()> action);
   /// Steps for a window that has the focus and nothing else to do.
+  User& Do(std::function<void()> action) { return Until("the window", Ready()).Then(std::move(action)); }
   User& Key(const std::string& key);
   User& Type(const std::string& text);
   User& Click(Control& control);
@@ -42,6 +41,7 @@ class User {
     std::function<bool()> condition;
     std::function<void()> action;
   };
+  std::function<bool()> Ready() const;
   void Poll();
   void GiveUp();
 
@@ -54,8 +54,5 @@ class User {
 
 /// Keys as xdotool names them ("Tab", "alt+s"), to the window that has the focus.
 void SendKey(const std::string& key);
-void SendText(const std::string& text);
-/// A click into the middle of a widget.
-void SendClick(const QWidget& widget);
 
 }  // namespace chartproject

@@ -63,10 +63,7 @@ class FakeDialogs : public Dialogs {
 
 class FakeSound : public Sound {
  public:
-  unsigned OutputDeviceCount() override {
-    ++deviceQueries;
-    return devices;
-  }
+  unsigned OutputDeviceCount() override { return devices; }
   void Play(const std::string& fileName, std::uint32_t flags) override { played.push_back({fileName, flags}); }
 
   struct Played {
@@ -74,7 +71,6 @@ class FakeSound : public Sound {
     std::uint32_t flags;
   };
   unsigned devices = 1;
-  int deviceQueries = 0;
   std::vector<Played> played;
 };
 
