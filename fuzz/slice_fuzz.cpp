@@ -1,37 +1,10 @@
 // Fuzz target: whatever rows a file holds, slices by line number agree with a plain reading of its lines.
 // The first two bytes choose the slice, the third how much one read gives.
-#include <algorithm>
-#include <cstddef>
-#include <cstdlib>
-#include <cstring>
-
+#include "bytes_file.h"
 #include "chart/slice_reader.h"
 
 namespace chartproject {
 namespace {
-
-/// Gives at most so many bytes a read, so that lines are cut at every place.
-class BytesFile : public InputFile {
- public:
-  BytesFile(std::string_view bytes, std::size_t most) : bytes_(bytes), most_(most) {}
-  std::size_t Read(std::span<char> buffer) override {
-    const std::size_t count = std::min({buffer.size(), bytes_.size() - at_, most_});
-    std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(at_), count, buffer.begin());
-    at_ += count;
-    return count;
-  }
-  void Seek(std::uint64_t offset) override { at_ = std::min(static_cast<std::size_t>(offset), bytes_.size()); }
-  FileIdentity Identity() override { return {1, 1, bytes_.size(), 0}; }
-
- private:
-  std::string_view bytes_;
-  std::size_t most_;
-  std::size_t at_ = 0;
-};
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// The lines startLine <= L < endLine, counted from 1, split at line feeds.
 std::vector<std::string_view> PlainLines(std::string_view bytes, int startLine, int endLine) {
@@ -47,8 +20,7 @@ std::vector<std::string_view> PlainLines(std::string_view bytes, int startLine, 
 /// The slice that the first bytes choose, read and compared.
 void CheckSlice(const std::uint8_t* data, std::size_t size) {
   if (size < 3) return;
-  std::string bytes(size - 3, '\0');
-  if (size > 3) std::memcpy(bytes.data(), data + 3, size - 3);
+  const std::string bytes(data + 3, data + size);
   const int startLine = 1 + data[0];
   const int endLine = startLine + data[1];
   BytesFile file(bytes, 1 + std::size_t{data[2]} * 31);

@@ -134,12 +134,11 @@ TEST_F(SimulatedTest, DecimalsFollowTheToldParametersAndTheLocale) {
 }
 
 TEST_F(SimulatedTest, AnswersForKnownModelsAndTheirParametersOnly) {
-  EXPECT_EQ(Read("KRA-07", 208, kDirectUnitCode, 30), "1800");  // as the first of its line does
-  EXPECT_EQ(Read("TSR-03", 101, kDirectUnitCode), "30");
-  EXPECT_EQ(Read("KRA-09", 999, kDirectUnitCode), kNoAnswer);
-  EXPECT_EQ(Read("KRA-10", 3, kDirectUnitCode), kNoAnswer);
-  EXPECT_EQ(Read("KRA-09", 3, kDirectUnitCode, 0), kNoAnswer);
-  EXPECT_EQ(Read("KRA-09", 3, kDirectUnitCode, 31), kNoAnswer);
+  const std::tuple<const char*, int, int, const char*> cases[] = {
+      {"KRA-07", 208, 30, "1800"}, {"TSR-03", 101, 1, "30"},    {"KRA-09", 999, 1, kNoAnswer},
+      {"KRA-10", 3, 1, kNoAnswer}, {"KRA-09", 3, 0, kNoAnswer}, {"KRA-09", 3, 31, kNoAnswer}};
+  for (const auto& [model, parameter, address, text] : cases)
+    EXPECT_EQ(Read(model, parameter, kDirectUnitCode, address), text) << model;
 }
 
 }  // namespace

@@ -4,10 +4,11 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "platform/run_time_error.h"
 #include "platform/spreadsheet/biff8_records.h"
+#include "platform/temporary_folder.h"
+#include "support/error_of.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -18,18 +19,13 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 struct SpreadsheetTest : ::testing::Test {
-  SpreadsheetTest() { fs::create_directories(folder); }
-  ~SpreadsheetTest() override { fs::remove_all(folder); }
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
     return names;
   }
-  static std::string Bytes(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  fs::path folder = fs::temp_directory_path() / ("spreadsheet-" + std::to_string(getpid()));
+  TemporaryFolder temporary;
+  fs::path folder = temporary.Path();
   FakeLocale locale;
   EmbeddedSpreadsheets applications{locale};
 };
@@ -50,7 +46,7 @@ TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
     application->EnterValue(1, 1, 1, application->ReadValue(1, 1, 1));
     application->WriteText(1, 1, 2, "1.50");  // a written text stays one
     application->SaveAs({target, kNormalWorkbookFormat, "", "", false, false});
-    EXPECT_EQ(Bytes(target), std::string(cell) + ",1.50\r\n") << text;
+    EXPECT_EQ(FileBytes(target), std::string(cell) + ",1.50\r\n") << text;
   }
 }
 
@@ -80,17 +76,14 @@ TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
 }
 
 TEST_F(SpreadsheetTest, AFullDiskIsAnErrorAndLeavesNoTarget) {
-  if (!fs::exists("/dev/full")) FAIL() << "no /dev/full";
   fs::create_symlink("/dev/full", folder / "full.csv.part");
   const auto application = applications.Create(folder / "full.csv");
   application->AddWorkbook();
-  try {
+  const auto save = [&] {
     for (int row = 1; row < 100'000; ++row) application->WriteText(1, row, 1, "text that fills the disk");
     application->SaveAs({folder / "full.csv", kNormalWorkbookFormat, "", "", false, false});
-    FAIL() << "saved on a full disk";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.Number(), error_number::kDiskFull);
-  }
+  };
+  EXPECT_EQ(ErrorOf(save), error_number::kDiskFull);
   EXPECT_FALSE(fs::exists(folder / "full.csv"));
 }
 

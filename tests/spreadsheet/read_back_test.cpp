@@ -1,6 +1,5 @@
 // Exported workbooks, read back by programs that nobody here wrote and compared cell by cell with the chart file.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -11,6 +10,8 @@
 #include "platform/posix/code_page_1252.h"
 #include "platform/posix/file_system_posix.h"
 #include "platform/spreadsheet/embedded_spreadsheet.h"
+#include "platform/temporary_folder.h"
+#include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -18,31 +19,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class NoLinks : public DriveLinkFactory {
- public:
-  std::unique_ptr<DriveLink> Create() override { return nullptr; }
-};
-
 struct ReadBackTest : ::testing::Test {
-  ReadBackTest() { fs::create_directories(folder); }
-  ~ReadBackTest() override { fs::remove_all(folder); }
-
   /// Four columns: short numbers, long numbers, texts among them, empty.
   void WriteChart(int points, char decimal) {
     std::ofstream file(chart, std::ios::binary);
     file << "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=3\r\nPXXX1=003\r\nPXXX2=005\r\nPXXX3=012\r\nPXXX4=\r\n"
-            "Scan Time=200\r\nUnit=ms\r\nNumber of Points="
-         << points
-         << "\r\nTrigger Mode=Event\r\n"
-            "Event=PXXX>=Content\r\nPXXX=005\r\nContent=12.5\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\n"
-            "End Date=31/01/2026\r\nEnd Time=12:00:00\r\n\r\n[TIME/CONTENT]\r\n";
+            "Scan Time=200\r\nUnit=ms\r\nTrigger Mode=Event\r\nEvent=PXXX>=Content\r\nPXXX=005\r\nContent=12.5\r\n"
+            "Start Date=31/01/2026\r\nEnd Time=12:00:00\r\nNumber of Points="
+         << points << "\r\n\r\n[TIME/CONTENT]\r\n";
+    const char* const texts[] = {"--", "AIAIAIAI", "\xC1gua"};
     for (int i = 0; i < points; ++i) {
       char row[96];
       std::snprintf(row, sizeof row, "%02d:%02d:%02d#%d%c%02d#-%d%c%06d#%s###\r\n", i / 3600 % 24, i / 60 % 60, i % 60,
-                    i % 1000, decimal, i % 100, i % 7, decimal, i,
-                    i % 3 == 0   ? "--"
-                    : i % 3 == 1 ? "AIAIAIAI"
-                                 : "\xC1gua");
+                    i % 1000, decimal, i % 100, i % 7, decimal, i, texts[i % 3]);
       file << row;
     }
   }
@@ -55,8 +44,8 @@ struct ReadBackTest : ::testing::Test {
     fakes.locale.numbers = numbers;
     Ports ports{fakes.settings, files,          fakes.clock, fakes.locale,    codePage,      fakes.dialogs,
                 fakes.sound,    fakes.keyboard, fakes.help,  fakes.clipboard, fakes.printer, spreadsheets};
-    NoLinks links;
-    Component component(ports, fakes.forms, links);
+    FakePlant plant;
+    Component component(ports, fakes.forms, plant);
     component.strChartFileName = chart;
     ReadChartHeader(component);
     fakes.dialogs.answers = {box_answer::kYes};
@@ -69,7 +58,8 @@ struct ReadBackTest : ::testing::Test {
     return std::system(command.c_str());
   }
 
-  fs::path folder = fs::temp_directory_path() / ("read-back-" + std::to_string(getpid()));
+  TemporaryFolder temporary;
+  fs::path folder = temporary.Path();
   fs::path chart = folder / "Test.cht";
   NumberFormat numbers{".", ","};
 };
