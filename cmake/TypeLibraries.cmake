@@ -21,3 +21,25 @@ function(chartproject_idl name idl)
   endif()
   add_custom_target(idl_${name} DEPENDS ${outputs})
 endfunction()
+
+# chartproject_com_server(NAME TITLE text TYPE_LIBRARY idl-name SOURCES file... DEPENDS target... [MANIFEST file])
+# NAME.dll with one class: its sources define what server_module.h asks for.
+function(chartproject_com_server name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TITLE;TYPE_LIBRARY;MANIFEST" "SOURCES;DEPENDS")
+  set(manifest "")
+  if(arg_MANIFEST)
+    set(manifest "2 24 \"${CMAKE_CURRENT_SOURCE_DIR}/${arg_MANIFEST}\"")
+  endif()
+  set(resources "${CMAKE_CURRENT_BINARY_DIR}/${name}.rc")
+  configure_file("${CHARTPROJECT_IDL_DIR}/server.rc.in" "${resources}" @ONLY)
+  set_source_files_properties("${resources}" PROPERTIES
+    OBJECT_DEPENDS "${CHARTPROJECT_IDL_OUT}/${arg_TYPE_LIBRARY}.tlb;${CMAKE_CURRENT_SOURCE_DIR}/${arg_MANIFEST}")
+  add_library(${name} SHARED ${arg_SOURCES} "${CHARTPROJECT_IDL_DIR}/server_module.cpp"
+                             "${CHARTPROJECT_IDL_DIR}/server.def" "${resources}")
+  set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/package"
+                                           RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/package")
+  target_include_directories(${name} PRIVATE "${CHARTPROJECT_IDL_OUT}")
+  target_link_libraries(${name} PRIVATE ${arg_DEPENDS} chartproject_warnings)
+  target_link_options(${name} PRIVATE -s)
+  add_dependencies(${name} idl_stdole idl_${arg_TYPE_LIBRARY})
+endfunction()

@@ -1,75 +1,208 @@
-// Spreadsheet automation: which members are called by which names, with which arguments, and what becomes of errors.
+// The export of the chart window into "Excel.Application", which runs as a process of its own: which members are called
+// by which names, in which order, with which arguments, and what becomes of errors.
 #include <gmock/gmock.h>
 
-#include "platform/run_time_error.h"
+#include <array>
+#include <fstream>
+#include <sstream>
+
 #include "platform/win32/com/excel_automation.h"
+#include "platform/win32/com/registration.h"
+#include "platform/win32/com_module.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/registry_text.h"
+#include "platform/win32/wide_text.h"
 #include "windows/fake_excel.h"
+#include "windows/form_driver.h"
 
 namespace chartproject::testing {
 namespace {
 
-using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
-class ExcelAutomation : public ::testing::Test {
+constexpr const wchar_t* kProgIdKey = L"Software\\Classes\\Excel.Application";
+constexpr const char* kQuestion =
+    "Do you really want to export the points to Excel?\r\nThis operation may take several minutes...";
+
+void Store(const std::wstring& path, const std::wstring& value) {
+  win32::OwnedKey key;
+  RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Receive(), nullptr);
+  ASSERT_EQ(win32::WriteRegistryText(key.Get(), L"", value), ERROR_SUCCESS);
+}
+
+class SpreadsheetExport : public ::testing::Test {
  protected:
-  FakeExcelLog log;
-  win32::ExcelApplications applications;
+  /// The first two points of a recording, as a file of their own.
+  void SetUp() override {
+    const std::string recording = FileContents(TestFolder() + "\\show.cht");
+    std::size_t end = recording.find("[TIME/CONTENT]");
+    for (int line = 0; line < 3; ++line) end = recording.find('\n', end) + 1;
+    std::ofstream(chart_, std::ios::binary) << recording.substr(0, end);
+    DeleteFileA(log_.c_str());
+  }
+  void TearDown() override {
+    for (const std::wstring& key : {std::wstring(kProgIdKey), classKey_}) {
+      RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+      RegDeleteKeyW(HKEY_LOCAL_MACHINE, key.c_str());
+    }
+  }
+
+  /// @param failing the call that the application refuses
+  void Install(const std::string& failing = "") {
+    const std::wstring program = win32::ModuleFile();
+    command_ = L"\"" + program.substr(0, program.find_last_of(L'\\')) + L"\\fake_excel.exe\" " +
+               win32::ToWide(log_ + " \"" + failing + "\"");
+    Store(std::wstring(kProgIdKey) + L"\\CLSID", win32::IdText(kFakeExcelClass));
+    Store(classKey_ + L"\\LocalServer32", command_);
+  }
+  void Run() {
+    STARTUPINFOW start{};
+    PROCESS_INFORMATION process{};
+    std::wstring line = command_ + L" running";
+    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    ASSERT_TRUE(WaitFor([] { return win32::ExcelApplications().AttachRunning() != nullptr; }));
+  }
+  /// What was done to the application, once its process has ended: that is, when nobody holds any of its objects.
+  [[nodiscard]] std::string Calls() const {
+    EXPECT_TRUE(WaitFor([this] { return FileContents(log_).ends_with("end\r\n"); })) << FileContents(log_);
+    return FileContents(log_);
+  }
+  /// Calls of a whole export, between the start of the application and its end.
+  [[nodiscard]] std::string WholeExport() const;
+
+  std::string chart_ = TestFolder() + "\\export.cht";
+  std::string log_ = TestFolder() + "\\excel.log";
+  std::wstring classKey_ = L"Software\\Classes\\CLSID\\" + win32::IdText(kFakeExcelClass);
+  std::wstring command_;
 };
 
-TEST_F(ExcelAutomation, WithoutTheApplicationThereIsNone) {
-  EXPECT_EQ(applications.AttachRunning(), nullptr);
-  EXPECT_EQ(applications.Create("x.xls"), nullptr);
+std::string Cell(int row, std::size_t column) {
+  return "sheets(1).Cells(" + std::to_string(row) + "," + std::to_string(column) + ")\r\n";
 }
 
-TEST_F(ExcelAutomation, CallsTheMembersOfThePublishedModel) {
-  const FakeExcelInstallation installed(log);
-  EXPECT_EQ(applications.AttachRunning(), nullptr) << "installed, but not running";
-  {
-    const auto excel = applications.Create("x.xls");
-    ASSERT_NE(excel, nullptr);
+std::string Value(int row, std::size_t column, const std::string& text) {
+  const std::string cell = Cell(row, column);
+  return cell + cell.substr(0, cell.size() - 2) + ".Value" + text + "\r\n";
+}
+
+std::string SpreadsheetExport::WholeExport() const {
+  std::string calls = "workbooks\r\nworkbooks.Add\r\nsheets(1)\r\nsheets(1).Name=Chart1\r\n";
+  std::istringstream lines(FileContents(chart_));
+  int row = 1;
+  for (std::string line; std::getline(lines, line); ++row) {
+    if (line.ends_with('\r')) line.pop_back();
+    if (row < 21) {  // the header's lines are the sheet's rows; the empty one is not written
+      const std::size_t mark = line.find('=');
+      if (!line.empty()) calls += Value(row, 1, "='" + line.substr(0, mark));
+      if (mark != std::string::npos) calls += Value(row, 2, "='" + line.substr(mark + 1));
+      continue;
+    }
+    if (row == 21) {
+      calls += Value(row, 1, "='Time");
+      for (const char number : {'1', '2', '3', '4'}) {
+        calls += Value(row, static_cast<std::size_t>(number - '0') + 1, std::string("='PXXX") + number + ".Content");
+      }
+      ++row;
+    }
+    std::istringstream fields(line);
+    std::array<std::string, 5> texts;
+    for (std::string& text : texts) std::getline(fields, text, '#');
+    calls += Value(row, 1, "='" + texts[0]);
+    for (std::size_t column = 2; column <= texts.size(); ++column) {
+      const std::string& text = texts[column - 1];
+      calls += Value(row, column, "='" + text) + Value(row, column, "") + Value(row, column, "=" + text);
+    }
+  }
+  return calls + "SaveAs(FileName:=" + chart_ +
+         ".xls,FileFormat:=-4143,Password:=,WriteResPassword:=,ReadOnlyRecommended:=False,CreateBackup:=False)\r\n"
+         "quit\r\n";
+}
+
+/// The pointer that the form shows over its own area.
+HCURSOR PointerOver(const FormDriver& form) {
+  const DWORD thread = GetWindowThreadProcessId(form.Window(), nullptr);
+  AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
+  SendMessageW(form.Window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(form.Window()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  const HCURSOR pointer = GetCursor();
+  AttachThreadInput(GetCurrentThreadId(), thread, FALSE);
+  return pointer;
+}
+
+TEST_F(SpreadsheetExport, StartsTheApplicationOrTakesTheRunningOne) {
+  for (const bool running : {false, true}) {
+    Install();
+    if (running) Run();
+    ScriptHost host("chart.vbs", "\"" + chart_ + "\" English");
+    const FormDriver form(host.Process(), L"");
+    const HCURSOR usual = PointerOver(form);
+    form.Press("cmdExport");
+    const BoxDriver question(host.Process());
+    EXPECT_EQ(question.Prompt(), kQuestion);
+    question.Answer(IDYES);
+    EXPECT_TRUE(WaitFor([&] { return PointerOver(form) != usual; })) << "busy while it writes";
+    const BoxDriver saved(host.Process());
+    EXPECT_EQ(saved.Prompt(), "File was saved as: " + chart_ + ".xls");
+    saved.Answer(IDOK);
+    EXPECT_EQ(PointerOver(form), usual);
+    EXPECT_EQ(Calls(), (running ? "start\r\n" : "start\r\ncreate\r\n") + WholeExport() + "end\r\n");
+    form.Close();
+    EXPECT_EQ(host.ExitCode(), 0);
+  }
+}
+
+TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
+  Install("sheets(1).Cells(22,3).Value");
+  const auto bin = win32::ReadRegistryText(
+      HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\Kestrel v5.60\\MyKestrel", L"strBin");
+  ScriptHost host("chart.vbs", "\"" + chart_ + "\" English");
+  const FormDriver form(host.Process(), L"");
+  const HCURSOR usual = PointerOver(form);
+  form.Press("cmdExport");
+  BoxDriver(host.Process()).Answer(IDYES);
+  const BoxDriver error(host.Process());
+  EXPECT_THAT(error.Prompt(), HasSubstr("Sub/Function = cmdExport_Click\r\nErr.Number = 1004\r\n"
+                                        "Err.Description = The fake refuses\r\nErr.Source = Fake Excel"));
+  EXPECT_TRUE(FileContents(win32::ToUtf8(*bin) + "\\Kestrel.log").ends_with(error.Prompt() + "\r\n"));
+  error.Answer(IDOK);
+  EXPECT_EQ(PointerOver(form), usual);
+  EXPECT_TRUE(Calls().ends_with("sheets(1).Cells(22,3).Value\r\nquit\r\nend\r\n"));
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
+}
+
+TEST_F(SpreadsheetExport, WithoutTheApplicationOrTheUsersYesNothingIsDone) {
+  for (const bool installed : {false, true}) {
+    if (installed) Install();
+    ScriptHost host("chart.vbs", "\"" + chart_ + "\" English");
+    const FormDriver form(host.Process(), L"");
+    form.Press("cmdExport");
+    const BoxDriver box(host.Process());
+    EXPECT_EQ(box.Prompt(), installed ? kQuestion : "Unable to find Excel application.");
+    box.Answer(installed ? IDNO : IDOK);
+    if (installed) {
+      EXPECT_EQ(Calls(), "start\r\ncreate\r\nend\r\n");
+    }
+    form.Close();
+    EXPECT_EQ(host.ExitCode(), 0);
+  }
+}
+
+TEST_F(SpreadsheetExport, SheetsAreCountedAndAddedWithoutALeak) {
+  Install();
+  Run();
+  ExpectNoGrowth(100, [] {
+    const auto excel = win32::ExcelApplications().AttachRunning();
     excel->AddWorkbook();
-    excel->SetSheetName(1, "Chart1");
-    excel->WriteText(1, 22, 1, "08:00:01");
-    excel->EnterValue(1, 22, 2, "1.5");
-    EXPECT_EQ(excel->ReadValue(1, 22, 2), "1.5");
     EXPECT_EQ(excel->SheetCount(), 3);
     excel->AddSheetAfter(3);
-    excel->SaveAs({"C:\\x.cht.xls", kNormalWorkbookFormat, "", "", false, false});
-    excel->Quit();
-  }
-  EXPECT_THAT(log.calls,
-              ElementsAre("workbooks", "workbooks.Add", "sheets(1)", "sheets(1).Name=Chart1", "sheets(1).Cells(22,1)",
-                          "sheets(1).Cells(22,1).Value='08:00:01", "sheets(1).Cells(22,2)",
-                          "sheets(1).Cells(22,2).Value=1.5", "sheets(1).Cells(22,2)", "sheets(1).Cells(22,2).Value",
-                          "sheets", "sheets.Count", "sheets(3)", "sheets", "sheets.Add(after:=sheets(3))",
-                          "SaveAs(FileName:=C:\\x.cht.xls,FileFormat:=-4143,Password:=,WriteResPassword:=,"
-                          "ReadOnlyRecommended:=False,CreateBackup:=False)",
-                          "quit"));
-  EXPECT_EQ(log.objects, 0) << "every object is released";
-}
-
-TEST_F(ExcelAutomation, AttachesToARunningInstance) {
-  FakeExcelInstallation installed(log);
-  const DWORD running = installed.Run();
-  EXPECT_NE(applications.AttachRunning(), nullptr);
-  RevokeActiveObject(running, nullptr);
-  EXPECT_EQ(log.objects, 0);
-}
-
-TEST_F(ExcelAutomation, ARefusalIsARunTimeErrorAndReleasesEverything) {
-  const FakeExcelInstallation installed(log);
-  log.failing = "sheets(1).Name=Chart1";
-  try {
-    const auto excel = applications.Create("x.xls");
-    excel->AddWorkbook();
-    excel->SetSheetName(1, "Chart1");
-    FAIL() << "the refusal was lost";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.Number(), 1004);
-    EXPECT_EQ(error.Description(), "The fake refuses");
-    EXPECT_EQ(error.Source(), "Fake Excel");
-  }
-  EXPECT_EQ(log.objects, 0);
+    excel->SetSheetName(4, "Chart4");
+  });
+  win32::ExcelApplications().AttachRunning()->Quit();
+  EXPECT_THAT(Calls(), HasSubstr("sheets\r\nsheets.Count\r\nsheets(3)\r\nsheets\r\nsheets.Add(after:=sheets(3))\r\n"
+                                 "sheets(4)\r\nsheets(4).Name=Chart4\r\nquit\r\nend\r\n"));
 }
 
 }  // namespace

@@ -1,27 +1,40 @@
-// IDispatch that takes every name, and answers as a spreadsheet application would where the answer matters.
+// The fake "Excel.Application": objects of any name with any members, which answer as the application would where the
+// answer matters. The program ends when the last of its objects is released.
+// Usage: fake_excel LOG FAILING [running|-Embedding]   LOG: file that takes a line for each call, such as
+// "sheets(1).Cells(2,1).Value='x"; FAILING: the line that raises error 1004; running: listed as a running instance
 #include "windows/fake_excel.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "platform/win32/com/class_factory.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry_text.h"
+#include "platform/win32/com/com_ref.h"
 #include "platform/win32/wide_text.h"
 
 namespace chartproject::testing {
-
 namespace {
 
-// An id of the tests' own.
-constexpr CLSID kFakeClass = {0x3f5e27b4, 0x51f0, 0x4b7e, {0x92, 0x44, 0x6d, 0x1b, 0x0c, 0x83, 0x77, 0x1e}};
-constexpr const wchar_t* kProgIdKey = L"Software\\Classes\\Excel.Application";
+/// What all objects share.
+struct Application {
+  std::ofstream log;
+  std::string failing;
+  std::map<std::string, std::string> cells;  ///< values by path
+  int objects = 0;
+  DWORD running = 0;  ///< cookie of the list of running instances
+
+  void Note(const std::string& line) { log << line << std::endl; }
+};
 
 class FakeObject final : public IDispatch {
  public:
-  FakeObject(FakeExcelLog& log, std::string path) : log_(log), path_(std::move(path)) { ++log_.objects; }
-  virtual ~FakeObject() { --log_.objects; }
+  FakeObject(Application& application, std::string path) : application_(application), path_(std::move(path)) {
+    ++application_.objects;
+  }
+  virtual ~FakeObject() {
+    if (--application_.objects == 0) PostQuitMessage(0);
+  }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch);
@@ -53,7 +66,7 @@ class FakeObject final : public IDispatch {
  private:
   [[nodiscard]] const std::string& NameOf(DISPID id) const { return names_[static_cast<std::size_t>(id - 1)]; }
   [[nodiscard]] static std::string TextOf(const VARIANT& value);
-  FakeExcelLog& log_;
+  Application& application_;
   std::string path_;
   std::vector<std::string> names_;
   ULONG references_ = 1;
@@ -70,69 +83,70 @@ HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* argu
                            EXCEPINFO* exception, UINT*) {
   const std::string& member = NameOf(id);
   const std::string path = path_.empty() ? member : path_ + "." + member;
+  const bool isPut = (flags & DISPATCH_PROPERTYPUT) != 0;
   std::string list;
-  const UINT positional = arguments->cArgs - arguments->cNamedArgs;
   for (UINT index = arguments->cArgs; index-- > 0;) {
-    const bool named = index < arguments->cArgs - positional && (flags & DISPATCH_PROPERTYPUT) == 0;
     list += list.empty() ? "" : ",";
-    if (named) list += NameOf(arguments->rgdispidNamedArgs[index]) + ":=";
+    if (!isPut && index < arguments->cNamedArgs) list += NameOf(arguments->rgdispidNamedArgs[index]) + ":=";
     list += TextOf(arguments->rgvarg[index]);
   }
-  const bool isPut = (flags & DISPATCH_PROPERTYPUT) != 0;
   const std::string call = isPut ? path + "=" + list : list.empty() ? path : path + "(" + list + ")";
-  log_.calls.push_back(call);
-  if (call == log_.failing) {
+  application_.Note(call);
+  if (call == application_.failing) {
     exception->scode = static_cast<SCODE>(0x800A03EC);
     exception->bstrDescription = SysAllocString(L"The fake refuses");
     exception->bstrSource = SysAllocString(L"Fake Excel");
     return DISP_E_EXCEPTION;
   }
   if (isPut) {
-    log_.cells[path] = list;
+    application_.cells[path] = list.starts_with('\'') ? list.substr(1) : list;  // the sign that makes it a text
   } else if (member == "Count") {
     result->vt = VT_I4;
     result->lVal = 3;
   } else if (member == "Value") {
     result->vt = VT_BSTR;
-    result->bstrVal = SysAllocString(win32::ToWide(log_.cells[path]).c_str());
+    result->bstrVal = SysAllocString(win32::ToWide(application_.cells[path]).c_str());
+  } else if (member == "quit") {
+    if (application_.running != 0) RevokeActiveObject(application_.running, nullptr);
   } else if (result != nullptr) {
     result->vt = VT_DISPATCH;
-    result->pdispVal = new FakeObject(log_, member == "Add" ? "" : call);
+    result->pdispVal = new FakeObject(application_, member == "Add" ? "" : call);
   }
   return S_OK;
 }
 
+int Run(int count, char** arguments) {
+  Application application;
+  if (count < 4) return 2;
+  application.log.open(arguments[1]);
+  application.failing = arguments[2];
+  application.Note("start");
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  DWORD created = 0;
+  win32::ComRef<IUnknown> factory;
+  if (std::string(arguments[3]) == "running") {
+    IDispatch* object = new FakeObject(application, "");
+    RegisterActiveObject(object, kFakeExcelClass, ACTIVEOBJECT_STRONG, &application.running);
+    object->Release();
+  } else {
+    const auto make = [&application]() -> IUnknown* {
+      application.Note("create");
+      return new FakeObject(application, "");
+    };
+    win32::GetFactory(IID_IDispatch, make, IID_IUnknown, factory.ReceiveUntyped());
+    CoRegisterClassObject(kFakeExcelClass, factory.Get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &created);
+  }
+  for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
+  if (created != 0) CoRevokeClassObject(created);
+  factory.Reset();
+  application.Note("end");
+  CoUninitialize();
+  return 0;
+}
+
 }  // namespace
-
-IDispatch* MakeFakeExcel(FakeExcelLog& log) {
-  return new FakeObject(log, "");
-}
-
-FakeExcelInstallation::FakeExcelInstallation(FakeExcelLog& log) : log_(log) {
-  win32::OwnedKey key;
-  RegCreateKeyExW(HKEY_LOCAL_MACHINE, (std::wstring(kProgIdKey) + L"\\CLSID").c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
-                  nullptr, key.Receive(), nullptr);
-  wchar_t id[40];
-  StringFromGUID2(kFakeClass, id, 40);
-  win32::WriteRegistryText(key.Get(), L"", id);
-  win32::GetFactory(
-      IID_IDispatch, [this] { return MakeFakeExcel(log_); }, IID_IUnknown, factory_.ReceiveUntyped());
-  EXPECT_EQ(CoRegisterClassObject(kFakeClass, factory_.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_),
-            S_OK);
-}
-
-FakeExcelInstallation::~FakeExcelInstallation() {
-  CoRevokeClassObject(cookie_);
-  RegDeleteTreeW(HKEY_LOCAL_MACHINE, kProgIdKey);
-  RegDeleteKeyW(HKEY_LOCAL_MACHINE, kProgIdKey);
-}
-
-DWORD FakeExcelInstallation::Run() {
-  DWORD cookie = 0;
-  IDispatch* running = MakeFakeExcel(log_);
-  EXPECT_EQ(RegisterActiveObject(running, kFakeClass, ACTIVEOBJECT_STRONG, &cookie), S_OK);
-  running->Release();
-  return cookie;
-}
-
 }  // namespace chartproject::testing
+
+int main(int count, char** arguments) {
+  return chartproject::testing::Run(count, arguments);
+}

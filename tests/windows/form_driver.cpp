@@ -12,6 +12,8 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/wide_text.h"
 
+#include <psapi.h>
+
 namespace chartproject::testing {
 
 namespace {
@@ -175,6 +177,30 @@ std::string FileContents(const std::string& name) {
   std::stringstream contents;
   contents << file.rdbuf();
   return contents.str();
+}
+
+void ExpectNoGrowth(int cycles, const std::function<void()>& action) {
+  struct Use {
+    DWORD handles;
+    DWORD userObjects;
+    SIZE_T bytes;
+  };
+  const auto measure = [] {
+    Use use{};
+    GetProcessHandleCount(GetCurrentProcess(), &use.handles);
+    use.userObjects = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    PROCESS_MEMORY_COUNTERS_EX memory{};
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+    use.bytes = memory.PrivateUsage;
+    return use;
+  };
+  for (int warmUp = 0; warmUp < cycles / 10; ++warmUp) action();
+  const Use before = measure();
+  for (int cycle = 0; cycle < cycles; ++cycle) action();
+  const Use after = measure();
+  EXPECT_LE(after.handles, before.handles + 2);
+  EXPECT_LE(after.userObjects, before.userObjects + 2);
+  EXPECT_LE(after.bytes, before.bytes + 256 * 1024);
 }
 
 void PressKey(WORD virtualKey) {

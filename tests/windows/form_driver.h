@@ -77,6 +77,9 @@ class ScriptHost {
 [[nodiscard]] std::string TestFolder();
 [[nodiscard]] std::string FileContents(const std::string& name);
 
+/// Repeats an action, and fails the test when this process holds more handles, windows or memory afterwards.
+void ExpectNoGrowth(int cycles, const std::function<void()>& action);
+
 /// A key pressed and let go, as the keyboard does it.
 void PressKey(WORD virtualKey);
 

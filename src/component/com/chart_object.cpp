@@ -1,10 +1,9 @@
 // AcquireVar and CreateChart for COM hosts, each behind the one wall that no exception passes.
-#include "component/com/chart_object.h"
-
 #include "component/chart_class.h"
 #include "links/com/com_drive_link.h"
 #include "platform/win32/com/automation_object.h"
 #include "platform/win32/com/com_error.h"
+#include "platform/win32/com/server_module.h"
 #include "platform/win32/com/win32_environment.h"
 
 #include <chart_project.h>
@@ -43,7 +42,18 @@ class ChartObject final : public AutomationObject<_ChartClass> {
 
 }  // namespace
 
-IUnknown* MakeChartObject() {
+ServerDescription DescribeServer() {
+  return {CLSID_ChartClass,
+          LIBID_ChartProject,
+          IID__ChartClass,
+          L"_ChartClass",
+          L"ChartProject: recording and charts of drives",
+          L"ChartProject.ChartClass",
+          {{kDriveLinkClassValue, IdText(StandInClass())}, {kDriveLinkInterfaceValue, IdText(DriveLinkInterface())}}};
+}
+
+/// Starts an instance of the component up.
+IUnknown* MakeServerObject() {
   return static_cast<_ChartClass*>(new ChartObject());
 }
 

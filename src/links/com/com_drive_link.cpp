@@ -65,9 +65,8 @@ class ComDriveLink : public DriveLink {
 };
 
 [[noreturn]] void ThrowCannotCreate(const GUID& classId, const std::string& reason) {
-  const std::wstring id = IdText(classId);
   throw RunTimeError(error_number::kCannotCreateObject,
-                     "The drive link " + std::string(id.begin(), id.end()) + " cannot be created: " + reason);
+                     "The drive link " + ToUtf8(IdText(classId)) + " cannot be created: " + reason);
 }
 
 }  // namespace
@@ -99,10 +98,11 @@ std::unique_ptr<DriveLink> ComDriveLinkFactory::Create() {
   const GUID interfaceId = Configured(kDriveLinkInterfaceValue, IID__DriveLink);
   ComRef<IUnknown> object;
   const HRESULT created = CoCreateInstance(classId, nullptr, CLSCTX_ALL, IID_IUnknown, object.ReceiveUntyped());
+  if (created == REGDB_E_CLASSNOTREG) ThrowCannotCreate(classId, "the class is not registered");
   if (FAILED(created)) ThrowCannotCreate(classId, FailureText(created));
   ComRef<_DriveLink> link;
   const HRESULT found = object->QueryInterface(interfaceId, link.ReceiveUntyped());
-  if (FAILED(found)) ThrowCannotCreate(classId, FailureText(found));
+  if (FAILED(found)) ThrowCannotCreate(classId, "it has no interface " + ToUtf8(IdText(interfaceId)));
   ComRef<ISimulatedTime> time;
   if (simulatedClock_ != nullptr && FAILED(object->QueryInterface(IID_ISimulatedTime, time.ReceiveUntyped()))) {
     ThrowCannotCreate(classId, "the virtual clock needs a simulated link");

@@ -1,6 +1,4 @@
 // The eight operations over a link of our own, on the real clock or on the one that the caller tells.
-#include "links/com/drive_link_object.h"
-
 #include <chrono>
 #include <memory>
 #include <string>
@@ -9,7 +7,7 @@
 #include "links/simulated_link.h"
 #include "platform/win32/com/automation_object.h"
 #include "platform/win32/com/com_error.h"
-#include "platform/win32/com/registration.h"
+#include "platform/win32/com/server_module.h"
 #include "platform/win32/registry_text.h"
 #include "platform/win32/small_ports.h"
 #include "platform/win32/wide_text.h"
@@ -38,6 +36,10 @@ class FollowingClock : public Clock {
   Instant told_{0};
 };
 
+constexpr const wchar_t* kScenarioValue = L"Scenario";
+
+/// The scenario to replay: the environment variable CHARTPROJECT_SCENARIO, else the value of the class key. With
+/// neither the drives are simulated.
 std::string ScenarioFile() {
   std::wstring name(GetEnvironmentVariableW(L"CHARTPROJECT_SCENARIO", nullptr, 0), L'\0');
   name.resize(GetEnvironmentVariableW(L"CHARTPROJECT_SCENARIO", name.data(), static_cast<DWORD>(name.size())));
@@ -137,7 +139,17 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
 
 }  // namespace
 
-IUnknown* MakeDriveLinkObject() {
+ServerDescription DescribeServer() {
+  return {CLSID_DriveLink,
+          LIBID_DriveLinkSim,
+          IID__DriveLink,
+          L"_DriveLink",
+          L"Simulated drives for ChartProject",
+          L"DriveLinkSim.DriveLink",
+          {{kScenarioValue, L""}}};
+}
+
+IUnknown* MakeServerObject() {
   return static_cast<_DriveLink*>(new DriveLinkObject());
 }
 

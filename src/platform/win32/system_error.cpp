@@ -1,6 +1,8 @@
 // Which of our run-time errors a code of the system is.
 #include "platform/win32/system_error.h"
 
+#include <cstdio>
+
 #include "platform/run_time_error.h"
 #include "platform/win32/wide_text.h"
 
@@ -13,7 +15,12 @@ std::string SystemMessage(DWORD code) {
   while (length > 0 && (buffer[length - 1] == L'\n' || buffer[length - 1] == L'\r' || buffer[length - 1] == L' ')) {
     --length;
   }
-  if (length == 0) return "system error " + std::to_string(code);
+  if (length == 0) {
+    constexpr DWORD kFirstResultCode = 0x80000000;  // those are known by their hexadecimal digits
+    char text[40];
+    std::snprintf(text, sizeof text, code < kFirstResultCode ? "system error %lu" : "system error 0x%08lX", code);
+    return text;
+  }
   return ToUtf8({buffer, length});
 }
 

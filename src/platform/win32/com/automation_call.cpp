@@ -37,8 +37,7 @@ std::vector<DISPID> IdsOf(IDispatch* object, const wchar_t* name, const Automati
   SysFreeString(exception.bstrDescription);
   SysFreeString(exception.bstrSource);
   SysFreeString(exception.bstrHelpFile);
-  int number = exception.wCode != 0 ? exception.wCode : error_number::kAutomation;
-  if (HRESULT_FACILITY(exception.scode) == FACILITY_CONTROL) number = HRESULT_CODE(exception.scode);
+  const int number = exception.wCode != 0 ? exception.wCode : ErrorNumber(exception.scode);
   throw RunTimeError(number, description.empty() ? ToUtf8(name) + " failed" : description,
                      source.empty() ? "Excel.Application" : source);
 }

@@ -18,11 +18,11 @@ struct AutomationArgument {
 using AutomationArguments = std::vector<AutomationArgument>;
 
 /// Calls a method or reads a property of an object. Throws RunTimeError with the object's own description: 438 when it
-/// has no such member, the object's number, or 440.
+/// has no such member, the object's number, or the failed call's code.
 ComVariant CallMember(IDispatch* object, const wchar_t* name, AutomationArguments arguments = {},
                       WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET);
 
-/// Sets a property; `indices` stand before the value.
+/// Sets a property. Throws as CallMember.
 void SetMember(IDispatch* object, const wchar_t* name, ComVariant value);
 
 /// As CallMember, for a member that gives an object. Throws RunTimeError 424 when it gives none.

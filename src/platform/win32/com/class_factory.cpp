@@ -54,7 +54,7 @@ class ClassFactory final : public IClassFactory {
  private:
   std::atomic<ULONG> references_{1};
   ModuleUse use_;
-  const IID& source_;
+  const IID source_;
   ObjectMaker make_;
 };
 

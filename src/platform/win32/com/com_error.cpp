@@ -28,6 +28,7 @@ HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept {
 }
 
 HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept {
+  SetErrorInfo(0, nullptr);  // what an earlier failure left would be taken for the words of a later one
   try {
     body();
     return S_OK;
@@ -70,10 +71,8 @@ std::string FailureText(HRESULT result) {
 
 void RequireSuccess(HRESULT result, const char* what) {
   if (SUCCEEDED(result)) return;
-  const bool numbered = HRESULT_FACILITY(result) == FACILITY_CONTROL;
-  const int number = numbered ? HRESULT_CODE(result) : error_number::kAutomation;
   const Failure failure = TakeFailure(result);
-  throw RunTimeError(number, std::string(what) + ": " + failure.description,
+  throw RunTimeError(ErrorNumber(result), std::string(what) + ": " + failure.description,
                      failure.source.empty() ? "ChartProject" : failure.source);
 }
 

@@ -9,9 +9,13 @@
 
 namespace chartproject::win32 {
 
-/// The automation error for run-time error n: 0x800A0000 + n.
+/// The automation error for run-time error n: 0x800A0000 + n. A negative number is such a code itself.
 [[nodiscard]] constexpr HRESULT ErrorCode(int number) noexcept {
-  return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
+  return number < 0 ? number : static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
+}
+/// The other way: n, or the code itself where another component or the system raised it.
+[[nodiscard]] constexpr int ErrorNumber(HRESULT code) noexcept {
+  return HRESULT_FACILITY(code) == FACILITY_CONTROL ? HRESULT_CODE(code) : code;
 }
 
 /// Hands description and source of an error to the caller's side (IErrorInfo); returns the error's code.

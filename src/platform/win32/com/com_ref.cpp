@@ -14,7 +14,7 @@ ComText::ComText(std::string_view utf8) {
 }
 
 std::string ComText::Utf8() const {
-  return ToUtf8(text_);
+  return BstrToUtf8(text_);
 }
 
 ComVariant::ComVariant(std::string_view utf8) : ComVariant() {

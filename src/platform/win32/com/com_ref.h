@@ -59,6 +59,7 @@ class ComText {
   [[nodiscard]] BSTR Get() const noexcept { return text_; }
   [[nodiscard]] BSTR* Receive() noexcept { return &text_; }
   BSTR Release() noexcept { return std::exchange(text_, nullptr); }
+  /// Empty for the null text, by which automation passes an empty one.
   [[nodiscard]] std::string Utf8() const;
 
  private:

@@ -74,19 +74,26 @@ LSTATUS StoreAll(HKEY root, const ServerDescription& server) {
   return ERROR_SUCCESS;
 }
 
-void RemoveAll(HKEY root, const ServerDescription& server) {
+LSTATUS RemoveAll(HKEY root, const ServerDescription& server) {
+  LSTATUS worst = ERROR_SUCCESS;
   for (const std::wstring& key :
        {L"CLSID\\" + IdText(server.classId), server.progId, server.progId + L".1",
         L"TypeLib\\" + IdText(server.libraryId), L"Interface\\" + IdText(server.interfaceId)}) {
     const std::wstring path = kClasses + key;
-    if (RegDeleteTreeW(root, path.c_str()) == ERROR_SUCCESS) RegDeleteKeyW(root, path.c_str());
+    LSTATUS status = RegDeleteTreeW(root, path.c_str());
+    if (status == ERROR_SUCCESS) status = RegDeleteKeyW(root, path.c_str());
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) worst = status;
   }
+  return worst;
 }
 
-bool ForUserOnly() {
-  wchar_t value[8];
-  const DWORD length = GetEnvironmentVariableW(L"CHARTPROJECT_REGISTER", value, 8);
-  return length > 0 && length < 8 && std::wstring_view(value, length) == L"user";
+HKEY RootOf(RegistrationScope scope) noexcept {
+  return scope == RegistrationScope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+}
+
+HRESULT ResultOf(LSTATUS status) noexcept {
+  if (status == ERROR_ACCESS_DENIED) return E_ACCESSDENIED;
+  return status == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
 }
 
 }  // namespace
@@ -97,24 +104,12 @@ std::wstring IdText(const GUID& id) {
   return {text, static_cast<std::size_t>(length > 0 ? length - 1 : 0)};
 }
 
-HRESULT RegisterServer(const ServerDescription& server) noexcept {
-  try {
-    LSTATUS status = ForUserOnly() ? ERROR_ACCESS_DENIED : StoreAll(HKEY_LOCAL_MACHINE, server);
-    if (status == ERROR_ACCESS_DENIED) status = StoreAll(HKEY_CURRENT_USER, server);
-    return status == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
-  } catch (...) {
-    return E_OUTOFMEMORY;
-  }
+HRESULT RegisterServer(const ServerDescription& server, RegistrationScope scope) {
+  return ResultOf(StoreAll(RootOf(scope), server));
 }
 
-HRESULT UnregisterServer(const ServerDescription& server) noexcept {
-  try {
-    RemoveAll(HKEY_LOCAL_MACHINE, server);
-    RemoveAll(HKEY_CURRENT_USER, server);
-    return S_OK;
-  } catch (...) {
-    return E_OUTOFMEMORY;
-  }
+HRESULT UnregisterServer(const ServerDescription& server, RegistrationScope scope) {
+  return ResultOf(RemoveAll(RootOf(scope), server));
 }
 
 }  // namespace chartproject::win32

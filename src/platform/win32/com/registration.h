@@ -24,11 +24,14 @@ struct ServerDescription {
   std::vector<ClassValue> classValues;
 };
 
-/// Registers for all users; for the calling user alone when the machine's part is closed to him, or when the
-/// environment variable CHARTPROJECT_REGISTER is "user".
-HRESULT RegisterServer(const ServerDescription& server) noexcept;
-/// Removes every key of the server, of all users and of the calling one.
-HRESULT UnregisterServer(const ServerDescription& server) noexcept;
+/// Whose classes are meant: all users' or the calling user's own.
+enum class RegistrationScope { kMachine, kUser };
+
+/// Writes every key of the server. Returns E_ACCESSDENIED when that part of the registry is closed to the caller,
+/// SELFREG_E_CLASS for other failures. Throws std::bad_alloc.
+[[nodiscard]] HRESULT RegisterServer(const ServerDescription& server, RegistrationScope scope);
+/// Removes every key of the server; none left is success. Returns and throws as RegisterServer.
+[[nodiscard]] HRESULT UnregisterServer(const ServerDescription& server, RegistrationScope scope);
 
 /// An id as the registry writes it, in braces.
 [[nodiscard]] std::wstring IdText(const GUID& id);

@@ -22,6 +22,7 @@ HRESULT TypeInformation::Get(unsigned index, ITypeInfo** info) const noexcept {
 }
 
 HRESULT TypeInformation::FindIds(LPOLESTR* names, unsigned count, DISPID* ids) const noexcept {
+  if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
   return DispGetIDsOfNames(info_.Get(), names, count, ids);
 }
 
@@ -48,9 +49,9 @@ bool TypeInformation::TooMany(DISPID id, unsigned count) const noexcept {
 
 HRESULT TypeInformation::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                                 EXCEPINFO* exception, unsigned* badArgument) const noexcept {
+  if (result != nullptr) VariantInit(result);
   if (arguments == nullptr) return E_POINTER;
   if (TooMany(id, arguments->cArgs)) return DISP_E_BADPARAMCOUNT;
-  SetErrorInfo(0, nullptr);
   return info_->Invoke(object, id, flags, arguments, result, exception, badArgument);
 }
 

@@ -7,7 +7,7 @@ namespace chartproject::win32 {
 
 class TypeInformation {
  public:
-  /// Loads the description of an interface from the DLL's own type library. Throws RunTimeError 440 when it fails.
+  /// Loads the description of an interface from the DLL's own type library. Throws RunTimeError when it fails.
   explicit TypeInformation(const IID& interfaceId);
 
   HRESULT Get(unsigned index, ITypeInfo** info) const noexcept;
