@@ -193,7 +193,7 @@ TEST_F(SpreadsheetExport, WithoutTheApplicationOrTheUsersYesNothingIsDone) {
 TEST_F(SpreadsheetExport, SheetsAreCountedAndAddedWithoutALeak) {
   Install();
   Run();
-  ExpectNoGrowth(100, [] {
+  ExpectNoGrowth(20, [] {
     const auto excel = win32::ExcelApplications().AttachRunning();
     excel->AddWorkbook();
     EXPECT_EQ(excel->SheetCount(), 3);

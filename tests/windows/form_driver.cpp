@@ -158,7 +158,7 @@ ScriptHost::~ScriptHost() {
   CloseHandle(information_.hProcess);
 }
 
-int ScriptHost::ExitCode() {
+int ScriptHost::ExitCode() const {
   const auto patience = std::chrono::milliseconds(kPatience).count();
   if (WaitForSingleObject(information_.hProcess, static_cast<DWORD>(patience)) != WAIT_OBJECT_0) return -1;
   DWORD code = 0;

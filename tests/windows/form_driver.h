@@ -67,7 +67,7 @@ class ScriptHost {
   ScriptHost& operator=(const ScriptHost&) = delete;
   [[nodiscard]] DWORD Process() const noexcept { return information_.dwProcessId; }
   /// The script's exit code; -1 when it did not end in time.
-  [[nodiscard]] int ExitCode();
+  [[nodiscard]] int ExitCode() const;
 
  private:
   PROCESS_INFORMATION information_{};

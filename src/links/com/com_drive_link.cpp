@@ -1,6 +1,8 @@
 // Each operation of the link as one call through the interface's table, failures as run-time errors.
 #include "links/com/com_drive_link.h"
 
+#include <array>
+
 #include "platform/win32/com/com_error.h"
 #include "platform/win32/com/com_ref.h"
 #include "platform/win32/com/registration.h"
@@ -14,16 +16,26 @@ namespace chartproject::win32 {
 
 namespace {
 
+/// Room for an output that nobody reads. Only its place in the call is known of a host's link, not its type: whatever
+/// automation can pass has room.
+struct IgnoredOutput {
+  alignas(VARIANT) std::array<short, sizeof(VARIANT) / sizeof(short)> room{};
+};
+
 class ComDriveLink : public DriveLink {
  public:
   ComDriveLink(ComRef<_DriveLink> link, ComRef<ISimulatedTime> time, Clock* clock)
       : link_(std::move(link)), time_(std::move(time)), clock_(clock) {}
 
   void SetP210Value(std::int16_t value, std::int16_t& reply) override {
-    RequireSuccess(link_->SetP210Value(&value, &reply), "SetP210Value");
+    IgnoredOutput output;
+    RequireSuccess(link_->SetP210Value(&value, output.room.data()), "SetP210Value");
+    reply = output.room.front();
   }
   void SetP529Value(std::int16_t value, std::int16_t& reply) override {
-    RequireSuccess(link_->SetP529Value(&value, &reply), "SetP529Value");
+    IgnoredOutput output;
+    RequireSuccess(link_->SetP529Value(&value, output.room.data()), "SetP529Value");
+    reply = output.room.front();
   }
   void ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
                      std::int16_t& status) override {
@@ -39,7 +51,9 @@ class ComDriveLink : public DriveLink {
   }
   void OpenLink(std::int16_t& result) override {
     TellTime();
-    RequireSuccess(link_->OpenLink(&result), "OpenLink");
+    IgnoredOutput output;
+    RequireSuccess(link_->OpenLink(output.room.data()), "OpenLink");
+    result = output.room.front();
   }
   void CloseLink() override {
     ComVariant ignored;

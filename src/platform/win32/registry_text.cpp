@@ -12,7 +12,7 @@ std::optional<std::wstring> ReadRegistryText(HKEY key, const std::wstring& name)
     return std::nullopt;
   }
   std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
-  bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+  bytes = static_cast<DWORD>(text.size()) * DWORD{sizeof(wchar_t)};
   if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(text.data()), &bytes) !=
       ERROR_SUCCESS) {
     return std::nullopt;
@@ -30,7 +30,7 @@ std::optional<std::wstring> ReadRegistryText(HKEY root, const std::wstring& path
 LSTATUS WriteRegistryText(HKEY key, const std::wstring& name, const std::wstring& value) {
   return RegSetValueExW(key, name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
                         reinterpret_cast<const BYTE*>(value.c_str()),
-                        static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+                        static_cast<DWORD>(value.size() + 1) * DWORD{sizeof(wchar_t)});
 }
 
 }  // namespace chartproject::win32

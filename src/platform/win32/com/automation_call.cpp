@@ -1,9 +1,10 @@
 // IDispatch from the caller's side.
 #include "platform/win32/com/automation_call.h"
 
+#include <algorithm>
+
 #include "platform/run_time_error.h"
 #include "platform/win32/com/com_error.h"
-#include "platform/win32/system_error.h"
 #include "platform/win32/wide_text.h"
 
 namespace chartproject::win32 {
@@ -19,14 +20,15 @@ std::vector<DISPID> IdsOf(IDispatch* object, const wchar_t* name, const Automati
     if (!argument.name.empty()) names.push_back(argument.name);
   }
   std::vector<wchar_t*> pointers;
+  pointers.reserve(names.size());
   for (std::wstring& text : names) pointers.push_back(text.data());
   std::vector<DISPID> ids(names.size(), DISPID_UNKNOWN);
   const HRESULT result = object->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()),
                                                LOCALE_USER_DEFAULT, ids.data());
-  if (FAILED(result)) {
-    throw RunTimeError(error_number::kPropertyNotSupported,
-                       ToUtf8(name) + ": " + SystemMessage(static_cast<DWORD>(result)));
+  if (result == DISP_E_UNKNOWNNAME) {
+    throw RunTimeError(error_number::kPropertyNotSupported, ToUtf8(name) + ": the object has no such member");
   }
+  RequireSuccess(result, ToUtf8(name).c_str());
   return ids;
 }
 
@@ -49,10 +51,10 @@ ComVariant Invoke(IDispatch* object, const wchar_t* name, AutomationArguments& a
   std::vector<VARIANT> values;
   // Arguments travel last first; the named ones come before the others, with their ids in the same order.
   std::size_t nextName = ids.size();
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
-    values.push_back(argument->value.Value());
-    if (!argument->name.empty()) named.push_back(ids[--nextName]);
-  }
+  std::for_each(arguments.rbegin(), arguments.rend(), [&](const AutomationArgument& argument) {
+    values.push_back(argument.value.Value());
+    if (!argument.name.empty()) named.push_back(ids[--nextName]);
+  });
   DISPID put = DISPID_PROPERTYPUT;
   const bool isPut = (flags & DISPATCH_PROPERTYPUT) != 0;
   DISPPARAMS parameters{values.data(), isPut ? &put : named.data(), static_cast<UINT>(values.size()),
