@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <optional>
 #include <set>
 
 #include "forms/form.h"
@@ -18,16 +17,6 @@ bool IsPlainLetter(char c) {
 
 char UpperCase(char c) {
   return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-}
-
-/// The letter that a caption names itself; "&&" is a plain ampersand.
-std::optional<char> OwnLetter(const std::string& caption) {
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != '&') continue;
-    if (caption[i + 1] != '&') return UpperCase(caption[i + 1]);
-    ++i;
-  }
-  return std::nullopt;
 }
 
 std::optional<std::size_t> FreeLetter(const std::string& caption, const std::set<char>& taken) {
@@ -49,6 +38,15 @@ int Rank(const Form& form, const Control& control) {
 
 }  // namespace
 
+std::optional<char> AccessLetter(const std::string& caption) {
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != '&') continue;
+    if (caption[i + 1] != '&') return UpperCase(caption[i + 1]);
+    ++i;
+  }
+  return std::nullopt;
+}
+
 const Control* FieldOf(const Form& form, const Control& label) {
   if (label.TypeName() != "Label") return nullptr;
   const auto& controls = form.Controls();
@@ -62,7 +60,7 @@ std::map<const Control*, std::string> CaptionsWithAccessKeys(const Form& form) {
   std::set<char> taken;
   for (const Control* control : form.Controls()) {
     if (!control->HasCaption()) continue;
-    if (const auto letter = OwnLetter(control->Caption())) {
+    if (const auto letter = AccessLetter(control->Caption())) {
       captions[control] = control->Caption();
       taken.insert(*letter);
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 namespace chartproject {
@@ -12,6 +13,9 @@ class Form;
 /// The control that a label names: the field that follows it in the form. Null for a label that names none, and for
 /// other controls.
 [[nodiscard]] const Control* FieldOf(const Form& form, const Control& label);
+
+/// The letter that a caption marks with "&", as a capital; "&&" is a plain ampersand.
+[[nodiscard]] std::optional<char> AccessLetter(const std::string& caption);
 
 /// Captions of buttons, check boxes and the labels of fields with "&" before their letter. A caption that has its "&"
 /// already keeps it; no letter is given twice; first letters of words come before others. A caption whose letters are

@@ -1,9 +1,11 @@
 // The input box: its template is laid out in memory, so that no resource is needed.
 #include "platform/win32/input_box.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
+#include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/windows_api.h"
 
@@ -12,6 +14,7 @@ namespace chartproject::win32 {
 namespace {
 
 constexpr WORD kEditId = 100;
+constexpr WORD kMessageFont = 0x7FFF;  // in place of a size: the font of message boxes, which has no name here
 
 struct Asking {
   const InputBoxRequest& request;
@@ -59,9 +62,30 @@ std::wstring ButtonCaption(int id, const wchar_t* otherwise) {
   return length > 0 ? std::wstring(text, static_cast<std::size_t>(length)) : std::wstring(otherwise);
 }
 
+/// In the middle of the window that asks, on its screen.
+void PlaceOverOwner(HWND window) noexcept {
+  RECT owner;
+  RECT box;
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  const HWND below = GetWindow(window, GW_OWNER);
+  if (below == nullptr || GetWindowRect(below, &owner) == 0 || GetWindowRect(window, &box) == 0 ||
+      GetMonitorInfoW(MonitorFromWindow(below, MONITOR_DEFAULTTONEAREST), &screen) == 0) {
+    return;  // stays in the middle of the screen
+  }
+  const RECT& area = screen.rcWork;
+  const LONG width = box.right - box.left;
+  const LONG height = box.bottom - box.top;
+  const LONG left = std::min((owner.left + owner.right - width) / 2, area.right - width);
+  const LONG top = std::min((owner.top + owner.bottom - height) / 2, area.bottom - height);
+  SetWindowPos(window, nullptr, std::max(left, area.left), std::max(top, area.top), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 INT_PTR CALLBACK InputBoxProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept {
   if (message == WM_INITDIALOG) {
     SetWindowLongPtrW(window, GWLP_USERDATA, data);
+    PlaceOverOwner(window);
     return TRUE;
   }
   auto* asking = reinterpret_cast<Asking*>(GetWindowLongPtrW(window, GWLP_USERDATA));
@@ -97,13 +121,13 @@ std::string AskForText(const InputBoxRequest& request, Help& help) {
   dialog.Word(0);
   dialog.Word(0);
   dialog.Text(ToWide(request.title));
-  dialog.Word(9);
-  dialog.Text(L"MS Shell Dlg");
+  dialog.Word(kMessageFont);
   dialog.Item(SS_LEFT, {7, 7, 206, 18}, 101, 0x82, ToWide(request.prompt));
   dialog.Item(WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, {7, 27, 206, 13}, kEditId, 0x81, L"");
   dialog.Item(WS_TABSTOP | BS_DEFPUSHBUTTON, {109, 49, 50, 14}, IDOK, 0x80, ButtonCaption(IDOK, L"OK"));
   dialog.Item(WS_TABSTOP, {163, 49, 50, 14}, IDCANCEL, 0x80, ButtonCaption(IDCANCEL, L"Cancel"));
 
+  const ThemedControls themed;
   Asking asking{request, help, {}};
   DialogBoxIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), GetActiveWindow(), InputBoxProcedure,
                           reinterpret_cast<LPARAM>(&asking));

@@ -2,6 +2,7 @@
 #include "platform/win32/widget.h"
 
 #include <iterator>
+#include <utility>
 
 #include "platform/win32/control_id.h"
 #include "platform/win32/wide_text.h"
@@ -33,11 +34,20 @@ Widget::Widget(Control& control, WidgetContext& context, const wchar_t* windowCl
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(context.font), FALSE);
 }
 
+void Widget::ShowCaption(std::wstring caption, bool accessKey) {
+  if (caption_ == caption && accessKey_ == accessKey) return;
+  caption_ = std::move(caption);
+  accessKey_ = accessKey;
+  ApplyStyle();
+  SetWindowTextW(window_, caption_.c_str());
+}
+
+SIZE Widget::CaptionSize(int width) const {
+  return MeasureText(context_, caption_, width, accessKey_);
+}
+
 void Widget::Apply(Property property) {
   switch (property) {
-    case Property::kCaption:
-      if (control_.HasCaption()) SetWindowTextW(window_, ToWide(control_.Caption()).c_str());
-      break;
     case Property::kEnabled:
       EnableWindow(window_, control_.EffectivelyEnabled() ? TRUE : FALSE);
       break;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "forms/controls.h"
@@ -35,6 +36,8 @@ class Widget {
   /// Whether the window shows; a group without a colour, for one, has nothing to show.
   [[nodiscard]] virtual bool ShouldShow() const { return control_.EffectivelyVisible(); }
 
+  /// Shows a caption. @param accessKey "&" marks its letter; else "&" is a character as any other
+  void ShowCaption(std::wstring caption, bool accessKey);
   /// Shows a property's new value.
   virtual void Apply(Property property);
   /// A style that the control knows only when its form is laid out.
@@ -59,12 +62,17 @@ class Widget {
   Widget(Control& control, WidgetContext& context, const wchar_t* windowClass, DWORD style, DWORD extendedStyle = 0);
   [[nodiscard]] WidgetContext& Context() const noexcept { return context_; }
   [[nodiscard]] Size FromDots(SIZE size) const;
+  /// Size of the caption in dots. @param width as for MeasureText
+  [[nodiscard]] SIZE CaptionSize(int width = 0) const;
+  [[nodiscard]] bool HasAccessKey() const noexcept { return accessKey_; }
   [[nodiscard]] std::wstring NativeText() const;
 
  private:
   Control& control_;
   WidgetContext& context_;
   HWND window_;
+  std::wstring caption_;
+  bool accessKey_ = false;
 };
 
 /// The widget for a control; null for a type without one (timers).

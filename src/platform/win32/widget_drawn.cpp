@@ -46,19 +46,17 @@ void DrawnWidget::PaintBuffer(HDC dc, int width, int height) {
 }
 
 void DrawnWidget::Paint() {
-  PAINTSTRUCT paint;
-  const HDC screen = BeginPaint(Window(), &paint);
+  const PaintScope paint(Window());
+  const HDC screen = paint.Get();
   RECT area;
   GetClientRect(Window(), &area);
   if (area.right > 0 && area.bottom > 0) {
     const OwnedDc buffer(CreateCompatibleDC(screen));
     const OwnedBitmap bitmap(CreateCompatibleBitmap(screen, area.right, area.bottom));
-    const HGDIOBJ before = SelectObject(buffer.Get(), bitmap.Get());
+    const SelectScope selected(buffer.Get(), bitmap.Get());
     PaintBuffer(buffer.Get(), area.right, area.bottom);
     BitBlt(screen, 0, 0, area.right, area.bottom, buffer.Get(), 0, 0, SRCCOPY);
-    SelectObject(buffer.Get(), before);
   }
-  EndPaint(Window(), &paint);
 }
 
 MouseInput DrawnWidget::InputAt(LPARAM data, WPARAM keys) const {

@@ -1,8 +1,8 @@
 // The native counterparts of the control types.
 #pragma once
 
-#include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/win32/widget.h"
 
@@ -11,6 +11,9 @@ namespace chartproject::win32 {
 class LabelWidget : public Widget {
  public:
   LabelWidget(Label& label, WidgetContext& context);
+  /// An empty label would paint its ground over the one that shares its place.
+  [[nodiscard]] bool ShouldShow() const override { return !label_.Caption().empty() && Widget::ShouldShow(); }
+  void Apply(Property property) override;
   void ApplyStyle() override;
   [[nodiscard]] Size PreferredSize() const override;
   [[nodiscard]] double HeightForWidth(double width) const override;
@@ -22,6 +25,7 @@ class LabelWidget : public Widget {
 class FrameWidget : public Widget {
  public:
   FrameWidget(Frame& frame, WidgetContext& context);
+  [[nodiscard]] bool ShouldShow() const override { return false; }  // the form's window paints it
   [[nodiscard]] Size PreferredSize() const override;
 };
 
@@ -66,6 +70,7 @@ class ComboBoxWidget : public Widget {
   [[nodiscard]] Size PreferredSize() const override;
   void Place(const RECT& place) override;
   void Command(WORD code) override;
+  bool Wheel(int notches) override;
 
  private:
   void ShowList();
@@ -77,6 +82,7 @@ class EditWidget : public Widget {
   EditWidget(TextControl& text, WidgetContext& context);
   void Apply(Property property) override;
   [[nodiscard]] Size PreferredSize() const override;
+  void Place(const RECT& place) override;
   void Command(WORD code) override;
 
  protected:
@@ -91,6 +97,12 @@ class EditWidget : public Widget {
 class RichTextWidget : public EditWidget {
  public:
   RichTextWidget(RichTextBox& text, WidgetContext& context);
+  void Apply(Property property) override;
+  bool Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) override;
+
+ private:
+  [[nodiscard]] int Ground() const;
+  void PaintFrame() const;
 };
 
 /// Overwrites the places of its mask; everything between them stays.
@@ -106,9 +118,12 @@ class MaskWidget : public EditWidget {
   void Overwrite(std::size_t at, char character);
   void Type(wchar_t character);
   void Erase(bool backwards);
+  bool EraseSelection();
+  bool TypedCharacter(WPARAM character);
   void Paste();
   void MoveCaret(std::size_t at);
-  [[nodiscard]] std::size_t Caret() const;
+  /// Begin and end of what is selected; both are the caret when nothing is.
+  [[nodiscard]] std::pair<std::size_t, std::size_t> Selection() const;
   MaskEdBox& box_;
 };
 
@@ -128,6 +143,7 @@ class SliderWidget : public Widget {
   void Apply(Property property) override;
   [[nodiscard]] Size PreferredSize() const override;
   void Scroll(WORD code) override;
+  bool Wheel(int notches) override;
 
  private:
   Slider& slider_;
@@ -155,6 +171,7 @@ class UpDownWidget : public Widget {
   UpDownWidget(UpDown& arrows, WidgetContext& context);
   [[nodiscard]] Size PreferredSize() const override;
   LRESULT Notify(const NMHDR& header) override;
+  bool Wheel(int notches) override;
 
  private:
   UpDown& arrows_;

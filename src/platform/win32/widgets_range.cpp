@@ -1,5 +1,6 @@
 // Progress bar, slider, scroll bar and up-down arrows.
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/win32/widget_types.h"
 
@@ -53,6 +54,12 @@ Size SliderWidget::PreferredSize() const {
 
 void SliderWidget::Scroll(WORD /*code*/) {
   slider_.SetValue(static_cast<int>(SendMessageW(Window(), TBM_GETPOS, 0, 0)));
+}
+
+bool SliderWidget::Wheel(int notches) {
+  const int wanted = slider_.Value() + notches * slider_.SmallChange();
+  slider_.SetValue(std::clamp(wanted, slider_.Minimum(), std::max(slider_.Minimum(), slider_.Maximum())));
+  return true;
 }
 
 ScrollBarWidget::ScrollBarWidget(HScrollBar& bar, WidgetContext& context)
@@ -145,6 +152,11 @@ LRESULT UpDownWidget::Notify(const NMHDR& header) {
   if (header.code != UDN_DELTAPOS) return 0;
   arrows_.Step(reinterpret_cast<const NMUPDOWN&>(header).iDelta > 0 ? 1 : -1);
   return TRUE;  // keeps the native position
+}
+
+bool UpDownWidget::Wheel(int notches) {
+  for (int left = std::abs(notches); left > 0; --left) arrows_.Step(notches > 0 ? 1 : -1);
+  return true;
 }
 
 }  // namespace chartproject::win32

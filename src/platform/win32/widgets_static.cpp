@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kDropDownLines = 16;
 
-DWORD LabelStyle(const Label& label) {
+DWORD LabelStyle(const Label& label, bool accessKey) {
   DWORD style = SS_NOTIFY;
   switch (label.TextAlign()) {
     case Align::kCenter:
@@ -25,8 +25,7 @@ DWORD LabelStyle(const Label& label) {
       break;
   }
   if (!label.WordWrap()) style |= SS_CENTERIMAGE;
-  // A caption that is no message of ours may hold "&" as a character.
-  if (label.Tag().empty()) style |= SS_NOPREFIX;
+  if (!accessKey) style |= SS_NOPREFIX;
   if (label.BorderStyle() != 0) style |= WS_BORDER;
   return style;
 }
@@ -34,12 +33,16 @@ DWORD LabelStyle(const Label& label) {
 }  // namespace
 
 LabelWidget::LabelWidget(Label& label, WidgetContext& context)
-    : Widget(label, context, L"STATIC", LabelStyle(label)), label_(label) {}
+    : Widget(label, context, L"STATIC", LabelStyle(label, false)), label_(label) {}
+
+void LabelWidget::Apply(Property property) {
+  Widget::Apply(property == Property::kCaption ? Property::kVisible : property);
+}
 
 void LabelWidget::ApplyStyle() {
   constexpr LONG_PTR kOurs = SS_NOTIFY | SS_TYPEMASK | SS_CENTERIMAGE | SS_NOPREFIX | WS_BORDER;
   const LONG_PTR before = GetWindowLongPtrW(Window(), GWL_STYLE);
-  const LONG_PTR after = (before & ~kOurs) | static_cast<LONG_PTR>(LabelStyle(label_));
+  const LONG_PTR after = (before & ~kOurs) | static_cast<LONG_PTR>(LabelStyle(label_, HasAccessKey()));
   if (before == after) return;
   SetWindowLongPtrW(Window(), GWL_STYLE, after);
   SetWindowPos(Window(), nullptr, 0, 0, 0, 0,
@@ -47,7 +50,7 @@ void LabelWidget::ApplyStyle() {
 }
 
 Size LabelWidget::PreferredSize() const {
-  const SIZE text = MeasureText(Context(), ToWide(label_.Caption()), 0, !label_.Tag().empty());
+  const SIZE text = CaptionSize();
   const int least = LineHeight(Context()) + 2;
   // A wrapping label takes the width that is there; a word or two is the least that makes sense.
   const LONG width = label_.WordWrap() ? std::min<LONG>(text.cx, least * 6) : text.cx;
@@ -57,16 +60,15 @@ Size LabelWidget::PreferredSize() const {
 double LabelWidget::HeightForWidth(double width) const {
   if (!label_.WordWrap()) return PreferredSize().height;
   const int dots = std::max(1, static_cast<int>(width * Context().scale) - 2);
-  const SIZE text = MeasureText(Context(), ToWide(label_.Caption()), dots, !label_.Tag().empty());
+  const SIZE text = CaptionSize(dots);
   return FromDots({0, std::max<LONG>(text.cy, LineHeight(Context())) + 2}).height;
 }
 
-// Behind the controls that it surrounds, which are its sisters: transparent, so that it never paints over them.
-FrameWidget::FrameWidget(Frame& frame, WidgetContext& context)
-    : Widget(frame, context, L"BUTTON", BS_GROUPBOX, WS_EX_TRANSPARENT) {}
+// Measures the title, and holds it for programs that read the screen out.
+FrameWidget::FrameWidget(Frame& frame, WidgetContext& context) : Widget(frame, context, L"BUTTON", BS_GROUPBOX) {}
 
 Size FrameWidget::PreferredSize() const {
-  const SIZE text = MeasureText(Context(), ToWide(Owner().Caption()), 0, true);
+  const SIZE text = CaptionSize();
   return FromDots({text.cx + 24, text.cy + 8});
 }
 
@@ -96,8 +98,7 @@ ButtonWidget::ButtonWidget(CommandButton& button, WidgetContext& context)
     : Widget(button, context, L"BUTTON", button.IsDefault() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), button_(button) {}
 
 Size ButtonWidget::PreferredSize() const {
-  const SIZE text = MeasureText(Context(), ToWide(button_.Caption()), 0, true);
-  const Size size = FromDots({text.cx, text.cy});
+  const Size size = FromDots(CaptionSize());
   return {std::max(75.0, size.width + 24), std::max(23.0, size.height + 10)};
 }
 
@@ -114,8 +115,7 @@ void CheckBoxWidget::Apply(Property property) {
 }
 
 Size CheckBoxWidget::PreferredSize() const {
-  const SIZE text = MeasureText(Context(), ToWide(box_.Caption()), 0, true);
-  const Size size = FromDots({text.cx, text.cy});
+  const Size size = FromDots(CaptionSize());
   return {size.width + 24, std::max(18.0, size.height + 2)};
 }
 
@@ -167,6 +167,11 @@ void ComboBoxWidget::Place(const RECT& place) {
   open.top += std::max(0, (static_cast<int>(place.bottom - place.top) - closed) / 2);
   open.bottom = open.top + closed + line * kDropDownLines;
   Widget::Place(open);
+}
+
+/// The wheel turns the choice only of the list that has the focus: no setting changes by the way.
+bool ComboBoxWidget::Wheel(int /*notches*/) {
+  return GetFocus() != Window();
 }
 
 void ComboBoxWidget::Command(WORD code) {

@@ -51,7 +51,18 @@ Size EditWidget::PreferredSize() const {
   const SIZE digit = MeasureText(Context(), L"0", 0, false);
   const int lines = text_.MultiLine() ? 5 : 1;
   return FromDots({digit.cx * text_.WidthInCharacters() + 14 + (text_.MultiLine() ? GetSystemMetrics(SM_CXVSCROLL) : 0),
-                   LineHeight(Context()) * lines + 9});
+                   LineHeight(Context()) * lines + 7});
+}
+
+/// A field of one line shows its text at its upper edge: it is as high as its text, in the middle of its place.
+void EditWidget::Place(const RECT& place) {
+  RECT inner = place;
+  if (!text_.MultiLine()) {
+    const LONG height = std::min<LONG>(LineHeight(Context()) + 6, place.bottom - place.top);
+    inner.top += (place.bottom - place.top - height) / 2;
+    inner.bottom = inner.top + height;
+  }
+  Widget::Place(inner);
 }
 
 void EditWidget::Command(WORD code) {
@@ -62,8 +73,39 @@ RichTextWidget::RichTextWidget(RichTextBox& text, WidgetContext& context)
     : EditWidget(text, context, RichEditClass(), 0) {
   SendMessageW(Window(), EM_SETEVENTMASK, 0, ENM_CHANGE);
   SendMessageW(Window(), EM_SETTEXTMODE, TM_PLAINTEXT, 0);
+  SendMessageW(Window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(3, 3));
   SendMessageW(Window(), EM_EXLIMITTEXT, 0, 0x7FFFFFF);
-  if (text.ReadOnly()) SendMessageW(Window(), EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_3DFACE)));
+}
+
+/// Colour number of the ground.
+int RichTextWidget::Ground() const {
+  return Text().ReadOnly() || !Text().EffectivelyEnabled() ? COLOR_3DFACE : COLOR_WINDOW;
+}
+
+void RichTextWidget::Apply(Property property) {
+  EditWidget::Apply(property);
+  if (property != Property::kEnabled) return;
+  SendMessageW(Window(), EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(Ground())));
+  RedrawWindow(Window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+}
+
+/// Rich edits know no visual style: they get the thin frame that the plain fields have.
+void RichTextWidget::PaintFrame() const {
+  RECT edge;
+  GetWindowRect(Window(), &edge);
+  OffsetRect(&edge, -edge.left, -edge.top);
+  const HDC dc = GetWindowDC(Window());
+  FrameRect(dc, &edge, GetSysColorBrush(COLOR_3DSHADOW));
+  InflateRect(&edge, -1, -1);
+  FrameRect(dc, &edge, GetSysColorBrush(Ground()));
+  ReleaseDC(Window(), dc);
+}
+
+bool RichTextWidget::Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) {
+  if (message != WM_NCPAINT) return false;
+  result = DefSubclassProc(Window(), message, word, data);
+  PaintFrame();
+  return true;
 }
 
 MaskWidget::MaskWidget(MaskEdBox& text, WidgetContext& context) : EditWidget(text, context, L"EDIT", 0), box_(text) {}
@@ -94,10 +136,11 @@ void MaskWidget::Overwrite(std::size_t at, char character) {
   box_.SetText(text);
 }
 
-std::size_t MaskWidget::Caret() const {
+std::pair<std::size_t, std::size_t> MaskWidget::Selection() const {
   DWORD start = 0;
-  SendMessageW(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
-  return start;
+  DWORD end = 0;
+  SendMessageW(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  return {start, end};
 }
 
 void MaskWidget::MoveCaret(std::size_t at) {
@@ -105,7 +148,7 @@ void MaskWidget::MoveCaret(std::size_t at) {
 }
 
 void MaskWidget::Type(wchar_t character) {
-  const std::size_t at = NextPlace(Caret());
+  const std::size_t at = NextPlace(Selection().first);
   if (at >= box_.Mask().size() || character < L'0' || character > L'9') {
     MessageBeep(MB_OK);
     return;
@@ -114,8 +157,21 @@ void MaskWidget::Type(wchar_t character) {
   MoveCaret(NextPlace(at + 1));
 }
 
+bool MaskWidget::EraseSelection() {
+  const auto [start, end] = Selection();
+  if (start == end) return false;
+  std::string text = FullText();
+  for (std::size_t at = start; at < std::min(end, text.size()); ++at) {
+    if (IsPlace(at)) text[at] = '_';
+  }
+  box_.SetText(text);
+  MoveCaret(start);
+  return true;
+}
+
 void MaskWidget::Erase(bool backwards) {
-  std::size_t at = Caret();
+  if (EraseSelection()) return;
+  std::size_t at = Selection().first;
   if (backwards) {
     do {
       if (at == 0) return;
@@ -142,25 +198,36 @@ void MaskWidget::Paste() {
   }
 }
 
+bool MaskWidget::TypedCharacter(WPARAM character) {
+  constexpr WPARAM kFirstPrintable = L' ';
+  constexpr WPARAM kCtrlZ = 0x1A;
+  if (character >= kFirstPrintable) Type(static_cast<wchar_t>(character));
+  if (character == VK_BACK) Erase(true);
+  // Ctrl with A, C, V, X is the edit field's own; to undo, it would have to know what was typed here.
+  return character >= kFirstPrintable || character == VK_BACK || character == kCtrlZ;
+}
+
 bool MaskWidget::Message(UINT message, WPARAM word, LPARAM /*data*/, LRESULT& result) {
   result = 0;
   switch (message) {
     case WM_CHAR:
-      if (word >= L' ') {
-        Type(static_cast<wchar_t>(word));
-        return true;
-      }
-      if (word == VK_BACK) Erase(true);
-      return word != 3;  // Ctrl+C is the edit field's own
+      return TypedCharacter(word);
     case WM_KEYDOWN:
-      if (word != VK_DELETE) return false;
+      if (word != VK_DELETE || GetKeyState(VK_SHIFT) < 0) return false;  // with Shift it cuts
       Erase(false);
       return true;
     case WM_PASTE:
       Paste();
       return true;
     case WM_CUT:
+      SendMessageW(Window(), WM_COPY, 0, 0);
+      EraseSelection();
+      return true;
     case WM_CLEAR:
+      EraseSelection();
+      return true;
+    case WM_UNDO:
+    case EM_UNDO:
       return true;
     default:
       return false;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/win32/input_box.h"
+#include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/windows_api.h"
 
@@ -20,9 +21,13 @@ struct BoxHelp {
   const MessageBoxRequest& request;
 };
 
-void CALLBACK ShowBoxHelp(HELPINFO* info) {
+void CALLBACK ShowBoxHelp(HELPINFO* info) noexcept {
   const auto* box = reinterpret_cast<const BoxHelp*>(info->dwContextId);
-  if (box != nullptr) box->help.ShowContext(box->request.helpFile, box->request.helpContext);
+  try {
+    if (box != nullptr) box->help.ShowContext(box->request.helpFile, box->request.helpContext);
+  } catch (...) {
+    OutputDebugStringW(L"ChartProject: help could not be shown");
+  }
 }
 
 /// "description|pattern" pairs as the system takes them: each part ended by a null, one more at the end.
@@ -35,6 +40,7 @@ std::wstring FilterList(const std::string& filter) {
 }  // namespace
 
 std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
+  const ThemedControls themed;
   const std::wstring prompt = ToWide(request.prompt);
   const std::wstring title = ToWide(request.title);
   const BoxHelp help{help_, request};
@@ -57,6 +63,7 @@ std::string Win32Dialogs::ShowInputBox(const InputBoxRequest& request) {
 }
 
 std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& request) {
+  const ThemedControls themed;
   const std::wstring folder = ToWide(request.initialFolder);
   const std::wstring filter = FilterList(request.filter);
   std::vector<wchar_t> name(32768, L'\0');

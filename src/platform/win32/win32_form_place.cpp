@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "forms/access_keys.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/widget_types.h"
 #include "platform/win32/win32_form_host.h"
@@ -11,7 +12,20 @@ namespace chartproject::win32 {
 
 namespace {
 
-constexpr double kMargin = 9;  // around the layout, in its pixels
+constexpr double kGroupPadding = 10;   // within a group, in the layout's pixels
+constexpr double kDrawnShrinks = 0.5;  // a picture may be made this much smaller than it would like to be
+
+/// The colour of a calm line on the forms' ground.
+COLORREF GroupLine() {
+  const COLORREF ground = GetSysColor(COLOR_3DFACE);
+  const auto darker = [](BYTE part) { return static_cast<BYTE>(part * 100 / 115); };
+  return RGB(darker(GetRValue(ground)), darker(GetGValue(ground)), darker(GetBValue(ground)));
+}
+
+bool IsGroup(const Control& control) {
+  const auto* box = dynamic_cast<const PictureBox*>(&control);
+  return box != nullptr && !box->HasColor();
+}
 
 BOOL CALLBACK CollectEnabled(HWND window, LPARAM list) noexcept {
   if (IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0) {
@@ -50,7 +64,11 @@ int Win32FormView::Dots(double pixels) const {
 
 Size Win32FormView::PreferredSize(const Control& control) const {
   const Widget* widget = WidgetOf(control);
-  return widget == nullptr ? Size{} : widget->PreferredSize();
+  if (widget == nullptr || IsGroup(control)) return {};
+  const Size size = widget->PreferredSize();
+  const bool shrinks = shownOnce_ && control.TabStop() && dynamic_cast<const DrawnControl*>(&control) != nullptr;
+  const double factor = shrinks ? kDrawnShrinks : 1;
+  return {size.width * factor, size.height * factor};
 }
 
 double Win32FormView::HeightForWidth(const Control& control, double width) const {
@@ -59,9 +77,9 @@ double Win32FormView::HeightForWidth(const Control& control, double width) const
 }
 
 Insets Win32FormView::ContainerInsets(const Control& container) const {
-  if (dynamic_cast<const Frame*>(&container) == nullptr) return {};
-  const double title = LineHeight(context_) / context_.scale;
-  return {9, title + 5, 9, 9};
+  const bool titled = dynamic_cast<const Frame*>(&container) != nullptr;
+  const double title = titled ? LineHeight(context_) / context_.scale - kGroupPadding / 2 : 0;
+  return {kGroupPadding, title + kGroupPadding, kGroupPadding, kGroupPadding};
 }
 
 RECT Win32FormView::PlaceOf(const Control& control) const {
@@ -78,8 +96,8 @@ void Win32FormView::ArrangeControls() {
   if (IsIconic(window_) != 0) return;
   RECT client;
   GetClientRect(window_, &client);
-  const Rect area{kMargin, kMargin, client.right / context_.scale - 2 * kMargin,
-                  client.bottom / context_.scale - 2 * kMargin};
+  const Rect area{kFormMargin, kFormMargin, client.right / context_.scale - 2 * kFormMargin,
+                  client.bottom / context_.scale - 2 * kFormMargin};
   Arrange(form_.Layout(), area, *this);
   for (const auto& [control, widget] : widgets_) {
     widget->ApplyStyle();
@@ -95,20 +113,57 @@ SIZE Win32FormView::WindowSizeFor(Size client) const {
   return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-void Win32FormView::SetMinimumTrack(MINMAXINFO& limits) const {
+/// The least size of the window; never more than its screen has.
+SIZE Win32FormView::LeastSize() const {
   const Size least = MinimumSize(form_.Layout(), *this);
-  const SIZE size = WindowSizeFor({least.width + 2 * kMargin, least.height + 2 * kMargin});
-  limits.ptMinTrackSize = {size.cx, size.cy};
+  const SIZE size = WindowSizeFor({least.width + 2 * kFormMargin, least.height + 2 * kFormMargin});
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  if (GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &screen) == 0) return size;
+  const RECT& area = screen.rcWork;
+  return {std::min(size.cx, area.right - area.left), std::min(size.cy, area.bottom - area.top)};
+}
+
+/// Captions with the letters that Alt reaches; a label's letter goes to the field behind it.
+void Win32FormView::ShowCaptions(const Control* only) {
+  const auto captions = CaptionsWithAccessKeys(form_);
+  for (const auto& [control, widget] : widgets_) {
+    if ((only != nullptr && control != only) || !control->HasCaption()) continue;
+    const auto found = captions.find(control);
+    const bool accessKey = found != captions.end();
+    widget->ShowCaption(ToWide(accessKey ? found->second : control->Caption()), accessKey);
+  }
+}
+
+void Win32FormView::PaintGroups() {
+  const PaintScope paint(window_);
+  const OwnedBrush line(CreateSolidBrush(GroupLine()));
+  const SelectScope font(paint.Get(), context_.font);
+  SetBkColor(paint.Get(), GetSysColor(COLOR_3DFACE));
+  for (const Control* control : form_.Controls()) {
+    const bool titled = dynamic_cast<const Frame*>(control) != nullptr;
+    if ((!titled && !IsGroup(*control)) || !control->EffectivelyVisible()) continue;
+    RECT place = PlaceOf(*control);
+    RECT title = place;
+    if (titled) place.top += LineHeight(context_) / 2;
+    FrameRect(paint.Get(), &place, line.Get());
+    if (!titled) continue;
+    title.left += Dots(kGroupPadding);
+    SetTextColor(paint.Get(), GetSysColor(control->EffectivelyEnabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+    DrawTextW(paint.Get(), ToWide(control->Caption()).c_str(), -1, &title, DT_LEFT | DT_TOP | DT_SINGLELINE);
+  }
 }
 
 /// After texts or visible boxes changed: the window grows when its layout needs more, and everything finds its place.
 void Win32FormView::GrowToLayout() {
+  ShowCaptions();
   RECT now;
   GetWindowRect(window_, &now);
-  MINMAXINFO limits{};
-  SetMinimumTrack(limits);
-  const LONG width = std::max(now.right - now.left, limits.ptMinTrackSize.x);
-  const LONG height = std::max(now.bottom - now.top, limits.ptMinTrackSize.y);
+  const SIZE least = LeastSize();
+  // Before the first display the size is what the form asks for.
+  const SIZE size = shownOnce_ ? SIZE{now.right - now.left, now.bottom - now.top} : WantedSize();
+  const LONG width = std::max(size.cx, least.cx);
+  const LONG height = std::max(size.cy, least.cy);
   const bool normal = IsZoomed(window_) == 0 && IsIconic(window_) == 0;
   if (normal && (width != now.right - now.left || height != now.bottom - now.top)) {
     SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -117,19 +172,23 @@ void Win32FormView::GrowToLayout() {
   PlaceChanged();
 }
 
+LONG Win32FormView::DotsOfTwips(double twips) const {
+  return Dots(twips / kTwipsPerPixel);
+}
+
+/// The size that the form asks for, or that the user gave it.
+SIZE Win32FormView::WantedSize() const {
+  return {DotsOfTwips(form_.Width()), DotsOfTwips(form_.Height())};
+}
+
 /// Puts the window where the form says, on a screen that is there, and never smaller than its layout.
 void Win32FormView::ApplyPlace() {
   if (IsZoomed(window_) != 0 || IsIconic(window_) != 0) return;
-  const auto dots = [this](double twips) {
-    return static_cast<LONG>(std::lround(twips / kTwipsPerPixel * context_.scale));
-  };
-  MINMAXINFO limits{};
-  SetMinimumTrack(limits);
-  RECT now;
-  GetWindowRect(window_, &now);
-  const LONG width = std::max(now.right - now.left, limits.ptMinTrackSize.x);
-  const LONG height = std::max(dots(form_.Height()), limits.ptMinTrackSize.y);
-  RECT wanted{dots(form_.Left()), dots(form_.Top()), 0, 0};
+  const SIZE least = LeastSize();
+  const SIZE size = WantedSize();
+  const LONG width = std::max(size.cx, least.cx);
+  const LONG height = std::max(size.cy, least.cy);
+  RECT wanted{DotsOfTwips(form_.Left()), DotsOfTwips(form_.Top()), 0, 0};
   wanted.right = wanted.left + width;
   wanted.bottom = wanted.top + height;
   MONITORINFO screen{};
@@ -186,18 +245,19 @@ void Win32FormView::Show() {
   if (window_ == nullptr) return;
   DisableOthers();
   GrowToLayout();  // texts may have come between loading and showing
+  shownOnce_ = true;
   const WindowState state = form_.State();
   ShowWindow(window_, state == WindowState::kMaximized   ? SW_SHOWMAXIMIZED
                       : state == WindowState::kMinimized ? SW_SHOWMINIMIZED
                                                          : SW_SHOWNORMAL);
   SetForegroundWindow(window_);
-  const HWND first = lastFocus_ != nullptr ? lastFocus_ : GetNextDlgTabItem(window_, nullptr, FALSE);
-  if (first != nullptr) SetFocus(first);
+  PutFocusBack();
   UpdateWindow(window_);
 }
 
 void Win32FormView::Hide() {
-  EnableOthers();  // before the window goes, so that the host's window becomes the active one
+  leaving_ = nullptr;  // a window that goes is not left by its fields
+  EnableOthers();      // before the window goes, so that the host's window becomes the active one
   if (window_ != nullptr) ShowWindow(window_, SW_HIDE);
 }
 

@@ -15,6 +15,8 @@ namespace {
 
 constexpr const wchar_t* kFormClass = L"ChartProjectForm";
 constexpr UINT kLostFocusMessage = WM_APP + 1;  // a control lost the focus; raised when the change of focus is over
+constexpr UINT kFocusGoneMessage = WM_APP + 2;  // the control with the focus cannot hold it any more
+constexpr int kToolTipWidth = 360;              // in the layout's pixels; longer texts are wrapped
 
 void RegisterClasses(WNDPROC formProcedure) {
   WNDCLASSEXW form{};
@@ -59,9 +61,18 @@ Win32FormView::Win32FormView(Form& form, Win32FormHost& host)
   MakeFont();
   toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
                               0, window_, nullptr, nullptr, nullptr);
+  SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, Dots(kToolTipWidth));
+  const Control* before = nullptr;
   for (Control* control : form.Controls()) {
     std::unique_ptr<Widget> widget = MakeWidget(*control, context_);
     if (!widget) continue;
+    // Arrow keys move within a run of buttons or boxes, never out of it.
+    const bool sameGroup = before != nullptr && before->TypeName() == control->TypeName() && control->HasCaption();
+    if (control->TabStop()) {
+      const LONG_PTR style = GetWindowLongPtrW(widget->Window(), GWL_STYLE);
+      SetWindowLongPtrW(widget->Window(), GWL_STYLE, sameGroup ? style : style | WS_GROUP);
+      before = control;
+    }
     byWindow_[widget->Window()] = widget.get();
     SetWindowSubclass(widget->Window(), ControlProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
     widgets_[control] = std::move(widget);
@@ -104,7 +115,12 @@ void Win32FormView::ControlChanged(Control& control, Property property) {
       const bool focused = GetFocus() == widget->Window();
       widget->Apply(property);
       const bool usable = other->EffectivelyVisible() && other->EffectivelyEnabled();
-      if (focused && !usable) SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
+      const bool homeless = usable && (GetFocus() == nullptr || GetFocus() == window_);
+      if ((focused && !usable) || homeless) PostMessageW(window_, kFocusGoneMessage, 0, 0);
+    }
+    if (dynamic_cast<Frame*>(&control) != nullptr) {
+      const RECT place = PlaceOf(control);
+      InvalidateRect(window_, &place, TRUE);  // the title's colour tells it
     }
     return;
   }
@@ -115,9 +131,13 @@ void Win32FormView::ControlChanged(Control& control, Property property) {
     return;
   }
   widget->Apply(property);
+  if (property != Property::kCaption || !control.HasCaption()) return;
+  ShowCaptions(&control);
   // A text that outgrew its place moves the others.
-  const bool outgrown = widget->PreferredSize().width > control.Place().width + 0.5;
-  if (property == Property::kCaption && form_.IsShown() && control.EffectivelyVisible() && outgrown) GrowToLayout();
+  const Rect& place = control.Place();
+  const bool outgrown =
+      widget->PreferredSize().width > place.width + 0.5 || widget->HeightForWidth(place.width) > place.height + 0.5;
+  if (form_.IsShown() && control.EffectivelyVisible() && outgrown) GrowToLayout();
 }
 
 void Win32FormView::SetToolTip(Widget& widget) {
@@ -139,10 +159,7 @@ void Win32FormView::FormChanged(FormProperty property) {
       SetWindowTextW(window_, ToWide(form_.Caption()).c_str());
       break;
     case FormProperty::kIcon:
-      icon_ = OwnedIcon(static_cast<HICON>(
-          LoadImageW(nullptr, ToWide(form_.IconFile()).c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE | LR_DEFAULTSIZE)));
-      SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon_.Get()));
-      SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.Get()));
+      ShowIcon();
       break;
     case FormProperty::kMousePointer:
       SetCursor(LoadCursorW(nullptr, form_.Pointer() == MousePointer::kHourglass ? IDC_WAIT : IDC_ARROW));
@@ -183,7 +200,7 @@ LRESULT CALLBACK Win32FormView::FormProcedure(HWND window, UINT message, WPARAM 
     return view->Message(message, word, data);
   } catch (const RunTimeError& error) {
     // What a control's setter refuses is the user's input, not a fault: the control shows what it holds.
-    OutputDebugStringW(ToWide(error.Description()).c_str());
+    OutputDebugStringA(error.what());
   } catch (...) {
     OutputDebugStringW(L"ChartProject: a message could not be handled");
   }
@@ -193,7 +210,7 @@ LRESULT CALLBACK Win32FormView::FormProcedure(HWND window, UINT message, WPARAM 
 LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
   switch (message) {
     case WM_COMMAND:
-      if (Widget* widget = WidgetOf(reinterpret_cast<HWND>(data))) widget->Command(HIWORD(word));
+      if (Widget* widget = WidgetOf(reinterpret_cast<HWND>(data))) CommandFrom(*widget, HIWORD(word));
       return 0;
     case WM_NOTIFY: {
       const auto& header = *reinterpret_cast<const NMHDR*>(data);
@@ -215,21 +232,24 @@ LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
       if (LOWORD(data) == HTCLIENT && ShowCursor(WidgetOf(reinterpret_cast<HWND>(word)))) return TRUE;
       break;
     case DM_GETDEFID:
-      return 0;  // Enter is handled by EnterPressed
+      return DefaultButtonId();
     case kLostFocusMessage:
-      if (Widget* widget = WidgetOf(reinterpret_cast<HWND>(word))) widget->Owner().LeaveFocus();
+      DeliverFocusLeave();
+      return 0;
+    case kFocusGoneMessage:
+      PutFocusBack();
+      return 0;
+    case WM_PAINT:
+      PaintGroups();
       return 0;
     case WM_ACTIVATE:
-      if (LOWORD(word) == WA_INACTIVE) {
-        if (IsChild(window_, GetFocus()) != 0) lastFocus_ = GetFocus();
-      } else if (lastFocus_ != nullptr && HIWORD(word) == 0) {
-        SetFocus(lastFocus_);
-        return 0;
-      }
-      break;
+      if (LOWORD(word) == WA_INACTIVE || HIWORD(word) != 0) break;
+      PutFocusBack();
+      return 0;
     case WM_HELP:
       return 0;  // F1 came as a key already
     case WM_CLOSE:
+      DeliverFocusLeave();
       form_.CloseByUser();
       return 0;
     case WM_SIZE:
@@ -237,9 +257,11 @@ LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
       if (!placing_) PlaceChanged();
       if (message == WM_SIZE) ArrangeControls();
       return 0;
-    case WM_GETMINMAXINFO:
-      SetMinimumTrack(*reinterpret_cast<MINMAXINFO*>(data));
+    case WM_GETMINMAXINFO: {
+      const SIZE least = LeastSize();
+      reinterpret_cast<MINMAXINFO*>(data)->ptMinTrackSize = {least.cx, least.cy};
       return 0;
+    }
     case WM_DPICHANGED:
       DpiChanged(word, *reinterpret_cast<const RECT*>(data));
       return 0;
@@ -250,6 +272,39 @@ LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
       break;
   }
   return DefWindowProcW(window_, message, word, data);
+}
+
+void Win32FormView::CommandFrom(Widget& widget, WORD code) {
+  const bool input = code == BN_CLICKED || code == CBN_SELCHANGE || code == EN_CHANGE;
+  // What is left is settled before anything else is asked for, whichever way that came.
+  if (input && leaving_ != &widget.Owner()) DeliverFocusLeave();
+  widget.Command(code);
+}
+
+void Win32FormView::FocusChanged(Widget& widget, UINT message, HWND other) {
+  if (message == WM_SETFOCUS) {
+    lastFocus_ = widget.Window();
+    ShowDefaultButton();
+    return;
+  }
+  if (IsChild(window_, other) == 0 || IsChild(widget.Window(), other) != 0) return;
+  DeliverFocusLeave();
+  leaving_ = &widget.Owner();
+  PostMessageW(window_, kLostFocusMessage, 0, 0);
+}
+
+void Win32FormView::ShowIcon() {
+  const std::wstring file = ToWide(form_.IconFile());
+  const auto load = [&file](int widthMetric, int heightMetric) {
+    return OwnedIcon(static_cast<HICON>(LoadImageW(nullptr, file.c_str(), IMAGE_ICON, GetSystemMetrics(widthMetric),
+                                                   GetSystemMetrics(heightMetric), LR_LOADFROMFILE)));
+  };
+  OwnedIcon icon = load(SM_CXICON, SM_CYICON);
+  OwnedIcon small = load(SM_CXSMICON, SM_CYSMICON);
+  SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon.Get()));
+  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+  std::swap(icon_, icon);  // the former ones go when no window shows them any more
+  std::swap(smallIcon_, small);
 }
 
 bool Win32FormView::ShowCursor(Widget* under) const {
@@ -278,10 +333,7 @@ LRESULT CALLBACK Win32FormView::ControlProcedure(HWND window, UINT message, WPAR
 }
 
 bool Win32FormView::ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result) {
-  if (message == WM_KILLFOCUS && IsChild(window_, reinterpret_cast<HWND>(word)) != 0 &&
-      IsChild(widget.Window(), reinterpret_cast<HWND>(word)) == 0) {
-    PostMessageW(window_, kLostFocusMessage, reinterpret_cast<WPARAM>(widget.Window()), 0);
-  }
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) FocusChanged(widget, message, reinterpret_cast<HWND>(word));
   return widget.Message(message, word, data, result);
 }
 

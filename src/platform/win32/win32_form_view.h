@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "forms/controls.h"
 #include "forms/form_host.h"
 #include "platform/win32/widget.h"
 
@@ -30,7 +31,7 @@ class Win32FormView : public FormView, private ControlMeasurer {
 
   /// Keys of forms (Enter, Esc, F1, Tab, access keys) and the wheel, before a message reaches its window.
   /// True when that is settled.
-  static bool Translate(MSG& message);
+  static bool Translate(MSG& message) noexcept;
 
  private:
   static LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept;
@@ -41,21 +42,42 @@ class Win32FormView : public FormView, private ControlMeasurer {
   [[nodiscard]] Widget* WidgetOf(HWND window) const;
   [[nodiscard]] Widget* WidgetOf(const Control& control) const;
 
-  // Input.
+  // Keys, wheel and focus (win32_form_keys.cpp).
+  bool Taken(MSG& message);
   bool KeyDown(const MSG& message);
   bool EnterPressed(HWND focus);
   bool EscapePressed();
+  bool PressButtonWith(bool (CommandButton::*role)() const noexcept);
+  bool AccessKeyPressed(const MSG& message);
+  bool StepArrowsOf(HWND field, int direction);
+  bool WheelTurned(const MSG& message);
+  [[nodiscard]] UpDown* ArrowsOf(const Widget& field) const;
+  [[nodiscard]] LRESULT DefaultButtonId() const;
+  void DeliverFocusLeave();
+  void FocusChanged(Widget& widget, UINT message, HWND other);
+  void PutFocusBack();
+  void FocusOn(const Widget& widget);
+  bool TabPressed();
+  void ShowDefaultButton();
+
+  // Input.
+  void CommandFrom(Widget& widget, WORD code);
   bool ShowCursor(Widget* under) const;
   void SetToolTip(Widget& widget);
 
   // Layout and place (win32_form_place.cpp).
   void MakeFont();
   void ApplyAll();
+  void ShowCaptions(const Control* only = nullptr);
+  void ShowIcon();
+  void PaintGroups();
   void ArrangeControls();
   void GrowToLayout();
   void ApplyPlace();
   void PlaceChanged();
-  void SetMinimumTrack(MINMAXINFO& limits) const;
+  [[nodiscard]] SIZE LeastSize() const;
+  [[nodiscard]] SIZE WantedSize() const;
+  [[nodiscard]] LONG DotsOfTwips(double twips) const;
   void DpiChanged(WPARAM word, const RECT& suggested);
   [[nodiscard]] RECT PlaceOf(const Control& control) const;
   [[nodiscard]] SIZE WindowSizeFor(Size client) const;
@@ -72,14 +94,17 @@ class Win32FormView : public FormView, private ControlMeasurer {
   WidgetContext context_;
   OwnedFont font_;
   OwnedIcon icon_;
-  HCURSOR buttonCursor_ = nullptr;
+  OwnedIcon smallIcon_;
   HWND window_ = nullptr;
   HWND toolTips_ = nullptr;
   std::map<const Control*, std::unique_ptr<Widget>> widgets_;
   std::map<HWND, Widget*> byWindow_;
   std::vector<HWND> disabled_;  ///< windows of the thread that this modal form disabled
   HWND lastFocus_ = nullptr;
-  bool placing_ = false;  ///< the window is being placed by us, not by the user
+  Control* leaving_ = nullptr;  ///< lost the focus, and was not told yet
+  int wheelRest_ = 0;           ///< turn of the wheel that makes no whole notch yet
+  bool shownOnce_ = false;      ///< from then on the size is the user's
+  bool placing_ = false;        ///< the window is being placed by us, not by the user
 };
 
 }  // namespace chartproject::win32

@@ -2,6 +2,7 @@
 #include "platform/win32/win32_help.h"
 
 #include "platform/win32/system_error.h"
+#include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/windows_api.h"
 
@@ -11,6 +12,7 @@ namespace chartproject::win32 {
 
 void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   if (helpFile.empty()) return;
+  const ThemedControls themed;
   const std::wstring name = ToWide(helpFile);
   const HWND owner = GetActiveWindow();
   const DWORD attributes = GetFileAttributesW(name.c_str());
