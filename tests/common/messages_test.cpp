@@ -53,15 +53,14 @@ TEST(Messages, TheThreeLanguagesFitTogether) {
 TEST(Messages, AccessKeysDifferAndToolTipsNameThem) {
   FakePorts fakes;
   Environment environment{fakes.ports, fakes.forms};
-  for (const int base : {0, 1000, 2000}) {
-    environment.languageBase = static_cast<std::int16_t>(base);
-    const char reset = AccessKey(LoadMessage(environment, 8));
-    const char ok = AccessKey(LoadMessage(environment, 10));
-    const char cancel = AccessKey(LoadMessage(environment, 12));
+  for (const std::int16_t base : {0, 1000, 2000}) {
+    environment.languageBase = base;
+    const auto key = [&](int message) { return AccessKey(LoadMessage(environment, message)); };
     const char newFile = AccessKey(LoadExtraText(environment, ExtraText::kNewFile));
-    EXPECT_EQ(std::set<char>({reset, ok, cancel, newFile}).size(), 4U) << base;
-    EXPECT_THAT(LoadMessage(environment, 11), testing::EndsWith(std::string("(Alt+") + ok + ")"));
-    EXPECT_THAT(LoadMessage(environment, 13), testing::EndsWith(std::string("(Alt+") + cancel + ")"));
+    EXPECT_EQ(std::set<char>({key(8), key(10), key(12), newFile}).size(), 4U) << base;
+    for (const int button : {10, 12}) {
+      EXPECT_THAT(LoadMessage(environment, button + 1), testing::EndsWith(std::string("(Alt+") + key(button) + ")"));
+    }
   }
 }
 
@@ -70,13 +69,11 @@ TEST(ExtraTexts, KeepTheirPlacesInEveryLanguage) {
   Environment environment{fakes.ports, fakes.forms};
   for (int i = 0; i < static_cast<int>(ExtraText::kCount); ++i) {
     std::set<std::string> places;
-    for (const int base : {0, 1000, 2000}) {
-      environment.languageBase = static_cast<std::int16_t>(base);
+    for (const std::int16_t base : {0, 1000, 2000}) {
+      environment.languageBase = base;
       const std::string text = LoadExtraText(environment, static_cast<ExtraText>(i));
       std::string numbers;
-      for (const char place : {'1', '2', '3', '4'}) {
-        if (text.find(std::string("%") + place) != std::string::npos) numbers += place;
-      }
+      for (const char* place : {"%1", "%2", "%3", "%4"}) numbers += text.find(place) != std::string::npos ? place : "";
       places.insert(numbers);
     }
     EXPECT_EQ(places.size(), 1U) << i;

@@ -1,9 +1,7 @@
 #!/usr/bin/env python3
 """Fails on an include that climbs from a floor to one above it, and on platform code in the core.
 Usage: includes.py SOURCE_FOLDER   (the folder that holds src/)"""
-import pathlib
-import re
-import sys
+import pathlib, re, sys
 
 FLOORS = ["platform", "forms", "common", "drive", "acquire", "chart", "component"]
 TOOLKITS = re.compile(r"#\s*include\s*<(windows|ole2?|oaidl|objbase|unistd|fcntl|sys/|glib|Q[A-Z]|q[a-z]+\.h)")

@@ -1,22 +1,13 @@
 #!/usr/bin/python3
 """Prints pages with the built program and reads them back: as PDF files, and as a printer receives them.
 Usage: print_test.py PROGRAM [unittest arguments]"""
-import os
-import pathlib
-import subprocess
-import sys
-import tempfile
-import unittest
+import os, pathlib, subprocess, sys, tempfile, unittest
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
 CUPS = [sys.executable, str(pathlib.Path(__file__).parent / "private_cups.py")]
 
-LABELS = {
-    "English": ["Chart File: ", "Drive Address: ", "Parameters: ", "Grid: ", "Marker: ", "Line: ", "Chart Type: ",
-                "Time among Points: ", "Number of Points: "],
-    "Portuguese": None,  # read from the page: eight labels in the same places
-    "Spanish": None,
-}
+LABELS = ["Chart File:", "Drive Address:", "Parameters:", "Grid:", "Marker:", "Line:", "Chart Type:",
+          "Time among Points:", "Number of Points:"]
 
 
 class PrintTest(unittest.TestCase):
@@ -38,52 +29,42 @@ class PrintTest(unittest.TestCase):
                               capture_output=True, text=True, timeout=120, stdin=subprocess.DEVNULL,
                               env={**os.environ, "LC_ALL": "C.UTF-8"})
 
-    def text_of(self, name):
-        done = subprocess.run(["pdftotext", "-layout", name, "-"], cwd=self.folder, check=True, capture_output=True)
-        return [line.strip() for line in done.stdout.decode().splitlines() if line.strip()]
+    def tool(self, *command):
+        return subprocess.run(command, cwd=self.folder, check=True, capture_output=True, text=True).stdout.splitlines()
 
-    def check_page(self, lines, labels):
+    def check_page(self, name, english):
+        lines = [line.strip() for line in self.tool("pdftotext", "-layout", name, "-") if line.strip()]
         self.assertEqual(lines[0], "Kestrel v5.60")
         self.assertTrue(lines[1].endswith("page.cht"), lines[1])
-        block = [line for line in lines[2:] if ":" in line]
-        if labels:
-            found = [line for label in labels for line in block if line.startswith(label.strip())]
-            self.assertEqual([line for line in block if line in found], found, "labels in their order")
-            self.assertEqual(len(found), len(labels))
+        if english:
+            self.assertEqual([label for line in lines[2:] for label in LABELS if line.startswith(label)], LABELS)
         text = "\n".join(lines)
-        for parameter in ("P003", "P005", "P002", "P006"):
-            self.assertIn(parameter, text)
-        self.assertIn("200 ms", text)
-        self.assertTrue(any(line.endswith(" 25") for line in block), block)
+        for part in ("P003", "P005", "P002", "P006", "200 ms"):
+            self.assertIn(part, text)
+        self.assertTrue(any(line.endswith(" 25") for line in lines), lines)
 
     def test_page_in_three_languages(self):
-        for language, labels in LABELS.items():
+        for language in ("Portuguese", "Spanish", "English"):
             self.program("settings", "MyConf.strLanguage", language, check=True)
             name = f"{language}.pdf"
             done = self.program("print", "page.cht", "--output", name, "--grid", "on")
             self.assertEqual(done.returncode, 0, done.stderr)
-            self.check_page(self.text_of(name), labels)
-            fonts = subprocess.run(["pdffonts", name], cwd=self.folder, check=True, capture_output=True, text=True)
-            rows = fonts.stdout.splitlines()[2:]
-            self.assertTrue(rows)
-            for row in rows:
-                self.assertEqual(row.split()[-5], "yes", "embedded: " + row)
-            images = subprocess.run(["pdfimages", "-list", name], cwd=self.folder, check=True, capture_output=True,
-                                    text=True)
-            self.assertGreaterEqual(len(images.stdout.splitlines()), 4, "icon and chart")
+            self.check_page(name, language == "English")
+            fonts = self.tool("pdffonts", name)[2:]
+            self.assertTrue(fonts and all(row.split()[-5] == "yes" for row in fonts), ("embedded", fonts))
+            self.assertGreaterEqual(len(self.tool("pdfimages", "-list", name)), 4, "icon and chart")
         self.assertEqual(list(self.folder.glob("*.part")), [])
 
     def test_printer_receives_the_page(self):
         self.program("settings", "MyConf.strLanguage", "English", check=True)
         done = self.program("print", "page.cht", before=[*CUPS, "accepting", "received.pdf"])
         self.assertEqual(done.returncode, 0, done.stderr)
-        self.check_page(self.text_of("received.pdf"), LABELS["English"])
+        self.check_page("received.pdf", True)
 
     def test_a_printer_that_takes_nothing_is_an_error(self):
         done = self.program("print", "page.cht", before=[*CUPS, "rejecting", "never.pdf"])
         self.assertEqual(done.returncode, 1, done.stderr)
-        self.assertIn("TESTQ", done.stderr)
-        self.assertIn("not accepting", done.stderr)
+        self.assertRegex(done.stderr, "TESTQ(.|\n)*not accepting|not accepting(.|\n)*TESTQ")
         self.assertFalse((self.folder / "never.pdf").exists())
 
     def test_files_that_cannot_be_written_or_read(self):
