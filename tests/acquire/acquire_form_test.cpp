@@ -4,10 +4,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::AllOf, ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
 
 class AcquireFormTest : public DialogTest {};
 
@@ -98,27 +95,21 @@ TEST_F(AcquireFormTest, NumberOfParametersEnablesTheListsInUse) {
 TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   Open();
   Choose(form->cboTriggerMode, "Event");
-  const std::string range = "Value out of range !";
-  const std::tuple<TextControl&, int, const char*, const char*, std::string> cases[] = {
-      {form->txtNumberOfPoints, 1, "12.6", "13", ""},
-      {form->txtNumberOfPoints, 1, "0", "5", range},
-      {form->txtNumberOfPoints, 1, "99999999999", "5", range},
-      {form->txtNumberOfPoints, 1, "x", "5", ""},
-      {form->txtTimeBetweenPoints, 0, "150", "150", ""},
-      {form->txtTimeBetweenPoints, 0, "70000", "1000", range},
-      {form->txtTimeBetweenPoints, 1, "66", "1", range},
-      {form->txtTimeBetweenPoints, 1, "", "1", ""},
-      {form->txtContent, 1, "-,", "-,", ""},
-      {form->txtContent, 1, "abc", "", ""}};
-  for (const auto& [field, unit, typed, text, message] : cases) {
-    form->txtNumberOfPoints.SetText("5");
-    form->cboTimeBetweenPointsUnit.SetListIndex(2);
-    form->cboTimeBetweenPointsUnit.SetListIndex(unit);
+  const auto check = [this](TextControl& field, const char* typed, const char* text, bool refused = false) {
     field.SetText(typed);
     EXPECT_EQ(field.Text(), text) << field.Name() << " <- " << typed;
-    const auto prompts = fake.dialogs.TakePrompts();
-    EXPECT_EQ(prompts, message.empty() ? std::vector<std::string>{} : std::vector{message}) << typed;
-  }
+    EXPECT_EQ(fake.dialogs.TakePrompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
+  };
+  for (const char* refused : {"0", "99999999999"}) check(form->txtNumberOfPoints, refused, "5", true);
+  check(form->txtNumberOfPoints, "x", "5");
+  check(form->txtNumberOfPoints, "12.6", "13");
+  check(form->txtTimeBetweenPoints, "66", "1", true);
+  check(form->txtTimeBetweenPoints, "", "1");
+  Choose(form->cboTimeBetweenPointsUnit, "ms");
+  check(form->txtTimeBetweenPoints, "70000", "1000", true);
+  check(form->txtTimeBetweenPoints, "150", "150");
+  check(form->txtContent, "-,", "-,");
+  check(form->txtContent, "abc", "");
   EXPECT_EQ(component.contentText, "");
   EXPECT_FALSE(TriggerShown());
   EXPECT_EQ(form->lblHint.Caption(), "Enter the content to compare with.");

@@ -9,8 +9,7 @@ namespace chartproject {
 namespace {
 
 using std::chrono::milliseconds;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using ::testing::ElementsAre, ::testing::IsEmpty;
 
 class EventWatchTest : public DialogTest {
  protected:
@@ -101,39 +100,7 @@ TEST_F(EventWatchTest, ContentMustBeANumberWhenArmed) {
   EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("Value out of range !"));
 }
 
-class ScenarioDialogTest : public EventWatchTest {
- protected:
-  void Play(const std::string& script) {
-    fake.files.Put("plant.txt", script);
-    component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
-  }
-};
-
-TEST_F(ScenarioDialogTest, TheFirstPointFollowsOneIntervalAfterTheEventIsSeen) {
-  // Each event comes at 1500 ms and is seen at the tick at 1600 ms.
-  const std::tuple<int, const char*, const char*, const char*> cases[] = {
-      {0, "P006", "512", "768"},           {1, "P006", "768", "512"},   {2, "P006", "512", "8192"},
-      {8, "P012", "IIIIIIII", "IIAIIIII"}, {19, "P003", "50", "50.5"},  {20, "P003", "50", "49.5"},
-      {21, "P003", "49", "50.0"},          {22, "P003", "49.99", "50"}, {23, "P003", "50.01", "50"}};
-  for (const auto& [event, parameter, before, after] : cases) {
-    Play(std::string("at 0 01 ") + parameter + " " + before + "\nat 1500 01 " + parameter + " " + after + "\n");
-    const Instant armed = fake.clock.Now();
-    Arm(event);
-    RunUntil(armed + milliseconds(1599));
-    EXPECT_EQ(form->Run().State(), RunState::kArmed) << event;
-    RunUntil(armed + milliseconds(1600));
-    EXPECT_EQ(form->Run().State(), RunState::kSampling) << event;
-    RunUntil(armed + milliseconds(1799));
-    EXPECT_EQ(form->Run().Counter(), 0) << event;
-    RunUntil(armed + milliseconds(1800));
-    EXPECT_EQ(form->Run().Counter(), 1) << event;
-    RunToEnd();
-    EXPECT_EQ(Rows().size(), 5U);
-    fake.files.Delete(kChart);
-  }
-}
-
-TEST_F(ScenarioDialogTest, TenThousandEventsNoneMissedNoneFalse) {
+TEST_F(EventWatchTest, TenThousandEventsNoneMissedNoneFalse) {
   constexpr int kRounds = 10'000, kRoundLength = 4'000, kInterval = 200;  // milliseconds
   const auto eventOf = [](int round) { return 1 + round * 37 % 2'000; };
   std::string script;
@@ -142,7 +109,8 @@ TEST_F(ScenarioDialogTest, TenThousandEventsNoneMissedNoneFalse) {
     script +=
         "at " + std::to_string(begin) + " 01 P003 0\nat " + std::to_string(begin + eventOf(round)) + " 01 P003 50\n";
   }
-  Play(script);
+  fake.files.Put("plant.txt", script);
+  component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
   Arm(22, "50");
   form->StopRun();
   form->txtNumberOfPoints.SetText("1");

@@ -10,8 +10,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
+using ::testing::ElementsAre, ::testing::HasSubstr;
 
 struct ChartPageTest : ::testing::Test {
   ChartPageTest() {

@@ -9,11 +9,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::EndsWith;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
+using ::testing::ElementsAre, ::testing::EndsWith, ::testing::HasSubstr, ::testing::IsEmpty, ::testing::Not;
 
 constexpr const char* kFile = "/data/Test.cht";
 

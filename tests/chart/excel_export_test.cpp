@@ -9,9 +9,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
 
 struct ExcelExportTest : ::testing::Test {
   ExcelExportTest() {
@@ -72,18 +70,6 @@ TEST_F(ExcelExportTest, WritesHeaderAndPointsAndReports) {
                           "minutes...",
                           HasSubstr("the first is line 8"), "File was saved as: " + target));
   EXPECT_THAT(busy, ElementsAre(true, false));
-}
-
-TEST_F(ExcelExportTest, GoesOnInANewSheetWhenOneIsFull) {
-  PutChart(Rows(65513 + 65534 + 1));
-  fakes.dialogs.answers = {box_answer::kYes};
-  ASSERT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kSaved);
-  EXPECT_THAT(log.sheetNames, ElementsAre("Chart1", "Chart2", "Chart3"));
-  EXPECT_EQ(Cell("1!65534,2"), "=65513");
-  EXPECT_EQ(Cell("1!65535,2"), "");
-  EXPECT_EQ(Cell("2!1,2"), "=65514");
-  EXPECT_EQ(Cell("2!65534,2"), "=131047");
-  EXPECT_EQ(Cell("3!1,2"), "=131048");
 }
 
 TEST_F(ExcelExportTest, AsksBeforeItDeletesAndDeletesBeforeItLooksForTheApplication) {

@@ -7,8 +7,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using ::testing::ElementsAre, ::testing::IsEmpty;
 
 struct DriverFileTest : DriveTest {
   DriverFileTest() {

@@ -6,8 +6,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using ::testing::ElementsAre, ::testing::IsEmpty;
 
 struct ParameterReadTest : DriveTest {
   ParameterReadTest() {

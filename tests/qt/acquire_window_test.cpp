@@ -10,9 +10,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::AllOf, ::testing::HasSubstr, ::testing::IsEmpty;
 
 struct AcquireWindowTest : ::testing::Test {
   DialogWindow project;

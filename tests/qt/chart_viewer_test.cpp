@@ -10,8 +10,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::HasSubstr, ::testing::IsEmpty;
 
 constexpr int kPoints = 40000;
 

@@ -16,9 +16,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
+using ::testing::ElementsAre, ::testing::IsEmpty, ::testing::SizeIs;
 
 class EveryControlForm : public Form {
  public:

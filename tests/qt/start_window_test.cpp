@@ -12,8 +12,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::HasSubstr, ::testing::IsEmpty;
 
 struct StartWindowTest : ::testing::Test {
   DialogWindow outside;

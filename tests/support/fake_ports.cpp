@@ -1,7 +1,7 @@
 // The in-memory ports.
 #include "support/fake_ports.h"
 
-#include <cstdio>
+#include "common/numbers.h"
 
 namespace chartproject {
 
@@ -19,15 +19,11 @@ void MemorySettings::Write(std::string_view section, std::span<const StoredSetti
 }
 
 std::string FakeLocale::DateText(const DateTime& moment) const {
-  char text[32];
-  std::snprintf(text, sizeof text, "%02d/%02d/%04d", moment.day, moment.month, moment.year);
-  return text;
+  return FormatDigits(moment.day, 2) + "/" + FormatDigits(moment.month, 2) + "/" + FormatDigits(moment.year, 4);
 }
 
 std::string FakeLocale::TimeText(const DateTime& moment) const {
-  char text[32];
-  std::snprintf(text, sizeof text, "%dh%02dm%02d", moment.hour, moment.minute, moment.second);
-  return text;
+  return std::to_string(moment.hour) + "h" + FormatDigits(moment.minute, 2) + "m" + FormatDigits(moment.second, 2);
 }
 
 std::string FakeCodePage::Decode(std::string_view bytes) const {
@@ -63,11 +59,7 @@ std::string FakeCodePage::Encode(std::string_view text) const {
 std::int16_t FakeDialogs::ShowMessageBox(const MessageBoxRequest& request) {
   boxes.push_back(request);
   if (whileUp) whileUp(request);
-  if (!answers.empty()) {
-    const std::int16_t answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
+  if (!answers.empty()) return std::exchange(answers, {answers.begin() + 1, answers.end()}).front();
   return (request.style & 0xF) == box_style::kYesNo ? box_answer::kNo : box_answer::kOk;
 }
 
