@@ -6,11 +6,17 @@
 
 namespace chartproject {
 
+namespace {
+
+constexpr double kWidth = 260;  // pixels: room for the caption beside the window's buttons
+
+}  // namespace
+
 StatusForm::StatusForm(Environment& environment)
     : Form(environment.forms, "frmStatus", MakeHandlerErrorReporter(environment)) {
   SetCaption(kHostTitle);
   lblStatus.SetBorderStyle(0);
-  SetLayout(Row({Space(), Cell(lblStatus), Space()}));
+  SetLayout(AtLeast(Row({Space(), Cell(lblStatus), Space()}), kWidth));
 }
 
 void StatusForm::ShowText(const std::string& text) {

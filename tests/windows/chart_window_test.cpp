@@ -1,6 +1,11 @@
 // The chart window as a script host opens it and a user works in it.
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <optional>
+
+#include "platform/win32/control_id.h"
+#include "platform/win32/win32_clipboard.h"
 #include "windows/form_driver.h"
 
 #include <commctrl.h>
@@ -8,14 +13,31 @@
 namespace chartproject::testing {
 namespace {
 
+using ::testing::AllOf;
+using ::testing::Contains;
 using ::testing::HasSubstr;
 
 std::string Quoted(const std::string& file) {
   return "\"" + TestFolder() + "\\" + file + "\"";
 }
 
+/// The chart in a window, opened by a script. @param printTo file in place of the printer; null: none
+ScriptHost OpenChart(const std::string& language, const char* printTo = nullptr) {
+  SetEnvironmentVariableA("CHARTPROJECT_PRINT_TO", printTo);
+  return {"chart.vbs", Quoted("show.cht") + " " + language};
+}
+
+/// Presses Print in the chart window and answers the question.
+void Print(const ScriptHost& host, int answer) {
+  const FormDriver form(host.Process(), L"");
+  form.Press("cmdPrint");
+  const BoxDriver question(host.Process());
+  EXPECT_FALSE(form.IsUp()) << "the window has gone when the question comes";
+  question.Answer(answer);
+}
+
 TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
-  ScriptHost host("chart.vbs", Quoted("show.cht") + " English");
+  ScriptHost host = OpenChart("English");
   const FormDriver form(host.Process(), L"");
   EXPECT_THAT(form.Text("rtfInfo"), HasSubstr("Number of Points : 300"));
   EXPECT_THAT(form.Text("rtfInfo"), HasSubstr("show.cht"));
@@ -45,22 +67,25 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   EXPECT_EQ(host.ExitCode(), 0);
 }
 
-TEST(ChartWindowOnWindows, SpeaksThreeLanguages) {
+TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
+  const TestPrinter printer("/no/such/folder/page");  // the file comes in its place
   const struct {
     const char* language;
-    const char* picture;
-  } cases[] = {{"Portuguese", "win_chart_pt.png"}, {"Spanish", "win_chart_es.png"}, {"English", "win_chart_en.png"}};
+    std::string code;
+  } cases[] = {{"Portuguese", "pt"}, {"Spanish", "es"}, {"English", "en"}};
   for (const auto& each : cases) {
-    ScriptHost host("chart.vbs", Quoted("show.cht") + " " + each.language);
+    const std::string page = TestFolder() + "\\printed_" + each.code + ".ps";
+    ScriptHost host = OpenChart(each.language, page.c_str());
     const FormDriver form(host.Process(), L"");
     form.Send("sldPointsPerDivision", TBM_SETPOS, TRUE, 12);
     SendMessageW(form.Window(), WM_HSCROLL, TB_ENDTRACK,
                  reinterpret_cast<LPARAM>(form.Control("sldPointsPerDivision")));
     UpdateWindow(form.Window());
     Sleep(300);  // what was invalidated is painted when the queue is empty; a picture has no event to wait for
-    form.Capture(TestFolder() + "\\" + each.picture);
-    form.Close();
+    form.Capture(TestFolder() + "\\win_chart_" + each.code + ".png");
+    Print(host, IDYES);
     EXPECT_EQ(host.ExitCode(), 0) << each.language;
+    EXPECT_THAT(FileContents(page), HasSubstr("%%EOF"));
   }
 }
 
@@ -74,16 +99,57 @@ TEST(ChartWindowOnWindows, ReportsAFileThatItCannotShowAndReturnsToTheHost) {
   }
 }
 
-TEST(ChartWindowOnWindows, AsksBeforeItPrintsTheCopiedPicture) {
-  ScriptHost host("chart.vbs", Quoted("show.cht") + " English");
-  const FormDriver form(host.Process(), L"");
-  form.Press("cmdPrint");
-  const BoxDriver box(host.Process());
-  EXPECT_EQ(box.Prompt(), "Print ?");
-  EXPECT_FALSE(form.IsUp()) << "the window has gone when the question comes";
-  EXPECT_NE(IsClipboardFormatAvailable(CF_DIB), 0);
-  box.Answer(IDNO);
+HWND StatusWindow() {
+  const HWND window = FindWindowW(L"ChartProjectForm", L"Kestrel v5.60");
+  return IsWindowVisible(window) != 0 ? window : nullptr;
+}
+
+TEST(PrintingOnWindows, SaysSoUntilThePrinterHasThePage) {
+  // The printer takes the page when it is told to, or after half a minute.
+  const TestPrinter printer(
+      "|cd \"$WINEPREFIX/dosdevices/p:/run\"; "
+      "for i in $(seq 300); do [ -e go ] && break; sleep 0.1; done; cat >page.ps");
+  ScriptHost host = OpenChart("English");
+  Print(host, IDYES);
+  EXPECT_TRUE(WaitFor([] { return StatusWindow() != nullptr; }));
+  wchar_t text[32] = L"";
+  InternalGetWindowText(GetDlgItem(StatusWindow(), win32::ControlId("lblStatus")), text, 32);
+  EXPECT_STREQ(text, L"Printing ...");
+  std::ofstream(TestFolder() + "\\go") << "now";
   EXPECT_EQ(host.ExitCode(), 0);
+  EXPECT_THAT(FileContents(TestFolder() + "\\page.ps"), HasSubstr("%%EOF"));
+
+  const auto picture = win32::Win32Clipboard().Picture();  // other programs have it still
+  ASSERT_TRUE(picture.has_value());
+  EXPECT_NEAR(picture->dotsPerInch, 192, 0.1);
+  EXPECT_THAT(picture->pixels, AllOf(Contains(0xFFFFFFE6U), Contains(0xFFFF0000U))) << "backdrop, first series";
+}
+
+TEST(PrintingOnWindows, NamesWhatFailsAndReturnsToTheHost) {
+  const struct {
+    const char* port;  // null: there is no printer
+    const char* file;
+    int answer;
+    const char* message;
+  } cases[] = {
+      {"/no/such/folder/page", nullptr, IDNO, nullptr},
+      {nullptr, nullptr, IDYES, "There is no default printer"},
+      {"/no/such/folder/page", nullptr, IDYES, "Test Printer did not take the page"},
+      {"LPT1:", "P:\\no folder\\page", IDYES, "Test Printer (P:\\no folder\\page) did not take the page"},
+  };
+  for (const auto& each : cases) {
+    std::optional<TestPrinter> printer;
+    if (each.port != nullptr) printer.emplace(each.port);
+    ScriptHost host = OpenChart("English", each.file);
+    Print(host, each.answer);
+    if (each.message != nullptr) {
+      const BoxDriver box(host.Process());
+      EXPECT_THAT(box.Prompt(), HasSubstr(each.message));
+      EXPECT_EQ(StatusWindow(), nullptr);
+      box.Answer(IDOK);
+    }
+    EXPECT_EQ(host.ExitCode(), 0) << each.message;
+  }
 }
 
 TEST(ExampleScript, OpensTheChartWindowOnARecordedFile) {

@@ -13,6 +13,7 @@
 #include "platform/win32/wide_text.h"
 
 #include <psapi.h>
+#include <winspool.h>
 
 namespace chartproject::testing {
 
@@ -164,6 +165,35 @@ int ScriptHost::ExitCode() const {
   DWORD code = 0;
   GetExitCodeProcess(information_.hProcess, &code);
   return static_cast<int>(code);
+}
+
+TestPrinter::TestPrinter(const std::string& port) {
+  std::wstring name = L"Test Printer";
+  std::wstring library = L"C:\\windows\\system32\\wineps.drv";
+  std::wstring description = win32::ToWide(TestFolder() + "\\printer.ppd");
+  std::wstring portName = win32::ToWide(port);
+  std::wstring processor = L"winprint";
+  std::wstring dataType = L"RAW";
+  constexpr DWORD kCopy = APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY;
+  DRIVER_INFO_3W driver{};
+  driver.cVersion = 3;
+  driver.pName = name.data();
+  driver.pDriverPath = driver.pConfigFile = library.data();
+  driver.pDataFile = description.data();
+  EXPECT_NE(AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&driver), kCopy), 0) << GetLastError();
+  PRINTER_INFO_2W printer{};
+  printer.pPrinterName = printer.pDriverName = name.data();
+  printer.pPortName = portName.data();
+  printer.pPrintProcessor = processor.data();
+  printer.pDatatype = dataType.data();
+  printer_ = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
+  EXPECT_NE(printer_, nullptr) << GetLastError();
+  EXPECT_NE(SetDefaultPrinterW(name.c_str()), 0) << GetLastError();
+}
+
+TestPrinter::~TestPrinter() {
+  DeletePrinter(printer_);
+  ClosePrinter(printer_);
 }
 
 std::string TestFolder() {

@@ -73,6 +73,19 @@ class ScriptHost {
   PROCESS_INFORMATION information_{};
 };
 
+/// A PostScript printer of our own as the default one; when the object goes, no printer is left.
+class TestPrinter {
+ public:
+  /// @param port a path of the system below Wine, or "|" and a command of its shell that reads the document
+  explicit TestPrinter(const std::string& port);
+  ~TestPrinter();
+  TestPrinter(const TestPrinter&) = delete;
+  TestPrinter& operator=(const TestPrinter&) = delete;
+
+ private:
+  HANDLE printer_;
+};
+
 /// Folder of the test's project and files: the environment variable CHARTPROJECT_TEST_DIR.
 [[nodiscard]] std::string TestFolder();
 [[nodiscard]] std::string FileContents(const std::string& name);

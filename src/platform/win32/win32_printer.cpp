@@ -20,6 +20,11 @@ constexpr double kCentimetresPerInch = 2.54;
   throw RunTimeError(error_number::kPrinter, what);
 }
 
+/// The system's reason for the last failure, to be appended; empty when it gave none.
+std::string Reason(DWORD error) {
+  return error == ERROR_SUCCESS ? std::string() : ": " + SystemMessage(error);
+}
+
 std::wstring DefaultPrinter() {
   DWORD length = 0;
   GetDefaultPrinterW(nullptr, &length);
@@ -53,19 +58,31 @@ class SelectedFont {
 }  // namespace
 
 bool Win32Printer::StartDocument(const std::string& title) {
+  AbandonDocument();
   const std::wstring name = DefaultPrinter();
-  if (name.empty()) ThrowPrinterError("There is no default printer");
+  if (name.empty()) ThrowPrinterError("There is no default printer: choose one in the system's settings");
+  name_ = ToUtf8(name);
   printer_ = OwnedDc(CreateDCW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
-  if (!printer_) ThrowPrinterError(ToUtf8(name) + ": " + SystemMessage(GetLastError()));
+  if (!printer_) ThrowPrinterError(name_ + " cannot be reached" + Reason(GetLastError()));
   const std::wstring wideTitle = ToWide(title);
   const std::wstring output = OutputFile();
+  if (!output.empty()) {
+    name_ += " (" + ToUtf8(output) + ")";
+    DeleteFileW(output.c_str());  // a longer one would keep its end behind the new data
+  }
   DOCINFOW document{};
   document.cbSize = sizeof document;
   document.lpszDocName = wideTitle.c_str();
   document.lpszOutput = output.empty() ? nullptr : output.c_str();
+  SetLastError(ERROR_SUCCESS);
   if (StartDocW(printer_.Get(), &document) <= 0 || StartPage(printer_.Get()) <= 0) {
-    printer_ = OwnedDc();
-    ThrowPrinterError(ToUtf8(name) + ": the document could not be begun");
+    // A printer that writes files asks for their name in between.
+    const DWORD error = GetLastError();
+    if (error != ERROR_CANCELLED && error != ERROR_PRINT_CANCELLED) {
+      ThrowPrinterError(name_ + " did not begin the document" + Reason(error));
+    }
+    AbandonDocument();
+    return false;
   }
   SetBkMode(printer_.Get(), TRANSPARENT);
   x_ = 0;
@@ -194,9 +211,8 @@ void Win32Printer::PaintPictureFile(const std::string& fileName, double x, doubl
 }
 
 void Win32Printer::EndDocument() {
-  const bool ended = EndPage(Require()) > 0 && EndDoc(Require()) > 0;
+  if (EndPage(Require()) <= 0 || EndDoc(Require()) <= 0) ThrowPrinterError(name_ + " did not take the page");
   printer_ = OwnedDc();
-  if (!ended) ThrowPrinterError("The printer did not take the page");
 }
 
 void Win32Printer::AbandonDocument() noexcept {

@@ -27,6 +27,7 @@ class Win32Printer : public Printer {
   [[nodiscard]] int DotsY(double centimetres) const;
   [[nodiscard]] OwnedFont MakeFont(const PrintFont& font) const;
 
+  std::string name_;  ///< of the printer, and of the file that stands in for it
   OwnedDc printer_;
   double x_ = 0;
   double y_ = 0;
