@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace chartproject {
@@ -60,8 +61,8 @@ TEST(PlaceBars, GroupsStandInTheMiddleOfTheirSlots) {
   const Plot plot = PlotOf(4);
   const BarPlace place = PlaceBars(plot, 3);  // 25 pixels a slot, 20 % of it free
   EXPECT_EQ(place.width, 6);
-  EXPECT_THAT((std::array{place.Left(plot, 0, 0), place.Left(plot, 0, 2), place.Left(plot, 3, 0)}),
-              ElementsAre(14, 26, 89));
+  EXPECT_EQ((std::array{place.Left(plot, 0, 0), place.Left(plot, 0, 2), place.Left(plot, 3, 0)}),
+            (std::array{14.0, 26.0, 89.0}));
   EXPECT_EQ(PlaceBars(PlotOf(50), 4).width, 0) << "too thin to stand side by side";
 }
 
