@@ -194,6 +194,10 @@ void ChartControl::Paint(Canvas& canvas) {
   const Size size = canvas.Extent();
   if (!chart_ || !(chart_->size == size)) chart_ = BuildChartScene(model_, size, canvas, format_);
   chart_->scene.Paint(canvas);
+}
+
+void ChartControl::PaintOverlay(Canvas& canvas) {
+  if (!chart_) return;
   // Between a reset and the new rows the pointer's row may not be there.
   const bool pointerShows = pointerRow_ && *pointerRow_ < model_.rowCount;
   const ChartOverlay overlay{pointerShows ? pointerRow_ : std::nullopt,
@@ -205,12 +209,12 @@ void ChartControl::Paint(Canvas& canvas) {
 
 void ChartControl::SetReadout(std::vector<ReadoutLine> lines) {
   readout_ = std::move(lines);
-  Invalidate();
+  InvalidateOverlay();
 }
 
 void ChartControl::SetCursorReadout(std::vector<ReadoutLine> lines) {
   cursorReadout_ = std::move(lines);
-  Invalidate();
+  InvalidateOverlay();
 }
 
 std::optional<std::int64_t> ChartControl::CursorLabel(MeasuringCursor which) const noexcept {
@@ -229,14 +233,14 @@ void ChartControl::SetCursor(MeasuringCursor which, std::optional<std::int64_t> 
   cursor = label;
   if (!cursors_[0] && !cursors_[1]) cursorReadout_.clear();
   Raise(cursorsChanged);
-  Invalidate();
+  InvalidateOverlay();
 }
 
 void ChartControl::MovePointer(std::optional<int> row) {
   if (row == pointerRow_) return;
   pointerRow_ = row;
   Raise(pointerRowChanged);
-  Invalidate();
+  InvalidateOverlay();
 }
 
 std::optional<int> ChartControl::RowAt(PointF at) const {

@@ -75,6 +75,7 @@ class ChartControl : public DrawnControl {
   /// @param scale dots to the pixel: 1 for the screen's own, more for paper
   [[nodiscard]] Bitmap CopyPicture(PictureRenderer& renderer, double scale = 1.0);
   void Paint(Canvas& canvas) override;
+  void PaintOverlay(Canvas& canvas) override;
   [[nodiscard]] Size PreferredSize() const override { return {640, 360}; }
 
   // Readout and cursors. ---------------------------------------------------------------------------------------------

@@ -32,6 +32,7 @@ enum class Property {
   kColor,
   kMousePointer,
   kContent,  ///< an owner-drawn control wants to be painted again
+  kOverlay,  ///< what lies over an owner-drawn control wants to be painted again
 };
 
 /// Mouse pointers that the system uses, with the platform's numbers.

@@ -291,8 +291,11 @@ enum class Key { kLeft, kRight, kPageUp, kPageDown, kHome, kEnd, kEscape };
 class DrawnControl : public Control {
  public:
   using Control::Control;
-  /// Paints the whole control; the canvas' extent is the control's size.
+  /// Paints the whole control; the canvas' extent is the control's size. A back end keeps the picture until Invalidate
+  /// or another size, for a long slice takes many milliseconds.
   virtual void Paint(Canvas& canvas) = 0;
+  /// Paints what lies over that picture and follows the mouse. Only after Paint at the same size.
+  virtual void PaintOverlay(Canvas& /*canvas*/) {}
   [[nodiscard]] virtual Size PreferredSize() const = 0;
   virtual void MouseMoved(const MouseInput& /*input*/) {}
   virtual void MouseLeft() {}
@@ -303,6 +306,8 @@ class DrawnControl : public Control {
   virtual bool KeyPressed(Key /*key*/, bool /*shift*/) { return false; }
   /// Asks the back end to paint again, soon.
   void Invalidate() { Changed(Property::kContent); }
+  /// The same for the overlay alone.
+  void InvalidateOverlay() { Changed(Property::kOverlay); }
 };
 
 /// A small lamp or picture: `imgTrigger1`. Drawn by the core, so that no picture file is needed.

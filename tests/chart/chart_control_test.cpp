@@ -87,6 +87,7 @@ TEST_F(ChartControlTest, ResetDropsDataAndPropertiesButNotTheCursors) {
   chart.SetColumnCount(1);
   RecordingCanvas fresh({640, 360});
   chart.Paint(fresh);  // while the pointer stands on a row that is gone
+  chart.PaintOverlay(fresh);
   EXPECT_FALSE(fresh.drawn.Shapes().empty());
 }
 
@@ -141,6 +142,7 @@ TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {
   const auto texts = [&](Size size) {
     RecordingCanvas fresh(size);
     chart.Paint(fresh);
+    chart.PaintOverlay(fresh);
     std::vector<std::string> shown;
     const auto& all = fresh.drawn.Texts();
     shown.reserve(all.size());

@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QWheelEvent>
 #include <cmath>
 #include <optional>
@@ -37,7 +38,8 @@ std::optional<Key> ToKey(int key) {
   }
 }
 
-/// Qt paints into a buffer of its own, so the picture never flickers.
+/// Keeps the control's picture, so that what follows the mouse over it costs nothing but itself. Qt paints into a
+/// buffer of its own, so nothing flickers.
 class Surface : public QWidget {
  public:
   Surface(DrawnControl& control, InputGate& gate) : control_(control), gate_(gate) {
@@ -45,11 +47,26 @@ class Surface : public QWidget {
     setFocusPolicy(control.TabStop() ? Qt::StrongFocus : Qt::NoFocus);
   }
 
+  void PaintAgain() {
+    picture_ = {};
+    update();
+  }
+
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter(this);
-    QtCanvas canvas(painter, {static_cast<double>(width()), static_cast<double>(height())});
-    gate_.Run(control_, [&] { control_.Paint(canvas); });
+    if (picture_.isNull() || pictureSize_ != size() || picture_.devicePixelRatio() != devicePixelRatioF()) {
+      pictureSize_ = size();
+      picture_ = QPixmap(size() * devicePixelRatioF());
+      picture_.setDevicePixelRatio(devicePixelRatioF());
+      picture_.fill(Qt::transparent);
+      Draw(picture_, [this](Canvas& canvas) { control_.Paint(canvas); });
+    }
+    QPainter(this).drawPixmap(0, 0, picture_);
+    Draw(*this, [this](Canvas& canvas) { control_.PaintOverlay(canvas); });
+  }
+  void changeEvent(QEvent* event) override {
+    picture_ = {};  // fonts or colours may be others now
+    QWidget::changeEvent(event);
   }
   void mouseMoveEvent(QMouseEvent* event) override {
     gate_.Run(control_, [&] { control_.MouseMoved(InputOf(*event)); });
@@ -78,21 +95,31 @@ class Surface : public QWidget {
   }
 
  private:
+  template <typename Action>
+  void Draw(QPaintDevice& device, Action action) {
+    QPainter painter(&device);
+    QtCanvas canvas(painter, {static_cast<double>(width()), static_cast<double>(height())});
+    gate_.Run(control_, [&] { action(canvas); });
+  }
   static MouseInput InputOf(const QMouseEvent& event) {
     return {{event.position().x(), event.position().y()}, event.modifiers().testFlag(Qt::ShiftModifier)};
   }
 
   DrawnControl& control_;
   InputGate& gate_;
+  QPixmap picture_;
+  QSize pictureSize_;
   int turned_ = 0;  ///< of a wheel finer than a notch
 };
 
 class DrawnWidget : public ControlWidget {
  public:
-  DrawnWidget(DrawnControl& control, Surface& widget) : ControlWidget(control, widget), control_(control) {}
+  DrawnWidget(DrawnControl& control, Surface& widget)
+      : ControlWidget(control, widget), control_(control), surface_(widget) {}
   void Show(Property property) override {
     ControlWidget::Show(property);
-    if (property == Property::kContent) Widget().update();
+    if (property == Property::kContent) surface_.PaintAgain();
+    if (property == Property::kOverlay) surface_.update();
   }
   [[nodiscard]] QSize Preferred() const override {
     const Size size = control_.PreferredSize();
@@ -101,6 +128,7 @@ class DrawnWidget : public ControlWidget {
 
  private:
   DrawnControl& control_;
+  Surface& surface_;
 };
 
 }  // namespace

@@ -28,7 +28,9 @@ DrawnWidget::DrawnWidget(DrawnControl& drawn, WidgetContext& context)
     : Widget(drawn, context, kDrawnClass, 0), drawn_(drawn) {}
 
 void DrawnWidget::Apply(Property property) {
-  if (property == Property::kContent || property == Property::kPicture) InvalidateRect(Window(), nullptr, FALSE);
+  const bool picture = property == Property::kContent || property == Property::kPicture;
+  if (picture) picture_ = OwnedBitmap();
+  if (picture || property == Property::kOverlay) InvalidateRect(Window(), nullptr, FALSE);
   Widget::Apply(property);
 }
 
@@ -36,13 +38,17 @@ Size DrawnWidget::PreferredSize() const {
   return drawn_.PreferredSize();
 }
 
-void DrawnWidget::PaintBuffer(HDC dc, int width, int height) {
+void DrawnWidget::PaintPicture(HDC dc, int width, int height) {
   const RECT all{0, 0, width, height};
   FillRect(dc, &all, GetSysColorBrush(COLOR_3DFACE));
+  Draw(dc, width, height, [this](Canvas& canvas) { drawn_.Paint(canvas); });
+}
+
+void DrawnWidget::Draw(HDC dc, int width, int height, const std::function<void(Canvas&)>& paint) {
   Gdiplus::Graphics graphics(dc);
   const double scale = Context().scale;
   GdiplusCanvas canvas(graphics, Context().fonts, Size{width / scale, height / scale}, scale);
-  drawn_.Paint(canvas);
+  paint(canvas);
 }
 
 void DrawnWidget::Paint() {
@@ -50,13 +56,22 @@ void DrawnWidget::Paint() {
   const HDC screen = paint.Get();
   RECT area;
   GetClientRect(Window(), &area);
-  if (area.right > 0 && area.bottom > 0) {
-    const OwnedDc buffer(CreateCompatibleDC(screen));
-    const OwnedBitmap bitmap(CreateCompatibleBitmap(screen, area.right, area.bottom));
-    const SelectScope selected(buffer.Get(), bitmap.Get());
-    PaintBuffer(buffer.Get(), area.right, area.bottom);
-    BitBlt(screen, 0, 0, area.right, area.bottom, buffer.Get(), 0, 0, SRCCOPY);
+  const SIZE size{area.right, area.bottom};
+  if (size.cx <= 0 || size.cy <= 0) return;
+  const bool upToDate = picture_.Get() != nullptr && size.cx == pictureSize_.cx && size.cy == pictureSize_.cy;
+  if (!upToDate) {
+    picture_ = OwnedBitmap(CreateCompatibleBitmap(screen, size.cx, size.cy));
+    pictureSize_ = size;
   }
+  const OwnedDc picture(CreateCompatibleDC(screen));
+  const SelectScope pictureSelected(picture.Get(), picture_.Get());
+  if (!upToDate) PaintPicture(picture.Get(), size.cx, size.cy);
+  const OwnedBitmap copy(CreateCompatibleBitmap(screen, size.cx, size.cy));
+  const OwnedDc buffer(CreateCompatibleDC(screen));
+  const SelectScope copySelected(buffer.Get(), copy.Get());
+  BitBlt(buffer.Get(), 0, 0, size.cx, size.cy, picture.Get(), 0, 0, SRCCOPY);
+  Draw(buffer.Get(), size.cx, size.cy, [this](Canvas& canvas) { drawn_.PaintOverlay(canvas); });
+  BitBlt(screen, 0, 0, size.cx, size.cy, buffer.Get(), 0, 0, SRCCOPY);
 }
 
 MouseInput DrawnWidget::InputAt(LPARAM data, WPARAM keys) const {

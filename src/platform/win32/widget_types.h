@@ -177,7 +177,7 @@ class UpDownWidget : public Widget {
   UpDown& arrows_;
 };
 
-/// Painted by the core through Canvas; double-buffered.
+/// Painted by the core through Canvas: its picture is kept, its overlay painted over a copy, so nothing flickers.
 class DrawnWidget : public Widget {
  public:
   DrawnWidget(DrawnControl& drawn, WidgetContext& context);
@@ -188,11 +188,14 @@ class DrawnWidget : public Widget {
 
  private:
   void Paint();
-  void PaintBuffer(HDC dc, int width, int height);
+  void PaintPicture(HDC dc, int width, int height);
+  void Draw(HDC dc, int width, int height, const std::function<void(Canvas&)>& paint);
   void MouseMoved(LPARAM data, WPARAM keys);
   [[nodiscard]] MouseInput InputAt(LPARAM data, WPARAM keys) const;
   bool KeyPressed(WPARAM virtualKey);
   DrawnControl& drawn_;
+  SIZE pictureSize_{};
+  OwnedBitmap picture_;    ///< without the overlay; none while it is out of date
   bool tracking_ = false;  ///< the system will tell when the mouse leaves
 };
 
