@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "platform/posix/file_system_posix.h"
 #include "platform/run_time_error.h"
 #include "platform/temporary_folder.h"
@@ -48,6 +50,20 @@ TEST_F(SettingsStoreIniTest, KeysAndCommentsOfOthersStay) {
   EXPECT_EQ(store.Read("MyConf", "strOther"), "C:\\Media") << "a lone backslash, typed by hand";
   Write("MyConf", {{"strSound", "No"}, {"strGrid", "Yes"}});
   EXPECT_EQ(FileBytes(file), "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=No\nstrOther=C:\\Media\nstrGrid=Yes\n");
+}
+
+TEST_F(SettingsStoreIniTest, ProgramsThatStoreAtTheSameMomentLoseNothing) {
+  const auto storeMany = [this](const std::string& section) {
+    FileSystemPosix ownFiles;
+    SettingsStoreIni own(ownFiles, folder / "made/later");
+    for (int k = 0; k < 40; ++k) own.Write(section, std::vector<StoredSetting>{{std::to_string(k), "kept"}});
+  };
+  std::thread other([&] { storeMany("Host"); });
+  storeMany("MyConf");
+  other.join();
+  for (int k = 0; k < 40; ++k) {
+    for (const char* section : {"Host", "MyConf"}) EXPECT_EQ(store.Read(section, std::to_string(k)), "kept") << k;
+  }
 }
 
 TEST_F(SettingsStoreIniTest, ChangesOfAnotherProgramAreSeenAndKept) {

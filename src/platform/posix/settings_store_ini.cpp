@@ -1,7 +1,10 @@
 // The INI file through GLib's key files.
 #include "platform/posix/settings_store_ini.h"
 
+#include <fcntl.h>
 #include <glib.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -32,6 +35,25 @@ using TextOwner = std::unique_ptr<gchar, FreeText>;
   g_error_free(error);
   throw RunTimeError(number, fileName + ": " + reason);
 }
+
+/// Keeps other programs of the user from storing settings between our reading of the file and our writing. On a disk
+/// that knows no locks the store works without.
+class FolderLock {
+ public:
+  explicit FolderLock(const std::string& folder) : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (folder_ < 0) return;
+    while (flock(folder_, LOCK_EX) != 0 && errno == EINTR) {
+    }
+  }
+  ~FolderLock() {
+    if (folder_ >= 0) close(folder_);
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+
+ private:
+  int folder_;
+};
 
 std::string ReadWhole(FileSystem& files, const std::string& name, FileIdentity& identity) {
   const auto file = files.OpenForReading(name);
@@ -89,6 +111,8 @@ std::optional<std::string> SettingsStoreIni::Read(std::string_view section, std:
 }
 
 void SettingsStoreIni::Write(std::string_view section, std::span<const StoredSetting> settings) {
+  files_.MakeFolder(folder_);
+  const FolderLock lock(folder_);
   Refresh();
   const std::string group(section);
   for (const StoredSetting& setting : settings) {
@@ -96,7 +120,6 @@ void SettingsStoreIni::Write(std::string_view section, std::span<const StoredSet
   }
   // Whatever happens, the next access reads what the disk holds.
   keys_->identity.reset();
-  files_.MakeFolder(folder_);
   gsize length = 0;
   const TextOwner text(g_key_file_to_data(keys_->file.get(), &length, nullptr));
   GError* error = nullptr;
