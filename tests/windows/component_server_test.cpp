@@ -50,7 +50,7 @@ TEST(ComponentServer, IsFoundByBothProgIds) {
   }
 }
 
-TEST(ComponentServer, MethodsAreFoundByNameAndSurplusArgumentsRefused) {
+TEST(ComponentServer, MethodsAreFoundByNameAndWrongCallsRefused) {
   const ComRef<_ChartClass> object = Create();
   ASSERT_TRUE(object);
   OLECHAR acquire[] = L"AcquireVar";
@@ -64,8 +64,20 @@ TEST(ComponentServer, MethodsAreFoundByNameAndSurplusArgumentsRefused) {
   VariantInit(&arguments[0]);
   VariantInit(&arguments[1]);
   DISPPARAMS tooMany{arguments, nullptr, 2, 0};
-  EXPECT_EQ(object->Invoke(2, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &tooMany, nullptr, nullptr, nullptr),
-            DISP_E_BADPARAMCOUNT);
+  VARIANT result;
+  result.vt = VT_BSTR;  // what a caller left there is no text of ours
+  const auto invoke = [&](DISPID id, REFIID reserved, DISPPARAMS* given) {
+    return object->Invoke(id, reserved, LOCALE_USER_DEFAULT, DISPATCH_METHOD, given, &result, nullptr, nullptr);
+  };
+  EXPECT_EQ(invoke(2, IID_NULL, &tooMany), DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(result.vt, VT_EMPTY);
+  EXPECT_EQ(invoke(3, IID_NULL, &tooMany), DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(invoke(2, IID_IDispatch, &tooMany), DISP_E_UNKNOWNINTERFACE);
+  EXPECT_EQ(invoke(2, IID_NULL, nullptr), E_POINTER);
+  EXPECT_EQ(object->GetIDsOfNames(IID_NULL, nullptr, 1, LOCALE_USER_DEFAULT, nullptr), E_INVALIDARG);
+  void* other = &result;
+  EXPECT_EQ(object->QueryInterface(IID_IStream, &other), E_NOINTERFACE);
+  EXPECT_EQ(other, nullptr);
 }
 
 TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
@@ -80,6 +92,9 @@ TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
   ASSERT_EQ(
       CoGetClassObject(CLSID_ChartClass, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.ReceiveUntyped()),
       S_OK);
+  void* part = &factory;
+  EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &part), CLASS_E_NOAGGREGATION);
+  EXPECT_EQ(part, nullptr);
   factory->LockServer(TRUE);
   factory.Reset();
   EXPECT_EQ(CanUnload(), S_FALSE) << "a lock holds it as an object does";

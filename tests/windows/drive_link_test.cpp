@@ -1,6 +1,10 @@
 // The drive link of a host: its class and interface named in the registry, called by its table of methods.
 #include <gmock/gmock.h>
 
+#include <array>
+#include <utility>
+
+#include "drive/drive_models.h"
 #include "links/com/com_drive_link.h"
 #include "platform/win32/com/class_factory.h"
 #include "platform/win32/com/com_error.h"
@@ -136,6 +140,21 @@ TEST_F(HostsDriveLink, IsCalledByItsTableWithEverythingByReference) {
   EXPECT_EQ(link.calls,
             "OpenLink, SetP210Value -210, SetP529Value 32767, ReadParameter K 30 999 76, "
             "ProbeParameter \xC3\xA7 1 2 3, CloseLink, ");
+}
+
+TEST_F(HostsDriveLink, TheStandInAnswersForSimulatedDrives) {
+  Name(win32::IdText(win32::StandInClass()), win32::IdText(win32::DriveLinkInterface()));
+  const auto made = win32::ComDriveLinkFactory(CLSID_ChartClass, nullptr).Create();
+  std::array<std::int16_t, 3> status{-1, -1, -1};
+  std::string text;
+  made->OpenLink(status[0]);
+  made->ReadParameter(1, ModelCode("KRA-09"), 3, 25, status[1]);
+  made->GetText(text);
+  made->ProbeParameter(31, ModelCode("KRA-09"), 3, 25, status[2]);
+  made->CloseLink();
+  EXPECT_EQ(std::pair(status[0], status[1]), std::pair(std::int16_t{0}, std::int16_t{0}));
+  EXPECT_NE(status[2], 0) << "no drive stands there";
+  EXPECT_NE(text.find_first_of("0123456789"), std::string::npos) << text;
 }
 
 TEST_F(HostsDriveLink, OnesThatFailEndTheCallWithTheirError) {

@@ -52,16 +52,19 @@ class PrintedPage(unittest.TestCase):
             self.assertEqual(set(found), {colour, WHITE}, word)
 
     def check_picture(self, pdf):
-        """At its own size below ten lines of 13.8 points, which begin 3.4 cm from the edge; nothing beside it."""
+        """Whole and in proportion below ten lines of 13.8 points, which begin 3.4 cm from the edge; nothing beside it."""
         images = run("pdfimages", "-list", pdf).decode().splitlines()[2:]
         self.assertEqual(len(images), 2, "icon and chart")
-        width, height = map(int, images[1].split()[3:5])
+        fields = images[1].split()
+        width, height, x_ppi, y_ppi = map(int, fields[3:5] + fields[12:14])
+        self.assertAlmostEqual(x_ppi, y_ppi, delta=2)
+        width, height = (round(size * DOTS * 72 / ppi) for size, ppi in ((width, x_ppi), (height, y_ppi)))
         left, top = round(2.5 / POINT * DOTS), round((3.4 / POINT + 138) * DOTS)
-        inside = colours(pdf, left + 2, top + 2, width - 4, height - 4)
-        self.assertNotIn(WHITE, inside)
+        inside = colours(pdf, left + 2, top + 2, width - 6, height - 6)  # the resolution is a rounded one
+        self.assertEqual(inside[WHITE], 0)
         self.assertGreater(inside[BACKDROP], width * height / 20)
         self.assertGreater(inside[RED], 2000, "the first series")
-        right, bottom = left + width + 2, top + height + 2
+        right, bottom = left + width + 4, top + height + 4
         for around in ((0, top, left - 2, height), (right, top, 900, height), (0, bottom, 1600, 900)):
             self.assertEqual(set(colours(pdf, *around)), {WHITE}, around)
 
