@@ -18,6 +18,7 @@ class AcquireDialog : public ::testing::Test {
   void TearDown() override {
     SetEnvironmentVariableA("CHARTPROJECT_SCENARIO", nullptr);
     SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
+    SetEnvironmentVariableA("CHARTPROJECT_PRINT_TO", nullptr);
   }
 
   static void FillIn(const FormDriver& form, const std::string& file, const std::wstring& points) {
@@ -32,19 +33,48 @@ class AcquireDialog : public ::testing::Test {
   }
 };
 
-TEST_F(AcquireDialog, RecordsTheSameFileAsTheProgramOfTheOtherPlatform) {
-  ScriptHost host("acquire.vbs", "");
+TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
+  const TestPrinter printer("/no/such/folder/page");  // the file comes in its place
+  const std::string page = TestFolder() + "\\keys.ps";
+  SetEnvironmentVariableA("CHARTPROJECT_PRINT_TO", page.c_str());
+  ScriptHost host("acquire.vbs", "English");
   const FormDriver form(host.Process(), L"");
-  FillIn(form, "dll.cht", L"30");
-  EXPECT_TRUE(form.Visible("cmdStart"));
-  EXPECT_FALSE(form.Visible("cmdTrigger"));
-  EXPECT_FALSE(form.Visible("cmdViewChart"));
-  form.Press("cmdStart");
+  EXPECT_TRUE(form.GetsFocus("cboDriveAddress"));
+  EXPECT_FALSE(form.Visible("cmdTrigger") || form.Visible("cmdViewChart"));
+  form.Keys({kAlt | 'N'});
+  BoxDriver(host.Process()).Keys({'K', 'E', 'Y', 'S', VK_RETURN});
+  EXPECT_TRUE(WaitFor([&form] { return form.Text("rtfFileName").ends_with("\\demo\\keys.cht"); }));
+  const struct {
+    std::vector<WORD> keys;
+    const char* next;
+  } steps[] = {{{'0', '1', VK_TAB}, "cboNumberOfParameters"},
+               {{'2', VK_TAB}, "cboPXXX1"},
+               {{'0', '0', '3', VK_TAB}, "cboPXXX2"},
+               {{'0', '0', '5', VK_TAB}, "txtNumberOfPoints"},
+               {{'3', '0', VK_TAB, VK_TAB}, "cboTimeBetweenPointsUnit"},
+               {{'S', kShift | VK_TAB, '1', VK_TAB}, "cboTimeBetweenPointsUnit"}};
+  for (const auto& step : steps) {
+    form.Keys(step.keys);
+    EXPECT_TRUE(form.GetsFocus(step.next)) << step.next;
+  }
+  form.Keys({kAlt | 'S'});
   EXPECT_TRUE(WaitFor([&form] { return form.Visible("cmdViewChart"); }));
-  form.Press("cmdOK");
+  for (const WORD letter : {WORD{'P'}, WORD{'O'}}) {
+    form.Keys({kAlt | 'V'});
+    const FormDriver chart(host.Process(), L"Chart File - keys.cht");
+    EXPECT_EQ(IsWindowEnabled(form.Window()), 0) << "the dialog waits for its chart";
+    chart.Keys({VK_END});
+    EXPECT_TRUE(WaitFor([&] { return GetScrollPos(chart.Control("hsbGraph"), SB_CTL) == 30 - 25; }));
+    chart.Keys({static_cast<WORD>(kAlt | letter)});
+    if (letter == 'O') continue;
+    BoxDriver(host.Process()).Keys({VK_RETURN});
+    EXPECT_TRUE(WaitFor([&page] { return FileContents(page).find("%%EOF") != std::string::npos; })) << "no page";
+  }
+  form.Keys({VK_ESCAPE});
   EXPECT_EQ(host.ExitCode(), 0);
   EXPECT_FALSE(FileContents(TestFolder() + "\\linux.cht").empty());
-  EXPECT_EQ(FileContents(TestFolder() + "\\dll.cht"), FileContents(TestFolder() + "\\linux.cht"));
+  EXPECT_EQ(FileContents(TestFolder() + "\\project\\projects\\demo\\keys.cht"),
+            FileContents(TestFolder() + "\\linux.cht"));
 }
 
 TEST_F(AcquireDialog, EscEndsARecordingAndKeepsItsPoints) {

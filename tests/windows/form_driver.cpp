@@ -110,6 +110,30 @@ void FormDriver::Press(const std::string& name) const {
   PostMessageW(Control(name), BM_CLICK, 0, 0);
 }
 
+bool FormDriver::GetsFocus(const std::string& name) const {
+  return WaitFor([&] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
+    return info.hwndFocus == Control(name);
+  });
+}
+
+void FormDriver::Keys(const std::vector<WORD>& keys) const {
+  PressKeys(window_, keys);
+}
+
+void FormDriver::Wheel(const std::string& name, int notches) const {
+  RECT place;
+  GetWindowRect(Control(name), &place);
+  SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+  INPUT turn{};
+  turn.type = INPUT_MOUSE;
+  turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
+  turn.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+  SendInput(1, &turn, sizeof turn);
+}
+
 void FormDriver::Capture(const std::string& fileName) const {
   const win32::GdiplusSession session;
   RECT place;
@@ -139,12 +163,17 @@ std::string BoxDriver::Prompt() const {
   return win32::ToUtf8(text);
 }
 
+void BoxDriver::Keys(const std::vector<WORD>& keys) const {
+  PressKeys(window_, keys);
+}
+
 void BoxDriver::Answer(int answer) const {
   PostMessageW(window_, WM_COMMAND, MAKEWPARAM(answer, BN_CLICKED), 0);
   EXPECT_TRUE(WaitFor([this] { return IsWindow(window_) == 0; })) << "the box stays up";
 }
 
 ScriptHost::ScriptHost(const std::string& script, const std::string& arguments) {
+  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);  // over no window that comes
   STARTUPINFOW start{};
   start.cb = sizeof start;
   std::wstring line = win32::ToWide("cscript.exe //nologo \"" + TestFolder() + "\\" + script + "\" " + arguments);
@@ -233,15 +262,38 @@ void ExpectNoGrowth(int cycles, const std::function<void()>& action) {
   EXPECT_LE(after.bytes, before.bytes + 256 * 1024);
 }
 
+namespace {
+
+INPUT KeyInput(WORD virtualKey, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = virtualKey;
+  const bool onNumberPadToo = virtualKey >= VK_PRIOR && virtualKey <= VK_DELETE;
+  input.ki.dwFlags = flags | (onNumberPadToo ? KEYEVENTF_EXTENDEDKEY : 0);
+  return input;
+}
+
+}  // namespace
+
+void PressKeys(HWND window, const std::vector<WORD>& keys) {
+  const auto ready = [window] { return GetForegroundWindow() == window && IsWindowEnabled(window) != 0; };
+  EXPECT_TRUE(WaitFor(ready)) << "the window takes no keys";
+  std::vector<INPUT> inputs;
+  for (const WORD key : keys) {
+    const WORD modifier = (key & kAlt) != 0 ? VK_MENU : (key & kShift) != 0 ? VK_SHIFT : 0;
+    if (modifier != 0) inputs.push_back(KeyInput(modifier, 0));
+    for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) inputs.push_back(KeyInput(key & 0xFF, flags));
+    if (modifier != 0) inputs.push_back(KeyInput(modifier, KEYEVENTF_KEYUP));
+  }
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
 void PressKey(WORD virtualKey) {
-  INPUT keys[2]{};
-  keys[0].type = INPUT_KEYBOARD;
-  keys[0].ki.wVk = virtualKey;
-  keys[1] = keys[0];
-  keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-  SendInput(1, &keys[0], sizeof(INPUT));
-  Sleep(250);  // held as long as a finger does, past the watch's interval
-  SendInput(1, &keys[1], sizeof(INPUT));
+  INPUT down = KeyInput(virtualKey, 0);
+  INPUT up = KeyInput(virtualKey, KEYEVENTF_KEYUP);
+  SendInput(1, &down, sizeof(INPUT));
+  Sleep(250);  // past the watch's interval
+  SendInput(1, &up, sizeof(INPUT));
 }
 
 }  // namespace chartproject::testing

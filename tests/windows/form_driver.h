@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/win32/windows_api.h"
 
@@ -36,6 +37,12 @@ class FormDriver {
   void Type(const std::string& name, const std::wstring& text) const;
   /// Presses a button and returns at once: what it opens stays up.
   void Press(const std::string& name) const;
+  /// Waits for the focus to come to a control.
+  [[nodiscard]] bool GetsFocus(const std::string& name) const;
+  /// As PressKeys.
+  void Keys(const std::vector<WORD>& keys) const;
+  /// Turns the mouse wheel over a control. @param notches positive away from the user
+  void Wheel(const std::string& name, int notches) const;
   void Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
   /// Saves what the window shows as a PNG file.
   void Capture(const std::string& fileName) const;
@@ -50,6 +57,7 @@ class BoxDriver {
   explicit BoxDriver(DWORD process);
   [[nodiscard]] bool IsUp() const { return window_ != nullptr; }
   [[nodiscard]] std::string Prompt() const;
+  void Keys(const std::vector<WORD>& keys) const;  ///< as PressKeys
   /// @param answer id of the button, for example IDYES
   void Answer(int answer) const;
 
@@ -93,7 +101,13 @@ class TestPrinter {
 /// Repeats an action, and fails the test when this process holds more handles, windows or memory afterwards.
 void ExpectNoGrowth(int cycles, const std::function<void()>& action);
 
-/// A key pressed and let go, as the keyboard does it.
+/// With a key's number: the key is pressed together with this one.
+inline constexpr WORD kAlt = 0x100;
+inline constexpr WORD kShift = 0x200;
+
+/// Keys pressed and let go, as the keyboard does it, when a window has come to the front and takes input.
+void PressKeys(HWND window, const std::vector<WORD>& keys);
+/// A key held as long as a finger does.
 void PressKey(WORD virtualKey);
 
 }  // namespace chartproject::testing

@@ -70,11 +70,16 @@ class ComboBoxWidget : public Widget {
   [[nodiscard]] Size PreferredSize() const override;
   void Place(const RECT& place) override;
   void Command(WORD code) override;
+  bool Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) override;
   bool Wheel(int notches) override;
 
  private:
   void ShowList();
+  void Typed(wchar_t character);
+  [[nodiscard]] int Find(int after, const std::wstring& start) const;
   ComboBox& box_;
+  std::wstring typed_;    ///< start of the item that the user types
+  LONG lastTypedAt_ = 0;  ///< the message's time
 };
 
 class EditWidget : public Widget {

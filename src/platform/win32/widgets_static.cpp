@@ -11,6 +11,7 @@ namespace chartproject::win32 {
 namespace {
 
 constexpr int kDropDownLines = 16;
+constexpr LONG kTypingPause = 1000;  // milliseconds after which a letter begins another word
 
 DWORD LabelStyle(const Label& label, bool accessKey) {
   DWORD style = SS_NOTIFY;
@@ -172,6 +173,36 @@ void ComboBoxWidget::Place(const RECT& place) {
 /// The wheel turns the choice only of the list that has the focus: no setting changes by the way.
 bool ComboBoxWidget::Wheel(int /*notches*/) {
   return GetFocus() != Window();
+}
+
+/// The next item after one, round the list, that begins so; -1 for none.
+int ComboBoxWidget::Find(int after, const std::wstring& start) const {
+  const LRESULT found =
+      SendMessageW(Window(), CB_FINDSTRING, static_cast<WPARAM>(after), reinterpret_cast<LPARAM>(start.c_str()));
+  return static_cast<int>(found);  // CB_ERR is -1
+}
+
+/// The system's own list knows one letter only; of hundreds of numbers the one is wanted that was typed.
+void ComboBoxWidget::Typed(wchar_t character) {
+  const LONG now = GetMessageTime();
+  if (now - lastTypedAt_ > kTypingPause) typed_.clear();
+  lastTypedAt_ = now;
+  int found = Find(box_.ListIndex() - 1, typed_ + character);
+  if (found >= 0) {
+    typed_ += character;
+  } else {
+    // The same letter again goes on to the next item that begins with it.
+    typed_ = character;
+    found = Find(box_.ListIndex(), typed_);
+  }
+  if (found >= 0) box_.SetListIndex(found);
+}
+
+bool ComboBoxWidget::Message(UINT message, WPARAM word, LPARAM /*data*/, LRESULT& result) {
+  if (message != WM_CHAR || word < L' ') return false;
+  Typed(static_cast<wchar_t>(word));
+  result = 0;
+  return true;
 }
 
 void ComboBoxWidget::Command(WORD code) {

@@ -1,4 +1,5 @@
 // The keys of a form: Enter, Esc, F1, Tab, access keys; the mouse wheel; where the focus is.
+#include <algorithm>
 #include <utility>
 
 #include "forms/access_keys.h"
@@ -165,6 +166,15 @@ void Win32FormView::ShowDefaultButton() {
   }
 }
 
+/// The field behind a label; of two that share a place, the one that shows.
+Widget* Win32FormView::FieldNamedBy(const Control& label) const {
+  const Control* field = FieldOf(form_, label);
+  const auto& controls = form_.Controls();
+  auto at = std::find(controls.begin(), controls.end(), field);
+  while (at != controls.end() && !(*at)->EffectivelyVisible() && (*at)->TabStop()) ++at;
+  return at == controls.end() || !(*at)->TabStop() ? nullptr : WidgetOf(**at);
+}
+
 /// Alt and a letter, or the letter alone on a button. A label's letter goes to the field that it names.
 bool Win32FormView::AccessKeyPressed(const MSG& message) {
   const bool onButton = (SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
@@ -175,8 +185,8 @@ bool Win32FormView::AccessKeyPressed(const MSG& message) {
     if (!own || static_cast<ULONG_PTR>(*own) != letter) continue;
     Widget* widget = WidgetOf(*control);
     if (widget == nullptr || !control->EffectivelyVisible() || !control->EffectivelyEnabled()) return false;
-    const Control* field = FieldOf(form_, *control);
-    if (const Widget* target = field == nullptr ? widget : WidgetOf(*field)) FocusOn(*target);
+    const Widget* field = FieldNamedBy(*control);
+    FocusOn(field == nullptr ? *widget : *field);
     if (field == nullptr) CommandFrom(*widget, BN_CLICKED);
     return true;
   }

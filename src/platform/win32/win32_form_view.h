@@ -57,6 +57,7 @@ class Win32FormView : public FormView, private ControlMeasurer {
   void FocusChanged(Widget& widget, UINT message, HWND other);
   void PutFocusBack();
   void FocusOn(const Widget& widget);
+  [[nodiscard]] Widget* FieldNamedBy(const Control& label) const;
   bool TabPressed();
   void ShowDefaultButton();
 
