@@ -80,6 +80,7 @@ TEST_F(FileSystemPosixTest, ErrorsHaveThePlatformsNumbers) {
   EXPECT_EQ(read(lost), 76);
   EXPECT_EQ(read(folder / "plain/x"), 76);
   EXPECT_EQ(read(folder.Path()), 75);
+  EXPECT_EQ(read("/dev/zero"), 75);
   EXPECT_EQ(read(std::string(5000, 'n')), 75);
   EXPECT_EQ(ErrorOf([&] { (void)files.Create(folder.Path()); }, folder.Path()), 75);
   EXPECT_EQ(ErrorOf([&] { files.Append(lost, "x"); }, lost), 76);

@@ -190,7 +190,10 @@ bool FileSystemPosix::FolderExists(const std::string& name) {
 std::unique_ptr<InputFile> FileSystemPosix::OpenForReading(const std::string& name) {
   Descriptor file = Open(name, O_RDONLY);
   struct stat status {};
-  if (fstat(file.Number(), &status) == 0 && S_ISDIR(status.st_mode)) throw FileError(EISDIR, name);
+  const bool known = fstat(file.Number(), &status) == 0;
+  if (known && S_ISDIR(status.st_mode)) throw FileError(EISDIR, name);
+  // A device may never end.
+  if (known && (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode))) throw FileError(ENOTSUP, name);
   return std::make_unique<InputFilePosix>(std::move(file), name);
 }
 
