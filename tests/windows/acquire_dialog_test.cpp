@@ -1,8 +1,13 @@
 // The acquisition dialog as a script host opens it and a user works in it.
 #include <gmock/gmock.h>
 
+#include <thread>
+
+#include "platform/win32/com/com_ref.h"
 #include "platform/win32/wide_text.h"
 #include "windows/form_driver.h"
+
+#include <chart_project.h>
 
 namespace chartproject::testing {
 namespace {
@@ -77,20 +82,69 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
             FileContents(TestFolder() + "\\linux.cht"));
 }
 
-TEST_F(AcquireDialog, EscEndsARecordingAndKeepsItsPoints) {
+TEST_F(AcquireDialog, EscAndTheEndOfTheSessionEndARecordingAndKeepItsPoints) {
   SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
-  ScriptHost host("acquire.vbs", "");
-  const FormDriver form(host.Process(), L"");
-  FillIn(form, "esc.cht", L"1000");
-  form.Press("cmdStart");
-  EXPECT_TRUE(WaitFor([&form] { return form.Text("lblProgress") == "2"; }));
-  EXPECT_FALSE(form.Enabled("cboDriveAddress"));
-  PressKey(VK_ESCAPE);
-  EXPECT_TRUE(WaitFor([&form] { return form.Enabled("cboDriveAddress"); }));
-  EXPECT_TRUE(form.IsUp()) << "Esc ends the recording, not the dialog";
-  form.Close();
-  EXPECT_EQ(host.ExitCode(), 0);
-  EXPECT_THAT(FileContents(TestFolder() + "\\esc.cht"), HasSubstr("Number of Points=1000"));
+  for (const char* file : {"esc.cht", "end.cht"}) {
+    ScriptHost host("acquire.vbs", "");
+    const FormDriver form(host.Process(), L"");
+    FillIn(form, file, L"1000");
+    form.Press("cmdStart");
+    EXPECT_TRUE(WaitFor([&form] { return form.Text("lblProgress") == "2"; }));
+    EXPECT_FALSE(form.Enabled("cboDriveAddress"));
+    if (file == std::string("end.cht")) {
+      SendMessageW(form.Window(), WM_ENDSESSION, FALSE, 0);
+      EXPECT_TRUE(form.IsUp()) << "another program did not let the session end";
+      SendMessageW(form.Window(), WM_ENDSESSION, TRUE, 0);
+    } else {
+      PressKey(VK_ESCAPE);
+      EXPECT_TRUE(WaitFor([&form] { return form.Enabled("cboDriveAddress"); }));
+      EXPECT_TRUE(form.IsUp()) << "Esc ends the recording, not the dialog";
+      form.Close();
+    }
+    EXPECT_THAT(FileContents(TestFolder() + "\\" + file), HasSubstr("Number of Points=1000")) << file;
+    EXPECT_EQ(host.ExitCode(), 0) << file;
+  }
+}
+
+TEST_F(AcquireDialog, OutlivesTheHostsToolsEndsWithItsWindowAndKeepsThePoints) {
+  SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
+  const auto make = [](HWND owner) {
+    return CreateWindowExW(0, L"STATIC", L"Host", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, owner, nullptr, nullptr, nullptr);
+  };
+  const HWND other = make(nullptr);
+  const HWND window = make(nullptr);
+  const HWND tool = make(window);
+  SetActiveWindow(tool);
+  std::thread user([window, tool] {
+    const FormDriver form(GetCurrentProcessId(), L"");
+    const auto cursor = [&form] {
+      const auto button = reinterpret_cast<WPARAM>(form.Control("cmdOK"));
+      SendMessageW(form.Window(), WM_SETCURSOR, button, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+      CURSORINFO info{};
+      info.cbSize = sizeof info;
+      GetCursorInfo(&info);
+      return info.hCursor;
+    };
+    const HCURSOR hand = cursor();
+    EXPECT_NE(hand, LoadCursorW(nullptr, IDC_ARROW));
+    EXPECT_EQ(cursor(), hand) << "the file is read once";
+    FillIn(form, "owner.cht", L"1000");
+    form.Press("cmdStart");
+    EXPECT_TRUE(WaitFor([&form] { return form.Text("lblProgress") == "2"; }));
+    SendMessageW(tool, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(form.IsUp());
+    SendNotifyMessageW(window, WM_CLOSE, 0, 0);
+  });
+  win32::ComRef<_ChartClass> object;
+  CoCreateInstance(CLSID_ChartClass, nullptr, CLSCTX_INPROC_SERVER, IID__ChartClass, object.ReceiveUntyped());
+  EXPECT_EQ(object->AcquireVar(), S_OK);
+  user.join();
+  EXPECT_THAT(FileContents(TestFolder() + "\\owner.cht"), HasSubstr("Number of Points=1000"));
+  EXPECT_NE(IsWindowEnabled(other), 0);
+  DestroyWindow(other);
+  object.Reset();
+  WNDCLASSEXW left{};
+  EXPECT_EQ(GetClassInfoExW(GetModuleHandleW(L"ChartProject.dll"), L"ChartProjectForm", &left), 0);
 }
 
 TEST_F(AcquireDialog, RefusesARangeErrorWithTheHostsTitleAndPutsTheTextBack) {
@@ -104,6 +158,7 @@ TEST_F(AcquireDialog, RefusesARangeErrorWithTheHostsTitleAndPutsTheTextBack) {
   PostMessageW(field, WM_CHAR, L'0', 0);
   const BoxDriver box(host.Process());
   EXPECT_EQ(box.Prompt(), "Value out of range !");
+  form.Close();  // not while the box waits
   box.Answer(IDOK);
   EXPECT_TRUE(WaitFor([&form] { return form.Text("txtNumberOfPoints") == "12"; }));
   form.Press("cmdOK");

@@ -45,6 +45,7 @@ using OwnedBrush = Owned<HBRUSH, DeleteGdiObject>;
 using OwnedBitmap = Owned<HBITMAP, DeleteGdiObject>;
 using OwnedDc = Owned<HDC, DeleteDC>;
 using OwnedIcon = Owned<HICON, DestroyIcon>;
+using OwnedCursor = Owned<HCURSOR, DestroyCursor>;
 using OwnedWindow = Owned<HWND, DestroyWindow>;
 
 /// Painting of a window: begun and ended on every path.

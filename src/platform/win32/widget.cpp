@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/run_time_error.h"
+#include "platform/win32/com_module.h"
 #include "platform/win32/control_id.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/widget_types.h"
@@ -30,7 +32,10 @@ Widget::Widget(Control& control, WidgetContext& context, const wchar_t* windowCl
       context_(context),
       window_(CreateWindowExW(
           extendedStyle, windowClass, L"", style | WS_CHILD | WS_CLIPSIBLINGS | (control.TabStop() ? WS_TABSTOP : 0U),
-          0, 0, 0, 0, context.formWindow, reinterpret_cast<HMENU>(ControlId(control.Name())), nullptr, nullptr)) {
+          0, 0, 0, 0, context.formWindow, reinterpret_cast<HMENU>(ControlId(control.Name())), ThisModule(), nullptr)) {
+  if (window_ == nullptr) {
+    throw RunTimeError(error_number::kInvalidProcedureCall, control.Name() + " could not be made");
+  }
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(context.font), FALSE);
 }
 

@@ -59,6 +59,7 @@ class Widget {
   virtual bool Wheel(int /*notches*/) { return false; }
 
  protected:
+  /// Throws RunTimeError when the window cannot be made.
   Widget(Control& control, WidgetContext& context, const wchar_t* windowClass, DWORD style, DWORD extendedStyle = 0);
   [[nodiscard]] WidgetContext& Context() const noexcept { return context_; }
   [[nodiscard]] Size FromDots(SIZE size) const;

@@ -40,6 +40,7 @@ std::wstring FilterList(const std::string& filter) {
 }  // namespace
 
 std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
+  if (GetSystemMetrics(SM_SHUTTINGDOWN) != 0) return box_answer::kNo;  // nobody answers any more
   const ThemedControls themed;
   const std::wstring prompt = ToWide(request.prompt);
   const std::wstring title = ToWide(request.title);

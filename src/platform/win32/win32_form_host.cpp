@@ -2,6 +2,7 @@
 #include "platform/win32/win32_form_host.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/form.h"
 #include "platform/win32/win32_form_view.h"
@@ -23,6 +24,31 @@ class PreciseTimers {
   PreciseTimers& operator=(const PreciseTimers&) = delete;
 };
 
+/// No ticks while it lives; afterwards as before.
+class TickPause {
+ public:
+  explicit TickPause(bool& ticking) noexcept : ticking_(ticking), before_(std::exchange(ticking, false)) {}
+  ~TickPause() { ticking_ = before_; }
+  TickPause(const TickPause&) = delete;
+  TickPause& operator=(const TickPause&) = delete;
+
+ private:
+  bool& ticking_;
+  bool before_;
+};
+
+/// A form in the list of those whose loop runs.
+class RunningForm {
+ public:
+  RunningForm(std::vector<Form*>& running, Form& form) : running_(running) { running_.push_back(&form); }
+  ~RunningForm() { running_.pop_back(); }
+  RunningForm(const RunningForm&) = delete;
+  RunningForm& operator=(const RunningForm&) = delete;
+
+ private:
+  std::vector<Form*>& running_;
+};
+
 /// Milliseconds until a moment, rounded up: a tick is never early.
 DWORD MillisecondsUntil(Instant due, Instant now) {
   if (due <= now) return 0;
@@ -39,7 +65,9 @@ Win32FormHost::Win32FormHost(Clock& clock, VirtualClock* virtualClock)
   SetWindowLongPtrW(pump_.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(PumpProcedure));
 }
 
-Win32FormHost::~Win32FormHost() = default;
+Win32FormHost::~Win32FormHost() {
+  Win32FormView::UnregisterClasses();
+}
 
 std::unique_ptr<FormView> Win32FormHost::CreateView(Form& form) {
   return std::make_unique<Win32FormView>(form, *this);
@@ -106,6 +134,7 @@ bool Win32FormHost::Dispatch(MSG& message) {
 
 void Win32FormHost::RunModal(Form& form) {
   const PreciseTimers precise;
+  const RunningForm running(running_, form);
   while (form.IsShown()) {
     MSG message;
     if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
@@ -113,15 +142,23 @@ void Win32FormHost::RunModal(Form& form) {
         form.Unload();
         return;
       }
-    } else if (!FireDue()) {
+    } else if (form.IsShown() && !FireDue()) {  // a message that was sent comes within the call, and is none of these
       Wait();
     }
     if (form.IsShown() && virtualClock_ == nullptr) FireDue();  // a flood of messages delays no tick
   }
 }
 
+void Win32FormHost::EndSession() {
+  // Their loops end when this message is over.
+  for (std::size_t left = running_.size(); left > 0; --left) {
+    running_[left - 1]->CloseByUser();
+    running_[left - 1]->Unload();  // also what cannot be closed just now: there is no later
+  }
+}
+
 void Win32FormHost::KeepAlive() {
-  ticking_ = false;
+  const TickPause pause(ticking_);
   MSG message;
   // A bounded number: a window that is never quiet must not stop the work.
   for (int count = 0; count < 200 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_NOYIELD) != 0; ++count) {
@@ -135,7 +172,6 @@ void Win32FormHost::KeepAlive() {
     // Keys and clicks made meanwhile would act on a form that is not ready for them; Esc is asked for by its state.
     if (!input) DispatchMessageW(&message);
   }
-  ticking_ = true;
 }
 
 }  // namespace chartproject::win32

@@ -1,6 +1,8 @@
 // Shows forms in native windows and turns their messages and timers on the host's thread.
 #pragma once
 
+#include <vector>
+
 #include "forms/form_host.h"
 #include "platform/headless/virtual_clock.h"
 #include "platform/win32/gdiplus_renderer.h"
@@ -22,6 +24,9 @@ class Win32FormHost : public FormHost {
   void TimersChanged() override;
 
   [[nodiscard]] GdiplusFonts& Fonts() noexcept { return fonts_; }
+  /// Closes every form whose loop runs, the upper ones first: the user's session ends, and this process with it as soon
+  /// as its windows were told.
+  void EndSession();
 
  private:
   static LRESULT CALLBACK PumpProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept;
@@ -34,8 +39,9 @@ class Win32FormHost : public FormHost {
   GdiplusSession gdiplus_;
   GdiplusFonts fonts_;
   GdiplusRenderer renderer_{fonts_};
-  OwnedWindow pump_;     ///< ticks while a loop of the system's runs: message boxes, menus, a window being dragged
-  bool ticking_ = true;  ///< false during KeepAlive, which raises no tick
+  OwnedWindow pump_;  ///< ticks while a loop of the system's runs: message boxes, menus, a window being dragged
+  std::vector<Form*> running_;  ///< forms whose loop runs, the upper ones last
+  bool ticking_ = true;         ///< false during KeepAlive, which raises no tick
 };
 
 }  // namespace chartproject::win32

@@ -16,10 +16,7 @@ namespace {
 /// The form's window around a window; null when it is none of ours.
 Win32FormView* ViewOf(HWND window) {
   const HWND top = GetAncestor(window, GA_ROOT);
-  wchar_t name[32];
-  if (top == nullptr || GetClassNameW(top, name, 32) == 0 || std::wstring_view(name) != L"ChartProjectForm") {
-    return nullptr;
-  }
+  if (top == nullptr || FormBelow(top) != top) return nullptr;
   return reinterpret_cast<Win32FormView*>(GetWindowLongPtrW(top, GWLP_USERDATA));
 }
 

@@ -218,6 +218,7 @@ void Win32FormView::PlaceChanged() {
 void Win32FormView::DpiChanged(WPARAM word, const RECT& suggested) {
   context_.scale = LOWORD(word) / 96.0;
   MakeFont();
+  LimitToolTips();
   for (const auto& [control, widget] : widgets_) {
     SendMessageW(widget->Window(), WM_SETFONT, reinterpret_cast<WPARAM>(context_.font), FALSE);
   }
@@ -242,7 +243,10 @@ void Win32FormView::EnableOthers() {
 }
 
 void Win32FormView::Show() {
-  if (window_ == nullptr) return;
+  if (window_ == nullptr) {
+    form_.Unload();
+    return;
+  }
   DisableOthers();
   GrowToLayout();  // texts may have come between loading and showing
   shownOnce_ = true;

@@ -1,11 +1,10 @@
-// The window of a form: making it, showing properties, taking input.
+// A form in its window: showing properties, taking input.
 #include "platform/win32/win32_form_view.h"
 
-#include "platform/win32/com_module.h"
-#include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/widget_types.h"
 #include "platform/win32/win32_form_host.h"
+#include "platform/win32/win32_help.h"
 
 #include <commctrl.h>
 
@@ -13,28 +12,8 @@ namespace chartproject::win32 {
 
 namespace {
 
-constexpr const wchar_t* kFormClass = L"ChartProjectForm";
 constexpr UINT kLostFocusMessage = WM_APP + 1;  // a control lost the focus; raised when the change of focus is over
 constexpr UINT kFocusGoneMessage = WM_APP + 2;  // the control with the focus cannot hold it any more
-constexpr int kToolTipWidth = 360;              // in the layout's pixels; longer texts are wrapped
-
-void RegisterClasses(WNDPROC formProcedure) {
-  WNDCLASSEXW form{};
-  form.cbSize = sizeof form;
-  form.lpfnWndProc = formProcedure;
-  form.hInstance = ThisModule();
-  form.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  form.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  form.lpszClassName = kFormClass;
-  RegisterClassExW(&form);  // again for each form: the second time the system only says that it is there
-  WNDCLASSEXW drawn{};
-  drawn.cbSize = sizeof drawn;
-  drawn.lpfnWndProc = DefWindowProcW;
-  drawn.hInstance = ThisModule();
-  drawn.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  drawn.lpszClassName = kDrawnClass;
-  RegisterClassExW(&drawn);
-}
 
 constexpr Property kShownProperties[] = {
     Property::kList,    Property::kListIndex, Property::kRange,       Property::kValue,   Property::kText,
@@ -48,48 +27,6 @@ bool Within(const Control& control, const Control& container) {
 }
 
 }  // namespace
-
-Win32FormView::Win32FormView(Form& form, Win32FormHost& host)
-    : form_(form), host_(host), context_{nullptr, nullptr, SystemScale(), host.Fonts()} {
-  const ThemedControls themed;
-  RegisterClasses(FormProcedure);
-  window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kFormClass, ToWide(form.Caption()).c_str(),
-                            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 100, 100,
-                            GetActiveWindow(), nullptr, ThisModule(), this);
-  if (window_ == nullptr) throw RunTimeError(error_number::kInvalidProcedureCall, "The window could not be made");
-  context_.formWindow = window_;
-  MakeFont();
-  toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
-                              0, window_, nullptr, nullptr, nullptr);
-  SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, Dots(kToolTipWidth));
-  const Control* before = nullptr;
-  for (Control* control : form.Controls()) {
-    std::unique_ptr<Widget> widget = MakeWidget(*control, context_);
-    if (!widget) continue;
-    // Arrow keys move within a run of buttons or boxes, never out of it.
-    const bool sameGroup = before != nullptr && before->TypeName() == control->TypeName() && control->HasCaption();
-    if (control->TabStop()) {
-      const LONG_PTR style = GetWindowLongPtrW(widget->Window(), GWL_STYLE);
-      SetWindowLongPtrW(widget->Window(), GWL_STYLE, sameGroup ? style : style | WS_GROUP);
-      before = control;
-    }
-    byWindow_[widget->Window()] = widget.get();
-    SetWindowSubclass(widget->Window(), ControlProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
-    widgets_[control] = std::move(widget);
-  }
-  ApplyAll();
-  GrowToLayout();
-}
-
-Win32FormView::~Win32FormView() {
-  EnableOthers();
-  // The form and its controls are gone or going: no message may reach them from here on.
-  for (const auto& [window, widget] : byWindow_) RemoveWindowSubclass(window, ControlProcedure, 1);
-  if (window_ != nullptr) {
-    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-    DestroyWindow(window_);
-  }
-}
 
 Widget* Win32FormView::WidgetOf(HWND window) const {
   const auto found = byWindow_.find(window);
@@ -194,6 +131,7 @@ LRESULT CALLBACK Win32FormView::FormProcedure(HWND window, UINT message, WPARAM 
     const auto* create = reinterpret_cast<const CREATESTRUCTW*>(data);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
   }
+  if (message == WM_DESTROY) EndHelpOf(window);
   auto* view = reinterpret_cast<Win32FormView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (view == nullptr || view->window_ == nullptr) return DefWindowProcW(window, message, word, data);
   try {
@@ -249,6 +187,7 @@ LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
     case WM_HELP:
       return 0;  // F1 came as a key already
     case WM_CLOSE:
+      if (IsWindowEnabled(window_) == 0) return 0;  // a box or a form above it is to be answered first
       DeliverFocusLeave();
       form_.CloseByUser();
       return 0;
@@ -265,9 +204,13 @@ LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
     case WM_DPICHANGED:
       DpiChanged(word, *reinterpret_cast<const RECT*>(data));
       return 0;
-    case WM_NCDESTROY:
-      window_ = nullptr;  // its owner took it along
+    case WM_ENDSESSION:
+      if (word == FALSE) return 0;  // somebody objected
+      host_.EndSession();
+      form_.Unload();
       return 0;
+    case WM_NCDESTROY:
+      return WindowGone();
     default:
       break;
   }
@@ -307,16 +250,26 @@ void Win32FormView::ShowIcon() {
   std::swap(smallIcon_, small);
 }
 
-bool Win32FormView::ShowCursor(Widget* under) const {
+bool Win32FormView::ShowCursor(Widget* under) {
   if (form_.Pointer() == MousePointer::kHourglass) {
     SetCursor(LoadCursorW(nullptr, IDC_WAIT));
     return true;
   }
   if (under == nullptr || under->Owner().Pointer() != MousePointer::kCustom) return false;
-  const HCURSOR fromFile =
-      form_.ButtonCursorFile().empty() ? nullptr : LoadCursorFromFileW(ToWide(form_.ButtonCursorFile()).c_str());
-  SetCursor(fromFile != nullptr ? fromFile : LoadCursorW(nullptr, IDC_HAND));
+  SetCursor(ButtonCursor());
   return true;
+}
+
+/// Asked for at each move of the mouse: loaded once, also when that failed.
+HCURSOR Win32FormView::ButtonCursor() {
+  const std::string& file = form_.ButtonCursorFile();
+  if (file != buttonCursorFile_) {
+    buttonCursorFile_ = file;
+    OwnedCursor loaded(file.empty() ? nullptr : LoadCursorFromFileW(ToWide(file).c_str()));
+    SetCursor(nullptr);  // the former one may show still
+    std::swap(buttonCursor_, loaded);
+  }
+  return buttonCursor_ ? buttonCursor_.Get() : LoadCursorW(nullptr, IDC_HAND);
 }
 
 LRESULT CALLBACK Win32FormView::ControlProcedure(HWND window, UINT message, WPARAM word, LPARAM data, UINT_PTR /*id*/,

@@ -16,8 +16,12 @@ class Win32FormHost;
 /// Dots of the screen to a layout pixel.
 [[nodiscard]] double SystemScale();
 
+/// The form that a window is, or that owns it; null when there is none.
+[[nodiscard]] HWND FormBelow(HWND window) noexcept;
+
 class Win32FormView : public FormView, private ControlMeasurer {
  public:
+  /// Throws RunTimeError when the window or one of a control cannot be made.
   Win32FormView(Form& form, Win32FormHost& host);
   ~Win32FormView() override;
   Win32FormView(const Win32FormView&) = delete;
@@ -32,8 +36,13 @@ class Win32FormView : public FormView, private ControlMeasurer {
   /// Keys of forms (Enter, Esc, F1, Tab, access keys) and the wheel, before a message reaches its window.
   /// True when that is settled.
   static bool Translate(MSG& message) noexcept;
+  /// Takes the window classes back, which would call into this module after it is unloaded. Those that still have
+  /// windows stay until the next call.
+  static void UnregisterClasses() noexcept;
 
  private:
+  struct Unmade {};
+  Win32FormView(Form& form, Win32FormHost& host, Unmade unmade);
   static LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept;
   static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM word, LPARAM data, UINT_PTR id,
                                            DWORD_PTR widget) noexcept;
@@ -41,6 +50,9 @@ class Win32FormView : public FormView, private ControlMeasurer {
   bool ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result);
   [[nodiscard]] Widget* WidgetOf(HWND window) const;
   [[nodiscard]] Widget* WidgetOf(const Control& control) const;
+  void MakeWindow();
+  void MakeWidgets();
+  void LimitToolTips();
 
   // Keys, wheel and focus (win32_form_keys.cpp).
   bool Taken(MSG& message);
@@ -63,7 +75,8 @@ class Win32FormView : public FormView, private ControlMeasurer {
 
   // Input.
   void CommandFrom(Widget& widget, WORD code);
-  bool ShowCursor(Widget* under) const;
+  bool ShowCursor(Widget* under);
+  [[nodiscard]] HCURSOR ButtonCursor();
   void SetToolTip(Widget& widget);
 
   // Layout and place (win32_form_place.cpp).
@@ -87,6 +100,7 @@ class Win32FormView : public FormView, private ControlMeasurer {
   [[nodiscard]] double HeightForWidth(const Control& control, double width) const override;
   [[nodiscard]] Insets ContainerInsets(const Control& container) const override;
 
+  LRESULT WindowGone();
   void DisableOthers();
   void EnableOthers();
 
@@ -96,6 +110,8 @@ class Win32FormView : public FormView, private ControlMeasurer {
   OwnedFont font_;
   OwnedIcon icon_;
   OwnedIcon smallIcon_;
+  OwnedCursor buttonCursor_;
+  std::string buttonCursorFile_;  ///< where it came from, or should have
   HWND window_ = nullptr;
   HWND toolTips_ = nullptr;
   std::map<const Control*, std::unique_ptr<Widget>> widgets_;

@@ -4,11 +4,21 @@
 #include "platform/win32/system_error.h"
 #include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/win32_form_view.h"
 
 #include <shellapi.h>
 
 namespace chartproject::win32 {
+
+namespace {
+
+constexpr const wchar_t* kHelpShown = L"ChartProjectHelp";  // property of the form's window
+
+}  // namespace
+
+void EndHelpOf(HWND form) noexcept {
+  if (RemovePropW(form, kHelpShown) != nullptr) WinHelpW(form, nullptr, HELP_QUIT, 0);
+}
 
 void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   if (helpFile.empty()) return;
@@ -22,7 +32,10 @@ void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
     return;
   }
   const UINT command = context == 0 ? HELP_FINDER : HELP_CONTEXT;
-  if (WinHelpW(owner, name.c_str(), command, static_cast<ULONG_PTR>(context)) == 0) {
+  const HWND form = FormBelow(owner);  // stays longer than a box that asks
+  if (WinHelpW(form == nullptr ? owner : form, name.c_str(), command, static_cast<ULONG_PTR>(context)) != 0) {
+    if (form != nullptr) SetPropW(form, kHelpShown, form);
+  } else {
     ShellExecuteW(owner, nullptr, name.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
   }
 }

@@ -2,8 +2,12 @@
 #pragma once
 
 #include "platform/help.h"
+#include "platform/win32/windows_api.h"
 
 namespace chartproject::win32 {
+
+/// Lets the help viewer go, which waits for the form that asked for it. Nothing when the form did not.
+void EndHelpOf(HWND form) noexcept;
 
 class Win32Help : public Help {
  public:
