@@ -18,10 +18,10 @@ struct Language {
   std::string_view helpFile;
 };
 
-constexpr std::array<Language, 3> kLanguages{{
-    {"Portuguese", 0, "Kshelpp.HLP"},
-    {"English", 1000, "Kshelpe.HLP"},
-    {"Spanish", 2000, "Kshelps.HLP"},
+constexpr std::array<Language, kLanguageNames.size()> kLanguages{{
+    {kLanguageNames[0], 0, "Kshelpp.HLP"},
+    {kLanguageNames[1], 1000, "Kshelpe.HLP"},
+    {kLanguageNames[2], 2000, "Kshelps.HLP"},
 }};
 
 const Language* FindLanguage(std::string_view name) noexcept {

@@ -1,9 +1,15 @@
 // What the language setting and the user's locale decide: message texts, help file, the decimal separator.
 #pragma once
 
+#include <array>
+#include <string_view>
+
 namespace chartproject {
 
 struct Environment;
+
+/// The languages that strLanguage names.
+inline constexpr std::array<std::string_view, 3> kLanguageNames{"Portuguese", "English", "Spanish"};
 
 /// Sets the language base: 0 for strLanguage "Portuguese", 1000 for "English", 2000 for "Spanish", compared exactly.
 /// Any other text leaves the base as it is.

@@ -1,6 +1,8 @@
 // Filling the acquisition dialog as a user would: choosing in lists, typing in fields, pressing buttons.
 #include "host/acquire_request.h"
 
+#include <functional>
+
 #include "acquire/input_rules.h"
 #include "acquire/trigger_events.h"
 #include "common/numbers.h"
@@ -12,14 +14,15 @@ namespace {
 
 class FormFiller {
  public:
-  FormFiller(AcquireForm& form, const AcquireRequest& request, const std::function<int()>& boxesShown)
-      : form_(form), request_(request), boxesShown_(boxesShown) {}
+  FormFiller(AcquireForm& form, const AcquireRequest& request, const ConsoleDialogs& boxes)
+      : form_(form), request_(request), boxes_(boxes) {}
 
   void Fill() {
     form_.rtfFileName.SetText(request_.fileName);
     // A file that is already there brings its own settings along; the recording is to be the one that was asked for.
     form_.cmdReset.Press();
     if (!request_.address.empty()) ChooseDrive();
+    CheckDriver();
     ChooseParameters();
     if (request_.every) TypeTime();
     if (!request_.points.empty()) Type("--points", form_.txtNumberOfPoints, request_.points);
@@ -35,9 +38,12 @@ class FormFiller {
  private:
   /// Runs a step; a message box that it brings up is a refusal whose text the user has just read.
   void Asked(const std::string& what, const std::function<void()>& step) {
-    const int before = boxesShown_();
+    const int boxes = boxes_.Count();
+    const int errors = boxes_.ErrorCount();
     step();
-    if (boxesShown_() > before && !form_.Run().Active()) throw RefusedError(what + " was refused");
+    if (boxes_.Count() == boxes || form_.Run().Active()) return;
+    if (boxes_.ErrorCount() > errors) throw StepFailed(what + " failed");
+    throw RefusedError(what + " was refused");
   }
 
   void Type(const std::string& option, TextControl& field, const std::string& text) {
@@ -45,18 +51,31 @@ class FormFiller {
     if (field.Text() != text) throw RefusedError(option + ": \"" + text + "\" is not accepted");
   }
 
-  void Choose(const std::string& option, ComboBox& list, const std::string& item, const std::string& refusal) {
+  static int Find(const std::string& option, const ComboBox& list, const std::string& item,
+                  const std::string& refusal) {
     for (int index = 0; index < list.ListCount(); ++index) {
-      if (list.List(index) != item) continue;
-      Asked(option, [&] { list.SetListIndex(index); });
-      return;
+      if (list.List(index) == item) return index;
     }
     throw RefusedError(option + ": " + refusal);
   }
 
+  void Choose(const std::string& option, ComboBox& list, const std::string& item, const std::string& refusal) {
+    const int index = Find(option, list, item, refusal);
+    Asked(option, [&] { list.SetListIndex(index); });
+  }
+
   void ChooseDrive() {
     const std::string address = FormatDigits(ParseNumber(request_.address, "--address", 0, kLastDriveAddress), 2);
-    Choose("--address", form_.cboDriveAddress, address, "there is no drive " + address);
+    form_.cboDriveAddress.SetListIndex(
+        Find("--address", form_.cboDriveAddress, address, "there is no drive " + address));
+  }
+
+  /// A driver file may have told of faulty lines and be good for the rest; one that is missing leaves the lists empty.
+  void CheckDriver() {
+    const std::string drive = form_.cboDriveAddress.Text();
+    if (!drive.empty() && form_.cboPXXX1.ListCount() == 0) {
+      throw StepFailed("drive " + drive + ": there is no driver file that names its parameters");
+    }
   }
 
   void ChooseParameters() {
@@ -99,13 +118,13 @@ class FormFiller {
 
   AcquireForm& form_;
   const AcquireRequest& request_;
-  const std::function<int()>& boxesShown_;
+  const ConsoleDialogs& boxes_;
 };
 
 }  // namespace
 
-void FillAndStart(AcquireForm& form, const AcquireRequest& request, const std::function<int()>& boxesShown) {
-  FormFiller filler(form, request, boxesShown);
+void FillAndStart(AcquireForm& form, const AcquireRequest& request, const ConsoleDialogs& boxes) {
+  FormFiller filler(form, request, boxes);
   filler.Fill();
   filler.Press();
 }

@@ -8,6 +8,7 @@
 #include "common/numbers.h"
 #include "forms/form_host.h"
 #include "host/arguments.h"
+#include "host/chart_argument.h"
 #include "host/command.h"
 #include "platform/run_time_error.h"
 
@@ -15,7 +16,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr int kInvalidFileFormat = 321;
 constexpr int kMostPoints = 2'000'000'000;
 
 std::vector<std::string> SplitList(const std::string& text) {

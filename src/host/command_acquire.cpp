@@ -39,9 +39,8 @@ class HeadlessRecording {
     host.onShown = nullptr;
     host.onTick = nullptr;
     boxes.beforeBox = nullptr;
-    const bool failed = session_.Console().ErrorCount() > 0;
-    if (refusal_ && !failed) std::rethrow_exception(refusal_);
-    return failed ? ExitCode::kRunTimeError : Outcome();
+    if (refusal_) std::rethrow_exception(refusal_);
+    return Failed() ? ExitCode::kRunTimeError : Outcome();
   }
 
  private:
@@ -51,11 +50,12 @@ class HeadlessRecording {
     form->pointTaken = [this](const AcquisitionRun& run) { progress_.Show(run.Counter(), run.Plan().numberOfPoints); };
     form->runEnded = [this](const RunReport& report) { report_ = report; };
     try {
-      FillAndStart(*form, request_, [this] { return session_.Console().Count(); });
+      FillAndStart(*form, request_, session_.Console());
       if (form->Run().State() == RunState::kArmed) progress_.Note("waiting for " + request_.trigger);
-    } catch (const RefusedError&) {
+    } catch (const std::runtime_error&) {  // a refusal, or a step that failed
       refusal_ = std::current_exception();
     }
+    errorsBefore_ = session_.Console().ErrorCount();
     // Nothing was started: there is nothing to wait for.
     if (!form->Run().Active()) form->Unload();
   }
@@ -64,9 +64,13 @@ class HeadlessRecording {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
     // A handler that failed once fails at every tick: the points so far are kept, and the user has read why.
-    if (session_.Console().ErrorCount() > 0) form->StopRun();
+    if (Failed()) form->StopRun();
     if (!form->Run().Active()) form->Unload();
   }
+
+  /// A handler let an error out while the recording ran. What the dialog told before, for example of the selected
+  /// drive that another one has taken the place of, is no matter of the recording.
+  [[nodiscard]] bool Failed() const { return session_.Console().ErrorCount() > errorsBefore_; }
 
   [[nodiscard]] ExitCode Outcome() {
     const ChartWriteResult& written = report_.written;
@@ -77,7 +81,8 @@ class HeadlessRecording {
       return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
     }
     const bool lost = written.kind == ChartWriteResult::Kind::kFailed && written.keptFile.empty();
-    return lost ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
+    const bool nothing = report_.end == RunEnd::kFailed && report_.points == 0;
+    return lost || nothing ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
   }
 
   Session& session_;
@@ -85,7 +90,10 @@ class HeadlessRecording {
   Progress progress_;
   RunReport report_;
   std::exception_ptr refusal_;
+  int errorsBefore_ = 0;
 };
+
+constexpr int kMostGiven = 100;  // too many are refused with the dialog's reason, not by the parser
 
 class AcquireCommand : public Command {
  public:
@@ -95,7 +103,8 @@ class AcquireCommand : public Command {
     app->add_option("--file", request_.fileName, "chart file to write")->type_name("PATH");
     app->add_option("--parameters", request_.parameters, "one to four parameter numbers, for example 3,5")
         ->delimiter(',')
-        ->type_name("P,P,...");
+        ->expected(1, kMostGiven)
+        ->type_name("P[,P...]");
     app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)");
     app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)");
     app->add_option("--every", every_, "time between points: 200ms to 65535ms, 1s to 65s, or hh:mm:ss (default: 1s)")

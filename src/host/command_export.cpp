@@ -3,9 +3,9 @@
 
 #include <ostream>
 
-#include "acquire/chart_file.h"
 #include "chart/excel_export.h"
 #include "host/arguments.h"
+#include "host/chart_argument.h"
 #include "host/command.h"
 #include "host/progress.h"
 #include "host/session.h"
@@ -42,9 +42,11 @@ class ExportCommand : public Command {
   ExitCode Run(Session& session) override {
     Component& component = session.Instance().State();
     component.strChartFileName = FullName(file_);
-    if (ReadChartHeader(component).keys == 0) throw RefusedError(file_ + ": this is no chart file");
+    const std::string output = output_.empty() ? component.strChartFileName + ".xls" : FullName(output_);
+    RefuseOutputOnto(component.strChartFileName, output);
+    ReadHeaderOf(component.ports, component.strChartFileName, component.chartHeader);
     KeyboardSignals::Watch();
-    ExportRequest request{component.strChartFileName, FullName(output_), component.chartHeader};
+    ExportRequest request{component.strChartFileName, output, component.chartHeader};
     request.progress = [this, &session](std::uint64_t done, std::uint64_t total) {
       ShowProgress(session.Err(), done, total);
       return !session.ThePorts().keyboard.EscapePressed();

@@ -6,10 +6,11 @@
 
 #include "acquire/chart_file.h"
 #include "common/line_reader.h"
+#include "common/text.h"
 #include "host/arguments.h"
+#include "host/chart_argument.h"
 #include "host/command.h"
 #include "host/session.h"
-#include "platform/run_time_error.h"
 
 namespace chartproject {
 
@@ -34,20 +35,15 @@ void CountRows(FileSystem& files, const std::string& name, ChartInfo& info) {
   LineReader lines(*file);
   TextLine line;
   while (lines.Next(line)) {
-    if (!line.cut && SplitRow(line.text)) {
-      ++info.rows;
-    } else if (line.text.find_first_not_of(' ') != std::string_view::npos && line.text.front() != '\'') {
-      ++info.malformed;
-    }
+    const std::string_view text = Trim(line.text);
+    if (text.empty() || text.front() == '\'') continue;  // a comment may hold what looks like a point
+    ++(!line.cut && SplitRow(text) ? info.rows : info.malformed);
   }
 }
 
 ChartInfo ReadInfo(Ports& ports, const std::string& name) {
   ChartInfo info;
-  const auto file = ports.files.OpenForReading(name);
-  if (ReadChartHeader(*file, ports.codePage, info.header).keys == 0) {
-    throw RunTimeError(error_number::kPathFileAccess, name + ": this is no chart file");
-  }
+  ReadHeaderOf(ports, name, info.header);
   CountRows(ports.files, name, info);
   return info;
 }

@@ -7,6 +7,7 @@
 #include "common/numbers.h"
 #include "drive/driver_file.h"
 #include "host/arguments.h"
+#include "host/chart_argument.h"
 #include "host/chart_picture.h"
 #include "host/command.h"
 #include "host/session.h"
@@ -31,6 +32,7 @@ class PrintCommand : public Command {
 
   ExitCode Run(Session& session) override {
     const ChartPictureOptions::Choice choice = options_.Parse();
+    if (!output_.empty()) RefuseOutputOnto(FullName(file_), FullName(output_));
     Windows& windows = session.UseWindows(WindowsMode::kOffscreen);
     if (!output_.empty()) windows.PrintToFile(FullName(output_));
     Component& component = session.Instance().State();

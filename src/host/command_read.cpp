@@ -46,18 +46,20 @@ class ReadCommand : public Command {
     component.driveLink->OpenLink(ignored);
     ExitCode code = ExitCode::kDone;
     for (const std::int16_t number : numbers) {
-      session.Out() << "P" << FormatDigits(number, 3) << " ";
-      // A recording keeps "0" for a drive that does not answer; here the user is told.
-      if (ReadOrdinary(component, number)) {
-        session.Out() << ReadColumnText(component, number) << "\n";
-      } else {
-        session.Out() << "no answer\n";
-        code = ExitCode::kRunTimeError;
-      }
+      const std::string text = ReadText(component, number);
+      if (text.empty()) code = ExitCode::kRunTimeError;
+      session.Out() << "P" << FormatDigits(number, 3) << " " << (text.empty() ? "no answer" : text) << "\n";
     }
     component.driveLink->CloseLink();
     component.driveLink.reset();
     return code;
+  }
+
+  /// What a recording keeps; empty for a drive that does not answer, where a recording keeps "0".
+  static std::string ReadText(Component& component, std::int16_t number) {
+    std::string text;
+    if (ReadSpecialParameter(component, number, text)) return text;
+    return ReadOrdinary(component, number) ? ReadColumnText(component, number) : std::string();
   }
 
   std::string address_;

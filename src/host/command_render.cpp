@@ -1,9 +1,11 @@
 // render FILE --output PNG: the chart of a slice as a picture file, drawn without a display.
 #include "host/arguments.h"
+#include "host/chart_argument.h"
 #include "host/chart_picture.h"
 #include "host/command.h"
 #include "host/png_file.h"
 #include "host/session.h"
+#include "platform/posix/part_file.h"
 
 namespace chartproject {
 
@@ -26,13 +28,19 @@ class RenderCommand : public Command {
   ExitCode Run(Session& session) override {
     const ChartPictureOptions::Choice choice = options_.Parse();
     const Size size = ParseSize();
+    const std::string chartFile = FullName(file_);
+    const std::string output = FullName(output_);
+    RefuseOutputOnto(chartFile, output);
     ChartPictureForm form(session.UseWindows(WindowsMode::kOffscreen).Forms(), size);
     ChartHeader header;
-    form.Build(session.ThePorts(), FullName(file_), choice, header);
+    form.Build(session.ThePorts(), chartFile, choice, header);
     const std::string png = PngBytes(form.Picture(1));
-    const auto file = session.ThePorts().files.Create(FullName(output_));
+    // A picture that had the name is there until the new one is complete.
+    PartFile part(output);
+    const auto file = session.ThePorts().files.Create(part.Name());
     file->Write(png);
     file->FlushAndClose();
+    part.Commit();
     return ExitCode::kDone;
   }
 

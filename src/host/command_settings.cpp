@@ -1,9 +1,14 @@
 // settings [SECTION.KEY [VALUE]]: lists, shows and sets the shared settings, straight in the store, so that a setting
 // that is no longer readable can be put right.
+#include <algorithm>
 #include <array>
 #include <ostream>
+#include <string_view>
 #include <utility>
+#include <variant>
+#include <vector>
 
+#include "common/language.h"
 #include "common/settings_table.h"
 #include "host/command.h"
 #include "host/session.h"
@@ -29,6 +34,27 @@ FoundSetting Find(const std::string& name) {
 
 std::string StoredText(SettingsStore& store, const SettingsSection& section, const SettingRow& row) {
   return store.Read(section.name, row.key).value_or(std::string(row.defaultText));
+}
+
+/// The texts that a setting may have; empty for one that takes any.
+std::vector<std::string_view> Choices(const SettingRow& row) {
+  if (row.key == "strLanguage") return {kLanguageNames.begin(), kLanguageNames.end()};
+  if (row.defaultText == "Yes" || row.defaultText == "No") return {"Yes", "No"};
+  return {};
+}
+
+/// Only digits: a locale's grouping mark would make 15 of "1.5". Throws RefusedError.
+void CheckValue(const std::string& name, const SettingRow& row, const std::string& text) {
+  const bool isNumber = std::holds_alternative<std::int16_t Settings::*>(row.field) ||
+                        std::holds_alternative<std::int32_t Settings::*>(row.field);
+  const std::size_t digits = text.starts_with('-') ? 1 : 0;
+  const bool whole = text.size() > digits && text.find_first_not_of("0123456789", digits) == std::string::npos;
+  if (isNumber && !whole) throw RefusedError(name + ": \"" + text + "\" is no whole number");
+  const std::vector<std::string_view> choices = Choices(row);
+  if (choices.empty() || std::ranges::find(choices, text) != choices.end()) return;
+  std::string listed;
+  for (const std::string_view choice : choices) listed += (listed.empty() ? "" : ", ") + std::string(choice);
+  throw RefusedError(name + ": \"" + text + "\" is none of " + listed);
 }
 
 class SettingsCommand : public Command {
@@ -65,6 +91,7 @@ class SettingsCommand : public Command {
   }
 
   void Set(Session& session, SettingsStore& store, const FoundSetting& found) const {
+    CheckValue(name_, found.row, text_);
     Settings checked;
     try {
       SetSetting(checked, found.section, found.row, text_, session.ThePorts().locale.Numbers());

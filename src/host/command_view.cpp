@@ -1,7 +1,11 @@
 // view FILE: the chart window.
+#include <exception>
+
 #include "host/arguments.h"
+#include "host/chart_argument.h"
 #include "host/command.h"
 #include "host/session.h"
+#include "platform/run_time_error.h"
 
 namespace chartproject {
 
@@ -17,8 +21,18 @@ class ViewCommand : public Command {
 
   ExitCode Run(Session& session) override {
     session.UseWindows(WindowsMode::kScreen);
-    session.Instance().CreateChart(FullName(file_));
+    const std::string name = FullName(file_);
+    // The window tells its user of a file that it cannot show; a script learns it from the exit code.
+    std::exception_ptr fault;
+    try {
+      ChartHeader ignored;
+      ReadHeaderOf(session.ThePorts(), name, ignored);
+    } catch (const RunTimeError&) {
+      fault = std::current_exception();
+    }
+    session.Instance().CreateChart(name);
     session.Release();
+    if (fault) std::rethrow_exception(fault);
     return ExitCode::kDone;
   }
 

@@ -23,7 +23,13 @@ constexpr const char* kFooter =
     "  0  done\n"
     "  1  run-time error\n"
     "  2  refused, or wrong usage\n"
-    "  3  a recording ended early (Esc, Ctrl-C, SIGTERM, full disk); the points taken are kept";
+    "  3  a recording ended early (Esc, Ctrl-C, SIGTERM, full disk), the points taken are kept; or an export was "
+    "stopped,\n"
+    "     no file was written";
+
+constexpr const char* kCommandFooter =
+    "The program's own options (--profile, --link, --clock, --start, --answer) go before the command or behind it;\n"
+    "\"chartproject --help\" explains them.";
 
 /// The global options as they are parsed.
 struct RawOptions {
@@ -37,14 +43,16 @@ struct RawOptions {
 void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--profile", raw.profile, "Folder that keeps the settings (default: the user's configuration folder)")
       ->type_name("DIR");
-  app.add_option("--link", raw.link, "Drives: sim (simulated machines) or scenario:FILE (replays a script)")
+  app.add_option("--link", raw.link,
+                 "Drives: sim (simulated machines, the default) or scenario:FILE (replays a script)")
       ->type_name("sim|scenario:FILE");
-  app.add_option("--clock", raw.clock, "real, or virtual: jumps from tick to tick, so that hours take moments")
+  app.add_option("--clock", raw.clock,
+                 "real (default), or virtual: jumps from tick to tick, so that hours take moments")
       ->check(CLI::IsMember({"real", "virtual"}).description(""))
       ->type_name("real|virtual");
   app.add_option("--start", raw.start, "Local time at which the virtual clock starts, \"2026-01-31 08:00:00\"")
       ->type_name("TIME");
-  app.add_option("--answer", raw.answer, "Answer to every question")
+  app.add_option("--answer", raw.answer, "Answer to every question (default: no)")
       ->check(CLI::IsMember({"yes", "no"}).description(""))
       ->type_name("yes|no");
 }
@@ -90,7 +98,7 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
   for (const auto& command : commands) subcommands.push_back(command->AddTo(app));
   app.footer(kFooter);  // only now: every subcommand would show it too
   // Global options are understood behind the command as well.
-  for (CLI::App* const subcommand : app.get_subcommands({})) subcommand->fallthrough();
+  for (CLI::App* const subcommand : app.get_subcommands({})) subcommand->fallthrough()->footer(kCommandFooter);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

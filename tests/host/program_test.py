@@ -103,6 +103,9 @@ class ProgramTest(unittest.TestCase):
     # Refusals and errors. ------------------------------------------------------------------------------------------
 
     def test_what_the_dialog_refuses_is_told_and_ends_with_2(self):
+        self.put("own.cht", "[INFO]\r\nScan Time=1\r\n[TIME/CONTENT]\r\n")
+        os.link(self.folder / "own.cht", self.folder / "hard.cht")
+        os.symlink("own.cht", self.folder / "soft.cht")
         file = ["--file", "run.cht"]
         record = ["acquire", "--parameters", "3", *file]
         range_text = "[Kestrel v5.60] Value out of range !"
@@ -122,22 +125,38 @@ class ProgramTest(unittest.TestCase):
             (["acquire", *file, "--parameters", "3,3,3,3,3"], "one to four parameters"),
             (["acquire", *file], "give both --file and --parameters"),
             (["settings", "MyConf.none"], 'no setting "MyConf.none"'),
-            (["settings", "MyConf.intTrials", "many"], "MyConf.intTrials"),
+            *((["settings", f"MyConf.{key}", value], f'MyConf.{key}: "{value}" is no')
+              for key, value in (("intTrials", "1.5"), ("strLanguage", "english"), ("strGrid", "yes"))),
+            (["settings", "MyConf.intTrials", "99999"], "Overflow: setting MyConf.intTrials"),
+            *((["export", chart, "--output", output, "--answer", "yes"], "is the chart file itself")
+              for chart, output in (("own.cht", "hard.cht"), ("soft.cht", "own.cht"))),
             (["read", 9, 3], "no drive at address 09"), (["fly"], "fly")]
         for arguments, text in cases:
             self.assertIn(text, self.run_program(*arguments, expected=2).stderr, arguments)
             self.assertFalse((self.folder / "run.cht").exists())
+        self.assertEqual((self.folder / "hard.cht").stat().st_nlink, 2)
+
+    def test_faults_of_driver_files_stop_only_the_drives_that_need_them(self):
+        (self.folder / "KRA09V240E.wcd").unlink()
+        with (self.folder / "TSR05V10E.wcd").open("a") as driver:
+            driver.write("no line\r\n")
+        self.assertIn("drive 01: there is no driver file", self.acquire(3, expected=1).stderr)
+        done = self.run_program("acquire", "--address", 2, "--parameters", 3, "--file", "run.cht", expected=0)
+        self.assertIn("Error in line 4", done.stderr)
 
     def test_run_time_errors_name_their_file_and_end_with_1(self):
         self.put("bad.txt", "at 0 01 P003 1\nat soon 01 P005 2\n")
         self.put("rubbish.cht", "\x00\x01\n" * 100)
+        (self.folder / "run.cht.tcf0").mkdir()
         cases = [
             (["acquire", "--parameters", 3, "--file", "none/run.cht"], {}, "none/run.cht"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:none.txt"}, "none.txt"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:bad.txt"}, "at soon 01 P005 2"),
             (["acquire", "--parameters", 3, "--file", "profile"], {}, "this is a folder"),
             (["info", "none.cht"], {}, "none.cht"),
-            (["info", "rubbish.cht"], {}, "no chart file"),
+            (["info", "rubbish.cht"], {}, "Not a chart file"),
+            (["export", "rubbish.cht"], {}, "Not a chart file"),
+            (["acquire", "--parameters", 3, "--points", 3000, "--file", "run.cht"], {}, "run.cht.tcf0: Is a directory"),
             (["info", "."], {}, "directory"),
         ]
         for arguments, options, text in cases:
@@ -176,10 +195,14 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(self.run_program("read", 1, 3, 5, 77, expected=1).stdout,
                          "P003 1.50\nP005 50.25\nP077 no answer\n")
         self.assertIn("02       TSR-05      1.0", self.run_program("drives").stdout)
+        self.put("drive02.txt", "Type=KRA-08\r\nFirmware Version=1.0\r\n")
+        self.put("KRA08V10E.wcd", "")
+        self.put("power.txt", "at 0 02 P005 50\nat 0 02 P208 30\n")
+        self.assertEqual(self.run_program("read", 2, 2, link="scenario:power.txt").stdout, "P002 1500.00\n")
         self.acquire(3)
         told = json.loads(self.run_program("info", "run.cht", "--json").stdout)
         self.assertEqual((told["rows"], told["malformedLines"], told["header"]["PXXX2"]), (3, 0, "005"))
-        self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n' note\r\n08:0")
+        self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n  ' 1#2#3####\r\n08:0")
         self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
 
     def test_messages_follow_the_language(self):

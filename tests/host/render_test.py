@@ -45,6 +45,9 @@ class RenderTest(unittest.TestCase):
                 ("none.cht", (), 1, "none.cht"), ("bad.cht", (), 1, "rubbish")]:
             done, _ = self.render(name, *options)
             self.assertEqual((done.returncode, text in done.stderr), (code, True), (options, done.stderr))
+        before = (self.folder / "one.cht").read_bytes()
+        os.link(self.folder / "one.cht", self.folder / "out.png")
+        self.assertEqual((self.render("one.cht")[0].returncode, (self.folder / "one.cht").read_bytes()), (2, before))
 
 
 unittest.main()

@@ -77,7 +77,9 @@ class PrintTest(unittest.TestCase):
         done = self.program("print", "page.cht", "--output", "cut.pdf", before=limit)
         self.assertEqual(done.returncode, 1, done.stderr)
         self.assertEqual(list(self.folder.glob("cut.pdf*")), [])
-        self.assertEqual(self.program("print", "page.cht", "--first", "26", "--output", "x.pdf").returncode, 2)
+        for more in (("--first", "26", "--output", "x.pdf"), ("--output", "page.cht")):
+            self.assertEqual(self.program("print", "page.cht", *more).returncode, 2)
+        self.assertEqual(self.program("info", "page.cht").returncode, 0)
 
 
 if __name__ == "__main__":

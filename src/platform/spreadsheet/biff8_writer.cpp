@@ -11,11 +11,11 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform/posix/part_file.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/posix_path.h"
 #include "platform/run_time_error.h"
 #include "platform/spreadsheet/biff8_records.h"
-#include "platform/spreadsheet/part_file.h"
 
 namespace chartproject {
 

@@ -5,9 +5,9 @@
 #include <charconv>
 #include <cstdio>
 
+#include "platform/posix/part_file.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/posix_path.h"
-#include "platform/spreadsheet/part_file.h"
 
 namespace chartproject {
 

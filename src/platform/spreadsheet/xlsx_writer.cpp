@@ -5,10 +5,10 @@
 
 #include <cerrno>
 
+#include "platform/posix/part_file.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/posix_path.h"
 #include "platform/run_time_error.h"
-#include "platform/spreadsheet/part_file.h"
 
 namespace chartproject {
 

@@ -1,5 +1,5 @@
 // Flush, rename, or remove.
-#include "platform/spreadsheet/part_file.h"
+#include "platform/posix/part_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,7 +16,9 @@ namespace chartproject {
 PartFile::PartFile(const std::string& target) : target_(PosixPath(target)), partName_(target_ + ".part") {
   // A rename would put the file in the place of a device or a folder's link.
   struct stat existing {};
-  if (stat(target_.c_str(), &existing) == 0 && !S_ISREG(existing.st_mode)) throw FileError(EISDIR, target_);
+  if (stat(target_.c_str(), &existing) == 0 && !S_ISREG(existing.st_mode)) {
+    throw RunTimeError(error_number::kPathFileAccess, target_ + ": this is no plain file");
+  }
 }
 
 PartFile::~PartFile() {
