@@ -163,6 +163,10 @@ constexpr std::array kTexts{
         "Um projeto com drives simulados foi criado em %1. Escolha Registrar para começar.",
         "A project with simulated drives was made in %1. Choose Record to begin.",
         "Se creó un proyecto con drives simulados en %1. Elija Registrar para empezar."},
+    ExtraTextRow{ExtraText::kStartSettingsReplaced,
+        "Estas configurações apontam agora para o novo projeto. Seus valores anteriores:",
+        "These settings now point at the new project. Their former values:",
+        "Estas configuraciones apuntan ahora al nuevo proyecto. Sus valores anteriores:"},
 };
 // clang-format on
 

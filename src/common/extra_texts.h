@@ -29,7 +29,7 @@ enum class ExtraText : std::uint8_t {
   kPointsPerDivision,   ///< "Points per division: %1"
   kReadingFile,         ///< "Reading the file: %1 % (Esc stops)"
   kReadingStopped,      ///< "Stopped. The chart stays where it was."
-  kFewerPoints,         ///< the file holds %1 points, %2 fewer than its header names
+  kFewerPoints,         ///< the file holds %1 points, its header names %2
   kMorePoints,          ///< the file goes on behind point %1, the last one of its header
   kUnknownPoints,       ///< the header names no number of points; the file holds %1
   kUnknownSeries,       ///< the header names no 1 to 4 parameters; %1 columns are shown
@@ -45,8 +45,9 @@ enum class ExtraText : std::uint8_t {
   kStartClose,
   kStartLanguage,
   kStartSound,
-  kStartChartFiles,   ///< "Chart files", before the pattern in the file dialog
-  kStartProjectMade,  ///< "A project with simulated drives was made in %1."
+  kStartChartFiles,        ///< "Chart files", before the pattern in the file dialog
+  kStartProjectMade,       ///< "A project with simulated drives was made in %1."
+  kStartSettingsReplaced,  ///< heading of a list of settings and their former values
   kCount
 };
 

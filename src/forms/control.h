@@ -88,7 +88,7 @@ class Control {
   [[nodiscard]] virtual bool TabStop() const noexcept { return false; }
   void SetFocus();
 
-  /// Where the layout put the control, relative to its container; set by Form::ArrangeControls.
+  /// Where the layout put the control, relative to its container; set by Arrange.
   [[nodiscard]] const Rect& Place() const noexcept { return place_; }
   void SetPlace(const Rect& place) noexcept { place_ = place; }
 

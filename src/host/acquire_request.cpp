@@ -71,7 +71,7 @@ class FormFiller {
   }
 
   /// A driver file may have told of faulty lines and be good for the rest; one that is missing leaves the lists empty.
-  void CheckDriver() {
+  void CheckDriver() const {
     const std::string drive = form_.cboDriveAddress.Text();
     if (!drive.empty() && form_.cboPXXX1.ListCount() == 0) {
       throw StepFailed("drive " + drive + ": there is no driver file that names its parameters");

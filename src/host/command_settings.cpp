@@ -29,7 +29,7 @@ FoundSetting Find(const std::string& name) {
       if (name == std::string(section->name) + "." + row.key) return {*section, row};
     }
   }
-  throw RefusedError("there is no setting \"" + name + "\"; \"chartproject settings\" lists them");
+  throw RefusedError("there is no setting \"" + name + R"("; "chartproject settings" lists them)");
 }
 
 std::string StoredText(SettingsStore& store, const SettingsSection& section, const SettingRow& row) {

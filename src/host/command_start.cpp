@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "common/extra_texts.h"
+#include "common/message_box.h"
 #include "common/text.h"
 #include "host/command.h"
 #include "host/project_maker.h"
@@ -27,15 +28,25 @@ class StartCommand : public Command {
     session.UseWindows(WindowsMode::kScreen);
     Ports& ports = session.ThePorts();
     const bool first = ports.settings.Read("MyProject", "strMainFile").value_or("").empty();
-    std::string madeIn;
+    ProjectReport made;
     if (first) {
-      madeIn = MakeProject(ports.files, ports.settings, ports.codePage, FirstProjectFolder(session.Options())).folder;
+      made = MakeProject(ports.files, ports.settings, ports.codePage, FirstProjectFolder(session.Options()));
     }
     ChartClass& instance = session.Instance();
+    TellReplaced(instance.State(), made);
     const std::string note =
-        first ? FillIn(LoadExtraText(instance.State(), ExtraText::kStartProjectMade), {madeIn}) : std::string();
+        first ? FillIn(LoadExtraText(instance.State(), ExtraText::kStartProjectMade), {made.folder}) : std::string();
     StartForm(instance, note).ShowModal();
     return ExitCode::kDone;
+  }
+
+ private:
+  /// Former values, so that whoever set them can set them again.
+  static void TellReplaced(Component& component, const ProjectReport& made) {
+    if (made.replaced.empty()) return;
+    std::string text = LoadExtraText(component, ExtraText::kStartSettingsReplaced) + "\r\n";
+    for (const ReplacedSetting& setting : made.replaced) text += "\r\n" + setting.name + "=" + setting.before;
+    ShowMessage(component, text, box_style::kInformation);
   }
 };
 

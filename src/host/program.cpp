@@ -95,6 +95,7 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
 
   const auto commands = AllCommands();
   std::vector<CLI::App*> subcommands;
+  subcommands.reserve(commands.size());
   for (const auto& command : commands) subcommands.push_back(command->AddTo(app));
   app.footer(kFooter);  // only now: every subcommand would show it too
   // Global options are understood behind the command as well.

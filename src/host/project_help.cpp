@@ -15,10 +15,11 @@ constexpr std::string_view kEnglish = R"(<!DOCTYPE html>
 <p>Fill the fields from the top. <b>Start Data Acquisition</b> appears
 when everything is there.</p>
 <ul>
-<li><b>Drive Address</b>: the drives of the current project. The model stands beside the list.</li>
+<li><b>Drive Address</b>: the drives of the current project. The model stands below the list.</li>
 <li><b>Number of Parameters</b>: one to four. A list for each opens; it offers what the drive has.</li>
 <li><b>Number of Points</b>: 1 to 2000000000. Up to 2500 points stay in memory until the end; longer recordings are
-written to the disk point by point, and nothing taken is lost when the power fails.</li>
+written to the disk point by point, and nothing taken is lost when the program fails: the points are then in the file
+whose name is the chart file's with <b>.tcf0</b> behind it.</li>
 <li><b>Time among Points</b>: 200 to 65535 ms, 1 to 65 s, or a time as hh:mm:ss. The first point is taken one such time
 after the start.</li>
 <li><b>Trigger Mode</b>: <i>Manual</i> starts at once. <i>Event</i> waits until the drive runs, is ready, reports
@@ -58,10 +59,11 @@ arquivo. <a href="#91">Registrar</a> &middot; <a href="#200">A janela do gráfic
 <p>Preencha os campos de cima para baixo. <b>Iniciar a aquisição de dados</b> aparece
 quando não falta nada.</p>
 <ul>
-<li><b>Endereço do drive</b>: os acionamentos do projeto atual. O modelo aparece ao lado da lista.</li>
+<li><b>Endereço do drive</b>: os acionamentos do projeto atual. O modelo aparece abaixo da lista.</li>
 <li><b>Número de parâmetros</b>: de um a quatro. Cada um tem sua lista, com o que o acionamento oferece.</li>
 <li><b>Número de pontos</b>: 1 a 2000000000. Até 2500 pontos ficam na memória até o fim; registros mais longos são
-gravados no disco ponto a ponto, e nada se perde quando falta energia.</li>
+gravados no disco ponto a ponto, e nada se perde quando o programa falha: os pontos ficam então no arquivo cujo nome é o
+do arquivo de gráfico seguido de <b>.tcf0</b>.</li>
 <li><b>Tempo entre pontos</b>: 200 a 65535 ms, 1 a 65 s, ou um tempo hh:mm:ss. O primeiro ponto vem um intervalo depois
 do início.</li>
 <li><b>Modo de disparo</b>: <i>Manual</i> começa já. <i>Evento</i> espera o acionamento girar, ficar pronto,
@@ -102,14 +104,15 @@ archivo. <a href="#91">Registrar</a> &middot; <a href="#200">La ventana del grá
 <p>Complete los campos de arriba hacia abajo. <b>Iniciar la adquisición de datos</b>
 aparece cuando no falta nada.</p>
 <ul>
-<li><b>Dirección del drive</b>: los accionamientos del proyecto actual. El modelo aparece junto a la lista.</li>
+<li><b>Dirección del drive</b>: los accionamientos del proyecto actual. El modelo aparece debajo de la lista.</li>
 <li><b>Número de parámetros</b>: de uno a cuatro. Cada uno tiene su lista, con lo que ofrece el accionamiento.</li>
 <li><b>Número de puntos</b>: 1 a 2000000000. Hasta 2500 puntos quedan en memoria hasta el final; los registros más
-largos se escriben en el disco punto por punto, y nada se pierde si falta la energía.</li>
+largos se escriben en el disco punto por punto, y nada se pierde si el programa falla: los puntos quedan entonces en el
+archivo cuyo nombre es el del archivo de gráfico seguido de <b>.tcf0</b>.</li>
 <li><b>Tiempo entre puntos</b>: 200 a 65535 ms, 1 a 65 s, o un tiempo hh:mm:ss. El primer punto llega un intervalo
 después del inicio.</li>
-<li><b>Modo de disparo</b>: <i>Manual</i> comienza enseguida. <i>Evento</i> espera a que el accionamiento gire, esté listo,
-indique subtensión, cambie una entrada digital del P012, o un parámetro cumpla la comparación con el contenido
+<li><b>Modo de disparo</b>: <i>Manual</i> comienza enseguida. <i>Evento</i> espera a que el accionamiento gire, esté
+listo, indique subtensión, cambie una entrada digital del P012, o un parámetro cumpla la comparación con el contenido
 escrito. No todos los modelos tienen todos los eventos.</li>
 <li><b>Nombre del archivo</b>: dónde queda el registro. Un archivo del mismo nombre se reemplaza sólo cuando el
 nuevo está completo.</li>
