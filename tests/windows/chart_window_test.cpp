@@ -45,11 +45,27 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   EXPECT_FALSE(form.Enabled("txtScale3"));
 
   const HWND bar = form.Control("hsbGraph");
-  EXPECT_EQ(GetScrollPos(bar, SB_CTL), 0);
+  const auto position = [bar](int wanted) { return WaitFor([=] { return GetScrollPos(bar, SB_CTL) == wanted; }); };
   SendMessageW(form.Window(), WM_HSCROLL, SB_RIGHT, reinterpret_cast<LPARAM>(bar));
-  EXPECT_EQ(GetScrollPos(bar, SB_CTL), 300 - 25);
+  EXPECT_TRUE(position(300 - 25));
   SendMessageW(form.Window(), WM_HSCROLL, SB_LINELEFT, reinterpret_cast<LPARAM>(bar));
-  EXPECT_EQ(GetScrollPos(bar, SB_CTL), 300 - 25 - 1);
+  EXPECT_TRUE(position(300 - 25 - 1));
+  const struct {
+    const char* under;
+    int notches;
+    int position;
+    std::string scale;
+    long perDivision;
+  } turns[] = {{"hsbGraph", 1, 273, "1", 1},      {"mscChart1", 2, 267, "1", 1},
+               {"txtScale1", 2, 267, "3", 1},     {"sldPointsPerDivision", 2, 225, "3", 3},
+               {"cboChartType", -1, 225, "3", 3}, {"mscChart1", 1, 216, "3", 3}};
+  for (const auto& turn : turns) {
+    form.Wheel(turn.under, turn.notches);
+    EXPECT_TRUE(position(turn.position)) << turn.under << GetScrollPos(bar, SB_CTL);
+    EXPECT_TRUE(WaitFor([&] { return form.Text("txtScale1") == turn.scale; })) << turn.under;
+    EXPECT_EQ(form.Send("sldPointsPerDivision", TBM_GETPOS), turn.perDivision) << turn.under;
+  }
+  EXPECT_EQ(form.Send("cboChartType", CB_GETCURSEL), 3) << "the wheel changes no list by the way";
 
   EXPECT_FALSE(form.Enabled("cmdUpdateChart"));
   form.Type("txtScale1", L"3");

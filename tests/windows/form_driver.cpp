@@ -42,6 +42,7 @@ BOOL CALLBACK Match(HWND window, LPARAM data) {
 }
 
 HWND Find(const wchar_t* windowClass, DWORD process, const std::wstring& caption) {
+  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);  // over nothing that would tell
   Search search{windowClass, process, caption, nullptr};
   WaitFor([&search] {
     EnumWindows(Match, reinterpret_cast<LPARAM>(&search));
@@ -97,6 +98,10 @@ std::string FormDriver::Text(const std::string& name) const {
 void FormDriver::Select(const std::string& name, const std::wstring& item) const {
   const long index = Send(name, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(item.c_str()));
   ASSERT_GE(index, 0) << name << " has no item " << win32::ToUtf8(item);
+  Choose(name, index);
+}
+
+void FormDriver::Choose(const std::string& name, long index) const {
   Send(name, CB_SETCURSEL, static_cast<WPARAM>(index));
   SendMessageW(window_, WM_COMMAND, MAKEWPARAM(win32::ControlId(name), CBN_SELCHANGE),
                reinterpret_cast<LPARAM>(Control(name)));
@@ -130,7 +135,7 @@ void FormDriver::Wheel(const std::string& name, int notches) const {
   INPUT turn{};
   turn.type = INPUT_MOUSE;
   turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
-  turn.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+  turn.mi.mouseData = static_cast<DWORD>(notches) * WHEEL_DELTA;
   SendInput(1, &turn, sizeof turn);
 }
 
@@ -173,7 +178,6 @@ void BoxDriver::Answer(int answer) const {
 }
 
 ScriptHost::ScriptHost(const std::string& script, const std::string& arguments) {
-  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);  // over no window that comes
   STARTUPINFOW start{};
   start.cb = sizeof start;
   std::wstring line = win32::ToWide("cscript.exe //nologo \"" + TestFolder() + "\\" + script + "\" " + arguments);

@@ -34,6 +34,7 @@ class FormDriver {
 
   /// Chooses the item of a drop-down list that has this text.
   void Select(const std::string& name, const std::wstring& item) const;
+  void Choose(const std::string& name, long index) const;
   void Type(const std::string& name, const std::wstring& text) const;
   /// Presses a button and returns at once: what it opens stays up.
   void Press(const std::string& name) const;
