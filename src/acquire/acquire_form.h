@@ -214,6 +214,7 @@ class AcquireForm : public Form {
   AcquisitionRun run_;
   RunReport lastRun_;
   WatchedEvent watchedEvent_;
+  bool testingEvent_ = false;
   Stopwatch stopwatch_;
   int stopwatchTarget_ = 0;  ///< seconds between points in the unit hh:mm:ss
   Instant samplingBegan_{};

@@ -6,6 +6,8 @@
 #include "acquire/input_rules.h"
 #include "acquire/run_texts.h"
 #include "acquire/trigger_events.h"
+#include "common/extra_texts.h"
+#include "common/flag_scope.h"
 #include "common/message_box.h"
 #include "common/message_table.h"
 #include "common/numbers.h"
@@ -39,7 +41,10 @@ std::optional<RunPlan> AcquireForm::PrepareRun() {
     plan.columns[column++] = list->ListIndex() < 0 ? std::int16_t{kUnusedParameter} : ToInteger16(list->Text(), format);
   }
   // A folder that takes no file is told now, not after hours of sampling.
-  ChartFileWriter(component_.ports.files, component_.ports.codePage).CheckTarget(plan.fileName);
+  if (!run_.Reserve(plan.fileName)) {
+    Warn(FillIn(LoadExtraText(component_, ExtraText::kFileBeingRecorded), {plan.fileName}));
+    return std::nullopt;
+  }
   FillChartHeader(plan);
   if (cboTimeBetweenPointsUnit.ListIndex() == time_unit::kHoursMinutesSeconds) {
     stopwatchTarget_ = ClockTimeSeconds(mebTimeBetweenPoints.Text());
@@ -93,7 +98,7 @@ void AcquireForm::cmdTrigger_Click() {
   watchedEvent_ = {cboEvent.ListIndex()};
   if (IsCompareEvent(watchedEvent_.position)) {
     watchedEvent_.parameter = ToInteger16(cboPXXX.Text(), format);
-    watchedEvent_.content = ToDouble(component_.contentText, format);
+    watchedEvent_.content = ToTypedDecimal(component_.contentText, format);
   }
   run_.Arm(*plan);
   imgTrigger1.SetVisible(true);
@@ -147,9 +152,11 @@ bool AcquireForm::PointIsDue() {
 }
 
 void AcquireForm::tmrAcquire_Tick() {
-  if (run_.State() != RunState::kSampling) return;
+  if (run_.State() != RunState::kSampling || run_.Reading()) return;
   if (PointIsDue()) {
+    const std::uint32_t run = run_.Serial();
     run_.TakePoint();
+    if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
     lastPointAt_ = component_.ports.clock.Now();
     ShowProgress();
     if (pointTaken) pointTaken(run_);
@@ -187,14 +194,18 @@ void AcquireForm::ShowRunTimes() {
 
 void AcquireForm::tmrEventTrigger_Tick() {
   if (run_.State() != RunState::kArmed) return;
+  if (testingEvent_) return;  // the link lets timers through while it waits for the drive
+  const std::uint32_t run = run_.Serial();
   std::int16_t code = watch_code::kNotYet;
   component_.currentDrive = run_.Plan().driveAddress;
   try {
+    const FlagScope testing(testingEvent_);
     code = TestEvent(component_, watchedEvent_);
   } catch (const RunTimeError&) {
     EndRun(RunEnd::kFailed);  // the link itself failed; the same error at every tick helps nobody
     throw;
   }
+  if (run_.State() != RunState::kArmed || run_.Serial() != run) return;  // stopped meanwhile
   if (code == watch_code::kOccurred) {
     imgTrigger1.SetVisible(false);
     tmrEventTrigger.SetEnabled(false);

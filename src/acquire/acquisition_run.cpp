@@ -1,6 +1,9 @@
 // The recording: points are read, kept in memory or spooled, and written to the chart file at the end.
 #include "acquire/acquisition_run.h"
 
+#include <utility>
+
+#include "common/flag_scope.h"
 #include "common/numbers.h"
 #include "drive/display_value.h"
 #include "drive/parameter_read.h"
@@ -24,8 +27,22 @@ std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
   return asRead ? text : DisplayValue(context, parameter, text, model);
 }
 
+bool AcquisitionRun::Reserve(const std::string& fileName) {
+  fileLock_ = component_.ports.files.Lock(fileName);
+  if (fileLock_ == nullptr) return false;
+  try {
+    ChartFileWriter(component_.ports.files, component_.ports.codePage).CheckTarget(fileName);
+  } catch (const RunTimeError&) {
+    fileLock_.reset();
+    throw;
+  }
+  return true;
+}
+
 void AcquisitionRun::Arm(const RunPlan& plan) {
   plan_ = plan;
+  header_ = component_.chartHeader;
+  ++serial_;
   counter_ = 0;
   end_ = RunEnd::kNone;
   failureReason_.clear();
@@ -39,64 +56,70 @@ void AcquisitionRun::BeginSampling(const RunPlan& plan) {
 
 void AcquisitionRun::BeginSampling() {
   spoolFileName_ = SpoolFileName(plan_.fileName);
-  rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 1, PointRow{});
-  ChartHeader& header = component_.chartHeader;
-  for (std::string* text : {&header.StartDate, &header.StartTime, &header.EndDate, &header.EndTime}) text->clear();
+  rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 0, PointRow{});
+  point_ = PointRow{};
+  for (std::string* text : {&header_.StartDate, &header_.StartTime, &header_.EndDate, &header_.EndTime}) text->clear();
   state_ = RunState::kSampling;
 }
 
 void AcquisitionRun::TakePoint() {
-  if (state_ != RunState::kSampling) return;
-  component_.currentDrive = plan_.driveAddress;
+  if (state_ != RunState::kSampling || reading_) return;
   const DateTime now = component_.ports.clock.LocalNow();
-  const std::int32_t number = counter_ + 1;
-  PointRow& row = rows_[RowsInMemory() ? static_cast<std::size_t>(number - 1) : 0];
-  bool diskNearlyFull = false;
   try {
-    row.time = FormatTimeOfDay(now.hour, now.minute, now.second);
-    ReadColumns(row);
-    if (!RowsInMemory()) {
-      KeepInSpool(row, number == 1);
-      diskNearlyFull = freeSpace_ < kReservedSpace;
-    }
+    if (ReadPoint(now)) KeepPoint(now);
   } catch (const RunTimeError& error) {
     // The link itself or the spool file failed: this point is lost, those before it are not.
-    row = PointRow{};
     failureReason_ = error.Description();
     Stop(RunEnd::kFailed);
-    return;
   }
-  counter_ = number;
+}
+
+/// False when its run did not last as long as the read.
+bool AcquisitionRun::ReadPoint(const DateTime& now) {
+  const FlagScope reading(reading_);
+  const std::uint32_t run = serial_;
+  component_.currentDrive = plan_.driveAddress;
+  point_.time = FormatTimeOfDay(now.hour, now.minute, now.second);
+  for (int column = 0; column < kColumnCount; ++column) {
+    const auto index = static_cast<std::size_t>(column);
+    const std::int16_t parameter = plan_.columns[index];
+    const bool inUse = parameter != kUnusedParameter && (column == 0 || column < plan_.parameterCount);
+    std::string text = inUse ? ReadColumnText(component_, parameter) : std::string();
+    if (state_ != RunState::kSampling || serial_ != run) return false;
+    point_.values[index] = std::move(text);
+  }
+  return true;
+}
+
+void AcquisitionRun::KeepPoint(const DateTime& now) {
+  const std::int32_t number = counter_ + 1;
   Locale& locale = component_.ports.locale;
   if (number == 1) {
-    component_.chartHeader.StartDate = locale.DateText(now);
-    component_.chartHeader.StartTime = row.time;
+    header_.StartDate = locale.DateText(now);
+    header_.StartTime = point_.time;
   }
   if (number == plan_.numberOfPoints) {
-    component_.chartHeader.EndDate = locale.DateText(now);
-    component_.chartHeader.EndTime = row.time;
+    header_.EndDate = locale.DateText(now);
+    header_.EndTime = point_.time;
   }
-  if (diskNearlyFull) {
+  if (RowsInMemory()) {
+    std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
+  } else {
+    KeepInSpool(number == 1);
+  }
+  counter_ = number;
+  if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
     Stop(RunEnd::kDiskSpace);
   } else if (number == plan_.numberOfPoints) {
     FinishAs(RunEnd::kComplete);
   }
 }
 
-void AcquisitionRun::ReadColumns(PointRow& row) {
-  for (int column = 0; column < kColumnCount; ++column) {
-    const auto index = static_cast<std::size_t>(column);
-    const std::int16_t parameter = plan_.columns[index];
-    const bool inUse = parameter != kUnusedParameter && (column == 0 || column < plan_.parameterCount);
-    if (inUse) row.values[index] = ReadColumnText(component_, parameter);
-  }
-}
-
-void AcquisitionRun::KeepInSpool(const PointRow& row, bool first) {
+void AcquisitionRun::KeepInSpool(bool first) {
   FileSystem& files = component_.ports.files;
   if (first && files.FileExists(spoolFileName_)) files.Delete(spoolFileName_);
   rowLine_.clear();
-  AppendRowLine(rowLine_, row);
+  AppendRowLine(rowLine_, point_);
   const std::string bytes = component_.ports.codePage.Encode(rowLine_);
   if (component_.strChartFileName == plan_.fileName) {  // the spool file stands on the disk of its chart file
     freeSpace_ = files.AppendAndMeasure(spoolFileName_, bytes).totalFree;
@@ -110,8 +133,8 @@ void AcquisitionRun::Stop(RunEnd reason) {
   if (!Active()) return;
   if (state_ == RunState::kSampling) {
     const DateTime now = component_.ports.clock.LocalNow();
-    component_.chartHeader.EndDate = component_.ports.locale.DateText(now);
-    component_.chartHeader.EndTime = component_.ports.locale.TimeText(now);
+    header_.EndDate = component_.ports.locale.DateText(now);
+    header_.EndTime = component_.ports.locale.TimeText(now);
   }
   FinishAs(reason);
 }
@@ -126,11 +149,12 @@ ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   if (state_ != RunState::kFinished) return result;
   if (counter_ > 0) {
     const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
-    result = RowsInMemory()
-                 ? writer.WriteRows(plan_.fileName, component_.chartHeader, rows_, component_.settings.strFolder)
-                 : writer.WriteSpool(plan_.fileName, component_.chartHeader, keepAlive);
+    component_.chartHeader = header_;
+    result = RowsInMemory() ? writer.WriteRows(plan_.fileName, header_, rows_, component_.settings.strFolder)
+                            : writer.WriteSpool(plan_.fileName, header_, keepAlive);
   }
   rows_ = {};
+  fileLock_.reset();
   state_ = RunState::kIdle;
   return result;
 }

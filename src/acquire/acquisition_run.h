@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -44,13 +45,17 @@ class AcquisitionRun {
  public:
   explicit AcquisitionRun(Component& component) : component_(component) {}
 
+  /// Takes a chart file for the next run until Close; the file is not touched.
+  /// False when another recording has it. Throws RunTimeError when no file can be made there.
+  [[nodiscard]] bool Reserve(const std::string& fileName);
   void Arm(const RunPlan& plan);
   /// From kIdle with a plan, or from kArmed with the plan of Arm.
   void BeginSampling(const RunPlan& plan);
   void BeginSampling();
 
   /// Takes one point: reads every column in use, keeps the row. Ends the run at its last point, when the disk is
-  /// nearly full, or when the row could not be kept; End() tells.
+  /// nearly full, or when the row could not be kept; End() tells. A link may let the user's input through while it
+  /// waits for the drive: a point asked for meanwhile is not taken, and one whose run was stopped meanwhile is dropped.
   void TakePoint();
 
   /// Ends an armed or sampling run early; end date and time are those of this moment. Nothing in other states.
@@ -61,9 +66,13 @@ class AcquisitionRun {
   ChartWriteResult Close(const std::function<void()>& keepAlive = {});
 
   [[nodiscard]] RunState State() const noexcept { return state_; }
+  /// A point is being read from the drive.
+  [[nodiscard]] bool Reading() const noexcept { return reading_; }
   [[nodiscard]] bool Active() const noexcept { return state_ == RunState::kArmed || state_ == RunState::kSampling; }
   [[nodiscard]] RunEnd End() const noexcept { return end_; }
   [[nodiscard]] const RunPlan& Plan() const noexcept { return plan_; }
+  /// Counts the runs armed; tells one run from the next.
+  [[nodiscard]] std::uint32_t Serial() const noexcept { return serial_; }
   /// Number of the last point taken; 0 before the first.
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
@@ -73,17 +82,23 @@ class AcquisitionRun {
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
  private:
-  void ReadColumns(PointRow& row);
-  void KeepInSpool(const PointRow& row, bool first);
+  [[nodiscard]] bool ReadPoint(const DateTime& now);
+  void KeepPoint(const DateTime& now);
+  void KeepInSpool(bool first);
   void FinishAs(RunEnd reason);
 
   Component& component_;
   RunState state_ = RunState::kIdle;
   RunEnd end_ = RunEnd::kNone;
   RunPlan plan_;
+  std::unique_ptr<FileLock> fileLock_;
+  ChartHeader header_;  ///< the component's own may come to describe another file while this one is recorded
+  std::uint32_t serial_ = 0;
+  bool reading_ = false;
   std::string spoolFileName_;
   std::int32_t counter_ = 0;
-  std::vector<PointRow> rows_;   ///< by point number minus 1 in memory mode; one entry in spool mode
+  PointRow point_;               ///< the point being taken
+  std::vector<PointRow> rows_;   ///< by point number minus 1; empty in spool mode
   std::string rowLine_;          ///< the row being spooled; kept for its capacity
   std::uint64_t freeSpace_ = 0;  ///< bytes, when it was last asked
   std::string failureReason_;

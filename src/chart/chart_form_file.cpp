@@ -3,10 +3,10 @@
 
 #include "chart/chart_building.h"
 #include "chart/chart_form.h"
-#include "chart/flag_scope.h"
 #include "chart/info_text.h"
 #include "chart/scroll_range.h"
 #include "common/error_log.h"
+#include "common/flag_scope.h"
 #include "common/message_box.h"
 #include "common/message_table.h"
 #include "common/numbers.h"

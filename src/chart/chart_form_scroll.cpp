@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "chart/chart_form.h"
-#include "chart/flag_scope.h"
 #include "chart/scroll_range.h"
+#include "common/flag_scope.h"
 #include "common/numbers.h"
 
 namespace chartproject {

@@ -11,16 +11,17 @@ struct Environment;
 
 /// One text each; the order is that of the table in extra_texts.cpp.
 enum class ExtraText : std::uint8_t {
-  kHintDriveAddress,  ///< "Choose a drive address." : first thing that keeps Start away
-  kHintParameters,    ///< "Choose a parameter in every list that is in use."
-  kHintFileName,      ///< "Enter a file name."
-  kHintTime,          ///< "Enter the time among points."
-  kHintPoints,        ///< "Enter the number of points."
-  kHintEvent,         ///< "Choose an event."
-  kHintContent,       ///< "Enter the content to compare with."
-  kRunEstimate,       ///< "Duration %1, about %2."  %1 time, %2 size of the file
-  kElapsedAndEnd,     ///< "Elapsed %1, expected end %2"
-  kNewFile,           ///< caption of the button that asks for a new file's name
+  kHintDriveAddress,   ///< "Choose a drive address." : first thing that keeps Start away
+  kHintParameters,     ///< "Choose a parameter in every list that is in use."
+  kHintFileName,       ///< "Enter a file name."
+  kHintTime,           ///< "Enter the time among points."
+  kHintPoints,         ///< "Enter the number of points."
+  kHintEvent,          ///< "Choose an event."
+  kHintContent,        ///< "Enter the content to compare with."
+  kRunEstimate,        ///< "Duration %1, about %2."  %1 time, %2 size of the file
+  kElapsedAndEnd,      ///< "Elapsed %1, expected end %2"
+  kFileBeingRecorded,  ///< "%1 is being recorded by another window or program."
+  kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
   kExportStopped,       ///< "The export was stopped. No file was written."

@@ -308,4 +308,16 @@ std::string LocaleDecimal(std::string_view text, const NumberFormat& format) {
   return result;
 }
 
+double ToTypedDecimal(std::string_view text, const NumberFormat& format) {
+  constexpr std::size_t kGroup = 3;  // digits
+  const char foreign = format.decimalSeparator == "." ? ',' : '.';
+  const std::size_t at = text.find(foreign);
+  if (at == std::string_view::npos || text.find(foreign, at + 1) != std::string_view::npos ||
+      text.find(format.decimalSeparator) != std::string_view::npos) {
+    return ToDouble(text, format);
+  }
+  const std::size_t end = std::min(text.find_first_not_of("0123456789", at + 1), text.size());
+  return ToDouble(end - at - 1 == kGroup ? std::string(text) : LocaleDecimal(text, format), format);
+}
+
 }  // namespace chartproject

@@ -20,6 +20,10 @@ namespace chartproject {
 [[nodiscard]] std::int16_t ToInteger16(std::string_view text, const NumberFormat& format);
 [[nodiscard]] std::int32_t ToInteger32(std::string_view text, const NumberFormat& format);
 
+/// ToDouble of a number that a user typed: a sole foreign separator that cannot be one of thousands (12.5 in a comma
+/// locale) is the decimal one, for nobody would notice that 125 was understood.
+[[nodiscard]] double ToTypedDecimal(std::string_view text, const NumberFormat& format);
+
 /// Rounds to the nearest whole number, a half to the even neighbour. Throw RunTimeError 6 when it does not fit.
 [[nodiscard]] std::int16_t RoundToInteger16(double value);
 [[nodiscard]] std::int32_t RoundToInteger32(double value);

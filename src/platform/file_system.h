@@ -49,6 +49,15 @@ class OutputFile {
   virtual void FlushAndClose() = 0;
 };
 
+/// A file's name taken by one writer; given back when the object goes.
+class FileLock {
+ public:
+  FileLock() = default;
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+  virtual ~FileLock() = default;
+};
+
 /// Every operation throws RunTimeError: 53 no such file, 61 disk full, 70 no permission, 75 path/file access,
 /// 76 no such folder; the description names the file and the system's reason.
 class FileSystem {
@@ -70,6 +79,9 @@ class FileSystem {
     Append(name, bytes);
     return SpaceFor(name);
   }
+  /// Takes a file's name for one writer among all that ask, in this program and in others; null when another has it.
+  /// A marker file beside it (name + ".lock") stands there meanwhile and frees itself when its program dies.
+  [[nodiscard]] virtual std::unique_ptr<FileLock> Lock(const std::string& name) = 0;
   virtual void Delete(const std::string& name) = 0;
   /// Gives a file another name in one atomic step, replacing a file that has that name.
   virtual void Rename(const std::string& from, const std::string& to) = 0;

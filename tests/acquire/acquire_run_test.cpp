@@ -163,6 +163,34 @@ TEST_F(AcquireRunTest, AFolderThatTakesNoFileIsToldBeforeTheRun) {
   EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(HasSubstr("read-only: C:\\p\\Test.cht\r\n")));
 }
 
+TEST_F(AcquireRunTest, AFileOfAnotherRecordingIsRefused) {
+  const auto other = fake.files.Lock(kChart);
+  Start(5);
+  EXPECT_EQ(form->Run().State(), RunState::kIdle);
+  EXPECT_THAT(fake.dialogs.TakePrompts(),
+              ElementsAre("C:\\p\\Test.cht is being recorded by another window or program."));
+}
+
+// A link that waits with a message loop lets timers and keys through.
+TEST_F(AcquireRunTest, EscWhileTheDriveIsReadEndsTheRunBeforeThatPoint) {
+  for (const int stopAt : {3, 4}) {
+    int reads = 0;
+    Start(4);
+    plant.whileReading = [&] {
+      if (++reads != stopAt) return;
+      fake.keyboard.escape = true;
+      RunUntil(fake.clock.Now() + seconds(2));
+    };
+    RunToEnd();
+    plant.whileReading = nullptr;
+    EXPECT_EQ(form->LastRun().points, stopAt - 1);
+    ASSERT_EQ(Rows().size(), 4U);
+    EXPECT_EQ(Rows()[1].substr(8), "#50#####");
+    EXPECT_EQ(Rows()[3], "######");
+    EXPECT_THAT(fake.files.locked, IsEmpty());
+  }
+}
+
 TEST_F(AcquireRunTest, FailingSpoolEndsTheRunWithTheRowsWritten) {
   Start(3000);
   RunUntil(seconds(7));

@@ -65,6 +65,20 @@ TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {
   EXPECT_TRUE(form->cmdTrigger.Enabled());
 }
 
+TEST_F(EventWatchTest, EscWhileTheDriveIsReadEndsTheWatch) {
+  plant.texts[6] = "512";
+  Arm(0);
+  plant.whileReading = [this] {
+    plant.whileReading = nullptr;
+    plant.texts[6] = "768";
+    fake.keyboard.escape = true;
+    RunUntil(fake.clock.Now() + milliseconds(500));
+  };
+  RunToEnd();
+  EXPECT_EQ(form->LastRun().end, RunEnd::kStopped);
+  EXPECT_EQ(form->Run().State(), RunState::kIdle);
+}
+
 TEST_F(EventWatchTest, EscWhileTheQuestionIsUpEndsTheWatchOnce) {
   plant.silent = {6};
   fake.dialogs.answers = {box_answer::kYes};

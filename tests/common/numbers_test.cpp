@@ -99,6 +99,15 @@ TEST(Numbers, MakesTheFirstDecimalSeparatorTheLocales) {
   }
   EXPECT_EQ(LocaleDecimal("1,000,5", kStop), "1.000,5");
   EXPECT_EQ(LocaleDecimal("READY", kComma), "READY");
+  for (const auto& [text, stop, comma] : {std::tuple("-12.5", -12.5, -12.5),
+                                          {"12,5", 12.5, 12.5},
+                                          {"1.000", 1, 1000},
+                                          {"1,000", 1000, 1},
+                                          {"0.0625", 0.0625, 0.0625}}) {
+    EXPECT_EQ(ToTypedDecimal(text, kStop), stop) << text;
+    EXPECT_EQ(ToTypedDecimal(text, kComma), comma) << text;
+  }
+  EXPECT_EQ(ToTypedDecimal("1.000,5", kComma), 1000.5);
 }
 
 TEST(Text, TakesLinesApart) {

@@ -100,6 +100,17 @@ TEST_F(FileSystemPosixTest, FoldersAndFilesAreToldApart) {
   EXPECT_FALSE(files.FolderExists(""));
 }
 
+TEST_F(FileSystemPosixTest, ANameIsLockedForOneUntilItLetsGo) {
+  for (int round = 0; round < 2; ++round) {
+    const auto lock = files.Lock(folder / "a.cht");
+    EXPECT_NE(lock, nullptr);
+    EXPECT_EQ(files.Lock(folder / "a.cht"), nullptr);
+    EXPECT_NE(files.Lock(folder / "b.cht"), nullptr);
+    EXPECT_TRUE(files.FileExists(folder / "a.cht.lock"));
+  }
+  EXPECT_FALSE(files.FileExists(folder / "a.cht.lock"));
+}
+
 TEST_F(FileSystemPosixTest, SpaceIsThatOfTheDiskThatWillHoldTheFile) {
   const DiskSpace here = files.SpaceFor(folder.Path());
   EXPECT_GT(here.total, here.totalFree);

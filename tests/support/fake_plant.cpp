@@ -18,6 +18,7 @@ class FakeLink : public DriveLink {
                      std::int16_t& status) override {
     plant_.Note("read " + std::to_string(address) + " " + modelCode + " " + std::to_string(parameter) + " unit " +
                 std::to_string(unitCode));
+    if (plant_.whileReading) plant_.whileReading();
     const auto found = plant_.texts.find(parameter);
     const bool answers = (found != plant_.texts.end() || plant_.others) && !plant_.silent.contains(parameter);
     status = answers ? 0 : 7;

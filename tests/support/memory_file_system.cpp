@@ -113,6 +113,20 @@ void MemoryFileSystem::Append(const std::string& name, std::string_view bytes) {
   ++appendCount;
 }
 
+std::unique_ptr<FileLock> MemoryFileSystem::Lock(const std::string& name) {
+  class MemoryLock : public FileLock {
+   public:
+    MemoryLock(std::set<std::string>& names, const std::string& name) : names_(names), name_(name) {}
+    ~MemoryLock() override { names_.erase(name_); }
+
+   private:
+    std::set<std::string>& names_;
+    std::string name_;
+  };
+  if (!locked.insert(Key(name)).second) return nullptr;
+  return std::make_unique<MemoryLock>(locked, Key(name));
+}
+
 void MemoryFileSystem::Delete(const std::string& name) {
   Ask("delete", name);
   NodeOf(name);

@@ -38,12 +38,15 @@ class MemoryFileSystem : public FileSystem {
   std::set<std::string> folders;
   bool checkFolders = false;
   int appendCount = 0;
+  /// Names that somebody has locked.
+  std::set<std::string> locked;
 
   [[nodiscard]] bool FileExists(const std::string& name) override { return !name.empty() && Has(name); }
   [[nodiscard]] bool FolderExists(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<OutputFile> Create(const std::string& name) override;
   void Append(const std::string& name, std::string_view bytes) override;
+  [[nodiscard]] std::unique_ptr<FileLock> Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
   void Rename(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& name) override { folders.insert(Key(name)); }

@@ -73,6 +73,16 @@ TEST(Files, AppendKeepsWhatIsThereAndRenameReplaces) {
   EXPECT_EQ(testing::FileContents(InTestFolder("target.txt")), "one\r\ntwo\r\n");
 }
 
+TEST(Files, ANameIsLockedForOneUntilItLetsGo) {
+  Win32FileSystem files;
+  for (int round = 0; round < 2; ++round) {
+    const auto lock = files.Lock(InTestFolder("a.cht"));
+    EXPECT_NE(lock, nullptr);
+    EXPECT_EQ(files.Lock(InTestFolder("a.cht")), nullptr);
+  }
+  EXPECT_FALSE(files.FileExists(InTestFolder("a.cht.lock")));
+}
+
 TEST(Files, IdentityTellsAGrownFileFromAReplacedOne) {
   Win32FileSystem files;
   const std::string name = InTestFolder("identity.txt");

@@ -13,6 +13,7 @@ class FileSystemPosix : public FileSystem {
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<OutputFile> Create(const std::string& name) override;
   void Append(const std::string& name, std::string_view bytes) override;
+  [[nodiscard]] std::unique_ptr<FileLock> Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
   /// The new name survives a power cut: the folder is handed to the disk too.
   void Rename(const std::string& from, const std::string& to) override;

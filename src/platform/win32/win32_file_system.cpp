@@ -13,6 +13,8 @@ namespace chartproject::win32 {
 
 namespace {
 
+constexpr DWORD kRetryMilliseconds = 20;
+constexpr int kAppendTries = 50;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 [[nodiscard]] DWORD Attributes(const std::string& name) {
@@ -23,15 +25,17 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-[[nodiscard]] HANDLE Open(const std::string& name, DWORD access, DWORD share, DWORD disposition) {
-  const HANDLE handle =
-      CreateFileW(ToWide(name).c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) {
+[[nodiscard]] HANDLE Open(const std::string& name, DWORD access, DWORD share, DWORD disposition, int patience = 0) {
+  const std::wstring wide = ToWide(name);
+  for (int tries = 0;; ++tries) {
+    const HANDLE handle =
+        CreateFileW(wide.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) return handle;
     const DWORD code = GetLastError();
     // The system calls a folder and a read-only file the same; so do our numbers (75).
-    ThrowFileError(code, name);
+    if (code != ERROR_SHARING_VIOLATION || tries >= patience) ThrowFileError(code, name);
+    Sleep(kRetryMilliseconds);
   }
-  return handle;
 }
 
 void WriteAll(HANDLE file, std::string_view bytes, const std::string& name) {
@@ -96,6 +100,14 @@ class Win32OutputFile : public OutputFile {
   OwnedFile file_;
 };
 
+class Win32FileLock : public FileLock {
+ public:
+  explicit Win32FileLock(HANDLE marker) : marker_(marker) {}
+
+ private:
+  OwnedFile marker_;
+};
+
 }  // namespace
 
 bool Win32FileSystem::FileExists(const std::string& name) {
@@ -116,8 +128,27 @@ std::unique_ptr<OutputFile> Win32FileSystem::Create(const std::string& name) {
 }
 
 void Win32FileSystem::Append(const std::string& name, std::string_view bytes) {
-  const OwnedFile file(Open(name, FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_ALWAYS));
-  WriteAll(file.Get(), bytes, name);
+  const OwnedFile file(Open(name, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_ALWAYS, kAppendTries));
+  LARGE_INTEGER end{};
+  if (SetFilePointerEx(file.Get(), LARGE_INTEGER{}, &end, FILE_END) == 0) ThrowFileError(GetLastError(), name);
+  try {
+    WriteAll(file.Get(), bytes, name);
+  } catch (const RunTimeError&) {
+    if (SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN) != 0) SetEndOfFile(file.Get());
+    throw;
+  }
+}
+
+std::unique_ptr<FileLock> Win32FileSystem::Lock(const std::string& name) {
+  // Shared with nobody, and taken away by the system when its handle goes, however its program ends.
+  const HANDLE marker = CreateFileW(ToWide(name + ".lock").c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (marker == INVALID_HANDLE_VALUE) {
+    const DWORD code = GetLastError();
+    if (code == ERROR_SHARING_VIOLATION) return nullptr;
+    ThrowFileError(code, name);
+  }
+  return std::make_unique<Win32FileLock>(marker);
 }
 
 void Win32FileSystem::Delete(const std::string& name) {

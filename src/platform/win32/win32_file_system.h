@@ -11,7 +11,10 @@ class Win32FileSystem : public FileSystem {
   [[nodiscard]] bool FolderExists(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<OutputFile> Create(const std::string& name) override;
+  /// Waits up to a second for another program (a copy, a backup) to let go of the file. A part that fitted on a full
+  /// disk is taken back.
   void Append(const std::string& name, std::string_view bytes) override;
+  [[nodiscard]] std::unique_ptr<FileLock> Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
   void Rename(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& name) override;
