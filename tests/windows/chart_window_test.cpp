@@ -96,7 +96,7 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
     form.Send("sldPointsPerDivision", TBM_SETPOS, TRUE, 12);
     SendMessageW(form.Window(), WM_HSCROLL, TB_ENDTRACK,
                  reinterpret_cast<LPARAM>(form.Control("sldPointsPerDivision")));
-    UpdateWindow(form.Window());
+    SetWindowPos(form.Window(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
     Sleep(300);  // what was invalidated is painted when the queue is empty; a picture has no event to wait for
     form.Capture(TestFolder() + "\\win_chart_" + each.code + ".png");
     Print(host, IDYES);

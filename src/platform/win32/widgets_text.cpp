@@ -86,6 +86,14 @@ void RichTextWidget::Apply(Property property) {
   EditWidget::Apply(property);
   if (property != Property::kEnabled) return;
   SendMessageW(Window(), EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(Ground())));
+  // Nor do they know the colour of what is disabled. A new colour is no input.
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_COLOR;
+  format.crTextColor = GetSysColor(Text().EffectivelyEnabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
+  SendMessageW(Window(), EM_SETEVENTMASK, 0, 0);
+  SendMessageW(Window(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
+  SendMessageW(Window(), EM_SETEVENTMASK, 0, ENM_CHANGE);
   RedrawWindow(Window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
 }
 
