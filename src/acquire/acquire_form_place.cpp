@@ -45,7 +45,8 @@ void AcquireForm::RestoreWindowPlace() {
 
 void AcquireForm::SaveWindowPlace() {
   SettingsStore& store = component_.ports.settings;
-  if (State() == WindowState::kNormal) {
+  const bool hasWindow = Width() > 0;  // without one, on the command line, there is no place to keep
+  if (State() == WindowState::kNormal && hasWindow) {
     const std::array place{StoredSetting{"Left", WholeTwips(Left())}, StoredSetting{"Top", WholeTwips(Top())}};
     store.Write(Name(), place);
   }

@@ -54,21 +54,25 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
   const struct {
     std::vector<WORD> keys;
     const char* next;
-  } steps[] = {{{'0', '1', VK_TAB}, "cboNumberOfParameters"},
-               {{'2', VK_TAB}, "cboPXXX1"},
-               {{'0', '0', '3', VK_TAB}, "cboPXXX2"},
-               {{'0', '0', '5', VK_TAB}, "txtNumberOfPoints"},
-               {{'0'}, nullptr},  // refused
-               {{kShift | VK_TAB, VK_TAB, '3', '0', VK_TAB, VK_TAB}, "cboTimeBetweenPointsUnit"},
-               {{'S', kShift | VK_TAB, '1', VK_TAB}, "cboTimeBetweenPointsUnit"}};
+    const char* shows;
+  } steps[] = {
+      {{'0', '1', VK_TAB}, "cboNumberOfParameters", "1"},
+      {{'2', VK_TAB}, "cboPXXX1", "001"},
+      {{'0', '0', '3', VK_TAB}, "cboPXXX2", "001"},
+      {{'0', '0', '5', VK_TAB}, "txtNumberOfPoints", "5"},
+      {{'0'}, nullptr, "Value out of range !"},
+      {{kShift | VK_TAB, VK_TAB, '3', '0', VK_TAB, VK_TAB}, "cboTimeBetweenPointsUnit", "s"},
+      {{'H', kShift | VK_TAB, VK_HOME, '0', '0', '0', '7', VK_BACK, '1', '2', '5'}, "mebTimeBetweenPoints", "00:01:25"},
+      {{VK_TAB, 'S', kShift | VK_TAB, '1'}, "txtTimeBetweenPoints", "1"}};
   for (const auto& step : steps) {
     form.Keys(step.keys);
     if (step.next != nullptr) {
       EXPECT_TRUE(form.GetsFocus(step.next)) << step.next;
+      EXPECT_TRUE(WaitFor([&] { return form.Text(step.next) == step.shows; })) << form.Text(step.next);
       continue;
     }
     const BoxDriver box(host.Process());
-    EXPECT_EQ(box.Prompt(), "Value out of range !");
+    EXPECT_EQ(box.Prompt(), step.shows);
     form.Close();  // not while the box waits
     box.Answer(IDOK);
     EXPECT_TRUE(WaitFor([&form] { return form.Text("txtNumberOfPoints") == "5"; }));

@@ -68,10 +68,11 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   EXPECT_EQ(form.Send("cboChartType", CB_GETCURSEL), 3) << "the wheel changes no list by the way";
 
   EXPECT_FALSE(form.Enabled("cmdUpdateChart"));
-  form.Type("txtScale1", L"3");
+  form.Keys({kAlt | 'S', VK_UP, VK_UP, VK_DOWN});
+  EXPECT_TRUE(WaitFor([&form] { return form.Text("txtScale1") == "4"; }));
   SendMessageW(form.Control("upd1"), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 3));
   SendMessageW(form.Control("upd1"), WM_LBUTTONUP, 0, MAKELPARAM(4, 3));
-  EXPECT_EQ(form.Text("txtScale1"), "4");
+  EXPECT_EQ(form.Text("txtScale1"), "5");
   EXPECT_TRUE(form.Enabled("cmdUpdateChart"));
   form.Press("cmdUpdateChart");
   EXPECT_TRUE(WaitFor([&form] { return !form.Enabled("cmdUpdateChart"); }));

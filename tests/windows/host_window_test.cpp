@@ -15,6 +15,7 @@
 namespace chartproject::testing {
 namespace {
 
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 void Store(const std::wstring& section, const wchar_t* name, const std::wstring& value) {
@@ -111,6 +112,7 @@ TEST(HostWithAWindow, WaitsDisabledWhileTimersOfBothGoOnInLoopsOfTheSystem) {
   form.Keys({VK_RETURN});
   form.Close();
   host.reset();
+  EXPECT_THAT(FileContents(TestFolder() + "\\host.cht"), HasSubstr("Number of Points=1000")) << "what it had is kept";
   Store(L"MyKestrel", L"strHelps", win32::ToWide(TestFolder() + R"(\project\help)"));
 }
 
