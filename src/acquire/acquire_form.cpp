@@ -14,11 +14,6 @@ namespace {
 constexpr int kHelpContext = 91;
 constexpr int kEscWatchMilliseconds = 100;
 
-/// A text of the message table as forms hold it: the Portuguese id.
-std::string TextNumber(int message) {
-  return std::to_string(1000 + message);
-}
-
 }  // namespace
 
 AcquireForm::AcquireForm(Component& component)
@@ -61,11 +56,6 @@ void AcquireForm::NumberTexts() {
   for (const auto& [control, message] : toolTips) control->SetToolTipText(TextNumber(message));
   cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
-}
-
-void AcquireForm::On(Event& event, const Control& control, std::string_view eventName, void (AcquireForm::*handler)()) {
-  event.routine = control.Name() + "_" + std::string(eventName);
-  event.handler = [this, handler] { (this->*handler)(); };
 }
 
 void AcquireForm::Connect() {

@@ -123,7 +123,6 @@ class AcquireForm : public Form {
   // Life (acquire_form.cpp).
   void NumberTexts();
   void Connect();
-  void On(Event& event, const Control& control, std::string_view eventName, void (AcquireForm::*handler)());
   void LoadPictures();
   void ResetForm();
   void ResetCounts();

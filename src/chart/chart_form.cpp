@@ -23,11 +23,6 @@ constexpr int kDefaultChartType = 3;
 constexpr double kFirstWidth = 1000 * kTwipsPerPixel;
 constexpr double kFirstHeight = 700 * kTwipsPerPixel;
 
-/// A text of the message table as forms hold it: the Portuguese id.
-std::string TextNumber(int message) {
-  return std::to_string(kPortugueseMessageBase + message);
-}
-
 std::string WholeTwips(double twips) {
   return std::to_string(std::llround(twips));
 }
@@ -67,11 +62,6 @@ void ChartForm::NumberTexts() {
   const std::initializer_list<std::pair<Control*, int>> toolTips{{&cmdExport, 96}, {&cmdPrint, 67}, {&cmdOK, 11}};
   for (const auto& [control, message] : toolTips) control->SetToolTipText(TextNumber(message));
   cmdUpdateChart.SetDefault(true);
-}
-
-void ChartForm::On(Event& event, const Control& control, std::string_view eventName, void (ChartForm::*handler)()) {
-  event.routine = control.Name() + "_" + std::string(eventName);
-  event.handler = [this, handler] { (this->*handler)(); };
 }
 
 void ChartForm::Connect() {

@@ -96,7 +96,6 @@ class ChartForm : public Form {
   // Life (chart_form.cpp).
   void NumberTexts();
   void Connect();
-  void On(Event& event, const Control& control, std::string_view eventName, void (ChartForm::*handler)());
   void LoadPictures();
   void RestorePlace();
   void SavePlace();

@@ -149,6 +149,10 @@ Rule RuleFor(std::string_view typeName) noexcept {
 
 }  // namespace
 
+std::string TextNumber(int message) {
+  return std::to_string(kPortugueseMessageBase + message);
+}
+
 void TranslateForm(Form& form, const Environment& environment) {
   const FormTranslator translator(environment);
   translator.Replace(form.Tag(), [&](std::string_view text) { form.SetCaption(text); });

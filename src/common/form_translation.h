@@ -1,10 +1,15 @@
 // The texts of a form in the component's language, looked up from the message numbers that its controls hold.
 #pragma once
 
+#include <string>
+
 namespace chartproject {
 
 struct Environment;
 class Form;
+
+/// A text of the message table as forms hold it until they are translated: the Portuguese id. @param message 0 to 100
+[[nodiscard]] std::string TextNumber(int message);
 
 /// Replaces the message numbers (Portuguese ids, 1000 + k) in a form and its controls by the texts of the component's
 /// language. Which property holds a number depends on the control's type name. A number that has no text, a text that
