@@ -143,7 +143,7 @@ void ReadHeaderAndLocateRows(benchmark::State& state) {
     for (std::int64_t i = 0; i < state.range(0); ++i) file << block;
   }
   FileSystemPosix files;
-  FakeCodePage codePage;
+  CodePage1252 codePage;
   for (auto _ : state) {
     ChartHeader header;
     const auto file = files.OpenForReading(name);

@@ -5,7 +5,7 @@
 
 #include "drive/driver_file.h"
 #include "drive/unit_codes.h"
-#include "platform/posix/code_page_1252.h"
+#include "platform/headless/code_page_1252.h"
 #include "platform/run_time_error.h"
 
 using namespace chartproject;

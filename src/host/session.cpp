@@ -5,9 +5,9 @@
 
 #include "host/drive_links.h"
 #include "platform/headless/absent_devices.h"
+#include "platform/headless/code_page_1252.h"
 #include "platform/headless/virtual_clock.h"
 #include "platform/posix/clock_posix.h"
-#include "platform/posix/code_page_1252.h"
 #include "platform/posix/file_system_posix.h"
 #include "platform/posix/keyboard_signals.h"
 #include "platform/posix/locale_posix.h"

@@ -26,36 +26,6 @@ std::string FakeLocale::TimeText(const DateTime& moment) const {
   return std::to_string(moment.hour) + "h" + FormatDigits(moment.minute, 2) + "m" + FormatDigits(moment.second, 2);
 }
 
-std::string FakeCodePage::Decode(std::string_view bytes) const {
-  std::string text;
-  for (const char byte : bytes) {
-    const auto code = static_cast<unsigned char>(byte);
-    if (code < 0x80) {
-      text += byte;
-    } else {
-      text += static_cast<char>(0xC0 | (code >> 6));
-      text += static_cast<char>(0x80 | (code & 0x3F));
-    }
-  }
-  return text;
-}
-
-std::string FakeCodePage::Encode(std::string_view text) const {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto lead = static_cast<unsigned char>(text[i]);
-    if (lead < 0x80) {
-      bytes += text[i];
-    } else if ((lead == 0xC2 || lead == 0xC3) && i + 1 < text.size()) {
-      bytes += static_cast<char>(((lead & 0x03) << 6) | (static_cast<unsigned char>(text[++i]) & 0x3F));
-    } else {
-      bytes += '?';
-      while (i + 1 < text.size() && (static_cast<unsigned char>(text[i + 1]) & 0xC0) == 0x80) ++i;
-    }
-  }
-  return bytes;
-}
-
 std::int16_t FakeDialogs::ShowMessageBox(const MessageBoxRequest& request) {
   boxes.push_back(request);
   if (whileUp) whileUp(request);

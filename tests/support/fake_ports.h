@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/headless/absent_devices.h"
+#include "platform/headless/code_page_1252.h"
 #include "platform/headless/headless_form_host.h"
 #include "platform/headless/virtual_clock.h"
 #include "platform/ports.h"
@@ -34,13 +35,6 @@ class FakeLocale : public Locale {
   [[nodiscard]] std::string DateText(const DateTime& moment) const override;
   [[nodiscard]] std::string TimeText(const DateTime& moment) const override;
   void UseComma() { numbers = {",", "."}; }
-};
-
-/// Latin-1, which is enough to tell bytes from UTF-8.
-class FakeCodePage : public CodePage {
- public:
-  [[nodiscard]] std::string Decode(std::string_view bytes) const override;
-  [[nodiscard]] std::string Encode(std::string_view text) const override;
 };
 
 class FakeDialogs : public Dialogs {
@@ -86,7 +80,7 @@ struct FakePorts {
   MemoryFileSystem files;
   VirtualClock clock{DateTime{2026, 1, 31, 8, 0, 0, 0}};
   FakeLocale locale;
-  FakeCodePage codePage;
+  CodePage1252 codePage;
   FakeDialogs dialogs;
   FakeSound sound;
   FakeKeyboard keyboard;

@@ -1,5 +1,5 @@
 // Windows-1252 to UTF-8 and back.
-#include "platform/posix/code_page_1252.h"
+#include "platform/headless/code_page_1252.h"
 
 #include <algorithm>
 #include <array>
