@@ -143,26 +143,14 @@ TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {
     RecordingCanvas fresh(size);
     chart.Paint(fresh);
     chart.PaintOverlay(fresh);
-    std::vector<std::string> shown;
-    const auto& all = fresh.drawn.Texts();
-    shown.reserve(all.size());
-    for (const SceneText& text : all) shown.push_back(text.text);
-    return shown;
+    return fresh.Texts();
   };
   EXPECT_THAT(texts({640, 360}), ::testing::IsSupersetOf({"1", "Point 105", "3.00", "5 points"}));
   EXPECT_THAT(texts({140, 90}), ::testing::Not(::testing::Contains("5 points")));
 }
 
 TEST_F(ChartControlTest, CopiesTheChartWithoutPointerAndCursors) {
-  struct Renderer : PictureRenderer {
-    Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override {
-      RecordingCanvas canvas(size);
-      paint(canvas);
-      for (const SceneText& text : canvas.drawn.Texts()) texts.push_back(text.text);
-      return {static_cast<int>(size.width * scale), static_cast<int>(size.height * scale), {}, 96 * scale};
-    }
-    std::vector<std::string> texts;
-  } renderer;
+  testing::RecordingPictures renderer;
   chart.SetReadout({{"Point 105", -1}});
   chart.MouseMoved(Over(4));
   EXPECT_EQ(chart.CopyPicture(renderer).width, 640);

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "chart/chart_form.h"
+#include "chart/recording_canvas.h"
 #include "chart/show_chart.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -12,16 +13,6 @@ namespace {
 using ::testing::ElementsAre, ::testing::EndsWith, ::testing::HasSubstr, ::testing::IsEmpty, ::testing::Not;
 
 constexpr const char* kFile = "/data/Test.cht";
-
-/// Draws nothing: a picture of the size that was asked for.
-class BlankPictures : public PictureRenderer {
- public:
-  Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& /*paint*/) override {
-    Bitmap picture{static_cast<int>(size.width * scale), static_cast<int>(size.height * scale), {}, 96 * scale};
-    picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
-    return picture;
-  }
-};
 
 struct ChartWindowTest : ::testing::Test {
   ChartWindowTest() {
@@ -60,7 +51,7 @@ struct ChartWindowTest : ::testing::Test {
   static std::int64_t FirstLabel(const ChartForm& form) { return form.mscChart1.Model().firstRowLabel; }
 
   FakePorts fakes;
-  BlankPictures pictures;
+  testing::RecordingPictures pictures;
   FakePlant plant;
   Component component{fakes.ports, fakes.forms, plant};
   bool shown = false;

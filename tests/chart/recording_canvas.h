@@ -1,10 +1,12 @@
-// A canvas that keeps what is drawn on it, with a font whose every character is 0.8 x 1.5 points wide and high.
+// A canvas that keeps what is drawn on it, with a font whose every character is 0.8 x 1.5 points wide and high, and
+// pictures of it.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "chart/scene.h"
+#include "forms/picture_renderer.h"
 
 namespace chartproject::testing {
 
@@ -13,6 +15,11 @@ class RecordingCanvas : public Canvas {
   explicit RecordingCanvas(Size extent) : extent_(extent) {}
 
   Scene drawn;  ///< shapes and texts in the order of drawing
+  [[nodiscard]] std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const SceneText& text : drawn.Texts()) texts.push_back(text.text);
+    return texts;
+  }
 
   [[nodiscard]] Size Extent() const override { return extent_; }
   void FillRect(const Rect& rect, Color color) override { drawn.FillRect(rect, color); }
@@ -41,6 +48,20 @@ class RecordingCanvas : public Canvas {
 
  private:
   Size extent_;
+};
+
+/// White pictures of the size that was asked for.
+class RecordingPictures : public PictureRenderer {
+ public:
+  std::vector<std::string> texts;  ///< on the last picture
+  Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override {
+    RecordingCanvas canvas(size);
+    paint(canvas);
+    texts = canvas.Texts();
+    Bitmap picture{static_cast<int>(size.width * scale), static_cast<int>(size.height * scale), {}, 96 * scale};
+    picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
+    return picture;
+  }
 };
 
 }  // namespace chartproject::testing

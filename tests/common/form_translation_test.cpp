@@ -22,50 +22,45 @@ class TranslationTest : public testing::Test {
   Form form{fakes.forms, "frmTest", MakeHandlerErrorReporter(environment)};
 };
 
-/// A control of any type name, with a caption.
+/// A control of any type name, with a caption, and message numbers in its tag and its tool tip.
 struct AnyControl : Control {
-  using Control::Control;
+  AnyControl(Form& form, const char* type, const char* tag, const char* toolTip) : Control(form, type, "c") {
+    SetCaption("designed");
+    SetTag(tag);
+    SetToolTipText(toolTip);
+  }
   bool HasCaption() const noexcept override { return true; }
+  std::string Texts() const { return Caption() + "|" + ToolTipText(); }
 };
 
 TEST_F(TranslationTest, TagGivesTheCaptionAndTheToolTipItsOwn) {
   form.SetTag("1014");
   for (const char* type : {"Label", "CommandButton", "CheckBox", "OptionButton", "Frame"}) {
-    AnyControl control(form, type, "c");
-    control.SetTag("1010");
-    control.SetToolTipText("1011");
+    AnyControl control(form, type, "1010", "1011");
     environment.languageBase = 1000;
     TranslateForm(form, environment);
-    EXPECT_EQ(control.Caption(), "&Ok") << type;
-    EXPECT_EQ(control.ToolTipText(), "Ok (Alt+O)") << type;
-    EXPECT_EQ(control.Tag(), "1010") << type;
-
+    EXPECT_EQ(control.Texts(), "&Ok|Ok (Alt+O)") << type;
     environment.languageBase = 2000;  // a second pass finds the tag again, but no number in the tool tip
     TranslateForm(form, environment);
-    EXPECT_EQ(control.Caption(), "&Aceptar") << type;
-    EXPECT_EQ(control.ToolTipText(), "Ok (Alt+O)") << type;
+    EXPECT_EQ(control.Texts(), "&Aceptar|Ok (Alt+O)") << type;
   }
   EXPECT_EQ(form.Caption(), "Adquirir parámetro");
 }
 
 TEST_F(TranslationTest, SomeTypesHaveOnlyAToolTip) {
   for (const char* type : {"PictureBox", "UpDown", "Image", "ListBox"}) {
-    AnyControl control(form, type, "c");
-    control.SetCaption("designed");
-    control.SetTag("1010");
-    control.SetToolTipText("1067");
+    AnyControl control(form, type, "1010", "1067");
     TranslateForm(form, environment);
-    EXPECT_EQ(control.Caption(), "designed") << type;
-    EXPECT_EQ(control.ToolTipText(), "Print chart") << type;
+    EXPECT_EQ(control.Texts(), "designed|Print chart") << type;
   }
 }
 
 TEST_F(TranslationTest, MissingPropertiesArePassedOver) {
   ComboBox combo(form, "cbo");
   RichTextBox rich(form, "rtf");
-  AnyControl impostor(form, "Toolbar", "tlb");  // no items at all
-  Label last(form, "lbl");
-  for (Control* control : std::initializer_list<Control*>{&combo, &rich, &impostor, &last}) {
+  const AnyControl impostor(form, "Toolbar", "1010", "1019");  // no items at all
+  const AnyControl last(form, "Label", "1010", "1019");
+  for (Control* control : std::initializer_list<Control*>{&combo, &rich}) {
     control->SetTag("1010");
     control->SetToolTipText("1019");
   }
@@ -77,20 +72,15 @@ TEST_F(TranslationTest, MissingPropertiesArePassedOver) {
 }
 
 TEST_F(TranslationTest, OtherTypesTakeTheIdAsItStands) {
-  AnyControl slider(form, "Slider", "sld");
-  slider.SetTag("2065");
-  slider.SetToolTipText("1066 units");
-  AnyControl zero(form, "Timer", "tmr");
-  zero.SetCaption("designed");
-  zero.SetTag("zero");
-  zero.SetToolTipText("-1066");
+  const AnyControl slider(form, "Slider", "2065", "1066 units");
+  const AnyControl zero(form, "Timer", "zero", "-1066");
   TextBox bare(form, "txt");  // a number, but no caption to put its text into
   bare.SetTag("2065");
   bare.SetToolTipText("3065");
   environment.languageBase = 2000;
   TranslateForm(form, environment);
-  EXPECT_EQ(slider.Caption() + "|" + slider.ToolTipText(), "Value out of range !|Imprimir");
-  EXPECT_EQ(zero.Caption() + "|" + zero.ToolTipText(), "designed|-1066");
+  EXPECT_EQ(slider.Texts(), "Value out of range !|Imprimir");
+  EXPECT_EQ(zero.Texts(), "designed|-1066");
   EXPECT_EQ(bare.ToolTipText(), "¡Valor fuera de rango!");
 }
 
@@ -104,11 +94,9 @@ TEST_F(TranslationTest, ItemsAreTranslatedByTheirControlsRule) {
     ItemsControl control(form, type, "items");
     control.Items() = {{"", "designed", "plain"}, {"1010", "1066", "1067"}};
     TranslateForm(form, environment);
-    const ControlItem& plain = control.Items()[0];
-    const ControlItem& item = control.Items()[1];
-    EXPECT_EQ(plain.caption + plain.toolTipText, "designedplain") << type;
-    EXPECT_EQ(item.caption, caption) << type;
-    EXPECT_EQ(item.toolTipText, toolTip) << type;
+    EXPECT_EQ(control.Items()[0].caption + control.Items()[0].toolTipText, "designedplain") << type;
+    EXPECT_EQ(control.Items()[1].caption, caption) << type;
+    EXPECT_EQ(control.Items()[1].toolTipText, toolTip) << type;
   }
   Menu menu(form, "mnu");
   menu.SetTag("1010");
@@ -119,13 +107,9 @@ TEST_F(TranslationTest, ItemsAreTranslatedByTheirControlsRule) {
 
 TEST_F(TranslationTest, WhatIsNoMessageNumberStays) {
   for (const char* tag : {"", "abc", "1101", "999", "40000", "-5", "1e9", "32767"}) {
-    Label label(form, "lbl");
-    label.SetCaption("designed");
-    label.SetTag(tag);
-    label.SetToolTipText(tag);
+    const AnyControl label(form, "Label", tag, tag);
     TranslateForm(form, environment);
-    EXPECT_EQ(label.Caption(), "designed") << tag;
-    EXPECT_EQ(label.ToolTipText(), tag) << tag;
+    EXPECT_EQ(label.Texts(), "designed|" + std::string(tag));
   }
   EXPECT_TRUE(fakes.dialogs.boxes.empty());
 }

@@ -5,7 +5,7 @@
 #include "common/language.h"
 #include "common/settings_io.h"
 #include "common/settings_table.h"
-#include "platform/run_time_error.h"
+#include "support/error_of.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -73,13 +73,7 @@ TEST_F(SettingsTest, ABadIntegerNamesItsSectionAndKey) {
       {"MyConf", "lngModemDelay", " 70000 ", ""}};
   for (const auto& [section, key, text, expected] : cases) {
     fakes.settings.values = {{section, {{key, text}}}};
-    std::string message;
-    try {
-      ReadAll();
-    } catch (const RunTimeError& error) {
-      message = std::to_string(error.Number()) + " " + error.what();
-    }
-    EXPECT_EQ(message, expected);
+    EXPECT_EQ(ErrorTextOf([this] { ReadAll(); }), expected);
   }
 }
 
@@ -112,15 +106,6 @@ TEST_F(SettingsTest, TheLanguageDecidesBaseAndHelpFile) {
   environment.settings.strLanguage = "Klingon";
   SetLanguageBase(environment);
   EXPECT_EQ(environment.languageBase, 2000) << "an unknown language leaves the base as it was";
-}
-
-TEST_F(SettingsTest, TheDecimalFlagFollowsTheLocale) {
-  fakes.locale.UseComma();
-  ComputeDecimalPoint(environment);
-  EXPECT_FALSE(environment.bDecimalPoint);
-  fakes.locale.numbers = {".", "'"};
-  ComputeDecimalPoint(environment);
-  EXPECT_TRUE(environment.bDecimalPoint);
 }
 
 }  // namespace

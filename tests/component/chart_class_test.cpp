@@ -57,6 +57,7 @@ TEST_F(ChartClassTest, TheNextInstanceFindsWhatTheSettingsDoNotSay) {
   fakes.settings.values["MyProject"]["strMainFile"] = "";
   const auto next = Create();
   EXPECT_EQ(next->State().languageBase, 2000);
+  EXPECT_TRUE(next->State().bDecimalPoint);
   EXPECT_EQ(next->State().helpFile, "\\Kshelps.HLP");
   EXPECT_EQ(next->State().driveTable.At(1).Type, "KRA-09");
   EXPECT_EQ(next->State().chartHeader.Content, "12.5");

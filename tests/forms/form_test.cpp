@@ -1,8 +1,9 @@
-// Property-change events, the life of a form, the handlers' error boundary and the timers' schedule.
+// Property-change events, the life of a form, the handlers' error boundary, the timers' schedule and access keys.
 #include "forms/form.h"
 
 #include <gmock/gmock.h>
 
+#include "forms/access_keys.h"
 #include "forms/controls.h"
 #include "support/fake_ports.h"
 
@@ -161,6 +162,30 @@ TEST_F(FormTest, ATickWaitsForItsOwnHandlerWhileOthersGoOn) {
   };
   form.ShowModal();
   EXPECT_EQ(inner, 13);  // three before the first tick, ten while its box was up
+}
+
+TEST_F(FormTest, ButtonsChooseTheirAccessKeysFirstAndNoLetterIsGivenTwice) {
+  Form plain(fakes.forms, "frmKeys", nullptr);
+  Label number(plain, "lblNumber");
+  TextBox field(plain, "txtNumber");
+  Label hint(plain, "lblHint");  // nothing to reach
+  CommandButton start(plain, "cmdStart");
+  CommandButton stop(plain, "cmdStop");
+  CommandButton save(plain, "cmdSave");
+  CheckBox line(plain, "chkLine");
+  CheckBox full(plain, "chkFull");
+  const std::pair<Control*, const char*> designed[] = {
+      {&number, "Número"},   {&hint, "Hint"},       {&start, "Start"}, {&stop, "Stop"},
+      {&save, "R&&D &Save"}, {&line, "Lost Start"}, {&full, "ST"}};
+  for (const auto& [control, caption] : designed) control->SetCaption(caption);
+
+  EXPECT_EQ(FieldOf(plain, number), &field);
+  EXPECT_EQ(FieldOf(plain, hint), nullptr);
+  const auto captions = CaptionsWithAccessKeys(plain);
+  const std::map<const Control*, std::string> expected = {
+      {&save, "R&&D &Save"}, {&start, "S&tart"}, {&stop, "St&op"}, {&line, "&Lost Start"}, {&number, "&Número"}};
+  EXPECT_EQ((std::map<const Control*, std::string>(captions.begin(), captions.end())),
+            expected);  // both letters of "ST" are taken
 }
 
 }  // namespace

@@ -52,51 +52,41 @@ class LayoutTest : public ::testing::Test {
     c_.SetCaption("c");      // 10
     d_.SetCaption("dddd");   // 40
   }
-  void ArrangeIn(const LayoutBox& box, double width, double height) { Arrange(box, {0, 0, width, height}, measurer_); }
+  using Rects = std::vector<Rect>;
+  /// Where a box puts the labels a to d in so much room; empty for those that it does not hold.
+  Rects Placed(const LayoutBox& box, double width, double height) {
+    Arrange(box, {0, 0, width, height}, measurer_);
+    return {a_.Place(), b_.Place(), c_.Place(), d_.Place()};
+  }
 };
 
 TEST_F(LayoutTest, RowsShareTheWidthThatIsLeftOver) {
   const LayoutBox row = Row({Cell(a_), Cell(b_, 1), Cell(c_, 3)});
   EXPECT_EQ(MinimumSize(row, measurer_), (Size{106, 20}));
-  ArrangeIn(row, 146, 40);
-  EXPECT_EQ(a_.Place(), (Rect{0, 10, 30, 20}));  // keeps its height, in the middle
-  EXPECT_EQ(b_.Place(), (Rect{38, 10, 60, 20}));
-  EXPECT_EQ(c_.Place(), (Rect{106, 10, 40, 20}));
-  ArrangeIn(Joined(Row({Cell(a_), Cell(b_)})), 80, 20);
-  EXPECT_EQ(b_.Place().x, 30);
-  ArrangeIn(Row({Stack({Cell(a_), Cell(b_)}), Cell(c_)}), 68, 20);
-  EXPECT_EQ(a_.Place(), (Rect{0, 0, 50, 20}));
-  EXPECT_EQ(b_.Place(), a_.Place());
-  EXPECT_EQ(c_.Place().x, 58);
+  // Each keeps its height, in the middle.
+  EXPECT_EQ(Placed(row, 146, 40), (Rects{{0, 10, 30, 20}, {38, 10, 60, 20}, {106, 10, 40, 20}, {}}));
+  EXPECT_EQ(Placed(Joined(Row({Cell(a_), Cell(b_)})), 80, 20)[1].x, 30);
+  EXPECT_EQ(Placed(Row({Stack({Cell(a_), Cell(b_)}), Cell(c_)}), 68, 20),
+            (Rects{{0, 0, 50, 20}, {0, 0, 50, 20}, {58, 0, 10, 20}, {}}));
 }
 
 TEST_F(LayoutTest, ColumnsAreAsWideAsTheirBoxAndStretchDown) {
   const LayoutBox column = Column({Cell(a_), Cell(b_, 0, 1), Row({Space(), Cell(c_)})});
   EXPECT_EQ(MinimumSize(column, measurer_), (Size{50, 76}));
-  ArrangeIn(column, 100, 126);
-  EXPECT_EQ(a_.Place(), (Rect{0, 0, 100, 20}));
-  EXPECT_EQ(b_.Place(), (Rect{0, 28, 100, 70}));
-  EXPECT_EQ(c_.Place(), (Rect{90, 106, 10, 20}));
+  EXPECT_EQ(Placed(column, 100, 126), (Rects{{0, 0, 100, 20}, {0, 28, 100, 70}, {90, 106, 10, 20}, {}}));
 }
 
 TEST_F(LayoutTest, GridColumnsHaveCommonWidths) {
   const LayoutBox grid = Grid(2, {Cell(a_), Cell(b_, 1), Cell(c_), Cell(d_)});
   EXPECT_EQ(MinimumSize(grid, measurer_), (Size{88, 48}));
-  ArrangeIn(grid, 100, 48);
-  EXPECT_EQ(a_.Place(), (Rect{0, 0, 30, 20}));
-  EXPECT_EQ(b_.Place(), (Rect{38, 0, 62, 20}));
-  EXPECT_EQ(c_.Place(), (Rect{0, 28, 30, 20}));
-  EXPECT_EQ(d_.Place(), (Rect{38, 28, 62, 20}));
+  EXPECT_EQ(Placed(grid, 100, 48), (Rects{{0, 0, 30, 20}, {38, 0, 62, 20}, {0, 28, 30, 20}, {38, 28, 62, 20}}));
 }
 
 TEST_F(LayoutTest, AlignedBoxesAreAsWideAsTheWidestWhereverTheyStand) {
   const LayoutBox column = Column(
       {Row({Aligned(1, Cell(a_)), Cell(d_, 1)}), Group(frame_, Row({Aligned(1, Cell(b_)), Aligned(2, Cell(c_))}))});
   EXPECT_EQ(MinimumSize(column, measurer_).width, 98);
-  ArrangeIn(column, 98, 90);
-  EXPECT_EQ(a_.Place().width, 50);
-  EXPECT_EQ(d_.Place().x, 58);
-  EXPECT_EQ(c_.Place().width, 10);
+  EXPECT_EQ(Placed(column, 98, 90), (Rects{{0, 0, 50, 20}, {5, 25, 50, 20}, {63, 25, 10, 20}, {58, 0, 40, 20}}));
 }
 
 TEST_F(LayoutTest, OnlyCollapsingBoxesGiveTheirRoomAway) {
@@ -104,9 +94,7 @@ TEST_F(LayoutTest, OnlyCollapsingBoxesGiveTheirRoomAway) {
   EXPECT_EQ(MinimumSize(Row({Cell(a_), Cell(b_), Cell(c_)}), measurer_).width, 106);
   const LayoutBox row = Row({Cell(a_), Collapsing(Cell(b_)), Cell(c_)});
   EXPECT_EQ(MinimumSize(row, measurer_).width, 48);
-  ArrangeIn(row, 48, 20);
-  EXPECT_EQ(b_.Place(), Rect{});
-  EXPECT_EQ(c_.Place().x, 38);
+  EXPECT_EQ(Placed(row, 48, 20), (Rects{{0, 0, 30, 20}, {}, {38, 0, 10, 20}, {}}));
   // A collapsing box goes with its last visible control, and the gap before it.
   const LayoutBox column = Column({Cell(a_), Collapsing(Row({Cell(b_), Space(), Cell(d_)}))});
   EXPECT_EQ(MinimumSize(column, measurer_).height, 48);
@@ -123,11 +111,9 @@ TEST_F(LayoutTest, GroupsHoldTheirContentInsideBorderAndTitle) {
   EXPECT_TRUE(b_.Container() == &frame_ && picture_.Container() == &frame_);
   EXPECT_TRUE(c_.Container() == &picture_ && a_.Container() == nullptr);
   EXPECT_EQ(MinimumSize(box, measurer_), (Size{120, 78}));  // as wide as the title
-  ArrangeIn(box, 120, 98);
+  EXPECT_EQ(Placed(box, 120, 98), (Rects{{0, 0, 120, 20}, {5, 35, 50, 20}, {0, 0, 50, 40}, {}}));
   EXPECT_EQ(frame_.Place(), (Rect{0, 28, 120, 70}));
-  EXPECT_EQ(b_.Place(), (Rect{5, 35, 50, 20}));
   EXPECT_EQ(picture_.Place(), (Rect{63, 25, 50, 40}));
-  EXPECT_EQ(c_.Place(), (Rect{0, 0, 50, 40}));
 }
 
 TEST_F(LayoutTest, WrappingLabelsTakeTheHeightThatTheirWidthAsksFor) {
@@ -135,17 +121,15 @@ TEST_F(LayoutTest, WrappingLabelsTakeTheHeightThatTheirWidthAsksFor) {
   a_.SetWordWrap(true);
   const LayoutBox column = Column({Cell(a_), Cell(d_)});
   EXPECT_EQ(MinimumSize(column, measurer_), (Size{40, 88}));  // three lines of four
-  ArrangeIn(column, 50, 100);
-  EXPECT_EQ(a_.Place(), (Rect{0, 0, 50, 40}));
-  EXPECT_EQ(d_.Place().y, 48);
+  EXPECT_EQ(Placed(column, 50, 100), (Rects{{0, 0, 50, 40}, {}, {}, {0, 48, 50, 20}}));
 }
 
 TEST_F(LayoutTest, NothingOverlapsInTooLittleRoomAndLeastSizesHold) {
   const LayoutBox row = Row({AtLeast(Cell(a_), 70, 33), Cell(b_, 1), Cell(c_)});
   EXPECT_EQ(MinimumSize(row, measurer_), (Size{146, 33}));
-  ArrangeIn(row, 20, 10);
-  EXPECT_GE(b_.Place().x, a_.Place().Right() + kLayoutGap);
-  EXPECT_GE(c_.Place().x, b_.Place().Right() + kLayoutGap);
+  const Rects places = Placed(row, 20, 10);
+  EXPECT_GE(places[1].x, places[0].Right() + kLayoutGap);
+  EXPECT_GE(places[2].x, places[1].Right() + kLayoutGap);
 }
 
 }  // namespace

@@ -14,16 +14,11 @@
 namespace chartproject {
 namespace {
 
-using ::testing::AnyOf, ::testing::ElementsAre, ::testing::IsEmpty, ::testing::SizeIs;
+using ::testing::ElementsAre, ::testing::IsEmpty, ::testing::SizeIs;
 
 struct ProjectMakerTest : ::testing::Test {
   ProjectReport Make(const std::string& folder = "/plant") {
     return MakeProject(fakes.files, fakes.settings, fakes.codePage, folder);
-  }
-  static unsigned Number(const std::string& bytes, std::size_t at, std::size_t count) {
-    unsigned value = 0;
-    for (std::size_t i = count; i-- > 0;) value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
-    return value;
   }
   FakePorts fakes;
 };
@@ -111,34 +106,6 @@ TEST_F(ProjectMakerTest, NeverWritesOverAFileAndStoresNothingWhenTheDiskIsFull) 
   fakes.files.writeBudget = 5000;
   EXPECT_THROW(Make("/full"), RunTimeError);
   EXPECT_THAT(fakes.settings.values, IsEmpty());
-}
-
-TEST_F(ProjectMakerTest, SoundsAndPicturesAreWellFormed) {
-  Make();
-  for (const char* name : {"NIMClick.wav", "Complete.wav", "ir_end.wav"}) {
-    const std::string bytes = fakes.files.Bytes(std::string("/plant/media/") + name);
-    EXPECT_LT(bytes.size(), 50'000U);
-    EXPECT_EQ(bytes.substr(0, 4) + bytes.substr(8, 8) + bytes.substr(36, 4), "RIFFWAVEfmt data") << name;
-    EXPECT_EQ(Number(bytes, 4, 4), bytes.size() - 8);
-    EXPECT_EQ(Number(bytes, 40, 4), bytes.size() - 44);
-    EXPECT_NE(bytes.substr(44).find_first_not_of('\0'), std::string::npos) << "silent";
-  }
-  const std::string cursor = fakes.files.Bytes("/plant/graphics/Cursor/Select.cur");
-  EXPECT_EQ(Number(cursor, 2, 2), 2U);
-  EXPECT_EQ(Number(cursor, 10, 2), 5U);  // the fingertip
-  for (const char* name : {"Cursor/Select.cur", "Icon/General/Kestrel.ico", "Icon/General/Orlin.ico"}) {
-    const std::string bytes = fakes.files.Bytes(std::string("/plant/graphics/") + name);
-    const unsigned count = Number(bytes, 4, 2);
-    std::size_t end = 6 + 16 * count;
-    for (std::size_t entry = 6; entry < 6 + 16 * count; entry += 16) {
-      EXPECT_THAT(Number(bytes, entry, 1), AnyOf(16, 32));
-      EXPECT_EQ(Number(bytes, entry + 12, 4), end);  // pictures follow each other
-      EXPECT_EQ(Number(bytes, end, 4), 40U);
-      EXPECT_EQ(Number(bytes, end + 8, 4), 2 * Number(bytes, entry, 1));
-      end += Number(bytes, entry + 8, 4);
-    }
-    EXPECT_EQ(end, bytes.size()) << name;
-  }
 }
 
 }  // namespace

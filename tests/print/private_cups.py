@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""Runs a command beside a print server of its own and keeps what the printer received.
+"""Runs a command beside a print server of its own and keeps the document that its printer was sent.
 
 usage: private_cups.py accepting|rejecting RECEIVED.pdf COMMAND...
-The server listens on the loopback interface only; its one queue, the default printer, hands documents unchanged to a
-socket. Ends with the command's exit code; with 90 when the server could not be set up.
+The server listens on the loopback interface only; its one queue, the default printer, takes documents unchanged. Ends
+with the command's exit code; with 90 when the server could not be set up.
 """
-import os, socket, subprocess, sys, tempfile, threading, time
+import os, shutil, socket, subprocess, sys, tempfile, time
 
 DEADLINE = 30  # seconds for each step
 
@@ -30,7 +30,8 @@ def write_configuration(root, port):
         os.makedirs(os.path.join(root, name))
         os.chmod(os.path.join(root, name), 0o777)
     with open(os.path.join(root, "cupsd.conf"), "w") as file:
-        file.write(f"Listen 127.0.0.1:{port}\nBrowsing Off\nDefaultAuthType None\nWebInterface No\nLogLevel warn\n"
+        file.write(f"Listen 127.0.0.1:{port}\nBrowsing Off\nDefaultAuthType None\nLogLevel warn\n"
+                   "WebInterface No\nPreserveJobFiles Yes\n"
                    "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
                    "<Location /admin>\n  Order allow,deny\n  Allow all\n</Location>\n"
                    "<Policy default>\n  <Limit All>\n    Order allow,deny\n    Allow all\n  </Limit>\n</Policy>\n")
@@ -40,23 +41,10 @@ def write_configuration(root, port):
                    f"PageLog {root}/log/page\n")
 
 
-def receive(listener, target, received):
-    connection, _ = listener.accept()
-    with connection, open(target + ".part", "wb") as file:
-        while data := connection.recv(65536):
-            file.write(data)
-    os.rename(target + ".part", target)
-    received.set()
-
-
 def main():
     mode, target, command = sys.argv[1], sys.argv[2], sys.argv[3:]
-    with tempfile.TemporaryDirectory() as root, socket.socket() as listener:
+    with tempfile.TemporaryDirectory() as root:
         os.chmod(root, 0o755)
-        listener.bind(("127.0.0.1", 0))
-        listener.listen(1)
-        received = threading.Event()
-        threading.Thread(target=receive, args=(listener, target, received), daemon=True).start()
         port = free_port()
         write_configuration(root, port)
         environment = dict(os.environ, CUPS_SERVER=f"127.0.0.1:{port}")
@@ -67,8 +55,7 @@ def main():
         server = subprocess.Popen(["/usr/sbin/cupsd", "-f", "-c", f"{root}/cupsd.conf", "-s", f"{root}/cups-files.conf"])
         try:
             wait_for(lambda: "is running" in cups("lpstat", "-r").stdout, "the print server's start")
-            target_uri = f"socket://127.0.0.1:{listener.getsockname()[1]}"
-            for words in (("-p", "TESTQ", "-E", "-v", target_uri), ("-d", "TESTQ")):
+            for words in (("-p", "TESTQ", "-E", "-v", "file:/dev/null"), ("-d", "TESTQ")):
                 made = cups("/usr/sbin/lpadmin", *words)
                 if made.returncode:
                     print("private_cups:", made.stdout, file=sys.stderr)
@@ -77,7 +64,8 @@ def main():
                 cups("/usr/sbin/cupsreject", "TESTQ")
             code = subprocess.run(command, env=environment).returncode
             if code == 0:
-                wait_for(received.is_set, "the document's arrival")
+                wait_for(lambda: "TESTQ" in cups("lpstat", "-W", "completed", "-o").stdout, "the document's arrival")
+                shutil.copy(f"{root}/spool/d00001-001", target)
             sys.exit(code)
         finally:
             server.terminate()

@@ -1,4 +1,4 @@
-// The acquisition dialog as a user meets it: a whole recording by keys, Esc, boxes, its place, its three languages.
+// The acquisition dialog as a user meets it: a whole recording by keys, Esc, boxes, its three languages.
 #include <gmock/gmock.h>
 
 #include <QApplication>
@@ -68,20 +68,6 @@ TEST_F(AcquireWindowTest, ABadNumberIsRefusedInABoxAndTheWindowStaysUsable) {
   });
   user.Until("the former number", [&] { return box() == nullptr && form.txtNumberOfPoints.Text() == "5"; });
   user.Do([&] { user.Window().close(); }).GoThrough();
-}
-
-TEST_F(AcquireWindowTest, ComesBackWhereItWasLeft) {
-  user.Do([&] { user.Window().move(60, 40); });
-  user.Until("the move", [&] { return form.Left() == 900 && form.Top() == 600; });
-  user.Do([&] { user.Window().close(); }).GoThrough();
-  AcquireForm again(project.component);
-  User second(again);
-  second.Until("the same place", [&] { return second.Window().pos() == QPoint(60, 40); });
-  second.Do([&] { second.Window().showMaximized(); });
-  second.Until("maximised", [&] { return again.State() == WindowState::kMaximized; });
-  second.Do([&] { second.Window().close(); }).GoThrough();
-  EXPECT_EQ(project.fakes.settings.values["frmAcquireVar"]["Left"], "900");
-  EXPECT_EQ(project.fakes.settings.values["MyConf"]["strMaximizedfrmErr"], "Yes");
 }
 
 TEST(AcquireLanguagesTest, NoTextIsCut) {

@@ -3,7 +3,6 @@
 // then.
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
@@ -102,10 +101,3 @@ TEST(ChartImage, TellsOneTypeFromAnother) {
 
 }  // namespace
 }  // namespace chartproject
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  ::testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

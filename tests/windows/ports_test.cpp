@@ -11,19 +11,11 @@
 #include "platform/win32/win32_clipboard.h"
 #include "platform/win32/win32_code_page.h"
 #include "platform/win32/win32_file_system.h"
+#include "support/error_of.h"
 #include "windows/form_driver.h"
 
 namespace chartproject::win32 {
 namespace {
-
-int ErrorOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const RunTimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 std::string InTestFolder(const std::string& name) {
   return testing::TestFolder() + "\\" + name;
@@ -131,17 +123,11 @@ TEST(Clipboard, APictureGoesThroughUnchanged) {
   Win32Clipboard clipboard;
   clipboard.Clear();
   EXPECT_EQ(clipboard.Picture(), std::nullopt);
-  Bitmap picture;
-  picture.width = 3;
-  picture.height = 2;
-  picture.dotsPerInch = 192;
-  picture.pixels = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF000000, 0xFFFFFFFF, 0xFF123456};
+  const Bitmap picture{3, 2, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF000000, 0xFFFFFFFF, 0xFF123456}, 192};
   clipboard.SetPicture(picture);
   const auto taken = clipboard.Picture();
   ASSERT_TRUE(taken.has_value());
-  EXPECT_EQ(taken->width, 3);
-  EXPECT_EQ(taken->height, 2);
-  EXPECT_EQ(taken->pixels, picture.pixels);
+  EXPECT_EQ(std::tuple(taken->width, taken->height, taken->pixels), std::tuple(3, 2, picture.pixels));
   EXPECT_NEAR(taken->dotsPerInch, 192, 0.1);
 }
 
@@ -156,8 +142,7 @@ TEST(Renderer, PaintsAtTheScaleAskedFor) {
     canvas.PopClip();
     EXPECT_GT(canvas.MeasureText("Wide text", Font{"No such family", 9.0}).width, 20);
   });
-  ASSERT_EQ(picture.width, 20);
-  ASSERT_EQ(picture.height, 8);
+  ASSERT_EQ(std::pair(picture.width, picture.height), std::pair(20, 8));
   EXPECT_EQ(picture.dotsPerInch, 192);
   EXPECT_EQ(picture.pixels[2], 0xFFFF0000U);
   EXPECT_EQ(picture.pixels[17], 0xFFFFFFFFU) << "outside the clip it stays white";

@@ -1,30 +1,35 @@
-// The simulated machines: they work their cycle, show it in every parameter, and repeat it exactly.
+// Links to plants that are none: scripts, what holds when and what is refused; the simulated machines, which work their
+// cycle, show it in every parameter, and repeat it exactly.
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <set>
 
 #include "common/numbers.h"
 #include "drive/drive_models.h"
 #include "drive/drive_status.h"
 #include "drive/unit_codes.h"
+#include "links/scenario_link.h"
 #include "links/simulated_link.h"
 #include "links/simulated_parameters.h"
+#include "support/error_of.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
 namespace {
 
-constexpr const char* kNoAnswer = "(no answer)";
-constexpr std::array kModels{"KRA-09", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"};
+using ::testing::HasSubstr;
 
-struct SimulatedTest : ::testing::Test {
-  SimulatedTest() { OpenLink(); }
-  void OpenLink() {
-    link = SimulatedLinkFactory(fakes.clock, fakes.locale).Create();
+constexpr const char* kNoAnswer = "(no answer)";
+
+struct LinkTest : ::testing::Test {
+  void Open(DriveLinkFactory&& factory) {
+    link = factory.Create();
     std::int16_t result = -1;
     link->OpenLink(result);
     opened = fakes.clock.Now();
   }
+  void GoTo(double seconds) { fakes.clock.AdvanceTo(opened + Instant(std::llround(seconds * 1e6))); }
   std::string Read(const std::string& model, int parameter, std::int16_t unitCode, int address = 1) const {
     std::int16_t status = 0;
     link->ReadParameter(static_cast<std::int16_t>(address), ModelCode(model), static_cast<std::int16_t>(parameter),
@@ -38,46 +43,80 @@ struct SimulatedTest : ::testing::Test {
     link->GetValue(value);
     return value;
   }
-  void GoTo(double seconds) { fakes.clock.AdvanceTo(opened + Instant(static_cast<std::int64_t>(seconds * 1e6))); }
-  std::string State(const std::string& model) {
-    Read(model, 6, kDirectUnitCode);
-    DriveStatus status;
-    DecodeStatus(status, Value());
-    return status.strStatus;
-  }
 
   FakePorts fakes;
   std::unique_ptr<DriveLink> link;
   Instant opened{0};
 };
 
+struct ScenarioTest : LinkTest {
+  /// The text of a read at a moment, or "(no answer)".
+  std::string ReadAt(int milliseconds, int address, int parameter) {
+    GoTo(milliseconds / 1000.0);
+    return Read("KRA-09", parameter, 7, address);
+  }
+};
+
+TEST_F(ScenarioTest, AValueHoldsFromItsMomentUntilTheNext) {
+  fakes.clock.Advance(std::chrono::seconds(90));  // the script begins when the link is opened
+  fakes.files.Put("/plant.txt",
+                  "\xEF\xBB\xBF# a plant\r\n\r\n"
+                  "at 200 01 P005 60   # written before the line for its past\n"
+                  "at 0\t01 P005 50.25\n"
+                  "at 200 01 P005 61,5\n"
+                  "at 0 01 P012 AIA IAI\n"
+                  "at 150 01 silent\nat 180 01 answers\n");
+  Open(ScenarioLinkFactory(fakes.files, fakes.clock, "/plant.txt"));
+  const std::tuple<int, int, int, const char*> cases[] = {
+      {0, 1, 5, "50.25"},     {0, 1, 12, "AIA IAI"}, {0, 2, 5, kNoAnswer}, {149, 1, 5, "50.25"},
+      {150, 1, 5, kNoAnswer}, {180, 1, 5, "50.25"},  {199, 1, 5, "50.25"}, {200, 1, 5, "61,5"}};
+  for (const auto& [moment, address, parameter, text] : cases) {
+    EXPECT_EQ(ReadAt(moment, address, parameter), text) << moment << " P" << parameter;
+  }
+  EXPECT_EQ(Value(), 61.5);
+  EXPECT_EQ(ReadAt(300, 1, 12), "AIA IAI");
+  EXPECT_EQ(Value(), 0);
+}
+
+TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
+  for (const char* line :
+       {"at 0 01 P005", "at x 01 P005 1", "at -5 01 P005 1", "at 0 1 P005 1", "at 0 31 P005 1", "at 0 01 P5 1",
+        "at 0 01 P005x 1", "at 0 01 quiet", "at 0 01 silent now", "0 01 P005 1", "\x01\x02\xFF", "at 0 01 X005 1"}) {
+    fakes.files.Put("/plant.txt", "at 0 01 P005 1\n# fine\n" + std::string(line) + "\nat 1 01 P005 1\n");
+    const std::string error = ErrorTextOf([this] { ScenarioLinkFactory(fakes.files, fakes.clock, "/plant.txt"); });
+    EXPECT_THAT(error, HasSubstr("/plant.txt, line 3: " + std::string(line)));
+  }
+  EXPECT_THROW(ScenarioLinkFactory(fakes.files, fakes.clock, "/missing.txt"), RunTimeError);
+}
+
+struct SimulatedTest : LinkTest {
+  SimulatedTest() { OpenLink(); }
+  void OpenLink() { Open(SimulatedLinkFactory(fakes.clock, fakes.locale)); }
+  std::string State() {
+    Read("KRA-09", 6, kDirectUnitCode);
+    DriveStatus status;
+    DecodeStatus(status, Value());
+    return status.strStatus;
+  }
+};
+
 TEST_F(SimulatedTest, StartsRunsRampsAndStopsWithItsStatusWordAndInputs) {
-  const auto speed = [this] { return Read("KRA-09", 2, kDirectUnitCode), Value(); };
-  const auto inputs = [this] { return Read("KRA-09", 12, kDigitalInputsUnitCode); };
-  EXPECT_EQ(State("KRA-09"), "READY");
-  EXPECT_EQ(speed(), 0);
   EXPECT_EQ(Read("KRA-09", 3, 2), "0.0");  // no current at rest
-  EXPECT_EQ(inputs(), "IIIIIIAA");
-  GoTo(3.5);
-  EXPECT_EQ(State("KRA-09"), "RUN");
-  EXPECT_NEAR(speed(), 875, 5);
-  EXPECT_EQ(inputs(), "AIIIIIAA");
-  EXPECT_EQ(Read("KRA-09", 12, kDirectUnitCode), "193");
-  GoTo(8);
-  EXPECT_NEAR(speed(), 1750, 5);
-  EXPECT_EQ(inputs(), "AIAAIIAA");
-  GoTo(26);
-  EXPECT_EQ(State("KRA-09"), "READY");
-  GoTo(4 * 30 - 1);
-  EXPECT_EQ(State("KRA-09"), "SUB");
-  EXPECT_EQ(inputs(), "IIIIIIIA");
-  GoTo(6 * 30 - 1);
-  EXPECT_EQ(State("KRA-09"), "E04");
-  EXPECT_EQ(inputs(), "IIIIIIAI");
+  EXPECT_EQ(Read("KRA-09", 12, kDirectUnitCode), "192");
+  const std::tuple<double, const char*, double, const char*> cases[] = {
+      {0, "READY", 0, "IIIIIIAA"},  {3.5, "RUN", 875, "AIIIIIAA"},      {8, "RUN", 1750, "AIAAIIAA"},
+      {26, "READY", 0, "IIIIIIAA"}, {4 * 30 - 1, "SUB", 0, "IIIIIIIA"}, {6 * 30 - 1, "E04", 0, "IIIIIIAI"}};
+  for (const auto& [moment, state, speed, inputs] : cases) {
+    GoTo(moment);
+    EXPECT_EQ(State(), state) << moment;
+    EXPECT_EQ(Read("KRA-09", 12, kDigitalInputsUnitCode), inputs) << moment;
+    Read("KRA-09", 2, kDirectUnitCode);
+    EXPECT_NEAR(Value(), speed, speed == 0 ? 0 : 5) << moment;
+  }
 }
 
 TEST_F(SimulatedTest, EveryModelsParametersAnswerInTheDecimalsOfTheirUnitAndMove) {
-  for (const std::string model : kModels) {
+  for (const std::string model : {"KRA-09", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"}) {
     OpenLink();
     GoTo(4);
     std::set<std::string> texts;

@@ -1,0 +1,132 @@
+// Ticks and labels of both axes, from tiny to huge values.
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+
+#include "chart/category_axis.h"
+#include "chart/value_axis.h"
+
+namespace chartproject {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// Every character is 7 pixels wide.
+double TextWidth(std::string_view text) {
+  return 7.0 * static_cast<double>(text.size());
+}
+
+CategoryAxis LayOut(int rows, std::int64_t first, CategoryScale scale, double width) {
+  ChartModel model;
+  model.rowCount = rows;
+  model.firstRowLabel = first;
+  model.categoryScale = scale;
+  return LayOutCategoryAxis(model, {width / rows, 30, 10, TextWidth});
+}
+
+std::vector<std::string> Texts(const CategoryAxis& axis) {
+  std::vector<std::string> texts;
+  for (const CategoryLabel& label : axis.labels) texts.push_back(label.text);
+  return texts;
+}
+
+CategoryScale Divisions(int count) {
+  return {false, count, count, true};
+}
+
+TEST(CategoryAxis, OneTickAndOneLabelAtEachDivision) {
+  const CategoryAxis axis = LayOut(15, 101, Divisions(5), 600);
+  EXPECT_THAT(axis.tickRows, ElementsAre(0, 5, 10));
+  EXPECT_THAT(Texts(axis), ElementsAre("101", "106", "111"));
+  EXPECT_EQ(axis.labels[1].position, 5.5);
+  EXPECT_EQ(LayOut(8, 1, {false, 4, 4, false}, 400).labels[1].position, 6) << "in the middle of its division";
+  EXPECT_TRUE(LayOutCategoryAxis({}, {1, 0, 0, TextWidth}).tickRows.empty());
+}
+
+TEST(CategoryAxis, SkipsLabelsEvenlyWhenTheyWouldTouch) {
+  EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 600)).size(), 25);
+  EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 400)),
+              ElementsAre("1", "3", "5", "7", "9", "11", "13", "15", "17", "19", "21", "23", "25"));
+  EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 80)), ElementsAre("1", "8", "15", "22"));
+  EXPECT_THAT(LayOut(25, 1, Divisions(1), 80).tickRows.size(), 25);
+}
+
+TEST(CategoryAxis, ChoosesRoundDivisionsByItself) {
+  EXPECT_THAT(LayOut(100, 1, {}, 400).tickRows, ElementsAre(0, 10, 20, 30, 40, 50, 60, 70, 80, 90));
+}
+
+TEST(CategoryAxis, LabelsNeverTouchNorLeaveTheirRoom) {
+  for (const int division : {1, 2, 7, 1310}) {
+    for (const std::int64_t first : {std::int64_t{1}, std::int64_t{1999967251}}) {
+      for (double width = 1; width < 900; width += 3.7) {
+        const int rows = 25 * division;
+        const CategoryAxis axis = LayOut(rows, first, Divisions(division), width);
+        double end = -30;
+        for (const CategoryLabel& label : axis.labels) {
+          const double middle = label.position * width / rows;
+          EXPECT_GE(middle - TextWidth(label.text) / 2, end) << width << " " << label.text;
+          end = middle + TextWidth(label.text) / 2 + 1;
+        }
+        EXPECT_LE(end, width + 11);
+      }
+    }
+  }
+}
+
+std::vector<std::string> Texts(const ValueAxis& axis, const NumberFormat& format) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < axis.TickCount(); ++i) texts.push_back(TickText(axis, i, format));
+  return texts;
+}
+
+ValueRange RangeOf(double one, double other) {
+  ValueRange range;
+  range.Include(one);
+  range.Include(other);
+  return range;
+}
+
+TEST(ValueAxis, TicksAreRoundAndEncloseTheData) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  using Case = std::tuple<double, double, bool, int, std::vector<std::string>>;
+  const Case cases[] = {
+      {3, 153, true, 10, {"0", "20", "40", "60", "80", "100", "120", "140", "160"}},
+      {-47, 48, true, 6, {"-60", "-40", "-20", "0", "20", "40", "60"}},
+      {-30, -12, true, 4, {"-30", "-20", "-10", "0"}},
+      {29, 153, false, 4, {"0", "50", "100", "150", "200"}},
+      {-153, -29, false, 4, {"-200", "-150", "-100", "-50", "0"}},
+      {0.1, 0.3, false, 4, {"0.10", "0.15", "0.20", "0.25", "0.30"}},
+      {0, 0, true, 5, {"0", "0.2", "0.4", "0.6", "0.8", "1.0"}},
+      {60, 60, false, 4, {"56", "58", "60", "62", "64"}},
+      {-1, 1, true, 1, {"-1", "0", "1"}},
+      {-1.5, 1752, true, 10, {"0", "200", "400", "600", "800", "1,000", "1,200", "1,400", "1,600", "1,800"}},
+      {0.99, 1.01, false, 1, {"0", "2"}},
+      {0, 3e-9, false, 3, {"0", "1E-09", "2E-09", "3E-09"}},
+      {-1234567, 0, true, 2, {"-2,000,000", "-1,000,000", "0"}},
+      {0, 1.6e9, true, 4, {"0", "5E+08", "1.0E+09", "1.5E+09", "2.0E+09"}},
+      {-kLargest, kLargest, true, 2, {"-1E+307", "0", "1E+307"}},
+      {5e-324, 5e-324, false, 1, {"0", "1"}},
+      {1e9, 1e9 + 1e-6, false, 2, {"9.5E+08", "1.00E+09", "1.05E+09"}}};
+  for (const auto& [low, high, withZero, steps, texts] : cases) {
+    const ValueAxis axis = ChooseValueAxis(RangeOf(low, high), withZero, steps);
+    EXPECT_EQ(Texts(axis, {}), texts);
+    const double overshoot = (axis.Tick(1) - axis.Tick(0)) / 50;
+    EXPECT_LE(axis.Minimum() - overshoot, std::max(low, -kLargestShown));
+    EXPECT_GE(axis.Maximum() + overshoot, std::min(high, kLargestShown));
+  }
+}
+
+TEST(ValueAxis, WithoutDataGoesFromZeroToOne) {
+  const ValueRange none = RangeOf(std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity());
+  EXPECT_THAT(Texts(ChooseValueAxis(none, false, 2), {}), ElementsAre("0", "0.5", "1.0"));
+}
+
+TEST(ValueAxis, TicksCarryNoRoundingNoiseAndTheirTextsFollowTheLocale) {
+  EXPECT_EQ((ValueAxis{.mantissa = 1, .exponent = -1, .firstTick = 0, .lastTick = 3}).Tick(3), 0.3);
+  EXPECT_THAT(Texts(ChooseValueAxis(RangeOf(-1500.5, -1500), false, 2), {",", "."}),
+              ElementsAre("-1.500,5", "-1.500,0"));
+}
+
+}  // namespace
+}  // namespace chartproject
