@@ -1,4 +1,5 @@
 // The dialog before a run: lists, fields, events, the chart file's header, messages, closing.
+#include "acquire/trigger_events.h"
 #include "dialog_fixture.h"
 
 namespace chartproject {
@@ -27,18 +28,16 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(form->Left(), 1500);
   EXPECT_EQ(form->Top(), (1024 * 15 - 6360) / 2);
   EXPECT_EQ(form->HelpContextId(), 91);
-  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+  EXPECT_THAT(Prompts(), IsEmpty());
   EXPECT_THAT(fake.files.Bytes("\\Kestrel.log"), AllOf(HasSubstr("Kestrel.ico"), HasSubstr("Select.cur")));
 }
 
 TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
   fake.files.Put(kChart, "[INFO]\r\n");
-  fake.files.before = [](const std::string& operation, const std::string& name) {
-    if (operation == "read" && name == kChart) throw RunTimeError(error_number::kPermissionDenied, "unreadable");
-  };
+  fake.files.Break("read", error_number::kPermissionDenied, kChart);
   form = std::make_unique<AcquireForm>(component);
   form->Load();
-  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(HasSubstr("unreadable")));
+  EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("broken: C:\\p\\Test.cht")));
   EXPECT_EQ(form->tmrMonitorEsc.Interval(), 100);
 }
 
@@ -61,14 +60,14 @@ TEST_F(AcquireFormTest, MissingDriverFileIsNamedOnceAndTheDialogStaysUsable) {
   fake.files.Delete("C:\\d\\LMX01E.wcd");
   Open();
   Choose(form->cboDriveAddress, "02");
-  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(HasSubstr("C:\\d\\LMX01E.wcd")));
+  EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("C:\\d\\LMX01E.wcd")));
   EXPECT_THAT(form->cboPXXX1.Items(), IsEmpty());
   EXPECT_FALSE(StartShown());
   EXPECT_EQ(form->lblHint.Caption(), "Choose a parameter in every list that is in use.");
   EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
   Choose(form->cboDriveAddress, "01");
   EXPECT_TRUE(StartShown());
-  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+  EXPECT_THAT(Prompts(), IsEmpty());
 }
 
 TEST_F(AcquireFormTest, LineErrorsOfADriverFileAreNotRepeatedAtEveryReset) {
@@ -76,7 +75,7 @@ TEST_F(AcquireFormTest, LineErrorsOfADriverFileAreNotRepeatedAtEveryReset) {
   form = std::make_unique<AcquireForm>(component);
   form->Load();
   form->cmdReset.Press();
-  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("Error in line 6 in driver C:\\d\\KRA09E.wcd"));
+  EXPECT_THAT(Prompts(), ElementsAre("Error in line 6 in driver C:\\d\\KRA09E.wcd"));
 }
 
 TEST_F(AcquireFormTest, NumberOfParametersEnablesTheListsInUse) {
@@ -98,7 +97,7 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   const auto check = [this](TextControl& field, const char* typed, const char* text, bool refused = false) {
     field.SetText(typed);
     EXPECT_EQ(field.Text(), text) << field.Name() << " <- " << typed;
-    EXPECT_EQ(fake.dialogs.TakePrompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
+    EXPECT_EQ(Prompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
   };
   for (const char* refused : {"0", "99999999999"}) check(form->txtNumberOfPoints, refused, "5", true);
   check(form->txtNumberOfPoints, "x", "5");
@@ -125,7 +124,7 @@ TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
   form->txtContent.SetFocus();
   EXPECT_EQ(form->txtTimeBetweenPoints.Text(), "");
   EXPECT_EQ(component.timeText, "");
-  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre("Value out of range !"));
+  EXPECT_THAT(Prompts(), ElementsAre("Value out of range !"));
   EXPECT_FALSE(StartShown());
   EXPECT_EQ(form->lblHint.Caption(), "Enter the time among points.");
   form->txtTimeBetweenPoints.SetText("250");
@@ -150,9 +149,9 @@ TEST_F(AcquireFormTest, MaskedTimeIsCheckedOnLeavingAndAtStart) {
     form->mebTimeBetweenPoints.SetFocus();
     form->mebTimeBetweenPoints.SetText(text);
     form->cboPXXX1.SetFocus();
-    EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(message)) << text;
+    EXPECT_THAT(Prompts(), ElementsAre(message)) << text;
     form->cmdStart.Press();
-    EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(message)) << text;
+    EXPECT_THAT(Prompts(), ElementsAre(message)) << text;
     EXPECT_EQ(form->Run().State(), RunState::kIdle);
   }
 }
@@ -162,8 +161,7 @@ TEST_F(AcquireFormTest, PointsNeedRoomOnTheDisk) {
   Choose(form->cboNumberOfParameters, "4");
   fake.files.space.totalFree = 170'000'700;
   form->txtNumberOfPoints.SetText("1000000");
-  EXPECT_THAT(fake.dialogs.TakePrompts(),
-              ElementsAre("Insufficient disk space: 170,000,700 bytes. Required space: 70,000,700 bytes"));
+  EXPECT_THAT(Prompts(), ElementsAre("Insufficient disk space: 170,000,700 bytes. Required space: 70,000,700 bytes"));
   EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");
   ++fake.files.space.totalFree;
   form->txtNumberOfPoints.SetText("1000000");
@@ -176,34 +174,26 @@ TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
   fake.files.space.totalFree = 9;
   form = std::make_unique<AcquireForm>(component);
   form->Load();
-  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(refusal));
+  EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_FALSE(StartShown());
   form->rtfFileName.SetText("D");
   form->rtfFileName.SetText("D:");
-  EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+  EXPECT_THAT(Prompts(), IsEmpty());
   form->cmdStart.Press();
-  EXPECT_THAT(fake.dialogs.TakePrompts(), ElementsAre(refusal));
+  EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
 }
 
 TEST_F(AcquireFormTest, EventsThatTheModelLacksDoNotStaySelected) {
   Open();
-  const std::pair<const char*, std::size_t> refused[] = {{"01", 0}, {"02", 16}, {"03", 19}, {"04", 16}};
-  for (const auto& [address, count] : refused) {
-    Choose(form->cboDriveAddress, address);
-    form->cboTriggerMode.SetListIndex(1);
-    form->cboTriggerMode.SetListIndex(0);
-    std::size_t unavailable = 0;
-    for (int position = 0; position < form->cboEvent.ListCount(); ++position) {
-      form->cboEvent.SetListIndex(position);
-      if (form->cboEvent.ListIndex() == position) continue;
-      ++unavailable;
-      EXPECT_EQ(form->cboEvent.ListIndex(), -1);
-      EXPECT_FALSE(TriggerShown());
-      EXPECT_EQ(fake.dialogs.boxes.back().helpContext, 91);
-    }
-    EXPECT_EQ(unavailable, count) << address;
-    EXPECT_THAT(fake.dialogs.TakePrompts(), testing::Each("Event not available"));
+  Choose(form->cboDriveAddress, "02");
+  Choose(form->cboTriggerMode, "Event");
+  for (int position = 0; position < kEventCount; ++position) {
+    form->cboEvent.SetListIndex(position);
+    const bool offered = EventAvailable(position, "LMX-01");
+    EXPECT_EQ(form->cboEvent.ListIndex(), offered ? position : -1);
+    EXPECT_TRUE(offered || (!TriggerShown() && fake.dialogs.boxes.back().helpContext == 91)) << position;
+    EXPECT_EQ(Prompts(), std::vector<std::string>(offered ? 0 : 1, "Event not available")) << position;
   }
   // A change of drive asks again.
   Choose(form->cboDriveAddress, "01");
@@ -249,7 +239,7 @@ TEST_F(AcquireFormTest, HeaderOfAnExistingFileIsShownAndWrittenBackUnchanged) {
     RunToEnd();
     EXPECT_EQ(form->LastRun().end, RunEnd::kComplete);
     EXPECT_THAT(fake.files.Bytes("C:\\p\\old.cht"), testing::StartsWith("[INFO]\r\n" + header + "Start Date="));
-    EXPECT_THAT(fake.dialogs.TakePrompts(), IsEmpty());
+    EXPECT_THAT(Prompts(), IsEmpty());
     form->rtfFileName.SetText("C:\\p\\new.cht");
     EXPECT_FALSE(form->cmdViewChart.Visible());
     EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");

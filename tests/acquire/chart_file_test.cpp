@@ -127,12 +127,6 @@ class ChartFileWriterTest : public ::testing::Test {
     header.StartDate = "1º";
   }
   ChartWriteResult WriteRows() { return writer.WriteRows("a.cht", header, rows, "rescue"); }
-  /// Every file operation of a kind on a name fails.
-  void Break(const std::string& operation, const std::string& name) {
-    fake.files.before = [operation, name](const std::string& asked, const std::string& file) {
-      if (asked == operation && file == name) throw RunTimeError(error_number::kPermissionDenied, "no way: " + file);
-    };
-  }
 
   FakePorts fake;
   ChartHeader header;
@@ -155,24 +149,22 @@ TEST_F(ChartFileWriterTest, RowsFromMemory) {
 
 TEST_F(ChartFileWriterTest, AFailedWriteLeavesTheOldFileAndKeepsTheRows) {
   fake.files.Put("a.cht", "old");
-  for (const auto& [operation, name] : {std::pair("create", "a.cht.new"), {"rename", "a.cht.new"}}) {
-    Break(operation, name);
+  for (const char* operation : {"create", "rename"}) {
+    fake.files.Break(operation, error_number::kPermissionDenied, "a.cht.new");
     const ChartWriteResult result = WriteRows();
     EXPECT_EQ(result.kind, Kind::kFailed);
-    EXPECT_EQ(result.reason, "no way: a.cht");
+    EXPECT_EQ(result.reason, "broken: a.cht");
     EXPECT_EQ(result.keptFile, "a.cht.tcf0");
     EXPECT_EQ(fake.files.Bytes("a.cht.tcf0"), kRowBytes);
     EXPECT_EQ(fake.files.Bytes("a.cht"), "old");
     EXPECT_FALSE(fake.files.Has("a.cht.new"));
-    fake.files.before = nullptr;
+    fake.files.Mend();
     fake.files.Delete("a.cht.tcf0");
   }
 }
 
 TEST_F(ChartFileWriterTest, RowsGoElsewhereWhenTheFolderTakesNothing) {
-  fake.files.before = [](const std::string& operation, const std::string& name) {
-    if (operation == "create" && !name.starts_with("rescue")) throw RunTimeError(61, "full");
-  };
+  fake.files.Break("create", error_number::kDiskFull, "far");
   fake.files.Put("rescue/x", "");
   EXPECT_EQ(writer.WriteRows("far\\a.cht", header, rows, "rescue").keptFile, "rescue\\a.cht.tcf0");
   EXPECT_EQ(fake.files.Bytes("rescue/a.cht.tcf0"), kRowBytes);
@@ -198,12 +190,12 @@ TEST_F(ChartFileWriterTest, SpoolIsCopiedAndDeleted) {
 TEST_F(ChartFileWriterTest, SpoolStaysWhenTheChartFileCannotBeCompleted) {
   fake.files.Put("a.cht.tcf0", "08:00:00#1.50#####\r\n");
   fake.files.Put("a.cht", "old");
-  Break("rename", "a.cht.new");
+  fake.files.Break("rename", error_number::kPermissionDenied, "a.cht.new");
   const ChartWriteResult failed = writer.WriteSpool("a.cht", header);
   EXPECT_EQ(failed.kind, Kind::kFailed);
   EXPECT_EQ(failed.keptFile, "a.cht.tcf0");
   EXPECT_EQ(fake.files.Bytes("a.cht"), "old");
-  fake.files.before = nullptr;
+  fake.files.Mend();
   fake.files.space.totalFree = 99'999'999;
   const ChartWriteResult little = writer.WriteSpool("a.cht", header);
   EXPECT_EQ(little.kind, Kind::kRowsInSpool);

@@ -29,6 +29,7 @@ class DialogTest : public ::testing::Test {
   [[nodiscard]] std::string Chart() const { return fake.files.Bytes(kChart); }
   [[nodiscard]] std::vector<std::string> Rows() const;
   [[nodiscard]] std::vector<std::string> Sounds();
+  std::vector<std::string> Prompts() { return fake.dialogs.TakePrompts(); }
   [[nodiscard]] bool StartShown() const { return form->cmdStart.Visible() && form->lblStart.Visible(); }
   [[nodiscard]] bool TriggerShown() const { return form->cmdTrigger.Visible() && form->lblTrigger.Visible(); }
 

@@ -48,6 +48,7 @@ struct ChartWindowTest : ::testing::Test {
   static std::vector<double> Column(const ChartForm& form, int column) {
     return form.mscChart1.Model().series.at(static_cast<std::size_t>(column)).values;
   }
+  std::vector<std::string> Prompts() { return fakes.dialogs.TakePrompts(); }
   static std::int64_t FirstLabel(const ChartForm& form) { return form.mscChart1.Model().firstRowLabel; }
 
   FakePorts fakes;
@@ -74,7 +75,7 @@ TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
     EXPECT_EQ(form.Caption(), "Chart File - Test.cht");
     EXPECT_EQ(form.cboChartType.Text(), "2D Line");
   });
-  EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty());
+  EXPECT_THAT(Prompts(), IsEmpty());
 }
 
 TEST_F(ChartWindowTest, OpensNoWindowWhereThereIsNothingToShow) {
@@ -88,7 +89,7 @@ TEST_F(ChartWindowTest, OpensNoWindowWhereThereIsNothingToShow) {
     if (!file) fakes.files.Delete(kFile);
     Show([](ChartForm&) {});
     EXPECT_FALSE(shown) << prompt;
-    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(prompt)));
+    EXPECT_THAT(Prompts(), ElementsAre(HasSubstr(prompt)));
   }
   EXPECT_THAT(fakes.files.Bytes("\\Kestrel.log"), HasSubstr("Sub/Function = OpenFile"));
 }
@@ -111,7 +112,7 @@ TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
       EXPECT_EQ(form.SliceStartLine(), form.Source().FirstLine() + last - 25) << last;
       EXPECT_EQ(FirstLabel(form), last - 24) << last;
     });
-    EXPECT_THAT(fakes.dialogs.TakePrompts(), IsEmpty()) << points;
+    EXPECT_THAT(Prompts(), IsEmpty()) << points;
   }
 }
 
@@ -195,7 +196,7 @@ TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
       EXPECT_EQ(Column(form, 0).front(), 2.0 * static_cast<double>(FirstLabel(form))) << text;
       form.txtScale1.SetText(text);
       form.txtScale1.LeaveFocus();
-      EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr(prompt))) << text;
+      EXPECT_THAT(Prompts(), ElementsAre(HasSubstr(prompt))) << text;
       EXPECT_EQ(form.txtScale1.Text(), "2");
     }
   });
@@ -229,7 +230,7 @@ TEST_F(ChartWindowTest, AMalformedLineIsToldOnceAndTheChartStays) {
   fakes.files.Append(kFile, "broken\r\n");
   Show([&](ChartForm& form) {
     form.hsbGraph.SetValue(6);
-    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Line error 45 : <<broken>>"));
+    EXPECT_THAT(Prompts(), ElementsAre("Line error 45 : <<broken>>"));
     EXPECT_EQ(FirstLabel(form), 1);
     form.hsbGraph.SetValue(3);
     EXPECT_EQ(FirstLabel(form), 4);
@@ -341,7 +342,7 @@ TEST_F(ChartWindowTest, ExportsTheOpenFileAndIsUsableAgain) {
       EXPECT_EQ(form.Pointer(), MousePointer::kDefault) << request.prompt;
     };
     form.cmdExport.Press();
-    EXPECT_THAT(fakes.dialogs.TakePrompts().back(), "File was saved as: /data/Test.cht.xls");
+    EXPECT_THAT(Prompts().back(), "File was saved as: /data/Test.cht.xls");
     EXPECT_EQ(form.Pointer(), MousePointer::kDefault);
     form.hsbGraph.SetValue(10);
     EXPECT_EQ(FirstLabel(form), 11);
@@ -353,7 +354,7 @@ TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
   Put("100", 100);
   fakes.dialogs.answers = {box_answer::kNo};
   Show([&](ChartForm& form) { form.cmdPrint.Press(); });
-  EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Print ?"));
+  EXPECT_THAT(Prompts(), ElementsAre("Print ?"));
   EXPECT_TRUE(fakes.clipboard.Picture().has_value());
   EXPECT_EQ(fakes.printer.documentsPrinted, 0);
   fakes.dialogs.answers = {box_answer::kYes};

@@ -78,9 +78,7 @@ TEST_F(ServicesTest, ErrorsAreAppendedToTheLogAndShown) {
 }
 
 TEST_F(ServicesTest, AnUnwritableLogHidesNoError) {
-  fakes.files.before = [](const std::string&, const std::string& name) {
-    throw RunTimeError(70, "Permission denied: " + name);
-  };
+  fakes.files.Break("", error_number::kPermissionDenied);
   EXPECT_THROW(LogRunTimeError(environment, "ShowChart", RunTimeError(9, "first")), RunTimeError);
   EXPECT_TRUE(fakes.dialogs.boxes.empty());
 

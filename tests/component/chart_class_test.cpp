@@ -71,7 +71,7 @@ TEST_F(ChartClassTest, AFailingStartUpLeavesNoInstanceAndStoresNothing) {
   EXPECT_EQ(ErrorOf([this] { Create(); }), 6);
   fakes.settings.values["MyProject"] = {{"strMainFile", "p.prj"}, {"strDriveFile01", "/p/01"}};
   fakes.files.Put("/p/01", "Type=KRA-09\r\n");
-  fakes.files.before = [](const std::string&, const std::string& name) { throw RunTimeError(70, name); };
+  fakes.files.Break("", error_number::kPermissionDenied);
   EXPECT_EQ(ErrorOf([this] { Create(); }), 70) << "a drive file that cannot be read";
   EXPECT_TRUE(fakes.settings.written.empty());
 }

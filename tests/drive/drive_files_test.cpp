@@ -197,9 +197,7 @@ TEST_F(DriveTableTest, ABadFileIsTheCallersOrHarmless) {
   PutDrive(3, std::string("\x00\xFF\x1A", 3) + std::string(1'000'000, 'x') + "\nType=TSR-05");
   LoadDriveInfo(context, 0);
   EXPECT_EQ(context.driveTable.At(3).Type, "TSR-05");
-  fakes.files.before = [](const std::string& /*operation*/, const std::string& name) {
-    throw RunTimeError(error_number::kPermissionDenied, name);
-  };
+  fakes.files.Break("", error_number::kPermissionDenied);
   EXPECT_EQ(ErrorOf([&] { LoadDriveInfo(context, 3); }), 70);
   EXPECT_EQ(ErrorOf([&] { LoadDriveInfo(context, 31); }), 9);
   EXPECT_EQ(ErrorOf([&] { LoadDriveInfo(context, -1); }), 9);

@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
-"""Runs the built program as its users do: recordings to the last byte, exit codes, signals, crashes, full disks.
-Usage: program_test.py PROGRAM [unittest arguments]"""
+"""Runs the built program as its users do: recordings to the last byte, exit codes, signals, crashes, full disks; and
+charts drawn without a display. Usage: program_test.py PROGRAM [ProgramTest|RenderTest] [unittest arguments]"""
 import json, os, pathlib, random, re, resource, signal, struct, subprocess, sys, tempfile, time, unittest, wave
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
 NOBODY = 65534
+ENVIRONMENT = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "QT_QPA_PLATFORM")}
 
 
-class ProgramTest(unittest.TestCase):
+class ProgramCase(unittest.TestCase):
     def setUp(self):
         holder = tempfile.TemporaryDirectory(prefix="chartproject-")
         self.addCleanup(holder.cleanup)
@@ -40,7 +41,7 @@ class ProgramTest(unittest.TestCase):
     def run_program(self, *arguments, limits=None, expected=None, **options):
         done = subprocess.run(self.command(*arguments, **options), cwd=self.folder, capture_output=True, text=True,
                               stdin=subprocess.DEVNULL, timeout=120, preexec_fn=limits, check=False,
-                              env={**os.environ, "LC_ALL": "C"})
+                              env={**ENVIRONMENT, "LC_ALL": "C"})
         if expected is not None:
             self.assertEqual(done.returncode, expected, (arguments, done.stderr))
         return done
@@ -55,6 +56,8 @@ class ProgramTest(unittest.TestCase):
         self.addCleanup(child.stderr.close)
         return child
 
+
+class ProgramTest(ProgramCase):
     def rows(self, name="run.cht"):
         head, _, rows = (self.folder / name).read_bytes().partition(b"[TIME/CONTENT]\r\n")
         self.assertTrue(head)
@@ -189,7 +192,8 @@ class ProgramTest(unittest.TestCase):
             for entry in range(6, end, 16):
                 width, height, *_, x, _, size, start = struct.unpack_from("<4B2H2I", data, entry)
                 self.assertEqual((data[2], x, width in (16, 32)), (*kind, True), picture)
-                self.assertEqual((start, *struct.unpack_from("<3I", data, start)), (end, 40, width, 2 * height), picture)
+                header = struct.unpack_from("<3I", data, start)
+                self.assertEqual((start, *header), (end, 40, width, 2 * height), picture)
                 end += size
             self.assertEqual(end, len(data), picture)
         for language in ("English", "Portuguese", "Spanish"):
@@ -263,6 +267,45 @@ class ProgramTest(unittest.TestCase):
         self.assertIn("Permission denied", done.stderr)
         self.assertNotIn("point 1/", done.stderr)
         self.assertEqual(list(self.folder.glob("run.cht*")), [])
+
+
+class RenderTest(ProgramCase):
+    def setUp(self):
+        super().setUp()
+        self.chart("one.cht", range(1, 61))
+
+    def chart(self, name, values):
+        rows = "".join(f"08:00:00#{v % 17}#####\r\n" if v >= 0 else "rubbish\r\n" for v in values)
+        self.put(name, "[INFO]\r\nNumber of Parameters=1\r\nNumber of Points=60\r\n[TIME/CONTENT]\r\n" + rows)
+
+    def render(self, name, *options):
+        done = self.run_program("render", name, "--output", "out.png", *options)
+        return done, (self.folder / "out.png").read_bytes() if done.returncode == 0 else b""
+
+    def test_draws_what_the_options_choose(self):
+        pictures = {options: self.render("one.cht", *options)[1] for options in [
+            *(("--type", str(kind)) for kind in range(8)), ("--grid", "on"), ("--markers", "on"), ("--lines", "off"),
+            ("--scale", "2"), ("--first", "2"), ("--points-per-division", "2"), ("--size", "640x480")]}
+        for options, picture in pictures.items():
+            size = (640, 480) if options[0] == "--size" else (1280, 720)
+            self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n", options)
+            self.assertEqual(struct.unpack_from(">2I", picture, 16), size, options)
+        self.assertEqual(len(set(pictures.values())), len(pictures))
+        self.assertEqual(pictures["--type", "3"], self.render("one.cht")[1])
+
+    def test_refuses_what_it_cannot_draw(self):
+        self.chart("bad.cht", [1, 2, -1])
+        for name, options, code, text in [
+                ("one.cht", ("--type", "8"), 2, "--type"), ("one.cht", ("--size", "10x10"), 2, "--size"),
+                ("one.cht", ("--first", "0"), 2, "--first"), ("one.cht", ("--first", "61"), 2, "60 points"),
+                ("one.cht", ("--points-per-division", "1311"), 2, "--points-per-division"),
+                ("one.cht", ("--scale", "1,x"), 2, "--scale"), ("one.cht", ("--grid", "yes"), 2, "--grid"),
+                ("none.cht", (), 1, "none.cht"), ("bad.cht", (), 1, "rubbish")]:
+            done, _ = self.render(name, *options)
+            self.assertEqual((done.returncode, text in done.stderr), (code, True), (options, done.stderr))
+        before = (self.folder / "one.cht").read_bytes()
+        os.link(self.folder / "one.cht", self.folder / "out.png")
+        self.assertEqual((self.render("one.cht")[0].returncode, (self.folder / "one.cht").read_bytes()), (2, before))
 
 
 if __name__ == "__main__":

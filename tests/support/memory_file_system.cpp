@@ -88,8 +88,16 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::NodeOf(const std::stri
   return found->second;
 }
 
+void MemoryFileSystem::Break(std::string operation, int number, std::string nameStart) {
+  brokenOperation_ = std::move(operation);
+  brokenNumber_ = number;
+  brokenNameStart_ = std::move(nameStart);
+}
+
 void MemoryFileSystem::Ask(const std::string& operation, const std::string& name) const {
-  if (before) before(operation, name);
+  const bool meant = brokenOperation_.empty() || brokenOperation_ == operation;
+  if (brokenNumber_ != 0 && meant && name.starts_with(brokenNameStart_))
+    throw RunTimeError(brokenNumber_, "broken: " + name);
 }
 
 std::unique_ptr<InputFile> MemoryFileSystem::OpenForReading(const std::string& name) {

@@ -28,8 +28,9 @@ class MemoryFileSystem : public FileSystem {
   [[nodiscard]] bool Has(const std::string& name) const { return nodes_.contains(Key(name)); }
 
   DiskSpace space{1'000'000'000'000, 500'000'000'000, 500'000'000'000};
-  /// Asked before every open, append, delete and rename; may throw what a real disk would.
-  std::function<void(const std::string& operation, const std::string& name)> before;
+  /// From now on operations of a kind ("" for any) fail with that error, on files whose names begin so.
+  void Break(std::string operation, int number, std::string nameStart = "");
+  void Mend() { Break("", 0); }
   /// Called before each block that is read: time may pass.
   std::function<void()> beforeBlock;
   /// Bytes that may still be written before error 61; negative for no limit.
@@ -64,6 +65,8 @@ class MemoryFileSystem : public FileSystem {
   void Ask(const std::string& operation, const std::string& name) const;
 
   std::map<std::string, std::shared_ptr<Node>> nodes_;
+  std::string brokenOperation_, brokenNameStart_;
+  int brokenNumber_ = 0;
   std::string currentFolder_ = "/start";
   std::uint64_t nextIndex_ = 1;
   std::int64_t time_ = 0;
