@@ -158,8 +158,7 @@ TEST_F(AcquireRunTest, AFileOfAnotherRecordingIsRefused) {
   const auto other = fake.files.Lock(kChart);
   Start(5);
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
-  EXPECT_THAT(fake.dialogs.TakePrompts(),
-              ElementsAre("C:\\p\\Test.cht is being recorded by another window or program."));
+  EXPECT_THAT(Prompts(), ElementsAre("C:\\p\\Test.cht is being recorded by another window or program."));
 }
 
 // A link that waits with a message loop lets timers and keys through.

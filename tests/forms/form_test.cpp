@@ -1,10 +1,12 @@
-// Property-change events, the life of a form, the handlers' error boundary, the timers' schedule and access keys.
+// Property-change events, the life of a form, the handlers' error boundary, the timers' schedule and access keys;
+// places that boxes give to controls: exact pixels.
 #include "forms/form.h"
 
 #include <gmock/gmock.h>
 
 #include "forms/access_keys.h"
 #include "forms/controls.h"
+#include "forms/layout.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -186,6 +188,128 @@ TEST_F(FormTest, ButtonsChooseTheirAccessKeysFirstAndNoLetterIsGivenTwice) {
       {&save, "R&&D &Save"}, {&start, "S&tart"}, {&stop, "St&op"}, {&line, "&Lost Start"}, {&number, "&Número"}};
   EXPECT_EQ((std::map<const Control*, std::string>(captions.begin(), captions.end())),
             expected);  // both letters of "ST" are taken
+}
+
+/// Ten pixels a caption's character, twenty a line; a wrapping label breaks anywhere.
+class PlainMeasurer : public ControlMeasurer {
+ public:
+  [[nodiscard]] Size PreferredSize(const Control& control) const override {
+    const double width = control.HasCaption() ? 10.0 * static_cast<double>(control.Caption().size()) : 50;
+    return {Wraps(control) ? 30 : width, 20};
+  }
+  [[nodiscard]] double HeightForWidth(const Control& control, double width) const override {
+    if (!Wraps(control)) return 20;
+    const int perLine = std::max(1, static_cast<int>(width / 10));
+    const int lines = (static_cast<int>(control.Caption().size()) + perLine - 1) / perLine;
+    return 20.0 * lines;
+  }
+  [[nodiscard]] Insets ContainerInsets(const Control& container) const override {
+    return container.TypeName() == "Frame" ? Insets{5, 25, 5, 5} : Insets{};
+  }
+
+ private:
+  static bool Wraps(const Control& control) {
+    const auto* label = dynamic_cast<const Label*>(&control);
+    return label != nullptr && label->WordWrap();
+  }
+};
+
+class LayoutTest : public ::testing::Test {
+ protected:
+  FakePorts fakes_;
+  Form form_{fakes_.forms, "frmLayout", nullptr};
+  Label a_{form_, "lblA"};
+  Label b_{form_, "lblB"};
+  Label c_{form_, "lblC"};
+  Label d_{form_, "lblD"};
+  Frame frame_{form_, "fraOne"};
+  PictureBox picture_{form_, "picOne"};
+  PlainMeasurer measurer_;
+
+  void SetUp() override {
+    a_.SetCaption("aaa");    // 30
+    b_.SetCaption("bbbbb");  // 50
+    c_.SetCaption("c");      // 10
+    d_.SetCaption("dddd");   // 40
+  }
+  using Rects = std::vector<Rect>;
+  /// Where a box puts the labels a to d in so much room; empty for those that it does not hold.
+  Rects Placed(const LayoutBox& box, double width, double height) {
+    Arrange(box, {0, 0, width, height}, measurer_);
+    return {a_.Place(), b_.Place(), c_.Place(), d_.Place()};
+  }
+};
+
+TEST_F(LayoutTest, RowsShareTheWidthThatIsLeftOver) {
+  const LayoutBox row = Row({Cell(a_), Cell(b_, 1), Cell(c_, 3)});
+  EXPECT_EQ(MinimumSize(row, measurer_), (Size{106, 20}));
+  // Each keeps its height, in the middle.
+  EXPECT_EQ(Placed(row, 146, 40), (Rects{{0, 10, 30, 20}, {38, 10, 60, 20}, {106, 10, 40, 20}, {}}));
+  EXPECT_EQ(Placed(Joined(Row({Cell(a_), Cell(b_)})), 80, 20)[1].x, 30);
+  EXPECT_EQ(Placed(Row({Stack({Cell(a_), Cell(b_)}), Cell(c_)}), 68, 20),
+            (Rects{{0, 0, 50, 20}, {0, 0, 50, 20}, {58, 0, 10, 20}, {}}));
+}
+
+TEST_F(LayoutTest, ColumnsAreAsWideAsTheirBoxAndStretchDown) {
+  const LayoutBox column = Column({Cell(a_), Cell(b_, 0, 1), Row({Space(), Cell(c_)})});
+  EXPECT_EQ(MinimumSize(column, measurer_), (Size{50, 76}));
+  EXPECT_EQ(Placed(column, 100, 126), (Rects{{0, 0, 100, 20}, {0, 28, 100, 70}, {90, 106, 10, 20}, {}}));
+}
+
+TEST_F(LayoutTest, GridColumnsHaveCommonWidths) {
+  const LayoutBox grid = Grid(2, {Cell(a_), Cell(b_, 1), Cell(c_), Cell(d_)});
+  EXPECT_EQ(MinimumSize(grid, measurer_), (Size{88, 48}));
+  EXPECT_EQ(Placed(grid, 100, 48), (Rects{{0, 0, 30, 20}, {38, 0, 62, 20}, {0, 28, 30, 20}, {38, 28, 62, 20}}));
+}
+
+TEST_F(LayoutTest, AlignedBoxesAreAsWideAsTheWidestWhereverTheyStand) {
+  const LayoutBox column = Column(
+      {Row({Aligned(1, Cell(a_)), Cell(d_, 1)}), Group(frame_, Row({Aligned(1, Cell(b_)), Aligned(2, Cell(c_))}))});
+  EXPECT_EQ(MinimumSize(column, measurer_).width, 98);
+  EXPECT_EQ(Placed(column, 98, 90), (Rects{{0, 0, 50, 20}, {5, 25, 50, 20}, {63, 25, 10, 20}, {58, 0, 40, 20}}));
+}
+
+TEST_F(LayoutTest, OnlyCollapsingBoxesGiveTheirRoomAway) {
+  b_.SetVisible(false);
+  EXPECT_EQ(MinimumSize(Row({Cell(a_), Cell(b_), Cell(c_)}), measurer_).width, 106);
+  const LayoutBox row = Row({Cell(a_), Collapsing(Cell(b_)), Cell(c_)});
+  EXPECT_EQ(MinimumSize(row, measurer_).width, 48);
+  EXPECT_EQ(Placed(row, 48, 20), (Rects{{0, 0, 30, 20}, {}, {38, 0, 10, 20}, {}}));
+  // A collapsing box goes with its last visible control, and the gap before it.
+  const LayoutBox column = Column({Cell(a_), Collapsing(Row({Cell(b_), Space(), Cell(d_)}))});
+  EXPECT_EQ(MinimumSize(column, measurer_).height, 48);
+  d_.SetVisible(false);
+  EXPECT_EQ(MinimumSize(column, measurer_).height, 20);
+  // A grid row whose cells are all gone goes too; a single gone cell leaves its neighbours in their columns.
+  const LayoutBox grid = Grid(2, {Collapsing(Cell(b_)), Collapsing(Cell(d_)), Cell(a_), Cell(c_)});
+  EXPECT_EQ(MinimumSize(grid, measurer_), (Size{48, 20}));
+}
+
+TEST_F(LayoutTest, GroupsHoldTheirContentInsideBorderAndTitle) {
+  frame_.SetCaption("a long title");
+  const LayoutBox box = Column({Cell(a_), Group(frame_, Row({Cell(b_), Group(picture_, Column({Cell(c_, 0, 1)}))}))});
+  EXPECT_TRUE(b_.Container() == &frame_ && picture_.Container() == &frame_);
+  EXPECT_TRUE(c_.Container() == &picture_ && a_.Container() == nullptr);
+  EXPECT_EQ(MinimumSize(box, measurer_), (Size{120, 78}));  // as wide as the title
+  EXPECT_EQ(Placed(box, 120, 98), (Rects{{0, 0, 120, 20}, {5, 35, 50, 20}, {0, 0, 50, 40}, {}}));
+  EXPECT_EQ(frame_.Place(), (Rect{0, 28, 120, 70}));
+  EXPECT_EQ(picture_.Place(), (Rect{63, 25, 50, 40}));
+}
+
+TEST_F(LayoutTest, WrappingLabelsTakeTheHeightThatTheirWidthAsksFor) {
+  a_.SetCaption("0123456789");
+  a_.SetWordWrap(true);
+  const LayoutBox column = Column({Cell(a_), Cell(d_)});
+  EXPECT_EQ(MinimumSize(column, measurer_), (Size{40, 88}));  // three lines of four
+  EXPECT_EQ(Placed(column, 50, 100), (Rects{{0, 0, 50, 40}, {}, {}, {0, 48, 50, 20}}));
+}
+
+TEST_F(LayoutTest, NothingOverlapsInTooLittleRoomAndLeastSizesHold) {
+  const LayoutBox row = Row({AtLeast(Cell(a_), 70, 33), Cell(b_, 1), Cell(c_)});
+  EXPECT_EQ(MinimumSize(row, measurer_), (Size{146, 33}));
+  const Rects places = Placed(row, 20, 10);
+  EXPECT_GE(places[1].x, places[0].Right() + kLayoutGap);
+  EXPECT_GE(places[2].x, places[1].Right() + kLayoutGap);
 }
 
 }  // namespace
