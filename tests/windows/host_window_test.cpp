@@ -98,10 +98,16 @@ TEST(HostWithAWindow, WaitsDisabledWhileTimersOfBothGoOnInLoopsOfTheSystem) {
     EXPECT_TRUE(WaitFor(both)) << loop;
   };
   goOn("the form's own");
-  form.Keys({VK_F1});
-  const BoxDriver box(GetCurrentProcessId());
+  const HWND elsewhere =
+      CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+  SetForegroundWindow(elsewhere);
+  PostMessageW(form.Window(), WM_KEYDOWN, VK_F1, 0);
+  const HWND box = WaitForWindow(L"#32770", GetCurrentProcessId());
+  EXPECT_EQ(GetWindow(box, GW_OWNER), form.Window()) << "they come to the front together";
   goOn("a box");
-  box.Answer(IDOK);
+  PostMessageW(box, WM_COMMAND, IDOK, 0);
+  DestroyWindow(elsewhere);
+  SetForegroundWindow(form.Window());
   PostMessageW(form.Window(), WM_SYSCOMMAND, SC_KEYMENU, ' ');
   EXPECT_TRUE(WaitFor([&] { return (LoopFlags(form) & GUI_INMENUMODE) != 0; }));
   goOn("the window's menu");

@@ -7,7 +7,7 @@
 
 #include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/win32_form_view.h"
 
 namespace chartproject::win32 {
 
@@ -129,7 +129,7 @@ std::string AskForText(const InputBoxRequest& request, Help& help) {
 
   const ThemedControls themed;
   Asking asking{request, help, {}};
-  DialogBoxIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), GetActiveWindow(), InputBoxProcedure,
+  DialogBoxIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), WindowToOwn(), InputBoxProcedure,
                           reinterpret_cast<LPARAM>(&asking));
   return asking.answer;
 }

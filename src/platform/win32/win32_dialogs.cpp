@@ -1,4 +1,4 @@
-// The system's own boxes, over the window of this thread that is active.
+// The system's own boxes, over the form that asks.
 #include "platform/win32/win32_dialogs.h"
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 #include "platform/win32/input_box.h"
 #include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/win32_form_view.h"
 
 #include <commdlg.h>
 
@@ -47,7 +47,7 @@ std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
   const BoxHelp help{help_, request};
   MSGBOXPARAMSW box{};
   box.cbSize = sizeof box;
-  box.hwndOwner = GetActiveWindow();
+  box.hwndOwner = WindowToOwn();
   box.lpszText = prompt.c_str();
   box.lpszCaption = title.c_str();
   box.dwStyle = static_cast<DWORD>(request.style) | (box.hwndOwner == nullptr ? MB_TASKMODAL : 0U);
@@ -70,7 +70,7 @@ std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& req
   std::vector<wchar_t> name(32768, L'\0');
   OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof dialog;
-  dialog.hwndOwner = GetActiveWindow();
+  dialog.hwndOwner = WindowToOwn();
   dialog.lpstrFilter = filter.c_str();
   dialog.nFilterIndex = static_cast<DWORD>(request.filterIndex);
   dialog.lpstrFile = name.data();

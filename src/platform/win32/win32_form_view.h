@@ -19,6 +19,10 @@ class Win32FormHost;
 /// The form that a window is, or that owns it; null when there is none.
 [[nodiscard]] HWND FormBelow(HWND window) noexcept;
 
+/// The window that a new box or form belongs to: this thread's active one; while the user works in another program, the
+/// form that takes input, so that they come to the front together. Null when there is neither.
+[[nodiscard]] HWND WindowToOwn() noexcept;
+
 class Win32FormView : public FormView, private ControlMeasurer {
  public:
   /// Throws RunTimeError when the window or one of a control cannot be made.

@@ -48,9 +48,15 @@ double ScaleOf(HWND window) {
 /// The owner of a new form: the form that opens it, else the host's window that the others belong to. A window of less
 /// duration would take the form along when it is closed.
 HWND OwnerForForm() {
-  const HWND active = GetActiveWindow();
+  const HWND active = WindowToOwn();
   const HWND form = FormBelow(active);
   return form != nullptr || active == nullptr ? form : GetAncestor(active, GA_ROOTOWNER);
+}
+
+BOOL CALLBACK TakeForm(HWND window, LPARAM found) noexcept {
+  if (IsWindowVisible(window) == 0 || IsWindowEnabled(window) == 0 || FormBelow(window) != window) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
 }
 
 }  // namespace
@@ -60,6 +66,12 @@ HWND FormBelow(HWND window) noexcept {
     wchar_t name[32];
     if (GetClassNameW(window, name, 32) != 0 && std::wstring_view(name) == kFormClass) break;
   }
+  return window;
+}
+
+HWND WindowToOwn() noexcept {
+  HWND window = GetActiveWindow();
+  if (window == nullptr) EnumThreadWindows(GetCurrentThreadId(), TakeForm, reinterpret_cast<LPARAM>(&window));
   return window;
 }
 

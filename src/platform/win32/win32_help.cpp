@@ -24,7 +24,7 @@ void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   if (helpFile.empty()) return;
   const ThemedControls themed;
   const std::wstring name = ToWide(helpFile);
-  const HWND owner = GetActiveWindow();
+  const HWND owner = WindowToOwn();
   const DWORD attributes = GetFileAttributesW(name.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     const std::wstring text = name + L"\n" + ToWide(SystemMessage(ERROR_FILE_NOT_FOUND));
