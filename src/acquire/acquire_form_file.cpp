@@ -90,6 +90,7 @@ void AcquireForm::ConfigureFileDialog(OpenFileRequest& request, const std::strin
 void AcquireForm::cmdBrowse_Click() {
   OpenFileRequest request;
   ConfigureFileDialog(request, "cht");
+  const FolderScope hostFolder(component_.ports.files, component_.settings.strBin);  // the dialog may move away
   const auto chosen = component_.ports.dialogs.ShowOpenFile(request);
   if (chosen && !chosen->empty()) NameFile(*chosen);
 }

@@ -54,7 +54,7 @@ class Dialogs {
   [[nodiscard]] virtual std::int16_t ShowMessageBox(const MessageBoxRequest& request) = 0;
   /// The text entered; empty when cancelled.
   [[nodiscard]] virtual std::string ShowInputBox(const InputBoxRequest& request) = 0;
-  /// The chosen file's full name; nothing when cancelled.
+  /// The chosen file's full name; nothing when cancelled. Throws RunTimeError when the dialog cannot be shown.
   [[nodiscard]] virtual std::optional<std::string> ShowOpenFile(const OpenFileRequest& request) = 0;
 };
 

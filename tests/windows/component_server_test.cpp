@@ -92,6 +92,10 @@ TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
   ASSERT_EQ(
       CoGetClassObject(CLSID_ChartClass, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.ReceiveUntyped()),
       S_OK);
+  ComRef<ISupportErrorInfo> errors;
+  ASSERT_EQ(factory->QueryInterface(IID_ISupportErrorInfo, errors.ReceiveUntyped()), S_OK);
+  EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IClassFactory), S_OK) << "a failed creation has a text";
+  errors.Reset();
   void* part = &factory;
   EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &part), CLASS_E_NOAGGREGATION);
   EXPECT_EQ(part, nullptr);

@@ -1,11 +1,13 @@
 // The ports of Windows against the real system.
 #include <gmock/gmock.h>
 
-#include <chrono>
+#include <cstring>
 
 #include "platform/run_time_error.h"
+#include "platform/win32/com_module.h"
 #include "platform/win32/disk_space.h"
 #include "platform/win32/gdiplus_renderer.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/registry_settings.h"
 #include "platform/win32/small_ports.h"
 #include "platform/win32/win32_clipboard.h"
@@ -48,6 +50,20 @@ TEST(RegistrySettings, StoreAndFindTexts) {
   settings.Write("Section", stored);
   EXPECT_EQ(settings.Read("Section", "Key"), "S\xC3\xA3o Paulo");
   EXPECT_EQ(settings.Read("Section", "Empty"), "");
+
+  OwnedKey key;
+  RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test\\Section", 0,
+                KEY_ALL_ACCESS, key.Receive());
+  const DWORD number = 7;
+  RegSetValueExW(key.Get(), L"Empty", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
+  const std::string tooLong(20000, 'k');
+  const StoredSetting refused[] = {{"Key", "new"}, {"Empty", "new"}, {"New", "new"}, {tooLong, "new"}};
+  EXPECT_EQ(ErrorOf([&] { settings.Write("Section", refused); }), 75);
+  DWORD type = 0;
+  RegQueryValueExW(key.Get(), L"Empty", nullptr, &type, nullptr, nullptr);
+  EXPECT_EQ(type, DWORD{REG_DWORD});
+  EXPECT_EQ(settings.Read("Section", "Key"), "S\xC3\xA3o Paulo");
+  EXPECT_EQ(settings.Read("Section", "New"), std::nullopt);
   RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
   RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
 }
@@ -131,6 +147,33 @@ TEST(Clipboard, APictureGoesThroughUnchanged) {
   EXPECT_NEAR(taken->dotsPerInch, 192, 0.1);
 }
 
+TEST(Clipboard, APictureThatItsHeaderMakesLargerThanItIsIsNone) {
+  const struct {
+    LONG width;
+    LONG height;
+    WORD bits;
+    DWORD colors;
+    bool whole;
+  } cases[] = {{2, -2, 32, 0, true},
+               {2, 3, 32, 0, false},
+               {2, LONG{-0x7FFFFFFF} - 1, 32, 0, false},
+               {0x40000000, 2, 32, 0, false},
+               {2, 1, 8, 0, false},
+               {2, 1, 24, 0x40000000, false},
+               {2, LONG{-0x7FFFFFFF} - 1, 0, 0, false}};
+  for (const auto& each : cases) {
+    BITMAPINFOHEADER header{sizeof header, each.width, each.height, 1, each.bits, BI_RGB, 0, 0, 0, each.colors, 0};
+    const HGLOBAL memory = GlobalAlloc(GHND, sizeof header + 2 * 2 * 4);
+    std::memcpy(GlobalLock(memory), &header, sizeof header);
+    GlobalUnlock(memory);
+    ASSERT_NE(OpenClipboard(nullptr), 0);
+    EmptyClipboard();
+    SetClipboardData(CF_DIB, memory);
+    CloseClipboard();
+    EXPECT_EQ(Win32Clipboard().Picture().has_value(), each.whole) << each.width << " x " << each.height;
+  }
+}
+
 TEST(Renderer, PaintsAtTheScaleAskedFor) {
   const GdiplusSession session;
   GdiplusFonts fonts;
@@ -147,6 +190,11 @@ TEST(Renderer, PaintsAtTheScaleAskedFor) {
   EXPECT_EQ(picture.pixels[2], 0xFFFF0000U);
   EXPECT_EQ(picture.pixels[17], 0xFFFFFFFFU) << "outside the clip it stays white";
   EXPECT_TRUE(renderer.Render({0, 5}, 1.0, [](Canvas&) {}).Empty());
+}
+
+TEST(ModuleFile, HasTheNameThatOtherProgramsKnow) {
+  EXPECT_EQ(WithoutLongNamePrefix(L"\\\\?\\C:\\a\\b.dll"), L"C:\\a\\b.dll");
+  EXPECT_EQ(WithoutLongNamePrefix(L"\\\\?\\UNC\\server\\share\\b.dll"), L"\\\\server\\share\\b.dll");
 }
 
 TEST(Locale, WritesMomentsAsTheUserDoes) {

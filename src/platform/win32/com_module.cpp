@@ -41,8 +41,14 @@ std::wstring ModuleFile() {
     }
     name.resize(name.size() * 2);
   }
-  constexpr std::wstring_view kLongNamePrefix = L"\\\\?\\";
-  return name.starts_with(kLongNamePrefix) ? name.substr(kLongNamePrefix.size()) : name;
+  return WithoutLongNamePrefix(name);
+}
+
+std::wstring WithoutLongNamePrefix(const std::wstring& name) {
+  constexpr std::wstring_view kPrefix = L"\\\\?\\";
+  constexpr std::wstring_view kServerPrefix = L"\\\\?\\UNC\\";
+  if (name.starts_with(kServerPrefix)) return L"\\\\" + name.substr(kServerPrefix.size());
+  return name.starts_with(kPrefix) ? name.substr(kPrefix.size()) : name;
 }
 
 }  // namespace chartproject::win32

@@ -23,5 +23,7 @@ class ModuleUse {
 [[nodiscard]] HINSTANCE ThisModule() noexcept;
 /// Full name of its file, without the prefix for long names that registration tools may put before it.
 [[nodiscard]] std::wstring ModuleFile();
+/// "\\?\C:\file" as "C:\file", "\\?\UNC\server\file" as "\\server\file"; other names as they are.
+[[nodiscard]] std::wstring WithoutLongNamePrefix(const std::wstring& name);
 
 }  // namespace chartproject::win32

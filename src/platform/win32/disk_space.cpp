@@ -32,7 +32,8 @@ std::uint64_t Bytes32(std::uint64_t clusters, std::uint64_t sectorsPerCluster, s
 }  // namespace
 
 DiskSpace MeasureDiskSpace(const std::string& fileName) {
-  const std::string disk = Win32CodePage().Encode(DiskOf(fileName));
+  static const Win32CodePage page;  // asked for at each point of a long recording
+  const std::string disk = page.Encode(DiskOf(fileName));
   // Looked up at every measurement: the module may be replaced by the host's own layer.
   const HMODULE kernel = GetModuleHandleA("kernel32.dll");
   const FARPROC found = kernel == nullptr ? nullptr : GetProcAddress(kernel, "GetDiskFreeSpaceExA");

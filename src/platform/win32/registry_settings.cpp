@@ -1,6 +1,7 @@
 // Reads and writes text values below Software\VB and VB Program Settings.
 #include "platform/win32/registry_settings.h"
 
+#include <utility>
 #include <vector>
 
 #include "platform/run_time_error.h"
@@ -17,6 +18,31 @@ namespace {
   throw RunTimeError(error_number::kPathFileAccess,
                      "settings " + std::string(section) + ": " + SystemMessage(static_cast<DWORD>(status)));
 }
+
+/// A value as it stood before it was written, of whatever type.
+class FormerValue {
+ public:
+  FormerValue(HKEY key, std::wstring name) : key_(key), name_(std::move(name)) {
+    DWORD size = 0;
+    if (RegQueryValueExW(key_, name_.c_str(), nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) return;
+    bytes_.resize(size);
+    there_ = RegQueryValueExW(key_, name_.c_str(), nullptr, &type_, bytes_.data(), &size) == ERROR_SUCCESS;
+  }
+  void PutBack() const {
+    if (there_) {
+      RegSetValueExW(key_, name_.c_str(), 0, type_, bytes_.data(), static_cast<DWORD>(bytes_.size()));
+    } else {
+      RegDeleteValueW(key_, name_.c_str());
+    }
+  }
+
+ private:
+  HKEY key_;
+  std::wstring name_;
+  std::vector<BYTE> bytes_;
+  DWORD type_ = REG_NONE;
+  bool there_ = false;
+};
 
 }  // namespace
 
@@ -45,19 +71,13 @@ void RegistrySettings::Write(std::string_view section, std::span<const StoredSet
   if (opened != ERROR_SUCCESS) ThrowStoreError(opened, section);
 
   // The registry has no step over several values: what was written before a failure is put back.
-  std::vector<std::pair<std::wstring, std::optional<std::wstring>>> before;
+  std::vector<FormerValue> before;
   for (const StoredSetting& setting : settings) {
     const std::wstring key = ToWide(setting.key);
-    before.emplace_back(key, ReadRegistryText(sectionKey.Get(), key));
+    before.emplace_back(sectionKey.Get(), key);
     const LSTATUS status = WriteRegistryText(sectionKey.Get(), key, ToWide(setting.value));
     if (status == ERROR_SUCCESS) continue;
-    for (const auto& [name, value] : before) {
-      if (value) {
-        WriteRegistryText(sectionKey.Get(), name, *value);
-      } else {
-        RegDeleteValueW(sectionKey.Get(), name.c_str());
-      }
-    }
+    for (const FormerValue& value : before) value.PutBack();
     ThrowStoreError(status, section);
   }
 }

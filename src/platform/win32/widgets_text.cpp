@@ -1,6 +1,8 @@
 // Edit fields: plain, rich and masked.
 #include <algorithm>
+#include <cwchar>
 
+#include "platform/win32/clipboard_access.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/widget_types.h"
 
@@ -194,13 +196,13 @@ void MaskWidget::Erase(bool backwards) {
 }
 
 void MaskWidget::Paste() {
-  if (OpenClipboard(Window()) == 0) return;
   std::wstring pasted;
-  if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
-    if (const auto* text = static_cast<const wchar_t*>(GlobalLock(memory))) pasted = text;
-    GlobalUnlock(memory);
+  {
+    const OpenedClipboard opened(Window());
+    const LockedMemory memory(opened ? GetClipboardData(CF_UNICODETEXT) : nullptr);
+    const auto* text = static_cast<const wchar_t*>(memory.Get());
+    if (text != nullptr) pasted.assign(text, wcsnlen(text, memory.Size() / sizeof *text));
   }
-  CloseClipboard();
   for (const wchar_t character : pasted) {
     if (character >= L'0' && character <= L'9') Type(character);
   }

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "platform/run_time_error.h"
+#include "platform/win32/clipboard_access.h"
 
 namespace chartproject::win32 {
 
@@ -16,18 +17,12 @@ using OwnedMemory = Owned<HGLOBAL, GlobalFree>;
   throw RunTimeError(error_number::kClipboard, what);
 }
 
-/// The clipboard, open while the object lives. Another program may hold it for a moment: a few tries.
-class OpenedClipboard {
+/// Open, or there is an error.
+class RequiredClipboard : public OpenedClipboard {
  public:
-  explicit OpenedClipboard(HWND owner) {
-    for (int trial = 0; OpenClipboard(owner) == 0; ++trial) {
-      if (trial == 20) ThrowClipboardError("The clipboard is in use by another program");
-      Sleep(10);
-    }
+  explicit RequiredClipboard(HWND owner) : OpenedClipboard(owner) {
+    if (!*this) ThrowClipboardError("The clipboard is in use by another program");
   }
-  ~OpenedClipboard() { CloseClipboard(); }
-  OpenedClipboard(const OpenedClipboard&) = delete;
-  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
 };
 
 BITMAPINFOHEADER HeaderOf(int width, int height, double dotsPerInch) {
@@ -45,12 +40,23 @@ BITMAPINFOHEADER HeaderOf(int width, int height, double dotsPerInch) {
 }
 
 /// Where a bitmap's pixels begin behind its header, masks and colour table.
-std::size_t PixelOffset(const BITMAPINFOHEADER& header) {
-  std::size_t offset = header.biSize;
+std::uint64_t PixelOffset(const BITMAPINFOHEADER& header) {
+  std::uint64_t offset = header.biSize;
   if (header.biSize == sizeof(BITMAPINFOHEADER) && header.biCompression == BI_BITFIELDS) offset += 12;
-  std::size_t colors = header.biClrUsed;
-  if (colors == 0 && header.biBitCount <= 8) colors = std::size_t{1} << header.biBitCount;
+  std::uint64_t colors = header.biClrUsed;
+  if (colors == 0 && header.biBitCount <= 8) colors = std::uint64_t{1} << header.biBitCount;
   return offset + colors * 4;
+}
+
+/// Whether memory of a size holds all of a bitmap, so that the system may read it: other programs wrote the header.
+bool IsWholeBitmap(const BITMAPINFOHEADER& header, SIZE_T size) {
+  if (header.biSize < sizeof header || header.biWidth <= 0 || header.biHeight == 0 || header.biBitCount == 0)
+    return false;
+  if (header.biCompression != BI_RGB && header.biCompression != BI_BITFIELDS) return false;
+  const std::uint64_t rows = header.biHeight < 0 ? -std::int64_t{header.biHeight} : std::int64_t{header.biHeight};
+  const std::uint64_t rowBytes = (static_cast<std::uint64_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4;
+  const std::uint64_t offset = PixelOffset(header);
+  return offset <= size && rowBytes <= (size - offset) / rows;
 }
 
 /// Any bitmap as 32-bit pixels from the top, converted by the system.
@@ -59,7 +65,6 @@ std::optional<Bitmap> Convert(const BITMAPINFO& source, const void* bits) {
   Bitmap result;
   result.width = header.biWidth;
   result.height = std::abs(header.biHeight);
-  if (result.Empty()) return std::nullopt;
   result.dotsPerInch = header.biXPelsPerMeter > 0 ? header.biXPelsPerMeter / 39.37007874 : 96.0;
   BITMAPINFO target{};
   target.bmiHeader = HeaderOf(result.width, -result.height, 96.0);
@@ -67,7 +72,7 @@ std::optional<Bitmap> Convert(const BITMAPINFO& source, const void* bits) {
   const OwnedBitmap section(CreateDIBSection(nullptr, &target, DIB_RGB_COLORS, &pixels, nullptr, 0));
   const OwnedDc dc(CreateCompatibleDC(nullptr));
   if (!section || !dc) return std::nullopt;
-  const HGDIOBJ before = SelectObject(dc.Get(), section.Get());
+  const SelectScope selected(dc.Get(), section.Get());
   StretchDIBits(dc.Get(), 0, 0, result.width, result.height, 0, 0, result.width, result.height, bits, &source,
                 DIB_RGB_COLORS, SRCCOPY);
   GdiFlush();
@@ -75,7 +80,6 @@ std::optional<Bitmap> Convert(const BITMAPINFO& source, const void* bits) {
   const auto* first = static_cast<const std::uint32_t*>(pixels);
   result.pixels.assign(first, first + count);
   for (std::uint32_t& pixel : result.pixels) pixel |= 0xFF000000U;
-  SelectObject(dc.Get(), before);
   return result;
 }
 
@@ -89,7 +93,7 @@ HWND Win32Clipboard::Owner() {
 }
 
 void Win32Clipboard::Clear() {
-  const OpenedClipboard opened(Owner());
+  const RequiredClipboard opened(Owner());
   if (EmptyClipboard() == 0) ThrowClipboardError("The clipboard cannot be emptied");
 }
 
@@ -98,34 +102,28 @@ void Win32Clipboard::SetPicture(const Bitmap& picture) {
   const auto rows = static_cast<std::size_t>(picture.height);
   const BITMAPINFOHEADER header = HeaderOf(picture.width, picture.height, picture.dotsPerInch);
   OwnedMemory memory(GlobalAlloc(GMEM_MOVEABLE, sizeof header + rowBytes * rows));
-  auto* bytes = static_cast<char*>(memory ? GlobalLock(memory.Get()) : nullptr);
-  if (bytes == nullptr) ThrowClipboardError("There is no memory for the picture");
-  std::memcpy(bytes, &header, sizeof header);
-  for (std::size_t row = 0; row < rows; ++row) {
-    const std::uint32_t* from = picture.pixels.data() + (rows - 1 - row) * static_cast<std::size_t>(picture.width);
-    std::memcpy(bytes + sizeof header + row * rowBytes, from, rowBytes);
+  {
+    const LockedMemory locked(memory.Get());
+    auto* bytes = static_cast<char*>(locked.Get());
+    if (bytes == nullptr) ThrowClipboardError("There is no memory for the picture");
+    std::memcpy(bytes, &header, sizeof header);
+    for (std::size_t row = 0; row < rows; ++row) {
+      const std::uint32_t* from = picture.pixels.data() + (rows - 1 - row) * static_cast<std::size_t>(picture.width);
+      std::memcpy(bytes + sizeof header + row * rowBytes, from, rowBytes);
+    }
   }
-  GlobalUnlock(memory.Get());
-
-  const OpenedClipboard opened(Owner());
+  const RequiredClipboard opened(Owner());
   EmptyClipboard();
   if (SetClipboardData(CF_DIB, memory.Get()) == nullptr) ThrowClipboardError("The clipboard did not take the picture");
   memory.Release();  // the clipboard's own from here on
 }
 
 std::optional<Bitmap> Win32Clipboard::Picture() {
-  const OpenedClipboard opened(Owner());
-  const HANDLE memory = GetClipboardData(CF_DIB);
-  if (memory == nullptr) return std::nullopt;
-  const auto* info = static_cast<const BITMAPINFO*>(GlobalLock(memory));
-  if (info == nullptr) return std::nullopt;
-  const SIZE_T size = GlobalSize(memory);
-  std::optional<Bitmap> picture;
-  if (size > sizeof(BITMAPINFOHEADER) && PixelOffset(info->bmiHeader) < size) {
-    picture = Convert(*info, reinterpret_cast<const char*>(info) + PixelOffset(info->bmiHeader));
-  }
-  GlobalUnlock(memory);
-  return picture;
+  const RequiredClipboard opened(Owner());
+  const LockedMemory memory(GetClipboardData(CF_DIB));
+  const auto* info = static_cast<const BITMAPINFO*>(memory.Get());
+  if (memory.Size() < sizeof info->bmiHeader || !IsWholeBitmap(info->bmiHeader, memory.Size())) return std::nullopt;
+  return Convert(*info, static_cast<const char*>(memory.Get()) + PixelOffset(info->bmiHeader));
 }
 
 }  // namespace chartproject::win32

@@ -2,8 +2,10 @@
 #include "platform/win32/win32_dialogs.h"
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
+#include "platform/run_time_error.h"
 #include "platform/win32/input_box.h"
 #include "platform/win32/themed_controls.h"
 #include "platform/win32/wide_text.h"
@@ -77,8 +79,11 @@ std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& req
   dialog.nMaxFile = static_cast<DWORD>(name.size());
   dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
   dialog.Flags = static_cast<DWORD>(request.flags) | OFN_EXPLORER | OFN_NOCHANGEDIR;
-  if (GetOpenFileNameW(&dialog) == 0) return std::nullopt;
-  return ToUtf8(name.data());
+  if (GetOpenFileNameW(&dialog) != 0) return ToUtf8(name.data());
+  const DWORD failure = CommDlgExtendedError();
+  if (failure == 0) return std::nullopt;  // cancelled
+  throw RunTimeError(error_number::kInvalidProcedureCall,
+                     "The system could not show its file dialog (error " + std::to_string(failure) + ")");
 }
 
 }  // namespace chartproject::win32

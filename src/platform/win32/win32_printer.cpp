@@ -15,6 +15,7 @@ namespace chartproject::win32 {
 namespace {
 
 constexpr double kCentimetresPerInch = 2.54;
+constexpr int kIconPixels = 32;  // of a screen of 96 to the inch, whatever the user's has: paper is always the same
 
 [[noreturn]] void ThrowPrinterError(const std::string& what) {
   throw RunTimeError(error_number::kPrinter, what);
@@ -41,19 +42,6 @@ std::wstring OutputFile() {
   name.resize(GetEnvironmentVariableW(L"CHARTPROJECT_PRINT_TO", name.data(), static_cast<DWORD>(name.size())));
   return name;
 }
-
-/// While it lives, a font is the one that a device draws with.
-class SelectedFont {
- public:
-  SelectedFont(HDC dc, HFONT font) : dc_(dc), before_(SelectObject(dc, font)) {}
-  ~SelectedFont() { SelectObject(dc_, before_); }
-  SelectedFont(const SelectedFont&) = delete;
-  SelectedFont& operator=(const SelectedFont&) = delete;
-
- private:
-  HDC dc_;
-  HGDIOBJ before_;
-};
 
 }  // namespace
 
@@ -129,7 +117,7 @@ OwnedFont Win32Printer::MakeFont(const PrintFont& font) const {
 
 double Win32Printer::TextWidth(std::string_view text, const PrintFont& font) const {
   const OwnedFont made = MakeFont(font);
-  const SelectedFont selected(Require(), made.Get());
+  const SelectScope selected(Require(), made.Get());
   const std::wstring wide = ToWide(text);
   SIZE size{};
   GetTextExtentPoint32W(Require(), wide.data(), static_cast<int>(wide.size()), &size);
@@ -138,7 +126,7 @@ double Win32Printer::TextWidth(std::string_view text, const PrintFont& font) con
 
 void Win32Printer::PrintText(std::string_view text, double x, double y, const PrintFont& font) {
   const OwnedFont made = MakeFont(font);
-  const SelectedFont selected(Require(), made.Get());
+  const SelectScope selected(Require(), made.Get());
   const std::wstring wide = ToWide(text);
   SetTextColor(Require(), static_cast<COLORREF>(font.color));
   if (TextOutW(Require(), DotsX(x), DotsY(y), wide.data(), static_cast<int>(wide.size())) == 0 && !wide.empty()) {
@@ -181,33 +169,30 @@ void Win32Printer::PaintPictureFile(const std::string& fileName, double x, doubl
     throw RunTimeError(error_number::kFileNotFound, fileName + ": " + SystemMessage(ERROR_FILE_NOT_FOUND));
   }
   const OwnedIcon icon(
-      static_cast<HICON>(LoadImageW(nullptr, name.c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE | LR_DEFAULTSIZE)));
+      static_cast<HICON>(LoadImageW(nullptr, name.c_str(), IMAGE_ICON, kIconPixels, kIconPixels, LR_LOADFROMFILE)));
   if (!icon) throw RunTimeError(error_number::kInvalidPicture, fileName + " is no icon");
-  // An icon's pixels are of a screen of 96 to the inch. It is drawn on white first: printers know no transparency.
-  const int width = GetSystemMetrics(SM_CXICON);
-  const int height = GetSystemMetrics(SM_CYICON);
+  // It is drawn on white first: printers know no transparency.
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = -height;
+  info.bmiHeader.biWidth = kIconPixels;
+  info.bmiHeader.biHeight = -kIconPixels;
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
   void* pixels = nullptr;
   const OwnedDc memory(CreateCompatibleDC(nullptr));
   const OwnedBitmap bitmap(CreateDIBSection(memory.Get(), &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
   if (!memory || !bitmap) ThrowPrinterError("There is no memory for the icon");
-  const HGDIOBJ before = SelectObject(memory.Get(), bitmap.Get());
-  PatBlt(memory.Get(), 0, 0, width, height, WHITENESS);
-  DrawIconEx(memory.Get(), 0, 0, icon.Get(), width, height, 0, nullptr, DI_NORMAL);
+  const SelectScope selected(memory.Get(), bitmap.Get());
+  PatBlt(memory.Get(), 0, 0, kIconPixels, kIconPixels, WHITENESS);
+  DrawIconEx(memory.Get(), 0, 0, icon.Get(), kIconPixels, kIconPixels, 0, nullptr, DI_NORMAL);
   GdiFlush();
   Bitmap picture;
-  picture.width = width;
-  picture.height = height;
+  picture.width = kIconPixels;
+  picture.height = kIconPixels;
   const auto* first = static_cast<const std::uint32_t*>(pixels);
-  picture.pixels.assign(first, first + static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-  SelectObject(memory.Get(), before);
-  const double pixel = kCentimetresPerInch / 96.0;
-  PaintPicture(picture, x, y, width * pixel, height * pixel);
+  picture.pixels.assign(first, first + std::size_t{kIconPixels} * kIconPixels);
+  const double size = kIconPixels * kCentimetresPerInch / 96.0;
+  PaintPicture(picture, x, y, size, size);
 }
 
 void Win32Printer::EndDocument() {

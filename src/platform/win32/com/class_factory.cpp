@@ -12,16 +12,17 @@ namespace chartproject::win32 {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
  public:
   ClassFactory(const IID& source, ObjectMaker make) : source_(source), make_(std::move(make)) {}
   virtual ~ClassFactory() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
     if (object == nullptr) return E_POINTER;
-    const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IClassFactory);
-    *object = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
+    *object = nullptr;
+    if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IClassFactory)) *object = static_cast<IClassFactory*>(this);
+    if (IsEqualIID(id, IID_ISupportErrorInfo)) *object = static_cast<ISupportErrorInfo*>(this);
+    if (*object == nullptr) return E_NOINTERFACE;
     AddRef();
     return S_OK;
   }
@@ -49,6 +50,9 @@ class ClassFactory final : public IClassFactory {
       ModuleUse::Remove();
     }
     return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) noexcept override {
+    return IsEqualIID(id, IID_IClassFactory) ? S_OK : S_FALSE;
   }
 
  private:
