@@ -112,6 +112,10 @@ class ChartForm : public Form {
   void LabelSeries();
   /// Reads the slice and shows it. False when the chart stays as it was.
   bool LoadSlice();
+  /// Whether points were seen behind those that the header names.
+  [[nodiscard]] bool GoesOnBehindItsHeader() const;
+  /// Lets the scroll bar and its like reach them.
+  void TakeFurtherPointsIn();
   [[nodiscard]] SliceReading ReadVisibleSlice();
   void ShowSlice(Slice slice);
   void FillInfoBox();
@@ -163,8 +167,9 @@ class ChartForm : public Form {
   std::vector<std::string> notices_;  ///< what is to be said about the file as a whole
   std::array<std::string, kColumnCount> functionNames_;
   std::array<std::optional<PointReading>, 2> cursors_;
-  std::int32_t points_ = 0;  ///< N
-  int seriesCount_ = 0;      ///< P
+  std::int32_t points_ = 0;  ///< N, or what the file was found to hold
+  bool allLinesCounted_ = false;
+  int seriesCount_ = 0;  ///< P
   std::int32_t sliceStart_ = 0;
   std::int32_t sliceEnd_ = 0;
   std::int16_t pointsPerDivision_ = 1;  ///< D

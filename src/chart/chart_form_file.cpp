@@ -3,6 +3,7 @@
 
 #include "chart/chart_building.h"
 #include "chart/chart_form.h"
+#include "chart/field_value.h"
 #include "chart/info_text.h"
 #include "chart/scroll_range.h"
 #include "common/error_log.h"
@@ -42,9 +43,9 @@ bool ChartForm::OpenFile(const std::string& strFileName) {
     ShowFile(strFileName);
     return DriveIsKnown();
   } catch (const RunTimeError& error) {
-    ReportRunTimeError(component_, "OpenFile", error);
+    LogRunTimeError(component_, "OpenFile", error);
   } catch (const std::exception& error) {
-    ReportRunTimeError(component_, "OpenFile", RunTimeError(error_number::kAutomation, error.what()));
+    LogRunTimeError(component_, "OpenFile", RunTimeError(error_number::kAutomation, error.what()));
   }
   return false;
 }
@@ -77,6 +78,8 @@ void ChartForm::ShowFile(const std::string& strFileName) {
     notices_.push_back(FillIn(LoadExtraText(component_, ExtraText::kUnknownPoints), {std::to_string(points_)}));
   }
   if (!source_.HasPoints()) notices_.push_back(LoadExtraText(component_, ExtraText::kNoPointLines));
+
+  allLinesCounted_ = points_ != source_.NamedPoints();
 
   ForgetCursors();
   pointsPerDivision_ = 1;
@@ -123,7 +126,7 @@ void ChartForm::LabelSeries() {
     const SeriesControls& series = series_[s];
     const bool used = static_cast<int>(s) < seriesCount_;
     const std::string& text = *numbers[s];
-    const double number = IsNumeric(text, format) ? ToDouble(text, format) : -1;
+    const double number = text.empty() ? -1 : FieldValue(text, format);
     if (used && number >= 0 && number < kParameterCount) {
       const int parameter = RoundToInteger16(number);
       series.number->SetCaption(ParameterName(parameter));
@@ -156,6 +159,7 @@ bool ChartForm::LoadSlice() {
   switch (reading.end) {
     case SliceEnd::kRead:
       ShowSlice(std::move(reading.slice));
+      if (GoesOnBehindItsHeader() && !allLinesCounted_) TakeFurtherPointsIn();
       break;
     case SliceEnd::kMalformedLine:
       ReportMalformedLine(reading);
@@ -166,6 +170,27 @@ bool ChartForm::LoadSlice() {
   }
   if (closeAfterReading_) Unload();
   return reading.end == SliceEnd::kRead;
+}
+
+bool ChartForm::GoesOnBehindItsHeader() const {
+  const std::int32_t named = source_.NamedPoints();
+  if (!source_.HasPoints() || named < 0) return false;
+  if (points_ > named) return true;
+  // Only now and then is the file's own number of points known: where a slice reached the end.
+  if (slice_.endOfFile) return slice_.lastLine - source_.FirstLine() + 1 > named;
+  return slice_.moreFollow && std::int64_t{slice_.endLine} - source_.FirstLine() >= named;
+}
+
+void ChartForm::TakeFurtherPointsIn() {
+  allLinesCounted_ = true;
+  std::int32_t held = 0;
+  bool whole = true;
+  WhileReading([&] { held = source_.CountLines([&](double part) { return whole = ShowReadingProgress(part); }); });
+  if (!whole || held <= points_) return;
+  points_ = held;
+  PrepareScrollBar();
+  const FlagScope quiet(settingScrollBar_);
+  hsbGraph.SetValue(ScrollValue(sliceStart_ - source_.FirstLine(), points_, pointsPerDivision_, hsbGraph.Maximum()));
 }
 
 SliceReading ChartForm::ReadVisibleSlice() {
@@ -256,18 +281,13 @@ void ChartForm::ShowSlice(Slice slice) {
 
 void ChartForm::FillInfoBox() {
   std::vector<std::string> notices = notices_;
-  // Only now and then is the file's own number of points known: where a slice reached the end.
   const std::int64_t held = slice_.lastLine - source_.FirstLine() + 1;
-  if (source_.HasPoints() && source_.NamedPoints() >= 0) {
-    if (slice_.endOfFile && held < points_) {
-      notices.push_back(
-          FillIn(LoadExtraText(component_, ExtraText::kFewerPoints), {std::to_string(held), std::to_string(points_)}));
-    }
-    const std::int64_t lastShown = std::int64_t{slice_.endLine} - source_.FirstLine();
-    const bool more = slice_.endOfFile ? held > points_ : lastShown >= points_ && slice_.moreFollow;
-    if (more) {
-      notices.push_back(FillIn(LoadExtraText(component_, ExtraText::kMorePoints), {std::to_string(points_)}));
-    }
+  const std::int32_t named = source_.NamedPoints();
+  if (GoesOnBehindItsHeader()) {
+    notices.push_back(FillIn(LoadExtraText(component_, ExtraText::kMorePoints), {std::to_string(named)}));
+  } else if (source_.HasPoints() && slice_.endOfFile && held < named) {
+    notices.push_back(
+        FillIn(LoadExtraText(component_, ExtraText::kFewerPoints), {std::to_string(held), std::to_string(named)}));
   }
   rtfInfo.SetText("");
   rtfInfo.SetText(InfoText(component_, source_.FileName(), component_.chartHeader, notices));

@@ -22,6 +22,7 @@ constexpr int kFirstPointRow = 22;
 constexpr int kEndRow = 65535;  // the row at which a sheet is full; its own row stays empty
 constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
 constexpr int kSheetPoints = kEndRow - 1;
+/// Lines between two reports while cells are a matter of microseconds; an application of its own takes far longer.
 constexpr std::int64_t kLinesBetweenProgress = 4096;
 const std::string kRoutine = "cmdExport_Click";
 
@@ -34,16 +35,17 @@ struct SkippedLines {
   std::int64_t first = 0;  ///< number of the first such line
 };
 
-/// Calls `take` for each point of a chart file, in order. @param progress as in ExportRequest
+/// Calls `take` for each point of a chart file, in order; reports progress every so many lines.
 template <typename Take>
-SkippedLines ForEachPoint(Component& component, const ExportRequest& request, Take take) {
+SkippedLines ForEachPoint(Component& component, const ExportRequest& request, std::int64_t linesBetweenProgress,
+                          Take take) {
   const auto file = component.ports.files.OpenForReading(request.chartFile);
   const std::uint64_t total = file->Identity().size;
   LineReader reader(*file);
   SkippedLines skipped;
   bool rows = false;
   for (TextLine line; reader.Next(line);) {
-    if (request.progress && line.number % kLinesBetweenProgress == 0 && !request.progress(line.offset, total)) {
+    if (request.progress && line.number % linesBetweenProgress == 0 && !request.progress(line.offset, total)) {
       throw GivenUp();
     }
     if (!rows) {
@@ -89,7 +91,7 @@ std::optional<std::int64_t> PointsThatFit(Component& component, const ExportRequ
   std::uint64_t bytes = 0;
   std::int64_t fitting = 0;
   bool all = true;
-  ForEachPoint(component, request, [&](const ChartRow& row) {
+  ForEachPoint(component, request, kLinesBetweenProgress, [&](const ChartRow& row) {
     bytes += kRowRecord + LargestCell(row.time);
     for (const std::string_view value : row.values) bytes += LargestCell(value);
     all = all && bytes < limits.bytes && fitting < mostInSheets;
@@ -172,13 +174,19 @@ class Export {
       ShowMessage(component_, LoadExtraText(component_, ExtraText::kExportStopped), box_style::kInformation);
       return ExportOutcome::kGivenUp;
     } catch (const RunTimeError& error) {
-      EndApplication();
-      LogRunTimeError(component_, kRoutine, error);
-      return ExportOutcome::kFailed;
+      return FailWith(error);
+    } catch (const std::exception& error) {
+      return FailWith(RunTimeError(error_number::kAutomation, error.what()));
     }
   }
 
  private:
+  ExportOutcome FailWith(const RunTimeError& error) {
+    EndApplication();
+    LogRunTimeError(component_, kRoutine, error);
+    return ExportOutcome::kFailed;
+  }
+
   ExportOutcome Steps() {
     if (target_ == request_.chartFile) {
       throw RunTimeError(error_number::kPathFileAccess, target_ + ": a chart file cannot be exported onto itself");
@@ -204,16 +212,16 @@ class Export {
       application_.reset();
       return ExportOutcome::kDeclined;
     }
-    Write();
+    Write(applications.Limits(target_) ? kLinesBetweenProgress : 1);
     return ExportOutcome::kSaved;
   }
 
-  void Write() {
+  void Write(std::int64_t linesBetweenProgress) {
     ShowBusy(true);
     Workbook workbook(component_, *application_);
     workbook.WriteHeader(request_.header);
-    const SkippedLines skipped =
-        ForEachPoint(component_, request_, [&workbook](const ChartRow& row) { workbook.WritePoint(row); });
+    const SkippedLines skipped = ForEachPoint(component_, request_, linesBetweenProgress,
+                                              [&workbook](const ChartRow& row) { workbook.WritePoint(row); });
     application_->SaveAs({target_, kNormalWorkbookFormat, "", "", false, false});
     application_->Quit();
     application_.reset();
@@ -249,6 +257,8 @@ class Export {
       if (application_) application_->Quit();
     } catch (const RunTimeError& error) {
       NoteRunTimeError(component_, kRoutine, error);
+    } catch (const std::exception& error) {
+      NoteRunTimeError(component_, kRoutine, RunTimeError(error_number::kAutomation, error.what()));
     }
     application_.reset();
     ShowBusy(false);

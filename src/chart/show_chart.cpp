@@ -62,9 +62,9 @@ void ShowChart(Component& component, const std::string& strFileName) {
     window.ShowModal();
     if (window.PrintRequested()) PrintFromClipboard(component, window);
   } catch (const RunTimeError& error) {
-    ReportRunTimeError(component, "ShowChart", error);
+    LogRunTimeError(component, "ShowChart", error);
   } catch (const std::exception& error) {
-    ReportRunTimeError(component, "ShowChart", RunTimeError(error_number::kAutomation, error.what()));
+    LogRunTimeError(component, "ShowChart", RunTimeError(error_number::kAutomation, error.what()));
   }
 }
 

@@ -98,6 +98,7 @@ SliceReading ReadSlice(InputFile& file, LineIndex& index, std::int32_t startLine
   for (int column = 0; column < columns; ++column) slice.values[static_cast<std::size_t>(column)].reserve(length);
 
   LineCursor lines(file, search.place);
+  std::int64_t lastPoint = 0;
   std::string_view line;
   while (lines.Next(line)) {
     if (lines.Number() < startLine) continue;
@@ -107,7 +108,10 @@ SliceReading ReadSlice(InputFile& file, LineIndex& index, std::int32_t startLine
       slice.moreFollow = kind == LineKind::kPoint;
       return reading;
     }
-    if (kind == LineKind::kPoint) TakeRow(*row, format, slice);
+    if (kind == LineKind::kPoint) {
+      TakeRow(*row, format, slice);
+      lastPoint = lines.Number();
+    }
     if (kind != LineKind::kMalformed) continue;
     reading.end = SliceEnd::kMalformedLine;
     reading.malformedLine = lines.Number();
@@ -115,7 +119,7 @@ SliceReading ReadSlice(InputFile& file, LineIndex& index, std::int32_t startLine
     return reading;
   }
   slice.endOfFile = lines.Number() < endLine;
-  slice.lastLine = lines.Number() - 1;
+  slice.lastLine = lastPoint > 0 ? lastPoint : lines.Number() - 1;
   return reading;
 }
 

@@ -23,7 +23,8 @@ struct Slice {
   int columnsInUse = 0;                                  ///< up to the last of them with a text in any row
   bool endOfFile = false;                                ///< the file ends before endLine
   bool moreFollow = false;                               ///< a point stands in the line endLine
-  std::int64_t lastLine = 0;  ///< the file's last line, where endOfFile tells that it is known
+  std::int64_t lastLine = 0;  ///< the file's last point, where endOfFile tells that it is known; without a point in
+                              ///< the slice the file's last line
 
   [[nodiscard]] int RowCount() const noexcept { return static_cast<int>(times.size()); }
 };

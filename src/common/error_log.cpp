@@ -40,12 +40,6 @@ std::string ErrorLogFile(const Environment& environment) {
   return JoinPath(environment.settings.strBin, "Kestrel.log");
 }
 
-void LogRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) {
-  const std::string text = ErrorText(environment, routine, error);
-  AppendToLog(environment, text);
-  ShowError(environment, text);
-}
-
 void NoteRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {
   try {
     AppendToLog(environment, ErrorText(environment, routine, error));
@@ -54,7 +48,7 @@ void NoteRunTimeError(Environment& environment, const std::string& routine, cons
   }
 }
 
-void ReportRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {
+void LogRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {
   try {
     std::string text = ErrorText(environment, routine, error);
     try {
@@ -70,7 +64,7 @@ void ReportRunTimeError(Environment& environment, const std::string& routine, co
 
 HandlerErrorReporter MakeHandlerErrorReporter(Environment& environment) {
   return [&environment](const std::string& routine, const RunTimeError& error) {
-    ReportRunTimeError(environment, routine, error);
+    LogRunTimeError(environment, routine, error);
   };
 }
 

@@ -13,20 +13,16 @@ struct Environment;
 /// The log file: strBin and "Kestrel.log".
 [[nodiscard]] std::string ErrorLogFile(const Environment& environment);
 
-/// Appends the error to the log, then shows it in a box with the component's own title.
-/// Throws the RunTimeError of a log file that cannot be written; then nothing is shown.
+/// Appends the error to the log, then shows it in a box with the component's own title. When the log cannot be written,
+/// the user is shown both the error and the log's own: the first one must not be lost behind it. Never throws.
 /// @param routine the routine in which the error happened
-void LogRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error);
+void LogRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept;
 
 /// Appends the error to the log without a box, for what is no reason to disturb the user (a missing picture file).
 /// A log that cannot be written is passed over. Never throws.
 void NoteRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept;
 
-/// Logs and shows an error that has no caller left to go to. When the log cannot be written, the user is shown both
-/// the error and the log's own. Never throws.
-void ReportRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept;
-
-/// What a form does with an error that a handler let out: ReportRunTimeError. @param environment outlives the form
+/// What a form does with an error that a handler let out: LogRunTimeError. @param environment outlives the form
 [[nodiscard]] HandlerErrorReporter MakeHandlerErrorReporter(Environment& environment);
 
 }  // namespace chartproject

@@ -68,9 +68,9 @@ ChartClass::~ChartClass() {
   try {
     Release();
   } catch (const RunTimeError& error) {
-    ReportRunTimeError(component_, "Release", error);
+    LogRunTimeError(component_, "Release", error);
   } catch (const std::exception& error) {
-    ReportRunTimeError(component_, "Release", RunTimeError(error_number::kAutomation, error.what()));
+    LogRunTimeError(component_, "Release", RunTimeError(error_number::kAutomation, error.what()));
   }
 }
 

@@ -255,6 +255,29 @@ TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
   });
 }
 
+TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
+  for (const char* named : {"10", "50"}) {
+    Put(named, 100);
+    Show([&](ChartForm& form) {
+      if (form.hsbGraph.Maximum() == 25) form.hsbGraph.SetValue(25);
+      EXPECT_EQ(form.hsbGraph.Maximum(), 75) << named;
+      EXPECT_TRUE(form.hsbGraph.Visible());
+      form.hsbGraph.SetValue(75);
+      EXPECT_EQ(FirstLabel(form), 76);
+      EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("behind point " + std::string(named)));
+    });
+  }
+  Put("30", 30);
+  fakes.files.Append(kFile, "\r\n' end\r\n");
+  std::string bytes = fakes.files.Bytes(kFile);
+  fakes.files.Overwrite(kFile, bytes.replace(bytes.find("PXXX1="), 6, "PXXX1=1e400\r\nOld="));
+  Show([&](ChartForm& form) {
+    form.hsbGraph.SetValue(5);
+    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("goes on"))) << "what follows is no point";
+    EXPECT_EQ(FirstLabel(form), 6);
+  });
+}
+
 TEST_F(ChartWindowTest, ShowsAReplacedFileFromItsStart) {
   Put("100", 100);
   Show([&](ChartForm& form) {

@@ -173,6 +173,19 @@ TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
   EXPECT_EQ(host.ExitCode(), 0);
 }
 
+TEST_F(SpreadsheetExport, AnApplicationThatIsBusyOrLacksTheUsersLocaleIsSpokenToAllTheSame) {
+  Install("difficult");
+  Run();
+  const auto excel = win32::ExcelApplications().AttachRunning();
+  excel->AddWorkbook();
+  excel->EnterValue(1, 22, 2, "1.5");
+  excel->EnterValue(1, 22, 3, "READY");
+  excel->Quit();
+  EXPECT_THAT(FileContents(log_), HasSubstr("workbooks\r\nworkbooks.Add\r\nsheets(1)\r\nsheets(1).Cells(22,2)\r\n"
+                                            "sheets(1).Cells(22,2).Value=number 1.5\r\nsheets(1).Cells(22,3)\r\n"
+                                            "sheets(1).Cells(22,3).Value=READY\r\nquit\r\n"));
+}
+
 TEST_F(SpreadsheetExport, WithoutTheApplicationOrTheUsersYesNothingIsDone) {
   for (const bool installed : {false, true}) {
     if (installed) Install();

@@ -1,7 +1,8 @@
 // The fake "Excel.Application": objects of any name with any members, which answer as the application would where the
 // answer matters. The program ends when the last of its objects is released.
 // Usage: fake_excel LOG FAILING [running|-Embedding]   LOG: file that takes a line for each call, such as
-// "sheets(1).Cells(2,1).Value='x"; FAILING: the line that raises error 1004; running: listed as a running instance
+// "sheets(1).Cells(2,1).Value='x"; FAILING: the line that raises error 1004, or "difficult": understands US English
+// alone and is busy at first; running: listed as a running instance
 #include "windows/fake_excel.h"
 
 #include <fstream>
@@ -21,6 +22,9 @@ struct Application {
   std::ofstream log;
   std::string failing;
   std::map<std::string, std::string> cells;  ///< values by path
+  std::vector<std::string> names;            ///< of members; the same ids in all objects
+  LCID locale = LOCALE_USER_DEFAULT;         ///< the only one that it understands
+  int busyAnswers = 0;                       ///< how many more calls it puts off
   int objects = 0;
   DWORD running = 0;  ///< cookie of the list of running instances
 
@@ -53,10 +57,11 @@ class FakeObject final : public IDispatch {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return DISP_E_BADINDEX; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
+    if (const HRESULT now = Answers(locale); now != S_OK) return now;
     for (UINT index = 0; index < count; ++index) {
-      names_.push_back(win32::ToUtf8(names[index]));
-      ids[index] = static_cast<DISPID>(names_.size());
+      application_.names.push_back(win32::ToUtf8(names[index]));
+      ids[index] = static_cast<DISPID>(application_.names.size());
     }
     return S_OK;
   }
@@ -64,11 +69,16 @@ class FakeObject final : public IDispatch {
                                    EXCEPINFO* exception, UINT*) override;
 
  private:
-  [[nodiscard]] const std::string& NameOf(DISPID id) const { return names_[static_cast<std::size_t>(id - 1)]; }
+  [[nodiscard]] HRESULT Answers(LCID locale) const {
+    if (locale != application_.locale) return TYPE_E_INVDATAREAD;
+    return application_.busyAnswers > 0 && application_.busyAnswers-- % 2 == 0 ? RPC_E_SERVERCALL_RETRYLATER : S_OK;
+  }
+  [[nodiscard]] const std::string& NameOf(DISPID id) const {
+    return application_.names[static_cast<std::size_t>(id - 1)];
+  }
   [[nodiscard]] static std::string TextOf(const VARIANT& value);
   Application& application_;
   std::string path_;
-  std::vector<std::string> names_;
   ULONG references_ = 1;
 };
 
@@ -76,11 +86,12 @@ std::string FakeObject::TextOf(const VARIANT& value) {
   if (value.vt == VT_DISPATCH) return static_cast<FakeObject*>(value.pdispVal)->path_;
   win32::ComVariant text;
   VariantChangeType(text.Get(), const_cast<VARIANT*>(&value), VARIANT_ALPHABOOL, VT_BSTR);
-  return win32::BstrToUtf8(text.Value().bstrVal);
+  return (value.vt == VT_R8 ? "number " : "") + win32::BstrToUtf8(text.Value().bstrVal);
 }
 
-HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                            EXCEPINFO* exception, UINT*) {
+  if (const HRESULT now = Answers(locale); now != S_OK) return now;
   const std::string& member = NameOf(id);
   const std::string path = path_.empty() ? member : path_ + "." + member;
   const bool isPut = (flags & DISPATCH_PROPERTYPUT) != 0;
@@ -120,6 +131,10 @@ int Run(int count, char** arguments) {
   if (count < 4) return 2;
   application.log.open(arguments[1]);
   application.failing = arguments[2];
+  if (application.failing == "difficult") {
+    application.locale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
+    application.busyAnswers = 8;
+  }
   application.Note("start");
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   DWORD created = 0;

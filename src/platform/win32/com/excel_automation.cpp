@@ -13,11 +13,11 @@ class ExcelApplication : public SpreadsheetApplication {
   explicit ExcelApplication(ComRef<IDispatch> application) : application_(std::move(application)) {}
 
   void AddWorkbook() override {
-    workbook_ = GetObjectMember(Workbooks().Get(), L"Add");
+    workbook_ = client_.Fetch(Workbooks().Get(), {L"Add"});
     sheet_.Reset();
   }
   int SheetCount() override {
-    ComVariant count = CallMember(Sheets().Get(), L"Count");
+    ComVariant count = client_.Call(Sheets().Get(), {L"Count"});
     if (FAILED(VariantChangeType(count.Get(), count.Get(), 0, VT_I4))) {
       throw RunTimeError(error_number::kTypeMismatch, "The number of sheets is no number");
     }
@@ -26,20 +26,20 @@ class ExcelApplication : public SpreadsheetApplication {
   void AddSheetAfter(int sheet) override {
     AutomationArguments arguments;
     arguments.push_back({L"after", ComVariant(Sheet(sheet))});
-    CallMember(Sheets().Get(), L"Add", std::move(arguments));
+    client_.Call(Sheets().Get(), {L"Add"}, std::move(arguments));
   }
   void SetSheetName(int sheet, const std::string& name) override {
-    SetMember(Sheet(sheet), L"Name", ComVariant(std::string_view(name)));
+    client_.Set(Sheet(sheet), {L"Name"}, ComVariant(std::string_view(name)));
   }
   void WriteText(int sheet, int row, int column, std::string_view text) override {
     // The apostrophe is the application's own sign for "text, whatever it looks like"; it is no part of the value.
-    SetMember(Cell(sheet, row, column).Get(), L"Value", ComVariant("'" + std::string(text)));
+    client_.Set(Cell(sheet, row, column).Get(), value_, ComVariant("'" + std::string(text)));
   }
   void EnterValue(int sheet, int row, int column, std::string_view text) override {
-    SetMember(Cell(sheet, row, column).Get(), L"Value", ComVariant(text));
+    client_.Set(Cell(sheet, row, column).Get(), value_, client_.SpeaksUsersLocale() ? ComVariant(text) : Entered(text));
   }
   std::string ReadValue(int sheet, int row, int column) override {
-    ComVariant value = CallMember(Cell(sheet, row, column).Get(), L"Value");
+    ComVariant value = client_.Call(Cell(sheet, row, column).Get(), value_);
     if (value.Value().vt == VT_EMPTY || value.Value().vt == VT_NULL) return {};
     // By the user's locale, as the cell shows it.
     if (FAILED(VariantChangeTypeEx(value.Get(), value.Get(), LOCALE_USER_DEFAULT, 0, VT_BSTR))) {
@@ -55,12 +55,12 @@ class ExcelApplication : public SpreadsheetApplication {
     arguments.push_back({L"WriteResPassword", ComVariant(std::string_view(save.writeResPassword))});
     arguments.push_back({L"ReadOnlyRecommended", ComVariant(save.readOnlyRecommended)});
     arguments.push_back({L"CreateBackup", ComVariant(save.createBackup)});
-    CallMember(Required(workbook_.Get()), L"SaveAs", std::move(arguments), DISPATCH_METHOD);
+    client_.Call(Required(workbook_.Get()), {L"SaveAs"}, std::move(arguments), DISPATCH_METHOD);
   }
   void Quit() override {
     sheet_.Reset();
     workbook_.Reset();
-    CallMember(application_.Get(), L"quit", {}, DISPATCH_METHOD);
+    client_.Call(application_.Get(), {L"quit"}, {}, DISPATCH_METHOD);
   }
 
  private:
@@ -68,20 +68,31 @@ class ExcelApplication : public SpreadsheetApplication {
     if (object == nullptr) throw RunTimeError(91, "There is no workbook yet");
     return object;
   }
-  [[nodiscard]] ComRef<IDispatch> Workbooks() { return GetObjectMember(application_.Get(), L"workbooks"); }
-  [[nodiscard]] ComRef<IDispatch> Sheets() { return GetObjectMember(Required(workbook_.Get()), L"sheets"); }
+  [[nodiscard]] ComRef<IDispatch> Workbooks() { return client_.Fetch(application_.Get(), {L"workbooks"}); }
+  [[nodiscard]] ComRef<IDispatch> Sheets() { return client_.Fetch(Required(workbook_.Get()), {L"sheets"}); }
   /// Cells are written sheet by sheet: the last sheet used is kept, which spares a call each.
   [[nodiscard]] IDispatch* Sheet(int number) {
     if (!sheet_ || sheetNumber_ != number) {
-      sheet_ = GetObjectMember(Required(workbook_.Get()), L"sheets", Positional(std::int32_t{number}));
+      sheet_ = client_.Fetch(Required(workbook_.Get()), {L"sheets"}, Positional(std::int32_t{number}));
       sheetNumber_ = number;
     }
     return sheet_.Get();
   }
   [[nodiscard]] ComRef<IDispatch> Cell(int sheet, int row, int column) {
-    return GetObjectMember(Sheet(sheet), L"Cells", Positional(std::int32_t{row}, std::int32_t{column}));
+    return client_.Fetch(Sheet(sheet), cells_, Positional(std::int32_t{row}, std::int32_t{column}));
   }
 
+  /// What the user's locale reads a text as, for an application that would read it by another.
+  [[nodiscard]] static ComVariant Entered(std::string_view text) {
+    ComVariant value(text);
+    ComVariant number;
+    const HRESULT read = VariantChangeTypeEx(number.Get(), value.Get(), LOCALE_USER_DEFAULT, 0, VT_R8);
+    return SUCCEEDED(read) ? std::move(number) : std::move(value);
+  }
+
+  AutomationClient client_;
+  MemberName cells_{L"Cells"};
+  MemberName value_{L"Value"};
   ComRef<IDispatch> application_;
   ComRef<IDispatch> workbook_;
   ComRef<IDispatch> sheet_;
