@@ -1,10 +1,18 @@
-' A host in a few lines: shows a chart file, or records one. Usage: cscript example.vbs [chart file]
+' A host in a few lines: shows a chart file, or records one.
+' Usage: %SystemRoot%\SysWOW64\cscript example.vbs [chart file]     (System32 on a 32-bit Windows)
 Option Explicit
-Dim component
+Dim component, architecture, hint
 On Error Resume Next
 Set component = CreateObject("ChartProject.ChartClass")
 If Err.Number <> 0 Then
-  WScript.Echo "ChartProject is not registered: " & Err.Description
+  hint = "ChartProject is not registered: " & Err.Description
+  architecture = "x86"
+  architecture = CreateObject("WScript.Shell").Environment("Process").Item("PROCESSOR_ARCHITECTURE")
+  If architecture <> "x86" Then
+    hint = "A 64-bit script host cannot load this 32-bit component." & vbCrLf & _
+           "Use %SystemRoot%\SysWOW64\cscript """ & WScript.ScriptFullName & """"
+  End If
+  WScript.Echo hint
   WScript.Quit 1
 End If
 If WScript.Arguments.Count > 0 Then
