@@ -62,7 +62,7 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
       {{'0', '0', '5', VK_TAB}, "txtNumberOfPoints", "5"},
       {{'0'}, nullptr, "Value out of range !"},
       {{kShift | VK_TAB, VK_TAB, '3', '0', VK_TAB, VK_TAB}, "cboTimeBetweenPointsUnit", "s"},
-      {{'H', kShift | VK_TAB, VK_HOME, '0', '0', '0', '7', VK_BACK, '1', '2', '5'}, "mebTimeBetweenPoints", "00:01:25"},
+      {{'H', kAlt | 'I', VK_HOME, '0', '0', '0', '7', VK_BACK, '1', '2', '5'}, "mebTimeBetweenPoints", "00:01:25"},
       {{VK_TAB, 'S', kShift | VK_TAB, '1'}, "txtTimeBetweenPoints", "1"}};
   for (const auto& step : steps) {
     form.Keys(step.keys);

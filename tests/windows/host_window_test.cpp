@@ -177,6 +177,10 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
       form.Select("cboPXXX2", L"003");
       inspect("cmdStart");
       form.Capture(picture + language.second + ".png");
+      RECT place;
+      GetWindowRect(form.Window(), &place);
+      SendMessageW(form.Window(), WM_DPICHANGED, MAKELONG(120, 120), reinterpret_cast<LPARAM>(&place));
+      inspect("cmdStart");
       form.Choose("cboTriggerMode", 0);
       form.Choose("cboTimeBetweenPointsUnit", 2);
       form.Choose("cboEvent", 2);  // the longest

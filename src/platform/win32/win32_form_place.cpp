@@ -225,6 +225,8 @@ void Win32FormView::DpiChanged(WPARAM word, const RECT& suggested) {
   SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
   GrowToLayout();
+  // What only moved was copied as it was, in the former font.
+  RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void Win32FormView::DisableOthers() {
