@@ -3,16 +3,15 @@
 
 #include "chart/chart_building.h"
 #include "chart/chart_form.h"
-#include "chart/field_value.h"
 #include "chart/info_text.h"
 #include "chart/scroll_range.h"
+#include "chart/series_label.h"
 #include "common/error_log.h"
 #include "common/flag_scope.h"
 #include "common/message_box.h"
 #include "common/message_table.h"
 #include "common/numbers.h"
 #include "drive/driver_file.h"
-#include "drive/unit_codes.h"
 #include "forms/form_host.h"
 
 namespace chartproject {
@@ -126,16 +125,13 @@ void ChartForm::LabelSeries() {
     const SeriesControls& series = series_[s];
     const bool used = static_cast<int>(s) < seriesCount_;
     const std::string& text = *numbers[s];
-    const double number = text.empty() ? -1 : FieldValue(text, format);
-    if (used && number >= 0 && number < kParameterCount) {
-      const int parameter = RoundToInteger16(number);
-      series.number->SetCaption(ParameterName(parameter));
-      const int address = DriveAddressOf(component_);
-      functionNames_[s] = component_.parameterTables.At(address).At(std::min(parameter, kParameterCount - 1)).name;
+    const std::optional<int> parameter = used ? HeaderParameter(text, format) : std::nullopt;
+    series.number->SetCaption(used ? HeaderParameterName(text, format) : "");
+    if (parameter) {
+      functionNames_[s] = component_.parameterTables.At(DriveAddressOf(component_)).At(*parameter).name;
       series.function->SetCaption(functionNames_[s]);
-    } else {
-      series.number->SetCaption(used && !text.empty() ? "P" + text : "");
-      if (!used) series.function->SetCaption("");
+    } else if (!used) {
+      series.function->SetCaption("");
     }
     const std::initializer_list<Control*> controls{series.swatch, series.number, series.function, series.scale,
                                                    series.arrows};

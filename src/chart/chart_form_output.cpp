@@ -1,7 +1,6 @@
 // The chart on paper and in a workbook.
 #include "chart/chart_form.h"
 #include "chart/excel_export.h"
-#include "common/numbers.h"
 #include "common/sounds.h"
 
 namespace chartproject {
@@ -18,9 +17,7 @@ ChartPage ChartForm::DescribePage(Bitmap picture) const {
   page.fileName = source_.FileName();
   page.header = component_.chartHeader;
   for (std::size_t s = 0; s < static_cast<std::size_t>(seriesCount_); ++s) {
-    const std::string& number = series_[s].number->Caption();
-    page.series.push_back({static_cast<int>(LeadingNumber(number.empty() ? number : number.substr(1))),
-                           functionNames_[s], series_[s].scale->Text()});
+    page.series.push_back({series_[s].number->Caption(), functionNames_[s], series_[s].scale->Text()});
   }
   page.grid = chkGrid.Value() == 1;
   page.marker = chkMarker.Value() == 1;

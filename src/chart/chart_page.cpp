@@ -8,7 +8,6 @@
 #include "common/error_log.h"
 #include "common/message_table.h"
 #include "common/text.h"
-#include "drive/unit_codes.h"
 
 namespace chartproject {
 
@@ -104,9 +103,9 @@ class PageDrawing {
     if (page_.series.empty()) DrawValue("", column, kValueFont);
     for (std::size_t s = 0; s < page_.series.size(); ++s) {
       const ChartPageSeries& series = page_.series[s];
-      std::string text = ParameterName(series.parameter);
-      if (!series.name.empty()) text += ", " + series.name;
-      text += ", " + LoadMessage(component_, 79) + ": " + series.scale;
+      std::string text;
+      for (const std::string& part : {series.number, series.name}) text += part.empty() ? part : part + ", ";
+      text += LoadMessage(component_, 79) + ": " + series.scale;
       PrintFont font = kValueFont;
       font.color = kSeriesColorNumbers[s % kSeriesColorNumbers.size()];
       DrawValue(text, column, font);

@@ -15,9 +15,9 @@ namespace chartproject {
 
 /// One series as the page names it.
 struct ChartPageSeries {
-  int parameter = 0;
-  std::string name;   ///< from the drive's parameter tables; may be empty
-  std::string scale;  ///< text of the scale box
+  std::string number;  ///< as in "P005"; may be empty
+  std::string name;    ///< from the drive's parameter tables; may be empty
+  std::string scale;   ///< text of the scale box
 };
 
 /// Everything that the page shows.

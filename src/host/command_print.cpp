@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "chart/chart_page.h"
+#include "chart/series_label.h"
 #include "common/error_log.h"
 #include "common/message_table.h"
 #include "common/numbers.h"
@@ -59,12 +60,13 @@ class PrintCommand : public Command {
     page.chartType = LoadMessage(component, kFirstChartTypeMessage + choice.settings.chartType);
     const ParameterTable* const table = LoadNames(component);
     const ChartHeader& header = component.chartHeader;
+    const NumberFormat& format = component.ports.locale.Numbers();
     const std::string* const numbers[] = {&header.PXXX1, &header.PXXX2, &header.PXXX3, &header.PXXX4};
     for (std::size_t s = 0; s < static_cast<std::size_t>(seriesCount); ++s) {
-      const int parameter = static_cast<int>(LeadingNumber(*numbers[s]));
-      const bool named = table != nullptr && parameter >= 0 && parameter < kParameterCount;
-      page.series.push_back(
-          {parameter, named ? table->At(parameter).name : std::string(), std::to_string(choice.settings.scales[s])});
+      const auto parameter = HeaderParameter(*numbers[s], format);
+      page.series.push_back({HeaderParameterName(*numbers[s], format),
+                             table != nullptr && parameter ? table->At(*parameter).name : std::string(),
+                             std::to_string(choice.settings.scales[s])});
     }
     return page;
   }
@@ -72,10 +74,11 @@ class PrintCommand : public Command {
   /// The tables of the drive that the file was recorded from; null when the project has no such drive, or no driver
   /// file for it: the page then shows the parameters' numbers alone.
   static const ParameterTable* LoadNames(Component& component) {
-    const auto address = static_cast<int>(LeadingNumber(component.chartHeader.DriveAddress));
-    if (address < 1 || address > kLastDriveAddress || component.driveTable.At(address).Type.empty()) return nullptr;
+    std::int16_t address = 0;
     try {
-      LoadDriverFile(component, static_cast<std::int16_t>(address));
+      address = ToInteger16(component.chartHeader.DriveAddress, component.ports.locale.Numbers());
+      if (component.driveTable.At(address).Type.empty()) return nullptr;
+      LoadDriverFile(component, address);
     } catch (const RunTimeError& error) {
       NoteRunTimeError(component, "LoadDriverFile", error);  // the page is worth printing without names
       return nullptr;

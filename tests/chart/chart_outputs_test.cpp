@@ -31,7 +31,7 @@ struct ChartPageTest : OutputTest {
     page.header.ScanTime = "1000";
     page.header.Unit = "ms";
     page.header.NumberOfPoints = "100";
-    page.series = {{3, "Motor current", "1"}, {40000, "", "20"}};
+    page.series = {{"P003", "Motor current", "1"}, {"P40000", "", "20"}};
     page.grid = true;
     page.line = true;
     page.chartType = "2D Line";
@@ -75,7 +75,7 @@ TEST_F(ChartPageTest, PrintsEveryLineInItsOrderPlaceAndColour) {
 
 TEST_F(ChartPageTest, KeepsEverythingOnThePage) {
   page.fileName = "/data/" + std::string(300, 'f') + "/" + std::string(200, 'g') + ".cht";
-  page.series.assign(4, {999, std::string(400, 'n'), "32767"});
+  page.series.assign(4, {"P999", std::string(400, 'n'), "32767"});
   page.picture = {4000, 4000, std::vector<std::uint32_t>(16'000'000), 96};
   for (const PageArea& area : {PageArea{21.0, 29.7, 20.4, 29.1}, PageArea{21.59, 27.94, 20.9, 27.3}}) {
     fakes.printer.page = area;
