@@ -5,6 +5,8 @@
 #include <optional>
 
 #include "platform/win32/control_id.h"
+#include "platform/win32/registry_text.h"
+#include "platform/win32/wide_text.h"
 #include "platform/win32/win32_clipboard.h"
 #include "windows/form_driver.h"
 
@@ -169,12 +171,23 @@ TEST(PrintingOnWindows, NamesWhatFailsAndReturnsToTheHost) {
   }
 }
 
-TEST(ExampleScript, OpensTheChartWindowOnARecordedFile) {
-  ScriptHost host("example.vbs", Quoted("show.cht"));
-  const FormDriver form(host.Process(), L"");
-  EXPECT_TRUE(form.Visible("mscChart1"));
-  form.Close();
-  EXPECT_EQ(host.ExitCode(), 0);
+TEST(ExampleScripts, OpenTheChartWindowAndTheSampleGivesSettingsBack) {
+  const auto drivers = [] {
+    return win32::ReadRegistryText(HKEY_CURRENT_USER, LR"(Software\VB and VB Program Settings\Kestrel v5.60\MyKestrel)",
+                                   L"strDrivers");
+  };
+  const auto before = drivers();
+  using Call = std::pair<const char*, std::string>;
+  for (const auto& [script, arguments] : {Call{"example.vbs", Quoted("show.cht")}, Call{"sample.vbs", "view yes"}}) {
+    ScriptHost host(script, arguments);
+    const FormDriver form(host.Process(), L"");
+    EXPECT_TRUE(form.Visible("mscChart1")) << script;
+    form.Close();
+    EXPECT_EQ(host.ExitCode(), 0) << script;
+  }
+  EXPECT_EQ(drivers(), win32::ToWide(TestFolder() + R"(\sample\drivers)"));
+  EXPECT_EQ(ScriptHost("sample.vbs", "restore").ExitCode(), 0);
+  EXPECT_EQ(drivers(), before);
 }
 
 }  // namespace
