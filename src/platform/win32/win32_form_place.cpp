@@ -249,6 +249,7 @@ void Win32FormView::Show() {
     form_.Unload();
     return;
   }
+  activeBefore_ = GetActiveWindow();
   DisableOthers();
   GrowToLayout();  // texts may have come between loading and showing
   shownOnce_ = true;
@@ -264,7 +265,11 @@ void Win32FormView::Show() {
 void Win32FormView::Hide() {
   leaving_ = nullptr;  // a window that goes is not left by its fields
   EnableOthers();      // before the window goes, so that the host's window becomes the active one
-  if (window_ != nullptr) ShowWindow(window_, SW_HIDE);
+  if (window_ == nullptr) return;
+  // The one that was active, which need not be the owner: a dialog or a tool window of the host's.
+  const bool back = IsWindowVisible(activeBefore_) != 0 && IsWindowEnabled(activeBefore_) != 0;
+  if (back && GetActiveWindow() == window_) SetActiveWindow(activeBefore_);
+  ShowWindow(window_, SW_HIDE);
 }
 
 }  // namespace chartproject::win32

@@ -120,7 +120,8 @@ class Win32FormView : public FormView, private ControlMeasurer {
   HWND toolTips_ = nullptr;
   std::map<const Control*, std::unique_ptr<Widget>> widgets_;
   std::map<HWND, Widget*> byWindow_;
-  std::vector<HWND> disabled_;  ///< windows of the thread that this modal form disabled
+  std::vector<HWND> disabled_;   ///< windows of the thread that this modal form disabled
+  HWND activeBefore_ = nullptr;  ///< window that was active when this one was shown
   HWND lastFocus_ = nullptr;
   Control* leaving_ = nullptr;  ///< lost the focus, and was not told yet
   int wheelRest_ = 0;           ///< turn of the wheel that makes no whole notch yet
