@@ -44,7 +44,7 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
   const std::string file = TestFolder() + R"(\project\projects\demo\keys.cht)";
   for (const std::string& left : {page, file}) DeleteFileA(left.c_str());
   SetEnvironmentVariableA("CHARTPROJECT_PRINT_TO", page.c_str());
-  ScriptHost host("acquire.vbs", "English");
+  ScriptHost host("host.vbs", "English");
   const FormDriver form(host.Process(), L"");
   EXPECT_TRUE(form.GetsFocus("cboDriveAddress"));
   EXPECT_FALSE(form.Visible("cmdTrigger") || form.Visible("cmdViewChart"));
@@ -100,7 +100,7 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
 TEST_F(AcquireDialog, EscAndTheEndOfTheSessionEndARecordingAndKeepItsPoints) {
   SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
   for (const char* file : {"esc.cht", "end.cht"}) {
-    ScriptHost host("acquire.vbs", "");
+    ScriptHost host("host.vbs", "");
     const FormDriver form(host.Process(), L"");
     FillIn(form, file, L"1000");
     form.Press("cmdStart");

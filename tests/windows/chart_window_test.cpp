@@ -26,7 +26,7 @@ std::string Quoted(const std::string& file) {
 /// The chart in a window, opened by a script. @param printTo file in place of the printer; null: none
 ScriptHost OpenChart(const std::string& language, const char* printTo = nullptr) {
   SetEnvironmentVariableA("CHARTPROJECT_PRINT_TO", printTo);
-  return {"chart.vbs", Quoted("show.cht") + " " + language};
+  return {"host.vbs", language + " " + Quoted("show.cht")};
 }
 
 /// Presses Print in the chart window and answers the question.
@@ -110,7 +110,7 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
 
 TEST(ChartWindowOnWindows, ReportsAFileThatItCannotShowAndReturnsToTheHost) {
   for (const char* file : {"no such file.cht", "plant.txt"}) {
-    ScriptHost host("chart.vbs", Quoted(file) + " English");
+    ScriptHost host("host.vbs", "English " + Quoted(file));
     const BoxDriver box(host.Process());
     EXPECT_FALSE(box.Prompt().empty()) << file;
     box.Answer(IDOK);

@@ -135,7 +135,7 @@ TEST_F(SpreadsheetExport, StartsTheApplicationOrTakesTheRunningOne) {
   for (const bool running : {false, true}) {
     Install();
     if (running) Run();
-    ScriptHost host("chart.vbs", "\"" + chart_ + "\" English");
+    ScriptHost host("host.vbs", "English \"" + chart_ + "\"");
     const FormDriver form(host.Process(), L"");
     const HCURSOR usual = PointerOver(form);
     form.Press("cmdExport");
@@ -157,7 +157,7 @@ TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
   Install("sheets(1).Cells(22,3).Value");
   const auto bin = win32::ReadRegistryText(
       HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\Kestrel v5.60\\MyKestrel", L"strBin");
-  ScriptHost host("chart.vbs", "\"" + chart_ + "\" English");
+  ScriptHost host("host.vbs", "English \"" + chart_ + "\"");
   const FormDriver form(host.Process(), L"");
   const HCURSOR usual = PointerOver(form);
   form.Press("cmdExport");
@@ -189,7 +189,7 @@ TEST_F(SpreadsheetExport, AnApplicationThatIsBusyOrLacksTheUsersLocaleIsSpokenTo
 TEST_F(SpreadsheetExport, WithoutTheApplicationOrTheUsersYesNothingIsDone) {
   for (const bool installed : {false, true}) {
     if (installed) Install();
-    ScriptHost host("chart.vbs", "\"" + chart_ + "\" English");
+    ScriptHost host("host.vbs", "English \"" + chart_ + "\"");
     const FormDriver form(host.Process(), L"");
     form.Press("cmdExport");
     const BoxDriver box(host.Process());
