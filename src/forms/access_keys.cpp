@@ -11,7 +11,7 @@ namespace chartproject {
 
 namespace {
 
-bool IsPlainLetter(char c) {
+bool IsPlain(char c) {
   return std::isalnum(static_cast<unsigned char>(c)) != 0 && static_cast<unsigned char>(c) < 0x80;
 }
 
@@ -19,15 +19,19 @@ char UpperCase(char c) {
   return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
 }
 
+/// The first free letter, those that begin a word before the others, a digit only where no letter is left.
 std::optional<std::size_t> FreeLetter(const std::string& caption, const std::set<char>& taken) {
-  for (const bool wordStartsOnly : {true, false}) {
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-      const bool wordStart = i == 0 || caption[i - 1] == ' ';
-      if (wordStartsOnly && !wordStart) continue;
-      if (IsPlainLetter(caption[i]) && !taken.contains(UpperCase(caption[i]))) return i;
-    }
+  std::optional<std::size_t> best;
+  int bestRank = 3;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (!IsPlain(caption[i]) || taken.contains(UpperCase(caption[i]))) continue;
+    const bool wordStart = i == 0 || caption[i - 1] == ' ';
+    const int rank = std::isdigit(static_cast<unsigned char>(caption[i])) != 0 ? 2 : wordStart ? 0 : 1;
+    if (rank >= bestRank) continue;
+    best = i;
+    bestRank = rank;
   }
-  return std::nullopt;
+  return best;
 }
 
 int Rank(const Form& form, const Control& control) {

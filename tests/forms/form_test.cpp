@@ -177,15 +177,15 @@ TEST_F(FormTest, ButtonsChooseTheirAccessKeysFirstAndNoLetterIsGivenTwice) {
   CheckBox line(plain, "chkLine");
   CheckBox full(plain, "chkFull");
   const std::pair<Control*, const char*> designed[] = {
-      {&number, "Número"},   {&hint, "Hint"},       {&start, "Start"}, {&stop, "Stop"},
-      {&save, "R&&D &Save"}, {&line, "Lost Start"}, {&full, "ST"}};
+      {&number, "Número"},   {&hint, "Hint"},         {&start, "Start"}, {&stop, "Stop"},
+      {&save, "R&&D &Save"}, {&line, "1 Lost Start"}, {&full, "ST"}};
   for (const auto& [control, caption] : designed) control->SetCaption(caption);
 
   EXPECT_EQ(FieldOf(plain, number), &field);
   EXPECT_EQ(FieldOf(plain, hint), nullptr);
   const auto captions = CaptionsWithAccessKeys(plain);
   const std::map<const Control*, std::string> expected = {
-      {&save, "R&&D &Save"}, {&start, "S&tart"}, {&stop, "St&op"}, {&line, "&Lost Start"}, {&number, "&Número"}};
+      {&save, "R&&D &Save"}, {&start, "S&tart"}, {&stop, "St&op"}, {&line, "1 &Lost Start"}, {&number, "&Número"}};
   EXPECT_EQ((std::map<const Control*, std::string>(captions.begin(), captions.end())),
             expected);  // both letters of "ST" are taken
 }
