@@ -200,6 +200,7 @@ class AcquireForm : public Form {
   void tmrEventTrigger_Tick();
   void tmrMonitorEsc_Tick();
   void tmrEscReleased_Tick();
+  [[nodiscard]] bool LinkInUse() const;
   [[nodiscard]] bool PointIsDue();
   void ShowProgress();
   void ShowRunTimes();

@@ -133,6 +133,11 @@ void AcquireForm::ShowProgressArea(bool visible) {
   LayoutChanged();
 }
 
+/// A link that waits for its drive with a message loop lets the timers through, also those of a run begun meanwhile.
+bool AcquireForm::LinkInUse() const {
+  return testingEvent_ || run_.Reading();
+}
+
 bool AcquireForm::PointIsDue() {
   if (cboTimeBetweenPointsUnit.ListIndex() != time_unit::kHoursMinutesSeconds) return true;
   if (stopwatch_.AddSecond()) {
@@ -152,7 +157,7 @@ bool AcquireForm::PointIsDue() {
 }
 
 void AcquireForm::tmrAcquire_Tick() {
-  if (run_.State() != RunState::kSampling || run_.Reading()) return;
+  if (run_.State() != RunState::kSampling || LinkInUse()) return;
   if (PointIsDue()) {
     const std::uint32_t run = run_.Serial();
     run_.TakePoint();
@@ -193,8 +198,7 @@ void AcquireForm::ShowRunTimes() {
 }
 
 void AcquireForm::tmrEventTrigger_Tick() {
-  if (run_.State() != RunState::kArmed) return;
-  if (testingEvent_) return;  // the link lets timers through while it waits for the drive
+  if (run_.State() != RunState::kArmed || LinkInUse()) return;
   const std::uint32_t run = run_.Serial();
   std::int16_t code = watch_code::kNotYet;
   component_.currentDrive = run_.Plan().driveAddress;
@@ -202,7 +206,8 @@ void AcquireForm::tmrEventTrigger_Tick() {
     const FlagScope testing(testingEvent_);
     code = TestEvent(component_, watchedEvent_);
   } catch (const RunTimeError&) {
-    EndRun(RunEnd::kFailed);  // the link itself failed; the same error at every tick helps nobody
+    // The link itself failed; the same error at every tick helps nobody.
+    if (run_.Serial() == run) EndRun(RunEnd::kFailed);
     throw;
   }
   if (run_.State() != RunState::kArmed || run_.Serial() != run) return;  // stopped meanwhile

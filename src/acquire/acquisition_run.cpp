@@ -28,6 +28,7 @@ std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
 }
 
 bool AcquisitionRun::Reserve(const std::string& fileName) {
+  fileLock_.reset();  // one that no run came to use is nobody else's
   fileLock_ = component_.ports.files.Lock(fileName);
   if (fileLock_ == nullptr) return false;
   try {
@@ -65,9 +66,11 @@ void AcquisitionRun::BeginSampling() {
 void AcquisitionRun::TakePoint() {
   if (state_ != RunState::kSampling || reading_) return;
   const DateTime now = component_.ports.clock.LocalNow();
+  const std::uint32_t run = serial_;
   try {
     if (ReadPoint(now)) KeepPoint(now);
   } catch (const RunTimeError& error) {
+    if (serial_ != run) return;  // the read of a run that was stopped meanwhile: the next one reads for itself
     // The link itself or the spool file failed: this point is lost, those before it are not.
     failureReason_ = error.Description();
     Stop(RunEnd::kFailed);

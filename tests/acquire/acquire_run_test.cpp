@@ -286,6 +286,24 @@ TEST_F(EventWatchTest, EscWhileTheDriveIsReadEndsTheWatch) {
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
 }
 
+TEST_F(EventWatchTest, ARunBegunWhileTheDriveIsReadWaitsForTheLinkAndOutlivesItsFailure) {
+  Arm(0);
+  plant.whileReading = [this] {
+    plant.whileReading = nullptr;
+    form->StopRun();
+    form->cboTriggerMode.SetListIndex(kTriggerManual);
+    form->cmdStart.Press();
+    RunUntil(fake.clock.Now() + milliseconds(500));
+    plant.Note(plant.failAt = "failure");
+  };
+  RunUntil(milliseconds(200));
+  EXPECT_EQ(plant.steps.back(), "failure");
+  plant.failAt.clear();
+  EXPECT_EQ(form->Run().Counter(), 0);
+  RunToEnd();
+  EXPECT_EQ(form->LastRun().end, RunEnd::kComplete);
+}
+
 TEST_F(EventWatchTest, EscWhileTheQuestionIsUpEndsTheWatchOnce) {
   plant.silent = {6};
   fake.dialogs.answers = {box_answer::kYes};
