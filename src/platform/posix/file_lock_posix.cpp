@@ -15,6 +15,8 @@ namespace chartproject {
 
 namespace {
 
+constexpr int kMostOpened = 100;  // some file systems number a file anew each time they are asked
+
 class FileLockPosix : public FileLock {
  public:
   FileLockPosix(int file, std::string marker) : file_(file), marker_(std::move(marker)) {}
@@ -42,7 +44,7 @@ class FileLockPosix : public FileLock {
 
 std::unique_ptr<FileLock> FileSystemPosix::Lock(const std::string& name) {
   const std::string marker = PosixPath(name) + ".lock";
-  for (;;) {
+  for (int opened = 1;; ++opened) {
     const int file = open(marker.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
     if (file < 0 && errno == EINTR) continue;
     if (file < 0) throw FileError(errno, name);
@@ -52,7 +54,7 @@ std::unique_ptr<FileLock> FileSystemPosix::Lock(const std::string& name) {
       return nullptr;
     }
     auto lock = std::make_unique<FileLockPosix>(file, marker);
-    if (lock->HoldsMarker()) return lock;
+    if (lock->HoldsMarker() || opened == kMostOpened) return lock;
   }
 }
 

@@ -213,6 +213,7 @@ DiskSpace FileSystemPosix::AppendAndMeasure(const std::string& name, std::string
   if (file.Close() != 0) throw DeviceError(errno, name);
   return SpaceOf(disk);
 }
+
 void FileSystemPosix::Delete(const std::string& name) {
   if (unlink(PosixPath(name).c_str()) != 0) throw FileError(errno, name);
 }
