@@ -186,33 +186,8 @@ LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
       return 0;
     case WM_HELP:
       return 0;  // F1 came as a key already
-    case WM_CLOSE:
-      if (IsWindowEnabled(window_) == 0) return 0;  // a box or a form above it is to be answered first
-      DeliverFocusLeave();
-      form_.CloseByUser();
-      return 0;
-    case WM_SIZE:
-    case WM_MOVE:
-      if (!placing_) PlaceChanged();
-      if (message == WM_SIZE) ArrangeControls();
-      return 0;
-    case WM_GETMINMAXINFO: {
-      const SIZE least = LeastSize();
-      reinterpret_cast<MINMAXINFO*>(data)->ptMinTrackSize = {least.cx, least.cy};
-      return 0;
-    }
-    case WM_DPICHANGED:
-      DpiChanged(word, *reinterpret_cast<const RECT*>(data));
-      return 0;
-    case WM_ENDSESSION:
-      if (word == FALSE) return 0;  // somebody objected
-      host_.EndSession();
-      form_.Unload();
-      return 0;
-    case WM_NCDESTROY:
-      return WindowGone();
     default:
-      break;
+      return WindowMessage(message, word, data);
   }
   return DefWindowProcW(window_, message, word, data);
 }

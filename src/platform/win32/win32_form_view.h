@@ -51,6 +51,7 @@ class Win32FormView : public FormView, private ControlMeasurer {
   static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM word, LPARAM data, UINT_PTR id,
                                            DWORD_PTR widget) noexcept;
   LRESULT Message(UINT message, WPARAM word, LPARAM data);
+  LRESULT WindowMessage(UINT message, WPARAM word, LPARAM data);
   bool ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result);
   [[nodiscard]] Widget* WidgetOf(HWND window) const;
   [[nodiscard]] Widget* WidgetOf(const Control& control) const;

@@ -138,6 +138,39 @@ Win32FormView::~Win32FormView() {
   if (buttonCursor_ && GetCursor() == buttonCursor_.Get()) SetCursor(LoadCursorW(nullptr, IDC_ARROW));
 }
 
+/// What becomes of the window itself: its size, its place, its screen, its end.
+LRESULT Win32FormView::WindowMessage(UINT message, WPARAM word, LPARAM data) {
+  switch (message) {
+    case WM_CLOSE:
+      if (IsWindowEnabled(window_) == 0) return 0;  // a box or a form above it is to be answered first
+      DeliverFocusLeave();
+      form_.CloseByUser();
+      return 0;
+    case WM_SIZE:
+    case WM_MOVE:
+      if (!placing_) PlaceChanged();
+      if (message == WM_SIZE) ArrangeControls();
+      return 0;
+    case WM_GETMINMAXINFO: {
+      const SIZE least = LeastSize();
+      reinterpret_cast<MINMAXINFO*>(data)->ptMinTrackSize = {least.cx, least.cy};
+      return 0;
+    }
+    case WM_DPICHANGED:
+      DpiChanged(word, *reinterpret_cast<const RECT*>(data));
+      return 0;
+    case WM_ENDSESSION:
+      if (word == FALSE) return 0;  // somebody objected
+      host_.EndSession();
+      form_.Unload();
+      return 0;
+    case WM_NCDESTROY:
+      return WindowGone();
+    default:
+      return DefWindowProcW(window_, message, word, data);
+  }
+}
+
 /// The window's owner took it along. Without a window nobody could end the form or what goes on in it.
 LRESULT Win32FormView::WindowGone() {
   const HWND window = std::exchange(window_, nullptr);
