@@ -104,15 +104,14 @@ TEST_F(AcquireDialog, EscAndTheEndOfTheSessionEndARecordingAndKeepItsPoints) {
     const FormDriver form(host.Process(), L"");
     FillIn(form, file, L"1000");
     form.Press("cmdStart");
-    EXPECT_TRUE(WaitFor([&form] { return form.Text("lblProgress") == "2"; }));
+    EXPECT_TRUE(WaitFor([&form] { return std::atoi(form.Text("lblProgress").c_str()) >= 2; }));
     EXPECT_FALSE(form.Enabled("cboDriveAddress"));
     if (file == std::string("end.cht")) {
       SendMessageW(form.Window(), WM_ENDSESSION, FALSE, 0);
       EXPECT_TRUE(form.IsUp()) << "another program did not let the session end";
       SendMessageW(form.Window(), WM_ENDSESSION, TRUE, 0);
     } else {
-      PressKey(VK_ESCAPE);
-      EXPECT_TRUE(WaitFor([&form] { return form.Enabled("cboDriveAddress"); }));
+      EXPECT_TRUE(HoldKey(VK_ESCAPE, [&form] { return form.Enabled("cboDriveAddress"); }));
       EXPECT_TRUE(form.IsUp()) << "Esc ends the recording, not the dialog";
       form.Close();
     }
@@ -145,7 +144,7 @@ TEST_F(AcquireDialog, OutlivesTheHostsToolsEndsWithItsWindowAndKeepsThePoints) {
     EXPECT_EQ(cursor(), hand) << "the file is read once";
     FillIn(form, "owner.cht", L"1000");
     form.Press("cmdStart");
-    EXPECT_TRUE(WaitFor([&form] { return form.Text("lblProgress") == "2"; }));
+    EXPECT_TRUE(WaitFor([&form] { return std::atoi(form.Text("lblProgress").c_str()) >= 2; }));
     SendMessageW(tool, WM_CLOSE, 0, 0);
     EXPECT_TRUE(form.IsUp());
     SendNotifyMessageW(window, WM_CLOSE, 0, 0);

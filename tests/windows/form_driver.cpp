@@ -141,6 +141,9 @@ void FormDriver::Wheel(const std::string& name, int notches) const {
 
 void FormDriver::Capture(const std::string& fileName) const {
   const win32::GdiplusSession session;
+  // What was invalidated is painted now, and on the screen when its thread has waited for messages again.
+  RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  for (int round = 0; round < 100; ++round) SendMessageW(window_, WM_NULL, 0, 0);
   RECT place;
   GetWindowRect(window_, &place);
   const int width = place.right - place.left;
@@ -298,12 +301,13 @@ void PressKeys(HWND window, const std::vector<WORD>& keys) {
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-void PressKey(WORD virtualKey) {
+bool HoldKey(WORD virtualKey, const std::function<bool()>& shows) {
   INPUT down = KeyInput(virtualKey, 0);
   INPUT up = KeyInput(virtualKey, KEYEVENTF_KEYUP);
   SendInput(1, &down, sizeof(INPUT));
-  Sleep(250);  // past the watch's interval
+  const bool shown = WaitFor(shows);
   SendInput(1, &up, sizeof(INPUT));
+  return shown;
 }
 
 }  // namespace chartproject::testing

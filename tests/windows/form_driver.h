@@ -10,7 +10,7 @@
 
 namespace chartproject::testing {
 
-inline constexpr std::chrono::seconds kPatience{20};
+inline constexpr std::chrono::seconds kPatience{60};  // a busy machine takes its time
 
 /// Polls until a condition holds; false after kPatience.
 bool WaitFor(const std::function<bool()>& condition);
@@ -108,7 +108,7 @@ inline constexpr WORD kShift = 0x200;
 
 /// Keys pressed and let go, as the keyboard does it, when a window has come to the front and takes input.
 void PressKeys(HWND window, const std::vector<WORD>& keys);
-/// A key held as long as a finger does.
-void PressKey(WORD virtualKey);
+/// Holds a key down until it shows; false when it does not.
+[[nodiscard]] bool HoldKey(WORD virtualKey, const std::function<bool()>& shows);
 
 }  // namespace chartproject::testing
