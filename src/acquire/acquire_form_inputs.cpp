@@ -185,7 +185,7 @@ bool AcquireForm::InputsHold() {
     if (txtTimeBetweenPoints.Text().empty()) return false;
   }
   const bool compares = cboTriggerMode.ListIndex() == kTriggerByEvent && IsCompareEvent(cboEvent.ListIndex());
-  if (compares && !IsNumeric(txtContent.Text(), format)) {
+  if (compares && !IsTypedDecimal(txtContent.Text(), format)) {
     Refuse(kOutOfRange);
     txtContent.SetFocus();
     return false;

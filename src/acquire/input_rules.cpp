@@ -86,7 +86,7 @@ int ClockTimeSeconds(std::string_view text) noexcept {
 
 bool ContentAcceptable(std::string_view text, const NumberFormat& format) {
   constexpr std::array<std::string_view, 6> kBeginnings{"", "-", ",", ".", "-,", "-."};
-  return std::ranges::find(kBeginnings, text) != kBeginnings.end() || IsNumeric(text, format);
+  return std::ranges::find(kBeginnings, text) != kBeginnings.end() || IsTypedDecimal(text, format);
 }
 
 }  // namespace chartproject

@@ -54,7 +54,8 @@ enum class ClockTimeFault { kNone, kFormat, kRange };
 /// Seconds of hours, minutes and seconds at characters 1, 4 and 7; 0 for places that hold no digits.
 [[nodiscard]] int ClockTimeSeconds(std::string_view text) noexcept;
 
-/// True for a number in the user's locale and for the beginnings of one: "", "-", ",", ".", "-,", "-.".
+/// True for a number with either decimal sign and for the beginnings of one: "", "-", ",", ".", "-,", "-.". A sign that
+/// the locale has no use for is let stand: else 12,5 would become 5 while it is typed.
 [[nodiscard]] bool ContentAcceptable(std::string_view text, const NumberFormat& format);
 
 }  // namespace chartproject

@@ -308,8 +308,13 @@ std::string LocaleDecimal(std::string_view text, const NumberFormat& format) {
   return result;
 }
 
+bool IsTypedDecimal(std::string_view text, const NumberFormat& format) {
+  return IsNumeric(text, format) || IsNumeric(LocaleDecimal(text, format), format);
+}
+
 double ToTypedDecimal(std::string_view text, const NumberFormat& format) {
   constexpr std::size_t kGroup = 3;  // digits
+  if (!IsNumeric(text, format)) return ToDouble(LocaleDecimal(text, format), format);
   const char foreign = format.decimalSeparator == "." ? ',' : '.';
   const std::size_t at = text.find(foreign);
   if (at == std::string_view::npos || text.find(foreign, at + 1) != std::string_view::npos ||

@@ -20,6 +20,9 @@ namespace chartproject {
 [[nodiscard]] std::int16_t ToInteger16(std::string_view text, const NumberFormat& format);
 [[nodiscard]] std::int32_t ToInteger32(std::string_view text, const NumberFormat& format);
 
+/// True for what ToTypedDecimal takes: a number in the user's locale, or with the other decimal sign.
+[[nodiscard]] bool IsTypedDecimal(std::string_view text, const NumberFormat& format);
+
 /// ToDouble of a number that a user typed: a sole foreign separator that cannot be one of thousands (12.5 in a comma
 /// locale) is the decimal one, for nobody would notice that 125 was understood.
 [[nodiscard]] double ToTypedDecimal(std::string_view text, const NumberFormat& format);

@@ -111,6 +111,7 @@ TEST(Numbers, MakesTheFirstDecimalSeparatorTheLocales) {
     EXPECT_EQ(ToTypedDecimal(text, kComma), comma) << text;
   }
   EXPECT_EQ(ToTypedDecimal("1.000,5", kComma), 1000.5);
+  EXPECT_EQ(ToTypedDecimal("12,500", kNoGroups), 12.5);
 }
 
 TEST(Text, TakesLinesApart) {
