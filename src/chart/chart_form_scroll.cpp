@@ -109,7 +109,10 @@ void ChartForm::ScrollTo(std::int64_t startLine) {
 }
 
 void ChartForm::ScrollToEnd() {
+  const std::int32_t known = points_;
   ScrollTo(std::int64_t{source_.FirstLine()} + points_);
+  // Points behind those of the header are seen only there.
+  if (points_ > known) ScrollTo(std::int64_t{source_.FirstLine()} + points_);
   // A recording that was stopped early ends before the points that its header names.
   const bool fileIsShorter = slice_.endOfFile && slice_.RowCount() < LengthOfSlice();
   if (fileIsShorter) ScrollTo(slice_.lastLine + 1 - LengthOfSlice());
