@@ -74,8 +74,9 @@ ScenarioScript ScenarioScript::Load(FileSystem& files, const std::string& fileNa
     if (line.offset == 0 && line.text.starts_with(kByteOrderMark)) line.text.remove_prefix(kByteOrderMark.size());
     if (line.cut || !script.TakeLine(line.text)) {
       constexpr std::size_t kMostShown = 200;
-      throw RunTimeError(error_number::kInvalidProcedureCall, fileName + ", line " + std::to_string(line.number) +
-                                                                  ": " + std::string(line.text.substr(0, kMostShown)));
+      throw RunTimeError(error_number::kInvalidProcedureCall,
+                         fileName + ", line " + std::to_string(line.number) +
+                             " is not understood: " + std::string(line.text.substr(0, kMostShown)));
     }
   }
   script.SortTimelines();

@@ -84,7 +84,7 @@ TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
         "at 0 01 P005x 1", "at 0 01 quiet", "at 0 01 silent now", "0 01 P005 1", "\x01\x02\xFF", "at 0 01 X005 1"}) {
     fakes.files.Put("/plant.txt", "at 0 01 P005 1\n# fine\n" + std::string(line) + "\nat 1 01 P005 1\n");
     const std::string error = ErrorTextOf([this] { ScenarioLinkFactory(fakes.files, fakes.clock, "/plant.txt"); });
-    EXPECT_THAT(error, HasSubstr("/plant.txt, line 3: " + std::string(line)));
+    EXPECT_THAT(error, HasSubstr("/plant.txt, line 3 is not understood: " + std::string(line)));
   }
   EXPECT_THROW(ScenarioLinkFactory(fakes.files, fakes.clock, "/missing.txt"), RunTimeError);
 }
