@@ -34,9 +34,7 @@ class StartCommand : public Command {
     }
     ChartClass& instance = session.Instance();
     TellReplaced(instance.State(), made);
-    const std::string note =
-        first ? FillIn(LoadExtraText(instance.State(), ExtraText::kStartProjectMade), {made.folder}) : std::string();
-    StartForm(instance, note).ShowModal();
+    StartForm(instance, made.folder).ShowModal();
     return ExitCode::kDone;
   }
 

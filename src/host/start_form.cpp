@@ -25,11 +25,11 @@ constexpr int kDriveLineWidth = 46;
 
 }  // namespace
 
-StartForm::StartForm(ChartClass& instance, std::string note)
+StartForm::StartForm(ChartClass& instance, std::string madeIn)
     : Form(instance.State().forms, "frmStart", MakeHandlerErrorReporter(instance.State())),
       instance_(instance),
       component_(instance.State()),
-      note_(std::move(note)) {
+      madeIn_(std::move(madeIn)) {
   for (const Language& language : kLanguages) cboLanguage.AddItem(language.own);
   PlaceControls();
   Connect();
@@ -66,8 +66,7 @@ void StartForm::OnLoad() {
   chkSound.SetValue(settings.strSound == "No" ? 0 : 1);
   rtfDrives.SetText(DriveLines());
   lblProject.SetCaption(settings.strFolder);
-  lblNote.SetCaption(note_);
-  lblNote.SetVisible(!note_.empty());
+  lblNote.SetVisible(!madeIn_.empty());
   ShowTexts();
   LayoutChanged();
   const Size screen = component_.forms.ScreenSize();
@@ -89,6 +88,7 @@ void StartForm::ShowTexts() {
   cmdClose.SetCaption(text(ExtraText::kStartClose));
   lblLanguage.SetCaption(text(ExtraText::kStartLanguage));
   chkSound.SetCaption(text(ExtraText::kStartSound));
+  lblNote.SetCaption(FillIn(text(ExtraText::kStartProjectMade), {madeIn_}));
 }
 
 std::string StartForm::DriveLines() const {

@@ -11,8 +11,9 @@ namespace chartproject {
 
 class StartForm : public Form {
  public:
-  /// @param instance outlives the form @param note said once below the drives, for example where a project was made
-  StartForm(ChartClass& instance, std::string note);
+  /// @param instance outlives the form @param madeIn folder of the project that this start made, said once below the
+  /// drives; empty when it made none
+  StartForm(ChartClass& instance, std::string madeIn);
 
   // Controls, in tab order. ------------------------------------------------------------------------------------------
   CommandButton cmdAcquire{*this, "cmdAcquire"};
@@ -42,7 +43,7 @@ class StartForm : public Form {
 
   ChartClass& instance_;
   Component& component_;
-  std::string note_;
+  std::string madeIn_;
 };
 
 }  // namespace chartproject

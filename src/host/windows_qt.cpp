@@ -39,9 +39,11 @@ bool HasDisplay() {
 }
 
 std::optional<std::string> AskForPdfName() {
-  const QString name = QFileDialog::getSaveFileName(nullptr, kHostTitle, QString(), QStringLiteral("PDF (*.pdf)"));
-  if (name.isEmpty()) return std::nullopt;
-  return name.toStdString();
+  QFileDialog dialog(nullptr, kHostTitle, QString(), QStringLiteral("PDF (*.pdf)"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().constFirst().toStdString();
 }
 
 class QtWindows : public Windows {

@@ -111,7 +111,7 @@ struct StartWindowTest : ::testing::Test {
       MakeProject(outside.fakes.files, outside.fakes.settings, outside.fakes.codePage, "/home/Project");
   ProcessState process;
   ChartClass instance{outside.ports, outside.host, links, process};
-  StartForm form{instance, "A project was made in " + made.folder};
+  StartForm form{instance, made.folder};
   User user{form};
 
   /// The dialog that the start window opened, once it has the focus.
@@ -142,7 +142,7 @@ TEST_F(StartWindowTest, ANewUserRecordsWithFourKeys) {
 
 TEST_F(StartWindowTest, LanguageAndSoundTakeEffectAtOnceAndAreSaved) {
   user.Do([&] { form.cboLanguage.SetFocus(); }).Key("Down");
-  user.Until("Spanish", [&] { return form.cmdClose.Caption() == "&Cerrar"; }).Key("alt+s");
+  user.Until("Spanish", [&] { return form.lblNote.Caption().ends_with("para empezar."); }).Key("alt+s");
   user.Until("sounds off", [&] { return form.chkSound.Value() == 0; }).Then([&] {
     EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
     SaveScreenshot(user.Window(), "start_es");

@@ -31,6 +31,14 @@ Qt::Alignment AlignmentOf(Align align) {
   }
 }
 
+/// Width of a line as it is drawn: the underlined letter stands without the kerning that a size hint counts on.
+int DrawnWidth(const QFontMetrics& metrics, const QString& text) {
+  const qsizetype key = text.indexOf('&');
+  if (key < 0 || key + 1 >= text.size()) return metrics.horizontalAdvance(text);
+  return metrics.horizontalAdvance(text.left(key)) + metrics.horizontalAdvance(text.at(key + 1)) +
+         metrics.horizontalAdvance(text.mid(key + 2));
+}
+
 class LabelWidget : public ControlWidget {
  public:
   LabelWidget(Label& label, QLabel& widget) : ControlWidget(label, widget), label_(label), widget_(widget) {
@@ -43,7 +51,10 @@ class LabelWidget : public ControlWidget {
     widget_.setText(caption);
   }
   [[nodiscard]] QSize Preferred() const override {
-    if (!label_.WordWrap()) return widget_.sizeHint();
+    if (!label_.WordWrap()) {
+      const QSize hint = widget_.sizeHint();
+      return {std::max(hint.width(), DrawnWidth(widget_.fontMetrics(), widget_.text())), hint.height()};
+    }
     const int width = std::min(kWrapWidth, widget_.fontMetrics().horizontalAdvance(widget_.text()) + 2);
     return {width, HeightForWidth(width)};
   }
