@@ -155,6 +155,9 @@ bool PrintChartPage(Component& component, const ChartPage& page) {
     showStatus("");
     LogRunTimeError(component, "PrintChartPage", error);
     return false;
+  } catch (...) {
+    printer.AbandonDocument();  // else it stays in the printer's queue for as long as the host runs
+    throw;
   }
   showStatus("");
   return printed;
