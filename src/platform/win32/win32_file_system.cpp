@@ -14,7 +14,7 @@ namespace chartproject::win32 {
 namespace {
 
 constexpr DWORD kRetryMilliseconds = 20;
-constexpr int kAppendTries = 50;
+constexpr int kPatience = 50;  // tries for what another program may have for a moment: readers, scanners, backups
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 [[nodiscard]] DWORD Attributes(const std::string& name) {
@@ -128,7 +128,7 @@ std::unique_ptr<OutputFile> Win32FileSystem::Create(const std::string& name) {
 }
 
 void Win32FileSystem::Append(const std::string& name, std::string_view bytes) {
-  const OwnedFile file(Open(name, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_ALWAYS, kAppendTries));
+  const OwnedFile file(Open(name, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_ALWAYS, kPatience));
   LARGE_INTEGER end{};
   if (SetFilePointerEx(file.Get(), LARGE_INTEGER{}, &end, FILE_END) == 0) ThrowFileError(GetLastError(), name);
   try {
@@ -156,8 +156,12 @@ void Win32FileSystem::Delete(const std::string& name) {
 }
 
 void Win32FileSystem::Rename(const std::string& from, const std::string& to) {
-  if (MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
-    ThrowFileError(GetLastError(), to);
+  constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  for (int tries = 0; MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(), kHow) == 0; ++tries) {
+    const DWORD code = GetLastError();
+    const bool held = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED;  // the file, or the one replaced
+    if (!held || tries >= kPatience) ThrowFileError(code, to);
+    Sleep(kRetryMilliseconds);
   }
 }
 

@@ -16,6 +16,7 @@ class Win32FileSystem : public FileSystem {
   void Append(const std::string& name, std::string_view bytes) override;
   [[nodiscard]] std::unique_ptr<FileLock> Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
+  /// Waits as Append does: a scanner may look at a file that was just written.
   void Rename(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& name) override;
   [[nodiscard]] std::string CurrentFolder() override;
