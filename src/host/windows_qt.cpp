@@ -72,7 +72,9 @@ class QtWindows : public Windows {
   void WatchSignals() {
     KeyboardSignals::Watch();
     QObject::connect(&signalTimer_, &QTimer::timeout, &application_, [this] {
-      if (signals_.EscapePressed()) QApplication::closeAllWindows();
+      ending_ = signals_.EscapePressed() || ending_;
+      // Again at each turn: a window below a modal one closes only after that one is gone.
+      if (ending_) QApplication::closeAllWindows();
     });
     constexpr int kMilliseconds = 200;
     signalTimer_.start(kMilliseconds);
@@ -93,6 +95,7 @@ class QtWindows : public Windows {
   QtFormHost forms_;
   KeyboardSignals signals_;
   QTimer signalTimer_;
+  bool ending_ = false;
 };
 
 }  // namespace
