@@ -1,4 +1,4 @@
-// Button words.
+// Words of the boxes.
 #include "host/dialog_texts.h"
 
 namespace chartproject {
@@ -11,6 +11,10 @@ DialogTexts DialogTextsOf(const std::string& language) {
             "&Não",
             "A&juda",
             "&Abrir",
+            "&Salvar",
+            "Procurar em:",
+            "&Nome do arquivo:",
+            "Arquivos do tipo:",
             "Ajuda",
             "O arquivo de ajuda %1 não foi encontrado.",
             "O arquivo de ajuda %1 não pode ser mostrado aqui."};
@@ -22,6 +26,10 @@ DialogTexts DialogTextsOf(const std::string& language) {
             "&No",
             "A&yuda",
             "&Abrir",
+            "&Guardar",
+            "Buscar en:",
+            "&Nombre de archivo:",
+            "Archivos de tipo:",
             "Ayuda",
             "No se encontró el archivo de ayuda %1.",
             "El archivo de ayuda %1 no se puede mostrar aquí."};

@@ -1,4 +1,4 @@
-// The words of message boxes' own buttons, in the three languages.
+// The words of message boxes' and file dialogs' own controls, in the three languages.
 #pragma once
 
 #include <string>

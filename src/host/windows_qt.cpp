@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "common/environment.h"
 #include "host/dialog_texts.h"
 #include "host/exit_code.h"
 #include "host/windows.h"
@@ -38,10 +37,11 @@ bool HasDisplay() {
   return false;
 }
 
-std::optional<std::string> AskForPdfName() {
-  QFileDialog dialog(nullptr, kHostTitle, QString(), QStringLiteral("PDF (*.pdf)"));
+std::optional<std::string> AskForPdfName(const DialogTexts& texts) {
+  QFileDialog dialog(nullptr, QString(), QString(), QStringLiteral("PDF (*.pdf)"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  TranslateFileDialog(dialog, texts);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().constFirst().toStdString();
 }
@@ -53,7 +53,8 @@ class QtWindows : public Windows {
         texts_([language = std::move(language)] { return DialogTextsOf(language()); }),
         help_(texts_),
         dialogs_(help_, texts_),
-        printer_(mode == WindowsMode::kScreen ? PdfNameSource(AskForPdfName) : PdfNameSource()),
+        printer_(mode == WindowsMode::kScreen ? PdfNameSource([this] { return AskForPdfName(texts_()); })
+                                              : PdfNameSource()),
         forms_(clock) {
     if (mode == WindowsMode::kScreen) WatchSignals();
   }

@@ -110,14 +110,22 @@ std::string QtDialogs::ShowInputBox(const InputBoxRequest& request) {
   return dialog.exec() == QDialog::Accepted ? FromQt(edit->text()) : std::string();
 }
 
+void TranslateFileDialog(QFileDialog& dialog, const DialogTexts& texts) {
+  const QString act = ToQt(dialog.acceptMode() == QFileDialog::AcceptSave ? texts.save : texts.open);
+  dialog.setWindowTitle(QString(act).remove('&'));
+  dialog.setLabelText(QFileDialog::Accept, act);
+  dialog.setLabelText(QFileDialog::Reject, ToQt(texts.cancel));
+  dialog.setLabelText(QFileDialog::LookIn, ToQt(texts.lookIn));
+  dialog.setLabelText(QFileDialog::FileName, ToQt(texts.fileName));
+  dialog.setLabelText(QFileDialog::FileType, ToQt(texts.fileType));
+}
+
 std::optional<std::string> QtDialogs::ShowOpenFile(const OpenFileRequest& request) {
-  const DialogTexts texts = texts_();
   QFileDialog dialog(QApplication::activeWindow());
   if (!request.initialFolder.empty()) dialog.setDirectory(FileNameToQt(request.initialFolder));
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode((request.flags & kFileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-  dialog.setLabelText(QFileDialog::Accept, ToQt(texts.open));
-  dialog.setLabelText(QFileDialog::Reject, ToQt(texts.cancel));
+  TranslateFileDialog(dialog, texts_());
   const QStringList filters = NameFilters(request.filter);
   if (!filters.isEmpty()) {
     dialog.setNameFilters(filters);

@@ -7,6 +7,7 @@
 #include "platform/dialogs.h"
 #include "platform/help.h"
 
+class QFileDialog;
 class QMessageBox;
 
 namespace chartproject {
@@ -19,6 +20,10 @@ struct DialogTexts {
   std::string no = "&No";
   std::string help = "&Help";
   std::string open = "&Open";
+  std::string save = "&Save";
+  std::string lookIn = "Look in:";
+  std::string fileName = "File &name:";
+  std::string fileType = "Files of type:";
   std::string helpTitle = "Help";
   std::string helpFileMissing = "The help file %1 was not found.";
   std::string helpFileUnreadable = "The help file %1 cannot be shown here.";
@@ -26,6 +31,9 @@ struct DialogTexts {
 
 /// Asked each time a box is shown, for the user may have chosen another language meanwhile.
 using DialogTextSource = std::function<DialogTexts()>;
+
+/// Gives a file dialog the words of the user's language; a desktop's own dialog has its own.
+void TranslateFileDialog(QFileDialog& dialog, const DialogTexts& texts);
 
 /// Boxes are modal for the whole program. Timers go on behind them.
 class QtDialogs : public Dialogs {
