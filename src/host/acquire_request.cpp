@@ -112,7 +112,7 @@ class FormFiller {
     form_.cboTriggerMode.SetListIndex(kTriggerByEvent);
     Asked("--trigger", [&] { form_.cboEvent.SetListIndex(event); });
     if (!IsCompareEvent(event)) return;
-    if (!request_.compare.empty()) ChooseParameter("--compare", form_.cboPXXX, request_.compare);
+    ChooseParameter("--compare", form_.cboPXXX, request_.compare);
     if (!request_.content.empty()) Type("--content", form_.txtContent, request_.content);
   }
 

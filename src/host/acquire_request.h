@@ -20,7 +20,7 @@ struct AcquireRequest {
   std::string points;
   std::optional<TimeBetweenPoints> every;
   std::string trigger;  ///< event code; empty for a manual start
-  std::string compare;  ///< parameter of the comparison events
+  std::string compare;  ///< parameter of the comparison events, which need it
   std::string content;  ///< comparison value
 };
 

@@ -112,7 +112,7 @@ class AcquireCommand : public Command {
     app->add_option("--trigger", request_.trigger, "record when an event occurs, one of: " + EventCodes())
         ->type_name("CODE");
     app->add_option("--compare", request_.compare, "parameter that a PXXX event compares");
-    app->add_option("--content", request_.content, "value that a PXXX event compares with, as your locale writes it");
+    app->add_option("--content", request_.content, "value that a PXXX event compares with");
     return app;
   }
 
@@ -121,13 +121,20 @@ class AcquireCommand : public Command {
       throw RefusedError("acquire: give both --file and --parameters, or none of them for the dialog");
     }
     if (request_.fileName.empty()) {
+      for (const std::string* option :
+           {&request_.address, &request_.points, &every_, &request_.trigger, &request_.compare, &request_.content}) {
+        if (!option->empty()) throw RefusedError("acquire: in the dialog all is chosen there; leave the options out");
+      }
       session.UseWindows(WindowsMode::kScreen);
       session.Instance().AcquireVar();
       return ExitCode::kDone;
     }
-    const bool compares = !request_.compare.empty() || !request_.content.empty();
-    if (compares && !IsCompareEvent(EventPosition(request_.trigger))) {
+    const bool compares = IsCompareEvent(EventPosition(request_.trigger));
+    if (!compares && !(request_.compare.empty() && request_.content.empty())) {
       throw RefusedError("acquire: --compare and --content go with a PXXX event of --trigger");
+    }
+    if (compares && request_.compare.empty()) {
+      throw RefusedError("acquire: a PXXX event needs --compare, the parameter that it watches");
     }
     request_.fileName = FullName(request_.fileName);
     if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
