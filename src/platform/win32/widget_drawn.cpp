@@ -58,10 +58,12 @@ void DrawnWidget::Paint() {
   GetClientRect(Window(), &area);
   const SIZE size{area.right, area.bottom};
   if (size.cx <= 0 || size.cy <= 0) return;
-  const bool upToDate = picture_.Get() != nullptr && size.cx == pictureSize_.cx && size.cy == pictureSize_.cy;
+  const bool upToDate = picture_.Get() != nullptr && size.cx == pictureSize_.cx && size.cy == pictureSize_.cy &&
+                        Context().scale == pictureScale_;
   if (!upToDate) {
     picture_ = OwnedBitmap(CreateCompatibleBitmap(screen, size.cx, size.cy));
     pictureSize_ = size;
+    pictureScale_ = Context().scale;
   }
   const OwnedDc picture(CreateCompatibleDC(screen));
   const SelectScope pictureSelected(picture.Get(), picture_.Get());

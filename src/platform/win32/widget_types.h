@@ -200,8 +200,9 @@ class DrawnWidget : public Widget {
   bool KeyPressed(WPARAM virtualKey);
   DrawnControl& drawn_;
   SIZE pictureSize_{};
-  OwnedBitmap picture_;    ///< without the overlay; none while it is out of date
-  bool tracking_ = false;  ///< the system will tell when the mouse leaves
+  double pictureScale_ = 0;  ///< another screen's asks for other texts, whatever the size
+  OwnedBitmap picture_;      ///< without the overlay; none while it is out of date
+  bool tracking_ = false;    ///< the system will tell when the mouse leaves
 };
 
 /// Window class of DrawnWidget.
