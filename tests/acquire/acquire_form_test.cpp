@@ -271,13 +271,13 @@ TEST_F(AcquireFormTest, FilesAreNamedByBrowsingAndByPrompt) {
 
 TEST_F(AcquireFormTest, ViewChartAndOk) {
   fake.files.Put(kChart, "[INFO]\r\n");
-  fake.files.Put("C:\\g\\Icon\\General\\Kestrel.ico", "");
-  fake.files.Put("C:\\g\\Cursor\\Select.cur", "");
+  fake.files.Put(R"(C:\g\Icon\General\Kestrel.ico)", "");
+  fake.files.Put(R"(C:\g\Cursor\Select.cur)", "");
   std::vector<std::string> shown;
   component.showChart = [&shown](Component&, const std::string& name) { shown.push_back(name); };
   Open();
-  EXPECT_EQ(form->IconFile(), "C:\\g\\Icon\\General\\Kestrel.ico");
-  EXPECT_EQ(form->ButtonCursorFile(), "C:\\g\\Cursor\\Select.cur");
+  EXPECT_EQ(form->IconFile(), R"(C:\g\Icon\General\Kestrel.ico)");
+  EXPECT_EQ(form->ButtonCursorFile(), R"(C:\g\Cursor\Select.cur)");
   EXPECT_EQ(form->cmdOK.Pointer(), MousePointer::kCustom);
   form->cmdViewChart.Press();
   EXPECT_THAT(shown, ElementsAre(kChart));

@@ -76,6 +76,7 @@ TEST(CategoryAxis, LabelsNeverTouchNorLeaveTheirRoom) {
 
 std::vector<std::string> Texts(const ValueAxis& axis, const NumberFormat& format) {
   std::vector<std::string> texts;
+  texts.reserve(static_cast<std::size_t>(axis.TickCount()));
   for (int i = 0; i < axis.TickCount(); ++i) texts.push_back(TickText(axis, i, format));
   return texts;
 }

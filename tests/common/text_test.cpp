@@ -128,7 +128,7 @@ TEST(Text, JoinsNamesInTheFoldersStyle) {
                                                        {"C:", "C:\\a"},
                                                        {"C:/media", "C:/media\\a"},
                                                        {"C:\\media", "C:\\media\\a"},
-                                                       {"C:\\", "C:\\a"},
+                                                       {R"(C:\)", R"(C:\a)"},
                                                        {"\\\\server\\s", "\\\\server\\s\\a"},
                                                        {"/home/u", "/home/u/a"},
                                                        {"/", "/a"}};

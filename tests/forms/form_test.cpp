@@ -18,7 +18,7 @@ class SampleForm : public Form {
  public:
   explicit SampleForm(FakePorts& fakes)
       : Form(fakes.forms, "frmSample", [this](const std::string& routine, const RunTimeError& error) {
-          log.push_back(routine + " error " + std::to_string(error.Number()));
+          log.emplace_back(routine + " error " + std::to_string(error.Number()));
         }) {}
   std::vector<std::string> log;
   ComboBox combo{*this, "cboOne"};
@@ -31,17 +31,17 @@ class SampleForm : public Form {
   Timer other{*this, "tmrTwo"};
 
   Event Log(const std::string& name) {
-    return {name, [this, name] { log.push_back(name); }};
+    return {name, [this, name] { log.emplace_back(name); }};
   }
 
  protected:
-  void OnLoad() override { log.push_back("load"); }
-  void OnActivate() override { log.push_back("activate"); }
+  void OnLoad() override { log.emplace_back("load"); }
+  void OnActivate() override { log.emplace_back("activate"); }
   bool OnQueryClose() override {
-    log.push_back("query");
+    log.emplace_back("query");
     return mayClose;
   }
-  void OnUnload() override { log.push_back("unload"); }
+  void OnUnload() override { log.emplace_back("unload"); }
 
  public:
   bool mayClose = true;
@@ -55,9 +55,9 @@ struct FormTest : ::testing::Test {
 TEST_F(FormTest, PropertiesRaiseTheirEventsOnChangeOnlyAndReentrantly) {
   form.combo.click = form.Log("click");
   form.text.change = {"txtOne_Change", [this] {
-                        form.log.push_back("change " + form.text.Text());
+                        form.log.emplace_back("change " + form.text.Text());
                         if (form.text.Text() == "12.6") form.text.SetText("13");
-                        form.log.push_back("end " + form.text.Text());
+                        form.log.emplace_back("end " + form.text.Text());
                       }};
   form.combo.AddItem("a");
   form.combo.AddItem("b");
@@ -114,7 +114,7 @@ TEST_F(FormTest, LivesThroughLoadActivateCloseAndErrorsOfHandlers) {
   form.button.click = {"cmdOne_Click", [] { throw RunTimeError(53, "File not found"); }};
   form.combo.click = {"cboOne_Click", [this] {
                         form.button.Press();  // its error ends the button's handler only
-                        form.log.push_back("went on");
+                        form.log.emplace_back("went on");
                         throw std::bad_alloc();
                       }};
   form.mayClose = false;

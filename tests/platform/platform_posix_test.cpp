@@ -140,8 +140,8 @@ class SettingsStoreIniTest : public FileSystemPosixTest {
 
 TEST_F(SettingsStoreIniTest, EveryTextComesBack) {
   const std::string texts[] = {
-      "",       "plain",  "  blanks around  ",   "C:\\Kestrel\\new\\", "a=b=c",      "[section]",
-      "# text", "; text", "ação, señal, Ω 日本", "line\r\nend\ttab",   "\\s\\n\\\\", "\"",
+      "",       "plain",  "  blanks around  ",   R"(C:\Kestrel\new\)", "a=b=c",     "[section]",
+      "# text", "; text", "ação, señal, Ω 日本", "line\r\nend\ttab",   R"(\s\n\\)", "\"",
       "%1;%2",  " ",      "-2147483636"};
   for (const auto& text : texts) {
     Write("MyProject", {{"strName", text}});

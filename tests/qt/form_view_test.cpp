@@ -16,7 +16,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre, ::testing::IsEmpty, ::testing::SizeIs;
+using ::testing::ElementsAre, ::testing::SizeIs;
 
 class EveryControlForm : public Form {
  public:

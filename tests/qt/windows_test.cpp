@@ -84,7 +84,7 @@ TEST(AcquireLanguagesTest, NoTextIsCut) {
     User user(form);
     const auto check = [&](const std::string& name) {
       EXPECT_THAT(CutTexts(user.Window()), IsEmpty()) << language << name;
-      SaveScreenshot(user.Window(), "acquire_" + language + name);
+      SaveScreenshot(user.Window(), std::string("acquire_").append(language).append(name));
     };
     user.Do([&] {
       check("");

@@ -22,7 +22,7 @@ namespace chartproject {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::ElementsAre, ::testing::IsEmpty;
+using ::testing::IsEmpty;
 
 struct SpreadsheetTest : ::testing::Test {
   std::vector<std::string> Names() const {
@@ -115,7 +115,7 @@ TEST(Biff8RecordsTest, ShortNumbersComeBackExactlyAndLongTextsAreRefused) {
 
 struct ReadBackTest : SpreadsheetTest {
   /// Four columns: short numbers, long numbers, texts among them, empty.
-  void WriteChart(int points, char decimal) {
+  void WriteChart(int points, char decimal) const {
     std::ofstream file(chart, std::ios::binary);
     file << "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=3\r\nPXXX1=003\r\nPXXX2=005\r\nPXXX3=012\r\nPXXX4=\r\n"
             "Scan Time=200\r\nUnit=ms\r\nTrigger Mode=Event\r\nEvent=PXXX>=Content\r\nPXXX=005\r\nContent=12.5\r\n"

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "platform/run_time_error.h"
 
@@ -124,7 +125,7 @@ void MemoryFileSystem::Append(const std::string& name, std::string_view bytes) {
 std::unique_ptr<FileLock> MemoryFileSystem::Lock(const std::string& name) {
   class MemoryLock : public FileLock {
    public:
-    MemoryLock(std::set<std::string>& names, const std::string& name) : names_(names), name_(name) {}
+    MemoryLock(std::set<std::string>& names, std::string name) : names_(names), name_(std::move(name)) {}
     ~MemoryLock() override { names_.erase(name_); }
 
    private:
