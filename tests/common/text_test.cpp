@@ -129,7 +129,7 @@ TEST(Text, JoinsNamesInTheFoldersStyle) {
                                                        {"C:/media", "C:/media\\a"},
                                                        {"C:\\media", "C:\\media\\a"},
                                                        {R"(C:\)", R"(C:\a)"},
-                                                       {"\\\\server\\s", "\\\\server\\s\\a"},
+                                                       {R"(\\server\s)", R"(\\server\s\a)"},
                                                        {"/home/u", "/home/u/a"},
                                                        {"/", "/a"}};
   for (const auto& [folder, joined] : cases) EXPECT_EQ(JoinPath(folder, "a"), joined);

@@ -131,7 +131,17 @@ void FormDriver::Keys(const std::vector<WORD>& keys) const {
 void FormDriver::Wheel(const std::string& name, int notches) const {
   RECT place;
   GetWindowRect(Control(name), &place);
-  SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+  const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+  // The display tells of the pointer's earlier moves late, and so moves it back: it has to stay for a while.
+  int still = 0;
+  EXPECT_TRUE(WaitFor([&] {
+    POINT at{};
+    GetCursorPos(&at);
+    still = at.x == middle.x && at.y == middle.y ? still + 1 : 0;
+    if (still == 0) SetCursorPos(middle.x, middle.y);
+    return still > 10;
+  })) << "the pointer does not stay over "
+      << name;
   INPUT turn{};
   turn.type = INPUT_MOUSE;
   turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
