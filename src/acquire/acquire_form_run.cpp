@@ -7,11 +7,11 @@
 #include "acquire/run_texts.h"
 #include "acquire/trigger_events.h"
 #include "common/extra_texts.h"
-#include "common/flag_scope.h"
 #include "common/message_box.h"
 #include "common/message_table.h"
 #include "common/numbers.h"
 #include "common/sounds.h"
+#include "forms/flag_scope.h"
 #include "forms/form_host.h"
 
 namespace chartproject {

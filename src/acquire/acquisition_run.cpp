@@ -3,10 +3,10 @@
 
 #include <utility>
 
-#include "common/flag_scope.h"
 #include "common/numbers.h"
 #include "drive/display_value.h"
 #include "drive/parameter_read.h"
+#include "forms/flag_scope.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

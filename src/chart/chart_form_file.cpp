@@ -7,11 +7,11 @@
 #include "chart/scroll_range.h"
 #include "chart/series_label.h"
 #include "common/error_log.h"
-#include "common/flag_scope.h"
 #include "common/message_box.h"
 #include "common/message_table.h"
 #include "common/numbers.h"
 #include "drive/driver_file.h"
+#include "forms/flag_scope.h"
 #include "forms/form_host.h"
 
 namespace chartproject {

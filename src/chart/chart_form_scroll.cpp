@@ -3,8 +3,8 @@
 
 #include "chart/chart_form.h"
 #include "chart/scroll_range.h"
-#include "common/flag_scope.h"
 #include "common/numbers.h"
+#include "forms/flag_scope.h"
 
 namespace chartproject {
 namespace {

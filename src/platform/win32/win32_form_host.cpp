@@ -2,8 +2,8 @@
 #include "platform/win32/win32_form_host.h"
 
 #include <algorithm>
-#include <utility>
 
+#include "forms/flag_scope.h"
 #include "forms/form.h"
 #include "platform/win32/win32_form_view.h"
 
@@ -22,19 +22,6 @@ class PreciseTimers {
   ~PreciseTimers() { timeEndPeriod(1); }
   PreciseTimers(const PreciseTimers&) = delete;
   PreciseTimers& operator=(const PreciseTimers&) = delete;
-};
-
-/// No ticks while it lives; afterwards as before.
-class TickPause {
- public:
-  explicit TickPause(bool& ticking) noexcept : ticking_(ticking), before_(std::exchange(ticking, false)) {}
-  ~TickPause() { ticking_ = before_; }
-  TickPause(const TickPause&) = delete;
-  TickPause& operator=(const TickPause&) = delete;
-
- private:
-  bool& ticking_;
-  bool before_;
 };
 
 /// A form in the list of those whose loop runs.
@@ -158,7 +145,7 @@ void Win32FormHost::EndSession() {
 }
 
 void Win32FormHost::KeepAlive() {
-  const TickPause pause(ticking_);
+  const FlagScope pause(ticking_, false);
   MSG message;
   // A bounded number: a window that is never quiet must not stop the work.
   for (int count = 0; count < 200 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_NOYIELD) != 0; ++count) {

@@ -3,10 +3,10 @@
 
 namespace chartproject {
 
-/// Sets a flag while it lives.
+/// Gives a flag a value while it lives, and the former one back.
 class FlagScope {
  public:
-  explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+  explicit FlagScope(bool& flag, bool value = true) : flag_(flag), before_(flag) { flag_ = value; }
   ~FlagScope() { flag_ = before_; }
   FlagScope(const FlagScope&) = delete;
   FlagScope& operator=(const FlagScope&) = delete;
