@@ -191,6 +191,7 @@ class AcquireForm : public Form {
   void cmdStart_Click();
   void cmdTrigger_Click();
   [[nodiscard]] std::optional<RunPlan> PrepareRun();
+  [[nodiscard]] bool ReserveFile(const std::string& fileName);
   void FillChartHeader(const RunPlan& plan);
   void WatchEsc();
   [[nodiscard]] int SamplingInterval() const;

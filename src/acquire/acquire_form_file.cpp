@@ -37,8 +37,12 @@ void AcquireForm::FileNameChanged() {
   const bool exists = component_.ports.files.FileExists(component_.strChartFileName);
   cmdReset_Click();
   if (exists) {
-    // A file without a single key is no chart file: it has no settings to show.
-    if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
+    try {
+      // A file without a single key is no chart file: it has no settings to show.
+      if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
+    } catch (const NotARegularFile&) {
+      component_.chartHeader = ChartHeader{};  // nothing to show; Start gives the reason
+    }
     UpdateViewChartButton();
   }
   UpdateStartButtons();

@@ -40,16 +40,24 @@ std::optional<RunPlan> AcquireForm::PrepareRun() {
   for (const ComboBox* list : ParameterLists()) {
     plan.columns[column++] = list->ListIndex() < 0 ? std::int16_t{kUnusedParameter} : ToInteger16(list->Text(), format);
   }
-  // A folder that takes no file is told now, not after hours of sampling.
-  if (!run_.Reserve(plan.fileName)) {
-    Warn(FillIn(LoadExtraText(component_, ExtraText::kFileBeingRecorded), {plan.fileName}));
-    return std::nullopt;
-  }
+  if (!ReserveFile(plan.fileName)) return std::nullopt;
   FillChartHeader(plan);
   if (cboTimeBetweenPointsUnit.ListIndex() == time_unit::kHoursMinutesSeconds) {
     stopwatchTarget_ = ClockTimeSeconds(mebTimeBetweenPoints.Text());
   }
   return plan;
+}
+
+/// A file that cannot be written is reported now, not after hours of sampling.
+bool AcquireForm::ReserveFile(const std::string& fileName) {
+  try {
+    const std::string heldBy = run_.Reserve(fileName);
+    if (heldBy.empty()) return true;
+    Warn(FillIn(LoadExtraText(component_, ExtraText::kFileBeingRecorded), {fileName, heldBy}));
+  } catch (const NotARegularFile&) {
+    Warn(FillIn(LoadExtraText(component_, ExtraText::kNotARegularFile), {fileName}));
+  }
+  return false;
 }
 
 void AcquireForm::FillChartHeader(const RunPlan& plan) {
@@ -296,7 +304,9 @@ void AcquireForm::ReportWriting(const ChartWriteResult& result) {
   if (result.kind == ChartWriteResult::Kind::kRowsInSpool) {
     Warn(LoadMessage(component_, kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace)) + kept);
   } else if (result.kind == ChartWriteResult::Kind::kFailed) {
-    Warn(result.reason + kept);
+    const std::string lost =
+        FillIn(LoadExtraText(component_, ExtraText::kPointsLost), {std::to_string(lastRun_.points)});
+    Warn(result.reason + (kept.empty() ? ". " + lost : kept));
   }
 }
 

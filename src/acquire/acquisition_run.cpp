@@ -27,17 +27,16 @@ std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
   return asRead ? text : DisplayValue(context, parameter, text, model);
 }
 
-bool AcquisitionRun::Reserve(const std::string& fileName) {
-  fileLock_.reset();  // one that no run came to use is nobody else's
-  fileLock_ = component_.ports.files.Lock(fileName);
-  if (fileLock_ == nullptr) return false;
-  try {
-    ChartFileWriter(component_.ports.files, component_.ports.codePage).CheckTarget(fileName);
-  } catch (const RunTimeError&) {
-    fileLock_.reset();
-    throw;
-  }
-  return true;
+std::string AcquisitionRun::Reserve(const std::string& fileName) {
+  FileSystem& files = component_.ports.files;
+  fileLock_.reset();  // drop the lock of a reservation that was never started
+  targetFile_ = files.ResolveLink(fileName);
+  files.CheckReplaceable(targetFile_);
+  LockAttempt attempt = files.Lock(targetFile_);
+  if (!attempt.lock) return attempt.heldBy;
+  ChartFileWriter(files, component_.ports.codePage).CheckTarget(targetFile_);
+  fileLock_ = std::move(attempt.lock);
+  return {};
 }
 
 void AcquisitionRun::Arm(const RunPlan& plan) {
@@ -56,7 +55,7 @@ void AcquisitionRun::BeginSampling(const RunPlan& plan) {
 }
 
 void AcquisitionRun::BeginSampling() {
-  spoolFileName_ = SpoolFileName(plan_.fileName);
+  spool_.reset();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 0, PointRow{});
   point_ = PointRow{};
   for (std::string* text : {&header_.StartDate, &header_.StartTime, &header_.EndDate, &header_.EndTime}) text->clear();
@@ -108,7 +107,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
   if (RowsInMemory()) {
     std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
   } else {
-    KeepInSpool(number == 1);
+    KeepInSpool();
   }
   counter_ = number;
   if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
@@ -118,16 +117,14 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
   }
 }
 
-void AcquisitionRun::KeepInSpool(bool first) {
+void AcquisitionRun::KeepInSpool() {
   FileSystem& files = component_.ports.files;
-  if (first && files.FileExists(spoolFileName_)) files.Delete(spoolFileName_);
+  if (!spool_) spool_ = MakeSpoolFile(files, targetFile_);
   rowLine_.clear();
   AppendRowLine(rowLine_, point_);
-  const std::string bytes = component_.ports.codePage.Encode(rowLine_);
-  if (component_.strChartFileName == plan_.fileName) {  // the spool file stands on the disk of its chart file
-    freeSpace_ = files.AppendAndMeasure(spoolFileName_, bytes).totalFree;
-  } else {
-    files.Append(spoolFileName_, bytes);
+  freeSpace_ = spool_->AppendAndMeasure(component_.ports.codePage.Encode(rowLine_)).totalFree;
+  // The spool file is on the disk of its chart file, but the dialog may show another file meanwhile.
+  if (component_.strChartFileName != plan_.fileName) {
     freeSpace_ = files.SpaceFor(component_.strChartFileName).totalFree;
   }
 }
@@ -153,9 +150,11 @@ ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   if (counter_ > 0) {
     const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
     component_.chartHeader = header_;
-    result = RowsInMemory() ? writer.WriteRows(plan_.fileName, header_, rows_, component_.settings.strFolder)
-                            : writer.WriteSpool(plan_.fileName, header_, keepAlive);
+    const std::string& rescueFolder = component_.settings.strFolder;
+    result = RowsInMemory() ? writer.WriteRows(targetFile_, header_, rows_, rescueFolder)
+                            : writer.WriteSpool(targetFile_, header_, *spool_, rescueFolder, keepAlive);
   }
+  spool_.reset();
   rows_ = {};
   fileLock_.reset();
   state_ = RunState::kIdle;

@@ -45,9 +45,10 @@ class AcquisitionRun {
  public:
   explicit AcquisitionRun(Component& component) : component_(component) {}
 
-  /// Takes a chart file for the next run until Close; the file is not touched.
-  /// False when another recording has it. Throws RunTimeError when no file can be made there.
-  [[nodiscard]] bool Reserve(const std::string& fileName);
+  /// Takes a chart file for the next run until Close; the file is not touched. A link is followed now, once.
+  /// Throws RunTimeError when no file can be made there, or the one that is there cannot be replaced.
+  /// @return empty; or the lock file by which another recording has the chart file
+  [[nodiscard]] std::string Reserve(const std::string& fileName);
   void Arm(const RunPlan& plan);
   /// From kIdle with a plan, or from kArmed with the plan of Arm.
   void BeginSampling(const RunPlan& plan);
@@ -84,7 +85,7 @@ class AcquisitionRun {
  private:
   [[nodiscard]] bool ReadPoint(const DateTime& now);
   void KeepPoint(const DateTime& now);
-  void KeepInSpool(bool first);
+  void KeepInSpool();
   void FinishAs(RunEnd reason);
 
   Component& component_;
@@ -95,7 +96,8 @@ class AcquisitionRun {
   ChartHeader header_;  ///< the component's own may come to describe another file while this one is recorded
   std::uint32_t serial_ = 0;
   bool reading_ = false;
-  std::string spoolFileName_;
+  std::string targetFile_;           ///< the plan's file, or the one that it leads to as a link
+  std::unique_ptr<SideFile> spool_;  ///< from the first point on
   std::int32_t counter_ = 0;
   PointRow point_;               ///< the point being taken
   std::vector<PointRow> rows_;   ///< by point number minus 1; empty in spool mode

@@ -1,7 +1,6 @@
 // Chart files are written beside their name and renamed when complete; rows are never dropped with a failed write.
 #include "acquire/chart_file_writer.h"
 
-#include <optional>
 #include <vector>
 
 #include "common/text.h"
@@ -15,11 +14,7 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kBlockSize = 65'536;
 constexpr std::size_t kKeepAliveBytes = 4'000'000;
 constexpr int kRescueNames = 10;
-
-/// Where a chart file is written until it is complete.
-std::string UnfinishedName(const std::string& fileName) {
-  return fileName + ".new";
-}
+constexpr std::string_view kUnfinishedEnding = ".new";
 
 std::string_view BaseName(std::string_view fileName) {
   const std::size_t slash = fileName.find_last_of("\\/");
@@ -34,23 +29,6 @@ void AppendField(std::string& line, std::string_view text) {
        at = line.find_first_of("#\r\n", at + 1)) {
     line[at] = ' ';
   }
-}
-
-/// Deletes a file that is in the way or half-written; what stands in the way of that is no news.
-void DeleteQuietly(FileSystem& files, const std::string& name) {
-  try {
-    if (files.FileExists(name)) files.Delete(name);
-  } catch (const RunTimeError&) {
-    return;
-  }
-}
-
-/// What went wrong, in terms of the file that the user named.
-std::string ReasonFor(const std::exception& error, const std::string& fileName) {
-  std::string reason = error.what();
-  const std::string unfinished = UnfinishedName(fileName);
-  const std::size_t at = reason.find(unfinished);
-  return at == std::string::npos ? reason : reason.replace(at, unfinished.size(), fileName);
 }
 
 void WriteRowLines(OutputFile& file, const CodePage& codePage, std::span<const PointRow> rows) {
@@ -88,25 +66,29 @@ void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& kee
   if (SplitRow(pending)) to.Write(pending + std::string(kLineEnd));
 }
 
-/// Saves rows in the first free file that can be written, for a later look; the name, or nothing.
-std::optional<std::string> RescueRows(FileSystem& files, const CodePage& codePage, const std::string& chartFileName,
-                                      std::span<const PointRow> rows, const std::string& folder) {
-  const std::string elsewhere = JoinPath(folder, BaseName(chartFileName));
-  for (const std::string& target : {chartFileName, elsewhere}) {
-    // A spool file that is already there holds the rows of another run.
-    std::string name = SpoolFileName(target);
-    for (int n = 1; n < kRescueNames && files.FileExists(name); ++n) name.back() = static_cast<char>('0' + n);
-    if (files.FileExists(name)) continue;
+/// Saves rows in the first file that can be made, for a later look: beside the chart file, in `folder`, or in the folder
+/// for temporary files. A spool file that is already there holds the rows of another run. @return the name, or nothing
+std::string RescueRows(FileSystem& files, const std::string& chartFileName, const std::string& folder,
+                       const std::function<void(OutputFile&)>& write) {
+  const std::string_view name = BaseName(chartFileName);
+  const std::string temporary = files.TemporaryFolder();
+  for (const std::string& place : {chartFileName, JoinPath(folder, name), JoinPath(temporary, name)}) {
     try {
-      const auto file = files.Create(name);
-      WriteRowLines(*file, codePage, rows);
-      file->FlushAndClose();
-      return name;
+      const auto rows = files.MakeSideFile({.target = place,
+                                            .ending = kSpoolEnding,
+                                            .names = kRescueNames,
+                                            .rights = files.RightsOf(chartFileName),
+                                            .ownerOnly = place.starts_with(temporary)});
+      const auto output = rows->OpenForWriting();
+      write(*output);
+      output->FlushAndClose();
+      rows->Keep();
+      return rows->Name();
     } catch (const RunTimeError&) {
-      DeleteQuietly(files, name);
+      continue;  // the caller reports the reason why the chart file itself was not written
     }
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace
@@ -134,66 +116,65 @@ void AppendRowLine(std::string& lines, const PointRow& row) {
 }
 
 std::string SpoolFileName(const std::string& chartFileName) {
-  return chartFileName + ".tcf0";
+  return SideFileName(chartFileName, kSpoolEnding, 0);
+}
+
+std::unique_ptr<SideFile> MakeSpoolFile(FileSystem& files, const std::string& chartFileName) {
+  const std::string name = SpoolFileName(chartFileName);
+  if (files.FileExists(name)) files.Delete(name);
+  return files.MakeSideFile({.target = chartFileName, .ending = kSpoolEnding, .names = 1});
 }
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
-  if (files_.FolderExists(fileName)) {
-    throw RunTimeError(error_number::kPathFileAccess, fileName + ": this is a folder");
-  }
-  const std::string probe = UnfinishedName(fileName);
-  try {
-    files_.Create(probe).reset();
-    files_.Delete(probe);
-  } catch (const RunTimeError& error) {
-    throw RunTimeError(error.Number(), ReasonFor(error, fileName), error.Source());
-  }
+  files_.CheckReplaceable(fileName);
+  (void)files_.MakeSideFile({.target = fileName, .ending = kUnfinishedEnding});
 }
 
 ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const ChartHeader& header,
                                             std::span<const PointRow> rows, const std::string& rescueFolder) const {
   ChartWriteResult result;
-  const std::string unfinished = UnfinishedName(fileName);
   try {
-    const auto file = files_.Create(unfinished);
+    const auto fresh = files_.MakeSideFile({.target = fileName, .ending = kUnfinishedEnding});
+    const auto file = fresh->OpenForWriting();
     file->Write(codePage_.Encode(HeaderLines(header)));
     WriteRowLines(*file, codePage_, rows);
     file->FlushAndClose();
-    files_.Rename(unfinished, fileName);
+    fresh->ReplaceTarget();
     result.kind = ChartWriteResult::Kind::kWritten;
   } catch (const std::exception& error) {
-    DeleteQuietly(files_, unfinished);
     result.kind = ChartWriteResult::Kind::kFailed;
-    result.reason = ReasonFor(error, fileName);
-    result.keptFile = RescueRows(files_, codePage_, fileName, rows, rescueFolder).value_or("");
+    result.reason = error.what();
+    result.keptFile = RescueRows(files_, fileName, rescueFolder,
+                                 [&](OutputFile& file) { WriteRowLines(file, codePage_, rows); });
   }
   return result;
 }
 
-ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const ChartHeader& header,
+ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const ChartHeader& header, SideFile& spool,
+                                             const std::string& rescueFolder,
                                              const std::function<void()>& keepAlive) const {
   ChartWriteResult result;
-  const std::string spool = SpoolFileName(fileName);
-  const std::string unfinished = UnfinishedName(fileName);
   try {
-    const auto file = files_.Create(unfinished);
+    const auto fresh = files_.MakeSideFile({.target = fileName, .ending = kUnfinishedEnding});
+    const auto file = fresh->OpenForWriting();
     file->Write(codePage_.Encode(HeaderLines(header)));
     result.freeSpace = files_.SpaceFor(fileName).totalFree;
     const bool roomForRows = result.freeSpace >= kReservedSpace;
-    if (roomForRows) CopyLines(*files_.OpenForReading(spool), *file, keepAlive);
+    if (roomForRows) CopyLines(*spool.OpenForReading(), *file, keepAlive);
     file->FlushAndClose();
-    files_.Rename(unfinished, fileName);
+    fresh->ReplaceTarget();
     result.kind = roomForRows ? ChartWriteResult::Kind::kWritten : ChartWriteResult::Kind::kRowsInSpool;
   } catch (const std::exception& error) {
-    DeleteQuietly(files_, unfinished);
     result.kind = ChartWriteResult::Kind::kFailed;
-    result.reason = ReasonFor(error, fileName);
+    result.reason = error.what();
   }
-  if (result.kind == ChartWriteResult::Kind::kWritten) {
-    DeleteQuietly(files_, spool);
-  } else {
-    result.keptFile = spool;
-  }
+  if (result.kind == ChartWriteResult::Kind::kWritten) return result;
+  spool.Keep();
+  // A spool file whose name was taken away still holds its rows, but only as long as this program has it open.
+  result.keptFile = spool.HasItsName() ? spool.Name()
+                                       : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
+                                           CopyLines(*spool.OpenForReading(), file, keepAlive);
+                                         });
   return result;
 }
 

@@ -4,8 +4,10 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "acquire/chart_file.h"
 #include "acquire/chart_header.h"
@@ -30,7 +32,10 @@ struct PointRow {
 void AppendRowLine(std::string& lines, const PointRow& row);
 
 /// The spool file that belongs to a chart file.
+inline constexpr std::string_view kSpoolEnding = ".tcf0";
 [[nodiscard]] std::string SpoolFileName(const std::string& chartFileName);
+/// Makes it; one that is already there is deleted. Throws RunTimeError.
+[[nodiscard]] std::unique_ptr<SideFile> MakeSpoolFile(FileSystem& files, const std::string& chartFileName);
 
 /// What became of a run's points.
 struct ChartWriteResult {
@@ -41,7 +46,7 @@ struct ChartWriteResult {
     kFailed,       ///< the chart file is as it was before; rows in keptFile unless that is empty
   };
   Kind kind = Kind::kNothing;
-  std::string keptFile;         ///< the file that holds the rows when the chart file does not
+  std::string keptFile;         ///< the file that holds the rows when the chart file does not; empty: they are lost
   std::uint64_t freeSpace = 0;  ///< bytes, of kRowsInSpool
   std::string reason;           ///< the system's, of kFailed
 };
@@ -52,17 +57,19 @@ class ChartFileWriter {
  public:
   ChartFileWriter(FileSystem& files, const CodePage& codePage) : files_(files), codePage_(codePage) {}
 
-  /// Throws RunTimeError when no file can be made where the chart file is to stand: better told before a run than
-  /// after.
+  /// Throws RunTimeError when no file can be made beside the chart file, or when the one that is there cannot be
+  /// replaced: better reported before a run than after.
   void CheckTarget(const std::string& fileName) const;
 
-  /// Writes header and rows. When that fails the rows are saved beside the target, or else in `rescueFolder`.
+  /// Writes header and rows. When that fails the rows are saved beside the target, or else in `rescueFolder`, or else
+  /// in the folder for temporary files.
   [[nodiscard]] ChartWriteResult WriteRows(const std::string& fileName, const ChartHeader& header,
                                            std::span<const PointRow> rows, const std::string& rescueFolder) const;
 
-  /// Writes the header and copies the spool file's lines behind it, then deletes the spool file.
+  /// Writes the header and copies the spool file's lines after it. The spool file is kept unless that was done.
   /// @param keepAlive called every few megabytes, so that a window stays awake; may be empty
-  [[nodiscard]] ChartWriteResult WriteSpool(const std::string& fileName, const ChartHeader& header,
+  [[nodiscard]] ChartWriteResult WriteSpool(const std::string& fileName, const ChartHeader& header, SideFile& spool,
+                                            const std::string& rescueFolder,
                                             const std::function<void()>& keepAlive = {}) const;
 
  private:

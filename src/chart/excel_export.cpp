@@ -188,7 +188,10 @@ class Export {
   }
 
   ExportOutcome Steps() {
-    if (target_ == request_.chartFile) {
+    FileSystem& files = component_.ports.files;
+    place_ = files.ResolveLink(target_);
+    files.CheckReplaceable(place_);
+    if (place_ == files.ResolveLink(request_.chartFile)) {
       throw RunTimeError(error_number::kPathFileAccess, target_ + ": a chart file cannot be exported onto itself");
     }
     SpreadsheetApplications& applications = component_.ports.spreadsheets;
@@ -198,12 +201,13 @@ class Export {
       ShowBusy(false);
       if (fitting) return RefuseSize(*fitting);
     }
-    if (component_.ports.files.FileExists(target_)) {
+    const FileRights rights = files.RightsOf(place_);
+    if (files.FileExists(place_)) {
       if (!Ask(LoadMessage(component_, 89) + target_ + LoadMessage(component_, 90))) return ExportOutcome::kDeclined;
-      component_.ports.files.Delete(target_);
+      files.Delete(place_);
     }
     application_ = applications.AttachRunning();
-    if (!application_) application_ = applications.Create(target_);
+    if (!application_) application_ = applications.Create(place_, rights);
     if (!application_) {
       ShowMessage(component_, LoadMessage(component_, 91), box_style::kExclamation);
       return ExportOutcome::kNoApplication;
@@ -222,7 +226,7 @@ class Export {
     workbook.WriteHeader(request_.header);
     const SkippedLines skipped = ForEachPoint(component_, request_, linesBetweenProgress,
                                               [&workbook](const ChartRow& row) { workbook.WritePoint(row); });
-    application_->SaveAs({target_, kNormalWorkbookFormat, "", "", false, false});
+    application_->SaveAs({place_, kNormalWorkbookFormat, "", "", false, false});
     application_->Quit();
     application_.reset();
     ShowBusy(false);
@@ -266,7 +270,8 @@ class Export {
 
   Component& component_;
   const ExportRequest& request_;
-  std::string target_;
+  std::string target_;  ///< as the user knows it
+  std::string place_;   ///< the file itself, when the target is a link
   std::unique_ptr<SpreadsheetApplication> application_;
 };
 

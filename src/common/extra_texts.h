@@ -20,7 +20,9 @@ enum class ExtraText : std::uint8_t {
   kHintContent,        ///< "Enter the content to compare with."
   kRunEstimate,        ///< "Duration %1, about %2."  %1 time, %2 size of the file
   kElapsedAndEnd,      ///< "Elapsed %1, expected end %2"
-  kFileBeingRecorded,  ///< "%1 is being recorded by another window or program."
+  kFileBeingRecorded,  ///< "%1 is being recorded by another window or program (lock file %2)."
+  kNotARegularFile,    ///< "%1 is a device or a pipe ..."
+  kPointsLost,         ///< "%1 point(s) could not be saved anywhere ..."
   kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,

@@ -1,13 +1,20 @@
 // Chart files are hours of a plant's life: a command never writes over the one it reads.
 #include "host/chart_argument.h"
 
+#include <array>
 #include <filesystem>
+#include <span>
+#include <string_view>
 
 #include "acquire/chart_file.h"
 #include "host/command.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
+
+namespace {
+constexpr std::string_view kBegin = "[INFO]";  // of every chart file
+}
 
 void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& header) {
   const auto file = ports.files.OpenForReading(chartFile);
@@ -17,11 +24,24 @@ void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& heade
 }
 
 void RefuseOutputOnto(const std::string& chartFile, const std::string& output) {
-  for (const char* const ending : {"", ".part"}) {  // outputs are written beside their name first
-    std::error_code missing;                        // a name without a file is no other file's
-    if (chartFile == output + ending || std::filesystem::equivalent(chartFile, output + ending, missing)) {
-      throw RefusedError("--output: " + output + ending + " is the chart file itself; nothing was written");
-    }
+  std::error_code missing;  // a name without a file is no other file's
+  if (chartFile == output || std::filesystem::equivalent(chartFile, output, missing)) {
+    throw RefusedError("--output: " + output + " is the chart file itself; nothing was written");
+  }
+}
+
+void RefuseOutputOntoRecording(Ports& ports, const std::string& output) {
+  if (!ports.files.FileExists(output)) return;
+  const auto file = ports.files.OpenForReading(output);
+  std::array<char, kBegin.size()> begin{};
+  std::size_t count = 0;
+  while (count < begin.size()) {
+    const std::size_t more = file->Read(std::span(begin).subspan(count));
+    if (more == 0) break;
+    count += more;
+  }
+  if (std::string_view(begin.data(), count) == kBegin) {
+    throw RefusedError("--output: " + output + " is a recording; nothing was written");
   }
 }
 

@@ -18,5 +18,8 @@ void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& heade
 /// Throws RefusedError when writing `output` would replace the chart file itself, by whatever name: its own, a symbolic
 /// or a hard link's. Both are full names.
 void RefuseOutputOnto(const std::string& chartFile, const std::string& output);
+/// Throws RefusedError when the output is there and begins like a chart file, and NotARegularFile. Not for tables: a
+/// plain text table begins so, too.
+void RefuseOutputOntoRecording(Ports& ports, const std::string& output);
 
 }  // namespace chartproject

@@ -19,6 +19,8 @@ class Command {
   virtual CLI::App* AddTo(CLI::App& program) = 0;
   /// Does the work. Throws RunTimeError (exit code 1) or RefusedError (exit code 2).
   [[nodiscard]] virtual ExitCode Run(Session& session) = 0;
+  /// False when the standard output only reports: that it cannot be written is then no failure of the command.
+  [[nodiscard]] virtual bool OutputIsItsResult() const { return true; }
 };
 
 /// Wrong usage that only shows while a command works.

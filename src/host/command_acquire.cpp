@@ -33,7 +33,6 @@ class HeadlessRecording {
     host.onShown = [this](Form& form) { Begin(form); };
     host.onTick = [this](Form& form) { Watch(form); };
     boxes.beforeBox = [this] { progress_.EndLine(); };
-    KeyboardSignals::Watch();
     session_.Instance().AcquireVar();
     progress_.EndLine();
     host.onShown = nullptr;
@@ -56,6 +55,8 @@ class HeadlessRecording {
       refusal_ = std::current_exception();
     }
     errorsBefore_ = session_.Console().ErrorCount();
+    // Until now a signal ends the program: there is no point to lose. From now on it ends the recording.
+    KeyboardSignals::Watch();
     // Nothing was started: there is nothing to wait for.
     if (!form->Run().Active()) form->Unload();
   }
@@ -140,6 +141,8 @@ class AcquireCommand : public Command {
     if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
     return HeadlessRecording(session, request_).Run();
   }
+
+  [[nodiscard]] bool OutputIsItsResult() const override { return false; }
 
  private:
   AcquireRequest request_;

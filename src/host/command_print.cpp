@@ -33,7 +33,10 @@ class PrintCommand : public Command {
 
   ExitCode Run(Session& session) override {
     const ChartPictureOptions::Choice choice = options_.Parse();
-    if (!output_.empty()) RefuseOutputOnto(FullName(file_), FullName(output_));
+    if (!output_.empty()) {
+      RefuseOutputOnto(FullName(file_), FullName(output_));
+      RefuseOutputOntoRecording(session.ThePorts(), FullName(output_));
+    }
     Windows& windows = session.UseWindows(WindowsMode::kOffscreen);
     if (!output_.empty()) windows.PrintToFile(FullName(output_));
     Component& component = session.Instance().State();

@@ -31,13 +31,14 @@ class RenderCommand : public Command {
     const std::string chartFile = FullName(file_);
     const std::string output = FullName(output_);
     RefuseOutputOnto(chartFile, output);
+    RefuseOutputOntoRecording(session.ThePorts(), output);
     ChartPictureForm form(session.UseWindows(WindowsMode::kOffscreen).Forms(), size);
     ChartHeader header;
     form.Build(session.ThePorts(), chartFile, choice, header);
     const std::string png = PngBytes(form.Picture(1));
     // A picture that had the name is there until the new one is complete.
     PartFile part(output);
-    const auto file = session.ThePorts().files.Create(part.Name());
+    const auto file = part.OpenForWriting();
     file->Write(png);
     file->FlushAndClose();
     part.Commit();

@@ -1,13 +1,13 @@
 // The command line: global options, commands, and the exit code for each way a command can end.
 #include "host/program.h"
 
-#include <csignal>
 #include <iostream>
 
 #include "common/environment.h"
 #include "host/arguments.h"
 #include "host/command.h"
 #include "host/session.h"
+#include "platform/posix/standard_streams.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -76,13 +76,11 @@ GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
 }
 
 ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, std::ostream& err) {
-  // A file-size limit is then an error of the write, told like a full disk, instead of the program's sudden end.
-  std::signal(SIGXFSZ, SIG_IGN);
   Session session(ReadGlobalOptions(raw), out, err);
   const ExitCode code = command.Run(session);
   session.Release();
   out.flush();
-  if (!out) throw RunTimeError(error_number::kDiskFull, "the output could not be written");
+  if (!out && command.OutputIsItsResult()) throw RunTimeError(error_number::kDiskFull, "the output could not be written");
   return code;
 }
 
@@ -117,10 +115,14 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
 
 int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err) noexcept {
   ExitCode code = ExitCode::kRunTimeError;
+  GuardStandardStreams();
   try {
     code = ParseAndRun(argc, argv, out, err);
   } catch (const RefusedError& error) {
     err << "chartproject: " << error.what() << "\n";
+    code = ExitCode::kRefused;
+  } catch (const NotARegularFile& error) {
+    err << "chartproject: " << error.Description() << "\n";
     code = ExitCode::kRefused;
   } catch (const RunTimeError& error) {
     err << "chartproject: error " << error.Number() << ": " << error.Description() << "\n";

@@ -55,6 +55,15 @@ ProjectFiles AllFiles(const CodePage& codePage) {
   return all;
 }
 
+/// A folder from elsewhere may hold links that lead out of it. Each name on the way from the project's folder to the file
+/// is checked; the folder itself was named by the user and may be a link.
+void CheckPlace(FileSystem& files, const std::string& folder, const std::string& file) {
+  files.CheckOwned(folder + "/.");
+  for (std::size_t slash = file.find('/'); slash != std::string::npos; slash = file.find('/', slash + 1)) {
+    files.CheckOwned(JoinPath(folder, file.substr(0, slash)));
+  }
+}
+
 void WriteFile(FileSystem& files, const ProjectFile& file, ProjectReport& report) {
   const std::string name = JoinPath(report.folder, file.name);
   if (files.FileExists(name)) {
@@ -63,9 +72,11 @@ void WriteFile(FileSystem& files, const ProjectFile& file, ProjectReport& report
     return;
   }
   files.MakeFolder(ParentOf(name));
-  const auto output = files.Create(name);
+  const auto made = files.MakeSideFile({.target = name, .ending = "", .names = 1});
+  const auto output = made->OpenForWriting();
   output->Write(file.bytes);
   output->FlushAndClose();
+  made->Keep();
   report.written.push_back(name);
 }
 
@@ -115,6 +126,7 @@ ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const Code
                           const std::string& folder) {
   ProjectReport report;
   report.folder = AbsoluteFolder(files, folder);
+  for (const ProjectFile& file : AllFiles(codePage)) CheckPlace(files, report.folder, file.name);
   for (const ProjectFile& file : AllFiles(codePage)) WriteFile(files, file, report);
   StoreSettings(settings, "MyProject", ProjectSettings(report.folder), report);
   StoreSettings(settings, "MyKestrel", FolderSettings(report.folder), report);

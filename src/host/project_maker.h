@@ -27,7 +27,8 @@ struct ProjectReport {
 };
 
 /// Makes the project in a folder, which need not exist, and stores the settings. No file that is there is written over.
-/// Settings are stored last: when a file cannot be written they stay as they were. Throws RunTimeError.
+/// Settings are stored last: when a file cannot be written they stay as they were. Throws RunTimeError;
+/// 70 when a folder in it is a link or belongs to another user, and then nothing was written.
 /// @param folder absolute, or seen from the current folder
 ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const CodePage& codePage,
                           const std::string& folder);

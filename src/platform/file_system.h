@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/side_file.h"
+
 namespace chartproject {
 
 /// What tells one state of a file from another: a file that grew keeps volume and index; a replaced one does not.
@@ -58,37 +60,50 @@ class FileLock {
   virtual ~FileLock() = default;
 };
 
+/// The answer to a request for a lock.
+struct LockAttempt {
+  std::unique_ptr<FileLock> lock;  ///< null when another writer has the name
+  std::string heldBy;              ///< the marker file of that other writer
+};
+
 /// Every operation throws RunTimeError: 53 no such file, 61 disk full, 70 no permission, 75 path/file access,
 /// 76 no such folder; the description names the file and the system's reason.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// True when a plain file (not a folder) of that name exists; an empty name never does. Never throws.
+  /// True when something other than a folder has that name; an empty name never does. Never throws.
   [[nodiscard]] virtual bool FileExists(const std::string& name) = 0;
   [[nodiscard]] virtual bool FolderExists(const std::string& name) = 0;
-  /// Folders are refused with 75.
+  /// Opens without waiting. What is not a regular file (device, pipe, socket) throws NotARegularFile, a folder 75.
   [[nodiscard]] virtual std::unique_ptr<InputFile> OpenForReading(const std::string& name) = 0;
-  /// Makes the file or empties an existing one.
-  [[nodiscard]] virtual std::unique_ptr<OutputFile> Create(const std::string& name) = 0;
-  /// Opens (makes) the file, appends the bytes in one write, and closes it again: the bytes are with the system when
-  /// the call returns, so a crash of the program afterwards loses none of them.
+  /// Appends to a file that is shared with other programs, in one write, and closes it again; makes the file when it is
+  /// not there. A link is refused with 75, as is a file of several names: either may lead out of its folder.
   virtual void Append(const std::string& name, std::string_view bytes) = 0;
-  /// Append, then SpaceFor the same file: in one go where the system answers that for the file while it is open.
-  virtual DiskSpace AppendAndMeasure(const std::string& name, std::string_view bytes) {
-    Append(name, bytes);
-    return SpaceFor(name);
-  }
-  /// Takes a file's name for one writer among all that ask, in this program and in others; null when another has it.
-  /// A marker file beside it (name + ".lock") stands there meanwhile and frees itself when its program dies.
-  [[nodiscard]] virtual std::unique_ptr<FileLock> Lock(const std::string& name) = 0;
+
+  /// Makes a new file beside another one. Errors name the target where several names may be tried, else the name.
+  [[nodiscard]] virtual std::unique_ptr<SideFile> MakeSideFile(const SideFileRequest& request) = 0;
+  /// The name of the file that a symbolic link leads to, whether that file exists or not; any other name as it is.
+  /// Throws NotARegularFile for a device, pipe or socket, and 70 for a link of a stranger in a shared folder.
+  [[nodiscard]] virtual std::string ResolveLink(const std::string& name) = 0;
+  /// Throws when there is something of that name that a new file cannot take the place of: NotARegularFile, 75 for a
+  /// folder, 70 for a file that the system protects.
+  virtual void CheckReplaceable(const std::string& name) = 0;
+  /// The rights of a file; not known without one. Never throws.
+  [[nodiscard]] virtual FileRights RightsOf(const std::string& name) = 0;
+  /// Throws 70 when the name is a symbolic link or belongs to another user; nothing when it is not there.
+  virtual void CheckOwned(const std::string& name) = 0;
+  /// Takes a file's name for one writer among all that ask, in this program and in others. A marker file beside it
+  /// (name + ".lock", or ".lock1" ... where that is somebody else's) is there meanwhile; one left by a program that
+  /// died holds nothing.
+  [[nodiscard]] virtual LockAttempt Lock(const std::string& name) = 0;
   virtual void Delete(const std::string& name) = 0;
-  /// Gives a file another name in one atomic step, replacing a file that has that name.
-  virtual void Rename(const std::string& from, const std::string& to) = 0;
   /// Makes a folder and the folders above it; no error when it is there.
   virtual void MakeFolder(const std::string& name) = 0;
   [[nodiscard]] virtual std::string CurrentFolder() = 0;
   virtual void ChangeFolder(const std::string& name) = 0;
+  /// The system's folder for temporary files.
+  [[nodiscard]] virtual std::string TemporaryFolder() = 0;
   /// The disk that holds the named file (its folder when the file is not there yet).
   [[nodiscard]] virtual DiskSpace SpaceFor(const std::string& name) = 0;
 };

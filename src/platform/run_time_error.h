@@ -48,4 +48,11 @@ class RunTimeError : public std::runtime_error {
   std::string source_;
 };
 
+/// A device, pipe or socket where a file is wanted. Nothing was read from it or written to it.
+class NotARegularFile : public RunTimeError {
+ public:
+  explicit NotARegularFile(const std::string& name)
+      : RunTimeError(error_number::kPathFileAccess, name + ": not a regular file") {}
+};
+
 }  // namespace chartproject

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/side_file.h"
+
 namespace chartproject {
 
 /// The named arguments of a workbook's "SaveAs".
@@ -63,7 +65,10 @@ class SpreadsheetApplications {
   /// A new instance; null when the application is not installed.
   /// @param targetName the file that will be saved: an embedded application chooses its format and its working place
   /// by it, an installed one ignores it
-  [[nodiscard]] virtual std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName) = 0;
+  /// @param rights of the file that had this name until now, for the one that will have it; an installed application
+  /// ignores them
+  [[nodiscard]] virtual std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName,
+                                                                       const FileRights& rights) = 0;
   /// @param targetName as in Create
   [[nodiscard]] virtual std::optional<WorkbookLimits> Limits(const std::string& targetName) const = 0;
 };

@@ -46,7 +46,7 @@ TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
   for (const auto& [comma, text, cell] : cases) {
     locale.numbers = comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
     const std::string target = folder / "values.csv";
-    const auto application = applications.Create(target);
+    const auto application = applications.Create(target, {});
     application->AddWorkbook();
     application->WriteText(1, 1, 1, text);
     application->EnterValue(1, 1, 1, application->ReadValue(1, 1, 1));
@@ -57,7 +57,7 @@ TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
 }
 
 TEST_F(SpreadsheetTest, RefusesCellsOfFinishedRows) {
-  const auto application = applications.Create(folder / "rows.xls");
+  const auto application = applications.Create(folder / "rows.xls", {});
   application->AddWorkbook();
   application->AddSheetAfter(1);
   application->WriteText(1, 2, 1, "a");
@@ -70,7 +70,7 @@ TEST_F(SpreadsheetTest, RefusesCellsOfFinishedRows) {
 
 TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
   for (const char* name : {"gone.xls", "gone.xlsx", "gone.csv"}) {
-    auto application = applications.Create(folder / name);
+    auto application = applications.Create(folder / name, {});
     application->AddWorkbook();
     for (int row = 1; row < 200; ++row) application->WriteText(1, row, 1, "text");
     application->Quit();
@@ -78,12 +78,12 @@ TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
     application.reset();
     EXPECT_THAT(Names(), IsEmpty()) << name;
   }
-  EXPECT_THROW((void)applications.Create(folder / "missing" / "x.xls"), RunTimeError);
+  EXPECT_THROW((void)applications.Create(folder / "missing" / "x.xls", {}), RunTimeError);
 }
 
 TEST_F(SpreadsheetTest, AFullDiskIsAnErrorAndLeavesNoTarget) {
   fs::create_symlink("/dev/full", folder / "full.csv.part");
-  const auto application = applications.Create(folder / "full.csv");
+  const auto application = applications.Create(folder / "full.csv", {});
   application->AddWorkbook();
   const auto save = [&] {
     for (int row = 1; row < 100'000; ++row) application->WriteText(1, row, 1, "text that fills the disk");

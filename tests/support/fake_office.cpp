@@ -89,7 +89,8 @@ std::unique_ptr<SpreadsheetApplication> FakeSpreadsheets::AttachRunning() {
   return running ? std::make_unique<FakeSpreadsheet>(log) : nullptr;
 }
 
-std::unique_ptr<SpreadsheetApplication> FakeSpreadsheets::Create(const std::string& /*targetName*/) {
+std::unique_ptr<SpreadsheetApplication> FakeSpreadsheets::Create(const std::string& /*targetName*/,
+                                                                 const FileRights& /*rights*/) {
   log.calls.emplace_back(installed ? "create" : "create: none");
   return installed ? std::make_unique<FakeSpreadsheet>(log) : nullptr;
 }

@@ -62,7 +62,7 @@ struct FakeSpreadsheetLog {
 class FakeSpreadsheets : public SpreadsheetApplications {
  public:
   std::unique_ptr<SpreadsheetApplication> AttachRunning() override;
-  std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName) override;
+  std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName, const FileRights& rights) override;
   std::optional<WorkbookLimits> Limits(const std::string& /*targetName*/) const override { return limits; }
 
   bool running = false;

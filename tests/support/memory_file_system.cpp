@@ -53,6 +53,37 @@ class MemoryOutput : public OutputFile {
   std::size_t at_ = 0;
 };
 
+class MemorySideFile : public SideFile {
+ public:
+  MemorySideFile(MemoryFileSystem& files, std::string target, std::string name, std::string shown)
+      : files_(files), target_(std::move(target)), name_(std::move(name)), shown_(std::move(shown)),
+        node_(files.NodeOf(name_)) {}
+  ~MemorySideFile() override {
+    if (!kept_ && HasItsName()) files_.Remove(name_);
+  }
+  const std::string& Name() const override { return name_; }
+  bool HasItsName() const override { return files_.Has(name_) && files_.NodeOf(name_) == node_; }
+  std::unique_ptr<OutputFile> OpenForWriting() override { return std::make_unique<MemoryOutput>(files_, node_, shown_); }
+  std::unique_ptr<InputFile> OpenForReading() override { return std::make_unique<MemoryInput>(files_, node_); }
+  DiskSpace AppendAndMeasure(std::string_view bytes) override {
+    if (!HasItsName()) throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
+    files_.Append(name_, bytes);
+    return files_.SpaceFor(name_);
+  }
+  void ReplaceTarget() override {
+    files_.Ask("rename", name_, shown_);
+    files_.Rename(name_, target_);
+    kept_ = true;
+  }
+  void Keep() noexcept override { kept_ = true; }
+
+ private:
+  MemoryFileSystem& files_;
+  std::string target_, name_, shown_;
+  std::shared_ptr<MemoryFileSystem::Node> node_;
+  bool kept_ = false;
+};
+
 }  // namespace
 
 std::string MemoryFileSystem::Key(std::string name) {
@@ -95,21 +126,33 @@ void MemoryFileSystem::Break(std::string operation, int number, std::string name
   brokenNameStart_ = std::move(nameStart);
 }
 
-void MemoryFileSystem::Ask(const std::string& operation, const std::string& name) const {
+void MemoryFileSystem::Ask(const std::string& operation, const std::string& name, const std::string& shown) const {
   const bool meant = brokenOperation_.empty() || brokenOperation_ == operation;
   if (brokenNumber_ != 0 && meant && name.starts_with(brokenNameStart_))
-    throw RunTimeError(brokenNumber_, "broken: " + name);
+    throw RunTimeError(brokenNumber_, "broken: " + (shown.empty() ? name : shown));
 }
 
 std::unique_ptr<InputFile> MemoryFileSystem::OpenForReading(const std::string& name) {
   Ask("read", name);
+  if (devices.contains(Key(name))) throw NotARegularFile(name);
   return std::make_unique<MemoryInput>(*this, NodeOf(name));
 }
 
-std::unique_ptr<OutputFile> MemoryFileSystem::Create(const std::string& name) {
-  Ask("create", name);
-  Put(name, "");
-  return std::make_unique<MemoryOutput>(*this, NodeOf(name), name);
+std::unique_ptr<SideFile> MemoryFileSystem::MakeSideFile(const SideFileRequest& request) {
+  const std::string& target = request.target;
+  for (int n = 0; n < request.names; ++n) {
+    const std::string name = SideFileName(target, request.ending, n);
+    Ask("create", name, request.names == 1 ? name : target);
+    if (Has(name)) continue;
+    Put(name, "");
+    return std::make_unique<MemorySideFile>(*this, target, name, request.names == 1 ? name : target);
+  }
+  throw RunTimeError(error_number::kPathFileAccess, "in the way: " + target);
+}
+
+void MemoryFileSystem::CheckReplaceable(const std::string& name) {
+  if (FolderExists(name)) throw RunTimeError(error_number::kPathFileAccess, name + ": this is a folder");
+  if (devices.contains(Key(name))) throw NotARegularFile(name);
 }
 
 void MemoryFileSystem::Append(const std::string& name, std::string_view bytes) {
@@ -122,7 +165,7 @@ void MemoryFileSystem::Append(const std::string& name, std::string_view bytes) {
   ++appendCount;
 }
 
-std::unique_ptr<FileLock> MemoryFileSystem::Lock(const std::string& name) {
+LockAttempt MemoryFileSystem::Lock(const std::string& name) {
   class MemoryLock : public FileLock {
    public:
     MemoryLock(std::set<std::string>& names, std::string name) : names_(names), name_(std::move(name)) {}
@@ -132,8 +175,8 @@ std::unique_ptr<FileLock> MemoryFileSystem::Lock(const std::string& name) {
     std::set<std::string>& names_;
     std::string name_;
   };
-  if (!locked.insert(Key(name)).second) return nullptr;
-  return std::make_unique<MemoryLock>(locked, Key(name));
+  if (!locked.insert(Key(name)).second) return {nullptr, name + ".lock"};
+  return {std::make_unique<MemoryLock>(locked, Key(name)), {}};
 }
 
 void MemoryFileSystem::Delete(const std::string& name) {
@@ -143,7 +186,6 @@ void MemoryFileSystem::Delete(const std::string& name) {
 }
 
 void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
-  Ask("rename", from);
   auto node = NodeOf(from);
   nodes_.erase(Key(from));
   nodes_[Key(to)] = std::move(node);

@@ -41,15 +41,23 @@ class MemoryFileSystem : public FileSystem {
   int appendCount = 0;
   /// Names that somebody has locked.
   std::set<std::string> locked;
+  /// Names of devices and pipes.
+  std::set<std::string> devices;
 
-  [[nodiscard]] bool FileExists(const std::string& name) override { return !name.empty() && Has(name); }
+  [[nodiscard]] bool FileExists(const std::string& name) override { return !name.empty() && (Has(name) || devices.contains(Key(name))); }
   [[nodiscard]] bool FolderExists(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
-  [[nodiscard]] std::unique_ptr<OutputFile> Create(const std::string& name) override;
   void Append(const std::string& name, std::string_view bytes) override;
-  [[nodiscard]] std::unique_ptr<FileLock> Lock(const std::string& name) override;
+  [[nodiscard]] std::unique_ptr<SideFile> MakeSideFile(const SideFileRequest& request) override;
+  [[nodiscard]] std::string ResolveLink(const std::string& name) override { return name; }
+  void CheckReplaceable(const std::string& name) override;
+  [[nodiscard]] FileRights RightsOf(const std::string& /*name*/) override { return {}; }
+  void CheckOwned(const std::string& name) override { Ask("own", name); }
+  [[nodiscard]] std::string TemporaryFolder() override { return "/tmp"; }
+  [[nodiscard]] LockAttempt Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
-  void Rename(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& name) { nodes_.erase(Key(name)); }
+  void Rename(const std::string& from, const std::string& to);
   void MakeFolder(const std::string& name) override { folders.insert(Key(name)); }
   [[nodiscard]] std::string CurrentFolder() override { return currentFolder_; }
   void ChangeFolder(const std::string& name) override;
@@ -60,9 +68,11 @@ class MemoryFileSystem : public FileSystem {
   void Touch(Node& node) { node.modified = ++time_; }
   [[nodiscard]] static std::string Key(std::string name);
 
- private:
   std::shared_ptr<Node> NodeOf(const std::string& name) const;
-  void Ask(const std::string& operation, const std::string& name) const;
+  /// Throws the error that a test asked for. @param shown the name that the error gives; empty for `name`
+  void Ask(const std::string& operation, const std::string& name, const std::string& shown = {}) const;
+
+ private:
 
   std::map<std::string, std::shared_ptr<Node>> nodes_;
   std::string brokenOperation_, brokenNameStart_;

@@ -1,4 +1,4 @@
-// A flag that the signal handler raises and the next question takes down.
+// A flag that the signal handler raises and the next question takes down, and a count.
 #include "platform/posix/keyboard_signals.h"
 
 #include <csignal>
@@ -7,11 +7,13 @@
 namespace chartproject {
 
 namespace {
-// A signal handler reaches nothing but such a flag.
+// A signal handler reaches nothing but such variables.
 volatile std::sig_atomic_t signalled = 0;
+volatile std::sig_atomic_t received = 0;
 
 void Note(int /*signal*/) {
   signalled = 1;
+  received = received + 1;
 }
 }  // namespace
 
@@ -20,7 +22,15 @@ void KeyboardSignals::Watch() {
   struct sigaction action {};
   action.sa_handler = Note;
   sigemptyset(&action.sa_mask);
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaction(number, &action, nullptr);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction before {};
+    if (sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;
+    sigaction(number, &action, nullptr);
+  }
+}
+
+int KeyboardSignals::Received() noexcept {
+  return received;
 }
 
 bool KeyboardSignals::EscapePressed() {

@@ -1,17 +1,13 @@
 // The INI file through GLib's key files.
 #include "platform/posix/settings_store_ini.h"
 
-#include <fcntl.h>
 #include <glib.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 #include <array>
-#include <cerrno>
-#include <cstring>
 #include <utility>
 
-#include "platform/posix/posix_error.h"
+#include "platform/posix/posix_path.h"
+#include "platform/posix/settings_lock.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -19,7 +15,7 @@ namespace chartproject {
 namespace {
 
 constexpr const char* kFileName = "/Kestrel v5.60.ini";
-constexpr int kFileMode = 0644;
+constexpr const char* kLockFolder = "/Kestrel v5.60.lock";
 
 struct FreeKeyFile {
   void operator()(GKeyFile* file) const noexcept { g_key_file_free(file); }
@@ -35,25 +31,6 @@ using TextOwner = std::unique_ptr<gchar, FreeText>;
   g_error_free(error);
   throw RunTimeError(number, fileName + ": " + reason);
 }
-
-/// Keeps other programs of the user from storing settings between our reading of the file and our writing. On a disk
-/// that knows no locks the store works without.
-class FolderLock {
- public:
-  explicit FolderLock(const std::string& folder) : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (folder_ < 0) return;
-    while (flock(folder_, LOCK_EX) != 0 && errno == EINTR) {
-    }
-  }
-  ~FolderLock() {
-    if (folder_ >= 0) close(folder_);
-  }
-  FolderLock(const FolderLock&) = delete;
-  FolderLock& operator=(const FolderLock&) = delete;
-
- private:
-  int folder_;
-};
 
 std::string ReadWhole(FileSystem& files, const std::string& name, FileIdentity& identity) {
   const auto file = files.OpenForReading(name);
@@ -100,9 +77,10 @@ void SettingsStoreIni::Refresh() {
 }
 
 std::optional<std::string> SettingsStoreIni::Read(std::string_view section, std::string_view key) {
-  Refresh();
   const std::string group(section);
   const std::string name(key);
+  if (const auto waiting = unsaved_.find({group, name}); waiting != unsaved_.end()) return waiting->second;
+  Refresh();
   TextOwner text(g_key_file_get_string(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
   // A value typed by hand may hold a lone backslash: it is then taken as it stands.
   if (!text) text.reset(g_key_file_get_value(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
@@ -111,25 +89,25 @@ std::optional<std::string> SettingsStoreIni::Read(std::string_view section, std:
 }
 
 void SettingsStoreIni::Write(std::string_view section, std::span<const StoredSetting> settings) {
+  const bool patient = unsaved_.empty();  // who has just waited in vain does not wait again
+  for (const StoredSetting& setting : settings) unsaved_[{std::string(section), setting.key}] = setting.value;
   files_.MakeFolder(folder_);
-  const FolderLock lock(folder_);
+  const SettingsLock lock(PosixPath(folder_) + kLockFolder, patient);
   Refresh();
-  const std::string group(section);
-  for (const StoredSetting& setting : settings) {
-    g_key_file_set_string(keys_->file.get(), group.c_str(), setting.key.c_str(), setting.value.c_str());
+  for (const auto& [place, value] : unsaved_) {
+    g_key_file_set_string(keys_->file.get(), place.first.c_str(), place.second.c_str(), value.c_str());
   }
   // Whatever happens, the next access reads what the disk holds.
   keys_->identity.reset();
   gsize length = 0;
   const TextOwner text(g_key_file_to_data(keys_->file.get(), &length, nullptr));
-  GError* error = nullptr;
-  constexpr auto kHow =
-      static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT | G_FILE_SET_CONTENTS_DURABLE);
-  if (g_file_set_contents_full(fileName_.c_str(), text.get(), static_cast<gssize>(length), kHow, kFileMode, &error) ==
-      FALSE) {
-    const bool full = g_error_matches(error, G_FILE_ERROR, G_FILE_ERROR_NOSPC) != FALSE;
-    Throw(error, full ? error_number::kDiskFull : error_number::kPermissionDenied, fileName_);
-  }
+  // A link stays a link, and the file keeps its rights.
+  const auto fresh = files_.MakeSideFile({.target = files_.ResolveLink(fileName_), .ending = ".new"});
+  const auto output = fresh->OpenForWriting();
+  output->Write({text.get(), length});
+  output->FlushAndClose();
+  fresh->ReplaceTarget();
+  unsaved_.clear();
 }
 
 }  // namespace chartproject

@@ -1,8 +1,10 @@
 // The settings store away from Windows: one INI file in the user's configuration folder.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/file_system.h"
 #include "platform/settings_store.h"
@@ -11,7 +13,8 @@ namespace chartproject {
 
 /// File "Kestrel v5.60.ini", UTF-8, "[section]" and "key=value". A backslash in a value is written "\\", a leading
 /// blank "\s", a line end "\n"; comments and the keys of others are kept. Every Write replaces the file in one atomic
-/// step. The file is read again whenever another program has changed it.
+/// step. The file is read again whenever another program has changed it. Settings whose Write failed are kept, and stored
+/// with the next one.
 class SettingsStoreIni : public SettingsStore {
  public:
   /// @param folder where the file is kept; made with the first Write
@@ -35,6 +38,8 @@ class SettingsStoreIni : public SettingsStore {
   std::string folder_;
   std::string fileName_;
   std::unique_ptr<KeyFile> keys_;
+  /// By section and key: what could not be stored, and is tried again with the next Write.
+  std::map<std::pair<std::string, std::string>, std::string> unsaved_;
 };
 
 }  // namespace chartproject

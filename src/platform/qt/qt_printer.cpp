@@ -2,13 +2,11 @@
 #include "platform/qt/qt_printer.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
 #include <QPageLayout>
 #include <QPrinterInfo>
 #include <algorithm>
-#include <cstdio>
 
 #include "platform/qt/print_queue.h"
 #include "platform/qt/qt_canvas.h"
@@ -26,10 +24,6 @@ constexpr double kLargestIcon = 1.4;     // centimetres; what follows an icon st
 
 [[noreturn]] void ThrowPrinterError(const std::string& reason) {
   throw RunTimeError(error_number::kPrinter, "Printer error: " + reason);
-}
-
-QString PartName(const std::string& target) {
-  return FileNameToQt(target) + QStringLiteral(".part");
 }
 
 double DotsPerCentimetre(const QPrinter& printer) {
@@ -53,11 +47,7 @@ QtPrinter::~QtPrinter() {
 /// Paper when there is a printer, else a file. False when the user declined.
 bool QtPrinter::ChooseTarget() {
   target_ = fileName_;
-  if (!target_.empty()) {
-    const QFileInfo target(FileNameToQt(target_));
-    if (target.exists() && !target.isFile()) ThrowPrinterError(target_ + " is not a file");
-    return true;
-  }
+  if (!target_.empty()) return true;
   const QPrinterInfo queue = QPrinterInfo::defaultPrinter();
   if (!queue.isNull()) {
     const std::string refusal = QueueRefusal(FromQt(queue.printerName()));
@@ -76,7 +66,8 @@ bool QtPrinter::StartDocument(const std::string& title) {
   printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
   if (!target_.empty()) {
     printer_->setOutputFormat(QPrinter::PdfFormat);
-    printer_->setOutputFileName(PartName(target_));
+    part_ = std::make_unique<PartFile>(target_);
+    printer_->setOutputFileName(FileNameToQt(part_->OpenName()));
   }
   printer_->setFullPage(true);
   printer_->setDocName(ToQt(title));
@@ -149,7 +140,8 @@ void QtPrinter::EndDocument() {
 
 /// The file is whole when its end mark is there: a full disk raises no error while it is written.
 void QtPrinter::FinishFile() {
-  QFile part(PartName(target_));
+  const std::unique_ptr<PartFile> file = std::move(part_);  // goes with what was written unless it is committed
+  QFile part(FileNameToQt(file->OpenName()));
   bool whole = part.open(QIODevice::ReadOnly);
   if (whole) {
     constexpr qint64 kTail = 16;
@@ -157,13 +149,8 @@ void QtPrinter::FinishFile() {
     whole = part.readAll().contains("%%EOF");
     part.close();
   }
-  // One step: a file that had the name is there until the new one is.
-  whole = whole && std::rename(QFile::encodeName(PartName(target_)).constData(),
-                               QFile::encodeName(FileNameToQt(target_)).constData()) == 0;
-  if (!whole) {
-    part.remove();
-    ThrowPrinterError(target_ + " could not be written completely");
-  }
+  if (!whole) ThrowPrinterError(target_ + " could not be written completely");
+  file->Commit();  // one step: a file that had the name is there until the new one is
 }
 
 void QtPrinter::AbandonDocument() noexcept {
@@ -172,7 +159,7 @@ void QtPrinter::AbandonDocument() noexcept {
   if (painter_ && painter_->isActive()) painter_->end();
   painter_.reset();
   printer_.reset();
-  if (!target_.empty()) QFile::remove(PartName(target_));
+  part_.reset();
 }
 
 }  // namespace chartproject

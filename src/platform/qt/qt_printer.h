@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/posix/part_file.h"
 #include "platform/printer.h"
 
 namespace chartproject {
@@ -43,6 +44,7 @@ class QtPrinter : public Printer {
   PdfNameSource askForPdfName_;
   std::string fileName_;  ///< chosen for all documents
   std::string target_;    ///< PDF file of this document; empty for paper
+  std::unique_ptr<PartFile> part_;  ///< of the PDF file
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
   double x_ = 0;

@@ -43,7 +43,8 @@ std::unique_ptr<std::FILE, FileCloser> OpenWorkingFile(const std::string& target
 
 class Biff8Writer : public WorkbookWriter {
  public:
-  explicit Biff8Writer(const std::string& targetName) : rows_(OpenWorkingFile(targetName)), targetName_(targetName) {}
+  Biff8Writer(const std::string& targetName, const FileRights& rights)
+      : rows_(OpenWorkingFile(targetName)), targetName_(targetName), rights_(rights) {}
 
   void BeginSheet(const std::string& name) override {
     FlushBlock();
@@ -65,8 +66,8 @@ class Biff8Writer : public WorkbookWriter {
     FlushBlock();
     if (std::fflush(rows_.get()) != 0) throw FileError(errno, fileName);
     std::rewind(rows_.get());
-    PartFile part(fileName);
-    WriteContainer(part.Name());
+    PartFile part(fileName, rights_);
+    WriteContainer(part.OpenName(), fileName);
     part.Commit();
   }
 
@@ -108,28 +109,28 @@ class Biff8Writer : public WorkbookWriter {
     return head + mark;
   }
 
-  void WriteContainer(const std::string& partName) const {
+  void WriteContainer(const std::string& partName, const std::string& fileName) const {
     GError* error = nullptr;
     OutputObject sink(gsf_output_stdio_new(partName.c_str(), &error));
     if (!sink) {
       const std::string reason = error != nullptr ? error->message : "cannot be written";
       g_clear_error(&error);
-      throw RunTimeError(error_number::kPathFileAccess, partName + ": " + reason);
+      throw RunTimeError(error_number::kPathFileAccess, fileName + ": " + reason);
     }
     errno = 0;
     const std::unique_ptr<GsfOutfile, ObjectReleaser> container(gsf_outfile_msole_new(sink.get()));
     const OutputObject stream(gsf_outfile_new_child(container.get(), "Workbook", FALSE));
-    WriteStream(stream.get(), partName);
+    WriteStream(stream.get(), fileName);
     // A full disk shows only when the whole is closed.
     const auto close = [](GsfOutput* output) { return gsf_output_is_closed(output) || gsf_output_close(output); };
     const bool closed = close(stream.get()) && close(GSF_OUTPUT(container.get())) && close(sink.get());
-    if (!closed) throw FileError(errno != 0 ? errno : EIO, partName);
+    if (!closed) throw FileError(errno != 0 ? errno : EIO, fileName);
   }
 
-  void WriteStream(GsfOutput* stream, const std::string& partName) const {
+  void WriteStream(GsfOutput* stream, const std::string& fileName) const {
     const auto write = [&](std::string_view bytes) {
       if (!gsf_output_write(stream, bytes.size(), reinterpret_cast<const guint8*>(bytes.data()))) {
-        throw FileError(errno != 0 ? errno : EIO, partName);
+        throw FileError(errno != 0 ? errno : EIO, fileName);
       }
     };
     write(Head());
@@ -141,7 +142,7 @@ class Biff8Writer : public WorkbookWriter {
       for (std::uint64_t left = sheets_[i].rowBytes; left > 0;) {
         const std::size_t count =
             std::fread(buffer.data(), 1, std::min<std::uint64_t>(left, buffer.size()), rows_.get());
-        if (count == 0) throw FileError(EIO, partName);
+        if (count == 0) throw FileError(EIO, fileName);
         write({buffer.data(), count});
         left -= count;
       }
@@ -153,6 +154,7 @@ class Biff8Writer : public WorkbookWriter {
 
   std::unique_ptr<std::FILE, FileCloser> rows_;
   std::string targetName_;
+  FileRights rights_;
   std::vector<Sheet> sheets_;
   std::string blockRows_;
   std::string blockCells_;
@@ -161,8 +163,8 @@ class Biff8Writer : public WorkbookWriter {
 
 }  // namespace
 
-std::unique_ptr<WorkbookWriter> MakeBiff8Writer(const std::string& targetName) {
-  return std::make_unique<Biff8Writer>(targetName);
+std::unique_ptr<WorkbookWriter> MakeBiff8Writer(const std::string& targetName, const FileRights& rights) {
+  return std::make_unique<Biff8Writer>(targetName, rights);
 }
 
 }  // namespace chartproject

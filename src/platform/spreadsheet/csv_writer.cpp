@@ -7,7 +7,6 @@
 
 #include "platform/posix/part_file.h"
 #include "platform/posix/posix_error.h"
-#include "platform/posix/posix_path.h"
 
 namespace chartproject {
 
@@ -36,9 +35,9 @@ void AppendField(std::string& line, const SheetCell& cell) {
 
 class CsvWriter : public WorkbookWriter {
  public:
-  explicit CsvWriter(const std::string& targetName)
-      : part_(targetName), file_(std::fopen(part_.Name().c_str(), "wbe")) {
-    if (!file_) throw FileError(errno, part_.Name());
+  CsvWriter(const std::string& targetName, const FileRights& rights)
+      : part_(targetName, rights), file_(std::fopen(part_.OpenName().c_str(), "wbe")) {
+    if (!file_) throw FileError(errno, targetName);
   }
 
   void BeginSheet(const std::string& /*name*/) override { nextRow_ = 1; }
@@ -52,11 +51,11 @@ class CsvWriter : public WorkbookWriter {
       AppendField(line_, cells[i]);
     }
     line_ += "\r\n";
-    if (std::fwrite(line_.data(), 1, line_.size(), file_.get()) != line_.size()) throw FileError(errno, part_.Name());
+    if (std::fwrite(line_.data(), 1, line_.size(), file_.get()) != line_.size()) throw FileError(errno, part_.Target());
   }
 
   void Save(const std::string& /*fileName*/) override {
-    if (std::fflush(file_.get()) != 0) throw FileError(errno, part_.Name());
+    if (std::fflush(file_.get()) != 0) throw FileError(errno, part_.Target());
     part_.Commit();
   }
 
@@ -69,8 +68,8 @@ class CsvWriter : public WorkbookWriter {
 
 }  // namespace
 
-std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName) {
-  return std::make_unique<CsvWriter>(targetName);
+std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName, const FileRights& rights) {
+  return std::make_unique<CsvWriter>(targetName, rights);
 }
 
 }  // namespace chartproject

@@ -3,12 +3,14 @@
 
 #include <memory>
 
+#include "platform/side_file.h"
 #include "platform/spreadsheet/workbook_writer.h"
 
 namespace chartproject {
 
 /// UTF-8, lines ended by CR LF, full stop as decimal separator, texts quoted where they must be; the sheets follow each
 /// other without a mark, for they exist only because a sheet's rows are limited.
-[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName);
+[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName,
+                                                              const FileRights& rights);
 
 }  // namespace chartproject

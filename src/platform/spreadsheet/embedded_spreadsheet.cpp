@@ -143,14 +143,15 @@ bool EndsWith(const std::string& name, std::string_view ending) {
 
 }  // namespace
 
-std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::string& targetName) {
+std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::string& targetName,
+                                                                     const FileRights& rights) {
   std::unique_ptr<WorkbookWriter> writer;
   if (EndsWith(targetName, ".csv")) {
-    writer = MakeCsvWriter(targetName);
+    writer = MakeCsvWriter(targetName, rights);
   } else if (EndsWith(targetName, ".xlsx")) {
-    writer = MakeXlsxWriter(targetName);
+    writer = MakeXlsxWriter(targetName, rights);
   } else {
-    writer = MakeBiff8Writer(targetName);
+    writer = MakeBiff8Writer(targetName, rights);
   }
   return std::make_unique<EmbeddedSpreadsheet>(std::move(writer), locale_.Numbers().decimalSeparator);
 }

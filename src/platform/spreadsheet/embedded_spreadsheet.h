@@ -16,7 +16,8 @@ class EmbeddedSpreadsheets : public SpreadsheetApplications {
 
   /// Never one: an embedded application belongs to one export.
   [[nodiscard]] std::unique_ptr<SpreadsheetApplication> AttachRunning() override { return nullptr; }
-  [[nodiscard]] std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName) override;
+  [[nodiscard]] std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName,
+                                                               const FileRights& rights) override;
   [[nodiscard]] std::optional<WorkbookLimits> Limits(const std::string& targetName) const override;
 
  private:

@@ -16,14 +16,15 @@ namespace {
 
 class XlsxWriter : public WorkbookWriter {
  public:
-  explicit XlsxWriter(const std::string& targetName) : part_(targetName), folder_(PosixPath(targetName)) {
+  XlsxWriter(const std::string& targetName, const FileRights& rights)
+      : part_(targetName, rights), folder_(PosixPath(targetName)) {
     folder_.erase(folder_.find_last_of('/') == std::string::npos ? 0 : folder_.find_last_of('/'));
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder_.empty() ? nullptr : folder_.data();
     options.use_zip64 = LXW_TRUE;
-    workbook_ = workbook_new_opt(part_.Name().c_str(), &options);
-    if (workbook_ == nullptr) throw FileError(ENOMEM, part_.Name());
+    workbook_ = workbook_new_opt(part_.OpenName().c_str(), &options);
+    if (workbook_ == nullptr) throw FileError(ENOMEM, part_.Target());
   }
   ~XlsxWriter() override {
     if (workbook_ != nullptr) lxw_workbook_free(workbook_);
@@ -61,8 +62,8 @@ class XlsxWriter : public WorkbookWriter {
  private:
   void Check(lxw_error result) const {
     if (result == LXW_NO_ERROR) return;
-    if (errno == ENOSPC || errno == EACCES || errno == ENOENT || errno == EROFS) throw FileError(errno, part_.Name());
-    throw RunTimeError(error_number::kDeviceIo, part_.Name() + ": " + lxw_strerror(result));
+    if (errno == ENOSPC || errno == EACCES || errno == ENOENT || errno == EROFS) throw FileError(errno, part_.Target());
+    throw RunTimeError(error_number::kDeviceIo, part_.Target() + ": " + lxw_strerror(result));
   }
 
   PartFile part_;
@@ -73,8 +74,8 @@ class XlsxWriter : public WorkbookWriter {
 
 }  // namespace
 
-std::unique_ptr<WorkbookWriter> MakeXlsxWriter(const std::string& targetName) {
-  return std::make_unique<XlsxWriter>(targetName);
+std::unique_ptr<WorkbookWriter> MakeXlsxWriter(const std::string& targetName, const FileRights& rights) {
+  return std::make_unique<XlsxWriter>(targetName, rights);
 }
 
 }  // namespace chartproject

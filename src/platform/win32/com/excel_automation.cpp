@@ -118,7 +118,8 @@ std::unique_ptr<SpreadsheetApplication> ExcelApplications::AttachRunning() {
   return std::make_unique<ExcelApplication>(std::move(application));
 }
 
-std::unique_ptr<SpreadsheetApplication> ExcelApplications::Create(const std::string& /*targetName*/) {
+std::unique_ptr<SpreadsheetApplication> ExcelApplications::Create(const std::string& /*targetName*/,
+                                                                  const FileRights& /*rights*/) {
   const std::optional<CLSID> id = ApplicationClass();
   if (!id) return nullptr;
   ComRef<IDispatch> application;

@@ -8,7 +8,8 @@ namespace chartproject::win32 {
 class ExcelApplications : public SpreadsheetApplications {
  public:
   [[nodiscard]] std::unique_ptr<SpreadsheetApplication> AttachRunning() override;
-  [[nodiscard]] std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName) override;
+  [[nodiscard]] std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName,
+                                                               const FileRights& rights) override;
   /// Only the application itself knows its limits.
   [[nodiscard]] std::optional<WorkbookLimits> Limits(const std::string& /*targetName*/) const override {
     return std::nullopt;
