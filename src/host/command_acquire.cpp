@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "acquire/trigger_events.h"
+#include "drive/driver_file.h"
 #include "host/acquire_request.h"
 #include "host/command.h"
 #include "host/progress.h"
@@ -39,7 +40,7 @@ class HeadlessRecording {
     host.onTick = nullptr;
     boxes.beforeBox = nullptr;
     if (refusal_) std::rethrow_exception(refusal_);
-    return Failed() ? ExitCode::kRunTimeError : Outcome();
+    return (ended_ ? failed_ : Failed()) ? ExitCode::kRunTimeError : Outcome();
   }
 
  private:
@@ -47,11 +48,18 @@ class HeadlessRecording {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
     form->pointTaken = [this](const AcquisitionRun& run) { progress_.Show(run.Counter(), run.Plan().numberOfPoints); };
-    form->runEnded = [this](const RunReport& report) { report_ = report; };
+    form->runEnded = [this](const RunReport& report) {
+      report_ = report;
+      ended_ = true;
+      failed_ = Failed();  // what goes wrong afterwards, for example in storing settings, is not the recording's fault
+    };
     try {
       FillAndStart(*form, request_, session_.Console());
       if (form->Run().State() == RunState::kArmed) progress_.Note("waiting for " + request_.trigger);
-    } catch (const std::runtime_error&) {  // a refusal, or a step that failed
+    } catch (const StepFailed&) {
+      refusal_ = std::current_exception();
+      NameDriverFault();
+    } catch (const std::runtime_error&) {  // a refusal
       refusal_ = std::current_exception();
     }
     errorsBefore_ = session_.Console().ErrorCount();
@@ -59,6 +67,19 @@ class HeadlessRecording {
     KeyboardSignals::Watch();
     // Nothing was started: there is nothing to wait for.
     if (!form->Run().Active()) form->Unload();
+  }
+
+  /// A driver file that is a device or a pipe is a mistake of the command's user, as a chart file of that kind is.
+  void NameDriverFault() {
+    Component& component = session_.Instance().State();
+    try {
+      const int address = ParseNumber(component.selectedDriveAddress, "--address", 0, kLastDriveAddress);
+      (void)component.ports.files.OpenForReading(DriverFileName(component, static_cast<std::int16_t>(address)));
+    } catch (const NotARegularFile&) {
+      refusal_ = std::current_exception();
+    } catch (const std::runtime_error&) {
+      return;  // the step's own failure says enough
+    }
   }
 
   void Watch(Form& shown) {
@@ -90,6 +111,8 @@ class HeadlessRecording {
   const AcquireRequest& request_;
   Progress progress_;
   RunReport report_;
+  bool ended_ = false;
+  bool failed_ = false;
   std::exception_ptr refusal_;
   int errorsBefore_ = 0;
 };

@@ -44,6 +44,7 @@ class ExportCommand : public Command {
     component.strChartFileName = FullName(file_);
     const std::string output = output_.empty() ? component.strChartFileName + ".xls" : FullName(output_);
     RefuseOutputOnto(component.strChartFileName, output);
+    component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));
     ReadHeaderOf(component.ports, component.strChartFileName, component.chartHeader);
     KeyboardSignals::Watch();
     ExportRequest request{component.strChartFileName, output, component.chartHeader};

@@ -20,8 +20,9 @@ class ViewCommand : public Command {
   }
 
   ExitCode Run(Session& session) override {
-    session.UseWindows(WindowsMode::kScreen);
     const std::string name = FullName(file_);
+    (void)session.ThePorts().files.ResolveLink(name);  // refuses a device or a pipe before a window comes up
+    session.UseWindows(WindowsMode::kScreen);
     // The window tells its user of a file that it cannot show; a script learns it from the exit code.
     std::exception_ptr fault;
     try {

@@ -154,11 +154,17 @@ TEST_F(AcquireRunTest, NearlyFullDiskEndsASpoolingRun) {
   EXPECT_EQ(form->LastRun().end, RunEnd::kDiskSpace);
 }
 
-TEST_F(AcquireRunTest, AFileOfAnotherRecordingIsRefused) {
+TEST_F(AcquireRunTest, AFileOfAnotherRecordingAndADeviceAreRefused) {
+  fake.files.devices.insert(MemoryFileSystem::Key(kChart));
+  Start(5);
+  EXPECT_THAT(Prompts(), ElementsAre("C:\\p\\Test.cht is not a regular file, but a device, a pipe or a socket. "
+                                     "Choose another name."));
+  fake.files.devices.clear();
   const auto other = fake.files.Lock(kChart);
   Start(5);
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
-  EXPECT_THAT(Prompts(), ElementsAre("C:\\p\\Test.cht is being recorded by another window or program."));
+  EXPECT_THAT(Prompts(), ElementsAre("C:\\p\\Test.cht is being recorded by another window or program "
+                                     "(lock file C:\\p\\Test.cht.lock)."));
 }
 
 // A link that waits with a message loop lets timers and keys through.
@@ -204,6 +210,14 @@ TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
     EXPECT_FALSE(fake.files.Has(kChart));
     fake.files.Delete(kSpool);
   }
+}
+
+TEST_F(AcquireRunTest, PointsThatCannotBeKeptAnywhereAreCounted) {
+  Start(4);
+  RunUntil(seconds(3));
+  fake.files.Break("create", error_number::kDiskFull);
+  RunToEnd();
+  EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. 4 point(s) could not be saved anywhere and are lost."));
 }
 
 TEST_F(AcquireRunTest, ABrokenLinkEndsTheRunOnceWithItsReason) {

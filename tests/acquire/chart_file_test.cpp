@@ -120,6 +120,12 @@ using Kind = ChartWriteResult::Kind;
 
 class ChartFileWriterTest : public ::testing::Test {
  protected:
+  /// The spool file of a run that ended with these bytes in it.
+  std::unique_ptr<SideFile> Spool(const std::string& bytes) {
+    auto spool = MakeSpoolFile(fake.files, "a.cht");
+    spool->AppendAndMeasure(bytes);
+    return spool;
+  }
   ChartFileWriterTest() {
     header.DriveAddress = "01";
     header.NumberOfParameters = "1";
@@ -142,9 +148,11 @@ constexpr const char* kRowBytes = "08:00:00#1.50#####\r\n08:00:01#a b  ###\xE9##
 
 TEST_F(ChartFileWriterTest, RowsFromMemory) {
   fake.files.Put("a.cht", "old");
+  fake.files.Put("a.cht.new", "the user's own");
   EXPECT_EQ(WriteRows().kind, Kind::kWritten);
   EXPECT_EQ(fake.files.Bytes("a.cht"), std::string(kHeaderBytes) + kRowBytes);
-  EXPECT_FALSE(fake.files.Has("a.cht.new"));
+  EXPECT_EQ(fake.files.Bytes("a.cht.new"), "the user's own");
+  EXPECT_FALSE(fake.files.Has("a.cht.new1"));
 }
 
 TEST_F(ChartFileWriterTest, AFailedWriteLeavesTheOldFileAndKeepsTheRows) {
@@ -170,6 +178,7 @@ TEST_F(ChartFileWriterTest, RowsGoElsewhereWhenTheFolderTakesNothing) {
   EXPECT_EQ(fake.files.Bytes("rescue/a.cht.tcf0"), kRowBytes);
   // The rows of another run are not written over.
   EXPECT_EQ(writer.WriteRows("far\\a.cht", header, rows, "rescue").keptFile, "rescue\\a.cht.tcf1");
+  EXPECT_EQ(writer.WriteRows("far\\a.cht", header, rows, "far").keptFile, "/tmp/a.cht.tcf0") << "the last place";
   fake.files.writeBudget = 0;
   const ChartWriteResult lost = writer.WriteRows("far\\a.cht", header, rows, "rescue");
   EXPECT_EQ(lost.kind, Kind::kFailed);
@@ -179,31 +188,42 @@ TEST_F(ChartFileWriterTest, RowsGoElsewhereWhenTheFolderTakesNothing) {
 TEST_F(ChartFileWriterTest, SpoolIsCopiedAndDeleted) {
   std::string spool;
   while (spool.size() < 9'000'000) spool += "08:00:00#1.50#####\r\n";
-  fake.files.Put("a.cht.tcf0", spool + "08:00:01#2.5");  // cut short by a full disk
+  fake.files.Put("a.cht.tcf0", "rows of a run before");
+  auto file = Spool(spool + "08:00:01#2.5");  // cut short by a full disk
   int alive = 0;
-  EXPECT_EQ(writer.WriteSpool("a.cht", header, [&alive] { ++alive; }).kind, Kind::kWritten);
+  EXPECT_EQ(writer.WriteSpool("a.cht", header, *file, "rescue", [&alive] { ++alive; }).kind, Kind::kWritten);
   EXPECT_EQ(alive, 2);
   EXPECT_TRUE(fake.files.Bytes("a.cht") == kHeaderBytes + spool);
+  file.reset();
   EXPECT_FALSE(fake.files.Has("a.cht.tcf0"));
 }
 
 TEST_F(ChartFileWriterTest, SpoolStaysWhenTheChartFileCannotBeCompleted) {
-  fake.files.Put("a.cht.tcf0", "08:00:00#1.50#####\r\n");
+  auto spool = Spool("08:00:00#1.50#####\r\n");
   fake.files.Put("a.cht", "old");
   fake.files.Break("rename", error_number::kPermissionDenied, "a.cht.new");
-  const ChartWriteResult failed = writer.WriteSpool("a.cht", header);
+  const ChartWriteResult failed = writer.WriteSpool("a.cht", header, *spool, "rescue");
   EXPECT_EQ(failed.kind, Kind::kFailed);
   EXPECT_EQ(failed.keptFile, "a.cht.tcf0");
   EXPECT_EQ(fake.files.Bytes("a.cht"), "old");
   fake.files.Mend();
   fake.files.space.totalFree = 99'999'999;
-  const ChartWriteResult little = writer.WriteSpool("a.cht", header);
+  const ChartWriteResult little = writer.WriteSpool("a.cht", header, *spool, "rescue");
   EXPECT_EQ(little.kind, Kind::kRowsInSpool);
   EXPECT_EQ(little.freeSpace, 99'999'999U);
   EXPECT_EQ(fake.files.Bytes("a.cht"), kHeaderBytes);
   EXPECT_EQ(fake.files.Bytes("a.cht.tcf0"), "08:00:00#1.50#####\r\n");
   fake.files.space.totalFree = 100'000'000;
-  EXPECT_EQ(writer.WriteSpool("a.cht", header).kind, Kind::kWritten);
+  EXPECT_EQ(writer.WriteSpool("a.cht", header, *spool, "rescue").kind, Kind::kWritten);
+  // Somebody put another file in its place: neither that file nor the rows are lost.
+  spool = Spool("08:00:00#1.50#####\r\n");
+  fake.files.Put("a.cht.tcf0", "a stranger's");
+  EXPECT_THROW(spool->AppendAndMeasure("08:00:01#1.50#####\r\n"), RunTimeError);
+  fake.files.Break("create", error_number::kPermissionDenied, "a.cht.new");
+  EXPECT_EQ(writer.WriteSpool("a.cht", header, *spool, "rescue").keptFile, "a.cht.tcf1");
+  EXPECT_EQ(fake.files.Bytes("a.cht.tcf1"), "08:00:00#1.50#####\r\n");
+  spool.reset();
+  EXPECT_EQ(fake.files.Bytes("a.cht.tcf0"), "a stranger's");
 }
 
 }  // namespace

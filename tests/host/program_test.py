@@ -97,6 +97,40 @@ class ProgramTest(ProgramCase):
             self.assertTrue(all(re.fullmatch(rb"\d\d:\d\d:\d\d#1\.50#(50\.25|-)####", row) for row in rows[:10]))
             self.assertEqual(set(rows[10:]), {b"######"})
 
+    def test_a_recording_outlives_its_readers_and_what_was_ignored_at_its_start(self):
+        def pipeline(*words, clock):
+            return [*self.command("acquire", "--parameters", "3,5", "--points", 10, "--every", "200ms", "--file",
+                                  "run.cht", clock=clock), *words]
+        for clock, closed in (("virtual", "err"), ("real", "err"), ("virtual", "all")):
+            child = subprocess.Popen(pipeline(clock=clock), cwd=self.folder, stderr=subprocess.PIPE,
+                                     stdout=subprocess.PIPE if closed == "all" else subprocess.DEVNULL)
+            if closed == "all":
+                child.stdout.close()
+            else:
+                self.assertIn(b"point 1/10", child.stderr.readline())
+            child.stderr.close()
+            self.assertEqual((child.wait(30), len(self.rows())), (0, 10), (clock, closed))
+        for number in (signal.SIGHUP, signal.SIGINT):  # nohup; a background job of a script
+            child = subprocess.Popen(pipeline(clock="real"), cwd=self.folder, stderr=subprocess.PIPE, text=True,
+                                     stdout=subprocess.DEVNULL, preexec_fn=lambda: signal.signal(number, signal.SIG_IGN))
+            self.assertIn("point 1/10", child.stderr.readline())
+            child.send_signal(number)
+            child.stderr.read()
+            child.stderr.close()
+            self.assertEqual((child.wait(30), len(self.rows())), (0, 10), number)
+        with open("/dev/full", "wb") as full:
+            self.assertEqual(subprocess.run(pipeline(clock="virtual"), cwd=self.folder, stdout=full, stderr=full,
+                                            check=False).returncode, 0)
+            self.assertEqual(subprocess.run(self.command("settings"), cwd=self.folder, stdout=full, check=False,
+                                            stderr=subprocess.DEVNULL).returncode, 1)
+
+    def test_a_signal_before_the_first_point_ends_the_program_too(self):
+        for wait in range(0, 120, 10):
+            child = self.start("acquire", "--parameters", 3, "--points", 1000, "--file", "run.cht", clock="real")
+            time.sleep(wait / 1000)
+            child.terminate()
+            self.assertIn(child.wait(5), (-signal.SIGTERM, 3), wait)
+
     def test_a_trigger_starts_the_recording_at_the_event(self):
         self.put("plant.txt", "at 0 01 P003 1\nat 0 01 P005 1,5\nat 7300 01 P005 50\n")
         done = self.acquire(3, "--trigger", "PXXX>=Content", "--compare", 5, "--content", 50, expected=0)
@@ -138,6 +172,53 @@ class ProgramTest(ProgramCase):
             self.assertIn(text, self.run_program(*arguments, expected=2).stderr, arguments)
             self.assertFalse((self.folder / "run.cht").exists())
         self.assertEqual((self.folder / "hard.cht").stat().st_nlink, 2)
+
+    def test_names_that_are_no_files_are_refused_and_left_alone(self):
+        os.mkfifo(self.folder / "pipe")
+        os.symlink("pipe", self.folder / "link")
+        self.acquire(3, file="own.cht", expected=0)
+        file = ["--parameters", 3, "--file"]
+        for name in ("pipe", "link", "/dev/null"):
+            for arguments in (["acquire", *file, name], ["info", name], ["export", name],
+                              ["export", "own.cht", "--answer", "yes", "--output", name]):
+                self.assertIn("not a regular file", self.run_program(*arguments, expected=2).stderr, arguments)
+        self.assertIn("not a regular file", self.run_program("drives", link="scenario:pipe").stderr
+                      + self.run_program("read", 1, 3, link="scenario:pipe", expected=2).stderr)
+        piped = subprocess.run(self.command("info", "/dev/stdin"), input=(self.folder / "own.cht").read_bytes(),
+                               cwd=self.folder, capture_output=True, check=False)
+        self.assertEqual((piped.returncode, piped.stdout), (2, b""))
+        for other in ("drive02.txt", "KRA09V240E.wcd", "profile/Kestrel v5.60.ini"):
+            (self.folder / other).unlink()
+            os.mkfifo(self.folder / other)
+            self.assertIn("not a regular file", self.run_program("acquire", *file, "run.cht", expected=2).stderr, other)
+        self.assertTrue((self.folder / "pipe").is_fifo())
+
+    def test_files_of_the_user_and_links_outlive_a_recording(self):
+        for name in ("run.cht.new", "run.cht.lock", "run.cht.xls.part", "real/old"):
+            self.put(name, "the user's")
+        os.symlink("real/run.cht", self.folder / "run.cht")
+        for points in (3, 3000):
+            self.acquire(points, expected=0)
+            os.chmod(self.folder / "real/run.cht", 0o600)
+            self.assertEqual(len(self.rows("real/run.cht")), points)
+        self.run_program("export", "run.cht", "--answer", "yes", expected=0)
+        for name in ("run.cht.new", "run.cht.lock", "run.cht.xls.part"):
+            self.assertEqual((self.folder / name).read_text(), "the user's")
+        self.assertEqual(os.readlink(self.folder / "run.cht"), "real/run.cht")
+        self.assertEqual((self.folder / "real/run.cht").stat().st_mode & 0o777, 0o600)
+        self.assertEqual(sorted(os.listdir(self.folder / "real")), ["old", "run.cht"])
+
+    def test_a_project_from_elsewhere_leads_to_no_write_outside_of_it(self):
+        self.put("victim/.profile", "mine")
+        (self.folder / "made").mkdir()
+        os.symlink("../victim", self.folder / "made/programs")
+        self.assertIn("made/programs: a symbolic link", self.run_program("init", "made", expected=1).stderr)
+        self.assertEqual(os.listdir(self.folder / "victim"), [".profile"])
+        os.symlink("victim/.profile", self.folder / "Kestrel.log")
+        self.put("KRA09V240E.wcd", "touch /tmp/hurt\r\n")
+        self.run_program("read", 9, 3)
+        self.acquire(3)
+        self.assertEqual((self.folder / "victim/.profile").read_text(), "mine")
 
     def test_faults_of_driver_files_stop_only_the_drives_that_need_them(self):
         (self.folder / "KRA09V240E.wcd").unlink()
@@ -304,6 +385,9 @@ class RenderTest(ProgramCase):
             done, _ = self.render(name, *options)
             self.assertEqual((done.returncode, text in done.stderr), (code, True), (options, done.stderr))
         before = (self.folder / "one.cht").read_bytes()
+        (self.folder / "out.png").write_bytes(before)
+        self.assertIn("is a recording", self.render("one.cht")[0].stderr)
+        (self.folder / "out.png").unlink()
         os.link(self.folder / "one.cht", self.folder / "out.png")
         self.assertEqual((self.render("one.cht")[0].returncode, (self.folder / "one.cht").read_bytes()), (2, before))
 

@@ -1,7 +1,13 @@
 #include "platform/posix/file_system_posix.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <array>
 #include <csignal>
@@ -41,12 +47,14 @@ TEST(PosixPath, FolderOfAName) {
 
 TEST_F(FileSystemPosixTest, WritesReadsSeeksAndKnowsAFileAgain) {
   const std::string name = folder / "a.cht";
-  const auto out = files.Create(folder.Path() + "\\a.cht");
+  auto side = files.MakeSideFile({.target = folder.Path() + "\\a.cht", .ending = ".new"});
+  const auto out = side->OpenForWriting();
   out->Write("0123456789");
   out->Write(std::string(200'000, 'x'));
   out->Seek(2);
   out->Write("##");
   out->FlushAndClose();
+  side->ReplaceTarget();
   EXPECT_EQ(FileBytes(name), "01##456789" + std::string(200'000, 'x'));
 
   const auto in = files.OpenForReading(name);
@@ -60,8 +68,9 @@ TEST_F(FileSystemPosixTest, WritesReadsSeeksAndKnowsAFileAgain) {
   files.Append(name, "row\r\n");
   EXPECT_EQ(in->Identity().size, 200'015U);
   EXPECT_EQ(in->Identity().index, before.index);
-  files.Append(folder / "new", "first");
-  files.Rename(folder / "new", name);
+  side = files.MakeSideFile({.target = name, .ending = ".new"});
+  side->AppendAndMeasure("first");
+  side->ReplaceTarget();
   EXPECT_EQ(FileBytes(name), "first");
   EXPECT_NE(files.OpenForReading(name)->Identity().index, before.index);
 }
@@ -77,12 +86,11 @@ TEST_F(FileSystemPosixTest, ErrorsHaveThePlatformsNumbers) {
   EXPECT_EQ(read(lost), 76);
   EXPECT_EQ(read(folder / "plain/x"), 76);
   EXPECT_EQ(read(folder.Path()), 75);
-  EXPECT_EQ(read("/dev/zero"), 75);
   EXPECT_EQ(read(std::string(5000, 'n')), 75);
-  EXPECT_EQ(ErrorOf([&] { (void)files.Create(folder.Path()); }, folder.Path()), 75);
+  EXPECT_EQ(ErrorOf([&] { files.CheckReplaceable(folder.Path()); }, folder.Path()), 75);
+  EXPECT_EQ(ErrorOf([&] { (void)files.MakeSideFile({.target = lost, .ending = ".new"}); }, lost), 76);
   EXPECT_EQ(ErrorOf([&] { files.Append(lost, "x"); }, lost), 76);
   EXPECT_EQ(ErrorOf([&] { files.Delete(missing); }, missing), 53);
-  EXPECT_EQ(ErrorOf([&] { files.Rename(missing, folder / "b"); }, folder / "b"), 53);
   EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(missing); }, missing), 76);
   EXPECT_EQ(ErrorOf([&] { files.MakeFolder(folder / "plain"); }, "plain"), 76);
 }
@@ -98,14 +106,122 @@ TEST_F(FileSystemPosixTest, FoldersAndFilesAreToldApart) {
 }
 
 TEST_F(FileSystemPosixTest, ANameIsLockedForOneUntilItLetsGo) {
-  for (int round = 0; round < 2; ++round) {
-    const auto lock = files.Lock(folder / "a.cht");
-    EXPECT_NE(lock, nullptr);
-    EXPECT_EQ(files.Lock(folder / "a.cht"), nullptr);
-    EXPECT_NE(files.Lock(folder / "b.cht"), nullptr);
-    EXPECT_TRUE(files.FileExists(folder / "a.cht.lock"));
+  const std::string name = folder / "a.cht";
+  // A user's own file, also an empty one, is left alone; a marker that its program left behind holds nothing.
+  const std::tuple<const char*, const char*, bool> cases[] = {
+      {nullptr, ".lock", false}, {"the user's", ".lock1", true}, {"", ".lock1", true}, {"chart file lock\n", ".lock", false}};
+  for (const auto& [before, ending, stays] : cases) {
+    if (before != nullptr) PutFile(name + ".lock", before);
+    {
+      const LockAttempt mine = files.Lock(name);
+      EXPECT_NE(mine.lock, nullptr);
+      EXPECT_TRUE(files.FileExists(name + ending));
+      const LockAttempt second = files.Lock(name);
+      EXPECT_EQ(second.lock, nullptr);
+      EXPECT_EQ(second.heldBy, name + ending);
+      EXPECT_NE(files.Lock(folder / "b.cht").lock, nullptr);
+    }
+    EXPECT_EQ(files.FileExists(name + ".lock"), stays);
+    EXPECT_FALSE(files.FileExists(name + ".lock1"));
+    EXPECT_EQ(FileBytes(name + ".lock"), stays ? before : "");
+    std::filesystem::remove(name + ".lock");
   }
-  EXPECT_FALSE(files.FileExists(folder / "a.cht.lock"));
+}
+
+TEST_F(FileSystemPosixTest, OnlyRegularFilesAreOpenedAndNothingIsWaitedFor) {
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+  (folder / "socket").copy(static_cast<char*>(address.sun_path), sizeof address.sun_path - 1);
+  const int socketNumber = socket(AF_UNIX, SOCK_STREAM, 0);
+  ASSERT_EQ(bind(socketNumber, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  std::filesystem::create_symlink("pipe", folder / "link");
+  for (const std::string& name : {folder / "pipe", folder / "socket", folder / "link", std::string("/dev/zero")}) {
+    EXPECT_THROW((void)files.OpenForReading(name), NotARegularFile) << name;
+    EXPECT_THROW((void)files.ResolveLink(name), NotARegularFile) << name;
+    EXPECT_EQ(ErrorOf([&] { files.Append(name, "x"); }, name), 75);
+  }
+  for (const char* name : {"pipe", "socket"}) EXPECT_THROW(files.CheckReplaceable(folder / name), NotARegularFile);
+  close(socketNumber);
+}
+
+TEST_F(FileSystemPosixTest, TheLogIsAppendedToThroughNoLink) {
+  PutFile(folder / "private", "key");
+  std::filesystem::create_symlink("private", folder / "soft");
+  std::filesystem::create_symlink("nowhere", folder / "dangling");
+  std::filesystem::create_hard_link(folder / "private", folder / "hard");
+  for (const char* name : {"soft", "dangling", "hard"}) EXPECT_EQ(ErrorOf([&] { files.Append(folder / name, "x"); }, name), 75);
+  EXPECT_EQ(FileBytes(folder / "private"), "key");
+  EXPECT_FALSE(files.FileExists(folder / "nowhere"));
+}
+
+TEST_F(FileSystemPosixTest, SideFilesAreMadeAnewWithTheRightsOfTheirTarget) {
+  const std::string name = folder / "a.cht";
+  PutFile(folder / "private", "key");
+  std::filesystem::create_symlink("private", name + ".new");
+  PutFile(name + ".new1", "the user's");
+  for (const unsigned mode : {0600U, 0640U, 0644U}) {
+    PutFile(name, "old");
+    chmod(name.c_str(), mode);
+    auto side = files.MakeSideFile({.target = name, .ending = ".new"});
+    EXPECT_EQ(side->Name(), name + ".new2");
+    EXPECT_EQ(files.RightsOf(side->Name()).mode, mode);
+    side->AppendAndMeasure("fresh");
+    side->ReplaceTarget();
+    side.reset();
+    EXPECT_EQ(FileBytes(name), "fresh");
+    EXPECT_EQ(files.RightsOf(name).mode, mode);
+  }
+  EXPECT_EQ(FileBytes(folder / "private"), "key");
+  EXPECT_EQ(FileBytes(name + ".new1"), "the user's");
+  EXPECT_FALSE(files.FileExists(name + ".new2"));
+}
+
+TEST_F(FileSystemPosixTest, ASideFileThatWasReplacedIsNeitherReadNorWrittenNorDeleted) {
+  const std::string name = folder / "a.cht.tcf0";
+  PutFile(folder / "private", "key");
+  const std::function<void()> replacements[] = {[&] { std::filesystem::create_symlink("private", name); },
+                                                [&] { std::filesystem::create_hard_link(folder / "private", name); },
+                                                [&] { PutFile(name, "key"); }, [&] { mkfifo(name.c_str(), 0600); }};
+  for (const auto& replace : replacements) {
+    auto side = files.MakeSideFile({.target = folder / "a.cht", .ending = ".tcf0", .names = 1});
+    side->AppendAndMeasure("row\r\n");
+    std::filesystem::remove(name);
+    replace();
+    EXPECT_EQ(ErrorOf([&] { side->AppendAndMeasure("more"); }, name), 75);
+    EXPECT_EQ(ErrorOf([&] { side->ReplaceTarget(); }, name), 75);
+    EXPECT_FALSE(side->HasItsName());
+    std::array<char, 9> bytes{};
+    EXPECT_EQ(side->OpenForReading()->Read(bytes), 5U) << "its own rows are there all the same";
+    EXPECT_STREQ(bytes.data(), "row\r\n");
+    side.reset();
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(name)));
+    EXPECT_EQ(FileBytes(folder / "private"), "key");
+    std::filesystem::remove(name);
+  }
+}
+
+TEST_F(FileSystemPosixTest, LinksAreResolvedUnlessAStrangerMadeThem) {
+  std::filesystem::create_directory(folder / "real");
+  std::filesystem::create_symlink("real/a.cht", folder / "one");
+  std::filesystem::create_symlink(folder / "one", folder / "two");
+  std::filesystem::create_symlink("loop", folder / "loop");
+  EXPECT_EQ(files.ResolveLink(folder / "two"), folder.Path() + "/real/a.cht");
+  EXPECT_EQ(files.ResolveLink(folder / "plain"), folder / "plain");
+  EXPECT_EQ(ErrorOf([&] { (void)files.ResolveLink(folder / "loop"); }, "loop"), 75);
+  EXPECT_EQ(ErrorOf([&] { files.CheckOwned(folder / "one"); }, "one"), 70);
+  EXPECT_EQ(ErrorOf([&] { files.CheckOwned(folder / "none"), files.CheckOwned(folder / "real"); }, ""), 0);
+  if (geteuid() != 0) return;  // only the superuser can make the files of two others
+  constexpr uid_t kStranger = 65533;
+  constexpr uid_t kUser = 65534;
+  ASSERT_EQ(lchown((folder / "one").c_str(), kStranger, kStranger), 0);
+  chmod(folder.Path().c_str(), 01777);
+  PutFile(folder / "foreign", "");
+  ASSERT_EQ(chown((folder / "foreign").c_str(), kStranger, kStranger), 0);
+  ASSERT_EQ(seteuid(kUser), 0);
+  EXPECT_EQ(ErrorOf([&] { (void)files.ResolveLink(folder / "one"); }, "one"), 70);
+  EXPECT_EQ(ErrorOf([&] { files.CheckReplaceable(folder / "foreign"); }, "foreign"), 70) << "a sticky folder";
+  EXPECT_EQ(ErrorOf([&] { files.CheckOwned(folder / "real"); }, "real"), 70);
+  ASSERT_EQ(seteuid(0), 0);
 }
 
 TEST_F(FileSystemPosixTest, SpaceIsThatOfTheDiskThatWillHoldTheFile) {
@@ -123,8 +239,10 @@ TEST_F(FileSystemPosixTest, AFullDiskLeavesWholeRows) {
   const rlimit limit{25, before.rlim_max};
   std::signal(SIGXFSZ, SIG_IGN);
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-  for (const int error : {0, 0, 61}) EXPECT_EQ(ErrorOf([&] { files.Append(name, "0123456789"); }, name), error);
-  const auto out = files.Create(folder / "whole");
+  const auto spool = files.MakeSideFile({.target = name, .ending = "", .names = 1});
+  for (const int error : {0, 0, 61}) EXPECT_EQ(ErrorOf([&] { spool->AppendAndMeasure("0123456789"); }, name), error);
+  const auto side = files.MakeSideFile({.target = folder / "whole", .ending = ".new"});
+  const auto out = side->OpenForWriting();
   EXPECT_EQ(ErrorOf([&] { out->Write(std::string(26, 'x')), out->FlushAndClose(); }, "whole"), 61);
   setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(FileBytes(name), "01234567890123456789");
@@ -188,6 +306,32 @@ TEST_F(SettingsStoreIniTest, ChangesOfAnotherProgramAreSeenAndKept) {
   Write("frmAcquireVar", {{"Left", "120"}});
   EXPECT_EQ(other.Read("MyConf", "strGrid"), "Yes");
   EXPECT_EQ(other.Read("frmAcquireVar", "Left"), "120");
+}
+
+TEST_F(SettingsStoreIniTest, WhatIsLockedByOthersIsStoredWithTheNextWrite) {
+  Write("MyConf", {{"strSound", "No"}});
+  std::filesystem::rename(file, folder / "elsewhere");
+  std::filesystem::create_symlink(folder / "elsewhere", file);
+  chmod((folder / "elsewhere").c_str(), 0600);
+  const std::string lockFolder = folder / "made/later/Kestrel v5.60.lock";
+  EXPECT_EQ(std::filesystem::status(lockFolder).permissions(), std::filesystem::perms::owner_all);
+  const int anybody = open((folder / "made/later").c_str(), O_RDONLY);  // a stranger can lock what he can read
+  ASSERT_EQ(flock(anybody, LOCK_EX), 0);
+  Write("MyConf", {{"strSound", "Yes"}});
+  const int held = open((lockFolder + "/lock").c_str(), O_RDWR);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  for (const char* key : {"strGrid", "strLine"}) {
+    EXPECT_EQ(ErrorOf([&] { Write("MyConf", {{key, "No"}}); }, "another program holds the lock"), 70);
+    EXPECT_EQ(store.Read("MyConf", key), "No");
+  }
+  close(held);
+  Write("MyConf", {{"strMarker", "No"}});
+  close(anybody);
+  SettingsStoreIni other(files, folder / "made/later");
+  for (const char* key : {"strGrid", "strLine", "strMarker"}) EXPECT_EQ(other.Read("MyConf", key), "No");
+  EXPECT_EQ(other.Read("MyConf", "strSound"), "Yes");
+  EXPECT_TRUE(std::filesystem::is_symlink(file));
+  EXPECT_EQ(files.RightsOf(folder / "elsewhere").mode, 0600U);
 }
 
 TEST_F(SettingsStoreIniTest, RubbishIsAnErrorThatNamesTheFileAndIsNotOverwritten) {

@@ -68,10 +68,12 @@ class PrintTest(unittest.TestCase):
         self.assertFalse((self.folder / "never.pdf").exists())
 
     def test_files_that_cannot_be_written_or_read(self):
-        for arguments in (("print", "page.cht", "--output", "no/such/folder.pdf"), ("print", "missing.cht"),
-                          ("print", "page.cht", "--output", "/dev/null")):
+        (self.folder / "copy.cht").write_bytes((self.folder / "page.cht").read_bytes())
+        for code, arguments in ((1, ("print", "page.cht", "--output", "no/such/folder.pdf")), (1, ("print", "missing.cht")),
+                                (2, ("print", "page.cht", "--output", "/dev/null")),
+                                (2, ("print", "page.cht", "--output", "copy.cht"))):
             done = self.program(*arguments)
-            self.assertEqual(done.returncode, 1, arguments)
+            self.assertEqual(done.returncode, code, arguments)
             self.assertTrue(done.stderr.strip(), arguments)
         limit = ["bash", "-c", "trap '' XFSZ; ulimit -f 8; exec \"$@\"", "limited"]  # as a full disk
         done = self.program("print", "page.cht", "--output", "cut.pdf", before=limit)

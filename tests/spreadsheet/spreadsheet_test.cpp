@@ -3,7 +3,9 @@
 #include "platform/spreadsheet/embedded_spreadsheet.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -82,14 +84,19 @@ TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
 }
 
 TEST_F(SpreadsheetTest, AFullDiskIsAnErrorAndLeavesNoTarget) {
-  fs::create_symlink("/dev/full", folder / "full.csv.part");
   const auto application = applications.Create(folder / "full.csv", {});
   application->AddWorkbook();
   const auto save = [&] {
     for (int row = 1; row < 100'000; ++row) application->WriteText(1, row, 1, "text that fills the disk");
     application->SaveAs({folder / "full.csv", kNormalWorkbookFormat, "", "", false, false});
   };
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit limit{100'000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &limit);
   EXPECT_EQ(ErrorOf(save), error_number::kDiskFull);
+  setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_FALSE(fs::exists(folder / "full.csv"));
 }
 

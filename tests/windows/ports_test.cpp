@@ -68,25 +68,38 @@ TEST(RegistrySettings, StoreAndFindTexts) {
   RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
 }
 
-TEST(Files, AppendKeepsWhatIsThereAndRenameReplaces) {
+TEST(Files, SideFilesTakeFreeNamesAndReplaceTheirTarget) {
   Win32FileSystem files;
-  const std::string name = InTestFolder("a\xC3\xA7\xC3\xA3o.txt");
-  files.Append(name, "one\r\n");
-  files.Append(name, "two\r\n");
-  const auto target = files.Create(InTestFolder("target.txt"));
-  target->Write("old");
-  target->FlushAndClose();
-  files.Rename(name, InTestFolder("target.txt"));
-  EXPECT_FALSE(files.FileExists(name));
-  EXPECT_EQ(testing::FileContents(InTestFolder("target.txt")), "one\r\ntwo\r\n");
+  const std::string target = InTestFolder("a\xC3\xA7\xC3\xA3o.txt");
+  files.Append(target, "one\r\n");
+  files.Append(target, "two\r\n");
+  EXPECT_EQ(testing::FileContents(target), "one\r\ntwo\r\n");
+  files.Append(target + ".new", "the user's");
+  auto side = files.MakeSideFile({.target = target, .ending = ".new"});
+  EXPECT_EQ(side->Name(), target + ".new1");
+  side->AppendAndMeasure("1");
+  side->AppendAndMeasure("2");
+  side->ReplaceTarget();
+  side.reset();
+  EXPECT_EQ(testing::FileContents(target), "12");
+  EXPECT_EQ(testing::FileContents(target + ".new"), "the user's");
+  side = files.MakeSideFile({.target = target, .ending = ".tcf0", .names = 1});
+  files.Delete(side->Name());
+  files.Append(side->Name(), "a stranger's");
+  EXPECT_EQ(ErrorOf([&] { side->AppendAndMeasure("row"); }), 75);
+  const std::string name = side->Name();
+  side.reset();
+  EXPECT_EQ(testing::FileContents(name), "a stranger's");
+  for (const std::string& each : {target, target + ".new", name}) files.Delete(each);
+  EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading("NUL"); }), 75);
 }
 
 TEST(Files, ANameIsLockedForOneUntilItLetsGo) {
   Win32FileSystem files;
   for (int round = 0; round < 2; ++round) {
-    const auto lock = files.Lock(InTestFolder("a.cht"));
-    EXPECT_NE(lock, nullptr);
-    EXPECT_EQ(files.Lock(InTestFolder("a.cht")), nullptr);
+    const LockAttempt mine = files.Lock(InTestFolder("a.cht"));
+    EXPECT_NE(mine.lock, nullptr);
+    EXPECT_EQ(files.Lock(InTestFolder("a.cht")).heldBy, InTestFolder("a.cht.lock"));
   }
   EXPECT_FALSE(files.FileExists(InTestFolder("a.cht.lock")));
 }
@@ -108,11 +121,12 @@ TEST(Files, FailuresAreNumbered) {
   EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(InTestFolder("missing.txt")); }), 53);
   EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(InTestFolder("missing\\file.txt")); }), 76);
   EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(testing::TestFolder()); }), 75);
-  EXPECT_EQ(ErrorOf([&] { (void)files.Create(testing::TestFolder()); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.CheckReplaceable(testing::TestFolder()); }), 75);
   EXPECT_EQ(ErrorOf([&] { files.Delete(InTestFolder("missing.txt")); }), 53);
   EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(InTestFolder("missing")); }), 76);
-  const auto held = files.Create(InTestFolder("held.txt"));
-  EXPECT_EQ(ErrorOf([&] { files.Append(InTestFolder("held.txt"), "x"); }), 70);
+  const auto side = files.MakeSideFile({.target = InTestFolder("held.txt"), .ending = ".new"});
+  const auto held = side->OpenForWriting();
+  EXPECT_EQ(ErrorOf([&] { files.Append(side->Name(), "x"); }), 70);
 }
 
 TEST(DiskSpace, IsMeasuredOnTheDiskOfTheFirstThreeCharacters) {

@@ -80,9 +80,11 @@ class SelectScope {
 class OwnedFile {
  public:
   explicit OwnedFile(HANDLE handle) noexcept : handle_(handle) {}
+  OwnedFile(OwnedFile&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
   ~OwnedFile() { Close(); }
   OwnedFile(const OwnedFile&) = delete;
   OwnedFile& operator=(const OwnedFile&) = delete;
+  OwnedFile& operator=(OwnedFile&&) = delete;
   [[nodiscard]] HANDLE Get() const noexcept { return handle_; }
   [[nodiscard]] bool Valid() const noexcept { return handle_ != INVALID_HANDLE_VALUE; }
   void Close() noexcept {

@@ -10,17 +10,22 @@ class Win32FileSystem : public FileSystem {
   [[nodiscard]] bool FileExists(const std::string& name) override;
   [[nodiscard]] bool FolderExists(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
-  [[nodiscard]] std::unique_ptr<OutputFile> Create(const std::string& name) override;
   /// Waits up to a second for another program (a copy, a backup) to let go of the file. A part that fitted on a full
   /// disk is taken back.
   void Append(const std::string& name, std::string_view bytes) override;
-  [[nodiscard]] std::unique_ptr<FileLock> Lock(const std::string& name) override;
+  [[nodiscard]] std::unique_ptr<SideFile> MakeSideFile(const SideFileRequest& request) override;
+  [[nodiscard]] std::string ResolveLink(const std::string& name) override;
+  void CheckReplaceable(const std::string& name) override;
+  /// A side file takes the access rights of its target itself.
+  [[nodiscard]] FileRights RightsOf(const std::string& /*name*/) override { return {}; }
+  /// Projects are made by the program of other systems only.
+  void CheckOwned(const std::string& /*name*/) override {}
+  [[nodiscard]] LockAttempt Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
-  /// Waits as Append does: a scanner may look at a file that was just written.
-  void Rename(const std::string& from, const std::string& to) override;
   void MakeFolder(const std::string& name) override;
   [[nodiscard]] std::string CurrentFolder() override;
   void ChangeFolder(const std::string& name) override;
+  [[nodiscard]] std::string TemporaryFolder() override;
   [[nodiscard]] DiskSpace SpaceFor(const std::string& name) override;
 };
 
