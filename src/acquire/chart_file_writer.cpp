@@ -66,8 +66,9 @@ void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& kee
   if (SplitRow(pending)) to.Write(pending + std::string(kLineEnd));
 }
 
-/// Saves rows in the first file that can be made, for a later look: beside the chart file, in `folder`, or in the folder
-/// for temporary files. A spool file that is already there holds the rows of another run. @return the name, or nothing
+/// Saves rows in the first file that can be made, for a later look: beside the chart file, in `folder`, or in the
+/// folder for temporary files. A spool file that is already there holds the rows of another run. @return the name, or
+/// nothing
 std::string RescueRows(FileSystem& files, const std::string& chartFileName, const std::string& folder,
                        const std::function<void(OutputFile&)>& write) {
   const std::string_view name = BaseName(chartFileName);
@@ -144,8 +145,8 @@ ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const C
   } catch (const std::exception& error) {
     result.kind = ChartWriteResult::Kind::kFailed;
     result.reason = error.what();
-    result.keptFile = RescueRows(files_, fileName, rescueFolder,
-                                 [&](OutputFile& file) { WriteRowLines(file, codePage_, rows); });
+    result.keptFile =
+        RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) { WriteRowLines(file, codePage_, rows); });
   }
   return result;
 }
@@ -171,10 +172,10 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
   if (result.kind == ChartWriteResult::Kind::kWritten) return result;
   spool.Keep();
   // A spool file whose name was taken away still holds its rows, but only as long as this program has it open.
-  result.keptFile = spool.HasItsName() ? spool.Name()
-                                       : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
-                                           CopyLines(*spool.OpenForReading(), file, keepAlive);
-                                         });
+  result.keptFile =
+      spool.HasItsName() ? spool.Name() : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
+        CopyLines(*spool.OpenForReading(), file, keepAlive);
+      });
   return result;
 }
 

@@ -14,6 +14,7 @@ void RequireFile(Environment& environment, const std::string& name) {
   if (!environment.ports.files.FileExists(name)) {
     throw RunTimeError(error_number::kFileNotFound, "File not found: " + name);
   }
+  (void)environment.ports.files.OpenForReading(name);  // a window that is given a pipe would wait for ever
 }
 
 }  // namespace

@@ -80,7 +80,8 @@ ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, 
   const ExitCode code = command.Run(session);
   session.Release();
   out.flush();
-  if (!out && command.OutputIsItsResult()) throw RunTimeError(error_number::kDiskFull, "the output could not be written");
+  if (!out && command.OutputIsItsResult())
+    throw RunTimeError(error_number::kDiskFull, "the output could not be written");
   return code;
 }
 

@@ -108,8 +108,10 @@ TEST_F(FileSystemPosixTest, FoldersAndFilesAreToldApart) {
 TEST_F(FileSystemPosixTest, ANameIsLockedForOneUntilItLetsGo) {
   const std::string name = folder / "a.cht";
   // A user's own file, also an empty one, is left alone; a marker that its program left behind holds nothing.
-  const std::tuple<const char*, const char*, bool> cases[] = {
-      {nullptr, ".lock", false}, {"the user's", ".lock1", true}, {"", ".lock1", true}, {"chart file lock\n", ".lock", false}};
+  const std::tuple<const char*, const char*, bool> cases[] = {{nullptr, ".lock", false},
+                                                              {"the user's", ".lock1", true},
+                                                              {"", ".lock1", true},
+                                                              {"chart file lock\n", ".lock", false}};
   for (const auto& [before, ending, stays] : cases) {
     if (before != nullptr) PutFile(name + ".lock", before);
     {
@@ -149,7 +151,8 @@ TEST_F(FileSystemPosixTest, TheLogIsAppendedToThroughNoLink) {
   std::filesystem::create_symlink("private", folder / "soft");
   std::filesystem::create_symlink("nowhere", folder / "dangling");
   std::filesystem::create_hard_link(folder / "private", folder / "hard");
-  for (const char* name : {"soft", "dangling", "hard"}) EXPECT_EQ(ErrorOf([&] { files.Append(folder / name, "x"); }, name), 75);
+  for (const char* name : {"soft", "dangling", "hard"})
+    EXPECT_EQ(ErrorOf([&] { files.Append(folder / name, "x"); }, name), 75);
   EXPECT_EQ(FileBytes(folder / "private"), "key");
   EXPECT_FALSE(files.FileExists(folder / "nowhere"));
 }

@@ -56,14 +56,19 @@ class MemoryOutput : public OutputFile {
 class MemorySideFile : public SideFile {
  public:
   MemorySideFile(MemoryFileSystem& files, std::string target, std::string name, std::string shown)
-      : files_(files), target_(std::move(target)), name_(std::move(name)), shown_(std::move(shown)),
+      : files_(files),
+        target_(std::move(target)),
+        name_(std::move(name)),
+        shown_(std::move(shown)),
         node_(files.NodeOf(name_)) {}
   ~MemorySideFile() override {
     if (!kept_ && HasItsName()) files_.Remove(name_);
   }
   const std::string& Name() const override { return name_; }
   bool HasItsName() const override { return files_.Has(name_) && files_.NodeOf(name_) == node_; }
-  std::unique_ptr<OutputFile> OpenForWriting() override { return std::make_unique<MemoryOutput>(files_, node_, shown_); }
+  std::unique_ptr<OutputFile> OpenForWriting() override {
+    return std::make_unique<MemoryOutput>(files_, node_, shown_);
+  }
   std::unique_ptr<InputFile> OpenForReading() override { return std::make_unique<MemoryInput>(files_, node_); }
   DiskSpace AppendAndMeasure(std::string_view bytes) override {
     if (!HasItsName()) throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");

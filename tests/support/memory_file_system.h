@@ -44,7 +44,9 @@ class MemoryFileSystem : public FileSystem {
   /// Names of devices and pipes.
   std::set<std::string> devices;
 
-  [[nodiscard]] bool FileExists(const std::string& name) override { return !name.empty() && (Has(name) || devices.contains(Key(name))); }
+  [[nodiscard]] bool FileExists(const std::string& name) override {
+    return !name.empty() && (Has(name) || devices.contains(Key(name)));
+  }
   [[nodiscard]] bool FolderExists(const std::string& name) override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading(const std::string& name) override;
   void Append(const std::string& name, std::string_view bytes) override;
@@ -73,7 +75,6 @@ class MemoryFileSystem : public FileSystem {
   void Ask(const std::string& operation, const std::string& name, const std::string& shown = {}) const;
 
  private:
-
   std::map<std::string, std::shared_ptr<Node>> nodes_;
   std::string brokenOperation_, brokenNameStart_;
   int brokenNumber_ = 0;

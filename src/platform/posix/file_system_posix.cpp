@@ -12,8 +12,8 @@
 #include "platform/posix/open_file.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/posix_path.h"
-#include "platform/run_time_error.h"
 #include "platform/posix/side_file_posix.h"
+#include "platform/run_time_error.h"
 
 namespace chartproject {
 

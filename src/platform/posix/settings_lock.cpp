@@ -44,9 +44,9 @@ SettingsLock::SettingsLock(const std::string& folder, bool patient) : file_(Open
   for (int tries = 1; flock(file_.Number(), LOCK_EX | LOCK_NB) != 0; ++tries) {
     if (errno != EWOULDBLOCK && errno != EINTR) return;
     if (!patient || tries == kMostTries || KeyboardSignals::Received() != signalsBefore) {
-      throw RunTimeError(error_number::kPermissionDenied,
-                         "The settings are not stored, because another program holds the lock on them: " + folder +
-                             "/lock");
+      throw RunTimeError(
+          error_number::kPermissionDenied,
+          "The settings are not stored, because another program holds the lock on them: " + folder + "/lock");
     }
     nanosleep(&kBetweenTries, nullptr);
   }

@@ -13,8 +13,8 @@ namespace chartproject {
 
 /// File "Kestrel v5.60.ini", UTF-8, "[section]" and "key=value". A backslash in a value is written "\\", a leading
 /// blank "\s", a line end "\n"; comments and the keys of others are kept. Every Write replaces the file in one atomic
-/// step. The file is read again whenever another program has changed it. Settings whose Write failed are kept, and stored
-/// with the next one.
+/// step. The file is read again whenever another program has changed it. Settings whose Write failed are kept, and
+/// stored with the next one.
 class SettingsStoreIni : public SettingsStore {
  public:
   /// @param folder where the file is kept; made with the first Write

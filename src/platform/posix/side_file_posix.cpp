@@ -69,7 +69,8 @@ bool IsFixed(int folder, const char* path, int flags) {
 SideFilePosix::SideFilePosix(const SideFileRequest& request)
     : target_(PosixPath(request.target)), file_([&] {
         const FileRights rights = request.rights.known ? request.rights : RightsOfPosix(target_);
-        Descriptor file = MakeFile(request, target_, rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode, name_);
+        Descriptor file =
+            MakeFile(request, target_, rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode, name_);
         if (fstat(file.Number(), &own_) == 0 && rights.known) GiveRights(file, rights, own_);
         return file;
       }()) {

@@ -35,9 +35,9 @@ class SideFilePosix : public SideFile {
   std::string target_;
   std::string name_;
   std::string shownName_;  ///< for errors
-  struct stat own_ {};      ///< when it was made; set while file_ is
+  struct stat own_ {};     ///< when it was made; set while file_ is
   Descriptor file_;
-  bool numbersLast_ = true;     ///< false on a file system that numbers a file anew each time it is asked
+  bool numbersLast_ = true;  ///< false on a file system that numbers a file anew each time it is asked
   bool kept_ = false;
 };
 

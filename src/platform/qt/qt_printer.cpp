@@ -2,6 +2,7 @@
 #include "platform/qt/qt_printer.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
 #include <QPageLayout>
@@ -118,7 +119,7 @@ void QtPrinter::PaintPicture(const Bitmap& picture, double x, double y, double w
 
 void QtPrinter::PaintPictureFile(const std::string& fileName, double x, double y) {
   const QString name = FileNameToQt(fileName);
-  if (!QFile::exists(name)) throw RunTimeError(error_number::kFileNotFound, "File not found: " + fileName);
+  if (!QFileInfo(name).isFile()) throw RunTimeError(error_number::kFileNotFound, "File not found: " + fileName);
   QImageReader reader(name);
   QImage largest;
   do {  // an icon file holds its picture in several sizes

@@ -42,8 +42,8 @@ class QtPrinter : public Printer {
   void FinishFile();
 
   PdfNameSource askForPdfName_;
-  std::string fileName_;  ///< chosen for all documents
-  std::string target_;    ///< PDF file of this document; empty for paper
+  std::string fileName_;            ///< chosen for all documents
+  std::string target_;              ///< PDF file of this document; empty for paper
   std::unique_ptr<PartFile> part_;  ///< of the PDF file
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;

@@ -14,7 +14,6 @@ inline constexpr std::uint64_t kLargestBiff8Workbook = 0x7F000000;
 inline constexpr int kMostBiff8Sheets = 1000;
 
 /// @param targetName the file to be saved; rows wait in an unnamed file in its folder
-[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeBiff8Writer(const std::string& targetName,
-                                                              const FileRights& rights);
+[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeBiff8Writer(const std::string& targetName, const FileRights& rights);
 
 }  // namespace chartproject

@@ -10,7 +10,6 @@ namespace chartproject {
 
 /// UTF-8, lines ended by CR LF, full stop as decimal separator, texts quoted where they must be; the sheets follow each
 /// other without a mark, for they exist only because a sheet's rows are limited.
-[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName,
-                                                              const FileRights& rights);
+[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName, const FileRights& rights);
 
 }  // namespace chartproject

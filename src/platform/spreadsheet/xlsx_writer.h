@@ -8,7 +8,6 @@
 
 namespace chartproject {
 
-[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeXlsxWriter(const std::string& targetName,
-                                                              const FileRights& rights);
+[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeXlsxWriter(const std::string& targetName, const FileRights& rights);
 
 }  // namespace chartproject

@@ -62,7 +62,8 @@ std::string Win32FileSystem::ResolveLink(const std::string& name) {
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return name;
   const OwnedFile file = OpenOnDisk(name, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING);
   std::wstring path(GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
-  path.resize(GetFinalPathNameByHandleW(file.Get(), path.data(), static_cast<DWORD>(path.size()), FILE_NAME_NORMALIZED));
+  path.resize(
+      GetFinalPathNameByHandleW(file.Get(), path.data(), static_cast<DWORD>(path.size()), FILE_NAME_NORMALIZED));
   return path.empty() ? name : ToUtf8(WithoutLongNamePrefix(path));
 }
 

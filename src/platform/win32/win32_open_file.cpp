@@ -39,9 +39,7 @@ class Win32InputFile : public InputFile {
     return got;
   }
   void Seek(std::uint64_t offset) override { SeekTo(file_.Get(), offset, name_); }
-  FileIdentity Identity() override {
-    return IdentityOf(file_.Get(), name_);
-  }
+  FileIdentity Identity() override { return IdentityOf(file_.Get(), name_); }
 
  private:
   std::string name_;
@@ -66,8 +64,7 @@ class Win32OutputFile : public OutputFile {
 
 }  // namespace
 
-OwnedFile OpenOnDisk(const std::string& name, DWORD access, DWORD share, DWORD disposition, DWORD flags,
-                     int patience) {
+OwnedFile OpenOnDisk(const std::string& name, DWORD access, DWORD share, DWORD disposition, DWORD flags, int patience) {
   const std::wstring wide = ToWide(name);
   for (int tries = 0;; ++tries) {
     OwnedFile file(
