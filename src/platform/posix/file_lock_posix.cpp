@@ -3,11 +3,11 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <utility>
 
 #include "platform/posix/file_system_posix.h"

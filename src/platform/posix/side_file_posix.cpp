@@ -161,7 +161,7 @@ std::string ResolveLinkPosix(const std::string& name) {
     const ssize_t length = readlink(path.c_str(), leadsTo.data(), leadsTo.size());
     if (length < 0) throw FileError(errno, name);
     leadsTo.resize(static_cast<std::size_t>(length));
-    path = leadsTo.starts_with('/') ? leadsTo : FolderOf(path) + "/" + leadsTo;
+    path = leadsTo.starts_with('/') ? leadsTo : FolderOf(path).append("/").append(leadsTo);
   }
   throw FileError(ELOOP, name);
 }
