@@ -110,13 +110,12 @@ class Biff8Writer : public WorkbookWriter {
   }
 
   void WriteContainer(const std::string& partName, const std::string& fileName) const {
-    GError* error = nullptr;
-    OutputObject sink(gsf_output_stdio_new(partName.c_str(), &error));
-    if (!sink) {
-      const std::string reason = error != nullptr ? error->message : "cannot be written";
-      g_clear_error(&error);
-      throw RunTimeError(error_number::kPathFileAccess, fileName + ": " + reason);
-    }
+    // Opened here: by name, the library would put another file in the part's place.
+    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(partName.c_str(), "wbe"));
+    if (!file) throw FileError(errno, fileName);
+    const OutputObject sink(gsf_output_stdio_new_FILE(partName.c_str(), file.get(), FALSE));
+    if (!sink) throw FileError(ENOMEM, fileName);
+    (void)file.release();  // closed by the sink
     errno = 0;
     const std::unique_ptr<GsfOutfile, ObjectReleaser> container(gsf_outfile_msole_new(sink.get()));
     const OutputObject stream(gsf_outfile_new_child(container.get(), "Workbook", FALSE));
