@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <iostream>
 
-#include "chart/chart_form.h"
-#include "chart/chart_source.h"
-#include "chart/scroll_range.h"
-#include "platform/posix/file_system_posix.h"
+#include "backends/posix/file_system_posix.h"
+#include "chart/file/chart_source.h"
+#include "chart/window/chart_form.h"
+#include "chart/window/scroll_range.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

@@ -9,8 +9,8 @@
 #include <fstream>
 
 #include "acquire/acquire_form.h"
-#include "acquire/chart_file.h"
-#include "platform/posix/file_system_posix.h"
+#include "backends/posix/file_system_posix.h"
+#include "recording/chart_file.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

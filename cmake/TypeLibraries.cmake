@@ -1,5 +1,5 @@
 # Interfaces and type libraries from IDL by mingw's widl, standing on base types of our own (no headers of others).
-set(CHARTPROJECT_IDL_DIR "${CMAKE_SOURCE_DIR}/src/platform/win32/com")
+set(CHARTPROJECT_IDL_DIR "${CMAKE_SOURCE_DIR}/src/backends/win32/com")
 set(CHARTPROJECT_IDL_OUT "${CMAKE_BINARY_DIR}/idl")
 set(CHARTPROJECT_WIDL_CALL ${CHARTPROJECT_WIDL} -m32 --nostdinc "-I${CHARTPROJECT_IDL_DIR}"
                            "-I${CMAKE_SOURCE_DIR}/src/links/com" -L "${CHARTPROJECT_IDL_OUT}")

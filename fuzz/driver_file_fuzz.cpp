@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "backends/headless/code_page_1252.h"
 #include "drive/driver_file.h"
 #include "drive/unit_codes.h"
-#include "platform/headless/code_page_1252.h"
 #include "platform/run_time_error.h"
 
 using namespace chartproject;

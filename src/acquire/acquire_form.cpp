@@ -3,9 +3,9 @@
 
 #include "common/error_log.h"
 #include "common/form_appearance.h"
-#include "common/form_translation.h"
 #include "common/sounds.h"
-#include "common/text.h"
+#include "common/texts/form_translation.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 

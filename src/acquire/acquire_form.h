@@ -10,12 +10,12 @@
 #include <string_view>
 
 #include "acquire/acquisition_run.h"
-#include "acquire/component.h"
 #include "acquire/event_watch.h"
 #include "acquire/stopwatch.h"
-#include "common/extra_texts.h"
+#include "common/texts/extra_texts.h"
 #include "forms/controls.h"
 #include "forms/form.h"
+#include "recording/component.h"
 
 namespace chartproject {
 

@@ -2,8 +2,8 @@
 #include "acquire/acquire_form.h"
 #include "acquire/input_rules.h"
 #include "common/folder_scope.h"
-#include "common/message_table.h"
-#include "common/text.h"
+#include "common/texts/message_table.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 

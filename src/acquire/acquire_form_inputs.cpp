@@ -2,10 +2,10 @@
 #include "acquire/acquire_form.h"
 #include "acquire/form_messages.h"
 #include "acquire/input_rules.h"
-#include "acquire/trigger_events.h"
 #include "common/message_box.h"
-#include "common/message_table.h"
-#include "common/numbers.h"
+#include "common/texts/message_table.h"
+#include "common/values/numbers.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 

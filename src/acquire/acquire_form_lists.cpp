@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "acquire/acquire_form.h"
-#include "acquire/trigger_events.h"
 #include "common/message_box.h"
-#include "common/message_table.h"
-#include "common/numbers.h"
+#include "common/texts/message_table.h"
+#include "common/values/numbers.h"
 #include "drive/driver_file.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "acquire/acquire_form.h"
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "forms/form_host.h"
 
 namespace chartproject {

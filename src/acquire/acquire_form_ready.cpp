@@ -2,8 +2,8 @@
 #include "acquire/acquire_form.h"
 #include "acquire/input_rules.h"
 #include "acquire/run_texts.h"
-#include "acquire/trigger_events.h"
-#include "common/numbers.h"
+#include "common/values/numbers.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 

@@ -5,14 +5,14 @@
 #include "acquire/form_messages.h"
 #include "acquire/input_rules.h"
 #include "acquire/run_texts.h"
-#include "acquire/trigger_events.h"
-#include "common/extra_texts.h"
 #include "common/message_box.h"
-#include "common/message_table.h"
-#include "common/numbers.h"
 #include "common/sounds.h"
+#include "common/texts/extra_texts.h"
+#include "common/texts/message_table.h"
+#include "common/values/numbers.h"
 #include "forms/flag_scope.h"
 #include "forms/form_host.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "drive/display_value.h"
 #include "drive/parameter_read.h"
 #include "forms/flag_scope.h"

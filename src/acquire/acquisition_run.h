@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "acquire/chart_file.h"
-#include "acquire/chart_file_writer.h"
-#include "acquire/component.h"
+#include "recording/chart_file.h"
+#include "recording/chart_file_writer.h"
+#include "recording/component.h"
 
 namespace chartproject {
 

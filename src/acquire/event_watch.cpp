@@ -1,8 +1,8 @@
 // How each event is looked for on the drive.
 #include "acquire/event_watch.h"
 
-#include "acquire/trigger_events.h"
 #include "drive/parameter_read.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 

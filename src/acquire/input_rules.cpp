@@ -6,7 +6,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 
 namespace chartproject {
 

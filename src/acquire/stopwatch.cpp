@@ -1,7 +1,7 @@
 // Seconds carried into minutes, hours and days.
 #include "acquire/stopwatch.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 
 namespace chartproject {
 

@@ -1,8 +1,8 @@
 // Run-time errors to the log file and to the user.
 #include "common/error_log.h"
 
-#include "common/environment.h"
-#include "common/text.h"
+#include "common/environment/environment.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 

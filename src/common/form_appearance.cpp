@@ -1,8 +1,8 @@
 // Cursor and icon files of the graphics folder.
 #include "common/form_appearance.h"
 
-#include "common/environment.h"
-#include "common/text.h"
+#include "common/environment/environment.h"
+#include "common/values/text.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 

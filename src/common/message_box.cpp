@@ -1,7 +1,7 @@
 // Message boxes with title, help folder and Help button.
 #include "common/message_box.h"
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
 #include "common/folder_scope.h"
 
 namespace chartproject {

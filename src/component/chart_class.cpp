@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "acquire/acquire_form.h"
-#include "chart/show_chart.h"
+#include "chart/window/show_chart.h"
+#include "common/environment/language.h"
+#include "common/environment/settings_io.h"
 #include "common/error_log.h"
-#include "common/language.h"
-#include "common/settings_io.h"
 #include "drive/drive_table.h"
 
 namespace chartproject {

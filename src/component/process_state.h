@@ -5,7 +5,7 @@
 #include <mutex>
 #include <string>
 
-#include "acquire/component.h"
+#include "recording/component.h"
 
 namespace chartproject {
 

@@ -1,7 +1,7 @@
 // The rules by model.
 #include "drive/display_value.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "drive/drive_context.h"
 #include "drive/drive_models.h"
 

@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "common/line_reader.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/line_reader.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/drive_context.h"
 #include "platform/run_time_error.h"
 

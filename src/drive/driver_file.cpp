@@ -5,10 +5,10 @@
 #include <array>
 #include <utility>
 
-#include "common/line_reader.h"
 #include "common/message_box.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/line_reader.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/drive_context.h"
 #include "drive/unit_codes.h"
 #include "platform/run_time_error.h"

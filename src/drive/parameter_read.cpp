@@ -1,7 +1,7 @@
 // The special cases by model, in the order in which they are tested.
 #include "drive/parameter_read.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "drive/drive_context.h"
 #include "drive/drive_models.h"
 #include "platform/run_time_error.h"

@@ -3,10 +3,10 @@
 
 #include <array>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
 #include "common/message_box.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 

@@ -4,10 +4,10 @@
 #include <csignal>
 #include <iostream>
 
-#include "common/environment.h"
-#include "host/arguments.h"
-#include "host/command.h"
-#include "host/session.h"
+#include "common/environment/environment.h"
+#include "host/commands/arguments.h"
+#include "host/commands/command.h"
+#include "host/session/session.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

@@ -1,7 +1,7 @@
 // The link's side of the replay.
 #include "links/scenario_link.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 
 namespace chartproject {
 

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <optional>
 
-#include "common/line_reader.h"
+#include "common/values/line_reader.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

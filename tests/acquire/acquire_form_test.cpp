@@ -3,8 +3,8 @@
 #include "acquire/input_rules.h"
 #include "acquire/run_texts.h"
 #include "acquire/stopwatch.h"
-#include "acquire/trigger_events.h"
 #include "dialog_fixture.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 namespace {

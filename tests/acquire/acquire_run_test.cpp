@@ -1,9 +1,9 @@
 // Recordings from Start to chart file: what the window shows, early ends, failures. The event watch before them: each
 // test, the blinking lamp, the question, and moments to the millisecond from scripted plants.
 #include "acquire/event_watch.h"
-#include "acquire/trigger_events.h"
 #include "dialog_fixture.h"
 #include "links/scenario_link.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 namespace {

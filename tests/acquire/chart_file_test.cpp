@@ -1,9 +1,9 @@
 // Reading chart files, good and bad, and writing them: exact bytes, and no row lost when a write fails.
-#include "acquire/chart_file.h"
+#include "recording/chart_file.h"
 
-#include "acquire/chart_file_writer.h"
-#include "acquire/trigger_events.h"
 #include "gmock/gmock.h"
+#include "recording/chart_file_writer.h"
+#include "recording/trigger_events.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

@@ -1,14 +1,14 @@
 // The chart control: properties and their limits, data, pointer, cursors, requests to paint, the copied picture;
 // what it says of points: times across midnight, differences, gaps, the scan time in its units.
-#include "chart/chart_control.h"
+#include "chart/window/chart_control.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
 #include <limits>
 
-#include "chart/readout.h"
 #include "chart/recording_canvas.h"
+#include "chart/window/readout.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
 

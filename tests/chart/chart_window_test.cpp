@@ -1,9 +1,9 @@
 // The chart window on the headless back end: opening, scrolling, scales, switches, notices, printing.
 #include <gmock/gmock.h>
 
-#include "chart/chart_form.h"
 #include "chart/recording_canvas.h"
-#include "chart/show_chart.h"
+#include "chart/window/chart_form.h"
+#include "chart/window/show_chart.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
 

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <limits>
 
-#include "chart/chart_source.h"
-#include "chart/field_value.h"
-#include "chart/scroll_range.h"
-#include "chart/slice_reader.h"
+#include "chart/file/chart_source.h"
+#include "chart/file/slice_reader.h"
+#include "chart/window/scroll_range.h"
+#include "recording/field_value.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

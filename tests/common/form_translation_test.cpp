@@ -1,9 +1,9 @@
 // A form with a control of every kind, through the translation once and twice.
-#include "common/form_translation.h"
+#include "common/texts/form_translation.h"
 
 #include <gmock/gmock.h>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
 #include "common/error_log.h"
 #include "forms/controls.h"
 #include "forms/form.h"

@@ -4,15 +4,15 @@
 
 #include <set>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
+#include "common/environment/language.h"
+#include "common/environment/settings_io.h"
+#include "common/environment/settings_table.h"
 #include "common/error_log.h"
-#include "common/extra_texts.h"
-#include "common/language.h"
 #include "common/message_box.h"
-#include "common/message_table.h"
-#include "common/settings_io.h"
-#include "common/settings_table.h"
 #include "common/sounds.h"
+#include "common/texts/extra_texts.h"
+#include "common/texts/message_table.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
 

@@ -1,9 +1,9 @@
 // Texts to numbers and back, in locales of all kinds; files into lines.
 #include <gmock/gmock.h>
 
-#include "common/line_reader.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/line_reader.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "support/error_of.h"
 #include "support/memory_file_system.h"
 

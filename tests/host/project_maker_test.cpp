@@ -1,9 +1,9 @@
 // The ready project: the system loads all of it without a complaint, and the user's own files stay.
-#include "host/project_maker.h"
+#include "host/project/project_maker.h"
 
 #include <gmock/gmock.h>
 
-#include "common/settings_io.h"
+#include "common/environment/settings_io.h"
 #include "drive/drive_context.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"

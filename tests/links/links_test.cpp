@@ -5,7 +5,7 @@
 #include <cmath>
 #include <set>
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "drive/drive_models.h"
 #include "drive/drive_status.h"
 #include "drive/unit_codes.h"

@@ -6,11 +6,11 @@
 
 #include "acquire/acquire_form.h"
 #include "acquire/dialog_fixture.h"
-#include "platform/posix/clock_posix.h"
-#include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_form_host.h"
-#include "platform/qt/qt_help.h"
-#include "platform/qt/qt_keyboard.h"
+#include "backends/posix/clock_posix.h"
+#include "backends/qt/forms/qt_form_host.h"
+#include "backends/qt/qt_dialogs.h"
+#include "backends/qt/qt_help.h"
+#include "backends/qt/qt_keyboard.h"
 #include "qt/user.h"
 
 namespace chartproject {

@@ -8,9 +8,9 @@
 #include <QTest>
 #include <QWidget>
 
-#include "chart/chart_form.h"
-#include "host/project_maker.h"
-#include "host/start_form.h"
+#include "chart/window/chart_form.h"
+#include "host/project/project_maker.h"
+#include "host/window/start_form.h"
 #include "links/simulated_link.h"
 #include "qt/dialog_window.h"
 

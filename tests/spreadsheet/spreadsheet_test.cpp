@@ -1,6 +1,6 @@
 // The embedded spreadsheet application: which cells become numbers, what is refused, and files that appear only whole.
 // Exported workbooks, read back by programs that nobody here wrote and compared cell by cell with the chart file.
-#include "platform/spreadsheet/embedded_spreadsheet.h"
+#include "backends/spreadsheet/embedded_spreadsheet.h"
 
 #include <gmock/gmock.h>
 
@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "acquire/chart_file.h"
-#include "chart/excel_export.h"
-#include "platform/posix/file_system_posix.h"
+#include "backends/posix/file_system_posix.h"
+#include "backends/spreadsheet/biff8_records.h"
+#include "chart/output/excel_export.h"
 #include "platform/run_time_error.h"
-#include "platform/spreadsheet/biff8_records.h"
 #include "platform/temporary_folder.h"
+#include "recording/chart_file.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"

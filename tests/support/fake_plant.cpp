@@ -1,7 +1,7 @@
 // The fake plant's link.
 #include "support/fake_plant.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

@@ -4,14 +4,14 @@
 #include <array>
 #include <utility>
 
+#include "backends/win32/com/class_factory.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/com_ref.h"
+#include "backends/win32/com/registration.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/registry_text.h"
 #include "drive/drive_models.h"
 #include "links/com/com_drive_link.h"
-#include "platform/win32/com/class_factory.h"
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/com_ref.h"
-#include "platform/win32/com/registration.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry_text.h"
 
 #include <chart_project.h>
 

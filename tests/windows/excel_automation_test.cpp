@@ -6,12 +6,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/win32/com/excel_automation.h"
-#include "platform/win32/com/registration.h"
-#include "platform/win32/com_module.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/excel_automation.h"
+#include "backends/win32/com/registration.h"
+#include "backends/win32/com_module.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
 #include "windows/fake_excel.h"
 #include "windows/form_driver.h"
 

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/com/class_factory.h"
-#include "platform/win32/com/com_ref.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/class_factory.h"
+#include "backends/win32/com/com_ref.h"
+#include "backends/win32/wide_text.h"
 
 namespace chartproject::testing {
 namespace {

@@ -3,16 +3,16 @@
 
 #include <cstring>
 
+#include "backends/win32/com_module.h"
+#include "backends/win32/disk_space.h"
+#include "backends/win32/drawing/gdiplus_renderer.h"
+#include "backends/win32/drawing/win32_clipboard.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/registry_settings.h"
+#include "backends/win32/small_ports.h"
+#include "backends/win32/win32_code_page.h"
+#include "backends/win32/win32_file_system.h"
 #include "platform/run_time_error.h"
-#include "platform/win32/com_module.h"
-#include "platform/win32/disk_space.h"
-#include "platform/win32/gdiplus_renderer.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry_settings.h"
-#include "platform/win32/small_ports.h"
-#include "platform/win32/win32_clipboard.h"
-#include "platform/win32/win32_code_page.h"
-#include "platform/win32/win32_file_system.h"
 #include "support/error_of.h"
 #include "windows/form_driver.h"
 

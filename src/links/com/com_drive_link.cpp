@@ -3,11 +3,11 @@
 
 #include <array>
 
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/com_ref.h"
-#include "platform/win32/com/registration.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/com_ref.h"
+#include "backends/win32/com/registration.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
 
 #include <drive_link.h>
 #include <drive_link_sim.h>

@@ -3,15 +3,15 @@
 #include <memory>
 #include <string>
 
+#include "backends/win32/com/automation_object.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/server_module.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/small_ports.h"
+#include "backends/win32/wide_text.h"
+#include "backends/win32/win32_file_system.h"
 #include "links/scenario_link.h"
 #include "links/simulated_link.h"
-#include "platform/win32/com/automation_object.h"
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/server_module.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/small_ports.h"
-#include "platform/win32/wide_text.h"
-#include "platform/win32/win32_file_system.h"
 
 #include <drive_link.h>
 #include <drive_link_sim.h>

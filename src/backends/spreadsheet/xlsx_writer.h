@@ -1,0 +1,12 @@
+// Writes the modern workbook (Office Open XML).
+#pragma once
+
+#include <memory>
+
+#include "backends/spreadsheet/workbook_writer.h"
+
+namespace chartproject {
+
+[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeXlsxWriter(const std::string& targetName);
+
+}  // namespace chartproject

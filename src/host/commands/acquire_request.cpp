@@ -1,0 +1,132 @@
+// Filling the acquisition dialog as a user would: choosing in lists, typing in fields, pressing buttons.
+#include "host/commands/acquire_request.h"
+
+#include <functional>
+
+#include "acquire/input_rules.h"
+#include "common/values/numbers.h"
+#include "host/commands/command.h"
+#include "recording/trigger_events.h"
+
+namespace chartproject {
+
+namespace {
+
+class FormFiller {
+ public:
+  FormFiller(AcquireForm& form, const AcquireRequest& request, const ConsoleDialogs& boxes)
+      : form_(form), request_(request), boxes_(boxes) {}
+
+  void Fill() {
+    form_.rtfFileName.SetText(request_.fileName);
+    // A file that is already there brings its own settings along; the recording is to be the one that was asked for.
+    form_.cmdReset.Press();
+    if (!request_.address.empty()) ChooseDrive();
+    CheckDriver();
+    ChooseParameters();
+    if (request_.every) TypeTime();
+    if (!request_.points.empty()) Type("--points", form_.txtNumberOfPoints, request_.points);
+    if (!request_.trigger.empty()) ChooseTrigger();
+  }
+
+  void Press() {
+    CommandButton& button = request_.trigger.empty() ? form_.cmdStart : form_.cmdTrigger;
+    if (!button.EffectivelyVisible()) throw RefusedError(form_.lblHint.Caption());
+    Asked("the recording", [&] { button.Press(); });
+  }
+
+ private:
+  /// Runs a step; a message box that it brings up is a refusal whose text the user has just read.
+  void Asked(const std::string& what, const std::function<void()>& step) {
+    const int boxes = boxes_.Count();
+    const int errors = boxes_.ErrorCount();
+    step();
+    if (boxes_.Count() == boxes || form_.Run().Active()) return;
+    if (boxes_.ErrorCount() > errors) throw StepFailed(what + " failed");
+    throw RefusedError(what + " was refused");
+  }
+
+  void Type(const std::string& option, TextControl& field, const std::string& text) {
+    Asked(option, [&] { field.SetText(text); });
+    if (field.Text() != text) throw RefusedError(option + ": \"" + text + "\" is not accepted");
+  }
+
+  static int Find(const std::string& option, const ComboBox& list, const std::string& item,
+                  const std::string& refusal) {
+    for (int index = 0; index < list.ListCount(); ++index) {
+      if (list.List(index) == item) return index;
+    }
+    throw RefusedError(option + ": " + refusal);
+  }
+
+  void Choose(const std::string& option, ComboBox& list, const std::string& item, const std::string& refusal) {
+    const int index = Find(option, list, item, refusal);
+    Asked(option, [&] { list.SetListIndex(index); });
+  }
+
+  void ChooseDrive() {
+    const std::string address = FormatDigits(ParseNumber(request_.address, "--address", 0, kLastDriveAddress), 2);
+    form_.cboDriveAddress.SetListIndex(
+        Find("--address", form_.cboDriveAddress, address, "there is no drive " + address));
+  }
+
+  /// A driver file may have told of faulty lines and be good for the rest; one that is missing leaves the lists empty.
+  void CheckDriver() const {
+    const std::string drive = form_.cboDriveAddress.Text();
+    if (!drive.empty() && form_.cboPXXX1.ListCount() == 0) {
+      throw StepFailed("drive " + drive + ": there is no driver file that names its parameters");
+    }
+  }
+
+  void ChooseParameters() {
+    Choose("--parameters", form_.cboNumberOfParameters, std::to_string(request_.parameters.size()),
+           "one to four parameters are recorded");
+    const std::array lists{&form_.cboPXXX1, &form_.cboPXXX2, &form_.cboPXXX3, &form_.cboPXXX4};
+    for (std::size_t column = 0; column < request_.parameters.size(); ++column) {
+      ChooseParameter("--parameters", *lists[column], request_.parameters[column]);
+    }
+  }
+
+  void ChooseParameter(const std::string& option, ComboBox& list, const std::string& text) {
+    const std::string number = FormatDigits(ParseNumber(text, option, 0, kParameterCount - 1), 3);
+    const std::string drive = form_.cboDriveAddress.Text();
+    Choose(option, list, number,
+           drive.empty() ? "choose a drive with --address first" : "drive " + drive + " has no parameter P" + number);
+  }
+
+  void TypeTime() {
+    const TimeBetweenPoints& every = *request_.every;
+    Asked("--every", [&] { form_.cboTimeBetweenPointsUnit.SetListIndex(every.unit); });
+    TextControl& field = every.unit == time_unit::kHoursMinutesSeconds
+                             ? static_cast<TextControl&>(form_.mebTimeBetweenPoints)
+                             : form_.txtTimeBetweenPoints;
+    field.SetFocus();
+    Type("--every", field, every.text);
+    // Some rules are settled on leaving the field.
+    Asked("--every", [&] { form_.txtNumberOfPoints.SetFocus(); });
+  }
+
+  void ChooseTrigger() {
+    const int event = EventPosition(request_.trigger);
+    if (event < 0) throw RefusedError("--trigger: there is no event \"" + request_.trigger + "\"");
+    form_.cboTriggerMode.SetListIndex(kTriggerByEvent);
+    Asked("--trigger", [&] { form_.cboEvent.SetListIndex(event); });
+    if (!IsCompareEvent(event)) return;
+    ChooseParameter("--compare", form_.cboPXXX, request_.compare);
+    if (!request_.content.empty()) Type("--content", form_.txtContent, request_.content);
+  }
+
+  AcquireForm& form_;
+  const AcquireRequest& request_;
+  const ConsoleDialogs& boxes_;
+};
+
+}  // namespace
+
+void FillAndStart(AcquireForm& form, const AcquireRequest& request, const ConsoleDialogs& boxes) {
+  FormFiller filler(form, request, boxes);
+  filler.Fill();
+  filler.Press();
+}
+
+}  // namespace chartproject

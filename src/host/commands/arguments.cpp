@@ -1,0 +1,57 @@
+// Reading values of the command line; what does not fit is refused with an example of what does.
+#include "host/commands/arguments.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <filesystem>
+#include <regex>
+
+#include "acquire/input_rules.h"
+#include "host/commands/command.h"
+
+namespace chartproject {
+
+TimeBetweenPoints ParseTimeBetweenPoints(const std::string& text) {
+  static const std::regex kClockTime("[0-9]{2}:[0-9]{2}:[0-9]{2}");
+  static const std::regex kNumber("([0-9]{1,9})(ms|s)");
+  std::smatch match;
+  if (std::regex_match(text, kClockTime)) return {time_unit::kHoursMinutesSeconds, text};
+  if (std::regex_match(text, match, kNumber)) {
+    return {match[2] == "ms" ? time_unit::kMilliseconds : time_unit::kSeconds, match[1]};
+  }
+  throw RefusedError("--every: \"" + text + "\" is no time; write for example 200ms, 2s or 00:00:05");
+}
+
+DateTime ParseDateTime(const std::string& text) {
+  static const std::regex kPattern("([0-9]{4})-([0-9]{2})-([0-9]{2})[ T]([0-9]{2}):([0-9]{2}):([0-9]{2})");
+  std::smatch match;
+  if (std::regex_match(text, match, kPattern)) {
+    const auto number = [&](std::size_t group) { return std::stoi(match[group]); };
+    const DateTime moment{number(1), number(2), number(3), number(4), number(5), number(6), 0};
+    const std::chrono::year_month_day date{std::chrono::year(moment.year),
+                                           std::chrono::month(static_cast<unsigned>(moment.month)),
+                                           std::chrono::day(static_cast<unsigned>(moment.day))};
+    if (date.ok() && moment.hour < 24 && moment.minute < 60 && moment.second < 60) return moment;
+  }
+  throw RefusedError("\"" + text + "\" is no date and time; write for example \"2026-01-31 08:00:00\"");
+}
+
+int ParseNumber(const std::string& text, const std::string& option, int least, int most) {
+  int number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || number < least || number > most) {
+    throw RefusedError(option + ": \"" + text + "\" is no whole number from " + std::to_string(least) + " to " +
+                       std::to_string(most));
+  }
+  return number;
+}
+
+std::string FullName(const std::string& name) {
+  if (name.empty()) return name;
+  std::string path = name;
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return std::filesystem::absolute(path).lexically_normal().string();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,47 @@
+// One command of the program: its options, and what it does.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+#include "host/session/exit_code.h"
+
+namespace chartproject {
+
+class Session;
+
+class Command {
+ public:
+  virtual ~Command() = default;
+  /// Adds the subcommand with its options, which are parsed into this object. @return the subcommand
+  virtual CLI::App* AddTo(CLI::App& program) = 0;
+  /// Does the work. Throws RunTimeError (exit code 1) or RefusedError (exit code 2).
+  [[nodiscard]] virtual ExitCode Run(Session& session) = 0;
+};
+
+/// Wrong usage that only shows while a command works.
+class RefusedError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Each is defined in its own command_*.cpp.
+[[nodiscard]] std::unique_ptr<Command> MakeInitCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeSettingsCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeDrivesCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeReadCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeAcquireCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeInfoCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeViewCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeRenderCommand();
+[[nodiscard]] std::unique_ptr<Command> MakePrintCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeExportCommand();
+/// What runs without a command: the start window. It adds no subcommand.
+[[nodiscard]] std::unique_ptr<Command> MakeStartCommand();
+
+/// All commands in the order of the help text; the last one runs when none is named.
+[[nodiscard]] std::vector<std::unique_ptr<Command>> AllCommands();
+
+}  // namespace chartproject

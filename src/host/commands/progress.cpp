@@ -1,0 +1,76 @@
+// Progress as text.
+#include "host/commands/progress.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace chartproject {
+
+namespace {
+
+constexpr auto kLeastTimeBetween = std::chrono::milliseconds(100);
+constexpr int kBarWidth = 24;
+constexpr std::int64_t kMinute = 60;
+constexpr std::int64_t kHour = 3600;
+
+std::string TimeLeft(std::int64_t seconds) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%02lld:%02lld:%02lld", static_cast<long long>(seconds / kHour),
+                static_cast<long long>(seconds / kMinute % kMinute), static_cast<long long>(seconds % kMinute));
+  return text.data();
+}
+
+}  // namespace
+
+std::string ProgressText(std::int64_t done, std::int64_t total, double rate) {
+  const std::int64_t percent = total > 0 ? done * 100 / total : 100;
+  std::string text = std::to_string(done) + "/" + std::to_string(total) + " (" + std::to_string(percent) + " %)";
+  if (rate > 0) {
+    std::array<char, 64> speed{};
+    std::snprintf(speed.data(), speed.size(), rate < 100 ? ", %.1f points/s, " : ", %.0f points/s, ", rate);
+    text +=
+        speed.data() + TimeLeft(static_cast<std::int64_t>(static_cast<double>(total - done) / rate + 0.5)) + " left";
+  }
+  return text;
+}
+
+std::string ProgressBarText(std::int64_t done, std::int64_t total, int width) {
+  const auto full = total > 0 ? static_cast<int>(std::clamp(done, std::int64_t{0}, total) * width / total) : width;
+  return std::string(static_cast<std::size_t>(full), '#') + std::string(static_cast<std::size_t>(width - full), '-');
+}
+
+void Progress::Show(std::int64_t done, std::int64_t total) {
+  const auto now = SteadyClock::now();
+  if (!begun_) {
+    begun_ = true;
+    begin_ = now;
+    first_ = done;
+  } else if (now - shown_ < kLeastTimeBetween && done < total) {
+    return;
+  }
+  shown_ = now;
+  const double seconds = std::chrono::duration<double>(now - begin_).count();
+  const double rate = seconds > 0 ? static_cast<double>(done - first_) / seconds : 0;
+  if (terminal_) {
+    // Blanks at the end cover a longer line from before.
+    out_ << "\r[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate) << "    ";
+    lineOpen_ = true;
+  } else {
+    out_ << "point " << ProgressText(done, total, rate) << "\n";
+  }
+  out_ << std::flush;
+}
+
+void Progress::Note(const std::string& text) {
+  EndLine();
+  out_ << text << "\n" << std::flush;
+}
+
+void Progress::EndLine() {
+  if (!lineOpen_) return;
+  lineOpen_ = false;
+  out_ << "\n" << std::flush;
+}
+
+}  // namespace chartproject

@@ -1,0 +1,114 @@
+// The program's windows in Qt.
+#include <QFileDialog>
+#include <QTimer>
+#include <cstdlib>
+#include <iostream>
+
+#include "backends/posix/keyboard_signals.h"
+#include "backends/qt/forms/qt_form_host.h"
+#include "backends/qt/qt_application.h"
+#include "backends/qt/qt_clipboard.h"
+#include "backends/qt/qt_dialogs.h"
+#include "backends/qt/qt_help.h"
+#include "backends/qt/qt_keyboard.h"
+#include "backends/qt/qt_printer.h"
+#include "backends/qt/qt_sound.h"
+#include "host/session/desktop.h"
+#include "host/session/dialog_texts.h"
+#include "host/session/exit_code.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+/// Qt ends a program whose display it cannot reach; that end is made one that users and scripts can read.
+void HandleQtMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type != QtCriticalMsg && type != QtFatalMsg) return;  // warnings are for developers
+  std::cerr << "chartproject: " << text.toStdString() << std::endl;
+  if (type == QtFatalMsg) std::_Exit(static_cast<int>(ExitCode::kRunTimeError));
+}
+
+bool HasDisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* const value = std::getenv(name);
+    if (value != nullptr && *value != '\0') return true;
+  }
+  return false;
+}
+
+std::optional<std::string> AskForPdfName(const DialogTexts& texts) {
+  QFileDialog dialog(nullptr, QString(), QString(), QStringLiteral("PDF (*.pdf)"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  TranslateFileDialog(dialog, texts);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().constFirst().toStdString();
+}
+
+class QtDesktop : public Desktop {
+ public:
+  QtDesktop(DesktopMode mode, Clock& clock, std::function<std::string()> language)
+      : application_(argumentCount_, arguments_.data()),
+        texts_([language = std::move(language)] { return DialogTextsOf(language()); }),
+        help_(texts_),
+        dialogs_(help_, texts_),
+        printer_(mode == DesktopMode::kScreen ? PdfNameSource([this] { return AskForPdfName(texts_()); })
+                                              : PdfNameSource()),
+        forms_(clock) {
+    if (mode == DesktopMode::kScreen) WatchSignals();
+  }
+
+  FormHost& Forms() override { return forms_; }
+  Dialogs& Boxes() override { return dialogs_; }
+  Sound& Sounds() override { return sound_; }
+  Keyboard& Keys() override { return keyboard_; }
+  Help& HelpViewer() override { return help_; }
+  Clipboard& ClipboardPicture() override { return clipboard_; }
+  Printer& Paper() override { return printer_; }
+  void PrintToFile(const std::string& fileName) override { printer_.PrintToFile(fileName); }
+
+ private:
+  /// Ctrl-C and SIGTERM close the windows, as their users would: a recording ends with its points kept.
+  void WatchSignals() {
+    KeyboardSignals::Watch();
+    QObject::connect(&signalTimer_, &QTimer::timeout, &application_, [this] {
+      ending_ = signals_.EscapePressed() || ending_;
+      // Again at each turn: a window below a modal one closes only after that one is gone.
+      if (ending_) QApplication::closeAllWindows();
+    });
+    constexpr int kMilliseconds = 200;
+    signalTimer_.start(kMilliseconds);
+  }
+
+  // Qt keeps references to both as long as the application lives.
+  std::string programName_ = "chartproject";
+  std::array<char*, 2> arguments_{programName_.data(), nullptr};
+  int argumentCount_ = 1;
+  QtApplication application_;
+  DialogTextSource texts_;
+  QtHelp help_;
+  QtDialogs dialogs_;
+  QtSound sound_;
+  QtKeyboard keyboard_;
+  QtClipboard clipboard_;
+  QtPrinter printer_;
+  QtFormHost forms_;
+  KeyboardSignals signals_;
+  QTimer signalTimer_;
+  bool ending_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Desktop> OpenDesktop(DesktopMode mode, Clock& clock, std::function<std::string()> language) {
+  qInstallMessageHandler(HandleQtMessage);
+  if (mode == DesktopMode::kOffscreen) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  } else if (!HasDisplay()) {
+    throw RunTimeError(error_number::kCannotCreateObject, "There is no display to show windows on");
+  }
+  return std::make_unique<QtDesktop>(mode, clock, std::move(language));
+}
+
+}  // namespace chartproject
