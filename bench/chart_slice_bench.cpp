@@ -53,7 +53,7 @@ struct Bench {
   Bench() {
     component.settings.strLanguage = "English";
     component.settings.strSound = "No";
-    component.languageBase = 1000;
+    component.language = Language::kEnglish;
     component.driveTable.At(1).Type = "KRA-09";
   }
 };

@@ -78,7 +78,7 @@ void RecordInSpoolMode(benchmark::State& state) {
   component.settings.strDrivers = component.settings.strFolder = component.settings.strBin = folder.Name();
   component.settings.intSelectedDrive = 1;
   component.settings.strSound = "No";
-  component.languageBase = 1000;
+  component.language = Language::kEnglish;
   component.driveTable.At(1).Type = "LMX-01";
   std::ofstream(folder.File("LMX01E.wcd")) << "#3#Speed####DividedBy10F1#No#######\r\n";
   component.driveLink = links.Create();

@@ -3,8 +3,8 @@
 
 #include "common/error_log.h"
 #include "common/form_appearance.h"
+#include "common/form_translation.h"
 #include "common/sounds.h"
-#include "common/texts/form_translation.h"
 #include "common/values/text.h"
 
 namespace chartproject {
@@ -28,31 +28,34 @@ AcquireForm::AcquireForm(Component& component)
 AcquireForm::~AcquireForm() = default;
 
 void AcquireForm::NumberTexts() {
-  SetTag(TextNumber(14));
-  const std::initializer_list<std::pair<Control*, int>> captions{{&fraFileName, 5},
-                                                                 {&lblDriveAddress, 3},
-                                                                 {&lblNumberOfParameters, 47},
-                                                                 {&lblParameters, 4},
-                                                                 {&lblNumberOfPoints, 6},
-                                                                 {&lblNumberOfPointsRange, 60},
-                                                                 {&lblTimeBetweenPoints, 7},
-                                                                 {&lblTriggerMode, 21},
-                                                                 {&lblEvent, 19},
-                                                                 {&lblPXXX, 44},
-                                                                 {&lblContent, 45},
-                                                                 {&cmdStart, 43},
-                                                                 {&lblStart, 16},
-                                                                 {&cmdTrigger, 17},
-                                                                 {&lblTrigger, 16},
-                                                                 {&cmdViewChart, 15},
-                                                                 {&cmdReset, 8},
-                                                                 {&cmdOK, 10},
-                                                                 {&cmdBrowse, 85},
-                                                                 {&lblAcquiring, 2},
-                                                                 {&lblTimeBetweenPointsPB, 7}};
+  SetTag(TextNumber(Text::kAcquireParameter));
+  const std::initializer_list<std::pair<Control*, Text>> captions{{&fraFileName, Text::kFileName},
+                                                                  {&lblDriveAddress, Text::kDriveAddress},
+                                                                  {&lblNumberOfParameters, Text::kNumberOfParameters},
+                                                                  {&lblParameters, Text::kParameters},
+                                                                  {&lblNumberOfPoints, Text::kNumberOfPoints},
+                                                                  {&lblNumberOfPointsRange, Text::kPointsRange},
+                                                                  {&lblTimeBetweenPoints, Text::kTimeAmongPoints},
+                                                                  {&lblTriggerMode, Text::kTriggerMode},
+                                                                  {&lblEvent, Text::kEvent},
+                                                                  {&lblPXXX, Text::kParameter},
+                                                                  {&lblContent, Text::kContent},
+                                                                  {&cmdStart, Text::kStartAcquisition},
+                                                                  {&lblStart, Text::kEscCancelsTip},
+                                                                  {&cmdTrigger, Text::kTrigger},
+                                                                  {&lblTrigger, Text::kEscCancelsTip},
+                                                                  {&cmdViewChart, Text::kViewChart},
+                                                                  {&cmdReset, Text::kReset},
+                                                                  {&cmdOK, Text::kOk},
+                                                                  {&cmdBrowse, Text::kBrowse},
+                                                                  {&lblAcquiring, Text::kAcquiringData},
+                                                                  {&lblTimeBetweenPointsPB, Text::kTimeAmongPoints}};
   for (const auto& [control, message] : captions) control->SetTag(TextNumber(message));
-  const std::initializer_list<std::pair<Control*, int>> toolTips{
-      {&cmdReset, 9}, {&cmdOK, 11}, {&cmdViewChart, 15}, {&cmdStart, 43}, {&cmdTrigger, 17}};
+  const std::initializer_list<std::pair<Control*, Text>> toolTips{{&cmdReset, Text::kResetTip},
+                                                                  {&cmdOK, Text::kOkTip},
+                                                                  {&cmdViewChart, Text::kViewChart},
+                                                                  {&cmdStart, Text::kStartAcquisition},
+                                                                  {&cmdTrigger, Text::kTrigger}};
   for (const auto& [control, message] : toolTips) control->SetToolTipText(TextNumber(message));
   cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
@@ -89,9 +92,9 @@ void AcquireForm::Connect() {
 
 void AcquireForm::OnLoad() {
   TranslateForm(*this, component_);
-  cmdNewFile.SetCaption(LoadExtraText(component_, ExtraText::kNewFile));
-  cmdNewFile.SetToolTipText(LoadExtraText(component_, ExtraText::kNewFileTip));
-  cmdBrowse.SetToolTipText(LoadExtraText(component_, ExtraText::kBrowseTip));
+  cmdNewFile.SetCaption(LoadMessage(component_, Text::kNewFile));
+  cmdNewFile.SetToolTipText(LoadMessage(component_, Text::kNewFileTip));
+  cmdBrowse.SetToolTipText(LoadMessage(component_, Text::kBrowseTip));
   ResetForm();
   // A chart file that cannot be read is told, and the dialog opens all the same.
   RunHandler("FileNameChanged", [this] { NameFile(JoinPath(component_.settings.strFolder, "Test.cht")); });

@@ -12,7 +12,7 @@
 #include "acquire/acquisition_run.h"
 #include "acquire/event_watch.h"
 #include "acquire/stopwatch.h"
-#include "common/texts/extra_texts.h"
+#include "common/environment/language.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 #include "recording/component.h"
@@ -165,7 +165,7 @@ class AcquireForm : public Form {
   [[nodiscard]] bool InputsHold();
   void PutBack(TextControl& field, const std::string& text);
   void Warn(const std::string& text);
-  void Refuse(int message);
+  void Refuse(Text message);
   [[nodiscard]] std::string BytesText(double bytes) const;
 
   // Chart file (acquire_form_file.cpp).
@@ -180,7 +180,7 @@ class AcquireForm : public Form {
   void cmdBrowse_Click();
 
   // Start, hints (acquire_form_ready.cpp).
-  [[nodiscard]] std::optional<ExtraText> MissingField() const;
+  [[nodiscard]] std::optional<Text> MissingField() const;
   void UpdateStartButtons();
   void HideStartButtons(bool visible);
   void LockSetupFields(bool enabled);

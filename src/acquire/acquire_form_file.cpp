@@ -1,8 +1,8 @@
 // The chart file of the dialog: its name, and the header of a file that is already there.
 #include "acquire/acquire_form.h"
 #include "acquire/input_rules.h"
+#include "common/environment/language.h"
 #include "common/folder_scope.h"
-#include "common/texts/message_table.h"
 #include "common/values/text.h"
 
 namespace chartproject {
@@ -11,8 +11,6 @@ namespace {
 
 /// Hide the read-only box, and the file must exist.
 constexpr std::int32_t kOpenFlags = 4100;
-constexpr int kEnterFileName = 0;  // messages
-constexpr int kChartFile = 1;
 
 }  // namespace
 
@@ -99,8 +97,8 @@ void AcquireForm::PromptFileName() {
   std::string answer;
   {
     const FolderScope hostFolder(component_.ports.files, component_.settings.strBin);
-    answer = component_.ports.dialogs.ShowInputBox(
-        {LoadMessage(component_, kEnterFileName), LoadMessage(component_, kChartFile), component_.helpFile});
+    answer = component_.ports.dialogs.ShowInputBox({LoadMessage(component_, Text::kEnterFileName),
+                                                    LoadMessage(component_, Text::kChartFile), component_.helpFile});
   }
   if (!answer.empty()) NameFile(JoinPath(component_.settings.strFolder, answer + ".cht"));
 }

@@ -1,27 +1,20 @@
 // The typed fields: each new text is accepted, corrected, or put back.
 #include "acquire/acquire_form.h"
-#include "acquire/form_messages.h"
 #include "acquire/input_rules.h"
+#include "common/environment/language.h"
 #include "common/message_box.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 #include "recording/trigger_events.h"
 
 namespace chartproject {
 
-namespace {
-
-constexpr int kOutOfRange = 65;  // messages
-constexpr int kBadClockTime = 82;
-constexpr int kRequiredSpace = 88;
-
-}  // namespace
+namespace {}  // namespace
 
 void AcquireForm::Warn(const std::string& text) {
   ShowMessage(component_, text, box_style::kExclamation, component_.helpFile);
 }
 
-void AcquireForm::Refuse(int message) {
+void AcquireForm::Refuse(Text message) {
   Warn(LoadMessage(component_, message));
 }
 
@@ -45,7 +38,7 @@ void AcquireForm::txtNumberOfPoints_Change() {
       PutBack(txtNumberOfPoints, lastAcceptedPoints_);
     }
   } else {
-    if (check.verdict == Verdict::kOutOfRange) Refuse(kOutOfRange);
+    if (check.verdict == Verdict::kOutOfRange) Refuse(Text::kOutOfRange);
     PutBack(txtNumberOfPoints, lastAcceptedPoints_);
   }
   UpdateStartButtons();
@@ -68,8 +61,8 @@ bool AcquireForm::RoomFor(std::int32_t points) {
     return true;  // a name half typed has no disk yet; Start asks for the file itself
   }
   if (free - static_cast<double>(kReservedSpace) > required) return true;
-  Warn(LoadMessage(component_, kTooLittleSpace) + BytesText(free) + LoadMessage(component_, kRequiredSpace) +
-       BytesText(required));
+  Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(free) +
+       LoadMessage(component_, Text::kRequiredSpace) + BytesText(required));
   return false;
 }
 
@@ -83,10 +76,11 @@ void AcquireForm::SetUpTimeFields() {
 
 void AcquireForm::cboTimeBetweenPointsUnit_Click() {
   struct UnitFields {
-    int rangeMessage;
+    Text rangeMessage;
     const char* initialText;
   };
-  constexpr std::array<UnitFields, 3> kUnits{{{58, "1000"}, {59, "1"}, {54, "00:00:01"}}};
+  constexpr std::array<UnitFields, 3> kUnits{
+      {{Text::kMillisecondsRange, "1000"}, {Text::kSecondsRange, "1"}, {Text::kHoursMinutesSeconds, "00:00:01"}}};
   const int unit = cboTimeBetweenPointsUnit.ListIndex();
   if (unit < 0) return;
   const UnitFields& fields = kUnits[static_cast<std::size_t>(unit)];
@@ -118,7 +112,7 @@ void AcquireForm::txtTimeBetweenPoints_Change() {
       }
       if (check.verdict == Verdict::kAccept) lastAcceptedTime_ = whole;
     } else {
-      if (check.verdict == Verdict::kOutOfRange) Refuse(kOutOfRange);
+      if (check.verdict == Verdict::kOutOfRange) Refuse(Text::kOutOfRange);
       txtTimeBetweenPoints.SetFocus();
       PutBack(txtTimeBetweenPoints, lastAcceptedTime_);
     }
@@ -136,7 +130,7 @@ void AcquireForm::txtTimeBetweenPoints_LostFocus() {
   emptyingTime_ = true;
   txtTimeBetweenPoints.SetText("");
   emptyingTime_ = false;
-  Refuse(kOutOfRange);
+  Refuse(Text::kOutOfRange);
 }
 
 void AcquireForm::mebTimeBetweenPoints_Change() {
@@ -152,7 +146,7 @@ void AcquireForm::mebTimeBetweenPoints_LostFocus() {
 bool AcquireForm::CheckMaskedTime() {
   const ClockTimeFault fault = CheckClockTime(mebTimeBetweenPoints.Text());
   if (fault == ClockTimeFault::kNone) return true;
-  Refuse(fault == ClockTimeFault::kFormat ? kBadClockTime : kOutOfRange);
+  Refuse(fault == ClockTimeFault::kFormat ? Text::kBadClockTime : Text::kOutOfRange);
   mebTimeBetweenPoints.SetFocus();
   return false;
 }
@@ -170,7 +164,7 @@ bool AcquireForm::InputsHold() {
   const NumberFormat& format = component_.ports.locale.Numbers();
   const NumberCheck points = CheckNumberOfPoints(txtNumberOfPoints.Text(), format);
   if (points.verdict != Verdict::kAccept) {
-    Refuse(kOutOfRange);
+    Refuse(Text::kOutOfRange);
     txtNumberOfPoints.SetFocus();
     return false;
   }
@@ -186,7 +180,7 @@ bool AcquireForm::InputsHold() {
   }
   const bool compares = cboTriggerMode.ListIndex() == kTriggerByEvent && IsCompareEvent(cboEvent.ListIndex());
   if (compares && !IsTypedDecimal(txtContent.Text(), format)) {
-    Refuse(kOutOfRange);
+    Refuse(Text::kOutOfRange);
     txtContent.SetFocus();
     return false;
   }

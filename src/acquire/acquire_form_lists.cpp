@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "acquire/acquire_form.h"
+#include "common/environment/language.h"
 #include "common/message_box.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "recording/trigger_events.h"
@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kNothing = -1;
 constexpr std::int32_t kHelpContext = 91;
-constexpr int kNotAvailable = 64;  // message
 
 /// Clears the list when it holds items, then fills it in one step.
 void Refill(ComboBox& list, std::vector<std::string> items) {
@@ -69,7 +68,7 @@ void AcquireForm::FillEventList() {
 }
 
 void AcquireForm::FillTriggerModeList() {
-  Refill(cboTriggerMode, {LoadMessage(component_, 19), LoadMessage(component_, 20)});
+  Refill(cboTriggerMode, {LoadMessage(component_, Text::kEvent), LoadMessage(component_, Text::kManual)});
   cboTriggerMode.SetListIndex(kTriggerManual);
 }
 
@@ -119,7 +118,8 @@ void AcquireForm::cboDriveAddress_Click() {
     cboPXXX.Clear();
     EnableParameterLists();
     UpdateStartButtons();
-    if (std::exchange(driverFileError_, error.Description()) == driverFileError_) return;  // said already
+    if (std::exchange(driverFileError_, error.Description(component_.language)) == driverFileError_)
+      return;  // said already
     throw;
   }
   for (ComboBox* list : ParameterLists()) FillParameterList(address, *list);
@@ -158,8 +158,8 @@ void AcquireForm::cboEvent_Click() {
   const int position = cboEvent.ListIndex();
   const bool available = EventAvailable(position, SelectedModel());
   if (!available) {
-    ShowMessage(component_, LoadMessage(component_, kNotAvailable), box_style::kExclamation, component_.helpFile,
-                kHelpContext);
+    ShowMessage(component_, LoadMessage(component_, Text::kEventNotAvailable), box_style::kExclamation,
+                component_.helpFile, kHelpContext);
   }
   if (IsCompareEvent(position)) {
     // A file recorded by hand carries an event too; its fields stay locked until the mode is "Event".

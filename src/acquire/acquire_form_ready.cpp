@@ -15,25 +15,25 @@ bool LacksChoice(const ComboBox& list) {
 
 }  // namespace
 
-std::optional<ExtraText> AcquireForm::MissingField() const {
-  if (cboDriveAddress.ListIndex() < 0) return ExtraText::kHintDriveAddress;
-  if (cboNumberOfParameters.ListIndex() < 0) return ExtraText::kHintParameters;
+std::optional<Text> AcquireForm::MissingField() const {
+  if (cboDriveAddress.ListIndex() < 0) return Text::kHintDriveAddress;
+  if (cboNumberOfParameters.ListIndex() < 0) return Text::kHintParameters;
   for (const ComboBox* list : {&cboPXXX1, &cboPXXX2, &cboPXXX3, &cboPXXX4}) {
-    if (LacksChoice(*list)) return ExtraText::kHintParameters;
+    if (LacksChoice(*list)) return Text::kHintParameters;
   }
-  if (rtfFileName.Text().empty()) return ExtraText::kHintFileName;
+  if (rtfFileName.Text().empty()) return Text::kHintFileName;
   const bool masked = cboTimeBetweenPointsUnit.ListIndex() == time_unit::kHoursMinutesSeconds;
-  if ((masked ? mebTimeBetweenPoints.Text() : txtTimeBetweenPoints.Text()).empty()) return ExtraText::kHintTime;
-  if (txtNumberOfPoints.Text().empty()) return ExtraText::kHintPoints;
-  if (LacksChoice(cboEvent)) return ExtraText::kHintEvent;
-  if (LacksChoice(cboPXXX)) return ExtraText::kHintParameters;
-  if (txtContent.Enabled() && txtContent.Text().empty()) return ExtraText::kHintContent;
+  if ((masked ? mebTimeBetweenPoints.Text() : txtTimeBetweenPoints.Text()).empty()) return Text::kHintTime;
+  if (txtNumberOfPoints.Text().empty()) return Text::kHintPoints;
+  if (LacksChoice(cboEvent)) return Text::kHintEvent;
+  if (LacksChoice(cboPXXX)) return Text::kHintParameters;
+  if (txtContent.Enabled() && txtContent.Text().empty()) return Text::kHintContent;
   return std::nullopt;
 }
 
 void AcquireForm::UpdateStartButtons() {
   const auto missing = MissingField();
-  lblHint.SetCaption(missing ? LoadExtraText(component_, *missing) : std::string());
+  lblHint.SetCaption(missing ? LoadMessage(component_, *missing) : std::string());
   UpdateEstimate();
   if (missing) {
     HideStartButtons(false);
@@ -82,7 +82,7 @@ void AcquireForm::UpdateEstimate() {
   }
   const std::int64_t seconds = (milliseconds * points.value + 999) / 1000;
   lblEstimate.SetCaption(
-      FillIn(LoadExtraText(component_, ExtraText::kRunEstimate),
+      FillIn(LoadMessage(component_, Text::kRunEstimate),
              {DurationText(seconds), FileSizeText(EstimateBytes(points.value, ParameterCount()), format)}));
 }
 

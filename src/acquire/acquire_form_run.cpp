@@ -2,13 +2,11 @@
 #include <algorithm>
 
 #include "acquire/acquire_form.h"
-#include "acquire/form_messages.h"
 #include "acquire/input_rules.h"
 #include "acquire/run_texts.h"
+#include "common/environment/language.h"
 #include "common/message_box.h"
 #include "common/sounds.h"
-#include "common/texts/extra_texts.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 #include "forms/flag_scope.h"
 #include "forms/form_host.h"
@@ -21,10 +19,6 @@ namespace {
 constexpr int kProgressSteps = 10000;
 constexpr int kSecondTick = 1000;  // milliseconds
 constexpr int kEscReleaseMilliseconds = 100;
-
-constexpr int kNoAnswer = 48;  // messages
-constexpr int kContinue = 49;
-constexpr int kSaving = 53;
 
 }  // namespace
 
@@ -42,7 +36,7 @@ std::optional<RunPlan> AcquireForm::PrepareRun() {
   }
   // A folder that takes no file is told now, not after hours of sampling.
   if (!run_.Reserve(plan.fileName)) {
-    Warn(FillIn(LoadExtraText(component_, ExtraText::kFileBeingRecorded), {plan.fileName}));
+    Warn(FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {plan.fileName}));
     return std::nullopt;
   }
   FillChartHeader(plan);
@@ -193,7 +187,7 @@ void AcquireForm::ShowRunTimes() {
   const DateTime today = component_.ports.clock.LocalNow();
   const std::int64_t remaining = (std::max(left, std::int64_t{0}) + today.millisecond + 500) / 1000;
   lblRunTimes.SetCaption(
-      FillIn(LoadExtraText(component_, ExtraText::kElapsedAndEnd),
+      FillIn(LoadMessage(component_, Text::kElapsedAndEnd),
              {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
 }
 
@@ -218,9 +212,10 @@ void AcquireForm::tmrEventTrigger_Tick() {
     return;
   }
   if (code == watch_code::kNoAnswer) {
-    const std::int16_t answer =
-        ShowMessage(component_, LoadMessage(component_, kNoAnswer) + " " + LoadMessage(component_, kContinue),
-                    box_style::kYesNo + box_style::kQuestion, component_.helpFile);
+    const std::int16_t answer = ShowMessage(
+        component_,
+        LoadMessage(component_, Text::kCommunicationError) + " " + LoadMessage(component_, Text::kContinueEvenSo),
+        box_style::kYesNo + box_style::kQuestion, component_.helpFile);
     if (run_.State() != RunState::kArmed) return;  // Esc ended the watch while the question was up
     if (answer != box_answer::kYes) {
       EndRun(RunEnd::kStopped);
@@ -266,7 +261,7 @@ void AcquireForm::EndRun(RunEnd reason) {
 
 void AcquireForm::ReportEnd() {
   if (run_.End() == RunEnd::kDiskSpace) {
-    Warn(LoadMessage(component_, kTooLittleSpace) + BytesText(static_cast<double>(run_.FreeSpace())));
+    Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(run_.FreeSpace())));
     PlayWave(component_, kCompleteSound);
   }
 }
@@ -276,7 +271,7 @@ void AcquireForm::FinishRun() {
   imgTrigger1.SetVisible(false);
   // The fields stay locked until the file is written: a long one is copied with the window awake.
   SetPointer(MousePointer::kHourglass);
-  lblProgress.SetCaption(LoadMessage(component_, kSaving));
+  lblProgress.SetCaption(LoadMessage(component_, Text::kSaving));
   lastRun_ = {run_.End(), run_.Counter(), run_.Plan().fileName, run_.Close([this] { Host().KeepAlive(); })};
   lblProgress.SetCaption("");
   LockSetupFields(true);
@@ -292,9 +287,9 @@ void AcquireForm::ReportWriting(const ChartWriteResult& result) {
   // Said only now: while a box waits for its answer, points that stand in memory would not be safe.
   if (run_.End() == RunEnd::kFailed && !run_.FailureReason().empty()) Warn(run_.FailureReason());
   const std::string kept =
-      result.keptFile.empty() ? std::string() : LoadMessage(component_, kPointsSavedOn) + result.keptFile;
+      result.keptFile.empty() ? std::string() : LoadMessage(component_, Text::kPointsSavedOn) + result.keptFile;
   if (result.kind == ChartWriteResult::Kind::kRowsInSpool) {
-    Warn(LoadMessage(component_, kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace)) + kept);
+    Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace)) + kept);
   } else if (result.kind == ChartWriteResult::Kind::kFailed) {
     Warn(result.reason + kept);
   }

@@ -72,7 +72,7 @@ void AcquisitionRun::TakePoint() {
   } catch (const RunTimeError& error) {
     if (serial_ != run) return;  // the read of a run that was stopped meanwhile: the next one reads for itself
     // The link itself or the spool file failed: this point is lost, those before it are not.
-    failureReason_ = error.Description();
+    failureReason_ = error.Description(component_.language);
     Stop(RunEnd::kFailed);
   }
 }

@@ -20,7 +20,7 @@ std::string ErrorText(Environment& environment, const std::string& routine, cons
   line("Hora = ", locale.TimeText(now));
   line("Sub/Function = ", routine);
   line("Err.Number = ", std::to_string(error.Number()));
-  line("Err.Description = ", error.Description());
+  line("Err.Description = ", error.Description(environment.language));
   line("Err.Source = ", error.Source());
   return text;
 }

@@ -12,7 +12,7 @@ namespace {
 
 void RequireFile(Environment& environment, const std::string& name) {
   if (!environment.ports.files.FileExists(name)) {
-    throw RunTimeError(error_number::kFileNotFound, "File not found: " + name);
+    throw RunTimeError(error_number::kFileNotFound, Text::kFileNotFound, {name});
   }
 }
 

@@ -77,7 +77,7 @@ ChartClass::~ChartClass() {
 void ChartClass::AcquireVar() {
   // A second dialog while one is up (the host's thread stays alive in it) would take the link away from the first.
   if (component_.driveLink) {
-    throw RunTimeError(error_number::kInvalidProcedureCall, "The acquisition dialog is already open");
+    throw RunTimeError(error_number::kInvalidProcedureCall, Text::kDialogAlreadyOpen);
   }
   DriveLinkSession session(component_);
   session.Open();

@@ -5,7 +5,7 @@ namespace chartproject {
 
 void ProcessState::Give(Component& component) const {
   const std::lock_guard lock(mutex_);
-  component.languageBase = remembered_.languageBase;
+  component.language = remembered_.language;
   component.helpFile = remembered_.helpFile;
   component.driveTable = remembered_.driveTable;
   component.strChartFileName = remembered_.strChartFileName;
@@ -14,7 +14,7 @@ void ProcessState::Give(Component& component) const {
 
 void ProcessState::Take(const Component& component) {
   const std::lock_guard lock(mutex_);
-  remembered_ = {component.languageBase, component.helpFile, component.driveTable, component.strChartFileName,
+  remembered_ = {component.language, component.helpFile, component.driveTable, component.strChartFileName,
                  component.chartHeader};
 }
 

@@ -21,7 +21,7 @@ class ProcessState {
 
  private:
   struct Remembered {
-    std::int16_t languageBase = 0;
+    Language language = Language::kPortuguese;
     std::string helpFile;
     DriveTable driveTable;
     std::string strChartFileName;

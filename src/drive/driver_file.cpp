@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "common/environment/language.h"
 #include "common/message_box.h"
 #include "common/values/line_reader.h"
 #include "common/values/numbers.h"
@@ -28,19 +29,7 @@ std::string_view Field(std::string_view line, int number) {
 }
 
 void ShowLineError(DriveContext& context, std::int64_t line, const std::string& fileName) {
-  const std::string number = std::to_string(line);
-  std::string text;
-  switch (context.languageBase) {
-    case 0:
-      text = "Erro na linha " + number + " no driver " + fileName;
-      break;
-    case 1000:
-      text = "Error in line " + number + " in driver " + fileName;
-      break;
-    default:
-      text = "Error en la linea " + number + " en el driver " + fileName;
-      break;
-  }
+  const std::string text = FillIn(LoadMessage(context, Text::kDriverLineError), {std::to_string(line), fileName});
   ShowMessage(context, text, box_style::kCritical, context.helpFile, kLineErrorHelpContext);
 }
 

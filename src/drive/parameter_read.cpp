@@ -52,7 +52,7 @@ void ReadByScale(DriveContext& context, std::int16_t parameter, std::string& res
 
 bool ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
   const std::string& model = context.driveTable.At(context.currentDrive).Type;
-  if (!context.driveLink) throw RunTimeError(91, "The drive link is not open");
+  if (!context.driveLink) throw RunTimeError(91, Text::kDriveLinkNotOpen);
   std::int16_t status = 0;
   context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode, status);
   return status == 0;

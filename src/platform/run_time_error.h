@@ -1,8 +1,13 @@
 // The one error type that the system throws: a numbered run-time error of the platform.
 #pragma once
 
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "texts/texts.h"
 
 namespace chartproject {
 
@@ -38,14 +43,32 @@ class RunTimeError : public std::runtime_error {
   /// @param source the component that raised it; "ChartProject" for our own errors
   explicit RunTimeError(int number, const std::string& description, std::string source = "ChartProject")
       : std::runtime_error(description), number_(number), source_(std::move(source)) {}
+  /// An error whose description is a text in the user's language. @param values of the text's places "%1", "%2" ...
+  RunTimeError(int number, Text text, std::initializer_list<std::string> values = {})
+      : std::runtime_error(FillIn(TextIn(Language::kEnglish, text), values)),
+        number_(number),
+        source_("ChartProject"),
+        languages_(InAllLanguages(text, values)) {}
 
   [[nodiscard]] int Number() const noexcept { return number_; }
+  /// In English, or as the system words it.
   [[nodiscard]] std::string Description() const { return what(); }
+  /// In a language, where the error has a text; else as Description().
+  [[nodiscard]] std::string Description(Language language) const {
+    return languages_.empty() ? what() : languages_[static_cast<std::size_t>(language)];
+  }
   [[nodiscard]] const std::string& Source() const noexcept { return source_; }
 
  private:
+  static std::vector<std::string> InAllLanguages(Text text, std::initializer_list<std::string> values) {
+    std::vector<std::string> descriptions;
+    for (const LanguageRow& row : kLanguages) descriptions.push_back(FillIn(TextIn(row.language, text), values));
+    return descriptions;
+  }
+
   int number_;
   std::string source_;
+  std::vector<std::string> languages_;  ///< by Language; empty for an error without a text
 };
 
 }  // namespace chartproject

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "common/texts/message_table.h"
+#include "common/environment/language.h"
 #include "common/values/line_reader.h"
 #include "common/values/text.h"
 #include "recording/component.h"
@@ -129,10 +129,8 @@ std::optional<ChartRow> SplitRow(std::string_view line) noexcept {
 }
 
 std::string TriggerModeText(const Environment& environment, std::string_view code) {
-  constexpr int kEventMessage = 19;
-  constexpr int kManualMessage = 20;
-  if (code == "Event") return LoadMessage(environment, kEventMessage);
-  if (code == "Manual") return LoadMessage(environment, kManualMessage);
+  if (code == "Event") return LoadMessage(environment, Text::kEvent);
+  if (code == "Manual") return LoadMessage(environment, Text::kManual);
   return {};
 }
 

@@ -139,7 +139,7 @@ std::string SpoolFileName(const std::string& chartFileName) {
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
   if (files_.FolderExists(fileName)) {
-    throw RunTimeError(error_number::kPathFileAccess, fileName + ": this is a folder");
+    throw RunTimeError(error_number::kPathFileAccess, Text::kIsAFolder, {fileName});
   }
   const std::string probe = UnfinishedName(fileName);
   try {

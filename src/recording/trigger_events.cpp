@@ -9,16 +9,35 @@ namespace chartproject {
 namespace {
 
 struct TriggerEvent {
-  int message;
+  Text message;
   std::string_view code;
 };
 
 constexpr std::array<TriggerEvent, kEventCount> kEvents{{
-    {18, "RUN"},          {61, "READY"},        {62, "SUB"},           {22, "P012-DI1=0"},    {23, "P012-DI1=1"},
-    {24, "P012-DI2=0"},   {25, "P012-DI2=1"},   {26, "P012-DI3=0"},    {27, "P012-DI3=1"},    {28, "P012-DI4=0"},
-    {29, "P012-DI4=1"},   {30, "P012-DI5=0"},   {31, "P012-DI5=1"},    {32, "P012-DI6=0"},    {33, "P012-DI6=1"},
-    {34, "P012-DI7=0"},   {35, "P012-DI7=1"},   {36, "P012-DI8=0"},    {37, "P012-DI8=1"},    {38, "PXXX>Content"},
-    {39, "PXXX<Content"}, {40, "PXXX=Content"}, {41, "PXXX>=Content"}, {42, "PXXX<=Content"},
+    {Text::kEventRun, "RUN"},
+    {Text::kEventReady, "READY"},
+    {Text::kEventUndervoltage, "SUB"},
+    {Text::kEventDI1Off, "P012-DI1=0"},
+    {Text::kEventDI1On, "P012-DI1=1"},
+    {Text::kEventDI2Off, "P012-DI2=0"},
+    {Text::kEventDI2On, "P012-DI2=1"},
+    {Text::kEventDI3Off, "P012-DI3=0"},
+    {Text::kEventDI3On, "P012-DI3=1"},
+    {Text::kEventDI4Off, "P012-DI4=0"},
+    {Text::kEventDI4On, "P012-DI4=1"},
+    {Text::kEventDI5Off, "P012-DI5=0"},
+    {Text::kEventDI5On, "P012-DI5=1"},
+    {Text::kEventDI6Off, "P012-DI6=0"},
+    {Text::kEventDI6On, "P012-DI6=1"},
+    {Text::kEventDI7Off, "P012-DI7=0"},
+    {Text::kEventDI7On, "P012-DI7=1"},
+    {Text::kEventDI8Off, "P012-DI8=0"},
+    {Text::kEventDI8On, "P012-DI8=1"},
+    {Text::kEventGreater, "PXXX>Content"},
+    {Text::kEventLess, "PXXX<Content"},
+    {Text::kEventEqual, "PXXX=Content"},
+    {Text::kEventGreaterOrEqual, "PXXX>=Content"},
+    {Text::kEventLessOrEqual, "PXXX<=Content"},
 }};
 
 constexpr std::string_view kInputModel = "KRA-09";
@@ -26,7 +45,7 @@ constexpr std::array<std::string_view, 5> kStateModels{"KRA-05", "KRA-07", "KRA-
 
 }  // namespace
 
-int EventMessage(int position) {
+Text EventMessage(int position) {
   return kEvents.at(static_cast<std::size_t>(position)).message;
 }
 

@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "texts/text.h"
+
 namespace chartproject {
 
 /// Events in the order of the dialog's list; the position stands for the event everywhere.
@@ -16,7 +18,7 @@ inline constexpr int kTriggerByEvent = 0;
 inline constexpr int kTriggerManual = 1;
 
 /// Number of the message that names the event. @param position 0 to 23
-[[nodiscard]] int EventMessage(int position);
+[[nodiscard]] Text EventMessage(int position);
 
 /// The event's code in a chart file, for example "P012-DI3=1"; empty for a position outside 0 to 23.
 [[nodiscard]] std::string_view EventCode(int position) noexcept;

@@ -101,8 +101,8 @@ TEST(SplitRow, PointsHaveExactlySixMarks) {
 TEST(EventCodes, CodesMessagesAndAvailability) {
   const std::pair<int, const char*> codes[] = {{0, "RUN"}, {8, "P012-DI3=1"}, {23, "PXXX<=Content"}, {24, ""}};
   for (const auto& [position, code] : codes) EXPECT_EQ(EventCode(position), code);
-  EXPECT_EQ(EventMessage(1), 61);
-  EXPECT_EQ(EventMessage(18), 37);
+  EXPECT_EQ(EventMessage(1), Text::kEventReady);
+  EXPECT_EQ(EventMessage(18), Text::kEventDI8On);
   for (int position = 0; position < kEventCount; ++position) EXPECT_EQ(EventPosition(EventCode(position)), position);
   EXPECT_EQ(EventPosition("run"), -1);
   const auto offered = [](const char* model) {

@@ -205,7 +205,7 @@ TEST(ReadoutTest, WritesPointsAndTheDifferenceOfTwo) {
   FakePorts fakes;
   fakes.locale.UseComma();
   Environment environment{fakes.ports, fakes.forms};
-  environment.languageBase = 1000;
+  environment.language = Language::kEnglish;
   ChartHeader header;
   header.ScanTime = "1";
   header.Unit = "s";

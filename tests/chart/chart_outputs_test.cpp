@@ -15,7 +15,7 @@ using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
 
 struct OutputTest : ::testing::Test {
   OutputTest() {
-    component.languageBase = 1000;
+    component.language = Language::kEnglish;
     component.settings.strBin = "/bin";
   }
   FakePorts fakes;

@@ -16,7 +16,7 @@ constexpr const char* kFile = "/data/Test.cht";
 
 struct ChartWindowTest : ::testing::Test {
   ChartWindowTest() {
-    component.languageBase = 1000;
+    component.language = Language::kEnglish;
     component.settings.strLanguage = "English";
     component.settings.strGrid = component.settings.strMarker = "No";
     component.settings.strLine = component.settings.strSound = "Yes";

@@ -11,8 +11,6 @@
 #include "common/error_log.h"
 #include "common/message_box.h"
 #include "common/sounds.h"
-#include "common/texts/extra_texts.h"
-#include "common/texts/message_table.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
 
@@ -128,15 +126,14 @@ char AccessKey(std::string_view caption) {
 }
 
 TEST_F(ServicesTest, TheBaseChoosesTheLanguage) {
-  EXPECT_EQ(LoadMessage(environment, 65), "Valor fora da faixa!");
-  environment.languageBase = 1000;
-  EXPECT_EQ(LoadMessage(environment, 65), "Value out of range !");
-  EXPECT_EQ(LoadMessage(environment, 0), "Enter file name:");
-  EXPECT_EQ(LoadMessage(environment, 100), "It was not possible to load ");
-  environment.languageBase = 2000;
-  EXPECT_EQ(LoadMessage(environment, 65), "¡Valor fuera de rango!");
-  for (const int id : {0, 999, 1101, 1999, 3101, 4000, -1000})
-    EXPECT_THROW(static_cast<void>(StringById(id)), RunTimeError);
+  EXPECT_EQ(LoadMessage(environment, Text::kOutOfRange), "Valor fora da faixa!");
+  environment.language = Language::kEnglish;
+  EXPECT_EQ(LoadMessage(environment, Text::kOutOfRange), "Value out of range !");
+  EXPECT_EQ(LoadMessage(environment, Text::kEnterFileName), "Enter file name:");
+  EXPECT_EQ(LoadMessage(environment, Text::kCannotLoad), "It was not possible to load ");
+  environment.language = Language::kSpanish;
+  EXPECT_EQ(LoadMessage(environment, Text::kOutOfRange), "¡Valor fuera de rango!");
+  for (const int id : {0, 999, 1101, 1999, 3101, 4000, -1000}) EXPECT_FALSE(MessageById(id)) << id;
 }
 
 TEST_F(ServicesTest, TheThreeLanguagesFitTogether) {
@@ -146,43 +143,44 @@ TEST_F(ServicesTest, TheThreeLanguagesFitTogether) {
     // Units, numbers and the names of parameters are no language's.
     const bool same = (k >= 22 && k <= 37) || k == 54 || (k >= 58 && k <= 60);
     for (const int base : {1000, 2000, 3000}) {
-      const std::string_view text = StringById(base + k);
+      const std::string_view text = MessageById(base + k).value_or("");
       EXPECT_FALSE(text.empty()) << base + k;
       EXPECT_EQ(text.front() == ' ', leadingBlank.contains(k)) << base + k;
       EXPECT_EQ(text.back() == ' ', trailingBlank.contains(k)) << base + k;
-      EXPECT_TRUE(!same || text == StringById(2000 + k)) << base + k;
+      EXPECT_TRUE(!same || text == MessageById(2000 + k)) << base + k;
       EXPECT_EQ(AccessKey(text) != '\0', k == 8 || k == 10 || k == 12) << base + k;
     }
   }
-  EXPECT_EQ(StringById(1037), "P012 - DI8 = 1");
+  EXPECT_EQ(MessageById(1037), "P012 - DI8 = 1");
 }
 
 TEST_F(ServicesTest, AccessKeysDifferAndToolTipsNameThem) {
-  for (const std::int16_t base : {0, 1000, 2000}) {
-    environment.languageBase = base;
-    const auto key = [&](int message) { return AccessKey(LoadMessage(environment, message)); };
-    const char newFile = AccessKey(LoadExtraText(environment, ExtraText::kNewFile));
-    EXPECT_EQ(std::set<char>({key(8), key(10), key(12), newFile}).size(), 4U) << base;
+  for (const LanguageRow& row : kLanguages) {
+    environment.language = row.language;
+    const auto key = [&](int message) { return AccessKey(LoadMessage(environment, static_cast<Text>(message))); };
+    const char newFile = AccessKey(LoadMessage(environment, Text::kNewFile));
+    EXPECT_EQ(std::set<char>({key(8), key(10), key(12), newFile}).size(), 4U) << row.name;
     for (const int button : {10, 12}) {
-      EXPECT_THAT(LoadMessage(environment, button + 1), testing::EndsWith(std::string("(Alt+") + key(button) + ")"));
+      EXPECT_THAT(LoadMessage(environment, static_cast<Text>(button + 1)),
+                  testing::EndsWith(std::string("(Alt+") + key(button) + ")"));
     }
   }
 }
 
-TEST_F(ServicesTest, ExtraTextsKeepTheirPlacesInEveryLanguage) {
-  for (int i = 0; i < static_cast<int>(ExtraText::kCount); ++i) {
+TEST_F(ServicesTest, TextsKeepTheirPlacesInEveryLanguage) {
+  for (int i = 0; i < static_cast<int>(Text::kCount); ++i) {
     std::set<std::string> places;
-    for (const std::int16_t base : {0, 1000, 2000}) {
-      environment.languageBase = base;
-      const std::string text = LoadExtraText(environment, static_cast<ExtraText>(i));
+    for (const LanguageRow& row : kLanguages) {
+      environment.language = row.language;
+      const std::string text = LoadMessage(environment, static_cast<Text>(i));
       std::string numbers;
       for (const char* place : {"%1", "%2", "%3", "%4"}) numbers += text.find(place) != std::string::npos ? place : "";
       places.insert(numbers);
     }
     EXPECT_EQ(places.size(), 1U) << i;
   }
-  environment.languageBase = 1000;
-  EXPECT_EQ(LoadExtraText(environment, ExtraText::kHintEvent), "Choose an event.");
+  environment.language = Language::kEnglish;
+  EXPECT_EQ(LoadMessage(environment, Text::kHintEvent), "Choose an event.");
 }
 
 TEST_F(ServicesTest, FillInTakesEachPlaceOnce) {
@@ -264,24 +262,24 @@ TEST_F(SettingsTest, ASettingIsSetByName) {
 }
 
 TEST_F(SettingsTest, TheLanguageDecidesBaseAndHelpFile) {
-  const std::tuple<const char*, const char*, int, const char*> cases[] = {
-      {"Portuguese", "C:\\help", 0, "C:\\help\\Kshelpp.HLP"},
-      {"English", "", 1000, "\\Kshelpe.HLP"},
-      {"Spanish", "/usr/help", 2000, "/usr/help/Kshelps.HLP"},
-      {"english", "C:\\help", 0, ""}};
+  const std::tuple<const char*, const char*, Language, const char*> cases[] = {
+      {"Portuguese", "C:\\help", Language::kPortuguese, "C:\\help\\Kshelpp.HLP"},
+      {"English", "", Language::kEnglish, "\\Kshelpe.HLP"},
+      {"Spanish", "/usr/help", Language::kSpanish, "/usr/help/Kshelps.HLP"},
+      {"english", "C:\\help", Language::kPortuguese, ""}};
   for (const auto& [language, folder, base, helpFile] : cases) {
     Environment fresh{fakes.ports, fakes.forms};
     fresh.settings.strLanguage = language;
     fresh.settings.strHelps = folder;
     SetLanguageBase(fresh);
     SetHelpFile(fresh);
-    EXPECT_EQ(fresh.languageBase, base) << language;
+    EXPECT_EQ(fresh.language, base) << language;
     EXPECT_EQ(fresh.helpFile, helpFile) << language;
   }
-  environment.languageBase = 2000;
+  environment.language = Language::kSpanish;
   environment.settings.strLanguage = "Klingon";
   SetLanguageBase(environment);
-  EXPECT_EQ(environment.languageBase, 2000) << "an unknown language leaves the base as it was";
+  EXPECT_EQ(environment.language, Language::kSpanish) << "an unknown language leaves the base as it was";
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ struct DriveTest : ::testing::Test {
 
 struct DriverFileTest : DriveTest {
   DriverFileTest() {
-    context.languageBase = 1000;
+    context.language = Language::kEnglish;
     context.settings.strLanguage = "English";
     context.settings.strDrivers = "C:\\Drivers";
     context.settings.strHelps = "C:\\Help";
@@ -123,9 +123,9 @@ TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
               ElementsAre(error(1)));
   EXPECT_TRUE(!Entry(1).present && Entry(2).present);
   EXPECT_THAT(Load(std::string("\x7F\x45LF\0\0\n\xFF\xFE\0", 9)), ::testing::SizeIs(2));
-  context.languageBase = 0;
+  context.language = Language::kPortuguese;
   EXPECT_THAT(Load("x"), ElementsAre("Erro na linha 1 no driver C:\\Drivers\\KRA09E.wcd"));
-  context.languageBase = 2000;
+  context.language = Language::kSpanish;
   EXPECT_THAT(Load("x"), ElementsAre("Error en la linea 1 en el driver C:\\Drivers\\KRA09E.wcd"));
 }
 
@@ -134,9 +134,9 @@ TEST_F(DriverFileTest, AnUnknownUnitIsShownWithItsParameterAndCounts0) {
               ElementsAre("Error : driver with unknown unit CurrentF6 (P005)"));
   EXPECT_EQ(Entry(5).unitCode, 0);
   EXPECT_EQ(Entry(529).unitCode, 6);
-  context.languageBase = 0;
+  context.language = Language::kPortuguese;
   EXPECT_EQ(UnitCode(context, "Volt", 7), 0);
-  context.languageBase = 2000;
+  context.language = Language::kSpanish;
   EXPECT_EQ(UnitCode(context, "CurrentF0 ", 999), 0);
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Erro : driver com unidade desconhecida Volt (P007)",
                                                        "Error : driver con unidad desconocida : CurrentF0  (P999)"));

@@ -155,7 +155,7 @@ class ProgramTest(ProgramCase):
             (["acquire", "--parameters", 3, "--file", "none/run.cht"], {}, "none/run.cht"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:none.txt"}, "none.txt"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:bad.txt"}, "at soon 01 P005 2"),
-            (["acquire", "--parameters", 3, "--file", "profile"], {}, "this is a folder"),
+            (["acquire", "--parameters", 3, "--file", "profile"], {}, "is a folder"),
             (["info", "none.cht"], {}, "none.cht"),
             (["info", "rubbish.cht"], {}, "Not a chart file"),
             (["export", "rubbish.cht"], {}, "Not a chart file"),

@@ -6,12 +6,12 @@ import pathlib, re, sys
 # Folder -> folders it may use besides itself and what those name in turn. Every folder of src/ has its row; a row may
 # name only rows above it, so that no arrow runs back up.
 MAY_USE = {
-    "platform": [],
+    "texts": [],
+    "platform": ["texts"],
     "forms": ["platform"],
     "common/values": ["platform"],
     "common/environment": ["common/values"],
-    "common/texts": ["common/environment", "forms"],
-    "common": ["common/texts"],
+    "common": ["common/environment", "forms"],
     "drive": ["common"],
     "recording": ["drive"],
     "acquire": ["recording", "forms"],
@@ -38,7 +38,7 @@ MAY_USE = {
     "host/commands": ["host/window"],
     "host": ["host/commands"],
 }
-CORE = {"platform", "forms", "common", "drive", "recording", "acquire", "chart", "component"}
+CORE = {"texts", "platform", "forms", "common", "drive", "recording", "acquire", "chart", "component"}
 TOOLKITS = re.compile(r"#\s*include\s*<(windows|ole2?|oaidl|objbase|unistd|fcntl|sys/|glib|Q[A-Z]|q[a-z]+\.h)")
 SWITCHES = re.compile(r"#\s*(el)?if(n?def)?\b.*\b(_WIN32|WIN32|_MSC_VER|__linux__|__unix__|__APPLE__|__MINGW32__|QT_\w+)\b")
 OURS = re.compile(r'#\s*include\s*"([a-z0-9_/]+)/[^"/]+"')

@@ -24,8 +24,8 @@ struct DialogWindow {
   FakePlant plant;
   ClockPosix clock;
   QtFormHost host{clock};
-  QtHelp help{[] { return DialogTexts{}; }};
-  QtDialogs dialogs{help, [] { return DialogTexts{}; }};
+  QtHelp help{[] { return Language::kEnglish; }};
+  QtDialogs dialogs{help, [] { return Language::kEnglish; }};
   QtKeyboard keyboard;
   Ports ports{fakes.settings, fakes.files, clock, fakes.locale,    fakes.codePage, dialogs,
               fakes.sound,    keyboard,    help,  fakes.clipboard, fakes.printer,  fakes.spreadsheets};

@@ -7,7 +7,7 @@ namespace chartproject {
 
 namespace {
 [[noreturn]] void Refuse() {
-  throw RunTimeError(error_number::kPrinter, "This program was built without printing.");
+  throw RunTimeError(error_number::kPrinter, Text::kBuiltWithoutPrinting);
 }
 }  // namespace
 

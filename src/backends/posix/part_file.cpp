@@ -17,7 +17,7 @@ PartFile::PartFile(const std::string& target) : target_(PosixPath(target)), part
   // A rename would put the file in the place of a device or a folder's link.
   struct stat existing {};
   if (stat(target_.c_str(), &existing) == 0 && !S_ISREG(existing.st_mode)) {
-    throw RunTimeError(error_number::kPathFileAccess, target_ + ": this is no plain file");
+    throw RunTimeError(error_number::kPathFileAccess, Text::kNotARegularFile, {target_});
   }
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 QClipboard& SystemClipboard() {
   QClipboard* clipboard = qApp == nullptr ? nullptr : QGuiApplication::clipboard();
-  if (clipboard == nullptr) throw RunTimeError(error_number::kClipboard, "Can't open the clipboard");
+  if (clipboard == nullptr) throw RunTimeError(error_number::kClipboard, Text::kClipboardInUse);
   return *clipboard;
 }
 

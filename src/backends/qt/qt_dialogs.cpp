@@ -53,7 +53,7 @@ QStringList NameFilters(const std::string& filter) {
 }  // namespace
 
 std::int16_t QtDialogs::ShowMessageBox(const MessageBoxRequest& request) {
-  const DialogTexts texts = texts_();
+  const Language language = language_();
   QMessageBox box(QApplication::activeWindow());
   box.setWindowTitle(ToQt(request.title));
   box.setIcon(IconOf(request.style));
@@ -63,29 +63,29 @@ std::int16_t QtDialogs::ShowMessageBox(const MessageBoxRequest& request) {
   const bool question = (request.style & kButtonsMask) == box_style::kYesNo;
   QPushButton* yes = nullptr;
   if (question) {
-    yes = box.addButton(ToQt(texts.yes), QMessageBox::YesRole);
+    yes = box.addButton(WordToQt(language, Text::kBoxYes), QMessageBox::YesRole);
     box.setDefaultButton(yes);
-    box.setEscapeButton(box.addButton(ToQt(texts.no), QMessageBox::NoRole));
+    box.setEscapeButton(box.addButton(WordToQt(language, Text::kBoxNo), QMessageBox::NoRole));
   } else {
-    QPushButton* ok = box.addButton(ToQt(texts.ok), QMessageBox::AcceptRole);
+    QPushButton* ok = box.addButton(WordToQt(language, Text::kBoxOk), QMessageBox::AcceptRole);
     box.setDefaultButton(ok);
     box.setEscapeButton(ok);
   }
-  if ((request.style & box_style::kHelpButton) != 0) AddHelpButton(box, request, texts);
+  if ((request.style & box_style::kHelpButton) != 0) AddHelpButton(box, request, language);
   box.exec();
   if (!question) return box_answer::kOk;
   return box.clickedButton() == yes ? box_answer::kYes : box_answer::kNo;
 }
 
-void QtDialogs::AddHelpButton(QMessageBox& box, const MessageBoxRequest& request, const DialogTexts& texts) {
-  QPushButton* button = box.addButton(ToQt(texts.help), QMessageBox::HelpRole);
+void QtDialogs::AddHelpButton(QMessageBox& box, const MessageBoxRequest& request, Language language) {
+  QPushButton* button = box.addButton(WordToQt(language, Text::kBoxHelp), QMessageBox::HelpRole);
   button->disconnect(&box);  // help leaves the box open
   QObject::connect(button, &QPushButton::clicked, &box,
                    [this, &request] { help_.ShowContext(request.helpFile, request.helpContext); });
 }
 
 std::string QtDialogs::ShowInputBox(const InputBoxRequest& request) {
-  const DialogTexts texts = texts_();
+  const Language language = language_();
   QDialog dialog(QApplication::activeWindow());
   dialog.setWindowTitle(ToQt(request.title));
   auto* layout = new QVBoxLayout(&dialog);
@@ -95,12 +95,12 @@ std::string QtDialogs::ShowInputBox(const InputBoxRequest& request) {
   edit->setMinimumWidth(kInputWidth);
   prompt->setBuddy(edit);
   auto* buttons = new QDialogButtonBox;
-  buttons->addButton(ToQt(texts.ok), QDialogButtonBox::AcceptRole)->setDefault(true);
-  buttons->addButton(ToQt(texts.cancel), QDialogButtonBox::RejectRole);
+  buttons->addButton(WordToQt(language, Text::kBoxOk), QDialogButtonBox::AcceptRole)->setDefault(true);
+  buttons->addButton(WordToQt(language, Text::kBoxCancel), QDialogButtonBox::RejectRole);
   QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
   QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
   if (!request.helpFile.empty()) {
-    buttons->addButton(ToQt(texts.help), QDialogButtonBox::HelpRole);
+    buttons->addButton(WordToQt(language, Text::kBoxHelp), QDialogButtonBox::HelpRole);
     QObject::connect(buttons, &QDialogButtonBox::helpRequested, &dialog,
                      [this, &request] { help_.ShowContext(request.helpFile, 0); });
   }
@@ -110,14 +110,15 @@ std::string QtDialogs::ShowInputBox(const InputBoxRequest& request) {
   return dialog.exec() == QDialog::Accepted ? FromQt(edit->text()) : std::string();
 }
 
-void TranslateFileDialog(QFileDialog& dialog, const DialogTexts& texts) {
-  const QString act = ToQt(dialog.acceptMode() == QFileDialog::AcceptSave ? texts.save : texts.open);
+void TranslateFileDialog(QFileDialog& dialog, Language language) {
+  const QString act =
+      WordToQt(language, dialog.acceptMode() == QFileDialog::AcceptSave ? Text::kBoxSave : Text::kBoxOpen);
   dialog.setWindowTitle(QString(act).remove('&'));
   dialog.setLabelText(QFileDialog::Accept, act);
-  dialog.setLabelText(QFileDialog::Reject, ToQt(texts.cancel));
-  dialog.setLabelText(QFileDialog::LookIn, ToQt(texts.lookIn));
-  dialog.setLabelText(QFileDialog::FileName, ToQt(texts.fileName));
-  dialog.setLabelText(QFileDialog::FileType, ToQt(texts.fileType));
+  dialog.setLabelText(QFileDialog::Reject, WordToQt(language, Text::kBoxCancel));
+  dialog.setLabelText(QFileDialog::LookIn, WordToQt(language, Text::kBoxLookIn));
+  dialog.setLabelText(QFileDialog::FileName, WordToQt(language, Text::kBoxFileName));
+  dialog.setLabelText(QFileDialog::FileType, WordToQt(language, Text::kBoxFileType));
 }
 
 std::optional<std::string> QtDialogs::ShowOpenFile(const OpenFileRequest& request) {
@@ -125,7 +126,7 @@ std::optional<std::string> QtDialogs::ShowOpenFile(const OpenFileRequest& reques
   if (!request.initialFolder.empty()) dialog.setDirectory(FileNameToQt(request.initialFolder));
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode((request.flags & kFileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-  TranslateFileDialog(dialog, texts_());
+  TranslateFileDialog(dialog, language_());
   const QStringList filters = NameFilters(request.filter);
   if (!filters.isEmpty()) {
     dialog.setNameFilters(filters);

@@ -16,22 +16,22 @@ constexpr QSize kViewerSize{560, 480};
 
 }  // namespace
 
-QtHelp::QtHelp(DialogTextSource texts) : texts_(std::move(texts)) {}
+QtHelp::QtHelp(LanguageSource language) : language_(std::move(language)) {}
 
 QtHelp::~QtHelp() {
   delete viewer_;
 }
 
 void QtHelp::ShowContext(const std::string& helpFile, std::int32_t context) {
-  const DialogTexts texts = texts_();
+  const Language language = language_();
   QFile file(FileNameToQt(helpFile));
   if (!file.open(QIODevice::ReadOnly)) {
-    Say(texts.helpFileMissing, helpFile);
+    Say(Text::kHelpFileMissing, helpFile);
     return;
   }
   const QByteArray bytes = file.readAll();
   if (bytes.contains('\0')) {  // compiled help of another system
-    Say(texts.helpFileUnreadable, helpFile);
+    Say(Text::kHelpFileUnreadable, helpFile);
     return;
   }
   if (viewer_.isNull()) {
@@ -41,7 +41,7 @@ void QtHelp::ShowContext(const std::string& helpFile, std::int32_t context) {
   }
   // A window opened over a modal one is usable only when it belongs to it.
   viewer_->setParent(QApplication::activeModalWidget(), Qt::Window);
-  viewer_->setWindowTitle(ToQt(texts.helpTitle));
+  viewer_->setWindowTitle(WordToQt(language, Text::kHelpTitle));
   const QString text = QString::fromUtf8(bytes);
   if (Qt::mightBeRichText(text)) {
     viewer_->setHtml(text);
@@ -54,13 +54,13 @@ void QtHelp::ShowContext(const std::string& helpFile, std::int32_t context) {
   viewer_->scrollToAnchor(QString::number(context));
 }
 
-void QtHelp::Say(const std::string& text, const std::string& helpFile) const {
+void QtHelp::Say(Text text, const std::string& helpFile) const {
   QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(ToQt(texts_().helpTitle));
+  box.setWindowTitle(WordToQt(language_(), Text::kHelpTitle));
   box.setIcon(QMessageBox::Information);
   box.setTextFormat(Qt::PlainText);
-  box.setText(ToQt(text).arg(ToQt(helpFile)));
-  box.addButton(ToQt(texts_().ok), QMessageBox::AcceptRole);
+  box.setText(ToQt(FillIn(TextIn(language_(), text), {helpFile})));
+  box.addButton(WordToQt(language_(), Text::kBoxOk), QMessageBox::AcceptRole);
   box.exec();
 }
 

@@ -13,14 +13,14 @@ namespace chartproject {
 /// another kind is named in a message.
 class QtHelp : public Help {
  public:
-  explicit QtHelp(DialogTextSource texts);
+  explicit QtHelp(LanguageSource language);
   ~QtHelp() override;
   void ShowContext(const std::string& helpFile, std::int32_t context) override;
 
  private:
-  void Say(const std::string& text, const std::string& helpFile) const;
+  void Say(Text text, const std::string& helpFile) const;
 
-  DialogTextSource texts_;
+  LanguageSource language_;
   QPointer<QTextBrowser> viewer_;  ///< goes with the dialog that it was opened from
 };
 

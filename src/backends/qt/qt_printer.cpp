@@ -25,7 +25,7 @@ constexpr double kSmallestMargin = 0.5;  // centimetres; printers without a marg
 constexpr double kLargestIcon = 1.4;     // centimetres; what follows an icon stands 1.5 behind its left edge
 
 [[noreturn]] void ThrowPrinterError(const std::string& reason) {
-  throw RunTimeError(error_number::kPrinter, "Printer error: " + reason);
+  throw RunTimeError(error_number::kPrinter, Text::kPrinterError, {reason});
 }
 
 QString PartName(const std::string& target) {
@@ -127,14 +127,14 @@ void QtPrinter::PaintPicture(const Bitmap& picture, double x, double y, double w
 
 void QtPrinter::PaintPictureFile(const std::string& fileName, double x, double y) {
   const QString name = FileNameToQt(fileName);
-  if (!QFile::exists(name)) throw RunTimeError(error_number::kFileNotFound, "File not found: " + fileName);
+  if (!QFile::exists(name)) throw RunTimeError(error_number::kFileNotFound, Text::kFileNotFound, {fileName});
   QImageReader reader(name);
   QImage largest;
   do {  // an icon file holds its picture in several sizes
     const QImage image = reader.read();
     if (image.width() > largest.width()) largest = image;
   } while (reader.jumpToNextImage());
-  if (largest.isNull()) throw RunTimeError(error_number::kInvalidPicture, "Invalid picture: " + fileName);
+  if (largest.isNull()) throw RunTimeError(error_number::kInvalidPicture, Text::kInvalidPicture, {fileName});
   const double side = std::min(largest.width() / kPixelsPerInch * kCentimetresPerInch, kLargestIcon);
   PaintPicture(FromQImage(largest), x, y, side, side * largest.height() / largest.width());
 }

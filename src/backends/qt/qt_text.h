@@ -3,7 +3,9 @@
 
 #include <QString>
 #include <string>
+
 #include <string_view>
+#include "texts/texts.h"
 
 namespace chartproject {
 
@@ -18,6 +20,11 @@ namespace chartproject {
 /// A file name as the system's own routines take it: "\" stands for "/" in the core's names.
 [[nodiscard]] inline QString FileNameToQt(std::string_view name) {
   return ToQt(name).replace(QLatin1Char('\\'), QLatin1Char('/'));
+}
+
+/// A text in a language.
+[[nodiscard]] inline QString WordToQt(Language language, Text text) {
+  return ToQt(std::string(TextIn(language, text)));
 }
 
 }  // namespace chartproject

@@ -104,7 +104,7 @@ class Biff8Writer : public WorkbookWriter {
       biff8::AppendSheetEnd(frame, i == 0);
       offset += frame.size() + sheets_[i].rowBytes;
     }
-    if (offset > kLargestBiff8Workbook) throw RunTimeError(1004, "The workbook is too large for its format");
+    if (offset > kLargestBiff8Workbook) throw RunTimeError(1004, Text::kWorkbookTooLarge);
     return head + mark;
   }
 

@@ -24,7 +24,7 @@ std::string DiskOf(const std::string& fileName) {
 std::uint64_t Bytes32(std::uint64_t clusters, std::uint64_t sectorsPerCluster, std::uint64_t bytesPerSector) {
   const std::uint64_t bytes = clusters * sectorsPerCluster * bytesPerSector;
   if (bytes > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
-    throw RunTimeError(error_number::kOverflow, "The disk is too large to be measured on this system");
+    throw RunTimeError(error_number::kOverflow, Text::kDiskTooLarge);
   }
   return bytes;
 }

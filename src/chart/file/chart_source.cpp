@@ -34,9 +34,10 @@ int ReadNamedSeries(const std::string& text, const NumberFormat& format) {
 }  // namespace
 
 void ChartSource::Open(const std::string& fileName, ChartHeader& header) {
+  if (fileName.empty()) throw RunTimeError(error_number::kFileNotFound, Text::kNoChartFileName);
   const auto file = ports_.files.OpenForReading(fileName);
   const HeaderReading reading = ReadChartHeader(*file, ports_.codePage, header);
-  if (reading.keys == 0) throw RunTimeError(kInvalidFileFormat, "Not a chart file: " + fileName);
+  if (reading.keys == 0) throw RunTimeError(kInvalidFileFormat, Text::kNotAChartFile, {fileName});
   fileName_ = fileName;
   const NumberFormat& format = ports_.locale.Numbers();
   namedPoints_ = ReadNamedPoints(header.NumberOfPoints, format);

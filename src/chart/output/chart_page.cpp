@@ -5,8 +5,8 @@
 
 #include "chart/output/page_text.h"
 #include "chart/picture/chart_model.h"
+#include "common/environment/language.h"
 #include "common/error_log.h"
-#include "common/texts/message_table.h"
 #include "common/values/text.h"
 
 namespace chartproject {
@@ -67,24 +67,24 @@ class PageDrawing {
 
   void DrawInformation() {
     const ChartHeader& header = page_.header;
-    DrawItem(1, page_.fileName);
-    DrawItem(3, header.DriveAddress);
+    DrawItem(Text::kChartFile, page_.fileName);
+    DrawItem(Text::kDriveAddress, header.DriveAddress);
     DrawSeries();
-    DrawItem(46, YesNo(page_.grid));
-    DrawItem(80, YesNo(page_.marker));
-    DrawItem(81, YesNo(page_.line));
-    DrawItem(78, page_.chartType);
-    DrawItem(7, header.ScanTime + " " + header.Unit);
-    DrawItem(6, header.NumberOfPoints);
+    DrawItem(Text::kGrid, YesNo(page_.grid));
+    DrawItem(Text::kMarker, YesNo(page_.marker));
+    DrawItem(Text::kLine, YesNo(page_.line));
+    DrawItem(Text::kChartType, page_.chartType);
+    DrawItem(Text::kTimeAmongPoints, header.ScanTime + " " + header.Unit);
+    DrawItem(Text::kNumberOfPoints, header.NumberOfPoints);
   }
 
-  void DrawItem(int message, const std::string& value) {
+  void DrawItem(Text message, const std::string& value) {
     const double column = DrawLabel(message);
     DrawValue(value, column, kValueFont);
   }
 
   /// Returns where the value begins: the values' column, or behind a label that is longer.
-  double DrawLabel(int message) {
+  double DrawLabel(Text message) {
     const std::string label = LoadMessage(component_, message) + ": ";
     printer_.PrintText(label, kLabelColumn, y_, kLabelFont);
     return std::max(kValueColumn, kLabelColumn + printer_.TextWidth(label, kLabelFont) + kColumnGap);
@@ -99,13 +99,13 @@ class PageDrawing {
   }
 
   void DrawSeries() {
-    const double column = DrawLabel(4);
+    const double column = DrawLabel(Text::kParameters);
     if (page_.series.empty()) DrawValue("", column, kValueFont);
     for (std::size_t s = 0; s < page_.series.size(); ++s) {
       const ChartPageSeries& series = page_.series[s];
       std::string text;
       for (const std::string& part : {series.number, series.name}) text += part.empty() ? part : part + ", ";
-      text += LoadMessage(component_, 79) + ": " + series.scale;
+      text += LoadMessage(component_, Text::kScale) + ": " + series.scale;
       PrintFont font = kValueFont;
       font.color = kSeriesColorNumbers[s % kSeriesColorNumbers.size()];
       DrawValue(text, column, font);
@@ -122,7 +122,7 @@ class PageDrawing {
     if (scale > 0) printer_.PaintPicture(page_.picture, kLabelColumn, y_, width * scale, height * scale);
   }
 
-  [[nodiscard]] std::string YesNo(bool yes) const { return LoadMessage(component_, yes ? 83 : 84); }
+  [[nodiscard]] std::string YesNo(bool yes) const { return LoadMessage(component_, yes ? Text::kYes : Text::kNo); }
 
   [[nodiscard]] std::string FileTitle() const {
     const std::size_t separator = page_.fileName.find_last_of("/\\");
@@ -145,7 +145,7 @@ bool PrintChartPage(Component& component, const ChartPage& page) {
   bool printed = false;
   try {
     if (printer.StartDocument(std::string(kHostTitle) + " - " + page.fileName)) {
-      showStatus(LoadMessage(component, 68));
+      showStatus(LoadMessage(component, Text::kPrinting));
       PageDrawing(component, page).Draw();
       printer.EndDocument();
       printed = true;

@@ -4,10 +4,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
-#include "common/texts/extra_texts.h"
-#include "common/texts/message_table.h"
 #include "common/values/line_reader.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
@@ -171,7 +170,7 @@ class Export {
       return Steps();
     } catch (const GivenUp&) {
       EndApplication();
-      ShowMessage(component_, LoadExtraText(component_, ExtraText::kExportStopped), box_style::kInformation);
+      ShowMessage(component_, LoadMessage(component_, Text::kExportStopped), box_style::kInformation);
       return ExportOutcome::kGivenUp;
     } catch (const RunTimeError& error) {
       return FailWith(error);
@@ -189,7 +188,7 @@ class Export {
 
   ExportOutcome Steps() {
     if (target_ == request_.chartFile) {
-      throw RunTimeError(error_number::kPathFileAccess, target_ + ": a chart file cannot be exported onto itself");
+      throw RunTimeError(error_number::kPathFileAccess, Text::kExportOntoItself, {target_});
     }
     SpreadsheetApplications& applications = component_.ports.spreadsheets;
     if (const auto limits = applications.Limits(target_)) {
@@ -199,16 +198,19 @@ class Export {
       if (fitting) return RefuseSize(*fitting);
     }
     if (component_.ports.files.FileExists(target_)) {
-      if (!Ask(LoadMessage(component_, 89) + target_ + LoadMessage(component_, 90))) return ExportOutcome::kDeclined;
+      if (!Ask(LoadMessage(component_, Text::kFileExistsBefore) + target_ +
+               LoadMessage(component_, Text::kFileExistsAfter)))
+        return ExportOutcome::kDeclined;
       component_.ports.files.Delete(target_);
     }
     application_ = applications.AttachRunning();
     if (!application_) application_ = applications.Create(target_);
     if (!application_) {
-      ShowMessage(component_, LoadMessage(component_, 91), box_style::kExclamation);
+      ShowMessage(component_, LoadMessage(component_, Text::kNoSpreadsheet), box_style::kExclamation);
       return ExportOutcome::kNoApplication;
     }
-    if (!Ask(LoadMessage(component_, 92) + "\r\n" + LoadMessage(component_, 93))) {
+    if (!Ask(LoadMessage(component_, Text::kExportQuestion) + "\r\n" +
+             LoadMessage(component_, Text::kExportTakesTime))) {
       application_.reset();
       return ExportOutcome::kDeclined;
     }
@@ -228,16 +230,16 @@ class Export {
     ShowBusy(false);
     if (skipped.count > 0) {
       ShowMessage(component_,
-                  FillIn(LoadExtraText(component_, ExtraText::kExportSkippedLines),
+                  FillIn(LoadMessage(component_, Text::kExportSkippedLines),
                          {std::to_string(skipped.count), std::to_string(skipped.first)}),
                   box_style::kExclamation);
     }
-    ShowMessage(component_, LoadMessage(component_, 94) + target_, box_style::kInformation);
+    ShowMessage(component_, LoadMessage(component_, Text::kFileSavedAs) + target_, box_style::kInformation);
   }
 
   ExportOutcome RefuseSize(std::int64_t fitting) {
     ShowMessage(component_,
-                FillIn(LoadExtraText(component_, ExtraText::kExportTooLarge),
+                FillIn(LoadMessage(component_, Text::kExportTooLarge),
                        {FormatGrouped(static_cast<double>(fitting), component_.ports.locale.Numbers())}),
                 box_style::kExclamation);
     return ExportOutcome::kTooLarge;

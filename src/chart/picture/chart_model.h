@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/canvas.h"
+#include "texts/text.h"
 
 namespace chartproject {
 
@@ -67,6 +68,11 @@ struct ChartModel {
   int rowCount = 0;
   std::vector<ChartSeries> series;
 };
+
+/// The name of a chart type, for the user. @param type 0 to 7, the numbers of ChartKind
+[[nodiscard]] constexpr Text ChartTypeName(int type) noexcept {
+  return static_cast<Text>(static_cast<int>(Text::kChart3DBar) + type);
+}
 
 [[nodiscard]] constexpr bool Is3d(ChartKind kind) noexcept {
   return static_cast<int>(kind) % 2 == 0;

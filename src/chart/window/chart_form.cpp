@@ -4,19 +4,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/environment/language.h"
 #include "common/environment/settings_io.h"
 #include "common/error_log.h"
 #include "common/form_appearance.h"
+#include "common/form_translation.h"
 #include "common/sounds.h"
-#include "common/texts/form_translation.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 #include "forms/form_host.h"
 
 namespace chartproject {
 namespace {
 
-constexpr int kFirstChartTypeMessage = 70;
 constexpr int kChartTypeCount = 8;
 constexpr int kDefaultChartType = 3;
 /// Size of the window before the user gave it another.
@@ -54,12 +53,19 @@ ChartForm::ChartForm(Component& component)
 ChartForm::~ChartForm() = default;
 
 void ChartForm::NumberTexts() {
-  SetTag(TextNumber(1));
-  const std::initializer_list<std::pair<Control*, int>> captions{
-      {&lblScaleMsg, 79}, {&cmdUpdateChart, 69}, {&lblChartType, 78}, {&chkGrid, 46}, {&chkLine, 81},
-      {&chkMarker, 80},   {&cmdExport, 95},      {&cmdPrint, 66},     {&cmdOK, 10}};
+  SetTag(TextNumber(Text::kChartFile));
+  const std::initializer_list<std::pair<Control*, Text>> captions{{&lblScaleMsg, Text::kScale},
+                                                                  {&cmdUpdateChart, Text::kUpdateChart},
+                                                                  {&lblChartType, Text::kChartType},
+                                                                  {&chkGrid, Text::kGrid},
+                                                                  {&chkLine, Text::kLine},
+                                                                  {&chkMarker, Text::kMarker},
+                                                                  {&cmdExport, Text::kExport},
+                                                                  {&cmdPrint, Text::kPrint},
+                                                                  {&cmdOK, Text::kOk}};
   for (const auto& [control, message] : captions) control->SetTag(TextNumber(message));
-  const std::initializer_list<std::pair<Control*, int>> toolTips{{&cmdExport, 96}, {&cmdPrint, 67}, {&cmdOK, 11}};
+  const std::initializer_list<std::pair<Control*, Text>> toolTips{
+      {&cmdExport, Text::kExportTip}, {&cmdPrint, Text::kPrintTip}, {&cmdOK, Text::kOkTip}};
   for (const auto& [control, message] : toolTips) control->SetToolTipText(TextNumber(message));
   cmdUpdateChart.SetDefault(true);
 }
@@ -100,13 +106,13 @@ void ChartForm::Connect() {
 void ChartForm::OnLoad() {
   cboChartType.Clear();
   for (int type = 0; type < kChartTypeCount; ++type) {
-    cboChartType.AddItem(LoadMessage(component_, kFirstChartTypeMessage + type));
+    cboChartType.AddItem(LoadMessage(component_, ChartTypeName(type)));
   }
   ApplySavedSwitches();
   PrepareScales();
   TranslateForm(*this, component_);
   ShowPointsPerDivision();
-  mscChart1.SetToolTipText(LoadExtraText(component_, ExtraText::kChartTip));
+  mscChart1.SetToolTipText(LoadMessage(component_, Text::kChartTip));
   mscChart1.SetNumberFormat(component_.ports.locale.Numbers());
   for (Control* control : Controls()) {
     if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);

@@ -14,7 +14,7 @@
 #include "chart/output/chart_page.h"
 #include "chart/window/chart_control.h"
 #include "chart/window/readout.h"
-#include "common/texts/extra_texts.h"
+#include "common/environment/language.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 #include "recording/component.h"

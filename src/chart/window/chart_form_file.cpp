@@ -6,9 +6,9 @@
 #include "chart/window/chart_form.h"
 #include "chart/window/info_text.h"
 #include "chart/window/scroll_range.h"
+#include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "forms/flag_scope.h"
@@ -17,10 +17,6 @@
 namespace chartproject {
 namespace {
 
-constexpr int kLineError = 52;
-constexpr int kAddress = 98;
-constexpr int kDoesNotExist = 99;
-constexpr int kCannotLoad = 100;
 /// So much of a malformed line is shown.
 constexpr std::size_t kShownLineLength = 200;
 /// A reading shorter than this is not worth a progress text.
@@ -62,21 +58,22 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   source_.Open(strFileName, component_.chartHeader);
   if (component_.driveTable.At(DriveAddressOf(component_)).Type.empty()) {
     ShowMessage(component_,
-                LoadMessage(component_, kCannotLoad) + strFileName + "\r\n" + LoadMessage(component_, kAddress) +
-                    header.DriveAddress + LoadMessage(component_, kDoesNotExist),
+                LoadMessage(component_, Text::kCannotLoad) + strFileName + "\r\n" +
+                    LoadMessage(component_, Text::kAddress) + header.DriveAddress +
+                    LoadMessage(component_, Text::kDoesNotExist),
                 box_style::kExclamation);
     return;
   }
-  SetCaption(LoadMessage(component_, 1) + " - " + BaseName(strFileName));
+  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + BaseName(strFileName));
   notices_.clear();
   LoadParameterNames();
   seriesCount_ = source_.NamedSeries();
   points_ = source_.NamedPoints();
   if (points_ < 0) {
     WhileReading([this] { points_ = source_.CountLines([this](double part) { return ShowReadingProgress(part); }); });
-    notices_.push_back(FillIn(LoadExtraText(component_, ExtraText::kUnknownPoints), {std::to_string(points_)}));
+    notices_.push_back(FillIn(LoadMessage(component_, Text::kUnknownPoints), {std::to_string(points_)}));
   }
-  if (!source_.HasPoints()) notices_.push_back(LoadExtraText(component_, ExtraText::kNoPointLines));
+  if (!source_.HasPoints()) notices_.push_back(LoadMessage(component_, Text::kNoPointLines));
 
   allLinesCounted_ = points_ != source_.NamedPoints();
 
@@ -112,7 +109,8 @@ void ChartForm::LoadParameterNames() {
   } catch (const RunTimeError& error) {
     // The values are worth showing without their names.
     NoteRunTimeError(component_, "LoadDriverFile", error);
-    notices_.push_back(FillIn(LoadExtraText(component_, ExtraText::kNoParameterNames), {error.Description()}));
+    notices_.push_back(
+        FillIn(LoadMessage(component_, Text::kNoParameterNames), {error.Description(component_.language)}));
   }
 }
 
@@ -201,7 +199,7 @@ SliceReading ChartForm::ReadVisibleSlice() {
     reading = source_.Read(sliceStart_, sliceEnd_, columns, [this](double part) { return ShowReadingProgress(part); });
   });
   if (reading.end == SliceEnd::kGivenUp) {
-    lblStatus.SetCaption(LoadExtraText(component_, ExtraText::kReadingStopped));
+    lblStatus.SetCaption(LoadMessage(component_, Text::kReadingStopped));
   }
   return reading;
 }
@@ -243,7 +241,7 @@ bool ChartForm::ShowReadingProgress(double part) {
   }
   progressTold_ = now;
   lblStatus.SetCaption(
-      FillIn(LoadExtraText(component_, ExtraText::kReadingFile), {std::to_string(static_cast<int>(part * 100))}));
+      FillIn(LoadMessage(component_, Text::kReadingFile), {std::to_string(static_cast<int>(part * 100))}));
   component_.forms.KeepAlive();
   return !component_.ports.keyboard.EscapePressed() && !closeAfterReading_;
 }
@@ -259,7 +257,7 @@ void ChartForm::ShowSlice(Slice slice) {
   if (source_.NamedSeries() == 0) {
     if (seriesCount_ < slice_.columnsInUse) {
       seriesCount_ = slice_.columnsInUse;
-      notices_.push_back(FillIn(LoadExtraText(component_, ExtraText::kUnknownSeries), {std::to_string(seriesCount_)}));
+      notices_.push_back(FillIn(LoadMessage(component_, Text::kUnknownSeries), {std::to_string(seriesCount_)}));
     }
     slice_.columnsRead = seriesCount_;
   }
@@ -280,10 +278,10 @@ void ChartForm::FillInfoBox() {
   const std::int64_t held = slice_.lastLine - source_.FirstLine() + 1;
   const std::int32_t named = source_.NamedPoints();
   if (GoesOnBehindItsHeader()) {
-    notices.push_back(FillIn(LoadExtraText(component_, ExtraText::kMorePoints), {std::to_string(named)}));
+    notices.push_back(FillIn(LoadMessage(component_, Text::kMorePoints), {std::to_string(named)}));
   } else if (source_.HasPoints() && slice_.endOfFile && held < named) {
     notices.push_back(
-        FillIn(LoadExtraText(component_, ExtraText::kFewerPoints), {std::to_string(held), std::to_string(named)}));
+        FillIn(LoadMessage(component_, Text::kFewerPoints), {std::to_string(held), std::to_string(named)}));
   }
   rtfInfo.SetText("");
   rtfInfo.SetText(InfoText(component_, source_.FileName(), component_.chartHeader, notices));
@@ -293,7 +291,7 @@ void ChartForm::ReportMalformedLine(const SliceReading& reading) {
   const std::string text =
       component_.ports.codePage.Decode(std::string_view(reading.malformedText).substr(0, kShownLineLength));
   ShowMessage(component_,
-              LoadMessage(component_, kLineError) + std::to_string(reading.malformedLine) + " : <<" + text + ">>",
+              LoadMessage(component_, Text::kLineError) + std::to_string(reading.malformedLine) + " : <<" + text + ">>",
               box_style::kExclamation);
 }
 

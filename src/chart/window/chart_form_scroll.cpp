@@ -65,7 +65,7 @@ void ChartForm::ReturnToShownSlice() {
 
 void ChartForm::ShowPointsPerDivision() {
   lblPointsPerDivision.SetCaption(
-      FillIn(LoadExtraText(component_, ExtraText::kPointsPerDivision), {std::to_string(pointsPerDivision_)}));
+      FillIn(LoadMessage(component_, Text::kPointsPerDivision), {std::to_string(pointsPerDivision_)}));
 }
 
 void ChartForm::sldPointsPerDivision_Change() {

@@ -3,17 +3,13 @@
 
 #include "chart/window/chart_building.h"
 #include "chart/window/chart_form.h"
+#include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 
 namespace chartproject {
-namespace {
-
-constexpr int kOutOfRange = 65;
-
-}  // namespace
+namespace {}  // namespace
 
 void ChartForm::PrepareScales() {
   for (const SeriesControls& series : series_) {
@@ -46,7 +42,7 @@ bool ChartForm::CheckScale(const SeriesControls& series) {
   try {
     if (!box.Text().empty()) box.SetText(std::to_string(RoundToInteger16(LeadingNumber(box.Text()))));
     good = IsNumeric(box.Text(), format) && ToInteger16(box.Text(), format) >= 1;
-    if (!good) ShowMessage(component_, LoadMessage(component_, kOutOfRange), box_style::kExclamation);
+    if (!good) ShowMessage(component_, LoadMessage(component_, Text::kOutOfRange), box_style::kExclamation);
   } catch (const RunTimeError& error) {
     LogRunTimeError(component_, "CheckScale", error);
   }

@@ -1,7 +1,7 @@
 // The lines of the information box, in their order.
 #include "chart/window/info_text.h"
 
-#include "common/texts/message_table.h"
+#include "common/environment/language.h"
 #include "recording/chart_file.h"
 
 namespace chartproject {
@@ -23,26 +23,26 @@ std::string NumberedParameter(const std::string& digits) {
 std::string InfoText(const Environment& environment, const std::string& fileName, const ChartHeader& header,
                      const std::vector<std::string>& notices) {
   std::string text;
-  const auto add = [&](int label, std::string_view value) {
+  const auto add = [&](Text label, std::string_view value) {
     text.append(LoadMessage(environment, label)).append(" : ").append(value).append(kLineEnd);
   };
-  add(5, fileName);
+  add(Text::kFileName, fileName);
   text += kLineEnd;
-  add(3, header.DriveAddress);
-  add(7, header.ScanTime + " " + header.Unit);
-  add(6, header.NumberOfPoints);
-  add(21, TriggerModeText(environment, header.TriggerMode));
+  add(Text::kDriveAddress, header.DriveAddress);
+  add(Text::kTimeAmongPoints, header.ScanTime + " " + header.Unit);
+  add(Text::kNumberOfPoints, header.NumberOfPoints);
+  add(Text::kTriggerMode, TriggerModeText(environment, header.TriggerMode));
   if (header.TriggerMode == "Event") {
-    add(19, EventText(environment, header.Event));
+    add(Text::kEvent, EventText(environment, header.Event));
     if (IsComparison(header.Event)) {
-      add(44, NumberedParameter(header.PXXX));
-      add(45, header.Content);
+      add(Text::kParameter, NumberedParameter(header.PXXX));
+      add(Text::kContent, header.Content);
     }
   }
-  add(50, header.StartDate);
-  add(56, header.StartTime);
-  add(51, header.EndDate);
-  add(57, header.EndTime);
+  add(Text::kStartDate, header.StartDate);
+  add(Text::kStartTime, header.StartTime);
+  add(Text::kEndDate, header.EndDate);
+  add(Text::kEndTime, header.EndTime);
   if (!notices.empty()) text += kLineEnd;
   for (const std::string& notice : notices) text.append(notice).append(kLineEnd);
   return text;

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "common/texts/extra_texts.h"
+#include "common/environment/language.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "platform/run_time_error.h"
@@ -59,7 +59,7 @@ std::vector<ReadoutLine> PointReadout(const Environment& environment, const Poin
                                       const std::vector<std::string>& names) {
   const NumberFormat& format = environment.ports.locale.Numbers();
   std::vector<ReadoutLine> lines;
-  lines.push_back({FillIn(LoadExtraText(environment, ExtraText::kReadoutPoint),
+  lines.push_back({FillIn(LoadMessage(environment, Text::kReadoutPoint),
                           {std::to_string(point.number), environment.ports.codePage.Decode(point.time)})});
   for (std::size_t s = 0; s < point.values.size() && s < names.size(); ++s) {
     lines.push_back({names[s] + ": " + ValueText(point.values[s], format), static_cast<int>(s)});
@@ -75,7 +75,7 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
   for (std::size_t which = 0; which < cursors.size(); ++which) {
     if (!cursors[which]) continue;
     const std::string time = environment.ports.codePage.Decode(cursors[which]->time);
-    lines.push_back({FillIn(LoadExtraText(environment, ExtraText::kCursorPoint),
+    lines.push_back({FillIn(LoadMessage(environment, Text::kCursorPoint),
                             {std::to_string(which + 1), std::to_string(cursors[which]->number), time})});
   }
   if (!cursors[0] || !cursors[1]) return lines;
@@ -83,7 +83,7 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
   const PointReading& second = *cursors[1];
   const std::int64_t points = second.number - first.number;
   const double expected = ScanSeconds(header, format).value_or(0) * static_cast<double>(points);
-  lines.push_back({FillIn(LoadExtraText(environment, ExtraText::kCursorDifference),
+  lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference),
                           {std::to_string(points), TimeDifference(first.time, second.time, expected)})});
   for (std::size_t s = 0; s < first.values.size() && s < second.values.size() && s < names.size(); ++s) {
     lines.push_back({names[s] + ": " + ValueText(first.values[s], format) + " \xE2\x86\x92 " +

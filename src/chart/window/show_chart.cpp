@@ -4,15 +4,14 @@
 #include "chart/output/chart_page.h"
 #include "chart/window/chart_form.h"
 #include "chart/window/status_form.h"
+#include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
-#include "common/texts/message_table.h"
 #include "forms/form_host.h"
 
 namespace chartproject {
 namespace {
 
-constexpr int kPrintQuestion = 97;
 /// Dots of the copied picture to the screen's one: paper shows more than a screen does.
 constexpr double kPictureScale = 2.0;
 
@@ -30,18 +29,18 @@ class UnloadScope {
 
 Bitmap PictureOnClipboard(Component& component) {
   auto picture = component.ports.clipboard.Picture();
-  if (!picture) throw RunTimeError(error_number::kInvalidPicture, "The clipboard holds no picture");
+  if (!picture) throw RunTimeError(error_number::kInvalidPicture, Text::kClipboardWithoutPicture);
   return std::move(*picture);
 }
 
 void PrintFromClipboard(Component& component, ChartForm& window) {
   component.ports.clipboard.Clear();
   PictureRenderer* renderer = component.forms.Pictures();
-  if (renderer == nullptr) throw RunTimeError(error_number::kInvalidPicture, "Pictures cannot be drawn here");
+  if (renderer == nullptr) throw RunTimeError(error_number::kInvalidPicture, Text::kPicturesNotDrawn);
   component.ports.clipboard.SetPicture(window.mscChart1.CopyPicture(*renderer, kPictureScale));
   Bitmap picture = PictureOnClipboard(component);
   const std::int16_t answer =
-      ShowMessage(component, LoadMessage(component, kPrintQuestion), box_style::kYesNo + box_style::kQuestion);
+      ShowMessage(component, LoadMessage(component, Text::kPrintQuestion), box_style::kYesNo + box_style::kQuestion);
   if (answer != box_answer::kYes) return;
   picture = PictureOnClipboard(component);
   ChartPage page = window.DescribePage(std::move(picture));

@@ -6,6 +6,7 @@
 
 #include "common/environment/settings.h"
 #include "platform/ports.h"
+#include "texts/language.h"
 
 namespace chartproject {
 
@@ -22,7 +23,7 @@ struct Environment {
   Ports& ports;
   FormHost& forms;
   Settings settings{};
-  std::int16_t languageBase = 0;  ///< 0 Portuguese, 1000 English, 2000 Spanish
+  Language language = Language::kPortuguese;
   std::string helpFile{};
   bool bDecimalPoint = true;       ///< the user's locale writes decimals with a full stop
   std::string buttonCursorFile{};  ///< the hand cursor of buttons, once loaded

@@ -1,8 +1,5 @@
-// Language base, help file and decimal flag.
+// Language, help file and decimal flag.
 #include "common/environment/language.h"
-
-#include <array>
-#include <string_view>
 
 #include "common/environment/environment.h"
 #include "common/values/numbers.h"
@@ -10,38 +7,17 @@
 
 namespace chartproject {
 
-namespace {
-
-struct Language {
-  std::string_view name;  ///< as strLanguage holds it
-  std::int16_t base;
-  std::string_view helpFile;
-};
-
-constexpr std::array<Language, kLanguageNames.size()> kLanguages{{
-    {kLanguageNames[0], 0, "Kshelpp.HLP"},
-    {kLanguageNames[1], 1000, "Kshelpe.HLP"},
-    {kLanguageNames[2], 2000, "Kshelps.HLP"},
-}};
-
-const Language* FindLanguage(std::string_view name) noexcept {
-  for (const Language& language : kLanguages) {
-    if (language.name == name) return &language;
-  }
-  return nullptr;
+std::string LoadMessage(const Environment& environment, Text text) {
+  return std::string(TextIn(environment.language, text));
 }
 
-}  // namespace
-
 void SetLanguageBase(Environment& environment) {
-  if (const Language* language = FindLanguage(environment.settings.strLanguage)) {
-    environment.languageBase = language->base;
-  }
+  environment.language = LanguageNamed(environment.settings.strLanguage).value_or(environment.language);
 }
 
 void SetHelpFile(Environment& environment) {
-  if (const Language* language = FindLanguage(environment.settings.strLanguage)) {
-    environment.helpFile = JoinPath(environment.settings.strHelps, language->helpFile);
+  if (const auto language = LanguageNamed(environment.settings.strLanguage)) {
+    environment.helpFile = JoinPath(environment.settings.strHelps, RowOf(*language).helpFile);
   }
 }
 

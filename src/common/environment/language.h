@@ -1,18 +1,18 @@
-// What the language setting and the user's locale decide: message texts, help file, the decimal separator.
+// What the language setting and the user's locale decide: texts, help file, the decimal separator.
 #pragma once
 
-#include <array>
-#include <string_view>
+#include <string>
+
+#include "texts/texts.h"
 
 namespace chartproject {
 
 struct Environment;
 
-/// The languages that strLanguage names.
-inline constexpr std::array<std::string_view, 3> kLanguageNames{"Portuguese", "English", "Spanish"};
+/// A text in the component's language.
+[[nodiscard]] std::string LoadMessage(const Environment& environment, Text text);
 
-/// Sets the language base: 0 for strLanguage "Portuguese", 1000 for "English", 2000 for "Spanish", compared exactly.
-/// Any other text leaves the base as it is.
+/// Sets the language that strLanguage names, compared exactly. Any other text leaves the language as it is.
 void SetLanguageBase(Environment& environment);
 
 /// Sets the help file of the language in the help folder (strHelps); any other language leaves it as it is.

@@ -149,9 +149,8 @@ void SetSetting(Settings& settings, const SettingsSection& section, const Settin
         },
         row.field);
   } catch (const RunTimeError& error) {
-    const char* fault = error.Number() == error_number::kOverflow ? "Overflow" : "Type mismatch";
-    throw RunTimeError(error.Number(), std::string(fault) + ": setting " + std::string(section.name) + "." + row.key +
-                                           " is \"" + std::string(text) + "\"");
+    const Text fault = error.Number() == error_number::kOverflow ? Text::kSettingOverflow : Text::kSettingTypeMismatch;
+    throw RunTimeError(error.Number(), fault, {std::string(section.name) + "." + row.key, std::string(text)});
   }
 }
 
@@ -163,8 +162,8 @@ void SetSetting(Settings& settings, std::string_view section, std::string_view k
       if (row.key == key) return SetSetting(settings, *candidate, row, text, format);
     }
   }
-  throw RunTimeError(error_number::kInvalidProcedureCall,
-                     "There is no setting " + std::string(section) + "." + std::string(key));
+  throw RunTimeError(error_number::kInvalidProcedureCall, Text::kUnknownSetting,
+                     {std::string(section) + "." + std::string(key)});
 }
 
 }  // namespace chartproject

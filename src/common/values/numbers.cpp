@@ -124,7 +124,7 @@ Number FromPlain(std::string_view plain) {
   const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
     if (IsTiny(plain)) return 0;
-    throw RunTimeError(error_number::kOverflow, "Overflow: " + std::string(plain));
+    throw RunTimeError(error_number::kOverflow, Text::kOverflow, {std::string(plain)});
   }
   return value;
 }
@@ -132,7 +132,7 @@ Number FromPlain(std::string_view plain) {
 template <typename Number>
 Number FromText(std::string_view text, const NumberFormat& format) {
   const std::optional<std::string> plain = NumberScanner(text, format).Scan();
-  if (!plain) throw RunTimeError(error_number::kTypeMismatch, "Type mismatch: \"" + std::string(text) + "\"");
+  if (!plain) throw RunTimeError(error_number::kTypeMismatch, Text::kTypeMismatch, {std::string(text)});
   return FromPlain<Number>(*plain);
 }
 
@@ -262,7 +262,7 @@ double LeadingNumber(std::string_view text) {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
   if (IsTiny(text.substr(0, static_cast<std::size_t>(result.ptr - text.data())))) return 0;
-  throw RunTimeError(error_number::kOverflow, "Overflow: " + std::string(text));
+  throw RunTimeError(error_number::kOverflow, Text::kOverflow, {std::string(text)});
 }
 
 std::string SingleText(float value, const NumberFormat& format) {

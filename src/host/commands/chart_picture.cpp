@@ -78,7 +78,7 @@ void ChartPictureForm::Build(Ports& ports, const std::string& fileName, ChartPic
                              ChartHeader& header) {
   ChartSource source(ports);
   source.Open(fileName, header);
-  if (!source.HasPoints()) throw RunTimeError(kInvalidFileFormat, fileName + ": the file holds no points");
+  if (!source.HasPoints()) throw RunTimeError(kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
   ChartSettings& settings = choice.settings;
   const std::int64_t start = std::int64_t{source.FirstLine()} + choice.first - 1;
   const std::int64_t end = start + SliceLength(settings.pointsPerDivision);
@@ -86,8 +86,8 @@ void ChartPictureForm::Build(Ports& ports, const std::string& fileName, ChartPic
   const SliceReading reading = source.Read(CheckedInteger32(start), CheckedInteger32(end), columns);
   if (reading.end == SliceEnd::kMalformedLine) {
     constexpr std::size_t kMostShown = 80;
-    throw RunTimeError(kInvalidFileFormat, fileName + ": line " + std::to_string(reading.malformedLine) +
-                                               " is no point: " + reading.malformedText.substr(0, kMostShown));
+    throw RunTimeError(kInvalidFileFormat, Text::kLineIsNotAPoint,
+                       {fileName, std::to_string(reading.malformedLine), reading.malformedText.substr(0, kMostShown)});
   }
   if (reading.slice.RowCount() == 0 && choice.first > 1) {
     const std::int64_t held = reading.slice.lastLine - source.FirstLine() + 1;

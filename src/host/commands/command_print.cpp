@@ -3,8 +3,8 @@
 
 #include "chart/output/chart_page.h"
 #include "chart/picture/series_label.h"
+#include "common/environment/language.h"
 #include "common/error_log.h"
-#include "common/texts/message_table.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "host/commands/arguments.h"
@@ -19,7 +19,6 @@ namespace {
 
 constexpr Size kPictureSize{660, 480};  // pixels: 17.5 cm by 12.7 cm on paper
 constexpr double kPictureScale = 2.0;   // paper shows more than a screen does
-constexpr int kFirstChartTypeMessage = 70;
 
 class PrintCommand : public Command {
  public:
@@ -57,7 +56,7 @@ class PrintCommand : public Command {
     page.grid = choice.grid;
     page.marker = choice.markers;
     page.line = choice.lines;
-    page.chartType = LoadMessage(component, kFirstChartTypeMessage + choice.settings.chartType);
+    page.chartType = LoadMessage(component, ChartTypeName(choice.settings.chartType));
     const ParameterTable* const table = LoadNames(component);
     const ChartHeader& header = component.chartHeader;
     const NumberFormat& format = component.ports.locale.Numbers();

@@ -38,7 +38,11 @@ std::string StoredText(SettingsStore& store, const SettingsSection& section, con
 
 /// The texts that a setting may have; empty for one that takes any.
 std::vector<std::string_view> Choices(const SettingRow& row) {
-  if (row.key == "strLanguage") return {kLanguageNames.begin(), kLanguageNames.end()};
+  if (row.key == "strLanguage") {
+    std::vector<std::string_view> names;
+    for (const LanguageRow& language : kLanguages) names.push_back(language.name);
+    return names;
+  }
   if (row.key == "intChartType") return {"0", "1", "2", "3", "4", "5", "6", "7"};
   if (row.defaultText == "Yes" || row.defaultText == "No") return {"Yes", "No"};
   return {};

@@ -1,8 +1,8 @@
 // Without a command: the start window, over a project that the first start makes.
 #include <cstdlib>
 
+#include "common/environment/language.h"
 #include "common/message_box.h"
-#include "common/texts/extra_texts.h"
 #include "common/values/text.h"
 #include "host/commands/command.h"
 #include "host/project/project_maker.h"
@@ -42,7 +42,7 @@ class StartCommand : public Command {
   /// Former values, so that whoever set them can set them again.
   static void TellReplaced(Component& component, const ProjectReport& made) {
     if (made.replaced.empty()) return;
-    std::string text = LoadExtraText(component, ExtraText::kStartSettingsReplaced) + "\r\n";
+    std::string text = LoadMessage(component, Text::kStartSettingsReplaced) + "\r\n";
     for (const ReplacedSetting& setting : made.replaced) text += "\r\n" + setting.name + "=" + setting.before;
     ShowMessage(component, text, box_style::kInformation);
   }

@@ -14,6 +14,7 @@
 #include "platform/keyboard.h"
 #include "platform/printer.h"
 #include "platform/sound.h"
+#include "texts/language.h"
 
 namespace chartproject {
 
@@ -40,8 +41,7 @@ class Desktop {
 
 /// Brings the windowing system up. Throws RunTimeError 429 with the reason when there is no display, or when the
 /// program was built without windows.
-/// @param clock outlives the result; @param language gives the setting strLanguage whenever a box is shown
-[[nodiscard]] std::unique_ptr<Desktop> OpenDesktop(DesktopMode mode, Clock& clock,
-                                                   std::function<std::string()> language);
+/// @param clock outlives the result; @param language asked whenever a box is shown
+[[nodiscard]] std::unique_ptr<Desktop> OpenDesktop(DesktopMode mode, Clock& clock, std::function<Language()> language);
 
 }  // namespace chartproject

@@ -4,9 +4,8 @@
 
 namespace chartproject {
 
-std::unique_ptr<Desktop> OpenDesktop(DesktopMode /*mode*/, Clock& /*clock*/,
-                                     std::function<std::string()> /*language*/) {
-  throw RunTimeError(error_number::kCannotCreateObject, "This program was built without windows and pictures.");
+std::unique_ptr<Desktop> OpenDesktop(DesktopMode /*mode*/, Clock& /*clock*/, std::function<Language()> /*language*/) {
+  throw RunTimeError(error_number::kCannotCreateObject, Text::kBuiltWithoutWindows);
 }
 
 }  // namespace chartproject

@@ -14,7 +14,6 @@
 #include "backends/qt/qt_printer.h"
 #include "backends/qt/qt_sound.h"
 #include "host/session/desktop.h"
-#include "host/session/dialog_texts.h"
 #include "host/session/exit_code.h"
 #include "platform/run_time_error.h"
 
@@ -37,23 +36,23 @@ bool HasDisplay() {
   return false;
 }
 
-std::optional<std::string> AskForPdfName(const DialogTexts& texts) {
+std::optional<std::string> AskForPdfName(Language language) {
   QFileDialog dialog(nullptr, QString(), QString(), QStringLiteral("PDF (*.pdf)"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
-  TranslateFileDialog(dialog, texts);
+  TranslateFileDialog(dialog, language);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().constFirst().toStdString();
 }
 
 class QtDesktop : public Desktop {
  public:
-  QtDesktop(DesktopMode mode, Clock& clock, std::function<std::string()> language)
+  QtDesktop(DesktopMode mode, Clock& clock, std::function<Language()> language)
       : application_(argumentCount_, arguments_.data()),
-        texts_([language = std::move(language)] { return DialogTextsOf(language()); }),
-        help_(texts_),
-        dialogs_(help_, texts_),
-        printer_(mode == DesktopMode::kScreen ? PdfNameSource([this] { return AskForPdfName(texts_()); })
+        language_(std::move(language)),
+        help_(language_),
+        dialogs_(help_, language_),
+        printer_(mode == DesktopMode::kScreen ? PdfNameSource([this] { return AskForPdfName(language_()); })
                                               : PdfNameSource()),
         forms_(clock) {
     if (mode == DesktopMode::kScreen) WatchSignals();
@@ -86,7 +85,7 @@ class QtDesktop : public Desktop {
   std::array<char*, 2> arguments_{programName_.data(), nullptr};
   int argumentCount_ = 1;
   QtApplication application_;
-  DialogTextSource texts_;
+  LanguageSource language_;
   QtHelp help_;
   QtDialogs dialogs_;
   QtSound sound_;
@@ -101,12 +100,12 @@ class QtDesktop : public Desktop {
 
 }  // namespace
 
-std::unique_ptr<Desktop> OpenDesktop(DesktopMode mode, Clock& clock, std::function<std::string()> language) {
+std::unique_ptr<Desktop> OpenDesktop(DesktopMode mode, Clock& clock, std::function<Language()> language) {
   qInstallMessageHandler(HandleQtMessage);
   if (mode == DesktopMode::kOffscreen) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   } else if (!HasDisplay()) {
-    throw RunTimeError(error_number::kCannotCreateObject, "There is no display to show windows on");
+    throw RunTimeError(error_number::kCannotCreateObject, Text::kNoDisplay);
   }
   return std::make_unique<QtDesktop>(mode, clock, std::move(language));
 }

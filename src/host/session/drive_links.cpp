@@ -14,7 +14,7 @@ std::unique_ptr<DriveLinkFactory> MakeDriveLinks(const std::string& link, FileSy
     return std::make_unique<ScenarioLinkFactory>(files, clock, link.substr(kScenario.size()));
   }
   if (link == "sim") return std::make_unique<SimulatedLinkFactory>(clock, locale);
-  throw RunTimeError(error_number::kCannotCreateObject, "There is no drive link \"" + link + "\"");
+  throw RunTimeError(error_number::kCannotCreateObject, Text::kUnknownDriveLink, {link});
 }
 
 }  // namespace chartproject

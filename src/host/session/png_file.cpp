@@ -23,7 +23,7 @@ std::string PngBytes(const Bitmap& picture) {
   png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
   std::string bytes(size, '\0');
   if (png_image_write_to_memory(&image, bytes.data(), &size, 0, colors.data(), 0, nullptr) == 0) {
-    throw RunTimeError(error_number::kInvalidPicture, std::string("The picture cannot be written: ") + image.message);
+    throw RunTimeError(error_number::kInvalidPicture, Text::kPictureNotWritten, {image.message});
   }
   bytes.resize(size);
   return bytes;

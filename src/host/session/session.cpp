@@ -73,7 +73,7 @@ Session::~Session() = default;
 
 Desktop& Session::UseDesktop(DesktopMode mode) {
   const auto language = [&store = outside_->settings] {
-    return store.Read("MyConf", "strLanguage").value_or("English");
+    return LanguageNamed(store.Read("MyConf", "strLanguage").value_or("")).value_or(Language::kEnglish);
   };
   desktop_ = OpenDesktop(mode, *outside_->clock.clock, language);
   onScreen_ = mode == DesktopMode::kScreen;

@@ -6,20 +6,11 @@
 #include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/form_appearance.h"
-#include "common/texts/extra_texts.h"
 #include "forms/form_host.h"
 
 namespace chartproject {
 
 namespace {
-
-struct Language {
-  const char* setting;  ///< as strLanguage names it
-  const char* own;      ///< as its speakers do
-};
-
-constexpr std::array kLanguages{Language{"Portuguese", "Português"}, Language{"English", "English"},
-                                Language{"Spanish", "Español"}};
 
 constexpr int kDriveLineWidth = 46;
 
@@ -30,7 +21,7 @@ StartForm::StartForm(ChartClass& instance, std::string madeIn)
       instance_(instance),
       component_(instance.State()),
       madeIn_(std::move(madeIn)) {
-  for (const Language& language : kLanguages) cboLanguage.AddItem(language.own);
+  for (const LanguageRow& row : kLanguages) cboLanguage.AddItem(std::string(row.ownName));
   PlaceControls();
   Connect();
 }
@@ -61,7 +52,7 @@ void StartForm::Connect() {
 void StartForm::OnLoad() {
   const Settings& settings = component_.settings;
   for (std::size_t i = 0; i < kLanguages.size(); ++i) {
-    if (settings.strLanguage == kLanguages[i].setting) cboLanguage.SetListIndex(static_cast<int>(i));
+    if (settings.strLanguage == kLanguages[i].name) cboLanguage.SetListIndex(static_cast<int>(i));
   }
   chkSound.SetValue(settings.strSound == "No" ? 0 : 1);
   rtfDrives.SetText(DriveLines());
@@ -81,14 +72,14 @@ void StartForm::OnLoad() {
 
 void StartForm::ShowTexts() {
   SetCaption("ChartProject");
-  const auto text = [this](ExtraText which) { return LoadExtraText(component_, which); };
-  fraDrives.SetCaption(text(ExtraText::kStartDrives));
-  cmdAcquire.SetCaption(text(ExtraText::kStartAcquire));
-  cmdOpenChart.SetCaption(text(ExtraText::kStartOpenChart));
-  cmdClose.SetCaption(text(ExtraText::kStartClose));
-  lblLanguage.SetCaption(text(ExtraText::kStartLanguage));
-  chkSound.SetCaption(text(ExtraText::kStartSound));
-  lblNote.SetCaption(FillIn(text(ExtraText::kStartProjectMade), {madeIn_}));
+  const auto text = [this](Text which) { return LoadMessage(component_, which); };
+  fraDrives.SetCaption(text(Text::kStartDrives));
+  cmdAcquire.SetCaption(text(Text::kStartAcquire));
+  cmdOpenChart.SetCaption(text(Text::kStartOpenChart));
+  cmdClose.SetCaption(text(Text::kStartClose));
+  lblLanguage.SetCaption(text(Text::kStartLanguage));
+  chkSound.SetCaption(text(Text::kStartSound));
+  lblNote.SetCaption(FillIn(text(Text::kStartProjectMade), {madeIn_}));
 }
 
 std::string StartForm::DriveLines() const {
@@ -104,7 +95,7 @@ std::string StartForm::DriveLines() const {
 
 void StartForm::cboLanguage_Click() {
   if (cboLanguage.ListIndex() < 0) return;
-  component_.settings.strLanguage = kLanguages.at(static_cast<std::size_t>(cboLanguage.ListIndex())).setting;
+  component_.settings.strLanguage = kLanguages.at(static_cast<std::size_t>(cboLanguage.ListIndex())).name;
   SetLanguageBase(component_);
   SetHelpFile(component_);
   ShowTexts();
@@ -122,8 +113,7 @@ void StartForm::cmdAcquire_Click() {
 void StartForm::cmdOpenChart_Click() {
   lblNote.SetVisible(false);
   const auto fileName = component_.ports.dialogs.ShowOpenFile(
-      {component_.settings.strFolder, LoadExtraText(component_, ExtraText::kStartChartFiles) + " (*.cht)|*.cht", 1,
-       4096});
+      {component_.settings.strFolder, LoadMessage(component_, Text::kStartChartFiles) + " (*.cht)|*.cht", 1, 4096});
   if (fileName) instance_.CreateChart(*fileName);
 }
 

@@ -146,7 +146,7 @@ void Win32Printer::NextLine() {
 }
 
 void Win32Printer::PaintPicture(const Bitmap& picture, double x, double y, double width, double height) {
-  if (picture.Empty()) throw RunTimeError(error_number::kInvalidPicture, "There is no picture to print");
+  if (picture.Empty()) throw RunTimeError(error_number::kInvalidPicture, Text::kNothingToPrint);
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = picture.width;
@@ -166,11 +166,11 @@ void Win32Printer::PaintPicture(const Bitmap& picture, double x, double y, doubl
 void Win32Printer::PaintPictureFile(const std::string& fileName, double x, double y) {
   const std::wstring name = ToWide(fileName);
   if (GetFileAttributesW(name.c_str()) == INVALID_FILE_ATTRIBUTES) {
-    throw RunTimeError(error_number::kFileNotFound, fileName + ": " + SystemMessage(ERROR_FILE_NOT_FOUND));
+    throw RunTimeError(error_number::kFileNotFound, Text::kFileNotFound, {fileName});
   }
   const OwnedIcon icon(
       static_cast<HICON>(LoadImageW(nullptr, name.c_str(), IMAGE_ICON, kIconPixels, kIconPixels, LR_LOADFROMFILE)));
-  if (!icon) throw RunTimeError(error_number::kInvalidPicture, fileName + " is no icon");
+  if (!icon) throw RunTimeError(error_number::kInvalidPicture, Text::kInvalidPicture, {fileName});
   // It is drawn on white first: printers know no transparency.
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;

@@ -34,7 +34,7 @@ Widget::Widget(Control& control, WidgetContext& context, const wchar_t* windowCl
           extendedStyle, windowClass, L"", style | WS_CHILD | WS_CLIPSIBLINGS | (control.TabStop() ? WS_TABSTOP : 0U),
           0, 0, 0, 0, context.formWindow, reinterpret_cast<HMENU>(ControlId(control.Name())), ThisModule(), nullptr)) {
   if (window_ == nullptr) {
-    throw RunTimeError(error_number::kInvalidProcedureCall, control.Name() + " could not be made");
+    throw RunTimeError(error_number::kInvalidProcedureCall, Text::kControlNotMade, {control.Name()});
   }
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(context.font), FALSE);
 }

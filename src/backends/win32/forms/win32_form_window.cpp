@@ -96,7 +96,7 @@ void Win32FormView::MakeWindow() {
   window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kFormClass, ToWide(form_.Caption()).c_str(),
                             WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 100, 100,
                             OwnerForForm(), nullptr, ThisModule(), this);
-  if (window_ == nullptr) throw RunTimeError(error_number::kInvalidProcedureCall, "The window could not be made");
+  if (window_ == nullptr) throw RunTimeError(error_number::kInvalidProcedureCall, Text::kWindowNotMade);
   context_.formWindow = window_;
   context_.scale = ScaleOf(window_);
   MakeFont();
