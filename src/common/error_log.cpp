@@ -15,7 +15,10 @@ std::string ErrorText(Environment& environment, const std::string& routine, cons
   const DateTime now = environment.ports.clock.LocalNow();
   const Locale& locale = environment.ports.locale;
   std::string text = "<<Run-Time Error>>";
-  const auto line = [&text](const char* label, const std::string& value) { text.append(kLineEnd) += label + value; };
+  // A name with a line end in it must not begin a record of its own.
+  const auto line = [&text](const char* label, const std::string& value) {
+    text.append(kLineEnd) += label + VisibleText(value);
+  };
   line("Data = ", locale.DateText(now));
   line("Hora = ", locale.TimeText(now));
   line("Sub/Function = ", routine);

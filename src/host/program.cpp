@@ -5,9 +5,11 @@
 #include <iostream>
 
 #include "common/environment/environment.h"
+#include "common/values/text.h"
 #include "host/commands/arguments.h"
 #include "host/commands/command.h"
 #include "host/session/session.h"
+#include "host/session/visible_output.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -117,16 +119,23 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
 
 int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err) noexcept {
   ExitCode code = ExitCode::kRunTimeError;
+  VisibleOutput visibleOut(out);
+  VisibleOutput visibleErr(err);
+  // One line a failure, also when the name in it holds a line end.
+  const auto report = [&visibleErr](const std::string& text) {
+    visibleErr << "chartproject: " << VisibleText(text) << "\n" << std::flush;
+  };
   try {
-    code = ParseAndRun(argc, argv, out, err);
+    code = ParseAndRun(argc, argv, visibleOut, visibleErr);
   } catch (const RefusedError& error) {
-    err << "chartproject: " << error.what() << "\n";
+    report(error.what());
     code = ExitCode::kRefused;
   } catch (const RunTimeError& error) {
-    err << "chartproject: error " << error.Number() << ": " << error.Description() << "\n";
+    report("error " + std::to_string(error.Number()) + ": " + error.Description());
   } catch (const std::exception& error) {
-    err << "chartproject: " << error.what() << "\n";
+    report(error.what());
   }
+  visibleOut.flush();
   return static_cast<int>(code);
 }
 

@@ -112,7 +112,8 @@ std::string SpreadsheetExport::WholeExport() const {
     calls += Value(row, 1, "='" + texts[0]);
     for (std::size_t column = 2; column <= texts.size(); ++column) {
       const std::string& text = texts[column - 1];
-      calls += Value(row, column, "='" + text) + Value(row, column, "") + Value(row, column, "=" + text);
+      const char* const mark = !text.starts_with('-') ? "=" : text.starts_with("--") ? "='" : "=number ";
+      calls += Value(row, column, "='" + text) + Value(row, column, "") + Value(row, column, mark + text);
     }
   }
   return calls + "SaveAs(FileName:=" + chart_ +
@@ -179,11 +180,14 @@ TEST_F(SpreadsheetExport, AnApplicationThatIsBusyOrLacksTheUsersLocaleIsSpokenTo
   const auto excel = win32::ExcelApplications().AttachRunning();
   excel->AddWorkbook();
   excel->EnterValue(1, 22, 2, "1.5");
-  excel->EnterValue(1, 22, 3, "READY");
+  for (const char* text : {"READY", "=1+1", "--", "-0.25", "@A1", "'a"}) excel->EnterValue(1, 22, 3, text);
   excel->Quit();
   EXPECT_THAT(FileContents(log_), HasSubstr("workbooks\r\nworkbooks.Add\r\nsheets(1)\r\nsheets(1).Cells(22,2)\r\n"
                                             "sheets(1).Cells(22,2).Value=number 1.5\r\nsheets(1).Cells(22,3)\r\n"
-                                            "sheets(1).Cells(22,3).Value=READY\r\nquit\r\n"));
+                                            "sheets(1).Cells(22,3).Value=READY\r\n"));
+  for (const char* value : {"'=1+1", "'--", "number -0.25", "'@A1", "''a"}) {
+    EXPECT_THAT(FileContents(log_), HasSubstr(std::string("Cells(22,3).Value=") + value + "\r\n"));
+  }
 }
 
 TEST_F(SpreadsheetExport, WithoutTheApplicationOrTheUsersYesNothingIsDone) {

@@ -1,6 +1,7 @@
 // The text file grows beside its target, row by row.
 #include "backends/spreadsheet/csv_writer.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
@@ -17,16 +18,52 @@ struct FileCloser {
   void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };
 
+/// A sign before digits, or signs alone ("--"): what a spreadsheet reads as the number or text that it looks like.
+bool IsPlainSigned(std::string_view text) noexcept {
+  if (text.find_first_not_of("+-") == std::string_view::npos) return true;
+  text.remove_prefix(1);
+  if (text.find_first_not_of("0123456789.,") == std::string_view::npos) return true;
+  const std::size_t exponent = text.find_first_of("eE");
+  if (exponent == 0 || text.find_first_not_of("0123456789.,") != exponent) return false;
+  const std::string_view digits = text.substr(exponent + 1);
+  const std::string_view unsignedDigits = digits.substr(digits.starts_with('-') || digits.starts_with('+') ? 1 : 0);
+  return !unsignedDigits.empty() && unsignedDigits.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// Puts the apostrophe that makes it a text before what a spreadsheet would take for a formula: at the beginning, and
+/// after what another list separator or a line end may part from it.
+std::string WithoutFormulas(std::string_view text) {
+  constexpr std::string_view kPartings = ";\t\r\n";
+  std::string safe;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(kPartings, begin), text.size());
+    const std::string_view piece = text.substr(begin, end - begin);
+    const bool parts = begin == 0 && end == 0 && text[0] != ';';  // begins with a tab or a line end
+    const bool formula = !piece.empty() && (piece[0] == '=' || piece[0] == '@' ||
+                                            ((piece[0] == '+' || piece[0] == '-') && !IsPlainSigned(piece)));
+    if (parts || formula) safe += '\'';
+    safe += text.substr(begin, end - begin + 1);
+    begin = end + 1;
+  }
+  return safe;
+}
+
 void AppendField(std::string& line, const SheetCell& cell) {
   if (cell.kind == SheetCell::Kind::kNumber) {
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, cell.number).ptr;
     line.append(digits, end);
-  } else if (cell.text.find_first_of(",\"\r\n") == std::string::npos) {
-    line += cell.text;
+    return;
+  }
+  // Most texts are times and "--".
+  const bool plain = cell.text.find_first_of("=+-@;\t\r\n") == std::string::npos;
+  const std::string safe = plain ? std::string() : WithoutFormulas(cell.text);
+  const std::string_view text = plain ? std::string_view(cell.text) : safe;
+  if (text.find_first_of(",;\t\"\r\n") == std::string_view::npos) {
+    line += text;
   } else {
     line += '"';
-    for (const char character : cell.text) {
+    for (const char character : text) {
       if (character == '"') line += '"';
       line += character;
     }

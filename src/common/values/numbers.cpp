@@ -105,17 +105,22 @@ class NumberScanner {
 
 /// Of a plain number too large or too small for its type: true when it is too small and reads as 0.
 bool IsTiny(std::string_view plain) {
-  const std::size_t exponentAt = plain.find('e');
+  // Far beyond any type's range, and far enough from the integer's own that adding the mantissa's digits cannot overflow.
+  constexpr std::int64_t kMostExponent = std::int64_t{1} << 40;
+  const std::size_t exponentAt = plain.find_first_of("eE");
   std::int64_t exponent = 0;
   if (exponentAt != std::string_view::npos) {
-    const std::string_view text = plain.substr(exponentAt + 1);
+    std::string_view text = plain.substr(exponentAt + 1);
+    if (text.starts_with('+')) text.remove_prefix(1);  // from_chars reads no plus sign
     const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
-    if (result.ec == std::errc::result_out_of_range) return text.front() == '-';
+    if (result.ec == std::errc::result_out_of_range) exponent = text.front() == '-' ? -kMostExponent : kMostExponent;
   }
   const std::string_view mantissa = plain.substr(0, exponentAt);
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
   const std::size_t firstDigit = std::min(mantissa.find_first_of("123456789"), mantissa.size());
-  return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(firstDigit) + exponent < 0;
+  return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(firstDigit) +
+             std::clamp(exponent, -kMostExponent, kMostExponent) <
+         0;
 }
 
 template <typename Number>

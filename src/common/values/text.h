@@ -16,6 +16,13 @@ namespace chartproject {
 /// ASCII letters only.
 [[nodiscard]] std::string ToUpperAscii(std::string_view text);
 
+/// A value from elsewhere (a name, a line of a file, a reply) as one line: each control character is written as "\x1B",
+/// so that it can neither steer a terminal nor begin a record of its own.
+[[nodiscard]] std::string VisibleText(std::string_view value);
+
+/// The same of a whole text of several lines: tabs, LF and CR LF stay.
+[[nodiscard]] std::string VisibleLines(std::string_view text);
+
 /// Joins a folder and a name in the folder's own style: "\" for an empty folder and for one written with "\" or a
 /// drive letter, "/" for a folder that holds "/".
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name);

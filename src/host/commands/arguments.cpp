@@ -51,7 +51,19 @@ std::string FullName(const std::string& name) {
   if (name.empty()) return name;
   std::string path = name;
   std::replace(path.begin(), path.end(), '\\', '/');
-  return std::filesystem::absolute(path).lexically_normal().string();
+  std::filesystem::path full;
+  for (const std::filesystem::path& step : std::filesystem::absolute(path)) {
+    std::error_code error;
+    if (step == ".") continue;
+    if (step == ".." && std::filesystem::is_symlink(full, error)) {
+      // The folder above is that of the folder which the link means, as in a shell.
+      const std::filesystem::path folder = std::filesystem::canonical(full, error);
+      full = error ? full / step : folder.parent_path();
+    } else {
+      full = step == ".." ? full.parent_path() : full / step;
+    }
+  }
+  return full.string();
 }
 
 }  // namespace chartproject

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "backends/posix/keyboard_signals.h"
+#include "common/values/text.h"
 #include "host/commands/acquire_request.h"
 #include "host/commands/command.h"
 #include "host/commands/progress.h"
@@ -75,7 +76,7 @@ class HeadlessRecording {
   [[nodiscard]] ExitCode Outcome() {
     const ChartWriteResult& written = report_.written;
     const bool inFile = written.kind == ChartWriteResult::Kind::kWritten;
-    if (inFile) session_.Out() << report_.points << " points in " << report_.fileName << "\n";
+    if (inFile) session_.Out() << report_.points << " points in " << VisibleText(report_.fileName) << "\n";
     if (report_.end == RunEnd::kComplete) {
       if (inFile) return ExitCode::kDone;
       return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;

@@ -10,6 +10,7 @@
 #include "host/commands/command.h"
 #include "host/commands/progress.h"
 #include "host/session/session.h"
+#include "host/session/visible_output.h"
 
 namespace chartproject {
 
@@ -65,7 +66,8 @@ class ExportCommand : public Command {
     if (!terminal_ || percent == shownPercent_) return;
     shownPercent_ = percent;
     constexpr int kBarWidth = 40;
-    err << "\r" << ProgressBarText(percent, 100, kBarWidth) << " " << percent << " %" << std::flush;
+    RestartLine(err);
+    err << ProgressBarText(percent, 100, kBarWidth) << " " << percent << " %" << std::flush;
     lineOpen_ = true;
   }
 

@@ -1,6 +1,8 @@
 // init FOLDER: makes a ready project to record from simulated drives at once.
 #include <ostream>
 
+#include "common/values/text.h"
+#include "host/commands/arguments.h"
 #include "host/commands/command.h"
 #include "host/project/project_maker.h"
 #include "host/session/session.h"
@@ -19,12 +21,12 @@ class InitCommand : public Command {
 
   ExitCode Run(Session& session) override {
     Ports& ports = session.ThePorts();
-    const ProjectReport report = MakeProject(ports.files, ports.settings, ports.codePage, folder_);
+    const ProjectReport report = MakeProject(ports.files, ports.settings, ports.codePage, FullName(folder_));
     std::ostream& out = session.Out();
-    out << "Project in " << report.folder << ": " << report.written.size() << " files made";
+    out << "Project in " << VisibleText(report.folder) << ": " << report.written.size() << " files made";
     if (!report.unchanged.empty()) out << ", " << report.unchanged.size() << " were there already";
     out << ".\n";
-    for (const auto& name : report.kept) out << "Kept as it is, for it is not ours: " << name << "\n";
+    for (const auto& name : report.kept) out << "Kept as it is, for it is not ours: " << VisibleText(name) << "\n";
     for (const auto& setting : report.replaced) {
       out << "Setting " << setting.name << " was \"" << setting.before << "\", is now \"" << setting.now << "\"\n";
     }

@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdio>
 
+#include "host/session/visible_output.h"
+
 namespace chartproject {
 
 namespace {
@@ -54,7 +56,8 @@ void Progress::Show(std::int64_t done, std::int64_t total) {
   const double rate = seconds > 0 ? static_cast<double>(done - first_) / seconds : 0;
   if (terminal_) {
     // Blanks at the end cover a longer line from before.
-    out_ << "\r[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate) << "    ";
+    RestartLine(out_);
+    out_ << "[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate) << "    ";
     lineOpen_ = true;
   } else {
     out_ << "point " << ProgressText(done, total, rate) << "\n";

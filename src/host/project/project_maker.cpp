@@ -8,9 +8,8 @@
 #include "common/environment/settings.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
+#include "host/project/project_assets.h"
 #include "host/project/project_drives.h"
-#include "host/project/project_help.h"
-#include "host/project/project_media.h"
 
 namespace chartproject {
 
@@ -47,9 +46,9 @@ std::string ReadWhole(FileSystem& files, const std::string& name, std::size_t mo
 ProjectFiles AllFiles(const CodePage& codePage) {
   ProjectFiles all{
       {kMainFile, "Kestrel project\r\nName=Demo\r\nDrives=" + std::to_string(ProjectDrives().size()) + "\r\n"},
-      {"programs/README.txt", "Programs of the drive host, and its run-time error log, stand here.\r\n"}};
-  for (ProjectFiles files : {MakeDriveFiles(kProjectFolder, codePage), MakeDriverFiles("drivers", codePage),
-                             MakeMediaFiles(), MakeHelpFiles("help")}) {
+      {"programs/README.txt", "Programs of the drive host, and its run-time error log, are kept here.\r\n"}};
+  for (ProjectFiles files :
+       {MakeDriveFiles(kProjectFolder, codePage), MakeDriverFiles("drivers", codePage), MakeAssetFiles()}) {
     std::ranges::move(files, std::back_inserter(all));
   }
   return all;

@@ -36,7 +36,10 @@ class ExcelApplication : public SpreadsheetApplication {
     client_.Set(Cell(sheet, row, column).Get(), value_, ComVariant("'" + std::string(text)));
   }
   void EnterValue(int sheet, int row, int column, std::string_view text) override {
-    client_.Set(Cell(sheet, row, column).Get(), value_, client_.SpeaksUsersLocale() ? ComVariant(text) : Entered(text));
+    // What the application would take for a formula, or its own sign for a text, is entered as what it reads as here.
+    const bool special = !text.empty() && std::string_view("=+-@'\t\r").find(text[0]) != std::string_view::npos;
+    const bool plain = client_.SpeaksUsersLocale() && !special;
+    client_.Set(Cell(sheet, row, column).Get(), value_, plain ? ComVariant(text) : Entered(text, special));
   }
   std::string ReadValue(int sheet, int row, int column) override {
     ComVariant value = client_.Call(Cell(sheet, row, column).Get(), value_);
@@ -82,12 +85,14 @@ class ExcelApplication : public SpreadsheetApplication {
     return client_.Fetch(Sheet(sheet), cells_, Positional(std::int32_t{row}, std::int32_t{column}));
   }
 
-  /// What the user's locale reads a text as, for an application that would read it by another.
-  [[nodiscard]] static ComVariant Entered(std::string_view text) {
+  /// What the user's locale reads a text as, for an application that would read it otherwise.
+  /// @param marked what is not a number gets the application's sign for a text
+  [[nodiscard]] static ComVariant Entered(std::string_view text, bool marked) {
     ComVariant value(text);
     ComVariant number;
     const HRESULT read = VariantChangeTypeEx(number.Get(), value.Get(), LOCALE_USER_DEFAULT, 0, VT_R8);
-    return SUCCEEDED(read) ? std::move(number) : std::move(value);
+    if (SUCCEEDED(read)) return number;
+    return marked ? ComVariant("'" + std::string(text)) : std::move(value);
   }
 
   AutomationClient client_;
