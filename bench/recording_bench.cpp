@@ -39,20 +39,20 @@ class BenchFolder {
 
 class InstantLink : public DriveLink {
  public:
-  void SetP210Value(std::int16_t /*value*/, std::int16_t& /*reply*/) override {}
-  void SetP529Value(std::int16_t /*value*/, std::int16_t& /*reply*/) override {}
-  void ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                     std::int16_t /*unitCode*/, std::int16_t& status) override {
-    status = 0;
+  void SetP210Value(std::int16_t /*value*/) override {}
+  void SetP529Value(std::int16_t /*value*/) override {}
+  bool ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
+                     std::int16_t /*unitCode*/) override {
+    return true;
   }
-  void ProbeParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                      std::int16_t /*unitCode*/, std::int16_t& status) override {
-    status = 0;
+  bool ProbeParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
+                      std::int16_t /*unitCode*/) override {
+    return true;
   }
-  void OpenLink(std::int16_t& result) override { result = 0; }
+  void OpenLink() override {}
   void CloseLink() override {}
-  void GetValue(double& value) override { value = 123.45; }
-  void GetText(std::string& text) override { text = "123.45"; }
+  double GetValue() override { return 123.45; }
+  std::string GetText() override { return "123.45"; }
 };
 
 struct InstantLinks : DriveLinkFactory {

@@ -11,17 +11,11 @@
 
 namespace chartproject {
 
-namespace {
-
-constexpr std::int16_t kStatusParameter = 6;
-
-}  // namespace
-
 std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
   std::string text;
   if (ReadSpecialParameter(context, parameter, text)) return text;
   text = "0";
-  if (ReadOrdinary(context, parameter)) context.driveLink->GetText(text);
+  if (ReadOrdinary(context, parameter)) text = context.driveLink->GetText();
   const std::string& model = context.driveTable.At(context.currentDrive).Type;
   const bool asRead = model == "KRA-05" || model == "KRA-09" || parameter == kStatusParameter;
   return asRead ? text : DisplayValue(context, parameter, text, model);

@@ -8,22 +8,18 @@ namespace chartproject {
 
 namespace {
 
-constexpr std::int16_t kStatusParameter = 6;
 constexpr std::int16_t kInputParameter = 12;
 
 std::int16_t TestState(DriveContext& context, std::string_view state) {
   if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode)) return watch_code::kNoAnswer;
-  double word = 0;
-  context.driveLink->GetValue(word);
-  DecodeStatus(context.status, word);
+  DecodeStatus(context.status, context.driveLink->GetValue());
   return context.status.strStatus == state ? watch_code::kOccurred : watch_code::kNotYet;
 }
 
 /// @param input 1 to 8; @param level 'I' for 0, 'A' for 1
 std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
   if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter))) return watch_code::kInputNotYet;
-  std::string text;
-  context.driveLink->GetText(text);
+  const std::string text = context.driveLink->GetText();
   return text.size() >= input && text[input - 1] == level ? watch_code::kOccurred : watch_code::kInputNotYet;
 }
 
@@ -44,9 +40,8 @@ bool Compare(int position, double value, double content) {
 
 std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
   if (!ReadOrdinary(context, event.parameter)) return watch_code::kNoAnswer;
-  double value = 0;
-  context.driveLink->GetValue(value);
-  return Compare(event.position, value, event.content) ? watch_code::kOccurred : watch_code::kNotYet;
+  const bool holds = Compare(event.position, context.driveLink->GetValue(), event.content);
+  return holds ? watch_code::kOccurred : watch_code::kNotYet;
 }
 
 }  // namespace

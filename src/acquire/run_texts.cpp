@@ -14,16 +14,11 @@ constexpr std::int64_t kSecondsInDay = 86400;
 /// About 7000 years: the calendar's years have four digits.
 constexpr std::int64_t kFarthest = kSecondsInDay * 365 * 7000;
 
-std::string TimeOfDayText(std::int64_t secondOfDay) {
-  return FormatTimeOfDay(static_cast<int>(secondOfDay / 3600), static_cast<int>(secondOfDay / 60 % 60),
-                         static_cast<int>(secondOfDay % 60));
-}
-
 }  // namespace
 
 std::string DurationText(std::int64_t seconds) {
   const std::int64_t days = seconds / kSecondsInDay;
-  const std::string time = TimeOfDayText(seconds % kSecondsInDay);
+  const std::string time = FormatSeconds(seconds % kSecondsInDay);
   return days == 0 ? time : std::to_string(days) + " d " + time;
 }
 

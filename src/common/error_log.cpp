@@ -8,8 +8,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr const char* kLineEnd = "\r\n";
-
 /// The labels are those that readers of the log look for, in both languages of its history.
 std::string ErrorText(Environment& environment, const std::string& routine, const RunTimeError& error) {
   const DateTime now = environment.ports.clock.LocalNow();

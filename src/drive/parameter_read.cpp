@@ -10,27 +10,22 @@ namespace chartproject {
 
 namespace {
 
-using TellDependency = void (DriveLink::*)(std::int16_t value, std::int16_t& reply);
+using SetGoverningValue = void (DriveLink::*)(std::int16_t value);
 
 /// Reads a parameter with its own unit; 0 when the drive does not answer.
 double ValueOrZero(DriveContext& context, std::int16_t parameter) {
-  double value = 0;
-  if (ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))) context.driveLink->GetValue(value);
-  return value;
+  return ReadWithUnit(context, parameter, UnitCodeOf(context, parameter)) ? context.driveLink->GetValue() : 0;
 }
 
-/// A parameter whose unit the link works out from another one, which it must be told first.
-void ReadDependent(DriveContext& context, std::int16_t parameter, std::int16_t dependsOn, TellDependency tell,
+/// A parameter whose unit the link works out from another one, whose value it needs first.
+void ReadDependent(DriveContext& context, std::int16_t parameter, std::int16_t dependsOn, SetGoverningValue set,
                    std::string& resultText) {
   if (!ReadWithUnit(context, dependsOn, UnitCodeOf(context, dependsOn))) {
     resultText.clear();
     return;
   }
-  double value = 0;
-  context.driveLink->GetValue(value);
-  std::int16_t reply = 0;
-  (*context.driveLink.*tell)(RoundToInteger16(value), reply);
-  if (ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))) context.driveLink->GetText(resultText);
+  (*context.driveLink.*set)(RoundToInteger16(context.driveLink->GetValue()));
+  if (ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))) resultText = context.driveLink->GetText();
 }
 
 /// KRA-08, parameter 2: the product of the parameters 5 and 208.
@@ -45,17 +40,15 @@ void ReadByScale(DriveContext& context, std::int16_t parameter, std::string& res
   const double scale = ValueOrZero(context, 14);
   if (scale != 0 && scale != 1) return;
   const std::int16_t unitCode = scale == 0 ? kDividedBy10UnitCode : kDividedBy100UnitCode;
-  if (ReadWithUnit(context, parameter, unitCode)) context.driveLink->GetText(resultText);
+  if (ReadWithUnit(context, parameter, unitCode)) resultText = context.driveLink->GetText();
 }
 
 }  // namespace
 
 bool ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
   const std::string& model = context.driveTable.At(context.currentDrive).Type;
-  if (!context.driveLink) throw RunTimeError(91, Text::kDriveLinkNotOpen);
-  std::int16_t status = 0;
-  context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode, status);
-  return status == 0;
+  if (!context.driveLink) throw RunTimeError(error_number::kObjectNotSet, Text::kDriveLinkNotOpen);
+  return context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode);
 }
 
 std::int16_t UnitCodeOf(DriveContext& context, std::int16_t parameter) {

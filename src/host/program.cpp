@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <vector>
 
 #include "common/environment/environment.h"
 #include "common/values/text.h"
@@ -41,6 +42,17 @@ struct RawOptions {
   std::string answer = "no";
   std::string start;
 };
+
+/// In the order of the help text; the last one runs when none is named.
+std::vector<std::unique_ptr<Command>> AllCommands() {
+  std::vector<std::unique_ptr<Command>> commands;
+  for (const auto make :
+       {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand, MakeInfoCommand,
+        MakeViewCommand, MakeRenderCommand, MakePrintCommand, MakeExportCommand, MakeStartCommand}) {
+    commands.push_back(make());
+  }
+  return commands;
+}
 
 void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--profile", raw.profile, "Folder that keeps the settings (default: the user's configuration folder)")

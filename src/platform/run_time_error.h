@@ -24,13 +24,17 @@ inline constexpr int kDiskFull = 61;
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathFileAccess = 75;
 inline constexpr int kPathNotFound = 76;
+inline constexpr int kObjectNotSet = 91;
+inline constexpr int kInvalidFileFormat = 321;
+inline constexpr int kResourceNotFound = 326;
 inline constexpr int kInvalidPropertyValue = 380;
 inline constexpr int kCannotCreateObject = 429;
 inline constexpr int kPropertyNotSupported = 438;
 inline constexpr int kAutomation = 440;
-inline constexpr int kPrinter = 482;
 inline constexpr int kInvalidPicture = 481;
+inline constexpr int kPrinter = 482;
 inline constexpr int kClipboard = 521;
+inline constexpr int kApplicationDefined = 1004;  ///< refused by a spreadsheet application
 inline constexpr int kDialogCancelled = 32755;
 }  // namespace error_number
 
@@ -70,5 +74,11 @@ class RunTimeError : public std::runtime_error {
   std::string source_;
   std::vector<std::string> languages_;  ///< by Language; empty for an error without a text
 };
+
+/// An exception as a run-time error: itself when it is one, else 440 with its text.
+[[nodiscard]] inline RunTimeError AsRunTimeError(const std::exception& error) {
+  const auto* const known = dynamic_cast<const RunTimeError*>(&error);
+  return known != nullptr ? *known : RunTimeError(error_number::kAutomation, error.what());
+}
 
 }  // namespace chartproject

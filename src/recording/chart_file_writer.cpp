@@ -11,7 +11,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kBlockSize = 65'536;
 constexpr std::size_t kKeepAliveBytes = 4'000'000;
 constexpr int kRescueNames = 10;
@@ -19,11 +18,6 @@ constexpr int kRescueNames = 10;
 /// Where a chart file is written until it is complete.
 std::string UnfinishedName(const std::string& fileName) {
   return fileName + ".new";
-}
-
-std::string_view BaseName(std::string_view fileName) {
-  const std::size_t slash = fileName.find_last_of("\\/");
-  return slash == std::string_view::npos ? fileName : fileName.substr(slash + 1);
 }
 
 /// A value text may hold anything the link gives; these three would break the row.

@@ -209,10 +209,13 @@ TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
   EXPECT_EQ(settings.strBin, "");
   EXPECT_THAT(settings.strDriveFile, testing::Each("0"));
   std::string switchedOff;
-  const auto texts = DescribeSettings(settings);
-  for (const SettingDescription& row : texts)
-    if (row.value == "No") switchedOff.append(row.key).append(" ");
-  EXPECT_EQ(std::ranges::count(texts, "Yes", &SettingDescription::value), 18);
+  int switchedOn = 0;
+  for (const NamedSetting& setting : AllSettings()) {
+    const std::string text = SettingText(settings, setting.row);
+    switchedOn += text == "Yes" ? 1 : 0;
+    if (text == "No") switchedOff.append(setting.row.key).append(" ");
+  }
+  EXPECT_EQ(switchedOn, 18);
   EXPECT_EQ(switchedOff,
             "strShrinkEffect strMaximizedfrmMain strMaximizedfrmParameters strSoundClosingWindow strGrid strMarker ");
 }
@@ -220,10 +223,11 @@ TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
 TEST_F(SettingsTest, EveryStoredSettingComesBackUnchangedAndInOrder) {
   int number = 100;
   std::vector<std::string> order;
-  for (const SettingDescription& row : DescribeSettings({})) {
-    const std::string value = row.type == "text" ? "t" + std::to_string(++number) : "-" + std::to_string(++number);
-    fakes.settings.values[std::string(row.section)][std::string(row.key)] = value;
-    order.push_back(std::string(row.section) + "." + std::string(row.key));
+  for (const NamedSetting& setting : AllSettings()) {
+    const bool isText = setting.row.key.starts_with("str");
+    fakes.settings.values[std::string(setting.section.name)][setting.row.key] =
+        (isText ? "t" : "-") + std::to_string(++number);
+    order.push_back(setting.Name());
   }
   ASSERT_EQ(order.size(), 32U + 35U + 8U);
   fakes.settings.values["MyConf"]["strOfTheHost"] = "kept";
@@ -249,16 +253,6 @@ TEST_F(SettingsTest, ABadIntegerNamesItsSectionAndKey) {
     fakes.settings.values = {{section, {{key, text}}}};
     EXPECT_EQ(ErrorTextOf([this] { ReadAll(); }), expected);
   }
-}
-
-TEST_F(SettingsTest, ASettingIsSetByName) {
-  const NumberFormat& format = fakes.locale.numbers;
-  SetSetting(environment.settings, "MyProject", "strDriveFile30", "D:\\p\\30.drv", format);
-  SetSetting(environment.settings, "MyConf", "intChartType", "7", format);
-  EXPECT_EQ(environment.settings.strDriveFile[29], "D:\\p\\30.drv");
-  EXPECT_EQ(environment.settings.intChartType, 7);
-  EXPECT_THROW(SetSetting(environment.settings, "MyConf", "strBin", "x", format), RunTimeError);
-  EXPECT_THROW(SetSetting(environment.settings, "MyProject", "strDriveFile31", "x", format), RunTimeError);
 }
 
 TEST_F(SettingsTest, TheLanguageDecidesBaseAndHelpFile) {

@@ -75,7 +75,7 @@ TEST_F(DriverFileTest, StoresTheFieldsOfParametersAndTheirContinuations) {
                    "#12#Inputs####DI1DI8#no#######"),
               IsEmpty());
   const ParameterEntry& entry = Entry(5);
-  EXPECT_TRUE(entry.present && entry.secondPresent && entry.yesFlag);
+  EXPECT_THAT((std::array{entry.present, entry.secondPresent, entry.yesFlag}), ElementsAre(true, true, true));
   EXPECT_THAT((std::array{entry.name, entry.text3, entry.text4, entry.text5, entry.text8, entry.text12}),
               ElementsAre("Motor \u00E7", "one", "1.5", "Hz", "eight", "twelve"));
   EXPECT_EQ(entry.unitCode, 33);
@@ -121,7 +121,7 @@ TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
   // A line without an end, and a program taken for a driver file.
   EXPECT_THAT(Load("#P001#" + std::string(3'000'000, 'x') + "############\r\n#P002#B############\r\n"),
               ElementsAre(error(1)));
-  EXPECT_TRUE(!Entry(1).present && Entry(2).present);
+  EXPECT_THAT((std::array{Entry(1).present, Entry(2).present}), ElementsAre(false, true));
   EXPECT_THAT(Load(std::string("\x7F\x45LF\0\0\n\xFF\xFE\0", 9)), ::testing::SizeIs(2));
   context.language = Language::kPortuguese;
   EXPECT_THAT(Load("x"), ElementsAre("Erro na linha 1 no driver C:\\Drivers\\KRA09E.wcd"));
@@ -342,10 +342,11 @@ TEST(DriveStatusTest, BitsComeToATextOrAnError) {
 TEST(DriveStatusTest, KeepsTheErrorCodeOfTheLastError) {
   DriveStatus status;
   DecodeStatus(status, 0x9400 + 20);
-  EXPECT_TRUE(status.bError && status.bBit10 && status.bBit12 && !status.bShowError && !status.bBit13);
+  EXPECT_THAT((std::array{status.bError, status.bBit10, status.bBit12, status.bShowError, status.bBit13}),
+              ElementsAre(true, true, true, false, false));
   EXPECT_EQ(status.intErrorCode, 20);
   DecodeStatus(status, 0x0003);
-  EXPECT_TRUE(!status.bError && !status.bBit10 && !status.bBit12);
+  EXPECT_THAT((std::array{status.bError, status.bBit10, status.bBit12}), ElementsAre(false, false, false));
   EXPECT_EQ(status.intErrorCode, 20);
   EXPECT_EQ(ErrorOf([&] { DecodeStatus(status, 3e9); }), 6);
 }

@@ -288,8 +288,8 @@ TEST_F(LayoutTest, OnlyCollapsingBoxesGiveTheirRoomAway) {
 TEST_F(LayoutTest, GroupsHoldTheirContentInsideBorderAndTitle) {
   frame_.SetCaption("a long title");
   const LayoutBox box = Column({Cell(a_), Group(frame_, Row({Cell(b_), Group(picture_, Column({Cell(c_, 0, 1)}))}))});
-  EXPECT_TRUE(b_.Container() == &frame_ && picture_.Container() == &frame_);
-  EXPECT_TRUE(c_.Container() == &picture_ && a_.Container() == nullptr);
+  EXPECT_THAT((std::array<const Control*, 4>{b_.Container(), picture_.Container(), c_.Container(), a_.Container()}),
+              testing::ElementsAre(&frame_, &frame_, &picture_, nullptr));
   EXPECT_EQ(MinimumSize(box, measurer_), (Size{120, 78}));  // as wide as the title
   EXPECT_EQ(Placed(box, 120, 98), (Rects{{0, 0, 120, 20}, {5, 35, 50, 20}, {0, 0, 50, 40}, {}}));
   EXPECT_EQ(frame_.Place(), (Rect{0, 28, 120, 70}));

@@ -26,7 +26,8 @@ class FakeSpreadsheet : public SpreadsheetApplication {
     log_.sheetNames.at(static_cast<std::size_t>(sheet) - 1) = name;
   }
   void WriteText(int sheet, int row, int column, std::string_view text) override {
-    if (row == log_.failAtRow) throw RunTimeError(1004, "Application-defined or object-defined error");
+    if (row == log_.failAtRow)
+      throw RunTimeError(error_number::kApplicationDefined, "Application-defined or object-defined error");
     log_.cells[Key(sheet, row, column)] = text;
   }
   void EnterValue(int sheet, int row, int column, std::string_view text) override {

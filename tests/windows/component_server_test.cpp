@@ -84,7 +84,8 @@ TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
   {
     const ComRef<_ChartClass> first = Create();
     const ComRef<_ChartClass> second = Create();
-    ASSERT_TRUE(first && second);
+    ASSERT_TRUE(first);
+    ASSERT_TRUE(second);
     EXPECT_EQ(CanUnload(), S_FALSE);
   }
   EXPECT_EQ(CanUnload(), S_OK);

@@ -165,7 +165,7 @@ void PutFormat(std::string& bytes, bool style, bool first) {
 }
 
 void PutLabel(std::string& bytes, std::uint16_t row, std::uint16_t column, std::string_view text) {
-  if (text.size() > kLongestText) throw RunTimeError(1004, Text::kCellTextTooLong);
+  if (text.size() > kLongestText) throw RunTimeError(error_number::kApplicationDefined, Text::kCellTextTooLong);
   if (IsAscii(text)) {
     NumberRecord<12> head(kLabel, 9 + text.size());
     head.Add16(row);

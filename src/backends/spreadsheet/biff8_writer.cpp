@@ -104,7 +104,7 @@ class Biff8Writer : public WorkbookWriter {
       biff8::AppendSheetEnd(frame, i == 0);
       offset += frame.size() + sheets_[i].rowBytes;
     }
-    if (offset > kLargestBiff8Workbook) throw RunTimeError(1004, Text::kWorkbookTooLarge);
+    if (offset > kLargestBiff8Workbook) throw RunTimeError(error_number::kApplicationDefined, Text::kWorkbookTooLarge);
     return head + mark;
   }
 

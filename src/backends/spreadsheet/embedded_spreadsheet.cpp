@@ -13,8 +13,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr int kApplicationError = 1004;
-
 /// A plain number with the user's decimal separator; anything else (grouping, units, times) stays text.
 std::optional<double> ReadNumber(std::string_view text, std::string_view decimalSeparator) {
   char plain[64];
@@ -44,13 +42,14 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   int SheetCount() override { return static_cast<int>(names_.size()); }
 
   void AddSheetAfter(int sheet) override {
-    if (sheet != SheetCount()) throw RunTimeError(kApplicationError, "Sheets are added behind the last one");
+    if (sheet != SheetCount())
+      throw RunTimeError(error_number::kApplicationDefined, "Sheets are added behind the last one");
     names_.push_back("Sheet" + std::to_string(names_.size() + 1));
   }
 
   void SetSheetName(int sheet, const std::string& name) override {
     if (sheet < 1 || sheet > SheetCount() || sheet <= begunSheets_) {
-      throw RunTimeError(kApplicationError, "The sheet is not there or already has rows");
+      throw RunTimeError(error_number::kApplicationDefined, "The sheet is not there or already has rows");
     }
     names_[static_cast<std::size_t>(sheet) - 1] = name;
   }
@@ -75,7 +74,7 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   std::string ReadValue(int sheet, int row, int column) override { return CellAt(sheet, row, column).text; }
 
   void SaveAs(const SaveAsArguments& arguments) override {
-    if (!writer_) throw RunTimeError(kApplicationError, "There is no workbook to save");
+    if (!writer_) throw RunTimeError(error_number::kApplicationDefined, "There is no workbook to save");
     FinishRow();
     BeginSheets(SheetCount());
     writer_->Save(arguments.fileName);
@@ -98,11 +97,11 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   /// Goes on to the cell's row, and takes the columns up to it in use.
   void MakeCell(int sheet, int row, int column) {
     if (!writer_ || sheet < 1 || sheet > SheetCount() || row < 1 || column < 1 || column > 256) {
-      throw RunTimeError(kApplicationError, "There is no such cell");
+      throw RunTimeError(error_number::kApplicationDefined, "There is no such cell");
     }
     if (sheet != sheet_ || row != row_) {
       if (sheet < sheet_ || (sheet == sheet_ && row < row_)) {
-        throw RunTimeError(kApplicationError, "The cell's row is already finished");
+        throw RunTimeError(error_number::kApplicationDefined, "The cell's row is already finished");
       }
       FinishRow();
       sheet_ = sheet;

@@ -33,7 +33,7 @@ class XlsxWriter : public WorkbookWriter {
 
   void BeginSheet(const std::string& name) override {
     sheet_ = workbook_add_worksheet(workbook_, name.c_str());
-    if (sheet_ == nullptr) throw RunTimeError(1004, Text::kSheetRefused, {name});
+    if (sheet_ == nullptr) throw RunTimeError(error_number::kApplicationDefined, Text::kSheetRefused, {name});
   }
 
   void WriteRow(int row, std::span<const SheetCell> cells) override {

@@ -124,10 +124,7 @@ class PageDrawing {
 
   [[nodiscard]] std::string YesNo(bool yes) const { return LoadMessage(component_, yes ? Text::kYes : Text::kNo); }
 
-  [[nodiscard]] std::string FileTitle() const {
-    const std::size_t separator = page_.fileName.find_last_of("/\\");
-    return separator == std::string::npos ? page_.fileName : page_.fileName.substr(separator + 1);
-  }
+  [[nodiscard]] std::string FileTitle() const { return std::string(BaseName(page_.fileName)); }
 
   Component& component_;
   const ChartPage& page_;

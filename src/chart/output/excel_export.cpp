@@ -172,10 +172,8 @@ class Export {
       EndApplication();
       ShowMessage(component_, LoadMessage(component_, Text::kExportStopped), box_style::kInformation);
       return ExportOutcome::kGivenUp;
-    } catch (const RunTimeError& error) {
-      return FailWith(error);
     } catch (const std::exception& error) {
-      return FailWith(RunTimeError(error_number::kAutomation, error.what()));
+      return FailWith(AsRunTimeError(error));
     }
   }
 
@@ -257,10 +255,8 @@ class Export {
   void EndApplication() noexcept {
     try {
       if (application_) application_->Quit();
-    } catch (const RunTimeError& error) {
-      NoteRunTimeError(component_, kRoutine, error);
     } catch (const std::exception& error) {
-      NoteRunTimeError(component_, kRoutine, RunTimeError(error_number::kAutomation, error.what()));
+      NoteRunTimeError(component_, kRoutine, AsRunTimeError(error));
     }
     application_.reset();
     ShowBusy(false);

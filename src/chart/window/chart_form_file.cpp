@@ -10,6 +10,7 @@
 #include "common/error_log.h"
 #include "common/message_box.h"
 #include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/driver_file.h"
 #include "forms/flag_scope.h"
 #include "forms/form_host.h"
@@ -27,20 +28,14 @@ std::int16_t DriveAddressOf(const Component& component) {
   return ToInteger16(component.chartHeader.DriveAddress, component.ports.locale.Numbers());
 }
 
-std::string BaseName(const std::string& fileName) {
-  return fileName.substr(fileName.find_last_of("/\\") + 1);
-}
-
 }  // namespace
 
 bool ChartForm::OpenFile(const std::string& strFileName) {
   try {
     ShowFile(strFileName);
     return DriveIsKnown();
-  } catch (const RunTimeError& error) {
-    LogRunTimeError(component_, "OpenFile", error);
   } catch (const std::exception& error) {
-    LogRunTimeError(component_, "OpenFile", RunTimeError(error_number::kAutomation, error.what()));
+    LogRunTimeError(component_, "OpenFile", AsRunTimeError(error));
   }
   return false;
 }
@@ -64,7 +59,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
                 box_style::kExclamation);
     return;
   }
-  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + BaseName(strFileName));
+  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + std::string(BaseName(strFileName)));
   notices_.clear();
   LoadParameterNames();
   seriesCount_ = source_.NamedSeries();

@@ -2,12 +2,11 @@
 #include "chart/window/info_text.h"
 
 #include "common/environment/language.h"
+#include "common/values/text.h"
 #include "recording/chart_file.h"
 
 namespace chartproject {
 namespace {
-
-constexpr std::string_view kLineEnd = "\r\n";
 
 /// The codes of the events that compare a parameter with a content begin so.
 bool IsComparison(std::string_view eventCode) {

@@ -60,10 +60,8 @@ void ShowChart(Component& component, const std::string& strFileName) {
     window.ApplySavedSwitches();
     window.ShowModal();
     if (window.PrintRequested()) PrintFromClipboard(component, window);
-  } catch (const RunTimeError& error) {
-    LogRunTimeError(component, "ShowChart", error);
   } catch (const std::exception& error) {
-    LogRunTimeError(component, "ShowChart", RunTimeError(error_number::kAutomation, error.what()));
+    LogRunTimeError(component, "ShowChart", AsRunTimeError(error));
   }
 }
 

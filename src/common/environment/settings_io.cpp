@@ -14,7 +14,7 @@ void ReadSection(Environment& environment, const SettingsSection& section) {
   const NumberFormat& format = environment.ports.locale.Numbers();
   for (const SettingRow& row : section.rows) {
     const std::optional<std::string> stored = environment.ports.settings.Read(section.name, row.key);
-    SetSetting(environment.settings, section, row, stored ? std::string_view(*stored) : row.defaultText, format);
+    SetSetting(environment.settings, {section, row}, stored ? std::string_view(*stored) : row.defaultText, format);
   }
 }
 

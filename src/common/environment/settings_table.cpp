@@ -1,7 +1,6 @@
 // The rows of the three sections and what is done by row.
 #include "common/environment/settings_table.h"
 
-#include <array>
 #include <type_traits>
 
 #include "common/values/numbers.h"
@@ -35,16 +34,6 @@ std::vector<SettingRow> ProjectRows() {
     rows.push_back({"strDriveFile" + FormatDigits(static_cast<std::int64_t>(i) + 1, 2), "0", DriveFileField{i}});
   }
   return rows;
-}
-
-std::array<const SettingsSection*, 3> AllSections() {
-  return {&ConfSection(), &ProjectSection(), &FolderSection()};
-}
-
-std::string_view TypeName(const SettingField& field) {
-  if (std::holds_alternative<std::int16_t Settings::*>(field)) return "16-bit";
-  if (std::holds_alternative<std::int32_t Settings::*>(field)) return "32-bit";
-  return "text";
 }
 
 }  // namespace
@@ -109,15 +98,16 @@ const SettingsSection& FolderSection() {
   return section;
 }
 
-std::vector<SettingDescription> DescribeSettings(const Settings& settings) {
-  std::vector<SettingDescription> descriptions;
-  for (const SettingsSection* section : AllSections()) {
-    for (const SettingRow& row : section->rows) {
-      descriptions.push_back(
-          {section->name, row.key, TypeName(row.field), row.defaultText, SettingText(settings, row)});
-    }
+std::string NamedSetting::Name() const {
+  return std::string(section.name) + "." + row.key;
+}
+
+std::vector<NamedSetting> AllSettings() {
+  std::vector<NamedSetting> all;
+  for (const SettingsSection* section : {&ConfSection(), &ProjectSection(), &FolderSection()}) {
+    for (const SettingRow& row : section->rows) all.push_back({*section, row});
   }
-  return descriptions;
+  return all;
 }
 
 std::string SettingText(const Settings& settings, const SettingRow& row) {
@@ -134,8 +124,7 @@ std::string SettingText(const Settings& settings, const SettingRow& row) {
       row.field);
 }
 
-void SetSetting(Settings& settings, const SettingsSection& section, const SettingRow& row, std::string_view text,
-                const NumberFormat& format) {
+void SetSetting(Settings& settings, const NamedSetting& setting, std::string_view text, const NumberFormat& format) {
   try {
     std::visit(
         [&](auto field) {
@@ -147,23 +136,11 @@ void SetSetting(Settings& settings, const SettingsSection& section, const Settin
             settings.*field = ToInteger32(text, format);
           }
         },
-        row.field);
+        setting.row.field);
   } catch (const RunTimeError& error) {
     const Text fault = error.Number() == error_number::kOverflow ? Text::kSettingOverflow : Text::kSettingTypeMismatch;
-    throw RunTimeError(error.Number(), fault, {std::string(section.name) + "." + row.key, std::string(text)});
+    throw RunTimeError(error.Number(), fault, {setting.Name(), std::string(text)});
   }
-}
-
-void SetSetting(Settings& settings, std::string_view section, std::string_view key, std::string_view text,
-                const NumberFormat& format) {
-  for (const SettingsSection* candidate : AllSections()) {
-    if (candidate->name != section) continue;
-    for (const SettingRow& row : candidate->rows) {
-      if (row.key == key) return SetSetting(settings, *candidate, row, text, format);
-    }
-  }
-  throw RunTimeError(error_number::kInvalidProcedureCall, Text::kUnknownSetting,
-                     {std::string(section) + "." + std::string(key)});
 }
 
 }  // namespace chartproject

@@ -41,28 +41,22 @@ struct SettingsSection {
 [[nodiscard]] const SettingsSection& ProjectSection();
 [[nodiscard]] const SettingsSection& FolderSection();
 
-/// One setting as a list shows it.
-struct SettingDescription {
-  std::string_view section;
-  std::string_view key;
-  std::string_view type;  ///< "text", "16-bit" or "32-bit"
-  std::string_view defaultText;
-  std::string value;  ///< the current value as it would be saved
+/// One setting of the three sections.
+struct NamedSetting {
+  const SettingsSection& section;
+  const SettingRow& row;
+  [[nodiscard]] std::string Name() const;  ///< "MyConf.strLanguage"
 };
 
 /// Every setting of the three sections, in order.
-[[nodiscard]] std::vector<SettingDescription> DescribeSettings(const Settings& settings);
+[[nodiscard]] std::vector<NamedSetting> AllSettings();
 
 /// The current value of a setting as it is saved: text as it is, integers as decimal text.
 [[nodiscard]] std::string SettingText(const Settings& settings, const SettingRow& row);
 
-/// Gives a setting a value from its text. Throws RunTimeError 13 for an integer setting and a text that is no number,
-/// 6 for a number that does not fit; the description names section and key. @param format how numbers are written
-void SetSetting(Settings& settings, const SettingsSection& section, const SettingRow& row, std::string_view text,
-                const NumberFormat& format);
-
-/// The same by names. Throws RunTimeError 5 when there is no such setting.
-void SetSetting(Settings& settings, std::string_view section, std::string_view key, std::string_view text,
-                const NumberFormat& format);
+/// Gives a setting a value from its text. Throws RunTimeError 13 for an integer setting and a text that is not a
+/// number, 6 for a number that does not fit; the description names section and key. @param format how numbers are
+/// written
+void SetSetting(Settings& settings, const NamedSetting& setting, std::string_view text, const NumberFormat& format);
 
 }  // namespace chartproject

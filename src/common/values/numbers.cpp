@@ -305,6 +305,11 @@ std::string FormatTimeOfDay(int hour, int minute, int second) {
   return FormatDigits(hour, 2) + ":" + FormatDigits(minute, 2) + ":" + FormatDigits(second, 2);
 }
 
+std::string FormatSeconds(std::int64_t seconds) {
+  return FormatDigits(seconds / 3600, 2) + ":" + FormatDigits(seconds / 60 % 60, 2) + ":" +
+         FormatDigits(seconds % 60, 2);
+}
+
 std::string LocaleDecimal(std::string_view text, const NumberFormat& format) {
   std::string result(text);
   const bool fullStop = format.decimalSeparator == ".";

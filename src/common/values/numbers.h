@@ -53,6 +53,8 @@ namespace chartproject {
 
 /// Hours, minutes and seconds as "hh:mm:ss".
 [[nodiscard]] std::string FormatTimeOfDay(int hour, int minute, int second);
+/// The same of a number of seconds, 0 or more; from 100 hours on the text is longer.
+[[nodiscard]] std::string FormatSeconds(std::int64_t seconds);
 
 /// A number's text with its first decimal separator made the locale's own (1,5 to 1.5 in a full-stop locale, 1.5 to
 /// 1,5 in a comma locale); only the first occurrence is replaced, for the input is one number.

@@ -77,4 +77,8 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
+std::string_view BaseName(std::string_view path) {
+  return path.substr(path.find_last_of("/\\") + 1);
+}
+
 }  // namespace chartproject

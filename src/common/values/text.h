@@ -6,6 +6,9 @@
 
 namespace chartproject {
 
+/// Ends each line of the files and texts that other programs of the host read.
+inline constexpr const char* kLineEnd = "\r\n";
+
 /// Without the blanks (spaces) at both ends, or at the start only. Other white space stays.
 [[nodiscard]] std::string_view Trim(std::string_view text);
 [[nodiscard]] std::string_view TrimStart(std::string_view text);
@@ -26,5 +29,8 @@ namespace chartproject {
 /// Joins a folder and a name in the folder's own style: "\" for an empty folder and for one written with "\" or a
 /// drive letter, "/" for a folder that holds "/".
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name);
+
+/// The name without its folder.
+[[nodiscard]] std::string_view BaseName(std::string_view path);
 
 }  // namespace chartproject

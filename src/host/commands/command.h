@@ -4,13 +4,10 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <stdexcept>
-#include <vector>
 
-#include "host/session/exit_code.h"
+#include "host/session/session.h"
 
 namespace chartproject {
-
-class Session;
 
 class Command {
  public:
@@ -40,8 +37,5 @@ class RefusedError : public std::runtime_error {
 [[nodiscard]] std::unique_ptr<Command> MakeExportCommand();
 /// What runs without a command: the start window. It adds no subcommand.
 [[nodiscard]] std::unique_ptr<Command> MakeStartCommand();
-
-/// All commands in the order of the help text; the last one runs when none is named.
-[[nodiscard]] std::vector<std::unique_ptr<Command>> AllCommands();
 
 }  // namespace chartproject

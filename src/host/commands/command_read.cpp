@@ -3,6 +3,7 @@
 
 #include "acquire/acquisition_run.h"
 #include "common/values/numbers.h"
+#include "drive/drive_link_session.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"
 #include "host/commands/arguments.h"
@@ -41,17 +42,15 @@ class ReadCommand : public Command {
 
  private:
   static ExitCode ReadAll(Session& session, Component& component, const std::vector<std::int16_t>& numbers) {
-    component.driveLink = component.linkFactory.Create();
-    std::int16_t ignored = 0;
-    component.driveLink->OpenLink(ignored);
+    DriveLinkSession link(component);
+    link.Open();
     ExitCode code = ExitCode::kDone;
     for (const std::int16_t number : numbers) {
       const std::string text = ReadText(component, number);
       if (text.empty()) code = ExitCode::kRunTimeError;
       session.Out() << "P" << FormatDigits(number, 3) << " " << (text.empty() ? "no answer" : text) << "\n";
     }
-    component.driveLink->CloseLink();
-    component.driveLink.reset();
+    link.Close();
     return code;
   }
 

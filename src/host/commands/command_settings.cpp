@@ -4,7 +4,6 @@
 #include <array>
 #include <ostream>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -18,22 +17,15 @@ namespace chartproject {
 
 namespace {
 
-struct FoundSetting {
-  const SettingsSection& section;
-  const SettingRow& row;
-};
-
-FoundSetting Find(const std::string& name) {
-  for (const SettingsSection* section : {&ConfSection(), &ProjectSection(), &FolderSection()}) {
-    for (const SettingRow& row : section->rows) {
-      if (name == std::string(section->name) + "." + row.key) return {*section, row};
-    }
+NamedSetting Find(const std::string& name) {
+  for (const NamedSetting& setting : AllSettings()) {
+    if (setting.Name() == name) return setting;
   }
   throw RefusedError("there is no setting \"" + name + R"("; "chartproject settings" lists them)");
 }
 
-std::string StoredText(SettingsStore& store, const SettingsSection& section, const SettingRow& row) {
-  return store.Read(section.name, row.key).value_or(std::string(row.defaultText));
+std::string StoredText(SettingsStore& store, const NamedSetting& setting) {
+  return store.Read(setting.section.name, setting.row.key).value_or(std::string(setting.row.defaultText));
 }
 
 /// The texts that a setting may have; empty for one that takes any.
@@ -77,9 +69,9 @@ class SettingsCommand : public Command {
       List(session, store);
       return ExitCode::kDone;
     }
-    const FoundSetting found = Find(name_);
+    const NamedSetting found = Find(name_);
     if (value_->count() == 0) {
-      session.Out() << StoredText(store, found.section, found.row) << "\n";
+      session.Out() << StoredText(store, found) << "\n";
     } else {
       Set(session, store, found);
     }
@@ -88,18 +80,16 @@ class SettingsCommand : public Command {
 
  private:
   static void List(Session& session, SettingsStore& store) {
-    for (const SettingsSection* section : {&ConfSection(), &ProjectSection(), &FolderSection()}) {
-      for (const SettingRow& row : section->rows) {
-        session.Out() << section->name << "." << row.key << "=" << StoredText(store, *section, row) << "\n";
-      }
+    for (const NamedSetting& setting : AllSettings()) {
+      session.Out() << setting.Name() << "=" << StoredText(store, setting) << "\n";
     }
   }
 
-  void Set(Session& session, SettingsStore& store, const FoundSetting& found) const {
+  void Set(Session& session, SettingsStore& store, const NamedSetting& found) const {
     CheckValue(name_, found.row, text_);
     Settings checked;
     try {
-      SetSetting(checked, found.section, found.row, text_, session.ThePorts().locale.Numbers());
+      SetSetting(checked, found, text_, session.ThePorts().locale.Numbers());
     } catch (const RunTimeError& error) {
       throw RefusedError(error.Description());
     }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdio>
 
+#include "common/values/numbers.h"
 #include "host/session/visible_output.h"
 
 namespace chartproject {
@@ -13,15 +14,6 @@ namespace {
 
 constexpr auto kLeastTimeBetween = std::chrono::milliseconds(100);
 constexpr int kBarWidth = 24;
-constexpr std::int64_t kMinute = 60;
-constexpr std::int64_t kHour = 3600;
-
-std::string TimeLeft(std::int64_t seconds) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%02lld:%02lld:%02lld", static_cast<long long>(seconds / kHour),
-                static_cast<long long>(seconds / kMinute % kMinute), static_cast<long long>(seconds % kMinute));
-  return text.data();
-}
 
 }  // namespace
 
@@ -31,8 +23,8 @@ std::string ProgressText(std::int64_t done, std::int64_t total, double rate) {
   if (rate > 0) {
     std::array<char, 64> speed{};
     std::snprintf(speed.data(), speed.size(), rate < 100 ? ", %.1f points/s, " : ", %.0f points/s, ", rate);
-    text +=
-        speed.data() + TimeLeft(static_cast<std::int64_t>(static_cast<double>(total - done) / rate + 0.5)) + " left";
+    text += speed.data() + FormatSeconds(static_cast<std::int64_t>(static_cast<double>(total - done) / rate + 0.5)) +
+            " left";
   }
   return text;
 }

@@ -5,6 +5,8 @@
 #include <charconv>
 
 #include "common/values/numbers.h"
+#include "common/values/text.h"
+#include "drive/drive_status.h"
 #include "drive/driver_file.h"
 #include "drive/unit_codes.h"
 #include "links/simulated_parameters.h"
@@ -12,9 +14,6 @@
 namespace chartproject {
 
 namespace {
-
-constexpr const char* kLineEnd = "\r\n";
-constexpr std::int16_t kStatusParameter = 6;
 
 constexpr std::array kDrives{
     ProjectDrive{1, "KRA-09", "2.40", "380-480 V", "24 A", "Pump 1", "KRA090024T3848", "1000240118"},

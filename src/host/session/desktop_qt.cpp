@@ -14,7 +14,7 @@
 #include "backends/qt/qt_printer.h"
 #include "backends/qt/qt_sound.h"
 #include "host/session/desktop.h"
-#include "host/session/exit_code.h"
+#include "host/session/session.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

@@ -3,16 +3,35 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "backends/headless/headless_form_host.h"
 #include "backends/posix/dialogs_console.h"
 #include "component/chart_class.h"
 #include "host/session/desktop.h"
-#include "host/session/global_options.h"
 #include "platform/ports.h"
 
 namespace chartproject {
+
+/// How the program ends.
+enum class ExitCode {
+  kDone = 0,
+  kRunTimeError = 1,  ///< something failed: a file, a setting, a drive
+  kRefused = 2,       ///< wrong usage, or a value that the acquisition dialog refuses
+  kEndedEarly = 3     ///< a recording that Esc, a signal or a full disk ended, its points kept; or a stopped export
+};
+
+enum class ClockChoice { kReal, kVirtual };
+
+/// The options that come before the command.
+struct GlobalOptions {
+  std::string profileFolder;  ///< full name; empty for the user's configuration folder
+  std::string link = "sim";   ///< "sim" or "scenario:FILE"
+  ClockChoice clock = ClockChoice::kReal;
+  std::optional<DateTime> start;  ///< local time at which a virtual clock starts; the real time when not given
+  bool answerYes = false;         ///< the answer to every question
+};
 
 /// Made once the options are known. Ports are headless until UseDesktop; the instance is made when it is first asked
 /// for, because creating it reads every setting and every drive file.

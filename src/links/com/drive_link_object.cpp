@@ -36,6 +36,10 @@ class FollowingClock : public Clock {
   Instant told_{0};
 };
 
+// Statuses of a read.
+constexpr short kSuccess = 0;
+constexpr short kNoAnswer = 1;
+
 constexpr const wchar_t* kScenarioValue = L"Scenario";
 
 /// The scenario to replay: the environment variable CHARTPROJECT_SCENARIO, else the value of the class key. With
@@ -62,11 +66,13 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
 
   HRESULT STDMETHODCALLTYPE SetP210Value(short* value, short* reply) noexcept override {
     if (value == nullptr || reply == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->SetP210Value(*value, *reply); });
+    *reply = kSuccess;
+    return Guarded(InterfaceId(), [&] { link_->SetP210Value(*value); });
   }
   HRESULT STDMETHODCALLTYPE SetP529Value(short* value, short* reply) noexcept override {
     if (value == nullptr || reply == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->SetP529Value(*value, *reply); });
+    *reply = kSuccess;
+    return Guarded(InterfaceId(), [&] { link_->SetP529Value(*value); });
   }
   HRESULT STDMETHODCALLTYPE ReadParameter(short* address, BSTR* modelCode, short* parameter, short* unitCode,
                                           short* status) noexcept override {
@@ -78,7 +84,8 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
   HRESULT STDMETHODCALLTYPE OpenLink(short* result) noexcept override {
     if (result == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->OpenLink(*result); });
+    *result = kSuccess;
+    return Guarded(InterfaceId(), [&] { link_->OpenLink(); });
   }
   HRESULT STDMETHODCALLTYPE CloseLink(VARIANT* result) noexcept override {
     if (result == nullptr) return E_POINTER;
@@ -87,14 +94,12 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
   HRESULT STDMETHODCALLTYPE GetValue(double* value) noexcept override {
     if (value == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->GetValue(*value); });
+    return Guarded(InterfaceId(), [&] { *value = link_->GetValue(); });
   }
   HRESULT STDMETHODCALLTYPE GetText(BSTR* text) noexcept override {
     if (text == nullptr) return E_POINTER;
     return Guarded(InterfaceId(), [&] {
-      std::string fetched;
-      link_->GetText(fetched);
-      const BSTR made = ComText(fetched).Release();
+      const BSTR made = ComText(link_->GetText()).Release();
       SysFreeString(*text);
       *text = made;
     });
@@ -112,7 +117,7 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
 
  private:
-  using Operation = void (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t, std::int16_t&);
+  using Operation = bool (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t);
 
   HRESULT Read(Operation operation, const short* address, const BSTR* modelCode, const short* parameter,
                const short* unitCode, short* status) noexcept {
@@ -121,7 +126,8 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
       return E_POINTER;
     }
     return Guarded(InterfaceId(), [&] {
-      (link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode, *status);
+      const bool answered = (link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode);
+      *status = answered ? kSuccess : kNoAnswer;
     });
   }
 

@@ -32,12 +32,10 @@ HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept {
   try {
     body();
     return S_OK;
-  } catch (const RunTimeError& error) {
-    return PublishError(error, source);
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (const std::exception& error) {
-    return PublishError(RunTimeError(error_number::kAutomation, error.what()), source);
+    return PublishError(AsRunTimeError(error), source);
   } catch (...) {
     return E_UNEXPECTED;
   }

@@ -68,7 +68,7 @@ class ExcelApplication : public SpreadsheetApplication {
 
  private:
   [[nodiscard]] static IDispatch* Required(IDispatch* object) {
-    if (object == nullptr) throw RunTimeError(91, "There is no workbook yet");
+    if (object == nullptr) throw RunTimeError(error_number::kObjectNotSet, "There is no workbook yet");
     return object;
   }
   [[nodiscard]] ComRef<IDispatch> Workbooks() { return client_.Fetch(application_.Get(), {L"workbooks"}); }
