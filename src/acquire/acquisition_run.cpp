@@ -4,22 +4,11 @@
 #include <utility>
 
 #include "common/values/numbers.h"
-#include "drive/display_value.h"
 #include "drive/parameter_read.h"
 #include "forms/flag_scope.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
-
-std::string ReadColumnText(DriveContext& context, std::int16_t parameter) {
-  std::string text;
-  if (ReadSpecialParameter(context, parameter, text)) return text;
-  text = "0";
-  if (ReadOrdinary(context, parameter)) text = context.driveLink->GetText();
-  const std::string& model = context.driveTable.At(context.currentDrive).Type;
-  const bool asRead = model == "KRA-05" || model == "KRA-09" || parameter == kStatusParameter;
-  return asRead ? text : DisplayValue(context, parameter, text, model);
-}
 
 bool AcquisitionRun::Reserve(const std::string& fileName) {
   fileLock_.reset();  // one that no run came to use is nobody else's
@@ -81,7 +70,7 @@ bool AcquisitionRun::ReadPoint(const DateTime& now) {
     const auto index = static_cast<std::size_t>(column);
     const std::int16_t parameter = plan_.columns[index];
     const bool inUse = parameter != kUnusedParameter && (column == 0 || column < plan_.parameterCount);
-    std::string text = inUse ? ReadColumnText(component_, parameter) : std::string();
+    std::string text = inUse ? ReadColumn(component_, parameter).text : std::string();
     if (state_ != RunState::kSampling || serial_ != run) return false;
     point_.values[index] = std::move(text);
   }

@@ -104,7 +104,4 @@ class AcquisitionRun {
   std::string failureReason_;
 };
 
-/// One column of a point: what the drive link shows for the parameter, "0" when the drive does not answer.
-[[nodiscard]] std::string ReadColumnText(DriveContext& context, std::int16_t parameter);
-
 }  // namespace chartproject

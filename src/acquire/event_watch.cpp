@@ -1,6 +1,9 @@
 // How each event is looked for on the drive.
 #include "acquire/event_watch.h"
 
+#include <optional>
+
+#include "common/values/numbers.h"
 #include "drive/parameter_read.h"
 #include "recording/trigger_events.h"
 
@@ -38,9 +41,20 @@ bool Compare(int position, double value, double content) {
   }
 }
 
+/// The number that a special read's text shows; nothing when it does not read as one.
+std::optional<double> NumberOf(const DriveContext& context, const SpecialReading& reading) {
+  const NumberFormat& numbers = context.ports.locale.Numbers();
+  if (!reading.text || !IsTypedDecimal(*reading.text, numbers)) return std::nullopt;
+  return ToTypedDecimal(*reading.text, numbers);
+}
+
+/// What is compared is what a recording would keep: the special read comes first.
 std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
-  if (!ReadOrdinary(context, event.parameter)) return watch_code::kNoAnswer;
-  const bool holds = Compare(event.position, context.driveLink->GetValue(), event.content);
+  const std::optional<SpecialReading> special = ReadSpecial(context, event.parameter);
+  const bool answered = special ? special->answered : ReadOrdinary(context, event.parameter);
+  if (!answered) return watch_code::kNoAnswer;
+  const std::optional<double> value = special ? NumberOf(context, *special) : context.driveLink->GetValue();
+  const bool holds = value && Compare(event.position, *value, event.content);
   return holds ? watch_code::kOccurred : watch_code::kNotYet;
 }
 

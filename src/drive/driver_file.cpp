@@ -33,6 +33,15 @@ void ShowLineError(DriveContext& context, std::int64_t line, const std::string& 
   ShowMessage(context, text, box_style::kCritical, context.helpFile, kLineErrorHelpContext);
 }
 
+/// The parser's errors with the place in the file.
+bool TakeLineOf(const std::string& fileName, std::int64_t number, DriverFileParser& parser, std::string_view line) {
+  try {
+    return parser.TakeLine(line);
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.Number(), fileName + ", line " + std::to_string(number) + ": " + error.Description());
+  }
+}
+
 }  // namespace
 
 DriverFileParser::DriverFileParser(ParameterTable& table, const NumberFormat& numbers, UnitCodeFinder findUnitCode)
@@ -117,7 +126,7 @@ void LoadDriverFile(DriveContext& context, std::int16_t address) {
   });
   LineReader reader(*file);
   for (TextLine line; reader.Next(line);) {
-    if (line.cut || !parser.TakeLine(context.ports.codePage.Decode(line.text))) {
+    if (line.cut || !TakeLineOf(fileName, line.number, parser, context.ports.codePage.Decode(line.text))) {
       ShowLineError(context, line.number, fileName);
     }
   }

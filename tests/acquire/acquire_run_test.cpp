@@ -129,13 +129,16 @@ TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
   plant.texts = {{3, "7"}, {12, "IA"}};
   plant.silent = {5};
   const std::tuple<const char*, int, const char*> cases[] = {
-      {"KRA-09", 3, "7"},  {"KRA-09", 5, "0"},   {"TSR-03", 5, "0"}, {"KRA-02", 3, ""},     {"KRA-02", 5, ""},
-      {"KRA-02", 6, "50"}, {"KRA-02", 12, "IA"}, {"other", 3, ""},   {"KRA-08", 2, "0.00"}, {"KRA-09", 1, "50"}};
+      {"KRA-09", 3, "7"},    {"KRA-09", 5, "0"},  {"TSR-03", 5, "0"},   {"KRA-02", 3, ""},
+      {"KRA-02", 5, ""},     {"KRA-02", 6, "50"}, {"KRA-02", 12, "IA"}, {"other", 3, ""},
+      {"KRA-08", 2, "0.00"}, {"KRA-09", 1, "50"}, {"KRD-04", 32, ""}};
   component.currentDrive = 1;
   component.parameterTables.At(1).At(12).unitCode = 75;
   for (const auto& [model, parameter, text] : cases) {
     component.driveTable.At(1).Type = model;
-    EXPECT_EQ(ReadColumnText(component, static_cast<std::int16_t>(parameter)), text) << model << " P" << parameter;
+    const ColumnReading reading = ReadColumn(component, static_cast<std::int16_t>(parameter));
+    EXPECT_EQ(reading.text, text) << model << " P" << parameter;
+    EXPECT_EQ(reading.answered, parameter != 5) << model << " P" << parameter;
   }
   EXPECT_THAT(plant.steps, testing::Contains("read 1 0 12 unit 7"));
 }
@@ -249,6 +252,24 @@ TEST_F(EventWatchTest, TestsByPosition) {
   EXPECT_EQ(TestEvent(component, {8, 5, 50}), watch_code::kInputNotYet);
   EXPECT_EQ(TestEvent(component, {21, 12, 50}), watch_code::kNoAnswer);
   EXPECT_THAT(plant.steps, ElementsAre("read 1 8 6 unit 7", "read 1 8 12 unit 75", "read 1 8 12 unit 7"));
+}
+
+TEST_F(EventWatchTest, ComparesWhatARecordingWouldKeep) {
+  const std::tuple<const char*, int, std::map<int, std::string>, int> cases[] = {
+      {"KRA-08", 2, {{2, "0"}, {5, "2"}, {208, "25"}}, watch_code::kOccurred},  // the product, not the reading
+      {"KRA-08", 2, {{2, "50"}, {5, "2"}, {208, "30"}}, watch_code::kNotYet},
+      {"KRA-08", 2, {{2, "50"}}, watch_code::kNoAnswer},
+      {"KRA-09", 1, {{1, "50"}, {210, "1"}}, watch_code::kOccurred},
+      {"KRA-09", 1, {{1, "off"}, {210, "1"}}, watch_code::kNotYet},
+      {"KRA-09", 1, {{1, "50"}}, watch_code::kNoAnswer},
+      {"KRD-04", 32, {{14, "2"}, {32, "50"}}, watch_code::kNotYet}};
+  component.currentDrive = 1;
+  plant.others.reset();
+  for (const auto& [model, parameter, texts, code] : cases) {
+    component.driveTable.At(1).Type = model;
+    plant.texts = texts;
+    EXPECT_EQ(TestEvent(component, {21, static_cast<std::int16_t>(parameter), 50}), code) << model << " " << code;
+  }
 }
 
 TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {

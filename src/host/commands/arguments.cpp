@@ -8,6 +8,7 @@
 #include <regex>
 
 #include "acquire/input_rules.h"
+#include "drive/parameter_tables.h"
 #include "host/commands/command.h"
 
 namespace chartproject {
@@ -20,7 +21,7 @@ TimeBetweenPoints ParseTimeBetweenPoints(const std::string& text) {
   if (std::regex_match(text, match, kNumber)) {
     return {match[2] == "ms" ? time_unit::kMilliseconds : time_unit::kSeconds, match[1]};
   }
-  throw RefusedError("--every: \"" + text + "\" is no time; write for example 200ms, 2s or 00:00:05");
+  throw RefusedError("--every: \"" + text + "\" is not a valid time; use for example 200ms, 2s or 00:00:05");
 }
 
 DateTime ParseDateTime(const std::string& text) {
@@ -34,17 +35,22 @@ DateTime ParseDateTime(const std::string& text) {
                                            std::chrono::day(static_cast<unsigned>(moment.day))};
     if (date.ok() && moment.hour < 24 && moment.minute < 60 && moment.second < 60) return moment;
   }
-  throw RefusedError("\"" + text + "\" is no date and time; write for example \"2026-01-31 08:00:00\"");
+  throw RefusedError("\"" + text + "\" is not a valid date and time; use for example \"2026-01-31 08:00:00\"");
 }
 
 int ParseNumber(const std::string& text, const std::string& option, int least, int most) {
   int number = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
   if (result.ec != std::errc() || result.ptr != text.data() + text.size() || number < least || number > most) {
-    throw RefusedError(option + ": \"" + text + "\" is no whole number from " + std::to_string(least) + " to " +
+    throw RefusedError(option + ": \"" + text + "\" is not a whole number from " + std::to_string(least) + " to " +
                        std::to_string(most));
   }
   return number;
+}
+
+int ParseParameter(const std::string& text, const std::string& option) {
+  const bool named = text.starts_with('P') || text.starts_with('p');
+  return ParseNumber(text.substr(named ? 1 : 0), option, 0, kParameterCount - 1);
 }
 
 std::string FullName(const std::string& name) {

@@ -22,6 +22,9 @@ struct TimeBetweenPoints {
 /// A whole number from `least` to `most`. Throws RefusedError that names the option and the range.
 [[nodiscard]] int ParseNumber(const std::string& text, const std::string& option, int least, int most);
 
+/// The number of a parameter, 0 to 999, written as 5, 005 or P005. Throws RefusedError that names the option.
+[[nodiscard]] int ParseParameter(const std::string& text, const std::string& option);
+
 /// The full name of a file, because dialogs change the current folder. An empty name stays empty.
 [[nodiscard]] std::string FullName(const std::string& name);
 

@@ -1,7 +1,6 @@
 // read ADDRESS PARAMETER...: reads parameters of one drive once.
 #include <ostream>
 
-#include "acquire/acquisition_run.h"
 #include "common/values/numbers.h"
 #include "drive/drive_link_session.h"
 #include "drive/driver_file.h"
@@ -19,7 +18,7 @@ class ReadCommand : public Command {
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("read", "Read parameters of a drive once");
     app->add_option("ADDRESS", address_, "drive address, 1 to 30")->required();
-    app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999")->required();
+    app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999: 5 or P005")->required();
     return app;
   }
 
@@ -27,13 +26,12 @@ class ReadCommand : public Command {
     const int address = ParseNumber(address_, "ADDRESS", 1, kLastDriveAddress);
     std::vector<std::int16_t> numbers;
     for (const auto& text : parameters_) {
-      numbers.push_back(static_cast<std::int16_t>(ParseNumber(text, "PARAMETER", 0, kParameterCount - 1)));
+      numbers.push_back(static_cast<std::int16_t>(ParseParameter(text, "PARAMETER")));
     }
     Component& component = session.Instance().State();
     if (component.driveTable.At(address).Type.empty()) {
       throw RefusedError("there is no drive at address " + FormatDigits(address, 2) +
-                         "; \"chartproject drives\" lists "
-                         "them");
+                         "; \"chartproject drives\" lists them");
     }
     component.currentDrive = static_cast<std::int16_t>(address);
     LoadDriverFile(component, component.currentDrive);
@@ -46,19 +44,13 @@ class ReadCommand : public Command {
     link.Open();
     ExitCode code = ExitCode::kDone;
     for (const std::int16_t number : numbers) {
-      const std::string text = ReadText(component, number);
-      if (text.empty()) code = ExitCode::kRunTimeError;
-      session.Out() << "P" << FormatDigits(number, 3) << " " << (text.empty() ? "no answer" : text) << "\n";
+      const ColumnReading reading = ReadColumn(component, number);
+      if (!reading.answered) code = ExitCode::kRunTimeError;
+      const std::string& shown = reading.text.empty() ? "no value shown" : reading.text;
+      session.Out() << ParameterName(number) << " " << (reading.answered ? shown : "no answer") << "\n";
     }
     link.Close();
     return code;
-  }
-
-  /// What a recording keeps; empty for a drive that does not answer, where a recording keeps "0".
-  static std::string ReadText(Component& component, std::int16_t number) {
-    std::string text;
-    if (ReadSpecialParameter(component, number, text)) return text;
-    return ReadOrdinary(component, number) ? ReadColumnText(component, number) : std::string();
   }
 
   std::string address_;
