@@ -117,4 +117,11 @@ class Control {
   bool visible_ = true;
 };
 
+/// Lets a routine of an object handle an event of a control; its name in the error log is "control_Event".
+/// @param owner outlives the control
+template <class Owner>
+void Connect(Event& event, const Control& control, const char* eventName, Owner* owner, void (Owner::*handler)()) {
+  event = {control.Name() + "_" + eventName, [owner, handler] { (owner->*handler)(); }};
+}
+
 }  // namespace chartproject

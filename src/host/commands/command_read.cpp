@@ -1,7 +1,7 @@
 // read ADDRESS PARAMETER...: reads parameters of one drive once.
 #include <ostream>
 
-#include "acquire/acquisition_run.h"
+#include "acquire/run/acquisition_run.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"
