@@ -19,8 +19,7 @@ constexpr int kHelpContext = 91;
 AcquireForm::AcquireForm(Component& component)
     : Form(component.forms, "frmAcquireVar", MakeHandlerErrorReporter(component)),
       component_(component),
-      file(
-          *this, component, [this] { UpdateStartButtons(); }, [this](NamedBy by) { FileNameChanged(by); }),
+      file(*this, component, [this](NamedBy by) { FileNameChanged(by); }),
       drive(*this, component, [this] { UpdateStartButtons(); }),
       timing(*this, component, file, drive, [this] { UpdateStartButtons(); }),
       trigger(*this, component, drive, [this] { UpdateStartButtons(); }),

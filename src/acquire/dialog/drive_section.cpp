@@ -24,19 +24,7 @@ void FillParameterList(Component& component, std::int16_t driveAddress, ComboBox
 }
 
 DriveSection::DriveSection(Form& form, Component& component, std::function<void()> changed)
-    : Section(component, std::move(changed)),
-      picDriveAddress(form, "picDriveAddress"),
-      lblDriveAddress(form, "lblDriveAddress"),
-      cboDriveAddress(form, "cboDriveAddress"),
-      lblDriveModel(form, "lblDriveModel"),
-      picNumberOfParameters(form, "picNumberOfParameters"),
-      lblNumberOfParameters(form, "lblNumberOfParameters"),
-      cboNumberOfParameters(form, "cboNumberOfParameters"),
-      lblParameters(form, "lblParameters"),
-      cboPXXX1(form, "cboPXXX1"),
-      cboPXXX2(form, "cboPXXX2"),
-      cboPXXX3(form, "cboPXXX3"),
-      cboPXXX4(form, "cboPXXX4") {
+    : Section(form, component, std::move(changed)) {
   lblDriveAddress.SetTag(TextNumber(Text::kDriveAddress));
   lblNumberOfParameters.SetTag(TextNumber(Text::kNumberOfParameters));
   lblParameters.SetTag(TextNumber(Text::kParameters));
@@ -165,7 +153,7 @@ void DriveSection::ClearParameterLists() {
 
 void DriveSection::cboDriveAddress_Click() {
   if (cboDriveAddress.ListIndex() < 0) return;
-  const HourglassScope hourglass(cboDriveAddress.Owner());
+  const HourglassScope hourglass(form_);
   component_.selectedDriveAddress = cboDriveAddress.Text();
   lblDriveModel.SetCaption(SelectedModel());
   const std::int16_t address = SelectedAddress();
@@ -184,7 +172,7 @@ void DriveSection::cboDriveAddress_Click() {
 
 void DriveSection::cboNumberOfParameters_Click() {
   if (cboNumberOfParameters.ListIndex() < 0) return;
-  const HourglassScope hourglass(cboNumberOfParameters.Owner());
+  const HourglassScope hourglass(form_);
   for (ComboBox* list : ParameterLists()) SelectFirst(*list);
   EnableParameterLists();
   if (!refillingCounts_) countChosen();

@@ -13,19 +13,19 @@ class DriveSection : public Section {
  public:
   DriveSection(Form& form, Component& component, std::function<void()> changed);
 
-  PictureBox picDriveAddress;
-  Label lblDriveAddress;
-  ComboBox cboDriveAddress;
-  Label lblDriveModel;
+  PictureBox picDriveAddress{form_, "picDriveAddress"};
+  Label lblDriveAddress{form_, "lblDriveAddress"};
+  ComboBox cboDriveAddress{form_, "cboDriveAddress"};
+  Label lblDriveModel{form_, "lblDriveModel"};
 
-  PictureBox picNumberOfParameters;
-  Label lblNumberOfParameters;
-  ComboBox cboNumberOfParameters;
-  Label lblParameters;
-  ComboBox cboPXXX1;
-  ComboBox cboPXXX2;
-  ComboBox cboPXXX3;
-  ComboBox cboPXXX4;
+  PictureBox picNumberOfParameters{form_, "picNumberOfParameters"};
+  Label lblNumberOfParameters{form_, "lblNumberOfParameters"};
+  ComboBox cboNumberOfParameters{form_, "cboNumberOfParameters"};
+  Label lblParameters{form_, "lblParameters"};
+  ComboBox cboPXXX1{form_, "cboPXXX1"};
+  ComboBox cboPXXX2{form_, "cboPXXX2"};
+  ComboBox cboPXXX3{form_, "cboPXXX3"};
+  ComboBox cboPXXX4{form_, "cboPXXX4"};
 
   /// Called when the lists show the parameters of another drive; without an address when its driver file could not be
   /// read and they are empty.

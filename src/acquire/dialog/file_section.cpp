@@ -17,14 +17,8 @@ constexpr int kNameWidth = 40;  // characters
 
 }  // namespace
 
-FileSection::FileSection(Form& form, Component& component, std::function<void()> changed,
-                         std::function<void(NamedBy)> named)
-    : Section(component, std::move(changed)),
-      fraFileName(form, "fraFileName"),
-      rtfFileName(form, "rtfFileName"),
-      cmdNewFile(form, "cmdNewFile"),
-      cmdBrowse(form, "cmdBrowse"),
-      named_(std::move(named)) {
+FileSection::FileSection(Form& form, Component& component, std::function<void(NamedBy)> named)
+    : Section(form, component), named_(std::move(named)) {
   fraFileName.SetTag(TextNumber(Text::kFileName));
   cmdBrowse.SetTag(TextNumber(Text::kBrowse));
   Connect(rtfFileName.change, rtfFileName, "Change", this, &FileSection::rtfFileName_Change);
@@ -76,7 +70,7 @@ std::optional<std::string> FileSection::Missing() const {
 
 void FileSection::rtfFileName_Change() {
   if (naming_) return;
-  const HourglassScope hourglass(rtfFileName.Owner());
+  const HourglassScope hourglass(form_);
   const FlagScope typing(typing_);
   named_(NamedBy::kTyping);
 }

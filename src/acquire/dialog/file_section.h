@@ -18,12 +18,12 @@ enum class NamedBy {
 class FileSection : public Section {
  public:
   /// @param named called after each new name
-  FileSection(Form& form, Component& component, std::function<void()> changed, std::function<void(NamedBy)> named);
+  FileSection(Form& form, Component& component, std::function<void(NamedBy)> named);
 
-  Frame fraFileName;
-  RichTextBox rtfFileName;
-  CommandButton cmdNewFile;
-  CommandButton cmdBrowse;
+  Frame fraFileName{form_, "fraFileName"};
+  RichTextBox rtfFileName{form_, "rtfFileName"};
+  CommandButton cmdNewFile{form_, "cmdNewFile"};
+  CommandButton cmdBrowse{form_, "cmdBrowse"};
 
   /// Captions and tool tips that hold no message number, in the user's language.
   void Translate();

@@ -11,24 +11,8 @@ constexpr int kProgressSteps = 10000;
 
 }  // namespace
 
-RunPanel::RunPanel(Form& form, const Component& component, Dialog dialog)
-    : lblHint(form, "lblHint"),
-      lblEstimate(form, "lblEstimate"),
-      cmdStart(form, "cmdStart"),
-      lblStart(form, "lblStart"),
-      cmdTrigger(form, "cmdTrigger"),
-      lblTrigger(form, "lblTrigger"),
-      imgTrigger1(form, "imgTrigger1"),
-      picProgress(form, "picProgress"),
-      lblAcquiring(form, "lblAcquiring"),
-      lblProgress(form, "lblProgress"),
-      prgProgress(form, "prgProgress"),
-      lblRunTimes(form, "lblRunTimes"),
-      lblTimeBetweenPointsPB(form, "lblTimeBetweenPointsPB"),
-      lblElapsedTime(form, "lblElapsedTime"),
-      form_(form),
-      component_(component),
-      dialog_(std::move(dialog)) {
+RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
+    : Section(form, component), dialog_(std::move(dialog)) {
   cmdStart.SetTag(TextNumber(Text::kStartAcquisition));
   cmdStart.SetToolTipText(TextNumber(Text::kStartAcquisition));
   cmdTrigger.SetTag(TextNumber(Text::kTrigger));
@@ -108,7 +92,7 @@ void RunPanel::ShowRunTimes(const std::string& text) {
 
 void RunPanel::ShowSaving() {
   form_.SetPointer(MousePointer::kHourglass);
-  lblProgress.SetCaption(LoadText(component_, Text::kSaving));
+  lblProgress.SetCaption(Say(Text::kSaving));
 }
 
 /// A long file is copied with the window awake.

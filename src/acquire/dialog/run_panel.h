@@ -10,7 +10,7 @@ namespace chartproject {
 inline constexpr double kSetUpHeight = 6360;
 inline constexpr double kSamplingHeight = 7200;
 
-class RunPanel : public RunDisplay {
+class RunPanel : public Section, public RunDisplay {
  public:
   /// What only the whole dialog can do.
   struct Dialog {
@@ -18,24 +18,23 @@ class RunPanel : public RunDisplay {
     std::function<void(bool held)> holdEsc;
   };
 
-  /// @param form, component outlive the panel
-  RunPanel(Form& form, const Component& component, Dialog dialog);
+  RunPanel(Form& form, Component& component, Dialog dialog);
 
-  Label lblHint;      ///< why neither Start nor Trigger is there
-  Label lblEstimate;  ///< how long the run will last, how large its file will be
-  CommandButton cmdStart;
-  Label lblStart;
-  CommandButton cmdTrigger;
-  Label lblTrigger;
-  Image imgTrigger1;
+  Label lblHint{form_, "lblHint"};          ///< why neither Start nor Trigger is there
+  Label lblEstimate{form_, "lblEstimate"};  ///< how long the run will last, how large its file will be
+  CommandButton cmdStart{form_, "cmdStart"};
+  Label lblStart{form_, "lblStart"};
+  CommandButton cmdTrigger{form_, "cmdTrigger"};
+  Label lblTrigger{form_, "lblTrigger"};
+  Image imgTrigger1{form_, "imgTrigger1"};
 
-  PictureBox picProgress;  ///< the area that appears while points are taken
-  Label lblAcquiring;
-  Label lblProgress;
-  ProgressBar prgProgress;
-  Label lblRunTimes;
-  Label lblTimeBetweenPointsPB;
-  Label lblElapsedTime;
+  PictureBox picProgress{form_, "picProgress"};  ///< the area that appears while points are taken
+  Label lblAcquiring{form_, "lblAcquiring"};
+  Label lblProgress{form_, "lblProgress"};
+  ProgressBar prgProgress{form_, "prgProgress"};
+  Label lblRunTimes{form_, "lblRunTimes"};
+  Label lblTimeBetweenPointsPB{form_, "lblTimeBetweenPointsPB"};
+  Label lblElapsedTime{form_, "lblElapsedTime"};
 
   [[nodiscard]] LayoutBox WordsLayout();
   /// The start buttons and the lamp; the dialog's other buttons share their line.
@@ -64,8 +63,6 @@ class RunPanel : public RunDisplay {
  private:
   void ShowProgressArea(bool visible);
 
-  Form& form_;
-  const Component& component_;
   Dialog dialog_;
 };
 

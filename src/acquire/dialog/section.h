@@ -23,7 +23,8 @@ class Section {
 
  protected:
   /// @param changed called whenever the form may have become ready to start, or not
-  Section(Component& component, std::function<void()> changed) : component_(component), changed_(std::move(changed)) {}
+  Section(Form& form, Component& component, std::function<void()> changed = {})
+      : form_(form), component_(component), changed_(std::move(changed)) {}
   ~Section() = default;
 
   void Changed() const { changed_(); }
@@ -32,6 +33,7 @@ class Section {
   [[nodiscard]] std::string Say(Text text) const { return LoadText(component_, text); }
   [[nodiscard]] const NumberFormat& Numbers() const { return component_.ports.locale.Numbers(); }
 
+  Form& form_;
   Component& component_;
 
  private:

@@ -9,18 +9,7 @@ namespace chartproject {
 
 TimingSection::TimingSection(Form& form, Component& component, const FileSection& file, const DriveSection& drive,
                              std::function<void()> changed)
-    : Section(component, std::move(changed)),
-      picTime(form, "picTime"),
-      lblNumberOfPoints(form, "lblNumberOfPoints"),
-      txtNumberOfPoints(form, "txtNumberOfPoints"),
-      lblNumberOfPointsRange(form, "lblNumberOfPointsRange"),
-      lblTimeBetweenPoints(form, "lblTimeBetweenPoints"),
-      txtTimeBetweenPoints(form, "txtTimeBetweenPoints"),
-      mebTimeBetweenPoints(form, "mebTimeBetweenPoints", "##:##:##"),
-      cboTimeBetweenPointsUnit(form, "cboTimeBetweenPointsUnit"),
-      lblTimeBetweenPointsRange(form, "lblTimeBetweenPointsRange"),
-      file_(file),
-      drive_(drive) {
+    : Section(form, component, std::move(changed)), file_(file), drive_(drive) {
   lblNumberOfPoints.SetTag(TextNumber(Text::kNumberOfPoints));
   lblNumberOfPointsRange.SetTag(TextNumber(Text::kPointsRange));
   lblTimeBetweenPoints.SetTag(TextNumber(Text::kTimeAmongPoints));

@@ -16,15 +16,15 @@ class TimingSection : public Section {
   TimingSection(Form& form, Component& component, const FileSection& file, const DriveSection& drive,
                 std::function<void()> changed);
 
-  PictureBox picTime;
-  Label lblNumberOfPoints;
-  TextBox txtNumberOfPoints;
-  Label lblNumberOfPointsRange;
-  Label lblTimeBetweenPoints;
-  TextBox txtTimeBetweenPoints;
-  MaskEdBox mebTimeBetweenPoints;
-  ComboBox cboTimeBetweenPointsUnit;
-  Label lblTimeBetweenPointsRange;
+  PictureBox picTime{form_, "picTime"};
+  Label lblNumberOfPoints{form_, "lblNumberOfPoints"};
+  TextBox txtNumberOfPoints{form_, "txtNumberOfPoints"};
+  Label lblNumberOfPointsRange{form_, "lblNumberOfPointsRange"};
+  Label lblTimeBetweenPoints{form_, "lblTimeBetweenPoints"};
+  TextBox txtTimeBetweenPoints{form_, "txtTimeBetweenPoints"};
+  MaskEdBox mebTimeBetweenPoints{form_, "mebTimeBetweenPoints", "##:##:##"};
+  ComboBox cboTimeBetweenPointsUnit{form_, "cboTimeBetweenPointsUnit"};
+  Label lblTimeBetweenPointsRange{form_, "lblTimeBetweenPointsRange"};
 
   [[nodiscard]] LayoutBox Layout();
   void Reset();

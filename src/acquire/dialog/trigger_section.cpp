@@ -16,17 +16,7 @@ constexpr std::int32_t kHelpContext = 91;
 
 TriggerSection::TriggerSection(Form& form, Component& component, const DriveSection& drive,
                                std::function<void()> changed)
-    : Section(component, std::move(changed)),
-      picMode(form, "picMode"),
-      lblTriggerMode(form, "lblTriggerMode"),
-      cboTriggerMode(form, "cboTriggerMode"),
-      lblEvent(form, "lblEvent"),
-      cboEvent(form, "cboEvent"),
-      lblPXXX(form, "lblPXXX"),
-      cboPXXX(form, "cboPXXX"),
-      lblContent(form, "lblContent"),
-      txtContent(form, "txtContent"),
-      drive_(drive) {
+    : Section(form, component, std::move(changed)), drive_(drive) {
   lblTriggerMode.SetTag(TextNumber(Text::kTriggerMode));
   lblEvent.SetTag(TextNumber(Text::kEvent));
   lblPXXX.SetTag(TextNumber(Text::kParameter));

@@ -13,15 +13,15 @@ class TriggerSection : public Section {
   /// @param drive the section whose model decides which events there are; it outlives this one
   TriggerSection(Form& form, Component& component, const DriveSection& drive, std::function<void()> changed);
 
-  PictureBox picMode;
-  Label lblTriggerMode;
-  ComboBox cboTriggerMode;
-  Label lblEvent;
-  ComboBox cboEvent;
-  Label lblPXXX;
-  ComboBox cboPXXX;
-  Label lblContent;
-  TextBox txtContent;
+  PictureBox picMode{form_, "picMode"};
+  Label lblTriggerMode{form_, "lblTriggerMode"};
+  ComboBox cboTriggerMode{form_, "cboTriggerMode"};
+  Label lblEvent{form_, "lblEvent"};
+  ComboBox cboEvent{form_, "cboEvent"};
+  Label lblPXXX{form_, "lblPXXX"};
+  ComboBox cboPXXX{form_, "cboPXXX"};
+  Label lblContent{form_, "lblContent"};
+  TextBox txtContent{form_, "txtContent"};
 
   [[nodiscard]] LayoutBox Layout();
   void Reset();
