@@ -31,8 +31,10 @@ enum class Property {
   kPicture,
   kColor,
   kMousePointer,
-  kContent,  ///< an owner-drawn control wants to be painted again
-  kOverlay,  ///< what lies over an owner-drawn control wants to be painted again
+  kContent,       ///< an owner-drawn control wants to be painted again
+  kSelection,     ///< the whole text of a field is selected
+  kAvailability,  ///< other items of a list are available
+  kOverlay,       ///< what lies over an owner-drawn control wants to be painted again
 };
 
 /// Mouse pointers that the system uses, with the platform's numbers.
