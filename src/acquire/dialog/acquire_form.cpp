@@ -172,7 +172,7 @@ std::optional<RunPlan> AcquireForm::PrepareRun() {
   timing.FillPlan(plan);
   // A folder in which no file can be made is reported now, not after hours of sampling.
   if (!controller.Reserve(plan.fileName)) {
-    ShowMessage(component_, FillIn(LoadText(component_, Text::kFileBeingRecorded), {plan.fileName}),
+    ShowMessage(component_, FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {plan.fileName}),
                 box_style::kExclamation, component_.helpFile);
     return std::nullopt;
   }

@@ -30,7 +30,7 @@ class Section {
   void Changed() const { changed_(); }
   /// Shows a text with the exclamation icon.
   void Warn(const std::string& text) const;
-  [[nodiscard]] std::string Say(Text text) const { return LoadText(component_, text); }
+  [[nodiscard]] std::string Say(Text text) const { return LoadMessage(component_, text); }
   [[nodiscard]] const NumberFormat& Numbers() const { return component_.ports.locale.Numbers(); }
 
   Form& form_;

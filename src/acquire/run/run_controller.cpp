@@ -126,7 +126,7 @@ void RunController::ShowRunTimes() {
   const DateTime today = component_.ports.clock.LocalNow();
   const std::int64_t remaining = (std::max(left, std::int64_t{0}) + today.millisecond + 500) / 1000;
   display_.ShowRunTimes(
-      FillIn(LoadText(component_, Text::kElapsedAndEnd),
+      FillIn(LoadMessage(component_, Text::kElapsedAndEnd),
              {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
 }
 
@@ -157,7 +157,7 @@ void RunController::tmrEventTrigger_Tick() {
 /// Asks what to do about a drive that does not answer.
 bool RunController::KeepsWatching() {
   const std::string question =
-      LoadText(component_, Text::kCommunicationError) + " " + LoadText(component_, Text::kContinueEvenSo);
+      LoadMessage(component_, Text::kCommunicationError) + " " + LoadMessage(component_, Text::kContinueEvenSo);
   const std::int16_t answer =
       ShowMessage(component_, question, box_style::kYesNo + box_style::kQuestion, component_.helpFile);
   if (run_.State() != RunState::kArmed) return false;  // Esc ended the watch while the question was up
@@ -210,7 +210,7 @@ void RunController::Warn(const std::string& text) {
 
 void RunController::ReportEnd() {
   if (run_.End() != RunEnd::kDiskSpace) return;
-  Warn(LoadText(component_, Text::kTooLittleSpace) +
+  Warn(LoadMessage(component_, Text::kTooLittleSpace) +
        BytesText(static_cast<double>(run_.FreeSpace()), component_.ports.locale.Numbers()));
   PlayWave(component_, kCompleteSound);
 }
@@ -230,10 +230,10 @@ void RunController::ReportWriting(const ChartWriteResult& result) {
   // Reported only after the file is written: points in memory would be at risk while a box is open.
   if (run_.End() == RunEnd::kFailed && !run_.FailureReason().empty()) Warn(run_.FailureReason());
   const std::string kept =
-      result.keptFile.empty() ? std::string() : LoadText(component_, Text::kPointsSavedOn) + result.keptFile;
+      result.keptFile.empty() ? std::string() : LoadMessage(component_, Text::kPointsSavedOn) + result.keptFile;
   if (result.kind == ChartWriteResult::Kind::kRowsInSpool) {
     const NumberFormat& format = component_.ports.locale.Numbers();
-    Warn(LoadText(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace), format) + kept);
+    Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace), format) + kept);
   } else if (result.kind == ChartWriteResult::Kind::kFailed) {
     Warn(result.reason + kept);
   }
