@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "backends/posix/file_system_posix.h"
 #include "recording/chart_file.h"
 #include "support/fake_ports.h"
@@ -85,10 +85,10 @@ void RecordInSpoolMode(benchmark::State& state) {
   AcquireForm form(component);
   form.Load();
   for (auto _ : state) {
-    form.cboTimeBetweenPointsUnit.SetListIndex(0);
-    form.txtTimeBetweenPoints.SetText("200");
-    form.txtNumberOfPoints.SetText(std::to_string(state.range(0)));
-    form.cmdStart.Press();
+    form.timing.cboTimeBetweenPointsUnit.SetListIndex(0);
+    form.timing.txtTimeBetweenPoints.SetText("200");
+    form.timing.txtNumberOfPoints.SetText(std::to_string(state.range(0)));
+    form.panel.cmdStart.Press();
     TimerQueue& timers = fake.forms.Timers();
     while (form.Run().Active()) {
       fake.clock.AdvanceTo(*timers.NextDue());

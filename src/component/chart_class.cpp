@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "chart/window/show_chart.h"
 #include "common/environment/language.h"
 #include "common/environment/settings_io.h"

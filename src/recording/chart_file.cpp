@@ -135,8 +135,8 @@ std::string TriggerModeText(const Environment& environment, std::string_view cod
 }
 
 std::string EventText(const Environment& environment, std::string_view code) {
-  const int position = EventPosition(code);
-  return position < 0 ? std::string() : LoadMessage(environment, EventMessage(position));
+  const TriggerEvent event = EventOfCode(code);
+  return event == TriggerEvent::kNone ? std::string() : LoadMessage(environment, EventName(event));
 }
 
 }  // namespace chartproject

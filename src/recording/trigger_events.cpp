@@ -8,12 +8,12 @@ namespace chartproject {
 
 namespace {
 
-struct TriggerEvent {
-  Text message;
+struct EventRow {
+  Text name;
   std::string_view code;
 };
 
-constexpr std::array<TriggerEvent, kEventCount> kEvents{{
+constexpr std::array<EventRow, kEventCount> kEvents{{
     {Text::kEventRun, "RUN"},
     {Text::kEventReady, "READY"},
     {Text::kEventUndervoltage, "SUB"},
@@ -45,23 +45,27 @@ constexpr std::array<std::string_view, 5> kStateModels{"KRA-05", "KRA-07", "KRA-
 
 }  // namespace
 
-Text EventMessage(int position) {
-  return kEvents.at(static_cast<std::size_t>(position)).message;
+std::string_view TriggerModeCode(TriggerMode mode) noexcept {
+  return mode == TriggerMode::kEvent ? "Event" : "Manual";
 }
 
-std::string_view EventCode(int position) noexcept {
-  return position >= 0 && position < kEventCount ? kEvents[static_cast<std::size_t>(position)].code
-                                                 : std::string_view();
+Text EventName(TriggerEvent event) {
+  return kEvents.at(static_cast<std::size_t>(PositionOf(event))).name;
 }
 
-int EventPosition(std::string_view code) noexcept {
-  const auto found = std::ranges::find(kEvents, code, &TriggerEvent::code);
-  return found == kEvents.end() ? -1 : static_cast<int>(found - kEvents.begin());
+std::string_view EventCode(TriggerEvent event) noexcept {
+  if (event == TriggerEvent::kNone) return {};
+  return kEvents[static_cast<std::size_t>(PositionOf(event))].code;
 }
 
-bool EventAvailable(int position, std::string_view model) noexcept {
-  if (position < 0 || position >= kFirstCompareEvent) return true;
-  if (position >= kFirstInputEvent) return model == kInputModel;
+TriggerEvent EventOfCode(std::string_view code) noexcept {
+  const auto found = std::ranges::find(kEvents, code, &EventRow::code);
+  return found == kEvents.end() ? TriggerEvent::kNone : EventAt(static_cast<int>(found - kEvents.begin()));
+}
+
+bool EventAvailable(TriggerEvent event, std::string_view model) noexcept {
+  if (event == TriggerEvent::kNone || IsCompareEvent(event)) return true;
+  if (event >= TriggerEvent::kFirstInput) return model == kInputModel;
   return std::ranges::find(kStateModels, model) != kStateModels.end();
 }
 

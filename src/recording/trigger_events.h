@@ -7,30 +7,52 @@
 
 namespace chartproject {
 
-/// Events in the order of the dialog's list; the position stands for the event everywhere.
+/// How a recording starts, in the order of the dialog's list.
+enum class TriggerMode { kEvent, kManual };
+
+/// The mode's code in a chart file: "Event" or "Manual".
+[[nodiscard]] std::string_view TriggerModeCode(TriggerMode mode) noexcept;
+
+/// The events, numbered by their position in the dialog's list. Those from kFirstInput to kLastInput watch the digital
+/// inputs 1 to 8 in P012, each for level 0 and then for level 1.
+enum class TriggerEvent {
+  kNone = -1,
+  kRun = 0,
+  kReady,
+  kUndervoltage,
+  kFirstInput = 3,
+  kLastInput = 18,
+  kGreater = 19,  ///< this and the following compare a parameter with a content
+  kLess,
+  kEqual,
+  kGreaterOrEqual,
+  kLessOrEqual,
+};
+
 inline constexpr int kEventCount = 24;
-inline constexpr int kFirstInputEvent = 3;     ///< positions 3 to 18 watch a digital input in P012
-inline constexpr int kFirstCompareEvent = 19;  ///< positions 19 to 23 compare a parameter with a content
-inline constexpr int kDefaultEvent = 21;       ///< "<PXXX> = Content"
+inline constexpr TriggerEvent kDefaultEvent = TriggerEvent::kEqual;
 
-/// Trigger modes in the order of the dialog's list.
-inline constexpr int kTriggerByEvent = 0;
-inline constexpr int kTriggerManual = 1;
-
-/// Number of the message that names the event. @param position 0 to 23
-[[nodiscard]] Text EventMessage(int position);
-
-/// The event's code in a chart file, for example "P012-DI3=1"; empty for a position outside 0 to 23.
-[[nodiscard]] std::string_view EventCode(int position) noexcept;
-/// The position of a code, compared exactly; -1 for any other text.
-[[nodiscard]] int EventPosition(std::string_view code) noexcept;
-
-/// True for positions 19 to 23.
-[[nodiscard]] constexpr bool IsCompareEvent(int position) noexcept {
-  return position >= kFirstCompareEvent && position < kEventCount;
+/// The event at a position of the dialog's list; kNone for a position outside 0 to 23.
+[[nodiscard]] constexpr TriggerEvent EventAt(int position) noexcept {
+  return position >= 0 && position < kEventCount ? static_cast<TriggerEvent>(position) : TriggerEvent::kNone;
+}
+[[nodiscard]] constexpr int PositionOf(TriggerEvent event) noexcept {
+  return static_cast<int>(event);
 }
 
-/// True when a drive model offers the event; position -1 (no event) asks nothing of a drive and is true.
-[[nodiscard]] bool EventAvailable(int position, std::string_view model) noexcept;
+/// The text that names an event. @param event not kNone
+[[nodiscard]] Text EventName(TriggerEvent event);
+
+/// The event's code in a chart file, for example "P012-DI3=1"; empty for kNone.
+[[nodiscard]] std::string_view EventCode(TriggerEvent event) noexcept;
+/// The event of a code, compared exactly; kNone for any other text.
+[[nodiscard]] TriggerEvent EventOfCode(std::string_view code) noexcept;
+
+[[nodiscard]] constexpr bool IsCompareEvent(TriggerEvent event) noexcept {
+  return event >= TriggerEvent::kGreater;
+}
+
+/// True when a drive model offers the event; kNone asks nothing of a drive and is true.
+[[nodiscard]] bool EventAvailable(TriggerEvent event, std::string_view model) noexcept;
 
 }  // namespace chartproject

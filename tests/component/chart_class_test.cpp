@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"

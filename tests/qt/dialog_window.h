@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "acquire/dialog_fixture.h"
 #include "backends/posix/clock_posix.h"
 #include "backends/qt/forms/qt_form_host.h"

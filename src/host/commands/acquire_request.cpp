@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "acquire/input_rules.h"
+#include "acquire/dialog/input_rules.h"
 #include "common/values/numbers.h"
 #include "host/commands/command.h"
 #include "recording/trigger_events.h"
@@ -18,20 +18,20 @@ class FormFiller {
       : form_(form), request_(request), boxes_(boxes) {}
 
   void Fill() {
-    form_.rtfFileName.SetText(request_.fileName);
+    form_.file.rtfFileName.SetText(request_.fileName);
     // A file that is already there brings its own settings along; the recording is to be the one that was asked for.
     form_.cmdReset.Press();
     if (!request_.address.empty()) ChooseDrive();
     CheckDriver();
     ChooseParameters();
     if (request_.every) TypeTime();
-    if (!request_.points.empty()) Type("--points", form_.txtNumberOfPoints, request_.points);
+    if (!request_.points.empty()) Type("--points", form_.timing.txtNumberOfPoints, request_.points);
     if (!request_.trigger.empty()) ChooseTrigger();
   }
 
   void Press() {
-    CommandButton& button = request_.trigger.empty() ? form_.cmdStart : form_.cmdTrigger;
-    if (!button.EffectivelyVisible()) throw RefusedError(form_.lblHint.Caption());
+    CommandButton& button = request_.trigger.empty() ? form_.panel.cmdStart : form_.panel.cmdTrigger;
+    if (!button.EffectivelyVisible()) throw RefusedError(form_.panel.lblHint.Caption());
     Asked("the recording", [&] { button.Press(); });
   }
 
@@ -66,22 +66,22 @@ class FormFiller {
 
   void ChooseDrive() {
     const std::string address = FormatDigits(ParseNumber(request_.address, "--address", 0, kLastDriveAddress), 2);
-    form_.cboDriveAddress.SetListIndex(
-        Find("--address", form_.cboDriveAddress, address, "there is no drive " + address));
+    form_.drive.cboDriveAddress.SetListIndex(
+        Find("--address", form_.drive.cboDriveAddress, address, "there is no drive " + address));
   }
 
   /// A driver file may have told of faulty lines and be good for the rest; one that is missing leaves the lists empty.
   void CheckDriver() const {
-    const std::string drive = form_.cboDriveAddress.Text();
-    if (!drive.empty() && form_.cboPXXX1.ListCount() == 0) {
+    const std::string drive = form_.drive.cboDriveAddress.Text();
+    if (!drive.empty() && form_.drive.cboPXXX1.ListCount() == 0) {
       throw StepFailed("drive " + drive + ": there is no driver file that names its parameters");
     }
   }
 
   void ChooseParameters() {
-    Choose("--parameters", form_.cboNumberOfParameters, std::to_string(request_.parameters.size()),
+    Choose("--parameters", form_.drive.cboNumberOfParameters, std::to_string(request_.parameters.size()),
            "one to four parameters are recorded");
-    const std::array lists{&form_.cboPXXX1, &form_.cboPXXX2, &form_.cboPXXX3, &form_.cboPXXX4};
+    const std::array lists{&form_.drive.cboPXXX1, &form_.drive.cboPXXX2, &form_.drive.cboPXXX3, &form_.drive.cboPXXX4};
     for (std::size_t column = 0; column < request_.parameters.size(); ++column) {
       ChooseParameter("--parameters", *lists[column], request_.parameters[column]);
     }
@@ -89,31 +89,31 @@ class FormFiller {
 
   void ChooseParameter(const std::string& option, ComboBox& list, const std::string& text) {
     const std::string number = FormatDigits(ParseNumber(text, option, 0, kParameterCount - 1), 3);
-    const std::string drive = form_.cboDriveAddress.Text();
+    const std::string drive = form_.drive.cboDriveAddress.Text();
     Choose(option, list, number,
            drive.empty() ? "choose a drive with --address first" : "drive " + drive + " has no parameter P" + number);
   }
 
   void TypeTime() {
     const TimeBetweenPoints& every = *request_.every;
-    Asked("--every", [&] { form_.cboTimeBetweenPointsUnit.SetListIndex(every.unit); });
-    TextControl& field = every.unit == time_unit::kHoursMinutesSeconds
-                             ? static_cast<TextControl&>(form_.mebTimeBetweenPoints)
-                             : form_.txtTimeBetweenPoints;
+    Asked("--every", [&] { form_.timing.cboTimeBetweenPointsUnit.SetListIndex(static_cast<int>(every.unit)); });
+    TextControl& field = every.unit == TimeUnit::kClockTime
+                             ? static_cast<TextControl&>(form_.timing.mebTimeBetweenPoints)
+                             : form_.timing.txtTimeBetweenPoints;
     field.SetFocus();
     Type("--every", field, every.text);
     // Some rules are settled on leaving the field.
-    Asked("--every", [&] { form_.txtNumberOfPoints.SetFocus(); });
+    Asked("--every", [&] { form_.timing.txtNumberOfPoints.SetFocus(); });
   }
 
   void ChooseTrigger() {
-    const int event = EventPosition(request_.trigger);
-    if (event < 0) throw RefusedError("--trigger: there is no event \"" + request_.trigger + "\"");
-    form_.cboTriggerMode.SetListIndex(kTriggerByEvent);
-    Asked("--trigger", [&] { form_.cboEvent.SetListIndex(event); });
+    const TriggerEvent event = EventOfCode(request_.trigger);
+    if (event == TriggerEvent::kNone) throw RefusedError("--trigger: there is no event \"" + request_.trigger + "\"");
+    form_.trigger.cboTriggerMode.SetListIndex(static_cast<int>(TriggerMode::kEvent));
+    Asked("--trigger", [&] { form_.trigger.cboEvent.SetListIndex(PositionOf(event)); });
     if (!IsCompareEvent(event)) return;
-    ChooseParameter("--compare", form_.cboPXXX, request_.compare);
-    if (!request_.content.empty()) Type("--content", form_.txtContent, request_.content);
+    ChooseParameter("--compare", form_.trigger.cboPXXX, request_.compare);
+    if (!request_.content.empty()) Type("--content", form_.trigger.txtContent, request_.content);
   }
 
   AcquireForm& form_;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "backends/posix/dialogs_console.h"
 #include "host/commands/arguments.h"
 

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <regex>
 
-#include "acquire/input_rules.h"
 #include "drive/parameter_tables.h"
 #include "host/commands/command.h"
 
@@ -17,9 +16,9 @@ TimeBetweenPoints ParseTimeBetweenPoints(const std::string& text) {
   static const std::regex kClockTime("[0-9]{2}:[0-9]{2}:[0-9]{2}");
   static const std::regex kNumber("([0-9]{1,9})(ms|s)");
   std::smatch match;
-  if (std::regex_match(text, kClockTime)) return {time_unit::kHoursMinutesSeconds, text};
+  if (std::regex_match(text, kClockTime)) return {TimeUnit::kClockTime, text};
   if (std::regex_match(text, match, kNumber)) {
-    return {match[2] == "ms" ? time_unit::kMilliseconds : time_unit::kSeconds, match[1]};
+    return {match[2] == "ms" ? TimeUnit::kMilliseconds : TimeUnit::kSeconds, match[1]};
   }
   throw RefusedError("--every: \"" + text + "\" is not a valid time; use for example 200ms, 2s or 00:00:05");
 }

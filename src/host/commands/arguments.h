@@ -3,13 +3,14 @@
 
 #include <string>
 
+#include "acquire/dialog/input_rules.h"
 #include "platform/clock.h"
 
 namespace chartproject {
 
-/// Time between points: the unit's place in the dialog's list and the text that is typed there.
+/// Time between points: its unit and the text that is typed for it.
 struct TimeBetweenPoints {
-  int unit = 0;  ///< see time_unit
+  TimeUnit unit = TimeUnit::kSeconds;
   std::string text;
 };
 

@@ -18,7 +18,8 @@ namespace {
 
 std::string EventCodes() {
   std::string codes;
-  for (int event = 0; event < kEventCount; ++event) codes += (event > 0 ? " " : "") + std::string(EventCode(event));
+  for (int event = 0; event < kEventCount; ++event)
+    codes += (event > 0 ? " " : "") + std::string(EventCode(EventAt(event)));
   return codes;
 }
 
@@ -48,7 +49,9 @@ class HeadlessRecording {
   void Begin(Form& shown) {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
-    form->pointTaken = [this](const AcquisitionRun& run) { progress_.Show(run.Counter(), run.Plan().numberOfPoints); };
+    form->controller.pointTaken = [this](const AcquisitionRun& run) {
+      progress_.Show(run.Counter(), run.Plan().numberOfPoints);
+    };
     form->runEnded = [this](const RunReport& report) { report_ = report; };
     try {
       FillAndStart(*form, request_, session_.Console());
@@ -130,7 +133,7 @@ class AcquireCommand : public Command {
       session.Instance().AcquireVar();
       return ExitCode::kDone;
     }
-    const bool compares = IsCompareEvent(EventPosition(request_.trigger));
+    const bool compares = IsCompareEvent(EventOfCode(request_.trigger));
     if (!compares && !(request_.compare.empty() && request_.content.empty())) {
       throw RefusedError("acquire: --compare and --content go with a PXXX event of --trigger");
     }

@@ -2,6 +2,7 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -9,6 +10,7 @@
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 #include <algorithm>
+#include <optional>
 
 #include "backends/qt/forms/qt_widgets.h"
 #include "backends/qt/qt_text.h"
@@ -63,9 +65,12 @@ class CheckBoxWidget : public ControlWidget {
   QCheckBox& widget_;
 };
 
-/// The opened list is as wide as its longest item; the wheel turns the selection only of the list that has the focus.
+/// The opened list is as wide as its longest item. While it is closed its arrow keys go to the items that are
+/// available, and the wheel belongs to the window.
 class DropDown : public QComboBox {
  public:
+  explicit DropDown(const ComboBox& combo) : combo_(combo) {}
+
   void showPopup() override {
     const int scrollBar = count() > maxVisibleItems() ? view()->verticalScrollBar()->sizeHint().width() : 0;
     view()->setTextElideMode(Qt::ElideNone);
@@ -74,15 +79,34 @@ class DropDown : public QComboBox {
   }
 
  protected:
-  void wheelEvent(QWheelEvent* event) override {
-    if (hasFocus()) {
-      QComboBox::wheelEvent(event);
-    } else {
-      event->ignore();
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    const auto target = Target(event->key());
+    if (!target || (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+      QComboBox::keyPressEvent(event);
+    } else if (combo_.IsAvailable(*target)) {
+      setCurrentIndex(*target);
     }
   }
 
  private:
+  [[nodiscard]] std::optional<int> Target(int key) const {
+    switch (key) {
+      case Qt::Key_Up:
+        return combo_.NextAvailable(currentIndex(), -1);
+      case Qt::Key_Down:
+        return combo_.NextAvailable(currentIndex(), 1);
+      case Qt::Key_Home:
+        return combo_.NextAvailable(-1, 1);
+      case Qt::Key_End:
+        return combo_.NextAvailable(count(), -1);
+      default:
+        return std::nullopt;
+    }
+  }
+
+  const ComboBox& combo_;
   int frameWidth_ = 4;
 };
 
@@ -98,9 +122,10 @@ class ComboBoxWidget : public ControlWidget {
   }
   void Show(Property property) override {
     ControlWidget::Show(property);
-    if (property != Property::kList && property != Property::kListIndex) return;
+    if (property != Property::kList && property != Property::kListIndex && property != Property::kAvailability) return;
     const QSignalBlocker quiet(widget_);
     if (property == Property::kList) ShowList();
+    if (property != Property::kListIndex) ShowAvailability();
     // Qt selects the first item of a list by itself; the control does not.
     if (widget_.currentIndex() != combo_.ListIndex()) widget_.setCurrentIndex(combo_.ListIndex());
   }
@@ -127,6 +152,13 @@ class ComboBoxWidget : public ControlWidget {
     }
   }
 
+  void ShowAvailability() {
+    const QBrush grey = widget_.palette().brush(QPalette::Disabled, QPalette::Text);
+    for (int i = 0; i < widget_.count(); ++i) {
+      widget_.setItemData(i, combo_.IsAvailable(i) ? QVariant() : QVariant(grey), Qt::ForegroundRole);
+    }
+  }
+
   ComboBox& combo_;
   DropDown& widget_;
   int widest_ = 0;  ///< pixels of the longest item
@@ -143,7 +175,8 @@ std::unique_ptr<ControlWidget> MakeCheckBox(Control& control, InputGate& gate) {
 }
 
 std::unique_ptr<ControlWidget> MakeComboBox(Control& control, InputGate& gate) {
-  return std::make_unique<ComboBoxWidget>(dynamic_cast<ComboBox&>(control), *new DropDown, gate);
+  auto& combo = dynamic_cast<ComboBox&>(control);
+  return std::make_unique<ComboBoxWidget>(combo, *new DropDown(combo), gate);
 }
 
 }  // namespace chartproject

@@ -102,7 +102,10 @@ void QtFormView::ResizeToNeed() {
 }
 
 void QtFormView::Resized() {
-  if (!resizing_ && window_->isVisible() && !window_->isMaximized()) wanted_ = window_->size();
+  if (!resizing_ && window_->isVisible() && !window_->isMaximized() && window_->size() != wanted_) {
+    wanted_ = window_->size();
+    sizedByUser_ = true;
+  }
   ArrangeControls();
   PlaceChanged();
 }
@@ -190,8 +193,9 @@ void QtFormView::ShowPlace() {
 void QtFormView::ShowHeight() {
   const int height = ToPixels(form_.Height());  // before the layout tells the form what the window has
   if (layoutDue_) UpdateLayout();
-  wanted_.setHeight(height);
+  if (!sizedByUser_) wanted_.setHeight(height);
   ResizeToNeed();
+  if (window_->isVisible() && !window_->isMaximized()) KeepOnScreen();
   PlaceChanged();
 }
 

@@ -10,6 +10,7 @@
 #include "backends/qt/forms/qt_form_window.h"
 #include "backends/qt/qt_text.h"
 #include "forms/controls.h"
+#include "forms/flag_scope.h"
 
 namespace chartproject {
 
@@ -42,12 +43,35 @@ void QtFormView::MakeWidgets() {
 void QtFormView::ControlChanged(Control& control, Property property) {
   ControlWidget* widget = Find(control);
   if (widget == nullptr) return;
+  if (property == Property::kEnabled) {
+    ShowEnabled(*widget);
+    return;
+  }
   widget->Show(property);
   const bool mayMoveOthers =
       property == Property::kCaption || property == Property::kVisible || property == Property::kList;
   // A caption shows at once where its room is there already; its access key follows with the layout.
   if (property == Property::kCaption) widget->ShowCaption(ToQt(control.Caption()));
   if (mayMoveOthers) UpdateLayoutSoon();
+}
+
+/// Fields are locked while a form works. The focus then wanders off, and Tab would begin at the first field; it goes
+/// back where it was as soon as that can be used again, unless the user has chosen another place.
+void QtFormView::ShowEnabled(ControlWidget& widget) {
+  const FlagScope enabling(enabling_);
+  const auto within = [&widget](const QWidget* inner) {
+    return inner != nullptr && (inner == &widget.Widget() || widget.Widget().isAncestorOf(inner));
+  };
+  QWidget* focus = window_->focusWidget();
+  if (parked_ == nullptr && within(focus) && focus->isEnabled()) parked_ = focus;
+  widget.Show(Property::kEnabled);
+  if (parked_ == nullptr || !parked_->isEnabled()) return;
+  if (within(parked_)) parked_->setFocus(Qt::OtherFocusReason);
+  parked_ = nullptr;
+}
+
+void QtFormView::FocusTaken() {
+  if (!enabling_) parked_ = nullptr;
 }
 
 void QtFormView::FormChanged(FormProperty property) {

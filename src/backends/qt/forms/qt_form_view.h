@@ -44,6 +44,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
  private:
   friend class FormWindow;
   void MakeWidgets();
+  void ShowEnabled(ControlWidget& widget);
   void SetTabOrder();
   void ShowCaptions();
   /// Finds the layout again and sees that the window holds it.
@@ -65,6 +66,8 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   bool PressButton(bool (*isMeant)(const Control& control));
   /// Up and down keys in a field step the arrows beside it. @return true when there are any
   bool StepArrowsOf(QObject* field, int key);
+  /// The user, or the form, chose where the focus is.
+  void FocusTaken();
   void FocusLeft(QObject* widget, bool byMouse);
   void DeliverFocusLeave();
   [[nodiscard]] ControlWidget* Find(const Control& control) const;
@@ -77,12 +80,15 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   std::unordered_map<const Control*, ControlWidget*> byControl_;
   Control* leaving_ = nullptr;     ///< lost the focus to a mouse press, and was not told yet
   QWidget* firstFocus_ = nullptr;  ///< where the form wants the focus when its window appears
+  QPointer<QWidget> parked_;       ///< had the focus when it was disabled; gets it back with its next use
   QPointer<QWidget> below_;        ///< the window that had the focus when this one appeared
   QSize wanted_;                   ///< the size that the user chose; the window is larger while its layout needs it
   bool resizing_ = false;          ///< by the form, not by the user
   bool layoutDue_ = true;
   bool sized_ = false;           ///< the window has got its first size
+  bool sizedByUser_ = false;     ///< from then on the form's own heights are only asked for, not set
   bool asksForComfort_ = false;  ///< measuring for the first size: pictures get the size they would like
+  bool enabling_ = false;        ///< the focus moves because controls are locked or unlocked
   bool waitCursor_ = false;
   bool closing_ = false;  ///< the window is hidden or going; nothing may reach the form
 };

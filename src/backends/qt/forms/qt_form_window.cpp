@@ -14,12 +14,13 @@ FormWindow::FormWindow(QtFormView& view) : view_(view) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusOut) {
+  if (event->type() == QEvent::FocusOut || event->type() == QEvent::FocusIn) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     // A list that opens, a menu or another window takes the focus only for a while.
     const bool stays =
         reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason;
-    if (!stays) view_.FocusLeft(watched, reason == Qt::MouseFocusReason);
+    if (!stays && event->type() == QEvent::FocusIn) view_.FocusTaken();
+    if (!stays && event->type() == QEvent::FocusOut) view_.FocusLeft(watched, reason == Qt::MouseFocusReason);
   }
   if (event->type() == QEvent::KeyPress && view_.StepArrowsOf(watched, static_cast<QKeyEvent*>(event)->key())) {
     return true;

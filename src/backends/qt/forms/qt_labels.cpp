@@ -39,6 +39,26 @@ int DrawnWidth(const QFontMetrics& metrics, const QString& text) {
          metrics.horizontalAdvance(text.mid(key + 2));
 }
 
+/// A label that cuts a text which does not fit, with an ellipsis at its end.
+class ElidingLabel : public QLabel {
+ public:
+  explicit ElidingLabel(const Label& label) : label_(label) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (!label_.Elided() || fontMetrics().horizontalAdvance(text()) <= contentsRect().width()) {
+      QLabel::paintEvent(event);
+      return;
+    }
+    QPainter painter(this);
+    painter.drawText(contentsRect(), static_cast<int>(alignment()),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
+  }
+
+ private:
+  const Label& label_;
+};
+
 class LabelWidget : public ControlWidget {
  public:
   LabelWidget(Label& label, QLabel& widget) : ControlWidget(label, widget), label_(label), widget_(widget) {
@@ -51,6 +71,7 @@ class LabelWidget : public ControlWidget {
     widget_.setText(caption);
   }
   [[nodiscard]] QSize Preferred() const override {
+    if (label_.Elided()) return {0, widget_.fontMetrics().height()};
     if (!label_.WordWrap()) {
       const QSize hint = widget_.sizeHint();
       return {std::max(hint.width(), DrawnWidth(widget_.fontMetrics(), widget_.text())), hint.height()};
@@ -148,7 +169,8 @@ class ProgressWidget : public ControlWidget {
 }  // namespace
 
 std::unique_ptr<ControlWidget> MakeLabel(Control& control, InputGate& /*gate*/) {
-  return std::make_unique<LabelWidget>(dynamic_cast<Label&>(control), *new QLabel);
+  auto& label = dynamic_cast<Label&>(control);
+  return std::make_unique<LabelWidget>(label, *new ElidingLabel(label));
 }
 
 std::unique_ptr<ControlWidget> MakeFrame(Control& control, InputGate& /*gate*/) {

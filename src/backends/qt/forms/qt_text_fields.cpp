@@ -35,6 +35,7 @@ class LineWidget : public ControlWidget {
   }
   void Show(Property property) override {
     ControlWidget::Show(property);
+    if (property == Property::kSelection) widget_.selectAll();
     if (property != Property::kText) return;
     widget_.setReadOnly(field_.ReadOnly());
     const QString text = ToQt(field_.Text());

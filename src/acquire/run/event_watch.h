@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "drive/drive_context.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 
@@ -17,9 +18,9 @@ inline constexpr std::int16_t kInputNotYet = -1;
 
 /// What is watched.
 struct WatchedEvent {
-  int position = -1;           ///< see trigger_events.h; outside 0 to 23 never occurs
-  std::int16_t parameter = 0;  ///< of the comparison events
-  double content = 0;          ///< likewise
+  TriggerEvent event = TriggerEvent::kNone;  ///< which never occurs
+  std::int16_t parameter = 0;                ///< of the comparison events
+  double content = 0;                        ///< likewise
 };
 
 /// Tests the event at the context's current drive. Throws RunTimeError when the link object itself fails.

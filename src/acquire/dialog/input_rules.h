@@ -10,15 +10,8 @@
 
 namespace chartproject {
 
-/// Units of the time between points, in the order of the dialog's list.
-namespace time_unit {
-inline constexpr int kMilliseconds = 0;
-inline constexpr int kSeconds = 1;
-inline constexpr int kHoursMinutesSeconds = 2;
-}  // namespace time_unit
-
-/// The unit as a chart file names it: "ms", "s" or "hh:mm:ss"; empty for any other index.
-[[nodiscard]] std::string_view UnitWord(int unit) noexcept;
+/// Units of the time between points: "ms", "s" and "hh:mm:ss", in the order of the dialog's list.
+enum class TimeUnit { kMilliseconds, kSeconds, kClockTime };
 
 /// Bounds of the typed fields.
 inline constexpr std::int32_t kMostPoints = 2'000'000'000;
@@ -28,9 +21,9 @@ inline constexpr std::int32_t kMostSeconds = 65;
 
 /// What a field's rule says of its new text.
 enum class Verdict {
-  kAccept,      ///< stands, and is what the field goes back to
-  kLetStand,    ///< stands while typing, settled on leaving the field
-  kNotANumber,  ///< the last accepted text comes back without a word
+  kAccept,      ///< accepted, and what the field goes back to
+  kLetStand,    ///< accepted while typing, checked again on lost focus
+  kNotANumber,  ///< the last accepted text comes back without a message
   kOutOfRange,  ///< "Value out of range !", then the last accepted text comes back
 };
 
@@ -42,7 +35,7 @@ struct NumberCheck {
 /// 1 to kMostPoints.
 [[nodiscard]] NumberCheck CheckNumberOfPoints(std::string_view text, const NumberFormat& format);
 /// Milliseconds 1 to 65535 (below 200 let stand while typing) or seconds 1 to 65.
-[[nodiscard]] NumberCheck CheckTimeBetweenPoints(std::string_view text, int unit, const NumberFormat& format);
+[[nodiscard]] NumberCheck CheckTimeBetweenPoints(std::string_view text, TimeUnit unit, const NumberFormat& format);
 
 /// Estimated bytes of a chart file, twice over so that the spool file has room beside it: 2 x (350 + 15 a point + 5 a
 /// value). Reckoned in single precision and taken with its seven digits.
@@ -54,8 +47,8 @@ enum class ClockTimeFault { kNone, kFormat, kRange };
 /// Seconds of hours, minutes and seconds at characters 1, 4 and 7; 0 for places that hold no digits.
 [[nodiscard]] int ClockTimeSeconds(std::string_view text) noexcept;
 
-/// True for a number with either decimal sign and for the beginnings of one: "", "-", ",", ".", "-,", "-.". A sign that
-/// the locale has no use for is let stand: else 12,5 would become 5 while it is typed.
+/// True for a number with either decimal sign and for the beginnings of one: "", "-", ",", ".", "-,", "-.". A decimal
+/// sign that the locale does not use is accepted too: otherwise 12,5 would become 5 while it is typed.
 [[nodiscard]] bool ContentAcceptable(std::string_view text, const NumberFormat& format);
 
 }  // namespace chartproject

@@ -1,5 +1,5 @@
 // The recording: points are read, kept in memory or spooled, and written to the chart file at the end.
-#include "acquire/acquisition_run.h"
+#include "acquire/run/acquisition_run.h"
 
 #include <utility>
 
@@ -11,7 +11,7 @@
 namespace chartproject {
 
 bool AcquisitionRun::Reserve(const std::string& fileName) {
-  fileLock_.reset();  // one that no run came to use is nobody else's
+  fileLock_.reset();  // drop the lock of a reservation that was never started
   fileLock_ = component_.ports.files.Lock(fileName);
   if (fileLock_ == nullptr) return false;
   try {
@@ -31,11 +31,6 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   end_ = RunEnd::kNone;
   failureReason_.clear();
   state_ = RunState::kArmed;
-}
-
-void AcquisitionRun::BeginSampling(const RunPlan& plan) {
-  Arm(plan);
-  BeginSampling();
 }
 
 void AcquisitionRun::BeginSampling() {
@@ -107,7 +102,7 @@ void AcquisitionRun::KeepInSpool(bool first) {
   rowLine_.clear();
   AppendRowLine(rowLine_, point_);
   const std::string bytes = component_.ports.codePage.Encode(rowLine_);
-  if (component_.strChartFileName == plan_.fileName) {  // the spool file stands on the disk of its chart file
+  if (component_.strChartFileName == plan_.fileName) {  // the spool file is on the disk of its chart file
     freeSpace_ = files.AppendAndMeasure(spoolFileName_, bytes).totalFree;
   } else {
     files.Append(spoolFileName_, bytes);

@@ -33,14 +33,15 @@ struct RunPlan {
   std::array<std::int16_t, kColumnCount> columns{kUnusedParameter, kUnusedParameter, kUnusedParameter,
                                                  kUnusedParameter};
   std::int32_t numberOfPoints = 1;  ///< 1 to 2000000000
+  std::int64_t millisecondsBetweenPoints = 1000;
+  bool spacedByStopwatch = false;  ///< typed as hh:mm:ss: ticks of a second, counted by the stopwatch
 };
 
 /// Up to this many points are kept in memory; a longer run spools its rows to disk.
 inline constexpr std::int32_t kMemoryLimit = 2500;
 
-/// A recording whose parameter numbers, rows and dates it keeps; timers and controls are the dialog's.
-/// States: kIdle -> Arm -> kArmed -> BeginSampling -> kSampling -> End -> kFinished -> Close -> kIdle; Arm may be left
-/// out.
+/// The state of one recording: columns, rows, dates. Its timers are RunController's.
+/// States: kIdle -> Arm -> kArmed -> BeginSampling -> kSampling -> last point or Stop -> kFinished -> Close -> kIdle.
 class AcquisitionRun {
  public:
   explicit AcquisitionRun(Component& component) : component_(component) {}
@@ -48,13 +49,13 @@ class AcquisitionRun {
   /// Takes a chart file for the next run until Close; the file is not touched.
   /// False when another recording has it. Throws RunTimeError when no file can be made there.
   [[nodiscard]] bool Reserve(const std::string& fileName);
+  /// From kIdle. The component's chart header, filled in before, is the recording's from here on.
   void Arm(const RunPlan& plan);
-  /// From kIdle with a plan, or from kArmed with the plan of Arm.
-  void BeginSampling(const RunPlan& plan);
+  /// From kArmed.
   void BeginSampling();
 
   /// Takes one point: reads every column in use, keeps the row. Ends the run at its last point, when the disk is
-  /// nearly full, or when the row could not be kept; End() tells. A link may let the user's input through while it
+  /// nearly full, or when the row could not be kept; End() says which. A link may let the user's input through while it
   /// waits for the drive: a point asked for meanwhile is not taken, and one whose run was stopped meanwhile is dropped.
   void TakePoint();
 
@@ -71,7 +72,7 @@ class AcquisitionRun {
   [[nodiscard]] bool Active() const noexcept { return state_ == RunState::kArmed || state_ == RunState::kSampling; }
   [[nodiscard]] RunEnd End() const noexcept { return end_; }
   [[nodiscard]] const RunPlan& Plan() const noexcept { return plan_; }
-  /// Counts the runs armed; tells one run from the next.
+  /// Counts the runs armed, so that one run can be distinguished from the next.
   [[nodiscard]] std::uint32_t Serial() const noexcept { return serial_; }
   /// Number of the last point taken; 0 before the first.
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }

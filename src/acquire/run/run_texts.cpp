@@ -1,5 +1,5 @@
 // Texts of the run's length, its expected end and its file's size.
-#include "acquire/run_texts.h"
+#include "acquire/run/run_texts.h"
 
 #include <algorithm>
 #include <array>
@@ -23,11 +23,15 @@ std::string DurationText(std::int64_t seconds) {
 }
 
 std::string FileSizeText(double bytes, const NumberFormat& format) {
-  if (bytes < 1024) return FormatGrouped(bytes, format) + " bytes";
+  if (bytes < 1024) return BytesText(bytes, format);
   constexpr std::array kUnits{" kB", " MB", " GB"};
   std::size_t unit = 0;
   for (bytes /= 1024; bytes >= 1024 && unit + 1 < kUnits.size(); ++unit) bytes /= 1024;
   return FormatTwoDecimals(bytes, format) + kUnits[unit];
+}
+
+std::string BytesText(double bytes, const NumberFormat& format) {
+  return FormatGrouped(bytes, format) + " bytes";
 }
 
 DateTime LaterBy(const DateTime& moment, std::int64_t seconds) {

@@ -1,5 +1,5 @@
 // The rules of the dialog's typed fields.
-#include "acquire/input_rules.h"
+#include "acquire/dialog/input_rules.h"
 
 #include <algorithm>
 #include <array>
@@ -45,17 +45,12 @@ ClockTime SplitClockTime(std::string_view text) noexcept {
 
 }  // namespace
 
-std::string_view UnitWord(int unit) noexcept {
-  constexpr std::array<std::string_view, 3> kWords{"ms", "s", "hh:mm:ss"};
-  return unit >= 0 && unit < 3 ? kWords[static_cast<std::size_t>(unit)] : std::string_view();
-}
-
 NumberCheck CheckNumberOfPoints(std::string_view text, const NumberFormat& format) {
   return CheckWholeNumber(text, 1, kMostPoints, format);
 }
 
-NumberCheck CheckTimeBetweenPoints(std::string_view text, int unit, const NumberFormat& format) {
-  if (unit != time_unit::kMilliseconds) return CheckWholeNumber(text, 1, kMostSeconds, format);
+NumberCheck CheckTimeBetweenPoints(std::string_view text, TimeUnit unit, const NumberFormat& format) {
+  if (unit != TimeUnit::kMilliseconds) return CheckWholeNumber(text, 1, kMostSeconds, format);
   NumberCheck check = CheckWholeNumber(text, 1, kMostMilliseconds, format);
   if (check.verdict == Verdict::kAccept && check.value < kLeastMilliseconds) check.verdict = Verdict::kLetStand;
   return check;
@@ -64,7 +59,7 @@ NumberCheck CheckTimeBetweenPoints(std::string_view text, int unit, const Number
 double EstimateBytes(std::int32_t points, int parameterCount) {
   const auto v = static_cast<float>(points);
   const auto bytes = static_cast<float>(2.0 * (350.0 + v * 15.0 + v * (5.0 * parameterCount)));
-  // A single carries seven digits; what lies behind them is noise of the binary fraction.
+  // A single carries seven digits; what follows them is noise of the binary fraction.
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), bytes, std::chars_format::scientific, 6);
   double shown = 0;

@@ -15,10 +15,13 @@ namespace chartproject {
 /// "350 bytes", "1.40 kB", "66.76 MB", "130.39 GB": units of 1024, two decimals. @param bytes 0 or more
 [[nodiscard]] std::string FileSizeText(double bytes, const NumberFormat& format);
 
+/// "99,999,999 bytes", grouped as the user's locale does.
+[[nodiscard]] std::string BytesText(double bytes, const NumberFormat& format);
+
 /// The moment that lies some seconds after another; whole seconds.
 [[nodiscard]] DateTime LaterBy(const DateTime& moment, std::int64_t seconds);
 
-/// "hh:mm:ss", on another day than `today` behind its date.
+/// "hh:mm:ss", preceded by the date unless it is today.
 [[nodiscard]] std::string MomentText(const DateTime& moment, const DateTime& today, const Locale& locale);
 
 }  // namespace chartproject

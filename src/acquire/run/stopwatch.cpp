@@ -1,5 +1,5 @@
 // Seconds carried into minutes, hours and days.
-#include "acquire/stopwatch.h"
+#include "acquire/run/stopwatch.h"
 
 #include "common/values/numbers.h"
 

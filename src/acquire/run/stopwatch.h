@@ -12,6 +12,8 @@ class Stopwatch {
   void Reset() { *this = Stopwatch{}; }
   /// Adds one second; true when it completed a day.
   bool AddSecond();
+  /// Seconds counted, without the days.
+  [[nodiscard]] int Seconds() const noexcept { return (hours_ * 60 + minutes_) * 60 + seconds_; }
   [[nodiscard]] int Days() const noexcept { return days_; }
   /// "hh:mm:ss", without the days.
   [[nodiscard]] std::string Text() const;

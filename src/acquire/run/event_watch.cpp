@@ -1,11 +1,10 @@
 // How each event is looked for on the drive.
-#include "acquire/event_watch.h"
+#include "acquire/run/event_watch.h"
 
 #include <optional>
 
 #include "common/values/numbers.h"
 #include "drive/parameter_read.h"
-#include "recording/trigger_events.h"
 
 namespace chartproject {
 
@@ -26,15 +25,15 @@ std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
   return text.size() >= input && text[input - 1] == level ? watch_code::kOccurred : watch_code::kInputNotYet;
 }
 
-bool Compare(int position, double value, double content) {
-  switch (position - kFirstCompareEvent) {
-    case 0:
+bool Compare(TriggerEvent event, double value, double content) {
+  switch (event) {
+    case TriggerEvent::kGreater:
       return value > content;
-    case 1:
+    case TriggerEvent::kLess:
       return value < content;
-    case 2:
+    case TriggerEvent::kEqual:
       return value == content;
-    case 3:
+    case TriggerEvent::kGreaterOrEqual:
       return value >= content;
     default:
       return value <= content;
@@ -54,18 +53,18 @@ std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
   const bool answered = special ? special->answered : ReadOrdinary(context, event.parameter);
   if (!answered) return watch_code::kNoAnswer;
   const std::optional<double> value = special ? NumberOf(context, *special) : context.driveLink->GetValue();
-  const bool holds = value && Compare(event.position, *value, event.content);
+  const bool holds = value && Compare(event.event, *value, event.content);
   return holds ? watch_code::kOccurred : watch_code::kNotYet;
 }
 
 }  // namespace
 
 std::int16_t TestEvent(DriveContext& context, const WatchedEvent& event) {
-  if (event.position < 0 || event.position >= kEventCount) return watch_code::kNotYet;
-  if (event.position < kFirstInputEvent) return TestState(context, EventCode(event.position));
-  if (IsCompareEvent(event.position)) return TestComparison(context, event);
-  const auto index = static_cast<std::size_t>(event.position - kFirstInputEvent);
-  return TestInput(context, index / 2 + 1, index % 2 == 0 ? 'I' : 'A');
+  if (event.event == TriggerEvent::kNone) return watch_code::kNotYet;
+  if (IsCompareEvent(event.event)) return TestComparison(context, event);
+  const int input = PositionOf(event.event) - PositionOf(TriggerEvent::kFirstInput);
+  if (input < 0) return TestState(context, EventCode(event.event));
+  return TestInput(context, static_cast<std::size_t>(input) / 2 + 1, input % 2 == 0 ? 'I' : 'A');
 }
 
 }  // namespace chartproject
