@@ -257,7 +257,6 @@ class UpDown : public RangeControl {
   void SetBuddy(TextControl* buddy) noexcept { buddy_ = buddy; }
   [[nodiscard]] TextControl* Buddy() const noexcept { return buddy_; }
   void SetSyncBuddy(bool sync) noexcept { syncBuddy_ = sync; }
-  [[nodiscard]] bool SyncBuddy() const noexcept { return syncBuddy_; }
   /// One step up (+1) or down (-1) as the user's arrow does, inside the range; starts from a number typed in the buddy.
   void Step(int direction);
   /// Takes the whole number typed into the buddy as the value, if it is one in the range.

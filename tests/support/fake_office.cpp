@@ -53,7 +53,7 @@ class FakeSpreadsheet : public SpreadsheetApplication {
 }  // namespace
 
 bool FakePrinter::StartDocument(const std::string& /*title*/) {
-  x_ = y_ = 0;
+  y_ = 0;
   return !declined;
 }
 
@@ -66,13 +66,11 @@ void FakePrinter::PrintText(std::string_view text, double x, double y, const Pri
     throw RunTimeError(error_number::kPrinter, "Printer error");
   }
   texts.push_back({std::string(text), x, y, font});
-  x_ = x + TextWidth(text, font);
   y_ = y;
   lastPoints_ = font.points;
 }
 
 void FakePrinter::NextLine() {
-  x_ = 0;
   y_ += lastPoints_ * 1.2 * kCentimetresPerPoint;
 }
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "backends/win32/drawing/win32_clipboard.h"
-#include "backends/win32/forms/control_id.h"
+#include "backends/win32/forms/widget.h"
 #include "backends/win32/registry_text.h"
 #include "backends/win32/wide_text.h"
 #include "windows/form_driver.h"

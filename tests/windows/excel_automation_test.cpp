@@ -6,8 +6,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "backends/win32/com/excel_automation.h"
 #include "backends/win32/com/registration.h"
+#include "backends/win32/com/win32_spreadsheet.h"
 #include "backends/win32/com_module.h"
 #include "backends/win32/handles.h"
 #include "backends/win32/registry_text.h"
@@ -62,7 +62,7 @@ class SpreadsheetExport : public ::testing::Test {
     ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    ASSERT_TRUE(WaitFor([] { return win32::ExcelApplications().AttachRunning() != nullptr; }));
+    ASSERT_TRUE(WaitFor([] { return win32::Win32SpreadsheetApplications().AttachRunning() != nullptr; }));
   }
   /// What was done to the application, once its process has ended: that is, when nobody holds any of its objects.
   [[nodiscard]] std::string Calls() const {
@@ -177,7 +177,7 @@ TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
 TEST_F(SpreadsheetExport, AnApplicationThatIsBusyOrLacksTheUsersLocaleIsSpokenToAllTheSame) {
   Install("difficult");
   Run();
-  const auto excel = win32::ExcelApplications().AttachRunning();
+  const auto excel = win32::Win32SpreadsheetApplications().AttachRunning();
   excel->AddWorkbook();
   excel->EnterValue(1, 22, 2, "1.5");
   for (const char* text : {"READY", "=1+1", "--", "-0.25", "@A1", "'a"}) excel->EnterValue(1, 22, 3, text);
@@ -211,13 +211,13 @@ TEST_F(SpreadsheetExport, SheetsAreCountedAndAddedWithoutALeak) {
   Install();
   Run();
   ExpectNoGrowth(20, [] {
-    const auto excel = win32::ExcelApplications().AttachRunning();
+    const auto excel = win32::Win32SpreadsheetApplications().AttachRunning();
     excel->AddWorkbook();
     EXPECT_EQ(excel->SheetCount(), 3);
     excel->AddSheetAfter(3);
     excel->SetSheetName(4, "Chart4");
   });
-  win32::ExcelApplications().AttachRunning()->Quit();
+  win32::Win32SpreadsheetApplications().AttachRunning()->Quit();
   EXPECT_THAT(Calls(), HasSubstr("sheets\r\nsheets.Count\r\nsheets(3)\r\nsheets\r\nsheets.Add(after:=sheets(3))\r\n"
                                  "sheets(4)\r\nsheets(4).Name=Chart4\r\nquit\r\nend\r\n"));
 }

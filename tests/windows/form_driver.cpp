@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "backends/win32/drawing/gdiplus_api.h"
-#include "backends/win32/forms/control_id.h"
+#include "backends/win32/forms/widget.h"
 #include "backends/win32/handles.h"
 #include "backends/win32/wide_text.h"
 

@@ -23,9 +23,6 @@ double NoPrinter::TextWidth(std::string_view /*text*/, const PrintFont& /*font*/
 void NoPrinter::PrintText(std::string_view /*text*/, double /*x*/, double /*y*/, const PrintFont& /*font*/) {
   Refuse();
 }
-double NoPrinter::CurrentX() const {
-  Refuse();
-}
 double NoPrinter::CurrentY() const {
   Refuse();
 }

@@ -41,7 +41,6 @@ class NoPrinter : public Printer {
   [[nodiscard]] PageArea Page() const override;
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
   void PrintText(std::string_view text, double x, double y, const PrintFont& font) override;
-  [[nodiscard]] double CurrentX() const override;
   [[nodiscard]] double CurrentY() const override;
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;

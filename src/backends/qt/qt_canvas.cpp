@@ -157,19 +157,6 @@ Size QtCanvas::MeasureText(std::string_view text, const Font& font) const {
   return {metrics.horizontalAdvance(ToQt(text)), metrics.height()};
 }
 
-void QtCanvas::DrawBitmap(const Bitmap& bitmap, const Rect& target) {
-  if (!bitmap.Empty()) painter_.drawImage(ToQRect(target), ToQImage(bitmap));
-}
-
-void QtCanvas::PushClip(const Rect& rect) {
-  painter_.save();
-  painter_.setClipRect(ToQRect(rect), Qt::IntersectClip);
-}
-
-void QtCanvas::PopClip() {
-  painter_.restore();
-}
-
 Bitmap QtPictureRenderer::Render(Size size, double scale, const std::function<void(Canvas&)>& paint) {
   const int width = static_cast<int>(std::lround(size.width * scale));
   const int height = static_cast<int>(std::lround(size.height * scale));

@@ -24,9 +24,6 @@ class QtCanvas : public Canvas {
   void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override;
   void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override;
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
-  void DrawBitmap(const Bitmap& bitmap, const Rect& target) override;
-  void PushClip(const Rect& rect) override;
-  void PopClip() override;
 
  private:
   QPainter& painter_;

@@ -85,7 +85,7 @@ bool QtPrinter::StartDocument(const std::string& title) {
     AbandonDocument();
     ThrowPrinterError(target_.empty() ? "the printer cannot be opened" : target_ + " cannot be written");
   }
-  x_ = y_ = lineHeight_ = 0;
+  y_ = lineHeight_ = 0;
   return true;
 }
 
@@ -109,13 +109,11 @@ void QtPrinter::PrintText(std::string_view text, double x, double y, const Print
   painter_->setFont(FontOf(font));
   painter_->setPen(QColor(color.red, color.green, color.blue));
   painter_->drawText(QPointF(x * dots, y * dots + metrics.ascent()), ToQt(text));
-  x_ = x + metrics.horizontalAdvance(ToQt(text)) / dots;
   y_ = y;
   lineHeight_ = metrics.lineSpacing() / dots;
 }
 
 void QtPrinter::NextLine() {
-  x_ = 0;
   y_ += lineHeight_;
 }
 

@@ -28,7 +28,6 @@ class QtPrinter : public Printer {
   [[nodiscard]] PageArea Page() const override;
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
   void PrintText(std::string_view text, double x, double y, const PrintFont& font) override;
-  [[nodiscard]] double CurrentX() const override { return x_; }
   [[nodiscard]] double CurrentY() const override { return y_; }
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
@@ -45,7 +44,6 @@ class QtPrinter : public Printer {
   std::string target_;    ///< PDF file of this document; empty for paper
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
-  double x_ = 0;
   double y_ = 0;
   double lineHeight_ = 0;  ///< of the last text, in centimetres
 };

@@ -7,9 +7,10 @@
 #include "backends/win32/com/com_error.h"
 #include "backends/win32/com/server_module.h"
 #include "backends/win32/registry_text.h"
-#include "backends/win32/small_ports.h"
 #include "backends/win32/wide_text.h"
+#include "backends/win32/win32_clock.h"
 #include "backends/win32/win32_file_system.h"
+#include "backends/win32/win32_locale.h"
 #include "links/scenario_link.h"
 #include "links/simulated_link.h"
 

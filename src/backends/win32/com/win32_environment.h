@@ -3,16 +3,19 @@
 
 #include <memory>
 
-#include "backends/win32/com/excel_automation.h"
+#include "backends/win32/com/win32_spreadsheet.h"
 #include "backends/win32/drawing/win32_clipboard.h"
 #include "backends/win32/drawing/win32_printer.h"
 #include "backends/win32/forms/win32_dialogs.h"
 #include "backends/win32/forms/win32_form_host.h"
 #include "backends/win32/forms/win32_help.h"
-#include "backends/win32/registry_settings.h"
-#include "backends/win32/small_ports.h"
+#include "backends/win32/win32_clock.h"
 #include "backends/win32/win32_code_page.h"
 #include "backends/win32/win32_file_system.h"
+#include "backends/win32/win32_keyboard.h"
+#include "backends/win32/win32_locale.h"
+#include "backends/win32/win32_settings_store.h"
+#include "backends/win32/win32_sound.h"
 #include "platform/ports.h"
 
 namespace chartproject::win32 {
@@ -31,7 +34,7 @@ class Win32Environment {
  private:
   Win32Clock realClock_;
   std::unique_ptr<VirtualClock> virtualClock_;
-  RegistrySettings settings_;
+  Win32SettingsStore settings_;
   Win32FileSystem files_;
   Win32Locale locale_;
   Win32CodePage codePage_;
@@ -41,7 +44,7 @@ class Win32Environment {
   Win32Keyboard keyboard_;
   Win32Clipboard clipboard_;
   Win32Printer printer_;
-  ExcelApplications spreadsheets_;
+  Win32SpreadsheetApplications spreadsheets_;
   Win32FormHost forms_;
   Ports ports_;
 };

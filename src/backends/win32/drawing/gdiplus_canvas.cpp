@@ -130,24 +130,4 @@ Size GdiplusCanvas::MeasureText(std::string_view text, const Font& font) const {
   return {box.Width, used.GetHeight(96.0F)};
 }
 
-void GdiplusCanvas::DrawBitmap(const Bitmap& bitmap, const Rect& target) {
-  if (bitmap.Empty()) return;
-  // GDI+ only reads the pixels here; its interface knows no constant ones.
-  auto* pixels = reinterpret_cast<BYTE*>(const_cast<std::uint32_t*>(bitmap.pixels.data()));
-  gp::Bitmap picture(bitmap.width, bitmap.height, bitmap.width * 4, PixelFormat32bppARGB, pixels);
-  graphics_.DrawImage(&picture, ToGdiplus(target), 0, 0, static_cast<gp::REAL>(bitmap.width),
-                      static_cast<gp::REAL>(bitmap.height), gp::UnitPixel);
-}
-
-void GdiplusCanvas::PushClip(const Rect& rect) {
-  clips_.push_back(graphics_.Save());
-  graphics_.SetClip(ToGdiplus(rect), gp::CombineModeIntersect);
-}
-
-void GdiplusCanvas::PopClip() {
-  if (clips_.empty()) return;
-  graphics_.Restore(clips_.back());
-  clips_.pop_back();
-}
-
 }  // namespace chartproject::win32

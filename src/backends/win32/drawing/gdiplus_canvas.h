@@ -37,15 +37,11 @@ class GdiplusCanvas : public Canvas {
   void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override;
   void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override;
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
-  void DrawBitmap(const Bitmap& bitmap, const Rect& target) override;
-  void PushClip(const Rect& rect) override;
-  void PopClip() override;
 
  private:
   Gdiplus::Graphics& graphics_;
   GdiplusFonts& fonts_;
   Size extent_;
-  std::vector<Gdiplus::GraphicsState> clips_;
 };
 
 }  // namespace chartproject::win32

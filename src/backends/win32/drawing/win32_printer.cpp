@@ -73,7 +73,6 @@ bool Win32Printer::StartDocument(const std::string& title) {
     return false;
   }
   SetBkMode(printer_.Get(), TRANSPARENT);
-  x_ = 0;
   y_ = 0;
   lineHeight_ = 0;
   return true;
@@ -136,12 +135,10 @@ void Win32Printer::PrintText(std::string_view text, double x, double y, const Pr
   GetTextMetricsW(Require(), &metrics);
   lineHeight_ =
       (metrics.tmHeight + metrics.tmExternalLeading) * kCentimetresPerInch / GetDeviceCaps(Require(), LOGPIXELSY);
-  x_ = x + TextWidth(text, font);
   y_ = y;
 }
 
 void Win32Printer::NextLine() {
-  x_ = 0;
   y_ += lineHeight_;
 }
 

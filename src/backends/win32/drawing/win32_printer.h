@@ -12,7 +12,6 @@ class Win32Printer : public Printer {
   [[nodiscard]] PageArea Page() const override;
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
   void PrintText(std::string_view text, double x, double y, const PrintFont& font) override;
-  [[nodiscard]] double CurrentX() const override { return x_; }
   [[nodiscard]] double CurrentY() const override { return y_; }
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
@@ -29,7 +28,6 @@ class Win32Printer : public Printer {
 
   std::string name_;  ///< of the printer, and of the file that stands in for it
   OwnedDc printer_;
-  double x_ = 0;
   double y_ = 0;
   double lineHeight_ = 0;  ///< of the last font
 };

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "backends/win32/forms/themed_controls.h"
-#include "backends/win32/forms/win32_form_view.h"
+#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/wide_text.h"
 
 namespace chartproject::win32 {

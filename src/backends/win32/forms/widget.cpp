@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "backends/win32/com_module.h"
-#include "backends/win32/forms/control_id.h"
 #include "backends/win32/forms/widget_types.h"
 #include "backends/win32/wide_text.h"
 #include "platform/run_time_error.h"

@@ -1,6 +1,8 @@
 // One native window a control: shows its properties, hands user input to its setters. Holds no rule of any form.
 #pragma once
 
+#include <cmath>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,7 +19,18 @@ struct WidgetContext {
   HFONT font = nullptr;
   double scale = 1.0;  ///< dots to the layout's pixel
   GdiplusFonts& fonts;
+
+  [[nodiscard]] int Dots(double pixels) const { return static_cast<int>(std::lround(pixels * scale)); }
 };
+
+/// Window id of a control, made from its name, so that it stays when other controls come or go: 1000 to 31999. Two
+/// names of a form may meet in one id; messages are told apart by window, so only an outside search by id has to know
+/// names.
+[[nodiscard]] constexpr int ControlId(std::string_view name) noexcept {
+  std::uint32_t hash = 2166136261U;  // FNV-1a
+  for (const char character : name) hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
+  return 1000 + static_cast<int>(hash % 31000U);
+}
 
 /// Size of a text in dots. @param width limit for wrapping; 0 measures lines as they are
 /// @param prefix "&" marks an access key and is not shown

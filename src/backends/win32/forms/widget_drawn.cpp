@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "backends/win32/forms/widget_types.h"
+#include "backends/win32/forms/window_classes.h"
 
 #include <windowsx.h>
 

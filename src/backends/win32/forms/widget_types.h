@@ -205,7 +205,4 @@ class DrawnWidget : public Widget {
   bool tracking_ = false;    ///< the system will tell when the mouse leaves
 };
 
-/// Window class of DrawnWidget.
-inline constexpr const wchar_t* kDrawnClass = L"ChartProjectDrawn";
-
 }  // namespace chartproject::win32

@@ -5,6 +5,7 @@
 #include "backends/win32/drawing/clipboard_access.h"
 #include "backends/win32/forms/widget_types.h"
 #include "backends/win32/wide_text.h"
+#include "forms/flag_scope.h"
 
 #include <commctrl.h>
 #include <richedit.h>
@@ -40,9 +41,10 @@ void EditWidget::Apply(Property property) {
     DWORD start = 0;
     DWORD end = 0;
     SendMessageW(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    showing_ = true;
-    SetWindowTextW(Window(), text.c_str());
-    showing_ = false;
+    {
+      const FlagScope showing(showing_);
+      SetWindowTextW(Window(), text.c_str());
+    }
     const auto last = static_cast<DWORD>(text.size());
     SendMessageW(Window(), EM_SETSEL, std::min(start, last), static_cast<LPARAM>(std::min(end, last)));
   }

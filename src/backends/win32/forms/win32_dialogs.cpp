@@ -7,7 +7,7 @@
 
 #include "backends/win32/forms/input_box.h"
 #include "backends/win32/forms/themed_controls.h"
-#include "backends/win32/forms/win32_form_view.h"
+#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/wide_text.h"
 #include "platform/run_time_error.h"
 

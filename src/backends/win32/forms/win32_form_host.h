@@ -4,7 +4,8 @@
 #include <vector>
 
 #include "backends/headless/virtual_clock.h"
-#include "backends/win32/drawing/gdiplus_renderer.h"
+#include "backends/win32/drawing/win32_picture_renderer.h"
+#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/handles.h"
 #include "forms/form_host.h"
 
@@ -14,7 +15,6 @@ class Win32FormHost : public FormHost {
  public:
   /// @param virtualClock the clock itself when it moves from tick to tick; null for the real one
   Win32FormHost(Clock& clock, VirtualClock* virtualClock);
-  ~Win32FormHost() override;
 
   [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
   void RunModal(Form& form) override;
@@ -36,9 +36,10 @@ class Win32FormHost : public FormHost {
 
   Clock& clock_;
   VirtualClock* virtualClock_;
+  WindowClasses classes_;
   GdiplusSession gdiplus_;
   GdiplusFonts fonts_;
-  GdiplusRenderer renderer_{fonts_};
+  Win32PictureRenderer renderer_{fonts_};
   OwnedWindow pump_;  ///< ticks while a loop of the system's runs: message boxes, menus, a window being dragged
   std::vector<Form*> running_;  ///< forms whose loop runs, the upper ones last
   bool ticking_ = true;         ///< false during KeepAlive, which raises no tick

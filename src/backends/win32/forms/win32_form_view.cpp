@@ -1,19 +1,18 @@
-// A form in its window: showing properties, taking input.
+// The window of a form, from its making to its end, and the way of its messages.
 #include "backends/win32/forms/win32_form_view.h"
 
-#include "backends/win32/forms/widget_types.h"
+#include <utility>
+
+#include "backends/win32/com_module.h"
+#include "backends/win32/forms/themed_controls.h"
 #include "backends/win32/forms/win32_form_host.h"
 #include "backends/win32/forms/win32_help.h"
+#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/wide_text.h"
-
-#include <commctrl.h>
 
 namespace chartproject::win32 {
 
 namespace {
-
-constexpr UINT kLostFocusMessage = WM_APP + 1;  // a control lost the focus; raised when the change of focus is over
-constexpr UINT kFocusGoneMessage = WM_APP + 2;  // the control with the focus cannot hold it any more
 
 constexpr Property kShownProperties[] = {
     Property::kList,    Property::kListIndex, Property::kRange,       Property::kValue,   Property::kText,
@@ -26,16 +25,48 @@ bool Within(const Control& control, const Control& container) {
   return false;
 }
 
-}  // namespace
-
-Widget* Win32FormView::WidgetOf(HWND window) const {
-  const auto found = byWindow_.find(window);
-  return found == byWindow_.end() ? nullptr : found->second;
+Win32FormView* StoredView(HWND form) {
+  return reinterpret_cast<Win32FormView*>(GetWindowLongPtrW(form, GWLP_USERDATA));
 }
 
-Widget* Win32FormView::WidgetOf(const Control& control) const {
-  const auto found = widgets_.find(&control);
-  return found == widgets_.end() ? nullptr : found->second.get();
+/// The form around a window; null when it is not one of ours.
+Win32FormView* ViewOf(HWND window) {
+  const HWND top = GetAncestor(window, GA_ROOT);
+  return top == nullptr || FormBelow(top) != top ? nullptr : StoredView(top);
+}
+
+}  // namespace
+
+Win32FormView::Win32FormView(Form& form, Win32FormHost& host, Unmade /*unmade*/)
+    : form_(form), host_(host), context_{nullptr, nullptr, SystemScale(), host.Fonts()} {}
+
+// Built by the other constructor first: if anything is thrown from here on, the destructor takes the window away.
+Win32FormView::Win32FormView(Form& form, Win32FormHost& host) : Win32FormView(form, host, Unmade{}) {
+  const ThemedControls themed;
+  MakeWindow();
+  widgets_.Make(ControlProcedure, reinterpret_cast<DWORD_PTR>(this));
+  ApplyAll();
+  place_.GrowToLayout();
+}
+
+void Win32FormView::MakeWindow() {
+  context_.formWindow = CreateWindowExW(WS_EX_CONTROLPARENT, kFormClass, ToWide(form_.Caption()).c_str(),
+                                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 100, 100,
+                                        OwnerForForm(), nullptr, ThisModule(), this);
+  if (context_.formWindow == nullptr) {
+    throw RunTimeError(error_number::kInvalidProcedureCall, Text::kWindowNotMade);
+  }
+  layout_.SetScale(ScaleOf(context_.formWindow));
+  toolTips_.Make();
+}
+
+Win32FormView::~Win32FormView() {
+  modal_.reset();
+  if (context_.formWindow == nullptr) return;
+  // The form and its controls are gone or going: no message may reach them from here on.
+  SetWindowLongPtrW(context_.formWindow, GWLP_USERDATA, 0);
+  widgets_.Release();
+  DestroyWindow(context_.formWindow);
 }
 
 void Win32FormView::ApplyAll() {
@@ -45,85 +76,98 @@ void Win32FormView::ApplyAll() {
 }
 
 void Win32FormView::ControlChanged(Control& control, Property property) {
-  if (window_ == nullptr) return;
+  if (context_.formWindow == nullptr) return;
   if (property == Property::kVisible || property == Property::kEnabled) {
-    for (const auto& [other, widget] : widgets_) {
-      if (!Within(*other, control)) continue;
-      const bool focused = GetFocus() == widget->Window();
-      widget->Apply(property);
-      const bool usable = other->EffectivelyVisible() && other->EffectivelyEnabled();
-      const bool homeless = usable && (GetFocus() == nullptr || GetFocus() == window_);
-      if ((focused && !usable) || homeless) PostMessageW(window_, kFocusGoneMessage, 0, 0);
-    }
-    if (dynamic_cast<Frame*>(&control) != nullptr) {
-      const RECT place = PlaceOf(control);
-      InvalidateRect(window_, &place, TRUE);  // the title's colour tells it
-    }
+    UsabilityChanged(control, property);
     return;
   }
-  Widget* widget = WidgetOf(control);
+  Widget* widget = widgets_.Of(control);
   if (widget == nullptr) return;
   if (property == Property::kToolTipText) {
-    SetToolTip(*widget);
+    toolTips_.Show(*widget);
     return;
   }
   widget->Apply(property);
   if (property != Property::kCaption || !control.HasCaption()) return;
-  ShowCaptions(&control);
+  widgets_.ShowCaptions(&control);
   // A text that outgrew its place moves the others.
-  const Rect& place = control.Place();
-  const bool outgrown =
-      widget->PreferredSize().width > place.width + 0.5 || widget->HeightForWidth(place.width) > place.height + 0.5;
-  if (form_.IsShown() && control.EffectivelyVisible() && outgrown) GrowToLayout();
+  if (form_.IsShown() && control.EffectivelyVisible() && layout_.Outgrown(control)) place_.GrowToLayout();
 }
 
-void Win32FormView::SetToolTip(Widget& widget) {
-  std::wstring text = ToWide(widget.Owner().ToolTipText());
-  TTTOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V1_SIZE;
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = window_;
-  tool.uId = reinterpret_cast<UINT_PTR>(widget.Window());
-  tool.lpszText = text.data();
-  SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-  if (!text.empty()) SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+/// A container's change shows on all that it holds.
+void Win32FormView::UsabilityChanged(Control& control, Property property) {
+  const HWND window = context_.formWindow;
+  for (const auto& [other, widget] : widgets_.All()) {
+    if (!Within(*other, control)) continue;
+    const bool focused = GetFocus() == widget->Window();
+    widget->Apply(property);
+    const bool usable = other->EffectivelyVisible() && other->EffectivelyEnabled();
+    const bool homeless = usable && (GetFocus() == nullptr || GetFocus() == window);
+    if ((focused && !usable) || homeless) focus_.PutBackSoon();
+  }
+  if (dynamic_cast<Frame*>(&control) == nullptr) return;
+  const RECT place = layout_.PlaceOf(control);
+  InvalidateRect(window, &place, TRUE);  // its title changes colour
 }
 
 void Win32FormView::FormChanged(FormProperty property) {
-  if (window_ == nullptr) return;
+  const HWND window = context_.formWindow;
+  if (window == nullptr) return;
   switch (property) {
     case FormProperty::kCaption:
-      SetWindowTextW(window_, ToWide(form_.Caption()).c_str());
+      SetWindowTextW(window, ToWide(form_.Caption()).c_str());
       break;
     case FormProperty::kIcon:
-      ShowIcon();
+      pictures_.ShowIcon(window);
       break;
     case FormProperty::kMousePointer:
-      SetCursor(LoadCursorW(nullptr, form_.Pointer() == MousePointer::kHourglass ? IDC_WAIT : IDC_ARROW));
+      pictures_.ShowPointer();
       break;
     case FormProperty::kPlace:
     case FormProperty::kHeight:
-      ApplyPlace();
+      place_.Apply();
       break;
     case FormProperty::kWindowState:
-      if (form_.IsShown()) {
-        const WindowState state = form_.State();
-        ShowWindow(window_, state == WindowState::kMaximized   ? SW_MAXIMIZE
-                            : state == WindowState::kMinimized ? SW_MINIMIZE
-                                                               : SW_RESTORE);
-      }
+      if (form_.IsShown()) place_.ApplyState();
       break;
     case FormProperty::kLayout:
-      GrowToLayout();
+      place_.GrowToLayout();
       break;
   }
 }
 
 void Win32FormView::MoveFocus(Control& control) {
-  const Widget* widget = WidgetOf(control);
-  if (widget == nullptr || !control.EffectivelyEnabled() || !control.EffectivelyVisible()) return;
-  lastFocus_ = widget->Window();
-  if (form_.IsShown()) SetFocus(widget->Window());
+  if (const Widget* widget = widgets_.Of(control)) focus_.MoveTo(*widget, form_.IsShown());
+}
+
+void Win32FormView::Show() {
+  const HWND window = context_.formWindow;
+  if (window == nullptr) {
+    form_.Unload();
+    return;
+  }
+  modal_.emplace(window);
+  place_.Show();
+  SetForegroundWindow(window);
+  focus_.PutBack();
+  UpdateWindow(window);
+}
+
+void Win32FormView::Hide() {
+  focus_.ForgetLeave();
+  if (modal_) modal_->GiveBack();
+  modal_.reset();
+  if (context_.formWindow != nullptr) ShowWindow(context_.formWindow, SW_HIDE);
+}
+
+bool Win32FormView::Translate(MSG& message) noexcept {
+  try {
+    Win32FormView* view = ViewOf(message.hwnd);
+    return view != nullptr && view->context_.formWindow != nullptr && view->keys_.Take(message);
+  } catch (...) {
+    OutputDebugStringW(L"ChartProject: a key could not be handled");
+    return true;
+  }
 }
 
 LRESULT CALLBACK Win32FormView::FormProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept {
@@ -132,8 +176,8 @@ LRESULT CALLBACK Win32FormView::FormProcedure(HWND window, UINT message, WPARAM 
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
   }
   if (message == WM_DESTROY) EndHelpOf(window);
-  auto* view = reinterpret_cast<Win32FormView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (view == nullptr || view->window_ == nullptr) return DefWindowProcW(window, message, word, data);
+  Win32FormView* view = StoredView(window);
+  if (view == nullptr || view->context_.formWindow == nullptr) return DefWindowProcW(window, message, word, data);
   try {
     return view->Message(message, word, data);
   } catch (const RunTimeError& error) {
@@ -146,105 +190,88 @@ LRESULT CALLBACK Win32FormView::FormProcedure(HWND window, UINT message, WPARAM 
 }
 
 LRESULT Win32FormView::Message(UINT message, WPARAM word, LPARAM data) {
+  if (focus_.Message(message)) return 0;
+  if (place_.Message(message, data)) return 0;
+  if (const auto result = InputMessage(message, word, data)) return *result;
+  if (const auto result = WindowMessage(message, word, data)) return *result;
+  return DefWindowProcW(context_.formWindow, message, word, data);
+}
+
+/// What controls report, and what the system asks about them.
+std::optional<LRESULT> Win32FormView::InputMessage(UINT message, WPARAM word, LPARAM data) {
   switch (message) {
     case WM_COMMAND:
-      if (Widget* widget = WidgetOf(reinterpret_cast<HWND>(data))) CommandFrom(*widget, HIWORD(word));
+      if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) {
+        const WORD code = HIWORD(word);
+        const bool input = code == BN_CLICKED || code == CBN_SELCHANGE || code == EN_CHANGE;
+        if (input) focus_.SettleBefore(widget->Owner());
+        widget->Command(code);
+      }
       return 0;
     case WM_NOTIFY: {
       const auto& header = *reinterpret_cast<const NMHDR*>(data);
-      Widget* widget = WidgetOf(header.hwndFrom);
+      Widget* widget = widgets_.Of(header.hwndFrom);
       return widget == nullptr ? 0 : widget->Notify(header);
     }
     case WM_HSCROLL:
     case WM_VSCROLL:
-      if (Widget* widget = WidgetOf(reinterpret_cast<HWND>(data))) widget->Scroll(LOWORD(word));
+      if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) widget->Scroll(LOWORD(word));
       return 0;
     case WM_CTLCOLORSTATIC:
-      if (Widget* widget = WidgetOf(reinterpret_cast<HWND>(data))) {
-        if (const HBRUSH brush = widget->Background(reinterpret_cast<HDC>(word))) {
-          return reinterpret_cast<LRESULT>(brush);
-        }
+      if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) {
+        const HBRUSH brush = widget->Background(reinterpret_cast<HDC>(word));
+        if (brush != nullptr) return reinterpret_cast<LRESULT>(brush);
       }
-      break;
+      return std::nullopt;
     case WM_SETCURSOR:
-      if (LOWORD(data) == HTCLIENT && ShowCursor(WidgetOf(reinterpret_cast<HWND>(word)))) return TRUE;
-      break;
+      if (LOWORD(data) == HTCLIENT && pictures_.ShowPointerOver(widgets_.Of(reinterpret_cast<HWND>(word)))) return TRUE;
+      return std::nullopt;
     case DM_GETDEFID:
-      return DefaultButtonId();
-    case kLostFocusMessage:
-      DeliverFocusLeave();
-      return 0;
-    case kFocusGoneMessage:
-      PutFocusBack();
-      return 0;
-    case WM_PAINT:
-      PaintGroups();
-      return 0;
-    case WM_ACTIVATE:
-      if (LOWORD(word) == WA_INACTIVE || HIWORD(word) != 0) break;
-      PutFocusBack();
-      return 0;
+      return keys_.DefaultButtonId();
     case WM_HELP:
       return 0;  // F1 came as a key already
     default:
-      return WindowMessage(message, word, data);
+      return std::nullopt;
   }
-  return DefWindowProcW(window_, message, word, data);
 }
 
-void Win32FormView::CommandFrom(Widget& widget, WORD code) {
-  const bool input = code == BN_CLICKED || code == CBN_SELCHANGE || code == EN_CHANGE;
-  // What is left is settled before anything else is asked for, whichever way that came.
-  if (input && leaving_ != &widget.Owner()) DeliverFocusLeave();
-  widget.Command(code);
-}
-
-void Win32FormView::FocusChanged(Widget& widget, UINT message, HWND other) {
-  if (message == WM_SETFOCUS) {
-    lastFocus_ = widget.Window();
-    ShowDefaultButton();
-    return;
+/// What becomes of the window itself.
+std::optional<LRESULT> Win32FormView::WindowMessage(UINT message, WPARAM word, LPARAM data) {
+  switch (message) {
+    case WM_PAINT:
+      layout_.PaintGroups();
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(word) == WA_INACTIVE || HIWORD(word) != 0) return std::nullopt;
+      focus_.PutBack();
+      return 0;
+    case WM_CLOSE:
+      if (IsWindowEnabled(context_.formWindow) == 0) return 0;  // a box or a form above it is to be answered first
+      focus_.DeliverLeave();
+      form_.CloseByUser();
+      return 0;
+    case WM_DPICHANGED:
+      place_.DpiChanged(LOWORD(word), *reinterpret_cast<const RECT*>(data));
+      toolTips_.LimitWidth();
+      return 0;
+    case WM_ENDSESSION:
+      if (word == FALSE) return 0;  // somebody objected
+      host_.EndSession();
+      form_.Unload();
+      return 0;
+    case WM_NCDESTROY:
+      return WindowGone();
+    default:
+      return std::nullopt;
   }
-  if (IsChild(window_, other) == 0 || IsChild(widget.Window(), other) != 0) return;
-  DeliverFocusLeave();
-  leaving_ = &widget.Owner();
-  PostMessageW(window_, kLostFocusMessage, 0, 0);
 }
 
-void Win32FormView::ShowIcon() {
-  const std::wstring file = ToWide(form_.IconFile());
-  const auto load = [&file](int widthMetric, int heightMetric) {
-    return OwnedIcon(static_cast<HICON>(LoadImageW(nullptr, file.c_str(), IMAGE_ICON, GetSystemMetrics(widthMetric),
-                                                   GetSystemMetrics(heightMetric), LR_LOADFROMFILE)));
-  };
-  OwnedIcon icon = load(SM_CXICON, SM_CYICON);
-  OwnedIcon small = load(SM_CXSMICON, SM_CYSMICON);
-  SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon.Get()));
-  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
-  std::swap(icon_, icon);  // the former ones go when no window shows them any more
-  std::swap(smallIcon_, small);
-}
-
-bool Win32FormView::ShowCursor(Widget* under) {
-  if (form_.Pointer() == MousePointer::kHourglass) {
-    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-    return true;
-  }
-  if (under == nullptr || under->Owner().Pointer() != MousePointer::kCustom) return false;
-  SetCursor(ButtonCursor());
-  return true;
-}
-
-/// Asked for at each move of the mouse: loaded once, also when that failed.
-HCURSOR Win32FormView::ButtonCursor() {
-  const std::string& file = form_.ButtonCursorFile();
-  if (file != buttonCursorFile_) {
-    buttonCursorFile_ = file;
-    OwnedCursor loaded(file.empty() ? nullptr : LoadCursorFromFileW(ToWide(file).c_str()));
-    SetCursor(nullptr);  // the former one may show still
-    std::swap(buttonCursor_, loaded);
-  }
-  return buttonCursor_ ? buttonCursor_.Get() : LoadCursorW(nullptr, IDC_HAND);
+/// The window's owner took it along. Without a window nobody could end the form or what goes on in it.
+LRESULT Win32FormView::WindowGone() {
+  const HWND window = std::exchange(context_.formWindow, nullptr);
+  widgets_.WindowsGone();
+  form_.Unload();
+  return DefWindowProcW(window, WM_NCDESTROY, 0, 0);
 }
 
 LRESULT CALLBACK Win32FormView::ControlProcedure(HWND window, UINT message, WPARAM word, LPARAM data, UINT_PTR /*id*/,
@@ -252,7 +279,7 @@ LRESULT CALLBACK Win32FormView::ControlProcedure(HWND window, UINT message, WPAR
   auto* self = reinterpret_cast<Win32FormView*>(view);
   LRESULT result = 0;
   try {
-    Widget* widget = self->WidgetOf(window);
+    Widget* widget = self->widgets_.Of(window);
     if (widget != nullptr && self->ControlMessage(*widget, message, word, data, result)) return result;
   } catch (...) {
     OutputDebugStringW(L"ChartProject: a control's message could not be handled");
@@ -261,7 +288,11 @@ LRESULT CALLBACK Win32FormView::ControlProcedure(HWND window, UINT message, WPAR
 }
 
 bool Win32FormView::ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result) {
-  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) FocusChanged(widget, message, reinterpret_cast<HWND>(word));
+  if (message == WM_KILLFOCUS) focus_.Left(widget, reinterpret_cast<HWND>(word));
+  if (message == WM_SETFOCUS) {
+    focus_.Reached(widget);
+    keys_.ShowDefaultButton();
+  }
   return widget.Message(message, word, data, result);
 }
 

@@ -1,29 +1,20 @@
-// A form's window: its widgets, its layout, its place, its keys.
+// A form in its window: shows properties, and hands messages to the part that they concern.
 #pragma once
 
-#include <map>
-#include <memory>
-#include <vector>
+#include <optional>
 
-#include "backends/win32/forms/widget.h"
-#include "forms/controls.h"
+#include "backends/win32/forms/form_keys.h"
+#include "backends/win32/forms/form_pictures.h"
+#include "backends/win32/forms/form_place.h"
+#include "backends/win32/forms/modal_scope.h"
+#include "backends/win32/forms/tool_tips.h"
 #include "forms/form_host.h"
 
 namespace chartproject::win32 {
 
 class Win32FormHost;
 
-/// Dots of the screen to a layout pixel.
-[[nodiscard]] double SystemScale();
-
-/// The form that a window is, or that owns it; null when there is none.
-[[nodiscard]] HWND FormBelow(HWND window) noexcept;
-
-/// The window that a new box or form belongs to: this thread's active one; while the user works in another program, the
-/// form that takes input, so that they come to the front together. Null when there is neither.
-[[nodiscard]] HWND WindowToOwn() noexcept;
-
-class Win32FormView : public FormView, private ControlMeasurer {
+class Win32FormView : public FormView {
  public:
   /// Throws RunTimeError when the window or one of a control cannot be made.
   Win32FormView(Form& form, Win32FormHost& host);
@@ -40,94 +31,34 @@ class Win32FormView : public FormView, private ControlMeasurer {
   /// Keys of forms (Enter, Esc, F1, Tab, access keys) and the wheel, before a message reaches its window.
   /// True when that is settled.
   static bool Translate(MSG& message) noexcept;
-  /// Takes the window classes back, which would call into this module after it is unloaded. Those that still have
-  /// windows stay until the next call.
-  static void UnregisterClasses() noexcept;
+  /// Window procedure of the forms' class.
+  static LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept;
 
  private:
   struct Unmade {};
   Win32FormView(Form& form, Win32FormHost& host, Unmade unmade);
-  static LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM word, LPARAM data) noexcept;
   static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM word, LPARAM data, UINT_PTR id,
-                                           DWORD_PTR widget) noexcept;
-  LRESULT Message(UINT message, WPARAM word, LPARAM data);
-  LRESULT WindowMessage(UINT message, WPARAM word, LPARAM data);
-  bool ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result);
-  [[nodiscard]] Widget* WidgetOf(HWND window) const;
-  [[nodiscard]] Widget* WidgetOf(const Control& control) const;
+                                           DWORD_PTR view) noexcept;
   void MakeWindow();
-  void MakeWidgets();
-  void LimitToolTips();
-
-  // Keys, wheel and focus (win32_form_keys.cpp).
-  bool Taken(MSG& message);
-  bool KeyDown(const MSG& message);
-  bool EnterPressed(HWND focus);
-  bool EscapePressed();
-  bool PressButtonWith(bool (CommandButton::*role)() const noexcept);
-  bool AccessKeyPressed(const MSG& message);
-  bool StepArrowsOf(HWND field, int direction);
-  bool WheelTurned(const MSG& message);
-  [[nodiscard]] UpDown* ArrowsOf(const Widget& field) const;
-  [[nodiscard]] LRESULT DefaultButtonId() const;
-  void DeliverFocusLeave();
-  void FocusChanged(Widget& widget, UINT message, HWND other);
-  void PutFocusBack();
-  void FocusOn(const Widget& widget);
-  [[nodiscard]] Widget* FieldNamedBy(const Control& label) const;
-  bool TabPressed();
-  void ShowDefaultButton();
-
-  // Input.
-  void CommandFrom(Widget& widget, WORD code);
-  bool ShowCursor(Widget* under);
-  [[nodiscard]] HCURSOR ButtonCursor();
-  void SetToolTip(Widget& widget);
-
-  // Layout and place (win32_form_place.cpp).
-  void MakeFont();
   void ApplyAll();
-  void ShowCaptions(const Control* only = nullptr);
-  void ShowIcon();
-  void PaintGroups();
-  void ArrangeControls();
-  void GrowToLayout();
-  void ApplyPlace();
-  void PlaceChanged();
-  [[nodiscard]] SIZE LeastSize() const;
-  [[nodiscard]] SIZE WantedSize() const;
-  [[nodiscard]] LONG DotsOfTwips(double twips) const;
-  void DpiChanged(WPARAM word, const RECT& suggested);
-  [[nodiscard]] RECT PlaceOf(const Control& control) const;
-  [[nodiscard]] SIZE WindowSizeFor(Size client) const;
-  [[nodiscard]] int Dots(double pixels) const;
-  [[nodiscard]] Size PreferredSize(const Control& control) const override;
-  [[nodiscard]] double HeightForWidth(const Control& control, double width) const override;
-  [[nodiscard]] Insets ContainerInsets(const Control& container) const override;
-
+  void UsabilityChanged(Control& control, Property property);
+  LRESULT Message(UINT message, WPARAM word, LPARAM data);
+  std::optional<LRESULT> InputMessage(UINT message, WPARAM word, LPARAM data);
+  std::optional<LRESULT> WindowMessage(UINT message, WPARAM word, LPARAM data);
+  bool ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result);
   LRESULT WindowGone();
-  void DisableOthers();
-  void EnableOthers();
 
   Form& form_;
   Win32FormHost& host_;
-  WidgetContext context_;
-  OwnedFont font_;
-  OwnedIcon icon_;
-  OwnedIcon smallIcon_;
-  OwnedCursor buttonCursor_;
-  std::string buttonCursorFile_;  ///< where it came from, or should have
-  HWND window_ = nullptr;
-  HWND toolTips_ = nullptr;
-  std::map<const Control*, std::unique_ptr<Widget>> widgets_;
-  std::map<HWND, Widget*> byWindow_;
-  std::vector<HWND> disabled_;   ///< windows of the thread that this modal form disabled
-  HWND activeBefore_ = nullptr;  ///< window that was active when this one was shown
-  HWND lastFocus_ = nullptr;
-  Control* leaving_ = nullptr;  ///< lost the focus, and was not told yet
-  int wheelRest_ = 0;           ///< turn of the wheel that makes no whole notch yet
-  bool shownOnce_ = false;      ///< from then on the size is the user's
-  bool placing_ = false;        ///< the window is being placed by us, not by the user
+  WidgetContext context_;  ///< its window is null when there is none yet or any more
+  FormWidgets widgets_{form_, context_};
+  FormFocus focus_{context_};
+  FormKeys keys_{form_, context_, widgets_, focus_};
+  FormLayout layout_{form_, context_, widgets_};
+  FormPlace place_{form_, context_, widgets_, layout_};
+  FormPictures pictures_{form_};
+  ToolTips toolTips_{context_};
+  std::optional<ModalScope> modal_;  ///< while the form is shown
 };
 
 }  // namespace chartproject::win32

@@ -2,7 +2,7 @@
 #include "backends/win32/forms/win32_help.h"
 
 #include "backends/win32/forms/themed_controls.h"
-#include "backends/win32/forms/win32_form_view.h"
+#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/system_error.h"
 #include "backends/win32/wide_text.h"
 

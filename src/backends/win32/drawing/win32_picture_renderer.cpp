@@ -1,11 +1,11 @@
 // Paints straight into the pixels of the picture that it returns.
-#include "backends/win32/drawing/gdiplus_renderer.h"
+#include "backends/win32/drawing/win32_picture_renderer.h"
 
 #include <cmath>
 
 namespace chartproject::win32 {
 
-Bitmap GdiplusRenderer::Render(Size size, double scale, const std::function<void(Canvas&)>& paint) {
+Bitmap Win32PictureRenderer::Render(Size size, double scale, const std::function<void(Canvas&)>& paint) {
   Bitmap picture;
   picture.width = static_cast<int>(std::lround(size.width * scale));
   picture.height = static_cast<int>(std::lround(size.height * scale));

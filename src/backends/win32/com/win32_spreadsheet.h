@@ -5,7 +5,7 @@
 
 namespace chartproject::win32 {
 
-class ExcelApplications : public SpreadsheetApplications {
+class Win32SpreadsheetApplications : public SpreadsheetApplications {
  public:
   [[nodiscard]] std::unique_ptr<SpreadsheetApplication> AttachRunning() override;
   [[nodiscard]] std::unique_ptr<SpreadsheetApplication> Create(const std::string& targetName) override;

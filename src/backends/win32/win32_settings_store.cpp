@@ -1,5 +1,5 @@
 // Reads and writes text values below Software\VB and VB Program Settings.
-#include "backends/win32/registry_settings.h"
+#include "backends/win32/win32_settings_store.h"
 
 #include <utility>
 #include <vector>
@@ -46,14 +46,14 @@ class FormerValue {
 
 }  // namespace
 
-RegistrySettings::RegistrySettings(std::string_view application)
+Win32SettingsStore::Win32SettingsStore(std::string_view application)
     : root_(L"Software\\VB and VB Program Settings\\" + ToWide(application)) {}
 
-std::wstring RegistrySettings::SectionPath(std::string_view section) const {
+std::wstring Win32SettingsStore::SectionPath(std::string_view section) const {
   return root_ + L"\\" + ToWide(section);
 }
 
-std::optional<std::string> RegistrySettings::Read(std::string_view section, std::string_view key) {
+std::optional<std::string> Win32SettingsStore::Read(std::string_view section, std::string_view key) {
   OwnedKey sectionKey;
   const LSTATUS status =
       RegOpenKeyExW(HKEY_CURRENT_USER, SectionPath(section).c_str(), 0, KEY_READ, sectionKey.Receive());
@@ -64,7 +64,7 @@ std::optional<std::string> RegistrySettings::Read(std::string_view section, std:
   return ToUtf8(*text);
 }
 
-void RegistrySettings::Write(std::string_view section, std::span<const StoredSetting> settings) {
+void Win32SettingsStore::Write(std::string_view section, std::span<const StoredSetting> settings) {
   OwnedKey sectionKey;
   const LSTATUS opened = RegCreateKeyExW(HKEY_CURRENT_USER, SectionPath(section).c_str(), 0, nullptr, 0,
                                          KEY_READ | KEY_WRITE, nullptr, sectionKey.Receive(), nullptr);

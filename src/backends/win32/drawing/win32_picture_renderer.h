@@ -6,9 +6,9 @@
 
 namespace chartproject::win32 {
 
-class GdiplusRenderer : public PictureRenderer {
+class Win32PictureRenderer : public PictureRenderer {
  public:
-  explicit GdiplusRenderer(GdiplusFonts& fonts) : fonts_(fonts) {}
+  explicit Win32PictureRenderer(GdiplusFonts& fonts) : fonts_(fonts) {}
   [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
 
  private:

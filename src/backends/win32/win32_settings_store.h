@@ -7,10 +7,10 @@
 
 namespace chartproject::win32 {
 
-class RegistrySettings : public SettingsStore {
+class Win32SettingsStore : public SettingsStore {
  public:
   /// @param application the name under which the host keeps its settings
-  explicit RegistrySettings(std::string_view application);
+  explicit Win32SettingsStore(std::string_view application);
 
   [[nodiscard]] std::optional<std::string> Read(std::string_view section, std::string_view key) override;
   void Write(std::string_view section, std::span<const StoredSetting> settings) override;

@@ -1,5 +1,5 @@
 // Workbook, sheets and cells of "Excel.Application", by the names of its published object model.
-#include "backends/win32/com/excel_automation.h"
+#include "backends/win32/com/win32_spreadsheet.h"
 
 #include "backends/win32/com/automation_call.h"
 #include "platform/run_time_error.h"
@@ -113,7 +113,7 @@ std::optional<CLSID> ApplicationClass() {
 
 }  // namespace
 
-std::unique_ptr<SpreadsheetApplication> ExcelApplications::AttachRunning() {
+std::unique_ptr<SpreadsheetApplication> Win32SpreadsheetApplications::AttachRunning() {
   const std::optional<CLSID> id = ApplicationClass();
   if (!id) return nullptr;
   ComRef<IUnknown> running;
@@ -123,7 +123,7 @@ std::unique_ptr<SpreadsheetApplication> ExcelApplications::AttachRunning() {
   return std::make_unique<ExcelApplication>(std::move(application));
 }
 
-std::unique_ptr<SpreadsheetApplication> ExcelApplications::Create(const std::string& /*targetName*/) {
+std::unique_ptr<SpreadsheetApplication> Win32SpreadsheetApplications::Create(const std::string& /*targetName*/) {
   const std::optional<CLSID> id = ApplicationClass();
   if (!id) return nullptr;
   ComRef<IDispatch> application;
