@@ -1,23 +1,61 @@
 // The acquisition dialog as a user meets it: a whole recording by keys, Esc, boxes, its three languages. The start
 // window over a project that was just made: a new user's first recording. The chart window: keys, clicks and pointer.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
+#include <filesystem>
+#include <fstream>
 
+#include "backends/qt/help_page.h"
 #include "chart/window/chart_form.h"
 #include "host/project/project_maker.h"
 #include "host/window/start_form.h"
 #include "links/simulated_link.h"
+#include "platform/temporary_folder.h"
 #include "qt/dialog_window.h"
 
 namespace chartproject {
 namespace {
 
-using ::testing::AllOf, ::testing::HasSubstr, ::testing::IsEmpty;
+using ::testing::AllOf, ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
+
+TEST(HelpPageTest, ShowsNothingButRegularFilesOfItsFolder) {
+  const TemporaryFolder folder;
+  const auto at = [&](const char* name) { return (std::filesystem::path(folder.Path()) / name).string(); };
+  std::filesystem::create_directories(at("help/pictures"));
+  for (const char* name : {"help/page.html", "help/pictures/a.png", "secret.txt"}) std::ofstream(at(name)) << name;
+  std::ofstream(at("help/large.png")).close();
+  std::filesystem::resize_file(at("help/large.png"), 2'000'000'000);
+  std::filesystem::create_symlink("../secret.txt", at("help/link.html"));
+  std::filesystem::create_symlink("/dev/zero", at("help/zero.png"));
+  std::filesystem::create_symlink("page.html", at("help/inside.html"));
+  ASSERT_EQ(mkfifo(at("help/pipe.png").c_str(), 0600), 0);
+  std::vector<std::string> refused;
+  HelpPage page([&refused](const QString& target) { refused.push_back(target.toStdString()); });
+  ASSERT_TRUE(page.Show("<a href='x'>x</a>", QString::fromStdString(at("help"))));
+  const auto follow = [&](const std::string& target) { emit page.anchorClicked(QUrl(QString::fromStdString(target))); };
+  const std::string secret = at("secret.txt");
+  for (const std::string& name :
+       {std::string("../secret.txt"), secret, "file://" + secret, std::string("link.html"), std::string("zero.png"),
+        std::string("pipe.png"), std::string("large.png"), std::string("/dev/zero"),
+        std::string("https://example.org/"), std::string("none.html"), std::string("pictures")}) {
+    const QUrl url(QString::fromStdString(name));
+    EXPECT_FALSE(page.loadResource(QTextDocument::ImageResource, url).isValid()) << name;
+    follow(name);
+    EXPECT_THAT(refused, ElementsAre(name));
+    refused.clear();
+  }
+  EXPECT_EQ(page.loadResource(QTextDocument::ImageResource, QUrl("pictures/a.png")).toByteArray(),
+            "help/pictures/a.png");
+  for (const char* name : {"#91", "page.html#91", "inside.html"}) follow(name);
+  EXPECT_THAT(refused, IsEmpty());
+  EXPECT_EQ(page.toPlainText(), "help/page.html");
+}
 
 struct AcquireWindowTest : ::testing::Test {
   DialogWindow project;

@@ -2,9 +2,8 @@
 #include "backends/qt/qt_help.h"
 
 #include <QApplication>
-#include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
-#include <QTextBrowser>
 
 #include "backends/qt/qt_text.h"
 
@@ -23,43 +22,35 @@ QtHelp::~QtHelp() {
 }
 
 void QtHelp::ShowContext(const std::string& helpFile, std::int32_t context) {
-  const Language language = language_();
-  QFile file(FileNameToQt(helpFile));
-  if (!file.open(QIODevice::ReadOnly)) {
+  const QFileInfo info(FileNameToQt(helpFile));
+  if (!info.exists()) {
     Say(Text::kHelpFileMissing, helpFile);
     return;
   }
-  const QByteArray bytes = file.readAll();
-  if (bytes.contains('\0')) {  // compiled help of another system
+  const auto bytes = ReadHelpFile(info.absolutePath(), info.fileName());
+  if (viewer_.isNull()) {
+    viewer_ = new HelpPage([this](const QString& target) { Say(Text::kHelpFileUnreadable, FromQt(target)); });
+    viewer_->resize(kViewerSize);
+  }
+  if (!bytes || !viewer_->Show(*bytes, info.absolutePath())) {
     Say(Text::kHelpFileUnreadable, helpFile);
     return;
   }
-  if (viewer_.isNull()) {
-    viewer_ = new QTextBrowser;
-    viewer_->resize(kViewerSize);
-    viewer_->setOpenExternalLinks(true);
-  }
   // A window opened over a modal one is usable only when it belongs to it.
   viewer_->setParent(QApplication::activeModalWidget(), Qt::Window);
-  viewer_->setWindowTitle(WordToQt(language, Text::kHelpTitle));
-  const QString text = QString::fromUtf8(bytes);
-  if (Qt::mightBeRichText(text)) {
-    viewer_->setHtml(text);
-  } else {
-    viewer_->setPlainText(text);
-  }
+  viewer_->setWindowTitle(WordToQt(language_(), Text::kHelpTitle));
   viewer_->show();
   viewer_->raise();
   viewer_->activateWindow();
   viewer_->scrollToAnchor(QString::number(context));
 }
 
-void QtHelp::Say(Text text, const std::string& helpFile) const {
+void QtHelp::Say(Text text, const std::string& name) const {
   QMessageBox box(QApplication::activeWindow());
   box.setWindowTitle(WordToQt(language_(), Text::kHelpTitle));
   box.setIcon(QMessageBox::Information);
   box.setTextFormat(Qt::PlainText);
-  box.setText(ToQt(FillIn(TextIn(language_(), text), {helpFile})));
+  box.setText(ToQt(FillIn(TextIn(language_(), text), {name})));
   box.addButton(WordToQt(language_(), Text::kBoxOk), QMessageBox::AcceptRole);
   box.exec();
 }

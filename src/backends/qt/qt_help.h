@@ -2,15 +2,15 @@
 #pragma once
 
 #include <QPointer>
-#include <QTextBrowser>
 
+#include "backends/qt/help_page.h"
 #include "backends/qt/qt_dialogs.h"
 #include "platform/help.h"
 
 namespace chartproject {
 
 /// Shows help files that are text or HTML, at the anchor named as the context number. A help file that is missing or of
-/// another kind is named in a message.
+/// another kind is named in a message, and so is the target of a link that leads out of its folder.
 class QtHelp : public Help {
  public:
   explicit QtHelp(LanguageSource language);
@@ -18,10 +18,10 @@ class QtHelp : public Help {
   void ShowContext(const std::string& helpFile, std::int32_t context) override;
 
  private:
-  void Say(Text text, const std::string& helpFile) const;
+  void Say(Text text, const std::string& name) const;
 
   LanguageSource language_;
-  QPointer<QTextBrowser> viewer_;  ///< goes with the dialog that it was opened from
+  QPointer<HelpPage> viewer_;  ///< goes with the dialog that it was opened from
 };
 
 }  // namespace chartproject
