@@ -9,6 +9,7 @@
 #include "chart/file/slice_reader.h"
 #include "chart/window/scroll_range.h"
 #include "recording/field_value.h"
+#include "recording/point_reader.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -87,7 +88,7 @@ TEST_F(SliceReaderTest, SkipsEmptyAndCommentLinesAndStopsAtMalformedOnes) {
     if (end != SliceEnd::kMalformedLine) continue;
     EXPECT_EQ(reading.malformedLine, kFirstLine + 1);
     EXPECT_EQ(reading.malformedText.substr(0, 10), line.substr(0, 10));
-    EXPECT_LE(reading.malformedText.size(), kLongestPointLine + 1);
+    EXPECT_LE(reading.malformedText.size(), kLongestPointLine);
   }
 }
 

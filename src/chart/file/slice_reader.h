@@ -39,9 +39,6 @@ struct SliceReading {
   std::string malformedText;       ///< its bytes, cut where it is too long to show
 };
 
-/// A longer line is no point: it is read over in bounded memory.
-inline constexpr std::size_t kLongestPointLine = 4096;
-
 /// Lines that are empty or begin with an apostrophe are skipped; any other line that is no point ends the reading.
 /// Throws RunTimeError when the file cannot be read.
 /// @param index knows the first point's line; built on as far as needed

@@ -7,11 +7,10 @@
 #include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
-#include "common/values/line_reader.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "platform/spreadsheet.h"
-#include "recording/chart_file.h"
+#include "recording/point_reader.h"
 
 namespace chartproject {
 
@@ -40,24 +39,16 @@ SkippedLines ForEachPoint(Component& component, const ExportRequest& request, st
                           Take take) {
   const auto file = component.ports.files.OpenForReading(request.chartFile);
   const std::uint64_t total = file->Identity().size;
-  LineReader reader(*file);
   SkippedLines skipped;
-  bool rows = false;
-  for (TextLine line; reader.Next(line);) {
+  const auto first = LocateRows(*file);
+  if (!first) return skipped;
+  PointReader points(*file, *first);
+  for (PointLine line; points.Next(line);) {
     if (request.progress && line.number % linesBetweenProgress == 0 && !request.progress(line.offset, total)) {
       throw GivenUp();
     }
-    if (!rows) {
-      rows = line.text.find(kRowsMark) != std::string_view::npos;
-      continue;
-    }
-    const std::string_view text = Trim(line.text);
-    if (text.empty() || text.front() == '\'') continue;  // a comment may hold what looks like a point
-    if (const auto row = line.cut ? std::nullopt : SplitRow(text)) {
-      take(*row);
-    } else if (skipped.count++ == 0) {
-      skipped.first = line.number;
-    }
+    if (line.kind == LineKind::kPoint) take(line.row);
+    if (line.kind == LineKind::kMalformed && skipped.count++ == 0) skipped.first = line.number;
   }
   return skipped;
 }

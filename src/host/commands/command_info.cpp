@@ -4,13 +4,11 @@
 #include <ostream>
 #include <string>
 
-#include "common/values/line_reader.h"
-#include "common/values/text.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
 #include "host/session/session.h"
-#include "recording/chart_file.h"
+#include "recording/point_reader.h"
 
 namespace chartproject {
 
@@ -31,13 +29,10 @@ void CountRows(FileSystem& files, const std::string& name, ChartInfo& info) {
   const auto file = files.OpenForReading(name);
   const auto start = LocateRows(*file);
   if (!start) return;
-  file->Seek(start->offset);
-  LineReader lines(*file);
-  TextLine line;
-  while (lines.Next(line)) {
-    const std::string_view text = Trim(line.text);
-    if (text.empty() || text.front() == '\'') continue;  // a comment may hold what looks like a point
-    ++(!line.cut && SplitRow(text) ? info.rows : info.malformed);
+  PointReader points(*file, *start);
+  for (PointLine line; points.Next(line);) {
+    if (line.kind == LineKind::kPoint) ++info.rows;
+    if (line.kind == LineKind::kMalformed) ++info.malformed;
   }
 }
 
