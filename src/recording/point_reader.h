@@ -21,10 +21,10 @@ inline constexpr std::size_t kLongestPointLine = 4096;
 /// One line after the rows' mark; the views hold until the next call of PointReader::Next.
 struct PointLine {
   LineKind kind = LineKind::kSkipped;
-  ChartRow row;               ///< of a point
-  std::string_view text;      ///< the bytes without blanks at either end, cut when the line is too long
-  std::int64_t number = 0;    ///< counted from 1 in the file
-  std::uint64_t offset = 0;   ///< of the line's first byte in the file
+  ChartRow row;              ///< of a point
+  std::string_view text;     ///< the bytes without blanks at either end, cut when the line is too long
+  std::int64_t number = 0;   ///< counted from 1 in the file
+  std::uint64_t offset = 0;  ///< of the line's first byte in the file
 };
 
 class PointReader {

@@ -7,7 +7,7 @@
 
 #include "chart/file/chart_source.h"
 #include "chart/file/slice_reader.h"
-#include "chart/window/scroll_range.h"
+#include "chart/view/scroll_range.h"
 #include "recording/field_value.h"
 #include "recording/point_reader.h"
 #include "support/fake_ports.h"

@@ -234,13 +234,14 @@ TEST(ChartViewerTest, ScrollsAndScalesByKeys) {
   viewer.user.Key("Tab");
   viewer.KeyMovesTo("End", kPoints - 24);
   viewer.KeyMovesTo("Home", 1);
-  viewer.user.Key("Tab").Key("Right").Until("two points a division", [&] { return form.PointsPerDivision() == 2; });
+  viewer.user.Key("Tab").Key("Right").Until("two points a division",
+                                            [&] { return form.View().PointsPerDivision() == 2; });
   // A typed scale is drawn by Enter.
-  viewer.user.Click(form.txtScale1).Key("ctrl+a").Type("3").Key("Return").Until("the scaled chart", [&] {
-    return form.mscChart1.DataPoint(0, 0) == 3.0;
+  viewer.user.Click(form.scales.txtScale1).Key("ctrl+a").Type("3").Key("Return").Until("the scaled chart", [&] {
+    return form.mscChart1.Model().series[0].values[0] == 3.0;
   });
   viewer.Close();
-  EXPECT_EQ(form.mscChart1.RowCount(), 50);
+  EXPECT_EQ(form.mscChart1.Model().rowCount, 50);
 }
 
 TEST(ChartViewerTest, ReadsOutThePointerAndTwoCursors) {
@@ -271,7 +272,7 @@ TEST(ChartViewerTest, CutsNoTextInAnyLanguage) {
     ChartViewer viewer(language);
     const auto window = [&]() -> QWidget& { return viewer.user.Window(); };
     viewer.user.Do([&] {
-      viewer.form.sldPointsPerDivision.SetValue(1310);
+      viewer.form.scroll.sldPointsPerDivision.SetValue(1310);
       window().resize(window().minimumSize());
     });
     viewer.user.Until("the least size", [&] { return window().size() == window().minimumSize(); }).Then([&] {

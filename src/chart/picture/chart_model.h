@@ -69,9 +69,9 @@ struct ChartModel {
   std::vector<ChartSeries> series;
 };
 
-/// The name of a chart type, for the user. @param type 0 to 7, the numbers of ChartKind
-[[nodiscard]] constexpr Text ChartTypeName(int type) noexcept {
-  return static_cast<Text>(static_cast<int>(Text::kChart3DBar) + type);
+/// The name of a chart type, for the user.
+[[nodiscard]] constexpr Text ChartTypeName(ChartKind kind) noexcept {
+  return static_cast<Text>(static_cast<int>(Text::kChart3DBar) + static_cast<int>(kind));
 }
 
 [[nodiscard]] constexpr bool Is3d(ChartKind kind) noexcept {

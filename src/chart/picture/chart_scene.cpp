@@ -31,4 +31,9 @@ void PaintChart(const ChartModel& model, const NumberFormat& format, Canvas& can
   BuildChartScene(model, canvas.Extent(), canvas, format).scene.Paint(canvas);
 }
 
+Bitmap DrawPicture(const ChartModel& model, const NumberFormat& format, Size size, double scale,
+                   PictureRenderer& renderer) {
+  return renderer.Render(size, scale, [&](Canvas& canvas) { PaintChart(model, format, canvas); });
+}
+
 }  // namespace chartproject

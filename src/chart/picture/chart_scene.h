@@ -6,6 +6,7 @@
 #include "chart/picture/chart_model.h"
 #include "chart/picture/plot.h"
 #include "chart/picture/scene.h"
+#include "forms/picture_renderer.h"
 #include "platform/locale.h"
 
 namespace chartproject {
@@ -27,5 +28,9 @@ struct ChartScene {
 
 /// Works out and paints in one go, over the whole canvas.
 void PaintChart(const ChartModel& model, const NumberFormat& format, Canvas& canvas);
+
+/// The chart as a picture. @param size in pixels of the screen; @param scale dots to the pixel, more than 1 for paper
+[[nodiscard]] Bitmap DrawPicture(const ChartModel& model, const NumberFormat& format, Size size, double scale,
+                                 PictureRenderer& renderer);
 
 }  // namespace chartproject

@@ -1,96 +1,20 @@
-// Properties, data, painting and input of the chart control.
+// Painting and input of the chart control.
 #include "chart/window/chart_control.h"
 
-#include <limits>
-
-#include "platform/run_time_error.h"
-
 namespace chartproject {
-namespace {
-
-constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
-constexpr int kMostPenStyles = 6;
-
-void CheckProperty(bool valid, const char* property) {
-  if (valid) return;
-  throw RunTimeError(error_number::kInvalidPropertyValue, std::string("Invalid value for the chart's ") + property);
-}
-
-[[noreturn]] void ThrowSubscript(const char* what, int index) {
-  throw RunTimeError(error_number::kSubscriptOutOfRange,
-                     std::string("The chart has no ") + what + " " + std::to_string(index));
-}
-
-}  // namespace
 
 ChartControl::ChartControl(Form& form, std::string_view name) : DrawnControl(form, "MSChart", name) {}
 
 void ChartControl::ModelChanged() {
   const bool wasPainted = chart_.has_value();
   chart_.reset();
-  // Many properties change between two paintings: one request is enough.
+  // The model may change more than once between two paintings: one request is enough.
   if (wasPainted) Invalidate();
 }
 
-void ChartControl::ResetToDefaults() {
-  model_ = ChartModel();
-  ModelChanged();
-}
-
-void ChartControl::SetChartType(int type) {
-  CheckProperty(type >= 0 && type <= 7, "type");
-  model_.kind = static_cast<ChartKind>(type);
-  ModelChanged();
-}
-
-void ChartControl::SetTitles(std::string title, std::string categoryTitle, std::string valueTitle) {
-  model_.title = std::move(title);
-  model_.categoryTitle = std::move(categoryTitle);
-  model_.valueTitle = std::move(valueTitle);
-  ModelChanged();
-}
-
-void ChartControl::SetLegendVisible(bool visible) {
-  model_.legendVisible = visible;
-  ModelChanged();
-}
-
-PenNumber ChartControl::GridPen(ChartAxis axis) const noexcept {
-  switch (axis) {
-    case ChartAxis::kX:
-      return model_.categoryGrid;
-    case ChartAxis::kY:
-      return model_.valueGrid;
-    default:
-      return model_.secondValueGrid;
-  }
-}
-
-void ChartControl::SetGridPen(ChartAxis axis, PenNumber style) {
-  CheckProperty(style >= 0 && style <= kMostPenStyles, "grid pen");
-  PenNumber& pen = axis == ChartAxis::kX   ? model_.categoryGrid
-                   : axis == ChartAxis::kY ? model_.valueGrid
-                                           : model_.secondValueGrid;
-  pen = style;
-  ModelChanged();
-}
-
-void ChartControl::SetWallPen(PenNumber style) {
-  CheckProperty(style >= 0 && style <= kMostPenStyles, "wall pen");
-  model_.wallPen = style;
-  ModelChanged();
-}
-
-void ChartControl::SetBackdrop(Color brush, FrameStyle frame) {
-  model_.backdrop = brush;
-  model_.backdropFilled = true;
-  model_.frame = frame;
-  ModelChanged();
-}
-
-void ChartControl::SetCategoryScale(const CategoryScale& scale) {
-  CheckProperty(scale.divisionsPerLabel > 0 && scale.divisionsPerTick > 0, "category scale");
-  model_.categoryScale = scale;
+void ChartControl::SetModel(ChartModel model) {
+  model_ = std::move(model);
+  if (pointerRow_ && *pointerRow_ >= model_.rowCount) MovePointer(std::nullopt);
   ModelChanged();
 }
 
@@ -99,95 +23,10 @@ void ChartControl::SetNumberFormat(const NumberFormat& format) {
   ModelChanged();
 }
 
-void ChartControl::SetColumnCount(int count) {
-  CheckProperty(count >= 0, "column count");
-  const std::size_t before = model_.series.size();
-  model_.series.resize(static_cast<std::size_t>(count));
-  for (std::size_t column = before; column < model_.series.size(); ++column) {
-    model_.series[column].color = kSeriesColors[column % kSeriesColors.size()];
-    model_.series[column].values.assign(static_cast<std::size_t>(model_.rowCount), kGap);
-  }
-  ModelChanged();
-}
-
-void ChartControl::SetRowCount(int count) {
-  CheckProperty(count >= 0, "row count");
-  model_.rowCount = count;
-  for (ChartSeries& series : model_.series) series.values.resize(static_cast<std::size_t>(count), kGap);
-  if (pointerRow_ && *pointerRow_ >= count) MovePointer(std::nullopt);
-  ModelChanged();
-}
-
-void ChartControl::SetFirstRowLabel(std::int64_t first) {
-  model_.firstRowLabel = first;
-  ModelChanged();
-}
-
-std::int64_t ChartControl::RowLabel(int row) const {
-  CheckRow(row);
-  return model_.firstRowLabel + row;
-}
-
-void ChartControl::SetDataPoint(int column, int row, double value) {
-  CheckRow(row);
-  SeriesAt(column).values[static_cast<std::size_t>(row)] = value;
-  ModelChanged();
-}
-
-double ChartControl::DataPoint(int column, int row) const {
-  CheckRow(row);
-  return SeriesAt(column).values[static_cast<std::size_t>(row)];
-}
-
-void ChartControl::SetColumn(int column, std::vector<double> values) {
-  ChartSeries& series = SeriesAt(column);
-  CheckProperty(values.size() == static_cast<std::size_t>(model_.rowCount), "column values");
-  series.values = std::move(values);
-  ModelChanged();
-}
-
-void ChartControl::SetColumnLabel(int column, std::string label) {
-  SeriesAt(column).label = std::move(label);
-  ModelChanged();
-}
-
-void ChartControl::SetShowLine(int column, bool show) {
-  SeriesAt(column).showLine = show;
-  ModelChanged();
-}
-
-bool ChartControl::ShowLine(int column) const {
-  return SeriesAt(column).showLine;
-}
-
-void ChartControl::SetShowMarker(int column, bool show) {
-  SeriesAt(column).showMarker = show;
-  ModelChanged();
-}
-
-bool ChartControl::ShowMarker(int column) const {
-  return SeriesAt(column).showMarker;
-}
-
-ChartSeries& ChartControl::SeriesAt(int column) {
-  if (column < 0 || column >= ColumnCount()) ThrowSubscript("column", column);
-  return model_.series[static_cast<std::size_t>(column)];
-}
-
-const ChartSeries& ChartControl::SeriesAt(int column) const {
-  if (column < 0 || column >= ColumnCount()) ThrowSubscript("column", column);
-  return model_.series[static_cast<std::size_t>(column)];
-}
-
-void ChartControl::CheckRow(int row) const {
-  if (row < 0 || row >= model_.rowCount) ThrowSubscript("row", row);
-}
-
 Bitmap ChartControl::CopyPicture(PictureRenderer& renderer, double scale) {
   const Size placed{Place().width, Place().height};
   const bool hasPlace = placed.width >= 1 && placed.height >= 1;
-  return renderer.Render(hasPlace ? placed : PreferredSize(), scale,
-                         [this](Canvas& canvas) { PaintChart(model_, format_, canvas); });
+  return DrawPicture(model_, format_, hasPlace ? placed : PreferredSize(), scale, renderer);
 }
 
 void ChartControl::Paint(Canvas& canvas) {
@@ -198,12 +37,8 @@ void ChartControl::Paint(Canvas& canvas) {
 
 void ChartControl::PaintOverlay(Canvas& canvas) {
   if (!chart_) return;
-  // Between a reset and the new rows the pointer's row may not be there.
-  const bool pointerShows = pointerRow_ && *pointerRow_ < model_.rowCount;
-  const ChartOverlay overlay{pointerShows ? pointerRow_ : std::nullopt,
-                             {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)},
-                             readout_,
-                             cursorReadout_};
+  const ChartOverlay overlay{
+      pointerRow_, {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)}, readout_, cursorReadout_};
   BuildOverlay(overlay, model_, *chart_, canvas).Paint(canvas);
 }
 
@@ -257,7 +92,7 @@ void ChartControl::MouseLeft() {
 
 void ChartControl::MousePressed(const MouseInput& input) {
   const auto row = RowAt(input.at);
-  if (row) SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, RowLabel(*row));
+  if (row) SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, model_.firstRowLabel + *row);
 }
 
 bool ChartControl::WheelTurned(int notches) {

@@ -1,4 +1,4 @@
-// The chart control `mscChart1`: properties and data of one chart, drawn on Canvas, with readout and measuring cursors.
+// The chart control `mscChart1`: one chart, drawn on Canvas, with readout and measuring cursors.
 #pragma once
 
 #include <array>
@@ -17,58 +17,19 @@
 
 namespace chartproject {
 
-/// The axes and grids whose pens can be set.
-enum class ChartAxis { kX, kY, kSecondY };
-
 /// The two measuring cursors: a click places the first, a click with Shift the second.
 enum class MeasuringCursor { kFirst = 0, kSecond = 1 };
 
-/// Rows and columns count from 0. A column or row outside the counts throws RunTimeError 9, a property value outside
-/// its range RunTimeError 380. Every setter has the chart painted again; the picture is worked out once a painting.
+/// Shows a chart model as it is given: the properties of a chart are fields of the model.
 class ChartControl : public DrawnControl {
  public:
   ChartControl(Form& form, std::string_view name);
 
-  // Properties. ------------------------------------------------------------------------------------------------------
-  /// Everything as it was when the control was made, without data. Cursors and number format stay.
-  void ResetToDefaults();
-  /// 0 to 7. @see ChartKind
-  [[nodiscard]] int ChartType() const noexcept { return static_cast<int>(model_.kind); }
-  void SetChartType(int type);
-  void SetTitles(std::string title, std::string categoryTitle, std::string valueTitle);
-  void SetLegendVisible(bool visible);
-  /// Pen of an axis' major grid: 0 none, 1 solid.
-  [[nodiscard]] PenNumber GridPen(ChartAxis axis) const noexcept;
-  void SetGridPen(ChartAxis axis, PenNumber style);
-  /// Pen around the plot's walls: 0 none to 6.
-  void SetWallPen(PenNumber style);
-  /// Fills the plot's backdrop and draws its frame.
-  void SetBackdrop(Color brush, FrameStyle frame);
-  void SetCategoryScale(const CategoryScale& scale);
+  /// Shows another chart. Cursors and number format stay.
+  void SetModel(ChartModel model);
+  [[nodiscard]] const ChartModel& Model() const noexcept { return model_; }
   /// How value labels are written.
   void SetNumberFormat(const NumberFormat& format);
-
-  // Data. ------------------------------------------------------------------------------------------------------------
-  /// One column a series. New columns are gaps in the colour of their place; those that stay keep data and properties.
-  void SetColumnCount(int count);
-  [[nodiscard]] int ColumnCount() const noexcept { return static_cast<int>(model_.series.size()); }
-  /// New rows are gaps.
-  void SetRowCount(int count);
-  [[nodiscard]] int RowCount() const noexcept { return model_.rowCount; }
-  /// Labels all the rows at once: row r is labelled `first` + r.
-  void SetFirstRowLabel(std::int64_t first);
-  [[nodiscard]] std::int64_t RowLabel(int row) const;
-  /// NaN is a gap.
-  void SetDataPoint(int column, int row, double value);
-  [[nodiscard]] double DataPoint(int column, int row) const;
-  /// All the values of a column at once; a count other than RowCount throws RunTimeError 380.
-  void SetColumn(int column, std::vector<double> values);
-  void SetColumnLabel(int column, std::string label);
-  void SetShowLine(int column, bool show);
-  [[nodiscard]] bool ShowLine(int column) const;
-  void SetShowMarker(int column, bool show);
-  [[nodiscard]] bool ShowMarker(int column) const;
-  [[nodiscard]] const ChartModel& Model() const noexcept { return model_; }
 
   // Picture. ---------------------------------------------------------------------------------------------------------
   /// The chart alone, at its size on the form (its preferred size while it has none).
@@ -111,9 +72,6 @@ class ChartControl : public DrawnControl {
   bool KeyPressed(Key pressed, bool shift) override;
 
  private:
-  ChartSeries& SeriesAt(int column);
-  [[nodiscard]] const ChartSeries& SeriesAt(int column) const;
-  void CheckRow(int row) const;
   void ModelChanged();
   void MovePointer(std::optional<int> row);
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;

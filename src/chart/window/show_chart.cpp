@@ -43,7 +43,8 @@ void PrintFromClipboard(Component& component, ChartForm& window) {
       ShowMessage(component, LoadMessage(component, Text::kPrintQuestion), box_style::kYesNo + box_style::kQuestion);
   if (answer != box_answer::kYes) return;
   picture = PictureOnClipboard(component);
-  ChartPage page = window.DescribePage(std::move(picture));
+  ChartPage page = window.DescribePage();
+  page.picture = std::move(picture);
   StatusForm status(component);
   page.showStatus = [&status](const std::string& text) { status.ShowText(text); };
   PrintChartPage(component, page);

@@ -3,10 +3,7 @@
 
 #include <limits>
 
-#include "chart/file/chart_source.h"
-#include "chart/window/scroll_range.h"
 #include "common/values/numbers.h"
-#include "forms/form_host.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
@@ -16,7 +13,7 @@ namespace chartproject {
 
 namespace {
 
-constexpr int kMostPoints = 2'000'000'000;
+constexpr int kLastPoint = 2'000'000'000;
 
 std::vector<std::string> SplitList(const std::string& text) {
   std::vector<std::string> parts(1);
@@ -51,60 +48,39 @@ void ChartPictureOptions::AddTo(CLI::App& command) {
 
 ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   Choice choice;
-  ChartSettings& settings = choice.settings;
-  settings.chartType = ParseNumber(type_, "--type", 0, 7);
-  settings.pointsPerDivision =
+  ChartLook& look = choice.look;
+  look.kind = static_cast<ChartKind>(ParseNumber(type_, "--type", 0, 7));
+  choice.pointsPerDivision =
       CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
-  choice.first = ParseNumber(first_, "--first", 1, kMostPoints);
-  choice.grid = ParseSwitch(grid_, "--grid");
-  choice.markers = ParseSwitch(markers_, "--markers");
-  choice.lines = ParseSwitch(lines_, "--lines");
+  choice.first = ParseNumber(first_, "--first", 1, kLastPoint);
+  look.grid = ParseSwitch(grid_, "--grid");
+  look.markers = ParseSwitch(markers_, "--markers");
+  look.lines = ParseSwitch(lines_, "--lines");
   if (scales_.empty()) return choice;
   const std::vector<std::string> scales = SplitList(scales_);
-  if (scales.size() > settings.scales.size()) throw RefusedError("--scale: four numbers at most");
+  if (scales.size() > look.scales.size()) throw RefusedError("--scale: four numbers at most");
   for (std::size_t s = 0; s < scales.size(); ++s) {
     constexpr int kMostScale = std::numeric_limits<std::int16_t>::max();
-    settings.scales[s] = CheckedInteger16(ParseNumber(scales[s], "--scale", 1, kMostScale));
+    look.scales[s] = CheckedInteger16(ParseNumber(scales[s], "--scale", 1, kMostScale));
   }
   return choice;
 }
 
-ChartPictureForm::ChartPictureForm(FormHost& forms, Size size)
-    : Form(forms, "frmPicture", [](const auto& /*routine*/, const auto& /*error*/) {}) {
-  chart_.SetPlace({0, 0, size.width, size.height});
-}
-
-void ChartPictureForm::Build(Ports& ports, const std::string& fileName, ChartPictureOptions::Choice choice,
-                             ChartHeader& header) {
-  ChartSource source(ports);
-  source.Open(fileName, header);
-  if (!source.HasPoints()) throw RunTimeError(kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
-  ChartSettings& settings = choice.settings;
-  const std::int64_t start = std::int64_t{source.FirstLine()} + choice.first - 1;
-  const std::int64_t end = start + SliceLength(settings.pointsPerDivision);
-  const int columns = source.NamedSeries() == 0 ? kColumnCount : source.NamedSeries();
-  const SliceReading reading = source.Read(CheckedInteger32(start), CheckedInteger32(end), columns);
-  if (reading.end == SliceEnd::kMalformedLine) {
+void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice) {
+  view.Open(fileName);
+  if (!view.HasPoints()) throw RunTimeError(kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
+  view.SetPointsPerDivision(choice.pointsPerDivision);
+  view.ScrollTo(std::int64_t{view.FirstLine()} + choice.first - 1);
+  if (view.Load() == SliceEnd::kMalformedLine) {
     constexpr std::size_t kMostShown = 80;
     throw RunTimeError(kInvalidFileFormat, Text::kLineIsNotAPoint,
-                       {fileName, std::to_string(reading.malformedLine), reading.malformedText.substr(0, kMostShown)});
+                       {fileName, std::to_string(view.Fault().number), view.Fault().text.substr(0, kMostShown)});
   }
-  if (reading.slice.RowCount() == 0 && choice.first > 1) {
-    const std::int64_t held = reading.slice.lastLine - source.FirstLine() + 1;
+  if (view.Shown().RowCount() == 0 && choice.first > 1) {
+    const std::int64_t held = view.Shown().lastLine - view.FirstLine() + 1;
     throw RefusedError("--first: the file holds " + std::to_string(held) + " points, there is no point " +
                        std::to_string(choice.first));
   }
-  settings.series = source.NamedSeries() == 0 ? reading.slice.columnsInUse : source.NamedSeries();
-  settings.firstLine = source.FirstLine();
-  chart_.SetNumberFormat(ports.locale.Numbers());
-  BuildChart(chart_, reading.slice, settings);
-  ShowGrid(chart_, choice.grid);
-  ShowMarkers(chart_, choice.markers);
-  ShowLines(chart_, choice.lines);
-}
-
-Bitmap ChartPictureForm::Picture(double scale) {
-  return chart_.CopyPicture(*Host().Pictures(), scale);
 }
 
 }  // namespace chartproject

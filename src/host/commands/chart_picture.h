@@ -2,12 +2,10 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
 #include <string>
 
-#include "chart/window/chart_building.h"
-#include "forms/form.h"
-#include "platform/ports.h"
-#include "recording/chart_header.h"
+#include "chart/view/chart_view.h"
 
 namespace chartproject {
 
@@ -18,11 +16,9 @@ class ChartPictureOptions {
 
   /// What the texts of the options mean. Throws RefusedError that names the option.
   struct Choice {
-    ChartSettings settings;
+    ChartLook look;
+    std::int16_t pointsPerDivision = 1;
     int first = 1;
-    bool grid = false;
-    bool markers = false;
-    bool lines = true;
   };
   [[nodiscard]] Choice Parse() const;
 
@@ -36,24 +32,9 @@ class ChartPictureOptions {
   std::string lines_ = "on";
 };
 
-/// A form that is never shown: the chart control's home.
-class ChartPictureForm : public Form {
- public:
-  /// @param forms draws pictures (FormHost::Pictures is not null); @param size of the chart in pixels
-  ChartPictureForm(FormHost& forms, Size size);
-
-  /// Reads the slice and builds its chart. @param fileName full name; @param header takes the file's header
-  /// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a first point that
-  /// the file does not have.
-  void Build(Ports& ports, const std::string& fileName, ChartPictureOptions::Choice choice, ChartHeader& header);
-
-  /// @param scale dots to the pixel
-  [[nodiscard]] Bitmap Picture(double scale);
-  /// Series shown, 1 to 4.
-  [[nodiscard]] int SeriesCount() const noexcept { return chart_.ColumnCount(); }
-
- private:
-  ChartControl chart_{*this, "mscChart1"};
-};
+/// Opens a chart file in a view and loads the chosen slice. @param fileName full name
+/// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a first point that the
+/// file does not have.
+void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice);
 
 }  // namespace chartproject

@@ -2,11 +2,8 @@
 #include <ostream>
 
 #include "chart/output/chart_page.h"
-#include "chart/picture/series_label.h"
-#include "common/environment/language.h"
+#include "chart/picture/chart_scene.h"
 #include "common/error_log.h"
-#include "common/values/numbers.h"
-#include "drive/driver_file.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/chart_picture.h"
@@ -38,10 +35,12 @@ class PrintCommand : public Command {
     Component& component = session.Instance().State();
     component.strChartFileName = FullName(file_);
 
-    ChartPictureForm form(desktop.Forms(), kPictureSize);
-    form.Build(component.ports, component.strChartFileName, choice, component.chartHeader);
-    ChartPage page = Describe(component, choice, form.SeriesCount());
-    page.picture = form.Picture(kPictureScale);
+    ChartView view(component.ports, component.chartHeader);
+    LoadChosenSlice(view, component.strChartFileName, choice);
+    NameSeries(view, component);
+    ChartPage page = view.Page(component, choice.look);
+    page.picture = DrawPicture(view.Model(choice.look), component.ports.locale.Numbers(), kPictureSize, kPictureScale,
+                               *desktop.Forms().Pictures());
     page.showStatus = [&session](const std::string& text) {
       if (!text.empty()) session.Err() << text << "\n";
     };
@@ -49,40 +48,13 @@ class PrintCommand : public Command {
   }
 
  private:
-  static ChartPage Describe(Component& component, const ChartPictureOptions::Choice& choice, int seriesCount) {
-    ChartPage page;
-    page.fileName = component.strChartFileName;
-    page.header = component.chartHeader;
-    page.grid = choice.grid;
-    page.marker = choice.markers;
-    page.line = choice.lines;
-    page.chartType = LoadMessage(component, ChartTypeName(choice.settings.chartType));
-    const ParameterTable* const table = LoadNames(component);
-    const ChartHeader& header = component.chartHeader;
-    const NumberFormat& format = component.ports.locale.Numbers();
-    const std::string* const numbers[] = {&header.PXXX1, &header.PXXX2, &header.PXXX3, &header.PXXX4};
-    for (std::size_t s = 0; s < static_cast<std::size_t>(seriesCount); ++s) {
-      const auto parameter = HeaderParameter(*numbers[s], format);
-      page.series.push_back({HeaderParameterName(*numbers[s], format),
-                             table != nullptr && parameter ? table->At(*parameter).name : std::string(),
-                             std::to_string(choice.settings.scales[s])});
-    }
-    return page;
-  }
-
-  /// The tables of the drive that the file was recorded from; null when the project has no such drive, or no driver
-  /// file for it: the page then shows the parameters' numbers alone.
-  static const ParameterTable* LoadNames(Component& component) {
-    std::int16_t address = 0;
+  /// A file of a drive that the project does not have is printed with the parameters' numbers alone.
+  static void NameSeries(ChartView& view, Component& component) {
     try {
-      address = ToInteger16(component.chartHeader.DriveAddress, component.ports.locale.Numbers());
-      if (component.driveTable.At(address).Type.empty()) return nullptr;
-      LoadDriverFile(component, address);
+      if (!component.driveTable.At(view.DriveAddress()).Type.empty()) view.NameSeries(component);
     } catch (const RunTimeError& error) {
-      NoteRunTimeError(component, "LoadDriverFile", error);  // the page is worth printing without names
-      return nullptr;
+      NoteRunTimeError(component, "NameSeries", error);  // an address outside the table
     }
-    return &component.parameterTables.At(address);
   }
 
   std::string file_;

@@ -1,5 +1,6 @@
 // render FILE --output PNG: the chart of a slice as a picture file, drawn without a display.
 #include "backends/posix/part_file.h"
+#include "chart/picture/chart_scene.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/chart_picture.h"
@@ -31,13 +32,15 @@ class RenderCommand : public Command {
     const std::string chartFile = FullName(file_);
     const std::string output = FullName(output_);
     RefuseOutputOnto(chartFile, output);
-    ChartPictureForm form(session.UseDesktop(DesktopMode::kOffscreen).Forms(), size);
+    PictureRenderer& renderer = *session.UseDesktop(DesktopMode::kOffscreen).Forms().Pictures();
+    Ports& ports = session.ThePorts();
     ChartHeader header;
-    form.Build(session.ThePorts(), chartFile, choice, header);
-    const std::string png = PngBytes(form.Picture(1));
+    ChartView view(ports, header);
+    LoadChosenSlice(view, chartFile, choice);
+    const std::string png = PngBytes(DrawPicture(view.Model(choice.look), ports.locale.Numbers(), size, 1, renderer));
     // A picture that had the name is there until the new one is complete.
     PartFile part(output);
-    const auto file = session.ThePorts().files.Create(part.Name());
+    const auto file = ports.files.Create(part.Name());
     file->Write(png);
     file->FlushAndClose();
     part.Commit();

@@ -1,5 +1,5 @@
 // Parameter numbers of a header, which may hold anything.
-#include "chart/picture/series_label.h"
+#include "chart/view/series_label.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // Scroll bar numbers in checked 16- and 32-bit arithmetic.
-#include "chart/window/scroll_range.h"
+#include "chart/view/scroll_range.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,5 +1,5 @@
 // The lines of the information box, in their order.
-#include "chart/window/info_text.h"
+#include "chart/view/info_text.h"
 
 #include "common/environment/language.h"
 #include "common/values/text.h"
