@@ -41,7 +41,6 @@ class ChartSource {
   /// Throws RunTimeError when the file cannot be read.
   [[nodiscard]] SliceReading Read(std::int32_t startLine, std::int32_t endLine, int columns,
                                   const ScanProgress& progress = {});
-  [[nodiscard]] const LineIndex& Index() const noexcept { return index_; }
 
  private:
   [[nodiscard]] std::uint64_t HeaderPrint(InputFile& file) const;

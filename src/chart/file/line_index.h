@@ -47,8 +47,6 @@ class LineIndex {
   /// Looks at the whole file, so that LastLine is the file's last line. False when given up.
   bool ScanToEnd(InputFile& file, const ScanProgress& progress = {});
 
-  [[nodiscard]] std::size_t MemoryInBytes() const noexcept { return offsets_.capacity() * sizeof(std::uint64_t); }
-
  private:
   [[nodiscard]] LinePlace NearestTo(std::int64_t line) const;
   bool ScanOn(InputFile& file, std::int64_t line, const ScanProgress& progress);
