@@ -5,8 +5,8 @@
 
 #include "chart/view/info_text.h"
 #include "chart/view/series_label.h"
-#include "common/error_log.h"
 #include "common/environment/language.h"
+#include "common/error_log.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 

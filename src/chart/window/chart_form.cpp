@@ -1,13 +1,13 @@
 // The chart window: files, slices, and what its sections ask for.
 #include "chart/window/chart_form.h"
 
+#include "common/environment/language.h"
 #include "common/environment/settings_io.h"
 #include "common/error_log.h"
 #include "common/form_appearance.h"
+#include "common/form_translation.h"
 #include "common/message_box.h"
 #include "common/sounds.h"
-#include "common/environment/language.h"
-#include "common/form_translation.h"
 
 namespace chartproject {
 namespace {
@@ -34,10 +34,15 @@ ChartForm::~ChartForm() = default;
 
 void ChartForm::NumberTexts() {
   SetTag(TextNumber(Text::kChartFile));
-  const std::initializer_list<std::pair<Control*, Text>> captions{
-      {&scales.lblScaleMsg, Text::kScale}, {&scales.cmdUpdateChart, Text::kUpdateChart}, {&switches.lblChartType, Text::kChartType},
-      {&switches.chkGrid, Text::kGrid},   {&switches.chkLine, Text::kLine},      {&switches.chkMarker, Text::kMarker},
-      {&output.cmdExport, Text::kExport},   {&output.cmdPrint, Text::kPrint},       {&output.cmdOK, Text::kOk}};
+  const std::initializer_list<std::pair<Control*, Text>> captions{{&scales.lblScaleMsg, Text::kScale},
+                                                                  {&scales.cmdUpdateChart, Text::kUpdateChart},
+                                                                  {&switches.lblChartType, Text::kChartType},
+                                                                  {&switches.chkGrid, Text::kGrid},
+                                                                  {&switches.chkLine, Text::kLine},
+                                                                  {&switches.chkMarker, Text::kMarker},
+                                                                  {&output.cmdExport, Text::kExport},
+                                                                  {&output.cmdPrint, Text::kPrint},
+                                                                  {&output.cmdOK, Text::kOk}};
   for (const auto& [control, message] : captions) control->SetTag(TextNumber(message));
   const std::initializer_list<std::pair<Control*, Text>> toolTips{
       {&output.cmdExport, Text::kExportTip}, {&output.cmdPrint, Text::kPrintTip}, {&output.cmdOK, Text::kOkTip}};
@@ -127,8 +132,9 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   view_.Open(strFileName);
   if (component_.driveTable.At(view_.DriveAddress()).Type.empty()) {
     ShowMessage(component_,
-                LoadMessage(component_, Text::kCannotLoad) + strFileName + "\r\n" + LoadMessage(component_, Text::kAddress) +
-                    component_.chartHeader.DriveAddress + LoadMessage(component_, Text::kDoesNotExist),
+                LoadMessage(component_, Text::kCannotLoad) + strFileName + "\r\n" +
+                    LoadMessage(component_, Text::kAddress) + component_.chartHeader.DriveAddress +
+                    LoadMessage(component_, Text::kDoesNotExist),
                 box_style::kExclamation);
     return;
   }
@@ -204,7 +210,8 @@ void ChartForm::TakeFurtherPointsIn() {
 void ChartForm::ReportMalformedLine() {
   const MalformedLine& line = view_.Fault();
   const std::string text = component_.ports.codePage.Decode(std::string_view(line.text).substr(0, kShownLineLength));
-  ShowMessage(component_, LoadMessage(component_, Text::kLineError) + std::to_string(line.number) + " : <<" + text + ">>",
+  ShowMessage(component_,
+              LoadMessage(component_, Text::kLineError) + std::to_string(line.number) + " : <<" + text + ">>",
               box_style::kExclamation);
 }
 

@@ -36,8 +36,7 @@ bool ReadingSection::ShowProgress(double part) {
     return true;
   }
   shownAt_ = now;
-  lblStatus.SetCaption(
-      FillIn(LoadMessage(env_, Text::kReadingFile), {std::to_string(static_cast<int>(part * 100))}));
+  lblStatus.SetCaption(FillIn(LoadMessage(env_, Text::kReadingFile), {std::to_string(static_cast<int>(part * 100))}));
   env_.forms.KeepAlive();
   return !env_.ports.keyboard.EscapePressed() && !closing_;
 }

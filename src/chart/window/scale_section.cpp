@@ -3,9 +3,9 @@
 
 #include <limits>
 
+#include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/message_box.h"
-#include "common/environment/language.h"
 #include "common/values/numbers.h"
 
 namespace chartproject {
