@@ -2,6 +2,7 @@
 // test, the blinking lamp, the question, and moments to the millisecond from scripted plants.
 #include "acquire/run/event_watch.h"
 #include "dialog_fixture.h"
+#include "drive/parameter_read.h"
 #include "links/scenario_link.h"
 #include "recording/trigger_events.h"
 
@@ -307,7 +308,8 @@ TEST_F(EventWatchTest, ComparesWhatARecordingWouldKeep) {
   for (const auto& [model, parameter, texts, code] : cases) {
     component.driveTable.At(1).Type = model;
     plant.texts = texts;
-    EXPECT_EQ(TestEvent(component, {21, static_cast<std::int16_t>(parameter), 50}), code) << model << " " << code;
+    EXPECT_EQ(TestEvent(component, {TriggerEvent::kEqual, static_cast<std::int16_t>(parameter), 50}), code)
+        << model << " " << code;
   }
 }
 

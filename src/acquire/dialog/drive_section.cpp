@@ -161,7 +161,8 @@ void DriveSection::cboDriveAddress_Click() {
     LoadDriver(address);
   } catch (const RunTimeError& error) {
     ClearParameterLists();
-    if (std::exchange(driverFileError_, error.Description(component_.language)) == driverFileError_) return;  // shown already
+    if (std::exchange(driverFileError_, error.Description(component_.language)) == driverFileError_)
+      return;  // shown already
     throw;
   }
   for (ComboBox* list : ParameterLists()) FillParameterList(component_, address, *list);

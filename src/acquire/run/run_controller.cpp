@@ -233,7 +233,8 @@ void RunController::ReportWriting(const ChartWriteResult& result) {
       result.keptFile.empty() ? std::string() : LoadMessage(component_, Text::kPointsSavedOn) + result.keptFile;
   if (result.kind == ChartWriteResult::Kind::kRowsInSpool) {
     const NumberFormat& format = component_.ports.locale.Numbers();
-    Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace), format) + kept);
+    Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace), format) +
+         kept);
   } else if (result.kind == ChartWriteResult::Kind::kFailed) {
     Warn(result.reason + kept);
   }

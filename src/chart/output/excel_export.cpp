@@ -164,17 +164,13 @@ class Export {
       ShowMessage(component_, LoadMessage(component_, Text::kExportStopped), box_style::kInformation);
       return ExportOutcome::kGivenUp;
     } catch (const std::exception& error) {
-      return FailWith(AsRunTimeError(error));
+      EndApplication();
+      LogRunTimeError(component_, kRoutine, AsRunTimeError(error));
+      return ExportOutcome::kFailed;
     }
   }
 
  private:
-  ExportOutcome FailWith(const RunTimeError& error) {
-    EndApplication();
-    LogRunTimeError(component_, kRoutine, error);
-    return ExportOutcome::kFailed;
-  }
-
   ExportOutcome Steps() {
     if (target_ == request_.chartFile) {
       throw RunTimeError(error_number::kPathFileAccess, Text::kExportOntoItself, {target_});

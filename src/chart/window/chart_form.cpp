@@ -8,16 +8,13 @@
 #include "common/form_translation.h"
 #include "common/message_box.h"
 #include "common/sounds.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 namespace {
 
 /// So much of a malformed line is shown.
 constexpr std::size_t kShownLineLength = 200;
-
-std::string BaseName(const std::string& fileName) {
-  return fileName.substr(fileName.find_last_of("/\\") + 1);
-}
 
 }  // namespace
 
@@ -138,7 +135,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
                 box_style::kExclamation);
     return;
   }
-  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + BaseName(strFileName));
+  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + std::string(BaseName(strFileName)));
   view_.NameSeries(component_);
   {
     const ReadingSection::Scope counting(reading);

@@ -13,8 +13,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr int kLastPoint = 2'000'000'000;
-
 std::vector<std::string> SplitList(const std::string& text) {
   std::vector<std::string> parts(1);
   for (const char c : text) {
@@ -52,7 +50,7 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   look.kind = static_cast<ChartKind>(ParseNumber(type_, "--type", 0, 7));
   choice.pointsPerDivision =
       CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
-  choice.first = ParseNumber(first_, "--first", 1, kLastPoint);
+  choice.first = ParseNumber(first_, "--first", 1, kMostPoints);
   look.grid = ParseSwitch(grid_, "--grid");
   look.markers = ParseSwitch(markers_, "--markers");
   look.lines = ParseSwitch(lines_, "--lines");
