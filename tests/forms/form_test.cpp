@@ -176,18 +176,26 @@ TEST_F(FormTest, ButtonsChooseTheirAccessKeysFirstAndNoLetterIsGivenTwice) {
   CommandButton save(plain, "cmdSave");
   CheckBox line(plain, "chkLine");
   CheckBox full(plain, "chkFull");
+  CheckBox none(plain, "chkNone");
+  Frame frame(plain, "fraFile");
+  TextBox hidden(plain, "txtHidden");
+  MaskEdBox masked(plain, "mebShown", "##");
   const std::pair<Control*, const char*> designed[] = {
-      {&number, "Número"},   {&hint, "Hint"},         {&start, "Start"}, {&stop, "Stop"},
-      {&save, "R&&D &Save"}, {&line, "1 Lost Start"}, {&full, "ST"}};
+      {&number, "Número"},     {&hint, "Hint"}, {&start, "Start"}, {&stop, "Stop"}, {&save, "R&&D &Save"},
+      {&line, "1 Lost Start"}, {&full, "ST"},   {&none, "S"},      {&frame, "File"}};
   for (const auto& [control, caption] : designed) control->SetCaption(caption);
 
   EXPECT_EQ(FieldOf(plain, number), &field);
   EXPECT_EQ(FieldOf(plain, hint), nullptr);
+  EXPECT_EQ(FieldOf(plain, frame), &hidden);
+  hidden.SetVisible(false);
+  EXPECT_EQ(FieldOf(plain, frame), &masked);
   const auto captions = CaptionsWithAccessKeys(plain);
   const std::map<const Control*, std::string> expected = {
-      {&save, "R&&D &Save"}, {&start, "S&tart"}, {&stop, "St&op"}, {&line, "1 &Lost Start"}, {&number, "&Número"}};
+      {&save, "R&&D &Save"}, {&start, "St&art"},   {&stop, "St&op"}, {&line, "1 &Lost Start"},
+      {&full, "S&T"},        {&number, "&Número"}, {&frame, "&File"}};
   EXPECT_EQ((std::map<const Control*, std::string>(captions.begin(), captions.end())),
-            expected);  // both letters of "ST" are taken
+            expected);  // "Start" gave its letter to "ST"; the only one of "S" cannot be freed
 }
 
 /// Ten pixels a caption's character, twenty a line; a wrapping label breaks anywhere.

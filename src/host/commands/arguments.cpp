@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <regex>
 
+#include "acquire/dialog/input_rules.h"
 #include "drive/parameter_tables.h"
 #include "host/commands/command.h"
 

@@ -3,14 +3,15 @@
 
 #include <string>
 
-#include "acquire/dialog/input_rules.h"
 #include "platform/clock.h"
 
 namespace chartproject {
 
+enum class TimeUnit;
+
 /// Time between points: its unit and the text that is typed for it.
 struct TimeBetweenPoints {
-  TimeUnit unit = TimeUnit::kSeconds;
+  TimeUnit unit{};
   std::string text;
 };
 

@@ -12,6 +12,7 @@
 #include "backends/qt/qt_text.h"
 #include "forms/access_keys.h"
 #include "forms/controls.h"
+#include "forms/flag_scope.h"
 
 namespace chartproject {
 
@@ -81,6 +82,7 @@ void QtFormView::UpdateLayout() {
   if (moved || !sized_) SetTabOrder();
   if (form_.Layout().children.empty() && form_.Layout().control == nullptr) return;
 
+  const FlagScope resizing(resizing_);  // a larger least size makes the window grow
   const QSize screen = window_->screen()->availableSize();
   window_->setMinimumSize(LeastSize().boundedTo(screen));
   if (!sized_) {
@@ -96,9 +98,8 @@ void QtFormView::UpdateLayout() {
 
 void QtFormView::ResizeToNeed() {
   if (window_->isMaximized()) return;
-  resizing_ = true;
+  const FlagScope resizing(resizing_);
   window_->resize(wanted_.expandedTo(window_->minimumSize()));
-  resizing_ = false;
 }
 
 void QtFormView::Resized() {
