@@ -2,6 +2,7 @@
 // test, the blinking lamp, the question, and moments to the millisecond from scripted plants.
 #include "acquire/run/event_watch.h"
 #include "dialog_fixture.h"
+#include "drive/parameter_read.h"
 #include "links/scenario_link.h"
 #include "recording/trigger_events.h"
 

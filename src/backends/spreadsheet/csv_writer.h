@@ -7,9 +7,9 @@
 
 namespace chartproject {
 
-/// UTF-8, lines ended by CR LF, full stop as decimal separator, texts quoted where they must be, with an apostrophe before
-/// what a spreadsheet would take for a formula; the sheets follow each
-/// other without a mark, for they exist only because a sheet's rows are limited.
+/// UTF-8, lines ended by CR LF, full stop as decimal separator, texts quoted where they must be, with an apostrophe
+/// before what a spreadsheet would take for a formula; the sheets follow each other without a mark, for they exist only
+/// because a sheet's rows are limited.
 [[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName);
 
 }  // namespace chartproject
