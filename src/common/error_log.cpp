@@ -38,7 +38,8 @@ void ShowError(Environment& environment, const std::string& text) {
 }  // namespace
 
 std::string ErrorLogFile(const Environment& environment) {
-  return JoinPath(environment.settings.strBin, "Kestrel.log");
+  const std::string& folder = environment.settings.strBin;
+  return JoinPath(folder.empty() ? environment.profileFolder : folder, "Kestrel.log");
 }
 
 void NoteRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {

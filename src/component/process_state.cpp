@@ -10,12 +10,13 @@ void ProcessState::Give(Component& component) const {
   component.driveTable = remembered_.driveTable;
   component.strChartFileName = remembered_.strChartFileName;
   component.chartHeader = remembered_.chartHeader;
+  component.missingPictures = remembered_.missingPictures;
 }
 
 void ProcessState::Take(const Component& component) {
   const std::lock_guard lock(mutex_);
-  remembered_ = {component.language, component.helpFile, component.driveTable, component.strChartFileName,
-                 component.chartHeader};
+  remembered_ = {component.language,         component.helpFile,    component.driveTable,
+                 component.strChartFileName, component.chartHeader, component.missingPictures};
 }
 
 }  // namespace chartproject

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "recording/component.h"
 
@@ -26,6 +27,7 @@ class ProcessState {
     DriveTable driveTable;
     std::string strChartFileName;
     ChartHeader chartHeader;
+    std::vector<std::string> missingPictures;
   };
   mutable std::mutex mutex_;
   Remembered remembered_;

@@ -38,7 +38,7 @@ bool TakeLineOf(const std::string& fileName, std::int64_t number, DriverFilePars
   try {
     return parser.TakeLine(line);
   } catch (const RunTimeError& error) {
-    throw RunTimeError(error.Number(), fileName + ", line " + std::to_string(number) + ": " + error.Description());
+    throw error.At(Text::kFileLinePlace, {fileName, std::to_string(number)});
   }
 }
 

@@ -31,8 +31,8 @@ constexpr const char* kFooter =
     "     no file was written";
 
 constexpr const char* kCommandFooter =
-    "The program's own options (--profile, --link, --clock, --start, --answer) go before the command or behind it;\n"
-    "\"chartproject --help\" explains them.";
+    "The program's own options (--profile, --link, --clock, --start, --answer, --quiet) go before the command or\n"
+    "after it; \"chartproject --help\" explains them.";
 
 /// The global options as they are parsed.
 struct RawOptions {
@@ -41,6 +41,7 @@ struct RawOptions {
   std::string clock = "real";
   std::string answer = "no";
   std::string start;
+  bool quiet = false;
 };
 
 /// In the order of the help text; the last one runs when none is named.
@@ -69,6 +70,7 @@ void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--answer", raw.answer, "Answer to every question (default: no)")
       ->check(CLI::IsMember({"yes", "no"}).description(""))
       ->type_name("yes|no");
+  app.add_flag("--quiet", raw.quiet, "No progress on standard error; messages and errors stay");
 }
 
 GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
@@ -78,10 +80,11 @@ GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
   if (raw.link.starts_with(kScenario) && raw.link.size() > kScenario.size()) {
     options.link = std::string(kScenario) + FullName(raw.link.substr(kScenario.size()));
   } else if (raw.link != "sim") {
-    throw RefusedError("--link: \"" + raw.link + "\" is no drive link; write sim or scenario:FILE");
+    throw RefusedError("--link: \"" + raw.link + "\" is not a drive link; use sim or scenario:FILE");
   }
   options.clock = raw.clock == "virtual" ? ClockChoice::kVirtual : ClockChoice::kReal;
   options.answerYes = raw.answer == "yes";
+  options.quiet = raw.quiet;
   if (!raw.start.empty()) {
     if (options.clock != ClockChoice::kVirtual) throw RefusedError("--start goes with --clock virtual only");
     options.start = ParseDateTime(raw.start);
@@ -90,7 +93,7 @@ GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
 }
 
 ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, std::ostream& err) {
-  // A file-size limit is then an error of the write, told like a full disk, instead of the program's sudden end.
+  // A file-size limit is then an error of the write, reported like a full disk, instead of the program's sudden end.
   std::signal(SIGXFSZ, SIG_IGN);
   Session session(ReadGlobalOptions(raw), out, err);
   const ExitCode code = command.Run(session);
@@ -112,7 +115,7 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
   subcommands.reserve(commands.size());
   for (const auto& command : commands) subcommands.push_back(command->AddTo(app));
   app.footer(kFooter);  // only now: every subcommand would show it too
-  // Global options are understood behind the command as well.
+  // Global options are understood after the command as well.
   for (CLI::App* const subcommand : app.get_subcommands({})) subcommand->fallthrough()->footer(kCommandFooter);
   try {
     app.parse(argc, argv);

@@ -62,6 +62,14 @@ class RunTimeError : public std::runtime_error {
     return languages_.empty() ? what() : languages_[static_cast<std::size_t>(language)];
   }
   [[nodiscard]] const std::string& Source() const noexcept { return source_; }
+  /// The same error with its place, a text filled with the values, before the description.
+  [[nodiscard]] RunTimeError At(Text place, std::initializer_list<std::string> values) const {
+    RunTimeError placed(number_, FillIn(TextIn(Language::kEnglish, place), values) + what(), source_);
+    for (const LanguageRow& row : kLanguages) {
+      placed.languages_.push_back(FillIn(TextIn(row.language, place), values) + Description(row.language));
+    }
+    return placed;
+  }
 
  private:
   static std::vector<std::string> InAllLanguages(Text text, std::initializer_list<std::string> values) {

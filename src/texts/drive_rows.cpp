@@ -12,6 +12,9 @@ constexpr auto kRows = std::to_array<TextRow>({
      "Error en la linea %1 en el driver %2"},
     {Text::kUnknownUnit, "Erro : driver com unidade desconhecida %1", "Error : driver with unknown unit %1",
      "Error : driver con unidad desconocida : %1"},
+    {Text::kFileLinePlace, "%1, linha %2: ", "%1, line %2: ", "%1, línea %2: "},
+    {Text::kModelShowsNoNumbers, "O modelo %1 não mostra números, exceto em P006.",
+     "The model %1 shows no numbers, except in P006.", "El modelo %1 no muestra números, salvo en P006."},
 });
 static_assert(InOrder(kRows, Text::kDriverLineError), "every text has its row, in the order of the enumeration");
 

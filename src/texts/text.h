@@ -127,22 +127,26 @@ enum class Text : std::uint16_t {
   kBrowseTip,
 
   // The chart window, its page and its export (chart_rows.cpp).
-  kExportStopped,       ///< "The export was stopped. No file was written."
-  kExportSkippedLines,  ///< "%1 line(s) ... left out; the first is line %2."
-  kExportTooLarge,      ///< "... %1 points would fit."
-  kPointsPerDivision,   ///< "Points per division: %1"
-  kReadingFile,         ///< "Reading the file: %1 % (Esc stops)"
-  kReadingStopped,      ///< "Stopped. The chart stays where it was."
-  kFewerPoints,         ///< the file holds %1 points, its header names %2
-  kMorePoints,          ///< the file goes on behind point %1, the last one of its header
-  kUnknownPoints,       ///< the header names no number of points; the file holds %1
-  kUnknownSeries,       ///< the header names no 1 to 4 parameters; %1 columns are shown
-  kNoPointLines,        ///< the file holds a header only
-  kNoParameterNames,    ///< no driver file: %1 is the reason
-  kReadoutPoint,        ///< "Point %1, %2"  %2 its time
-  kCursorPoint,         ///< "Cursor %1: point %2, %3"
-  kCursorDifference,    ///< "Difference: %1 points, %2"
-  kChartTip,            ///< how to place and remove the cursors
+  kExportStopped,        ///< "The export was stopped. No file was written."
+  kExportSkippedLines,   ///< "%1 line(s) ... left out; the first is line %2."
+  kExportTooLarge,       ///< "... %1 points would fit."
+  kExportNeedsSpace,     ///< the workbook needs %1, the disk has %2
+  kExportWithoutPoints,  ///< the file holds 0 points
+  kExporting,            ///< "Exporting: %1 % (Esc stops)"
+  kCellPlace,            ///< "line %1, column %2: ", before what is wrong there
+  kPointsPerDivision,    ///< "Points per division: %1"
+  kReadingFile,          ///< "Reading the file: %1 % (Esc stops)"
+  kReadingStopped,       ///< "Stopped. The chart stays where it was."
+  kFewerPoints,          ///< the file holds %1 points, its header names %2
+  kMorePoints,           ///< the file goes on behind point %1, the last one of its header
+  kUnknownPoints,        ///< the header names no number of points; the file holds %1
+  kUnknownSeries,        ///< the header names no 1 to 4 parameters; %1 columns are shown
+  kNoPointLines,         ///< the file holds a header only
+  kNoParameterNames,     ///< no driver file: %1 is the reason
+  kReadoutPoint,         ///< "Point %1, %2"  %2 its time
+  kCursorPoint,          ///< "Cursor %1: point %2, %3"
+  kCursorDifference,     ///< "Difference: %1 points, %2"
+  kChartTip,             ///< how to place and remove the cursors
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
@@ -169,8 +173,10 @@ enum class Text : std::uint16_t {
   kHelpFileUnreadable,
 
   // Drives and driver files (drive_rows.cpp).
-  kDriverLineError,  ///< %1 line, %2 file
-  kUnknownUnit,      ///< %1 keyword and parameter
+  kDriverLineError,      ///< %1 line, %2 file
+  kUnknownUnit,          ///< %1 keyword and parameter
+  kFileLinePlace,        ///< "%1, line %2: ", before what is wrong there
+  kModelShowsNoNumbers,  ///< %1 model
 
   // Descriptions of run-time errors (error_rows.cpp).
   kDialogAlreadyOpen,
@@ -193,6 +199,7 @@ enum class Text : std::uint16_t {
   kBuiltWithoutPrinting,
   kBuiltWithoutWindows,
   kNoDisplay,
+  kDisplayNotReached,  ///< %1 display
   kWindowNotMade,
   kControlNotMade,
   kCellTextTooLong,
@@ -202,9 +209,10 @@ enum class Text : std::uint16_t {
   kDiskTooLarge,
   kOverflow,
   kTypeMismatch,
+  kSettingsFileTooLarge,  ///< %1 file
+  kSettingsLineSkipped,   ///< "the line is not understood and is left out: %1"
   kSettingOverflow,
   kSettingTypeMismatch,
-  kUnknownSetting,
   kApplicationMember,
   kApplicationFailed,
   kWithoutObject,

@@ -86,16 +86,7 @@ void AcquireForm::OnLoad() {
 }
 
 void AcquireForm::LoadPictures() {
-  // A missing picture is no reason to refuse the dialog: the back end has its own.
-  const auto orDefault = [this](const char* routine, const std::function<void()>& load) {
-    try {
-      load();
-    } catch (const RunTimeError& error) {
-      NoteRunTimeError(component_, routine, error);
-    }
-  };
-  orDefault("SetFormIcon", [this] { SetFormIcon(component_, *this); });
-  orDefault("LoadButtonCursor", [this] { LoadButtonCursor(component_); });
+  LoadFormPictures(component_, *this);
   SetButtonCursor(component_, cmdOK);
 }
 

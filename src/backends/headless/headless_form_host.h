@@ -30,6 +30,7 @@ class HeadlessFormHost : public FormHost {
 
   [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
   void RunModal(Form& form) override;
+  [[nodiscard]] bool ShowsWindows() const noexcept override { return false; }
   [[nodiscard]] Size ScreenSize() const override { return {1280 * kTwipsPerPixel, 1024 * kTwipsPerPixel}; }
   [[nodiscard]] PictureRenderer* Pictures() noexcept override { return pictures; }
   void KeepAlive() override {

@@ -24,6 +24,7 @@ class SettingsStoreIni : public SettingsStore {
   void Write(std::string_view section, std::span<const StoredSetting> settings) override;
 
   [[nodiscard]] const std::string& FileName() const noexcept { return fileName_; }
+  [[nodiscard]] const std::string& Folder() const noexcept { return folder_; }
   /// $XDG_CONFIG_HOME, or .config in the user's home folder.
   [[nodiscard]] static std::string UserFolder();
 

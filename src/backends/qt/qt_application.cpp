@@ -30,11 +30,13 @@ bool QtApplication::notify(QObject* receiver, QEvent* event) {
   return false;
 }
 
-void QtApplication::SetLanguage(const QString& language) {
+void QtApplication::SetLanguage(Language language) {
+  if (language == language_) return;
+  language_ = language;
   removeTranslator(&translator_);
-  if (translator_.load(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    installTranslator(&translator_);
-  }
+  if (language == Language::kEnglish) return;
+  const QString name = language == Language::kPortuguese ? QStringLiteral("qtbase_pt_BR") : QStringLiteral("qtbase_es");
+  if (translator_.load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) installTranslator(&translator_);
 }
 
 }  // namespace chartproject

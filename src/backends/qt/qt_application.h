@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "texts/language.h"
+
 namespace chartproject {
 
 class QtApplication : public QApplication {
@@ -18,12 +20,13 @@ class QtApplication : public QApplication {
 
   bool notify(QObject* receiver, QEvent* event) override;
 
-  /// Translates Qt's own dialogs where the system has their texts. @param language for example "pt_BR"
-  void SetLanguage(const QString& language);
+  /// Translates Qt's own dialogs where the system has their texts.
+  void SetLanguage(Language language);
 
  private:
   FaultReporter reporter_;
   QTranslator translator_;
+  Language language_ = Language::kEnglish;  ///< Qt's own
 };
 
 }  // namespace chartproject

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "common/environment/settings.h"
 #include "platform/ports.h"
@@ -25,8 +26,10 @@ struct Environment {
   Settings settings{};
   Language language = Language::kPortuguese;
   std::string helpFile{};
-  bool bDecimalPoint = true;       ///< the user's locale writes decimals with a full stop
-  std::string buttonCursorFile{};  ///< the hand cursor of buttons, once loaded
+  std::string profileFolder{};  ///< where the error log goes while strBin is empty; empty on the host's own system
+  std::vector<std::string> missingPictures{};  ///< reported already: once a process is enough
+  bool bDecimalPoint = true;                   ///< the user's locale writes decimals with a full stop
+  std::string buttonCursorFile{};              ///< the hand cursor of buttons, once loaded
 };
 
 }  // namespace chartproject

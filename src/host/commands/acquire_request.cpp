@@ -5,6 +5,8 @@
 
 #include "acquire/dialog/input_rules.h"
 #include "common/values/numbers.h"
+#include "drive/driver_file.h"
+#include "drive/unit_codes.h"
 #include "host/commands/command.h"
 #include "recording/trigger_events.h"
 
@@ -14,8 +16,8 @@ namespace {
 
 class FormFiller {
  public:
-  FormFiller(AcquireForm& form, const AcquireRequest& request, const ConsoleDialogs& boxes)
-      : form_(form), request_(request), boxes_(boxes) {}
+  FormFiller(AcquireForm& form, const AcquireRequest& request, Component& component, const ConsoleDialogs& boxes)
+      : form_(form), request_(request), component_(component), boxes_(boxes) {}
 
   void Fill() {
     form_.file.rtfFileName.SetText(request_.fileName);
@@ -70,12 +72,14 @@ class FormFiller {
         Find("--address", form_.drive.cboDriveAddress, address, "there is no drive " + address));
   }
 
-  /// A driver file may have told of faulty lines and be good for the rest; one that is missing leaves the lists empty.
+  /// A driver file may have faulty lines and be good for the rest; one that cannot be used leaves the lists empty.
   void CheckDriver() const {
     const std::string drive = form_.drive.cboDriveAddress.Text();
-    if (!drive.empty() && form_.drive.cboPXXX1.ListCount() == 0) {
-      throw StepFailed("drive " + drive + ": there is no driver file that names its parameters");
-    }
+    if (drive.empty() || form_.drive.cboPXXX1.ListCount() > 0) return;
+    const std::string file = DriverFileName(component_, CheckedInteger16(std::stoi(drive)));
+    const bool there = component_.ports.files.FileExists(file);
+    throw StepFailed("drive " + drive + ": " +
+                     (there ? "the driver file " + file + " gives no parameters" : "there is no driver file " + file));
   }
 
   void ChooseParameters() {
@@ -88,7 +92,11 @@ class FormFiller {
   }
 
   void ChooseParameter(const std::string& option, ComboBox& list, const std::string& text) {
-    const std::string number = FormatDigits(ParseNumber(text, option, 0, kParameterCount - 1), 3);
+    const int parameter = ParseParameter(text, option);
+    if (parameter == kUnusedParameter) {
+      throw RefusedError(option + ": 999 marks a column that is not in use; it cannot be recorded");
+    }
+    const std::string number = ParameterDigits(parameter);
     const std::string drive = form_.drive.cboDriveAddress.Text();
     Choose(option, list, number,
            drive.empty() ? "choose a drive with --address first" : "drive " + drive + " has no parameter P" + number);
@@ -118,13 +126,14 @@ class FormFiller {
 
   AcquireForm& form_;
   const AcquireRequest& request_;
+  Component& component_;
   const ConsoleDialogs& boxes_;
 };
 
 }  // namespace
 
-void FillAndStart(AcquireForm& form, const AcquireRequest& request, const ConsoleDialogs& boxes) {
-  FormFiller filler(form, request, boxes);
+void FillAndStart(AcquireForm& form, const AcquireRequest& request, Component& component, const ConsoleDialogs& boxes) {
+  FormFiller filler(form, request, component, boxes);
   filler.Fill();
   filler.Press();
 }

@@ -1,11 +1,11 @@
 // acquire: records on the acquisition dialog without a window, or opens it in one.
-#include <unistd.h>
-
 #include <exception>
 #include <ostream>
 
 #include "backends/posix/keyboard_signals.h"
+#include "common/environment/language.h"
 #include "common/values/text.h"
+#include "drive/drive_models.h"
 #include "host/commands/acquire_request.h"
 #include "host/commands/command.h"
 #include "host/commands/progress.h"
@@ -27,7 +27,7 @@ std::string EventCodes() {
 class HeadlessRecording {
  public:
   HeadlessRecording(Session& session, const AcquireRequest& request)
-      : session_(session), request_(request), progress_(session.Err(), isatty(STDERR_FILENO) != 0) {}
+      : session_(session), request_(request), progress_(session.Err(), ProgressKindFor(session.Options().quiet)) {}
 
   ExitCode Run() {
     HeadlessFormHost& host = session_.Headless();
@@ -54,7 +54,12 @@ class HeadlessRecording {
     };
     form->runEnded = [this](const RunReport& report) { report_ = report; };
     try {
-      FillAndStart(*form, request_, session_.Console());
+      Component& component = session_.Instance().State();
+      FillAndStart(*form, request_, component, session_.Console());
+      const std::string& model = component.driveTable.At(form->Run().Plan().driveAddress).Type;
+      if (!ShowsValues(model)) {
+        session_.Err() << FillIn(LoadMessage(component, Text::kModelShowsNoNumbers), {model}) << "\n" << std::flush;
+      }
       if (form->Run().State() == RunState::kArmed) progress_.Note("waiting for " + request_.trigger);
     } catch (const std::runtime_error&) {  // a refusal, or a step that failed
       refusal_ = std::current_exception();
@@ -72,8 +77,8 @@ class HeadlessRecording {
     if (!form->Run().Active()) form->Unload();
   }
 
-  /// A handler let an error out while the recording ran. What the dialog told before, for example of the selected
-  /// drive that another one has taken the place of, is no matter of the recording.
+  /// A handler let an error out while the recording ran. Errors shown before the start (for example about a drive that
+  /// was then replaced) do not count.
   [[nodiscard]] bool Failed() const { return session_.Console().ErrorCount() > errorsBefore_; }
 
   [[nodiscard]] ExitCode Outcome() {

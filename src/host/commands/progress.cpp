@@ -1,6 +1,8 @@
 // Progress as text.
 #include "host/commands/progress.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -12,7 +14,8 @@ namespace chartproject {
 
 namespace {
 
-constexpr auto kLeastTimeBetween = std::chrono::milliseconds(100);
+constexpr auto kBetweenBars = std::chrono::milliseconds(100);
+constexpr auto kBetweenLines = std::chrono::minutes(1);
 constexpr int kBarWidth = 24;
 
 }  // namespace
@@ -34,19 +37,26 @@ std::string ProgressBarText(std::int64_t done, std::int64_t total, int width) {
   return std::string(static_cast<std::size_t>(full), '#') + std::string(static_cast<std::size_t>(width - full), '-');
 }
 
+ProgressKind ProgressKindFor(bool quiet) {
+  if (quiet) return ProgressKind::kNone;
+  return isatty(STDERR_FILENO) != 0 ? ProgressKind::kBar : ProgressKind::kLines;
+}
+
 void Progress::Show(std::int64_t done, std::int64_t total) {
+  if (kind_ == ProgressKind::kNone) return;
+  const bool bar = kind_ == ProgressKind::kBar;
   const auto now = SteadyClock::now();
   if (!begun_) {
     begun_ = true;
     begin_ = now;
+    shown_ = bar ? now - kBetweenBars : now;
     first_ = done;
-  } else if (now - shown_ < kLeastTimeBetween && done < total) {
-    return;
   }
+  if (now - shown_ < (bar ? SteadyClock::duration(kBetweenBars) : kBetweenLines) && done < total) return;
   shown_ = now;
   const double seconds = std::chrono::duration<double>(now - begin_).count();
   const double rate = seconds > 0 ? static_cast<double>(done - first_) / seconds : 0;
-  if (terminal_) {
+  if (bar) {
     // Blanks at the end cover a longer line from before.
     RestartLine(out_);
     out_ << "[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate) << "    ";
@@ -58,6 +68,7 @@ void Progress::Show(std::int64_t done, std::int64_t total) {
 }
 
 void Progress::Note(const std::string& text) {
+  if (kind_ == ProgressKind::kNone) return;
   EndLine();
   out_ << text << "\n" << std::flush;
 }

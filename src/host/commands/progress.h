@@ -1,4 +1,4 @@
-// How a recording's progress is told: a bar on a terminal, plain lines elsewhere.
+// How a recording's progress is shown: a bar on a terminal, plain lines elsewhere.
 #pragma once
 
 #include <chrono>
@@ -8,16 +8,23 @@
 
 namespace chartproject {
 
-/// Shown no more often than every tenth of a second of real time, whatever clock the recording runs on; the last point
-/// is always shown.
+enum class ProgressKind {
+  kNone,   ///< --quiet
+  kLines,  ///< a file or a pipe: a line once a minute
+  kBar     ///< a terminal: one line that is written over, at most ten times a second
+};
+
+/// What standard error is good for.
+[[nodiscard]] ProgressKind ProgressKindFor(bool quiet);
+
+/// Times are of the real clock, whatever clock the recording runs on; the last point is always shown.
 class Progress {
  public:
-  /// @param terminal one line that is written over; otherwise a line for each time
-  Progress(std::ostream& out, bool terminal) : out_(out), terminal_(terminal) {}
+  Progress(std::ostream& out, ProgressKind kind) : out_(out), kind_(kind) {}
 
   /// @param done points taken so far, all of them kept already; @param total points of the recording
   void Show(std::int64_t done, std::int64_t total);
-  /// A line about the recording that is no point, for example that it waits for its trigger.
+  /// A line about the recording that is not a point, for example that it waits for its trigger.
   void Note(const std::string& text);
   /// Ends a line that is being written over, so that other output starts on a line of its own.
   void EndLine();
@@ -25,7 +32,7 @@ class Progress {
  private:
   using SteadyClock = std::chrono::steady_clock;
   std::ostream& out_;
-  bool terminal_;
+  ProgressKind kind_;
   bool lineOpen_ = false;
   bool begun_ = false;
   SteadyClock::time_point begin_;  ///< of the first point

@@ -21,19 +21,30 @@ namespace chartproject {
 
 namespace {
 
-/// Qt ends a program whose display it cannot reach; that end is made one that users and scripts can read.
-void HandleQtMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-  if (type != QtCriticalMsg && type != QtFatalMsg) return;  // warnings are for developers
-  std::cerr << "chartproject: " << text.toStdString() << std::endl;
-  if (type == QtFatalMsg) std::_Exit(static_cast<int>(ExitCode::kRunTimeError));
-}
-
-bool HasDisplay() {
+/// The display by its first name in the environment; empty when there is none.
+std::string DisplayName() {
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
     const char* const value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return true;
+    if (value != nullptr && *value != '\0') return value;
   }
-  return false;
+  return {};
+}
+
+[[noreturn]] void EndWith(const std::string& sentence) {
+  std::cerr << "chartproject: " << sentence << std::endl;
+  std::_Exit(static_cast<int>(ExitCode::kRunTimeError));
+}
+
+void HandleQtMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type == QtFatalMsg) EndWith(text.toStdString());
+  if (type == QtCriticalMsg) std::cerr << "chartproject: " << text.toStdString() << std::endl;
+}
+
+/// While the application is made: Qt ends a program whose display it cannot reach, after sentences about its plugins.
+void HandleStartMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+  if (type != QtFatalMsg) return;
+  const RunTimeError error(error_number::kCannotCreateObject, Text::kDisplayNotReached, {DisplayName()});
+  EndWith("error " + std::to_string(error.Number()) + ": " + error.Description());
 }
 
 std::optional<std::string> AskForPdfName(Language language) {
@@ -49,7 +60,11 @@ class QtDesktop : public Desktop {
  public:
   QtDesktop(DesktopMode mode, Clock& clock, std::function<Language()> language)
       : application_(argumentCount_, arguments_.data()),
-        language_(std::move(language)),
+        language_([this, language = std::move(language)] {
+          const Language now = language();
+          application_.SetLanguage(now);  // Qt's own words follow before the box that asks is made
+          return now;
+        }),
         help_(language_),
         dialogs_(help_, language_),
         printer_(mode == DesktopMode::kScreen ? PdfNameSource([this] { return AskForPdfName(language_()); })
@@ -101,13 +116,15 @@ class QtDesktop : public Desktop {
 }  // namespace
 
 std::unique_ptr<Desktop> OpenDesktop(DesktopMode mode, Clock& clock, std::function<Language()> language) {
-  qInstallMessageHandler(HandleQtMessage);
+  qInstallMessageHandler(HandleStartMessage);
   if (mode == DesktopMode::kOffscreen) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  } else if (!HasDisplay()) {
+  } else if (DisplayName().empty()) {
     throw RunTimeError(error_number::kCannotCreateObject, Text::kNoDisplay);
   }
-  return std::make_unique<QtDesktop>(mode, clock, std::move(language));
+  auto desktop = std::make_unique<QtDesktop>(mode, clock, std::move(language));
+  qInstallMessageHandler(HandleQtMessage);
+  return desktop;
 }
 
 }  // namespace chartproject

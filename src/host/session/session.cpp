@@ -72,8 +72,9 @@ Session::Session(const GlobalOptions& options, std::ostream& out, std::ostream& 
 Session::~Session() = default;
 
 Desktop& Session::UseDesktop(DesktopMode mode) {
-  const auto language = [&store = outside_->settings] {
-    return LanguageNamed(store.Read("MyConf", "strLanguage").value_or("")).value_or(Language::kEnglish);
+  const auto language = [this] {
+    if (instance_) return instance_->State().language;  // what was chosen since is not in the store yet
+    return LanguageNamed(outside_->settings.Read("MyConf", "strLanguage").value_or("")).value_or(Language::kEnglish);
   };
   desktop_ = OpenDesktop(mode, *outside_->clock.clock, language);
   onScreen_ = mode == DesktopMode::kScreen;
@@ -112,7 +113,10 @@ DriveLinkFactory& Session::Links() {
 }
 
 ChartClass& Session::Instance() {
-  if (!instance_) instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links(), process_);
+  if (!instance_) {
+    instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links(), process_);
+    instance_->State().profileFolder = outside_->settings.Folder();
+  }
   return *instance_;
 }
 

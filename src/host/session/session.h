@@ -31,6 +31,7 @@ struct GlobalOptions {
   ClockChoice clock = ClockChoice::kReal;
   std::optional<DateTime> start;  ///< local time at which a virtual clock starts; the real time when not given
   bool answerYes = false;         ///< the answer to every question
+  bool quiet = false;             ///< no progress on standard error
 };
 
 /// Made once the options are known. Ports are headless until UseDesktop; the instance is made when it is first asked

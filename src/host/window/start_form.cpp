@@ -63,11 +63,7 @@ void StartForm::OnLoad() {
   const Size screen = component_.forms.ScreenSize();
   SetLeft((screen.width - Width()) / 2);
   SetTop((screen.height - Height()) / 2);
-  try {
-    SetFormIcon(component_, *this);
-  } catch (const RunTimeError& error) {
-    NoteRunTimeError(component_, "SetFormIcon", error);  // the back end has an icon of its own
-  }
+  LoadFormPictures(component_, *this);
 }
 
 void StartForm::ShowTexts() {
