@@ -4,15 +4,13 @@
 # In every build: a container that is used out of its bounds ends the program instead of reading on.
 add_compile_definitions(_GLIBCXX_ASSERTIONS)
 
-# Names of files in the sources are seen from the project, wherever it lies.
-add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=")
-
 # Sanitizers bring their own checks, and what is built without optimisation cannot be fortified.
 set(CHARTPROJECT_HARDENED OFF)
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set(CHARTPROJECT_HARDENED ON)
-  add_compile_options(-U_FORTIFY_SOURCE -fstack-protector-strong)
-  add_compile_definitions(_FORTIFY_SOURCE=2)
+  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
+  # No name in the file depends on where the project lies.
+  add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=")
 endif()
 
 if(WIN32)
