@@ -12,6 +12,9 @@ constexpr auto kRows = std::to_array<TextRow>({
      "Error en la linea %1 en el driver %2"},
     {Text::kUnknownUnit, "Erro : driver com unidade desconhecida %1", "Error : driver with unknown unit %1",
      "Error : driver con unidad desconocida : %1"},
+    {Text::kMoreDriverFaults, "O driver %2 tem mais %1 linha(s) com erro ou unidade desconhecida.",
+     "Driver %2 has %1 more line(s) with an error or an unknown unit.",
+     "El driver %2 tiene %1 línea(s) más con un error o una unidad desconocida."},
 });
 static_assert(InOrder(kRows, Text::kDriverLineError), "every text has its row, in the order of the enumeration");
 

@@ -169,8 +169,9 @@ enum class Text : std::uint16_t {
   kHelpFileUnreadable,
 
   // Drives and driver files (drive_rows.cpp).
-  kDriverLineError,  ///< %1 line, %2 file
-  kUnknownUnit,      ///< %1 keyword and parameter
+  kDriverLineError,   ///< %1 line, %2 file
+  kUnknownUnit,       ///< %1 keyword and parameter
+  kMoreDriverFaults,  ///< %1 number of further faults, %2 file
 
   // Descriptions of run-time errors (error_rows.cpp).
   kDialogAlreadyOpen,
@@ -209,6 +210,7 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
+  kFileTooLarge,  ///< %1 file, %2 its size and %3 the largest size in MB
 
   kCount
 };

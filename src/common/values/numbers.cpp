@@ -105,7 +105,8 @@ class NumberScanner {
 
 /// Of a plain number too large or too small for its type: true when it is too small and reads as 0.
 bool IsTiny(std::string_view plain) {
-  // Far beyond any type's range, and far enough from the integer's own that adding the mantissa's digits cannot overflow.
+  // Far beyond any type's range, and far enough from the integer's own that adding the mantissa's digits cannot
+  // overflow.
   constexpr std::int64_t kMostExponent = std::int64_t{1} << 40;
   const std::size_t exponentAt = plain.find_first_of("eE");
   std::int64_t exponent = 0;
