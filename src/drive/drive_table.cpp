@@ -35,6 +35,8 @@ void TakeDriveLine(std::string_view line, DriveRecord& record) {
 
 void LoadDriveFile(DriveContext& context, const std::string& fileName, DriveRecord& record) {
   const auto file = context.ports.files.OpenForReading(fileName);
+  constexpr std::uint64_t kMostMegabytes = 16;
+  RefuseLargeFile(fileName, file->Identity().size, kMostMegabytes);
   LineReader reader(*file);
   for (TextLine line; reader.Next(line);) TakeDriveLine(context.ports.codePage.Decode(line.text), record);
 }

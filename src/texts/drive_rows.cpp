@@ -15,6 +15,9 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kFileLinePlace, "%1, linha %2: ", "%1, line %2: ", "%1, línea %2: "},
     {Text::kModelShowsNoNumbers, "O modelo %1 não mostra números, exceto em P006.",
      "The model %1 shows no numbers, except in P006.", "El modelo %1 no muestra números, salvo en P006."},
+    {Text::kMoreDriverFaults, "O driver %2 tem mais %1 linha(s) com erro ou unidade desconhecida.",
+     "Driver %2 has %1 more line(s) with an error or an unknown unit.",
+     "El driver %2 tiene %1 línea(s) más con un error o una unidad desconocida."},
 });
 static_assert(InOrder(kRows, Text::kDriverLineError), "every text has its row, in the order of the enumeration");
 

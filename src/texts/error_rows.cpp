@@ -76,6 +76,9 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kApplicationFailed, "%1 falhou.", "%1 failed.", "%1 falló."},
     {Text::kWithoutObject, "%1 não devolveu um objeto.", "%1 returned no object.", "%1 no devolvió ningún objeto."},
     {Text::kNoWorkbook, "Ainda não há planilha.", "There is no workbook yet.", "Todavía no hay ningún libro."},
+    {Text::kFileTooLarge, "%1: o arquivo tem %2 MB; um arquivo desse tipo tem no máximo %3 MB.",
+     "%1: the file has %2 MB; a file of this kind has at most %3 MB.",
+     "%1: el archivo tiene %2 MB; un archivo de este tipo tiene como máximo %3 MB."},
 });
 static_assert(InOrder(kRows, Text::kDialogAlreadyOpen), "every text has its row, in the order of the enumeration");
 

@@ -177,6 +177,7 @@ enum class Text : std::uint16_t {
   kUnknownUnit,          ///< %1 keyword and parameter
   kFileLinePlace,        ///< "%1, line %2: ", before what is wrong there
   kModelShowsNoNumbers,  ///< %1 model
+  kMoreDriverFaults,     ///< %1 number of further faults, %2 file
 
   // Descriptions of run-time errors (error_rows.cpp).
   kDialogAlreadyOpen,
@@ -217,6 +218,7 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
+  kFileTooLarge,  ///< %1 file, %2 its size and %3 the largest size in MB
 
   kCount
 };

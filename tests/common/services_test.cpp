@@ -58,7 +58,9 @@ TEST_F(ServicesTest, AFailingBoxOrHelpFolderLosesNothing) {
 
   fakes.dialogs.whileUp = [&](const MessageBoxRequest&) { fakes.files.folders.erase("/start"); };
   fakes.dialogs.answers = {box_answer::kNo};
-  EXPECT_EQ(ShowMessage(environment, "x", box_style::kYesNo), box_answer::kNo) << "the former folder is gone";
+  EXPECT_EQ(ShowMessage(environment, "x\r\n\x1B[2J", box_style::kYesNo), box_answer::kNo)
+      << "the former folder is gone";
+  EXPECT_EQ(fakes.dialogs.boxes.back().prompt, "x\r\n\\x1B[2J");
 }
 
 TEST_F(ServicesTest, ErrorsAreAppendedToTheLogAndShown) {
@@ -75,8 +77,8 @@ TEST_F(ServicesTest, ErrorsAreAppendedToTheLogAndShown) {
   EXPECT_EQ(fakes.dialogs.boxes[0].title, "ChartProject");
   EXPECT_EQ(fakes.dialogs.boxes[0].style, 0);
 
-  NoteRunTimeError(environment, "Form_Load", RunTimeError(53, "File not found: x.ico"));
-  EXPECT_THAT(fakes.files.Bytes("C:\\bin\\Kestrel.log"), testing::HasSubstr("File not found: x.ico"));
+  NoteRunTimeError(environment, "Form_Load", RunTimeError(53, "File not found: x\r\nHora = \x1B.ico"));
+  EXPECT_THAT(fakes.files.Bytes("C:\\bin\\Kestrel.log"), testing::HasSubstr("not found: x\\x0D\\x0AHora = \\x1B.ico"));
   EXPECT_EQ(fakes.dialogs.boxes.size(), 1U) << "a note disturbs nobody";
 }
 

@@ -17,7 +17,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre, ::testing::IsEmpty, ::testing::StartsWith;
+using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty, ::testing::StartsWith;
 
 struct DriveTest : ::testing::Test {
   FakePorts fakes;
@@ -103,6 +103,21 @@ TEST_F(DriverFileTest, ASecondLoadLeavesNothingOfTheFirst) {
   EXPECT_TRUE(Entry(2).present);
   EXPECT_EQ(ErrorOf([&] { fakes.files.Delete(kFile), LoadDriverFile(context, 7); }), 53);
   EXPECT_FALSE(Entry(2).present);
+}
+
+TEST_F(DriverFileTest, AfterTenFaultsOneBoxCountsTheOthersAndAHugeFileIsRefused) {
+  std::string text;
+  for (int i = 0; i < 3000; ++i) text += "nonsense\r\n#P003#a####none########\r\n";
+  const std::vector<std::string> boxes = Load(text);
+  ASSERT_EQ(boxes.size(), 11U);
+  EXPECT_THAT(boxes[8] + boxes[9], HasSubstr("Error in line 9 in driver C:\\Drivers\\"));
+  EXPECT_THAT(boxes[10], HasSubstr("has 5990 more line(s) with an error or an unknown unit."));
+  const std::string huge((std::size_t{16} << 20U) + 1, '\n');
+  EXPECT_EQ(ErrorOf([&] { Load(huge); }), 5);
+  context.settings.strMainFile = "x";
+  context.settings.strDriveFile[2] = "C:\\big.drv";
+  fakes.files.Put("C:\\big.drv", huge);
+  EXPECT_EQ(ErrorOf([&] { LoadDriveInfo(context, 0); }), 5);
 }
 
 TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {

@@ -78,6 +78,9 @@ TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
     EXPECT_THAT(error, HasSubstr("/plant.txt, line 3 is not understood: " + std::string(line)));
   }
   EXPECT_THROW(ScenarioLinkFactory(fakes.files, fakes.clock, "/missing.txt"), RunTimeError);
+  fakes.files.Put("/huge.txt", std::string((std::size_t{70} << 20U) + 1, '\n'));
+  EXPECT_EQ(ErrorTextOf([this] { ScenarioLinkFactory(fakes.files, fakes.clock, "/huge.txt"); }),
+            "5 /huge.txt: the file has 71 MB; a file of this kind has at most 64 MB.");
 }
 
 struct SimulatedTest : LinkTest {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/run_time_error.h"
+
 namespace chartproject {
 
 namespace {
@@ -15,6 +17,13 @@ const char* FindLineEnd(const char* from, std::size_t count) {
 }
 
 }  // namespace
+
+void RefuseLargeFile(const std::string& fileName, std::uint64_t size, std::uint64_t most) {
+  constexpr std::uint64_t kMegabyte = std::uint64_t{1} << 20U;
+  if (size <= most * kMegabyte) return;
+  throw RunTimeError(error_number::kInvalidProcedureCall, Text::kFileTooLarge,
+                     {fileName, std::to_string((size + kMegabyte - 1) / kMegabyte), std::to_string(most)});
+}
 
 LineReader::LineReader(InputFile& file, std::size_t limit, std::int64_t firstNumber, std::uint64_t firstOffset)
     : file_(file), limit_(limit), buffer_(limit + kBlockSize), number_(firstNumber), offset_(firstOffset) {}

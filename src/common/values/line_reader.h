@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,10 @@ struct TextLine {
   std::uint64_t offset = 0;  ///< byte offset of the line's first byte in the file
   bool cut = false;          ///< the line was longer than the limit; the text is its beginning
 };
+
+/// Refuses a file that is far larger than any real one of its kind: reading it would only fill the memory. Throws
+/// RunTimeError 5 with both sizes. @param most in MB (2^20 bytes); @param size in bytes
+void RefuseLargeFile(const std::string& fileName, std::uint64_t size, std::uint64_t most);
 
 /// Reads from a file's current place. A line ends at LF, at CR LF, or at the end of the file (then only when it holds
 /// anything). A line longer than the limit comes cut, its rest is passed over.
