@@ -8,8 +8,8 @@
 #include <cmath>
 #include <random>
 
-#include "chart/chart_scene.h"
-#include "platform/qt/qt_canvas.h"
+#include "backends/qt/qt_canvas.h"
+#include "chart/picture/chart_scene.h"
 
 namespace chartproject {
 namespace {

@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <iostream>
 
-#include "chart/chart_form.h"
-#include "chart/chart_source.h"
-#include "chart/scroll_range.h"
-#include "platform/posix/file_system_posix.h"
+#include "backends/posix/file_system_posix.h"
+#include "chart/file/chart_source.h"
+#include "chart/view/scroll_range.h"
+#include "chart/window/chart_form.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -53,7 +53,7 @@ struct Bench {
   Bench() {
     component.settings.strLanguage = "English";
     component.settings.strSound = "No";
-    component.languageBase = 1000;
+    component.language = Language::kEnglish;
     component.driveTable.At(1).Type = "KRA-09";
   }
 };
@@ -65,7 +65,7 @@ void OpenAndFirstSlice(benchmark::State& state) {
     ChartForm form(bench.component);
     form.Load();
     if (!form.OpenFile(name)) state.SkipWithError("cannot open the file");
-    benchmark::DoNotOptimize(form.mscChart1.RowCount());
+    benchmark::DoNotOptimize(form.mscChart1.Model().rowCount);
   }
 }
 BENCHMARK(OpenAndFirstSlice)->Arg(kShortFile)->Arg(kLongFile)->Unit(benchmark::kMillisecond);
@@ -99,8 +99,8 @@ void FirstJumpToTheEnd(benchmark::State& state) {
     form.Load();
     if (!form.OpenFile(name)) state.SkipWithError("cannot open the file");
     state.ResumeTiming();
-    form.hsbGraph.SetValue(form.hsbGraph.Maximum());
-    if (form.mscChart1.RowLabel(24) != kLongFile) state.SkipWithError("not at the end");
+    form.scroll.hsbGraph.SetValue(form.scroll.hsbGraph.Maximum());
+    if (form.mscChart1.Model().firstRowLabel + 24 != kLongFile) state.SkipWithError("not at the end");
   }
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * size);
 }
@@ -112,13 +112,13 @@ void LaterScroll(benchmark::State& state) {
   ChartForm form(bench.component);
   form.Load();
   if (!form.OpenFile(ChartFile(kLongFile))) state.SkipWithError("cannot open the file");
-  form.sldPointsPerDivision.SetValue(static_cast<int>(state.range(0)));
-  form.hsbGraph.SetValue(form.hsbGraph.Maximum());
+  form.scroll.sldPointsPerDivision.SetValue(static_cast<int>(state.range(0)));
+  form.scroll.hsbGraph.SetValue(form.scroll.hsbGraph.Maximum());
   int step = 0;
   for (auto _ : state) {
     constexpr int kStride = 7919;  // a prime: positions all over the file
-    form.hsbGraph.SetValue(++step * kStride % (form.hsbGraph.Maximum() + 1));
-    benchmark::DoNotOptimize(form.mscChart1.RowCount());
+    form.scroll.hsbGraph.SetValue(++step * kStride % (form.scroll.hsbGraph.Maximum() + 1));
+    benchmark::DoNotOptimize(form.mscChart1.Model().rowCount);
   }
 }
 BENCHMARK(LaterScroll)->ArgName("D")->Arg(1)->Arg(100)->Arg(kMostPointsPerDivision)->Unit(benchmark::kMillisecond);

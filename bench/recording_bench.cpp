@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "acquire/acquire_form.h"
-#include "acquire/chart_file.h"
-#include "platform/posix/file_system_posix.h"
+#include "acquire/dialog/acquire_form.h"
+#include "backends/posix/file_system_posix.h"
+#include "recording/chart_file.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -39,20 +39,20 @@ class BenchFolder {
 
 class InstantLink : public DriveLink {
  public:
-  void SetP210Value(std::int16_t /*value*/, std::int16_t& /*reply*/) override {}
-  void SetP529Value(std::int16_t /*value*/, std::int16_t& /*reply*/) override {}
-  void ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                     std::int16_t /*unitCode*/, std::int16_t& status) override {
-    status = 0;
+  void SetP210Value(std::int16_t /*value*/) override {}
+  void SetP529Value(std::int16_t /*value*/) override {}
+  bool ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
+                     std::int16_t /*unitCode*/) override {
+    return true;
   }
-  void ProbeParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                      std::int16_t /*unitCode*/, std::int16_t& status) override {
-    status = 0;
+  bool ProbeParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
+                      std::int16_t /*unitCode*/) override {
+    return true;
   }
-  void OpenLink(std::int16_t& result) override { result = 0; }
+  void OpenLink() override {}
   void CloseLink() override {}
-  void GetValue(double& value) override { value = 123.45; }
-  void GetText(std::string& text) override { text = "123.45"; }
+  double GetValue() override { return 123.45; }
+  std::string GetText() override { return "123.45"; }
 };
 
 struct InstantLinks : DriveLinkFactory {
@@ -78,17 +78,17 @@ void RecordInSpoolMode(benchmark::State& state) {
   component.settings.strDrivers = component.settings.strFolder = component.settings.strBin = folder.Name();
   component.settings.intSelectedDrive = 1;
   component.settings.strSound = "No";
-  component.languageBase = 1000;
+  component.language = Language::kEnglish;
   component.driveTable.At(1).Type = "LMX-01";
   std::ofstream(folder.File("LMX01E.wcd")) << "#3#Speed####DividedBy10F1#No#######\r\n";
   component.driveLink = links.Create();
   AcquireForm form(component);
   form.Load();
   for (auto _ : state) {
-    form.cboTimeBetweenPointsUnit.SetListIndex(0);
-    form.txtTimeBetweenPoints.SetText("200");
-    form.txtNumberOfPoints.SetText(std::to_string(state.range(0)));
-    form.cmdStart.Press();
+    form.timing.cboTimeBetweenPointsUnit.SetListIndex(0);
+    form.timing.txtTimeBetweenPoints.SetText("200");
+    form.timing.txtNumberOfPoints.SetText(std::to_string(state.range(0)));
+    form.panel.cmdStart.Press();
     TimerQueue& timers = fake.forms.Timers();
     while (form.Run().Active()) {
       fake.clock.AdvanceTo(*timers.NextDue());

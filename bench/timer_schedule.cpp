@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <vector>
 
+#include "backends/posix/clock_posix.h"
+#include "backends/qt/forms/qt_form_host.h"
+#include "backends/qt/qt_application.h"
 #include "forms/controls.h"
-#include "platform/posix/clock_posix.h"
-#include "platform/qt/qt_application.h"
-#include "platform/qt/qt_form_host.h"
 
 namespace chartproject {
 namespace {

@@ -11,18 +11,18 @@
 #include <fstream>
 #include <string>
 
-#include "acquire/chart_file.h"
-#include "chart/excel_export.h"
-#include "platform/headless/absent_devices.h"
-#include "platform/headless/code_page_1252.h"
-#include "platform/headless/headless_form_host.h"
-#include "platform/posix/clock_posix.h"
-#include "platform/posix/dialogs_console.h"
-#include "platform/posix/file_system_posix.h"
-#include "platform/posix/keyboard_signals.h"
-#include "platform/posix/locale_posix.h"
-#include "platform/posix/settings_store_ini.h"
-#include "platform/spreadsheet/embedded_spreadsheet.h"
+#include "backends/headless/absent_devices.h"
+#include "backends/headless/code_page_1252.h"
+#include "backends/headless/headless_form_host.h"
+#include "backends/posix/clock_posix.h"
+#include "backends/posix/dialogs_console.h"
+#include "backends/posix/file_system_posix.h"
+#include "backends/posix/keyboard_signals.h"
+#include "backends/posix/locale_posix.h"
+#include "backends/posix/settings_store_ini.h"
+#include "backends/spreadsheet/embedded_spreadsheet.h"
+#include "chart/output/excel_export.h"
+#include "recording/chart_file.h"
 
 namespace {
 

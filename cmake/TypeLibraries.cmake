@@ -1,5 +1,6 @@
 # Interfaces and type libraries from IDL by mingw's widl, standing on base types of our own (no headers of others).
-set(CHARTPROJECT_IDL_DIR "${CMAKE_SOURCE_DIR}/src/platform/win32/com")
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(CHARTPROJECT_IDL_DIR "${CMAKE_SOURCE_DIR}/src/backends/win32/com")
 set(CHARTPROJECT_IDL_OUT "${CMAKE_BINARY_DIR}/idl")
 set(CHARTPROJECT_WIDL_CALL ${CHARTPROJECT_WIDL} -m32 --nostdinc "-I${CHARTPROJECT_IDL_DIR}"
                            "-I${CMAKE_SOURCE_DIR}/src/links/com" -L "${CHARTPROJECT_IDL_OUT}")
@@ -16,6 +17,7 @@ function(chartproject_idl name idl)
   if(arg_TYPELIB)
     set(library "${CHARTPROJECT_IDL_OUT}/${name}.tlb")
     add_custom_command(OUTPUT "${library}" COMMAND ${CHARTPROJECT_WIDL_CALL} -t -o "${library}" "${source}"
+                       COMMAND Python3::Interpreter "${CMAKE_SOURCE_DIR}/cmake/undate_type_library.py" "${library}"
                        DEPENDS "${source}" "${CHARTPROJECT_IDL_OUT}/stdole.tlb" ${arg_DEPENDS})
     list(APPEND outputs "${library}")
   endif()

@@ -1,7 +1,7 @@
 // Fuzz target: whatever a file holds, header, row place and rows are read within their bounds.
-#include "acquire/chart_file.h"
+#include "backends/headless/code_page_1252.h"
 #include "bytes_file.h"
-#include "platform/headless/code_page_1252.h"
+#include "recording/chart_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using chartproject::BytesFile, chartproject::Require;

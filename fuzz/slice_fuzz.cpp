@@ -1,7 +1,8 @@
 // Fuzz target: whatever rows a file holds, slices by line number agree with a plain reading of its lines.
 // The first two bytes choose the slice, the third how much one read gives.
 #include "bytes_file.h"
-#include "chart/slice_reader.h"
+#include "chart/file/slice_reader.h"
+#include "recording/point_reader.h"
 
 namespace chartproject {
 namespace {

@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/win32/windows_api.h"
+#include "backends/win32/windows_api.h"
 
 #include <initguid.h>
 #include <objbase.h>

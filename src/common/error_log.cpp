@@ -1,26 +1,27 @@
 // Run-time errors to the log file and to the user.
 #include "common/error_log.h"
 
-#include "common/environment.h"
-#include "common/text.h"
+#include "common/environment/environment.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 
 namespace {
-
-constexpr const char* kLineEnd = "\r\n";
 
 /// The labels are those that readers of the log look for, in both languages of its history.
 std::string ErrorText(Environment& environment, const std::string& routine, const RunTimeError& error) {
   const DateTime now = environment.ports.clock.LocalNow();
   const Locale& locale = environment.ports.locale;
   std::string text = "<<Run-Time Error>>";
-  const auto line = [&text](const char* label, const std::string& value) { text.append(kLineEnd) += label + value; };
+  // A name with a line end in it must not begin a record of its own.
+  const auto line = [&text](const char* label, const std::string& value) {
+    text.append(kLineEnd) += label + VisibleText(value);
+  };
   line("Data = ", locale.DateText(now));
   line("Hora = ", locale.TimeText(now));
   line("Sub/Function = ", routine);
   line("Err.Number = ", std::to_string(error.Number()));
-  line("Err.Description = ", error.Description());
+  line("Err.Description = ", error.Description(environment.language));
   line("Err.Source = ", error.Source());
   return text;
 }
@@ -37,7 +38,8 @@ void ShowError(Environment& environment, const std::string& text) {
 }  // namespace
 
 std::string ErrorLogFile(const Environment& environment) {
-  return JoinPath(environment.settings.strBin, "Kestrel.log");
+  const std::string& folder = environment.settings.strBin;
+  return JoinPath(folder.empty() ? environment.profileFolder : folder, "Kestrel.log");
 }
 
 void NoteRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept {

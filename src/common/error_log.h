@@ -10,7 +10,7 @@ namespace chartproject {
 
 struct Environment;
 
-/// The log file: strBin and "Kestrel.log".
+/// The log file: strBin (or, while that is empty, the profile's folder) and "Kestrel.log".
 [[nodiscard]] std::string ErrorLogFile(const Environment& environment);
 
 /// Appends the error to the log, then shows it in a box with the component's own title. When the log cannot be written,

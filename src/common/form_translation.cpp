@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "common/environment.h"
-#include "common/message_table.h"
-#include "common/numbers.h"
+#include "common/environment/environment.h"
+#include "common/environment/language.h"
+#include "common/values/numbers.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 #include "forms/item_controls.h"
@@ -37,7 +37,8 @@ class FormTranslator {
     SkipErrors([&] {
       const NumberFormat& format = environment_.ports.locale.Numbers();
       if (!IsNumeric(value, format)) return;
-      set(StringById(CheckedInteger16(ToInteger16(value, format) + environment_.languageBase)));
+      const int id = CheckedInteger16(ToInteger16(value, format) + RowOf(environment_.language).messageBase);
+      if (const auto text = MessageById(id)) set(*text);
     });
   }
 
@@ -46,7 +47,7 @@ class FormTranslator {
   void ReplaceById(const std::string& value, const Setter& set) const noexcept {
     SkipErrors([&] {
       const std::int16_t id = RoundToInteger16(LeadingNumber(value));
-      if (id > 0) set(StringById(id));
+      if (const auto text = MessageById(id)) set(*text);
     });
   }
 
@@ -149,8 +150,8 @@ Rule RuleFor(std::string_view typeName) noexcept {
 
 }  // namespace
 
-std::string TextNumber(int message) {
-  return std::to_string(kPortugueseMessageBase + message);
+std::string TextNumber(Text message) {
+  return std::to_string(kPortugueseMessageBase + static_cast<int>(message));
 }
 
 void TranslateForm(Form& form, const Environment& environment) {

@@ -3,13 +3,15 @@
 
 #include <string>
 
+#include "texts/text.h"
+
 namespace chartproject {
 
 struct Environment;
 class Form;
 
-/// A text of the message table as forms hold it until they are translated: the Portuguese id. @param message 0 to 100
-[[nodiscard]] std::string TextNumber(int message);
+/// A numbered message as forms hold it until they are translated: its Portuguese id.
+[[nodiscard]] std::string TextNumber(Text message);
 
 /// Replaces the message numbers (Portuguese ids, 1000 + k) in a form and its controls by the texts of the component's
 /// language. Which property holds a number depends on the control's type name. A number that has no text, a text that

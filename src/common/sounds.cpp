@@ -1,8 +1,8 @@
 // When and how wave files are played.
 #include "common/sounds.h"
 
-#include "common/environment.h"
-#include "common/text.h"
+#include "common/environment/environment.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 

@@ -3,52 +3,15 @@
 
 #include <utility>
 
-#include "acquire/acquire_form.h"
-#include "chart/show_chart.h"
+#include "acquire/dialog/acquire_form.h"
+#include "chart/window/show_chart.h"
+#include "common/environment/language.h"
+#include "common/environment/settings_io.h"
 #include "common/error_log.h"
-#include "common/language.h"
-#include "common/settings_io.h"
+#include "drive/drive_link_session.h"
 #include "drive/drive_table.h"
 
 namespace chartproject {
-
-namespace {
-
-/// The component's drive link from its making to its end. The link holds the serial line that the host needs for
-/// itself, so an opened one is closed on every way out; on the way out of an error its own failure would only hide the
-/// first one. A link that could not be opened holds nothing and is not closed.
-class DriveLinkSession {
- public:
-  explicit DriveLinkSession(Component& component) : component_(component) {
-    component_.driveLink = component_.linkFactory.Create();
-  }
-  ~DriveLinkSession() {
-    try {
-      Close();
-    } catch (const std::exception&) {
-      component_.driveLink.reset();
-    }
-  }
-  DriveLinkSession(const DriveLinkSession&) = delete;
-  DriveLinkSession& operator=(const DriveLinkSession&) = delete;
-
-  void Open() {
-    std::int16_t result = 0;  // the link's own code; a line that does not answer shows in the first read
-    component_.driveLink->OpenLink(result);
-    open_ = true;
-  }
-
-  void Close() {
-    const std::unique_ptr<DriveLink> link = std::move(component_.driveLink);
-    if (std::exchange(open_, false)) link->CloseLink();
-  }
-
- private:
-  Component& component_;
-  bool open_ = false;
-};
-
-}  // namespace
 
 ChartClass::ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links, ProcessState& process)
     : process_(process), component_(ports, forms, links) {
@@ -67,17 +30,15 @@ ChartClass::ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links, P
 ChartClass::~ChartClass() {
   try {
     Release();
-  } catch (const RunTimeError& error) {
-    LogRunTimeError(component_, "Release", error);
   } catch (const std::exception& error) {
-    LogRunTimeError(component_, "Release", RunTimeError(error_number::kAutomation, error.what()));
+    LogRunTimeError(component_, "Release", AsRunTimeError(error));
   }
 }
 
 void ChartClass::AcquireVar() {
   // A second dialog while one is up (the host's thread stays alive in it) would take the link away from the first.
   if (component_.driveLink) {
-    throw RunTimeError(error_number::kInvalidProcedureCall, "The acquisition dialog is already open");
+    throw RunTimeError(error_number::kInvalidProcedureCall, Text::kDialogAlreadyOpen);
   }
   DriveLinkSession session(component_);
   session.Open();

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "acquire/component.h"
 #include "component/process_state.h"
+#include "recording/component.h"
 
 namespace chartproject {
 

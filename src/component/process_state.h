@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <mutex>
 #include <string>
+#include <vector>
 
-#include "acquire/component.h"
+#include "recording/component.h"
 
 namespace chartproject {
 
@@ -21,11 +22,12 @@ class ProcessState {
 
  private:
   struct Remembered {
-    std::int16_t languageBase = 0;
+    Language language = Language::kPortuguese;
     std::string helpFile;
     DriveTable driveTable;
     std::string strChartFileName;
     ChartHeader chartHeader;
+    std::vector<std::string> missingPictures;
   };
   mutable std::mutex mutex_;
   Remembered remembered_;

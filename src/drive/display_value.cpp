@@ -1,7 +1,7 @@
 // The rules by model.
 #include "drive/display_value.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "drive/drive_context.h"
 #include "drive/drive_models.h"
 
@@ -9,7 +9,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr std::int16_t kStatusParameter = 6;
 constexpr std::int16_t kFirstInvalidReading = 13107;  // 0x3333, what the drive answers for "no value"
 
 bool MayBeInvalid(std::int16_t parameter) {

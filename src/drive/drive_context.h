@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
 #include "drive/drive_link.h"
 #include "drive/drive_status.h"
 #include "drive/drive_table.h"

@@ -11,6 +11,11 @@ const DriveModel* FindDriveModel(std::string_view name) {
   return found == kDriveModels.end() ? nullptr : found;
 }
 
+bool ShowsValues(std::string_view name) {
+  const DriveModel* const model = FindDriveModel(name);
+  return model != nullptr && model->display != ValueDisplay::kNothing;
+}
+
 std::string ModelCode(std::string_view name) {
   const DriveModel* const model = FindDriveModel(name);
   return {model == nullptr ? '9' : model->code};

@@ -37,6 +37,9 @@ inline constexpr std::array kDriveModels{
 /// Null for a name that is not in the table.
 [[nodiscard]] const DriveModel* FindDriveModel(std::string_view name);
 
+/// False for a model whose numbers are all shown as nothing: those of kNothing, and every unknown name.
+[[nodiscard]] bool ShowsValues(std::string_view name);
+
 /// The one-character code that the drive link expects; "9" for an unknown name.
 [[nodiscard]] std::string ModelCode(std::string_view name);
 

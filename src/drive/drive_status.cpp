@@ -1,7 +1,7 @@
 // Bits of the status word, and the text that they come to.
 #include "drive/drive_status.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 
 namespace chartproject {
 

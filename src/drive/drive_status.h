@@ -6,6 +6,9 @@
 
 namespace chartproject {
 
+/// The parameter that holds the status word in every model.
+inline constexpr std::int16_t kStatusParameter = 6;
+
 /// The last decoded status word.
 struct DriveStatus {
   bool bBit8 = false;

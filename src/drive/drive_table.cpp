@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "common/line_reader.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/line_reader.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/drive_context.h"
 #include "platform/run_time_error.h"
 
@@ -35,6 +35,8 @@ void TakeDriveLine(std::string_view line, DriveRecord& record) {
 
 void LoadDriveFile(DriveContext& context, const std::string& fileName, DriveRecord& record) {
   const auto file = context.ports.files.OpenForReading(fileName);
+  constexpr std::uint64_t kMostMegabytes = 16;
+  RefuseLargeFile(fileName, file->Identity().size, kMostMegabytes);
   LineReader reader(*file);
   for (TextLine line; reader.Next(line);) TakeDriveLine(context.ports.codePage.Decode(line.text), record);
 }

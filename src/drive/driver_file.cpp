@@ -5,10 +5,11 @@
 #include <array>
 #include <utility>
 
-#include "common/line_reader.h"
+#include "common/environment/language.h"
 #include "common/message_box.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/line_reader.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/drive_context.h"
 #include "drive/unit_codes.h"
 #include "platform/run_time_error.h"
@@ -28,20 +29,30 @@ std::string_view Field(std::string_view line, int number) {
 }
 
 void ShowLineError(DriveContext& context, std::int64_t line, const std::string& fileName) {
-  const std::string number = std::to_string(line);
-  std::string text;
-  switch (context.languageBase) {
-    case 0:
-      text = "Erro na linha " + number + " no driver " + fileName;
-      break;
-    case 1000:
-      text = "Error in line " + number + " in driver " + fileName;
-      break;
-    default:
-      text = "Error en la linea " + number + " en el driver " + fileName;
-      break;
-  }
+  const std::string text = FillIn(LoadMessage(context, Text::kDriverLineError), {std::to_string(line), fileName});
   ShowMessage(context, text, box_style::kCritical, context.helpFile, kLineErrorHelpContext);
+}
+
+/// The first faults of a driver file have a box each; a file of thousands must not keep its user clicking for hours.
+class FaultBoxes {
+ public:
+  /// Counts a fault; true when it has its box.
+  bool Take() noexcept { return ++count_ <= kMost; }
+  /// Faults without a box.
+  [[nodiscard]] std::int64_t Hidden() const noexcept { return std::max<std::int64_t>(count_ - kMost, 0); }
+
+ private:
+  static constexpr std::int64_t kMost = 10;
+  std::int64_t count_ = 0;
+};
+
+/// The parser's errors with the place in the file.
+bool TakeLineOf(const std::string& fileName, std::int64_t number, DriverFileParser& parser, std::string_view line) {
+  try {
+    return parser.TakeLine(line);
+  } catch (const RunTimeError& error) {
+    throw error.At(Text::kFileLinePlace, {fileName, std::to_string(number)});
+  }
 }
 
 }  // namespace
@@ -123,15 +134,22 @@ void LoadDriverFile(DriveContext& context, std::int16_t address) {
   table = ParameterTable();
   const std::string fileName = DriverFileName(context, address);
   const auto file = context.ports.files.OpenForReading(fileName);
-  DriverFileParser parser(table, context.ports.locale.Numbers(), [&context](std::string_view keyword, int parameter) {
-    return UnitCode(context, keyword, parameter);
+  constexpr std::uint64_t kMostMegabytes = 16;
+  RefuseLargeFile(fileName, file->Identity().size, kMostMegabytes);
+  FaultBoxes boxes;
+  DriverFileParser parser(table, context.ports.locale.Numbers(), [&](std::string_view keyword, int parameter) {
+    const std::int16_t code = FindUnitCode(keyword);
+    return code != kUnknownUnitCode || !boxes.Take() ? code : UnitCode(context, keyword, parameter);
   });
   LineReader reader(*file);
   for (TextLine line; reader.Next(line);) {
-    if (line.cut || !parser.TakeLine(context.ports.codePage.Decode(line.text))) {
-      ShowLineError(context, line.number, fileName);
-    }
+    const bool taken = !line.cut && TakeLineOf(fileName, line.number, parser, context.ports.codePage.Decode(line.text));
+    if (!taken && boxes.Take()) ShowLineError(context, line.number, fileName);
   }
+  if (boxes.Hidden() == 0) return;
+  ShowMessage(context,
+              FillIn(LoadMessage(context, Text::kMoreDriverFaults), {std::to_string(boxes.Hidden()), fileName}),
+              box_style::kCritical, context.helpFile, kLineErrorHelpContext);
 }
 
 std::string DriverFileName(DriveContext& context, std::int16_t address) {

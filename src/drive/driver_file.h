@@ -42,7 +42,7 @@ class DriverFileParser {
 
 /// Clears the parameter tables of a drive address (1 to 30) and reads its driver file into them. Line errors are shown
 /// one by one, and the loading goes on. Throws RunTimeError 53 naming the file when there is none, and what the parser
-/// throws.
+/// throws, with the file and the line.
 void LoadDriverFile(DriveContext& context, std::int16_t address);
 
 /// Full name of the driver file of a drive address (0 to 30): the one for its exact firmware version, else the one for

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "drive/unit_codes.h"
@@ -21,10 +22,29 @@ struct DriveContext;
 /// The ordinary read: the unit code of the driver file, digital words plain.
 [[nodiscard]] bool ReadOrdinary(DriveContext& context, std::int16_t parameter);
 
-/// Parameters whose value is computed from others, or whose unit depends on another parameter.
-/// True when the parameter is one of them, whether or not the drive answered; then `resultText` is the text to record,
-/// empty or unchanged where a read failed. False when the caller must read it in the ordinary way; then `resultText` is
-/// untouched and nothing was sent. Throws as ReadWithUnit and UnitCodeOf do.
+/// What came of a special read.
+struct SpecialReading {
+  bool answered = false;  ///< the drive answered for the parameter itself, or for one that it is computed from
+  std::optional<std::string> text;  ///< nothing where the read leaves the caller's text as it was
+};
+
+/// Parameters whose value is computed from others, or whose unit depends on another parameter. Nothing when the
+/// parameter is not one of them and must be read in the ordinary way; then nothing was sent. A governing value that
+/// does not fit 16 bits counts as one that did not answer. Throws as ReadWithUnit and UnitCodeOf do.
+[[nodiscard]] std::optional<SpecialReading> ReadSpecial(DriveContext& context, std::int16_t parameter);
+
+/// The same in the host's form. True when the parameter is special; `resultText` is then the text to record, unchanged
+/// where the read left it so.
 [[nodiscard]] bool ReadSpecialParameter(DriveContext& context, std::int16_t parameter, std::string& resultText);
+
+/// One parameter as a recording keeps it.
+struct ColumnReading {
+  bool answered = false;
+  std::string text;  ///< display text; "0" by the model's rule where an ordinary parameter did not answer
+};
+
+/// Reads a parameter of the current drive for a recording: the special read first, else the ordinary one and the
+/// model's display rule. Throws as ReadSpecial and DisplayValue do.
+[[nodiscard]] ColumnReading ReadColumn(DriveContext& context, std::int16_t parameter);
 
 }  // namespace chartproject

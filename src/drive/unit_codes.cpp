@@ -3,10 +3,11 @@
 
 #include <array>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
+#include "common/environment/language.h"
 #include "common/message_box.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 
 namespace chartproject {
 
@@ -19,17 +20,6 @@ constexpr std::array<std::string_view, 12> kFamilies{"CURRENT",     "DIRECT",   
 constexpr std::array<std::string_view, 4> kSingleKeywords{"DEPENDSONP210", "DEPENDSONP529", "DI1DI8",
                                                           "RL1RL2RL3DO1DO2"};
 constexpr std::int32_t kUnknownUnitHelpContext = 152;
-
-std::string UnknownUnitText(const Environment& environment) {
-  switch (environment.languageBase) {
-    case 0:
-      return "Erro : driver com unidade desconhecida ";
-    case 1000:
-      return "Error : driver with unknown unit ";
-    default:
-      return "Error : driver con unidad desconocida : ";
-  }
-}
 
 }  // namespace
 
@@ -54,7 +44,8 @@ std::int16_t UnitCode(Environment& environment, std::string_view keyword, int pa
   const std::int16_t code = FindUnitCode(keyword);
   if (code == kUnknownUnitCode) {
     ShowMessage(environment,
-                UnknownUnitText(environment) + std::string(keyword) + " (" + ParameterName(parameter) + ")",
+                FillIn(LoadMessage(environment, Text::kUnknownUnit),
+                       {std::string(keyword) + " (" + ParameterName(parameter) + ")"}),
                 box_style::kCritical, environment.helpFile, kUnknownUnitHelpContext);
   }
   return code;

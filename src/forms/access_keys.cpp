@@ -2,8 +2,10 @@
 #include "forms/access_keys.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <set>
+#include <vector>
 
 #include "forms/form.h"
 
@@ -19,20 +21,53 @@ char UpperCase(char c) {
   return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
 }
 
-/// The first free letter, those that begin a word before the others, a digit only where no letter is left.
-std::optional<std::size_t> FreeLetter(const std::string& caption, const std::set<char>& taken) {
-  std::optional<std::size_t> best;
-  int bestRank = 3;
+/// Places of the letters that a caption could mark, the best first: those that begin a word, then others, then digits.
+std::vector<std::size_t> Candidates(const std::string& caption) {
+  std::array<std::vector<std::size_t>, 3> ranked;
   for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (!IsPlain(caption[i]) || taken.contains(UpperCase(caption[i]))) continue;
+    if (!IsPlain(caption[i])) continue;
     const bool wordStart = i == 0 || caption[i - 1] == ' ';
-    const int rank = std::isdigit(static_cast<unsigned char>(caption[i])) != 0 ? 2 : wordStart ? 0 : 1;
-    if (rank >= bestRank) continue;
-    best = i;
-    bestRank = rank;
+    ranked[std::isdigit(static_cast<unsigned char>(caption[i])) != 0 ? 2U : wordStart ? 0U : 1U].push_back(i);
   }
-  return best;
+  for (const std::size_t rank : {1U, 2U}) ranked[0].insert(ranked[0].end(), ranked[rank].begin(), ranked[rank].end());
+  return ranked[0];
 }
+
+/// Gives each caption a letter of its own, those that come first before the others.
+class Letters {
+ public:
+  /// Takes a letter for a caption that marks it itself.
+  void Keep(char letter) { owners_[letter] = nullptr; }
+
+  /// Finds a letter for a caption; a caption that has its letter already moves to another one where that helps.
+  void Give(const Control& control) {
+    std::set<char> tried;
+    (void)Find(control, tried);
+  }
+
+  /// The place in its caption of each letter that was given.
+  [[nodiscard]] const std::map<const Control*, std::size_t>& Places() const noexcept { return places_; }
+
+ private:
+  bool Find(const Control& control, std::set<char>& tried) {
+    for (const bool mayMove : {false, true}) {
+      for (const std::size_t place : Candidates(control.Caption())) {
+        const char letter = UpperCase(control.Caption()[place]);
+        const auto owner = owners_.find(letter);
+        const bool free = owner == owners_.end();
+        if (!free && (!mayMove || owner->second == nullptr || !tried.insert(letter).second)) continue;
+        if (!free && !Find(*owner->second, tried)) continue;
+        owners_[letter] = &control;
+        places_[&control] = place;
+        return true;
+      }
+    }
+    return false;
+  }
+
+  std::map<char, const Control*> owners_;  ///< null for a letter that a caption marks itself
+  std::map<const Control*, std::size_t> places_;
+};
 
 int Rank(const Form& form, const Control& control) {
   if (control.TypeName() == "CommandButton") return 0;
@@ -52,32 +87,36 @@ std::optional<char> AccessLetter(const std::string& caption) {
 }
 
 const Control* FieldOf(const Form& form, const Control& label) {
-  if (label.TypeName() != "Label") return nullptr;
+  if (label.TypeName() != "Label" && label.TypeName() != "Frame") return nullptr;
   const auto& controls = form.Controls();
-  auto next = std::find(controls.begin(), controls.end(), &label);
-  if (next == controls.end() || ++next == controls.end()) return nullptr;
-  return (*next)->TabStop() && !(*next)->HasCaption() ? *next : nullptr;
+  const Control* first = nullptr;
+  for (auto next = std::ranges::find(controls, &label); next != controls.end(); ++next) {
+    if (*next == &label) continue;
+    if (!(*next)->TabStop() || (*next)->HasCaption()) break;
+    if ((*next)->Visible()) return *next;
+    if (first == nullptr) first = *next;
+  }
+  return first;
 }
 
 std::map<const Control*, std::string> CaptionsWithAccessKeys(const Form& form) {
   std::map<const Control*, std::string> captions;
-  std::set<char> taken;
+  Letters letters;
   for (const Control* control : form.Controls()) {
     if (!control->HasCaption()) continue;
     if (const auto letter = AccessLetter(control->Caption())) {
       captions[control] = control->Caption();
-      taken.insert(*letter);
+      letters.Keep(*letter);
     }
   }
   for (int rank = 0; rank <= 2; ++rank) {
     for (const Control* control : form.Controls()) {
       if (!control->HasCaption() || captions.contains(control) || Rank(form, *control) != rank) continue;
-      std::string caption = control->Caption();
-      const auto place = FreeLetter(caption, taken);
-      if (!place) continue;
-      taken.insert(UpperCase(caption[*place]));
-      captions[control] = caption.insert(*place, 1, '&');
+      letters.Give(*control);
     }
+  }
+  for (const auto& [control, place] : letters.Places()) {
+    captions[control] = std::string(control->Caption()).insert(place, 1, '&');
   }
   return captions;
 }

@@ -59,10 +59,6 @@ class Canvas {
   /// Draws one line of text with its box's top at `at.y` and its left edge, middle or right edge at `at.x`.
   virtual void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) = 0;
   [[nodiscard]] virtual Size MeasureText(std::string_view text, const Font& font) const = 0;
-  virtual void DrawBitmap(const Bitmap& bitmap, const Rect& target) = 0;
-  /// Limits what follows to a rectangle, until the matching PopClip.
-  virtual void PushClip(const Rect& rect) = 0;
-  virtual void PopClip() = 0;
 };
 
 }  // namespace chartproject

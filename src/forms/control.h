@@ -31,8 +31,10 @@ enum class Property {
   kPicture,
   kColor,
   kMousePointer,
-  kContent,  ///< an owner-drawn control wants to be painted again
-  kOverlay,  ///< what lies over an owner-drawn control wants to be painted again
+  kContent,       ///< an owner-drawn control wants to be painted again
+  kSelection,     ///< the whole text of a field is selected
+  kAvailability,  ///< other items of a list are available
+  kOverlay,       ///< what lies over an owner-drawn control wants to be painted again
 };
 
 /// Mouse pointers that the system uses, with the platform's numbers.
@@ -116,5 +118,12 @@ class Control {
   bool enabled_ = true;
   bool visible_ = true;
 };
+
+/// Lets a routine of an object handle an event of a control; its name in the error log is "control_Event".
+/// @param owner outlives the control
+template <class Owner>
+void Connect(Event& event, const Control& control, const char* eventName, Owner* owner, void (Owner::*handler)()) {
+  event = {control.Name() + "_" + eventName, [owner, handler] { (owner->*handler)(); }};
+}
 
 }  // namespace chartproject

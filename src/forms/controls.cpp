@@ -58,6 +58,7 @@ void ComboBox::AddItems(std::vector<std::string> items) {
 void ComboBox::Clear() {
   if (items_.empty() && listIndex_ == -1) return;
   items_.clear();
+  available_.clear();
   listIndex_ = -1;
   Changed(Property::kList);
 }
@@ -70,11 +71,35 @@ void ComboBox::SetListIndex(int index) {
   Raise(click);
 }
 
+void ComboBox::SetAvailable(std::vector<bool> available) {
+  if (available_ == available) return;
+  available_ = std::move(available);
+  Changed(Property::kAvailability);
+}
+
+bool ComboBox::IsAvailable(int index) const {
+  const auto place = static_cast<std::size_t>(index);
+  return index >= 0 && index < ListCount() && (place >= available_.size() || available_[place]);
+}
+
+int ComboBox::NextAvailable(int index, int direction) const {
+  for (int next = index + direction; next >= 0 && next < ListCount(); next += direction) {
+    if (IsAvailable(next)) return next;
+  }
+  return index;
+}
+
 void TextControl::SetText(std::string_view text) {
   if (text_ == text) return;
   text_ = text;
+  allSelected_ = false;
   Changed(Property::kText);
   Raise(change);
+}
+
+void TextControl::SelectAll() {
+  allSelected_ = true;
+  Changed(Property::kSelection);
 }
 
 Timer::Timer(Form& form, std::string_view name) : Control(form, "Timer", name) {

@@ -7,6 +7,7 @@
 
 #include "forms/canvas.h"
 #include "forms/control.h"
+#include "forms/timer.h"
 
 namespace chartproject {
 
@@ -21,11 +22,15 @@ class Label : public Control {
   /// A text that may take several lines; the layout gives it the width that is there.
   [[nodiscard]] bool WordWrap() const noexcept { return wordWrap_; }
   void SetWordWrap(bool wrap) noexcept { wordWrap_ = wrap; }
+  /// A text that never widens the window: what does not fit is cut and ends in an ellipsis.
+  [[nodiscard]] bool Elided() const noexcept { return elided_; }
+  void SetElided(bool elided) noexcept { elided_ = elided; }
 
  private:
   int borderStyle_ = 1;
   Align align_ = Align::kLeft;
   bool wordWrap_ = false;
+  bool elided_ = false;
 };
 
 /// A group with a title around other controls.
@@ -106,10 +111,18 @@ class ComboBox : public Control {
   /// The selected item's text; empty when nothing is selected.
   [[nodiscard]] std::string Text() const { return List(listIndex_); }
 
+  /// Marks items that cannot be used at present: they are shown grey, and the arrow keys of a closed list pass them. A
+  /// click still selects them, so that the form can say why not. @param available one for each item; empty for all
+  void SetAvailable(std::vector<bool> available);
+  [[nodiscard]] bool IsAvailable(int index) const;
+  /// The next available item before (direction -1) or after (+1) an index; the index itself when there is none.
+  [[nodiscard]] int NextAvailable(int index, int direction) const;
+
   Event click;
 
  private:
   std::vector<std::string> items_;
+  std::vector<bool> available_;
   int listIndex_ = -1;
 };
 
@@ -120,6 +133,10 @@ class TextControl : public Control {
   [[nodiscard]] const std::string& Text() const noexcept { return text_; }
   /// Raises change when the text differs from the one held.
   void SetText(std::string_view text);
+  /// Selects the whole text, so that the next letter replaces it.
+  void SelectAll();
+  /// True from SelectAll to the next change of the text.
+  [[nodiscard]] bool AllSelected() const noexcept { return allSelected_; }
   [[nodiscard]] bool ReadOnly() const noexcept { return readOnly_; }
   void SetReadOnly(bool readOnly) noexcept { readOnly_ = readOnly; }
   [[nodiscard]] bool MultiLine() const noexcept { return multiLine_; }
@@ -135,6 +152,7 @@ class TextControl : public Control {
 
  private:
   std::string text_;
+  bool allSelected_ = false;
   bool readOnly_ = false;
   bool multiLine_ = false;
   int widthInCharacters_ = 12;
@@ -159,31 +177,6 @@ class MaskEdBox : public TextControl {
 
  private:
   std::string mask_;
-};
-
-/// Ticks while it is enabled and its interval is above 0. Not drawn.
-class Timer : public Control {
- public:
-  Timer(Form& form, std::string_view name);
-  ~Timer() override;
-  /// Milliseconds; 0 stops the ticks. The platform takes 0 to 65535, else RunTimeError 380.
-  [[nodiscard]] int Interval() const noexcept { return interval_; }
-  void SetInterval(int milliseconds);
-  /// Enabling (or a new interval) starts a new schedule: the first tick is one interval from now.
-  void SetEnabled(bool enabled) override;
-  [[nodiscard]] bool Armed() const noexcept { return Enabled() && interval_ > 0; }
-  /// True while the tick's handler runs; the next tick waits for it, even when the handler shows a message box.
-  [[nodiscard]] bool Firing() const noexcept { return firing_; }
-  /// Raises the tick event.
-  void Fire();
-
-  Event tick;
-
- private:
-  void Reschedule();
-
-  int interval_ = 0;
-  bool firing_ = false;
 };
 
 class ProgressBar : public Control {
@@ -264,7 +257,6 @@ class UpDown : public RangeControl {
   void SetBuddy(TextControl* buddy) noexcept { buddy_ = buddy; }
   [[nodiscard]] TextControl* Buddy() const noexcept { return buddy_; }
   void SetSyncBuddy(bool sync) noexcept { syncBuddy_ = sync; }
-  [[nodiscard]] bool SyncBuddy() const noexcept { return syncBuddy_; }
   /// One step up (+1) or down (-1) as the user's arrow does, inside the range; starts from a number typed in the buddy.
   void Step(int direction);
   /// Takes the whole number typed into the buddy as the value, if it is one in the range.

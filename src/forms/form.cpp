@@ -61,10 +61,8 @@ void Form::RunHandler(const std::string& routine, const std::function<void()>& h
   try {
     try {
       handler();
-    } catch (const RunTimeError& error) {
-      reporter_(routine, error);
     } catch (const std::exception& error) {
-      reporter_(routine, RunTimeError(error_number::kAutomation, error.what()));
+      reporter_(routine, AsRunTimeError(error));
     }
   } catch (...) {
     // The reporter is the last resort; what it cannot show has no other way to the user.

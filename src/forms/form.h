@@ -108,10 +108,10 @@ class Form {
   /// False keeps the window open.
   virtual bool OnQueryClose() { return true; }
   virtual void OnUnload() {}
-  /// Lets a routine of the form handle an event of a control; its name in the error log is "control_Event".
+  /// Lets a routine of the form handle an event of a control.
   template <class Derived>
   void On(Event& event, const Control& control, const char* eventName, void (Derived::*handler)()) {
-    event = {control.Name() + "_" + eventName, [this, handler] { (static_cast<Derived*>(this)->*handler)(); }};
+    Connect(event, control, eventName, static_cast<Derived*>(this), handler);
   }
 
  private:

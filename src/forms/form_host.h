@@ -32,6 +32,8 @@ class FormHost {
   [[nodiscard]] virtual std::unique_ptr<FormView> CreateView(Form& form) = 0;
   /// Turns messages and timers until form.IsShown() is false. Calls may nest (a form opened from a form).
   virtual void RunModal(Form& form) = 0;
+  /// False for a back end whose forms nobody sees.
+  [[nodiscard]] virtual bool ShowsWindows() const noexcept { return true; }
   /// The screen's working area in twips.
   [[nodiscard]] virtual Size ScreenSize() const = 0;
   /// During long work: repaints and takes input for progress and Esc; raises no timer tick.

@@ -2,12 +2,15 @@
 #include "host/program.h"
 
 #include <iostream>
+#include <vector>
 
-#include "common/environment.h"
-#include "host/arguments.h"
-#include "host/command.h"
-#include "host/session.h"
-#include "platform/posix/standard_streams.h"
+#include "backends/posix/standard_streams.h"
+#include "common/environment/environment.h"
+#include "common/values/text.h"
+#include "host/commands/arguments.h"
+#include "host/commands/command.h"
+#include "host/session/session.h"
+#include "host/session/visible_output.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -28,8 +31,8 @@ constexpr const char* kFooter =
     "     no file was written";
 
 constexpr const char* kCommandFooter =
-    "The program's own options (--profile, --link, --clock, --start, --answer) go before the command or behind it;\n"
-    "\"chartproject --help\" explains them.";
+    "The program's own options (--profile, --link, --clock, --start, --answer, --quiet) go before the command or\n"
+    "after it; \"chartproject --help\" explains them.";
 
 /// The global options as they are parsed.
 struct RawOptions {
@@ -38,7 +41,19 @@ struct RawOptions {
   std::string clock = "real";
   std::string answer = "no";
   std::string start;
+  bool quiet = false;
 };
+
+/// In the order of the help text; the last one runs when none is named.
+std::vector<std::unique_ptr<Command>> AllCommands() {
+  std::vector<std::unique_ptr<Command>> commands;
+  for (const auto make :
+       {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand, MakeInfoCommand,
+        MakeViewCommand, MakeRenderCommand, MakePrintCommand, MakeExportCommand, MakeStartCommand}) {
+    commands.push_back(make());
+  }
+  return commands;
+}
 
 void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--profile", raw.profile, "Folder that keeps the settings (default: the user's configuration folder)")
@@ -55,6 +70,7 @@ void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--answer", raw.answer, "Answer to every question (default: no)")
       ->check(CLI::IsMember({"yes", "no"}).description(""))
       ->type_name("yes|no");
+  app.add_flag("--quiet", raw.quiet, "No progress on standard error; messages and errors stay");
 }
 
 GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
@@ -64,10 +80,11 @@ GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
   if (raw.link.starts_with(kScenario) && raw.link.size() > kScenario.size()) {
     options.link = std::string(kScenario) + FullName(raw.link.substr(kScenario.size()));
   } else if (raw.link != "sim") {
-    throw RefusedError("--link: \"" + raw.link + "\" is no drive link; write sim or scenario:FILE");
+    throw RefusedError("--link: \"" + raw.link + "\" is not a drive link; use sim or scenario:FILE");
   }
   options.clock = raw.clock == "virtual" ? ClockChoice::kVirtual : ClockChoice::kReal;
   options.answerYes = raw.answer == "yes";
+  options.quiet = raw.quiet;
   if (!raw.start.empty()) {
     if (options.clock != ClockChoice::kVirtual) throw RefusedError("--start goes with --clock virtual only");
     options.start = ParseDateTime(raw.start);
@@ -97,7 +114,7 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
   subcommands.reserve(commands.size());
   for (const auto& command : commands) subcommands.push_back(command->AddTo(app));
   app.footer(kFooter);  // only now: every subcommand would show it too
-  // Global options are understood behind the command as well.
+  // Global options are understood after the command as well.
   for (CLI::App* const subcommand : app.get_subcommands({})) subcommand->fallthrough()->footer(kCommandFooter);
   try {
     app.parse(argc, argv);
@@ -117,19 +134,26 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
 int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err) noexcept {
   ExitCode code = ExitCode::kRunTimeError;
   GuardStandardStreams();
+  VisibleOutput visibleOut(out);
+  VisibleOutput visibleErr(err);
+  // One line a failure, also when the name in it holds a line end.
+  const auto report = [&visibleErr](const std::string& text) {
+    visibleErr << "chartproject: " << VisibleText(text) << "\n" << std::flush;
+  };
   try {
-    code = ParseAndRun(argc, argv, out, err);
+    code = ParseAndRun(argc, argv, visibleOut, visibleErr);
   } catch (const RefusedError& error) {
-    err << "chartproject: " << error.what() << "\n";
+    report(error.what());
     code = ExitCode::kRefused;
   } catch (const NotARegularFile& error) {
-    err << "chartproject: " << error.Description() << "\n";
+    report(error.Description());
     code = ExitCode::kRefused;
   } catch (const RunTimeError& error) {
-    err << "chartproject: error " << error.Number() << ": " << error.Description() << "\n";
+    report("error " + std::to_string(error.Number()) + ": " + error.Description());
   } catch (const std::exception& error) {
-    err << "chartproject: " << error.what() << "\n";
+    report(error.what());
   }
+  visibleOut.flush();
   return static_cast<int>(code);
 }
 

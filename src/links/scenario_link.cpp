@@ -1,55 +1,45 @@
 // The link's side of the replay.
 #include "links/scenario_link.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 
 namespace chartproject {
 
 namespace {
-
-constexpr std::int16_t kSuccess = 0;
-constexpr std::int16_t kNoAnswer = 1;
 
 class ScenarioLink : public DriveLink {
  public:
   ScenarioLink(std::shared_ptr<const ScenarioScript> script, Clock& clock)
       : script_(std::move(script)), clock_(clock), opened_(clock.Now()) {}
 
-  void SetP210Value(std::int16_t /*value*/, std::int16_t& reply) override { reply = kSuccess; }
-  void SetP529Value(std::int16_t /*value*/, std::int16_t& reply) override { reply = kSuccess; }
+  void SetP210Value(std::int16_t /*value*/) override {}
+  void SetP529Value(std::int16_t /*value*/) override {}
 
-  void ReadParameter(std::int16_t address, const std::string& /*modelCode*/, std::int16_t parameter,
-                     std::int16_t /*unitCode*/, std::int16_t& status) override {
+  bool ReadParameter(std::int16_t address, const std::string& /*modelCode*/, std::int16_t parameter,
+                     std::int16_t /*unitCode*/) override {
     const std::int64_t now = (clock_.Now() - opened_) / std::chrono::milliseconds(1);
     const std::string* const text =
         script_->IsSilent(address, now) ? nullptr : script_->TextAt(address, parameter, now);
-    status = text == nullptr ? kNoAnswer : kSuccess;
     if (text != nullptr) text_ = *text;
+    return text != nullptr;
   }
 
-  void ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
-                      std::int16_t& status) override {
-    ReadParameter(address, modelCode, parameter, unitCode, status);
+  bool ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                      std::int16_t unitCode) override {
+    return ReadParameter(address, modelCode, parameter, unitCode);
   }
 
-  void OpenLink(std::int16_t& result) override {
-    opened_ = clock_.Now();
-    result = kSuccess;
-  }
+  void OpenLink() override { opened_ = clock_.Now(); }
   void CloseLink() override {}
 
   /// Scripts are written with a full stop, or a comma, whatever the user's locale.
-  void GetValue(double& value) override {
+  double GetValue() override {
     static const NumberFormat kFullStop{".", ""};
     static const NumberFormat kComma{",", ""};
-    value = 0;
-    if (IsNumeric(text_, kFullStop)) {
-      value = ToDouble(text_, kFullStop);
-    } else if (IsNumeric(text_, kComma)) {
-      value = ToDouble(text_, kComma);
-    }
+    if (IsNumeric(text_, kFullStop)) return ToDouble(text_, kFullStop);
+    return IsNumeric(text_, kComma) ? ToDouble(text_, kComma) : 0;
   }
-  void GetText(std::string& text) override { text = text_; }
+  std::string GetText() override { return text_; }
 
  private:
   std::shared_ptr<const ScenarioScript> script_;

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <optional>
 
-#include "common/line_reader.h"
+#include "common/values/line_reader.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -69,8 +69,11 @@ auto* ValueAt(const Timelines& timelines, int key, std::int64_t moment) {
 ScenarioScript ScenarioScript::Load(FileSystem& files, const std::string& fileName) {
   const auto file = files.OpenForReading(fileName);
   ScenarioScript script;
+  constexpr std::uint64_t kMostMegabytes = 64;
+  RefuseLargeFile(fileName, file->Identity().size, kMostMegabytes);
   LineReader reader(*file);
   for (TextLine line; reader.Next(line);) {
+    RefuseLargeFile(fileName, line.offset, kMostMegabytes);  // a pipe has no size beforehand
     if (line.offset == 0 && line.text.starts_with(kByteOrderMark)) line.text.remove_prefix(kByteOrderMark.size());
     if (line.cut || !script.TakeLine(line.text)) {
       constexpr std::size_t kMostShown = 200;

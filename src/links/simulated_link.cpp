@@ -17,8 +17,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr std::int16_t kSuccess = 0;
-constexpr std::int16_t kNoAnswer = 1;
 constexpr int kVariants = 6;
 constexpr int kMostDecimals = 5;
 
@@ -67,34 +65,28 @@ class SimulatedLink : public DriveLink {
  public:
   SimulatedLink(Clock& clock, const Locale& locale) : clock_(clock), locale_(locale), opened_(clock.Now()) {}
 
-  void SetP210Value(std::int16_t value, std::int16_t& reply) override { reply = SetDecimals(speedDecimals_, value); }
-  void SetP529Value(std::int16_t value, std::int16_t& reply) override { reply = SetDecimals(processDecimals_, value); }
+  void SetP210Value(std::int16_t value) override { speedDecimals_ = Decimals(value); }
+  void SetP529Value(std::int16_t value) override { processDecimals_ = Decimals(value); }
 
-  void ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
-                     std::int16_t& status) override {
+  bool ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                     std::int16_t unitCode) override {
     const std::optional<double> stored = StoredValue(address, modelCode, parameter);
-    status = stored ? kSuccess : kNoAnswer;
     if (stored) Show(*stored, unitCode);
+    return stored.has_value();
   }
 
-  void ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
-                      std::int16_t& status) override {
-    ReadParameter(address, modelCode, parameter, unitCode, status);
+  bool ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                      std::int16_t unitCode) override {
+    return ReadParameter(address, modelCode, parameter, unitCode);
   }
 
-  void OpenLink(std::int16_t& result) override {
-    opened_ = clock_.Now();
-    result = kSuccess;
-  }
+  void OpenLink() override { opened_ = clock_.Now(); }
   void CloseLink() override {}
-  void GetValue(double& value) override { value = value_; }
-  void GetText(std::string& text) override { text = text_; }
+  double GetValue() override { return value_; }
+  std::string GetText() override { return text_; }
 
  private:
-  static std::int16_t SetDecimals(int& decimals, std::int16_t value) {
-    decimals = std::clamp<int>(value, 0, kMostDecimals);
-    return kSuccess;
-  }
+  static int Decimals(std::int16_t value) { return std::clamp<int>(value, 0, kMostDecimals); }
 
   [[nodiscard]] std::optional<double> StoredValue(std::int16_t address, std::string_view modelCode,
                                                   std::int16_t number) const {

@@ -33,9 +33,8 @@ class Printer {
   [[nodiscard]] virtual bool StartDocument(const std::string& title) = 0;
   [[nodiscard]] virtual PageArea Page() const = 0;
   [[nodiscard]] virtual double TextWidth(std::string_view text, const PrintFont& font) const = 0;
-  /// Prints one line of text with its top left corner at (x, y); the current position moves to the text's end.
+  /// Prints one line of text with its top left corner at (x, y).
   virtual void PrintText(std::string_view text, double x, double y, const PrintFont& font) = 0;
-  [[nodiscard]] virtual double CurrentX() const = 0;
   [[nodiscard]] virtual double CurrentY() const = 0;
   /// Advances the current vertical position by one line of the last font and returns to the left.
   virtual void NextLine() = 0;

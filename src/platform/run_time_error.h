@@ -1,8 +1,13 @@
 // The one error type that the system throws: a numbered run-time error of the platform.
 #pragma once
 
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "texts/texts.h"
 
 namespace chartproject {
 
@@ -19,13 +24,17 @@ inline constexpr int kDiskFull = 61;
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathFileAccess = 75;
 inline constexpr int kPathNotFound = 76;
+inline constexpr int kObjectNotSet = 91;
+inline constexpr int kInvalidFileFormat = 321;
+inline constexpr int kResourceNotFound = 326;
 inline constexpr int kInvalidPropertyValue = 380;
 inline constexpr int kCannotCreateObject = 429;
 inline constexpr int kPropertyNotSupported = 438;
 inline constexpr int kAutomation = 440;
-inline constexpr int kPrinter = 482;
 inline constexpr int kInvalidPicture = 481;
+inline constexpr int kPrinter = 482;
 inline constexpr int kClipboard = 521;
+inline constexpr int kApplicationDefined = 1004;  ///< refused by a spreadsheet application
 inline constexpr int kDialogCancelled = 32755;
 }  // namespace error_number
 
@@ -38,21 +47,53 @@ class RunTimeError : public std::runtime_error {
   /// @param source the component that raised it; "ChartProject" for our own errors
   explicit RunTimeError(int number, const std::string& description, std::string source = "ChartProject")
       : std::runtime_error(description), number_(number), source_(std::move(source)) {}
+  /// An error whose description is a text in the user's language. @param values of the text's places "%1", "%2" ...
+  RunTimeError(int number, Text text, std::initializer_list<std::string> values = {})
+      : std::runtime_error(FillIn(TextIn(Language::kEnglish, text), values)),
+        number_(number),
+        source_("ChartProject"),
+        languages_(InAllLanguages(text, values)) {}
 
   [[nodiscard]] int Number() const noexcept { return number_; }
+  /// In English, or as the system words it.
   [[nodiscard]] std::string Description() const { return what(); }
+  /// In a language, where the error has a text; else as Description().
+  [[nodiscard]] std::string Description(Language language) const {
+    return languages_.empty() ? what() : languages_[static_cast<std::size_t>(language)];
+  }
   [[nodiscard]] const std::string& Source() const noexcept { return source_; }
+  /// The same error with its place, a text filled with the values, before the description.
+  [[nodiscard]] RunTimeError At(Text place, std::initializer_list<std::string> values) const {
+    RunTimeError placed(number_, FillIn(TextIn(Language::kEnglish, place), values) + what(), source_);
+    for (const LanguageRow& row : kLanguages) {
+      placed.languages_.push_back(FillIn(TextIn(row.language, place), values) + Description(row.language));
+    }
+    return placed;
+  }
 
  private:
+  static std::vector<std::string> InAllLanguages(Text text, std::initializer_list<std::string> values) {
+    std::vector<std::string> descriptions;
+    for (const LanguageRow& row : kLanguages) descriptions.push_back(FillIn(TextIn(row.language, text), values));
+    return descriptions;
+  }
+
   int number_;
   std::string source_;
+  std::vector<std::string> languages_;  ///< by Language; empty for an error without a text
 };
 
 /// A device, pipe or socket where a file is wanted. Nothing was read from it or written to it.
 class NotARegularFile : public RunTimeError {
  public:
   explicit NotARegularFile(const std::string& name)
-      : RunTimeError(error_number::kPathFileAccess, name + ": not a regular file") {}
+      : RunTimeError(error_number::kPathFileAccess, Text::kNotARegularFile, {name}) {}
 };
+
+/// An exception as a run-time error: itself when it is one, else 440 with its text.
+[[nodiscard]] inline RunTimeError AsRunTimeError(const std::exception& error) {
+  const auto* const known = dynamic_cast<const RunTimeError*>(&error);
+  return known != nullptr ? *known : RunTimeError(error_number::kAutomation, error.what());
+}
 
 }  // namespace chartproject

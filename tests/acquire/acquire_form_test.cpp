@@ -1,10 +1,10 @@
 // The dialog before a run: lists, fields, events, the chart file's header, messages, closing. The rules of the
 // typed fields, and the texts of a run's length and size.
-#include "acquire/input_rules.h"
-#include "acquire/run_texts.h"
-#include "acquire/stopwatch.h"
-#include "acquire/trigger_events.h"
+#include "acquire/dialog/input_rules.h"
+#include "acquire/run/run_texts.h"
+#include "acquire/run/stopwatch.h"
 #include "dialog_fixture.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 namespace {
@@ -19,16 +19,16 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   form = std::make_unique<AcquireForm>(component);
   form->Load();
   EXPECT_EQ(form->Caption(), "Acquire Parameter");
-  EXPECT_THAT(form->cboDriveAddress.Items(), ElementsAre("01", "02", "03", "04"));
-  EXPECT_EQ(form->lblDriveModel.Caption(), "KRA-09");
-  EXPECT_THAT(form->cboPXXX1.Items(), ElementsAre("003", "005", "012"));  // 990 and 991 are the service's
-  EXPECT_FALSE(form->cboPXXX2.Enabled());
-  EXPECT_EQ(form->rtfFileName.Text(), kChart);
+  EXPECT_THAT(form->drive.cboDriveAddress.Items(), ElementsAre("01", "02", "03", "04"));
+  EXPECT_EQ(form->drive.lblDriveModel.Caption(), "KRA-09");
+  EXPECT_THAT(form->drive.cboPXXX1.Items(), ElementsAre("003", "005", "012"));  // 990 and 991 are the service's
+  EXPECT_FALSE(form->drive.cboPXXX2.Enabled());
+  EXPECT_EQ(form->file.rtfFileName.Text(), kChart);
   EXPECT_EQ(component.strChartFileName, kChart);
-  EXPECT_EQ(form->lblTimeBetweenPointsRange.Caption(), "1 ... 65 s");
-  EXPECT_EQ(form->cboEvent.Text(), "<PXXX> = Content");
+  EXPECT_EQ(form->timing.lblTimeBetweenPointsRange.Caption(), "1 ... 65 s");
+  EXPECT_EQ(form->trigger.cboEvent.Text(), "<PXXX> = Content");
   EXPECT_TRUE(StartShown() && !TriggerShown() && !form->cmdViewChart.Visible());
-  EXPECT_EQ(form->lblEstimate.Caption(), "Duration 00:00:05, about 900 bytes.");
+  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 00:00:05, about 900 bytes.");
   EXPECT_EQ(std::pair(form->Left(), form->Top()), std::pair(1500.0, (1024 * 15 - 6360) / 2.0));
   EXPECT_EQ(form->HelpContextId(), 91);
   EXPECT_THAT(Prompts(), IsEmpty());
@@ -41,34 +41,34 @@ TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
   form = std::make_unique<AcquireForm>(component);
   form->Load();
   EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("broken: C:\\p\\Test.cht")));
-  EXPECT_EQ(form->tmrMonitorEsc.Interval(), 100);
+  EXPECT_EQ(form->controller.tmrMonitorEsc.Interval(), 100);
 }
 
 TEST_F(AcquireFormTest, TheHostsDriveMayBeMissingAndSoMayAllDrives) {
   component.settings.intSelectedDrive = 9;
   Open();
-  EXPECT_EQ(form->cboDriveAddress.ListIndex(), -1);
+  EXPECT_EQ(form->drive.cboDriveAddress.ListIndex(), -1);
   EXPECT_FALSE(StartShown());
-  Choose(form->cboDriveAddress, "03");
-  EXPECT_THAT(form->cboPXXX1.Items(), ElementsAre("003", "005", "012", "990", "991"));
+  Choose(form->drive.cboDriveAddress, "03");
+  EXPECT_THAT(form->drive.cboPXXX1.Items(), ElementsAre("003", "005", "012", "990", "991"));
   EXPECT_TRUE(StartShown());
   component.driveTable.Clear();
   Open();
-  EXPECT_THAT(form->cboDriveAddress.Items(), IsEmpty());
-  EXPECT_THAT(form->cboPXXX1.Items(), IsEmpty());
-  EXPECT_EQ(form->lblHint.Caption(), "Choose a drive address.");
+  EXPECT_THAT(form->drive.cboDriveAddress.Items(), IsEmpty());
+  EXPECT_THAT(form->drive.cboPXXX1.Items(), IsEmpty());
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Choose a drive address.");
 }
 
 TEST_F(AcquireFormTest, MissingDriverFileIsNamedOnceAndTheDialogStaysUsable) {
   fake.files.Delete("C:\\d\\LMX01E.wcd");
   Open();
-  Choose(form->cboDriveAddress, "02");
+  Choose(form->drive.cboDriveAddress, "02");
   EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("C:\\d\\LMX01E.wcd")));
-  EXPECT_THAT(form->cboPXXX1.Items(), IsEmpty());
+  EXPECT_THAT(form->drive.cboPXXX1.Items(), IsEmpty());
   EXPECT_FALSE(StartShown());
-  EXPECT_EQ(form->lblHint.Caption(), "Choose a parameter in every list that is in use.");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Choose a parameter in every list that is in use.");
   EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
-  Choose(form->cboDriveAddress, "01");
+  Choose(form->drive.cboDriveAddress, "01");
   EXPECT_TRUE(StartShown());
   EXPECT_THAT(Prompts(), IsEmpty());
 }
@@ -83,76 +83,77 @@ TEST_F(AcquireFormTest, LineErrorsOfADriverFileAreNotRepeatedAtEveryReset) {
 
 TEST_F(AcquireFormTest, NumberOfParametersEnablesTheListsInUse) {
   Open();
-  form->cboPXXX1.SetListIndex(2);
-  Choose(form->cboNumberOfParameters, "3");
-  for (const ComboBox* list : {&form->cboPXXX1, &form->cboPXXX2, &form->cboPXXX3, &form->cboPXXX4}) {
-    EXPECT_EQ(list->Enabled(), list != &form->cboPXXX4);
+  form->drive.cboPXXX1.SetListIndex(2);
+  Choose(form->drive.cboNumberOfParameters, "3");
+  for (const ComboBox* list :
+       {&form->drive.cboPXXX1, &form->drive.cboPXXX2, &form->drive.cboPXXX3, &form->drive.cboPXXX4}) {
+    EXPECT_EQ(list->Enabled(), list != &form->drive.cboPXXX4);
     EXPECT_EQ(list->ListIndex(), 0);
   }
-  Choose(form->cboDriveAddress, "02");
-  EXPECT_TRUE(form->cboPXXX3.Enabled());
-  EXPECT_FALSE(form->cboPXXX4.Enabled());
+  Choose(form->drive.cboDriveAddress, "02");
+  EXPECT_TRUE(form->drive.cboPXXX3.Enabled());
+  EXPECT_FALSE(form->drive.cboPXXX4.Enabled());
 }
 
 TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   Open();
-  Choose(form->cboTriggerMode, "Event");
+  Choose(form->trigger.cboTriggerMode, "Event");
   const auto check = [this](TextControl& field, const char* typed, const char* text, bool refused = false) {
     field.SetText(typed);
     EXPECT_EQ(field.Text(), text) << field.Name() << " <- " << typed;
     EXPECT_EQ(Prompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
   };
-  for (const char* refused : {"0", "99999999999"}) check(form->txtNumberOfPoints, refused, "5", true);
-  check(form->txtNumberOfPoints, "x", "5");
-  check(form->txtNumberOfPoints, "12.6", "13");
-  check(form->txtTimeBetweenPoints, "66", "1", true);
-  check(form->txtTimeBetweenPoints, "", "1");
-  Choose(form->cboTimeBetweenPointsUnit, "ms");
-  check(form->txtTimeBetweenPoints, "70000", "1000", true);
-  check(form->txtTimeBetweenPoints, "150", "150");
-  check(form->txtContent, "-,", "-,");
-  check(form->txtContent, "abc", "");
+  for (const char* refused : {"0", "99999999999"}) check(form->timing.txtNumberOfPoints, refused, "5", true);
+  check(form->timing.txtNumberOfPoints, "x", "5");
+  check(form->timing.txtNumberOfPoints, "12.6", "13");
+  check(form->timing.txtTimeBetweenPoints, "66", "1", true);
+  check(form->timing.txtTimeBetweenPoints, "", "1");
+  Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+  check(form->timing.txtTimeBetweenPoints, "70000", "1000", true);
+  check(form->timing.txtTimeBetweenPoints, "150", "150");
+  check(form->trigger.txtContent, "-,", "-,");
+  check(form->trigger.txtContent, "abc", "");
   EXPECT_EQ(component.contentText, "");
   EXPECT_FALSE(TriggerShown());
-  EXPECT_EQ(form->lblHint.Caption(), "Enter the content to compare with.");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Enter the content to compare with.");
 }
 
 TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
   Open();
-  Choose(form->cboTimeBetweenPointsUnit, "ms");
-  EXPECT_EQ(form->txtTimeBetweenPoints.Text(), "1000");
-  form->txtTimeBetweenPoints.SetFocus();
-  form->txtTimeBetweenPoints.SetText("150");
+  Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+  EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "1000");
+  form->timing.txtTimeBetweenPoints.SetFocus();
+  form->timing.txtTimeBetweenPoints.SetText("150");
   EXPECT_TRUE(StartShown());
-  form->txtContent.SetFocus();
-  EXPECT_EQ(form->txtTimeBetweenPoints.Text(), "");
+  form->trigger.txtContent.SetFocus();
+  EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "");
   EXPECT_EQ(component.timeText, "");
   EXPECT_THAT(Prompts(), ElementsAre("Value out of range !"));
   EXPECT_FALSE(StartShown());
-  EXPECT_EQ(form->lblHint.Caption(), "Enter the time among points.");
-  form->txtTimeBetweenPoints.SetText("250");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Enter the time among points.");
+  form->timing.txtTimeBetweenPoints.SetText("250");
   EXPECT_TRUE(StartShown());
   // The access key of Start leaves the field without leaving it.
-  form->txtTimeBetweenPoints.SetText("199");
-  form->cmdStart.Press();
+  form->timing.txtTimeBetweenPoints.SetText("199");
+  form->panel.cmdStart.Press();
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
   EXPECT_FALSE(StartShown());
 }
 
 TEST_F(AcquireFormTest, MaskedTimeIsCheckedOnLeavingAndAtStart) {
   Open();
-  Choose(form->cboTimeBetweenPointsUnit, "hh:mm:ss");
-  EXPECT_TRUE(form->mebTimeBetweenPoints.Visible());
-  EXPECT_FALSE(form->txtTimeBetweenPoints.Visible());
-  EXPECT_EQ(form->lblTimeBetweenPointsRange.Caption(), "HH:MM:SS");
+  Choose(form->timing.cboTimeBetweenPointsUnit, "hh:mm:ss");
+  EXPECT_TRUE(form->timing.mebTimeBetweenPoints.Visible());
+  EXPECT_FALSE(form->timing.txtTimeBetweenPoints.Visible());
+  EXPECT_EQ(form->timing.lblTimeBetweenPointsRange.Caption(), "HH:MM:SS");
   const std::pair<const char*, const char*> cases[] = {{"24:00:00", "Value out of range !"},
                                                        {"0a:00:00", "Incorrect value: use format hh:mm:ss"}};
   for (const auto& [text, message] : cases) {
-    form->mebTimeBetweenPoints.SetFocus();
-    form->mebTimeBetweenPoints.SetText(text);
-    form->cboPXXX1.SetFocus();
+    form->timing.mebTimeBetweenPoints.SetFocus();
+    form->timing.mebTimeBetweenPoints.SetText(text);
+    form->drive.cboPXXX1.SetFocus();
     EXPECT_THAT(Prompts(), ElementsAre(message)) << text;
-    form->cmdStart.Press();
+    form->panel.cmdStart.Press();
     EXPECT_THAT(Prompts(), ElementsAre(message)) << text;
     EXPECT_EQ(form->Run().State(), RunState::kIdle);
   }
@@ -160,15 +161,15 @@ TEST_F(AcquireFormTest, MaskedTimeIsCheckedOnLeavingAndAtStart) {
 
 TEST_F(AcquireFormTest, PointsNeedRoomOnTheDisk) {
   Open();
-  Choose(form->cboNumberOfParameters, "4");
+  Choose(form->drive.cboNumberOfParameters, "4");
   fake.files.space.totalFree = 170'000'700;
-  form->txtNumberOfPoints.SetText("1000000");
+  form->timing.txtNumberOfPoints.SetText("1000000");
   EXPECT_THAT(Prompts(), ElementsAre("Insufficient disk space: 170,000,700 bytes. Required space: 70,000,700 bytes"));
-  EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");
+  EXPECT_EQ(form->timing.txtNumberOfPoints.Text(), "5");
   ++fake.files.space.totalFree;
-  form->txtNumberOfPoints.SetText("1000000");
-  EXPECT_EQ(form->txtNumberOfPoints.Text(), "1000000");
-  EXPECT_EQ(form->lblEstimate.Caption(), "Duration 11 d 13:46:40, about 66.76 MB.");
+  form->timing.txtNumberOfPoints.SetText("1000000");
+  EXPECT_EQ(form->timing.txtNumberOfPoints.Text(), "1000000");
+  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 11 d 13:46:40, about 66.76 MB.");
 }
 
 TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
@@ -178,50 +179,51 @@ TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
   form->Load();
   EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_FALSE(StartShown());
-  form->rtfFileName.SetText("D");
-  form->rtfFileName.SetText("D:");
+  form->file.rtfFileName.SetText("D");
+  form->file.rtfFileName.SetText("D:");
   EXPECT_THAT(Prompts(), IsEmpty());
-  form->cmdStart.Press();
+  form->panel.cmdStart.Press();
   EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
 }
 
 TEST_F(AcquireFormTest, EventsThatTheModelLacksDoNotStaySelected) {
   Open();
-  Choose(form->cboDriveAddress, "02");
-  Choose(form->cboTriggerMode, "Event");
+  Choose(form->drive.cboDriveAddress, "02");
+  Choose(form->trigger.cboTriggerMode, "Event");
   for (int position = 0; position < kEventCount; ++position) {
-    form->cboEvent.SetListIndex(position);
-    const bool offered = EventAvailable(position, "LMX-01");
-    EXPECT_EQ(form->cboEvent.ListIndex(), offered ? position : -1);
+    form->trigger.cboEvent.SetListIndex(position);
+    const bool offered = EventAvailable(EventAt(position), "LMX-01");
+    EXPECT_EQ(form->trigger.cboEvent.ListIndex(), offered ? position : -1);
     EXPECT_TRUE(offered || (!TriggerShown() && fake.dialogs.boxes.back().helpContext == 91)) << position;
     EXPECT_EQ(Prompts(), std::vector<std::string>(offered ? 0 : 1, "Event not available")) << position;
   }
   // A change of drive asks again.
-  Choose(form->cboDriveAddress, "01");
-  Choose(form->cboEvent, "P012 - DI3 = 1");
+  Choose(form->drive.cboDriveAddress, "01");
+  Choose(form->trigger.cboEvent, "P012 - DI3 = 1");
   EXPECT_TRUE(TriggerShown());
-  Choose(form->cboDriveAddress, "02");
-  EXPECT_EQ(form->cboEvent.ListIndex(), -1);
-  EXPECT_EQ(form->lblHint.Caption(), "Choose an event.");
+  Choose(form->drive.cboDriveAddress, "02");
+  EXPECT_EQ(form->trigger.cboEvent.ListIndex(), -1);
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Choose an event.");
 }
 
 TEST_F(AcquireFormTest, TriggerModesAndCompareFields) {
   Open();
-  Choose(form->cboTriggerMode, "Event");
-  EXPECT_TRUE(form->cboPXXX.Enabled() && form->txtContent.Enabled());
-  form->txtContent.SetText("12.5");
-  form->cboPXXX.SetListIndex(1);
+  Choose(form->trigger.cboTriggerMode, "Event");
+  EXPECT_TRUE(form->trigger.cboPXXX.Enabled() && form->trigger.txtContent.Enabled());
+  form->trigger.txtContent.SetText("12.5");
+  form->trigger.cboPXXX.SetListIndex(1);
   EXPECT_TRUE(TriggerShown() && !StartShown());
-  Choose(form->cboTriggerMode, "Manual");
-  EXPECT_FALSE(form->cboEvent.Enabled() || form->cboPXXX.Enabled() || form->txtContent.Enabled());
-  EXPECT_EQ(form->txtContent.Text(), "12.5");
+  Choose(form->trigger.cboTriggerMode, "Manual");
+  EXPECT_FALSE(form->trigger.cboEvent.Enabled() || form->trigger.cboPXXX.Enabled() ||
+               form->trigger.txtContent.Enabled());
+  EXPECT_EQ(form->trigger.txtContent.Text(), "12.5");
   EXPECT_TRUE(StartShown());
-  Choose(form->cboTriggerMode, "Event");
-  Choose(form->cboEvent, "Inverter is enabled (RUN)");
-  EXPECT_EQ(form->cboPXXX.ListIndex(), 0);
-  EXPECT_FALSE(form->cboPXXX.Enabled());
-  EXPECT_EQ(form->txtContent.Text(), "");
+  Choose(form->trigger.cboTriggerMode, "Event");
+  Choose(form->trigger.cboEvent, "Inverter is enabled (RUN)");
+  EXPECT_EQ(form->trigger.cboPXXX.ListIndex(), 0);
+  EXPECT_FALSE(form->trigger.cboPXXX.Enabled());
+  EXPECT_EQ(form->trigger.txtContent.Text(), "");
   EXPECT_TRUE(TriggerShown());
 }
 
@@ -235,38 +237,38 @@ TEST_F(AcquireFormTest, HeaderOfAnExistingFileIsShownAndWrittenBackUnchanged) {
   for (const std::string& header : headers) {
     fake.files.Put("C:\\p\\old.cht", "[INFO]\r\n" + header + "\r\n[TIME/CONTENT]\r\n");
     Open();
-    form->rtfFileName.SetText("C:\\p\\old.cht");
+    form->file.rtfFileName.SetText("C:\\p\\old.cht");
     EXPECT_TRUE(form->cmdViewChart.Visible());
-    (form->cmdStart.Visible() ? form->cmdStart : form->cmdTrigger).Press();
+    (form->panel.cmdStart.Visible() ? form->panel.cmdStart : form->panel.cmdTrigger).Press();
     RunToEnd();
     EXPECT_EQ(form->LastRun().end, RunEnd::kComplete);
     EXPECT_THAT(fake.files.Bytes("C:\\p\\old.cht"), testing::StartsWith("[INFO]\r\n" + header + "Start Date="));
     EXPECT_THAT(Prompts(), IsEmpty());
-    form->rtfFileName.SetText("C:\\p\\new.cht");
+    form->file.rtfFileName.SetText("C:\\p\\new.cht");
     EXPECT_FALSE(form->cmdViewChart.Visible());
-    EXPECT_EQ(form->txtNumberOfPoints.Text(), "5");
+    EXPECT_EQ(form->timing.txtNumberOfPoints.Text(), "5");
     EXPECT_EQ(component.strChartFileName, "C:\\p\\new.cht");
   }
 }
 
 TEST_F(AcquireFormTest, FilesAreNamedByBrowsingAndByPrompt) {
   Open();
-  form->cmdBrowse.Press();  // cancelled
-  EXPECT_EQ(form->rtfFileName.Text(), kChart);
+  form->file.cmdBrowse.Press();  // cancelled
+  EXPECT_EQ(form->file.rtfFileName.Text(), kChart);
   const OpenFileRequest& asked = fake.dialogs.fileRequests.at(0);
   EXPECT_EQ(asked.initialFolder + "|" + asked.filter, "C:\\p|Chart Files (*.cht)|*.cht");
   EXPECT_EQ(asked.flags, 4100);
   fake.dialogs.fileAnswer = "C:\\q\\b.cht";
-  form->cmdBrowse.Press();
+  form->file.cmdBrowse.Press();
   EXPECT_EQ(component.strChartFileName, "C:\\q\\b.cht");
   EXPECT_THAT(Sounds(), ElementsAre("NIMClick.wav"));
   fake.dialogs.inputAnswer = "motor";
-  form->cmdNewFile.Press();
+  form->file.cmdNewFile.Press();
   EXPECT_EQ(fake.dialogs.inputs[0].prompt, "Enter file name:");
   EXPECT_EQ(fake.dialogs.inputs[0].title, "Chart File");
-  EXPECT_EQ(form->rtfFileName.Text(), "C:\\p\\motor.cht");
-  form->rtfFileName.SetText("");
-  EXPECT_EQ(form->lblHint.Caption(), "Enter a file name.");
+  EXPECT_EQ(form->file.rtfFileName.Text(), "C:\\p\\motor.cht");
+  form->file.rtfFileName.SetText("");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Enter a file name.");
 }
 
 TEST_F(AcquireFormTest, ViewChartAndOk) {
@@ -300,6 +302,7 @@ const NumberFormat kComma{",", "."};
 
 TEST(InputRules, WholeNumbersOfPointsAndTimes) {
   using enum Verdict;
+  using enum TimeUnit;
   const std::pair<const char*, int> accepted[] = {
       {"5", 5}, {"12.6", 13}, {"2.5", 2}, {"1e3", 1000}, {"2000000000", 2'000'000'000}};
   for (const auto& [text, value] : accepted) {
@@ -310,12 +313,13 @@ TEST(InputRules, WholeNumbersOfPointsAndTimes) {
     EXPECT_EQ(CheckNumberOfPoints(text, kStop).verdict, kOutOfRange) << text;
   }
   for (const char* text : {"", "12x"}) EXPECT_EQ(CheckNumberOfPoints(text, kStop).verdict, kNotANumber) << text;
-  const std::tuple<int, int, Verdict> times[] = {{0, 0, kOutOfRange}, {1, 0, kLetStand},   {199, 0, kLetStand},
-                                                 {200, 0, kAccept},   {65535, 0, kAccept}, {65536, 0, kOutOfRange},
-                                                 {0, 1, kOutOfRange}, {65, 1, kAccept},    {66, 1, kOutOfRange}};
+  const std::tuple<int, TimeUnit, Verdict> times[] = {
+      {0, kMilliseconds, kOutOfRange}, {1, kMilliseconds, kLetStand},   {199, kMilliseconds, kLetStand},
+      {200, kMilliseconds, kAccept},   {65535, kMilliseconds, kAccept}, {65536, kMilliseconds, kOutOfRange},
+      {0, kSeconds, kOutOfRange},      {65, kSeconds, kAccept},         {66, kSeconds, kOutOfRange}};
   for (const auto& [time, unit, verdict] : times) {
     const NumberCheck check = CheckTimeBetweenPoints(std::to_string(time), unit, kStop);
-    EXPECT_EQ(check.verdict, verdict) << time << ", unit " << unit;
+    EXPECT_EQ(check.verdict, verdict) << time << ", unit " << static_cast<int>(unit);
     EXPECT_TRUE(verdict != kAccept || check.value == time) << time;
   }
 }

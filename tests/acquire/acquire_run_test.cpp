@@ -1,9 +1,10 @@
 // Recordings from Start to chart file: what the window shows, early ends, failures. The event watch before them: each
 // test, the blinking lamp, the question, and moments to the millisecond from scripted plants.
-#include "acquire/event_watch.h"
-#include "acquire/trigger_events.h"
+#include "acquire/run/event_watch.h"
 #include "dialog_fixture.h"
+#include "drive/parameter_read.h"
 #include "links/scenario_link.h"
+#include "recording/trigger_events.h"
 
 namespace chartproject {
 namespace {
@@ -17,28 +18,28 @@ class AcquireRunTest : public DialogTest {
   /// Sets the number of points and starts.
   void Start(int points) {
     Open();
-    form->txtNumberOfPoints.SetText(std::to_string(points));
-    form->cmdStart.Press();
+    form->timing.txtNumberOfPoints.SetText(std::to_string(points));
+    form->panel.cmdStart.Press();
   }
 };
 
 TEST_F(AcquireRunTest, TheWindowFollowsARecordingFromStartToChartFile) {
   plant.texts = {{3, "1.50"}, {5, "é"}};
   Open();
-  Choose(form->cboNumberOfParameters, "2");
-  Choose(form->cboPXXX2, "005");
-  form->txtNumberOfPoints.SetText("3");
-  form->cmdStart.Press();
+  Choose(form->drive.cboNumberOfParameters, "2");
+  Choose(form->drive.cboPXXX2, "005");
+  form->timing.txtNumberOfPoints.SetText("3");
+  form->panel.cmdStart.Press();
   EXPECT_THAT(Sounds(), ElementsAre("ir_end.wav"));
   EXPECT_EQ(form->Height(), 7200);
   EXPECT_EQ(form->Pointer(), MousePointer::kHourglass);
-  EXPECT_FALSE(form->picTime.Enabled() || form->cmdOK.Enabled() || form->cmdStart.Enabled());
+  EXPECT_FALSE(form->timing.picTime.Enabled() || form->cmdOK.Enabled() || form->panel.cmdStart.Enabled());
   RunUntil(milliseconds(999));
   EXPECT_EQ(form->Run().Counter(), 0);
   RunUntil(seconds(2));
-  EXPECT_EQ(form->lblProgress.Caption(), "2");
-  EXPECT_EQ(form->prgProgress.Value(), 6666);
-  EXPECT_EQ(form->lblRunTimes.Caption(), "Elapsed 00:00:02, expected end 08:00:03");
+  EXPECT_EQ(form->panel.lblProgress.Caption(), "2");
+  EXPECT_EQ(form->panel.prgProgress.Value(), 6666);
+  EXPECT_EQ(form->panel.lblRunTimes.Caption(), "Elapsed 00:00:02, expected end 08:00:03");
   EXPECT_EQ(Chart(), "");
   RunToEnd();
   EXPECT_THAT(Chart(), HasSubstr("Start Date=31/01/2026\r\nStart Time=08:00:01\r\nEnd Date=31/01/2026\r\n"
@@ -47,9 +48,9 @@ TEST_F(AcquireRunTest, TheWindowFollowsARecordingFromStartToChartFile) {
   EXPECT_THAT(Sounds(), ElementsAre("Complete.wav"));
   EXPECT_EQ(form->Height(), 6360);
   EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
-  EXPECT_TRUE(form->picTime.Enabled() && form->cmdOK.Enabled() && form->cmdStart.Enabled());
+  EXPECT_TRUE(form->timing.picTime.Enabled() && form->cmdOK.Enabled() && form->panel.cmdStart.Enabled());
   EXPECT_TRUE(form->cmdViewChart.Visible());
-  EXPECT_EQ(form->lblProgress.Caption(), "");
+  EXPECT_EQ(form->panel.lblProgress.Caption(), "");
   EXPECT_FALSE(fake.forms.Timers().NextDue());
   EXPECT_THAT(Prompts(), IsEmpty());
 }
@@ -69,19 +70,114 @@ TEST_F(AcquireRunTest, MoreThan2500PointsAreSpooled) {
   }
 }
 
-TEST_F(AcquireRunTest, EscKeepsThePointsTaken) {
-  Start(100);
-  RunUntil(seconds(10));
+/// One way in which a recording ends.
+struct Ending {
+  const char* name;
+  int points;   ///< asked for
+  int seconds;  ///< after the start, when its cause comes
+  void (*cause)(DialogTest&);
+  RunEnd end;
+  int taken;
+  std::size_t rows;     ///< in the chart file
+  const char* endTime;  ///< in its header
+  int spooled;          ///< rows left in the spool file
+  std::vector<std::string> prompts;
+};
+
+class RunEndTest : public DialogTest, public ::testing::WithParamInterface<Ending> {};
+
+TEST_P(RunEndTest, KeepsThePointsTakenAndGivesTheReason) {
+  const Ending& way = GetParam();
+  Open();
+  form->timing.txtNumberOfPoints.SetText(std::to_string(way.points));
+  form->panel.cmdStart.Press();
+  RunUntil(seconds(way.seconds));
+  // Points in memory are written before a box waits for an answer.
+  fake.dialogs.whileUp = [this](const MessageBoxRequest&) {
+    EXPECT_TRUE(fake.files.Has(kChart) || fake.files.Has(kSpool));
+  };
+  way.cause(*this);
+  RunToEnd();
+  EXPECT_EQ(form->LastRun().end, way.end);
+  EXPECT_EQ(form->LastRun().points, way.taken);
+  EXPECT_EQ(Prompts(), way.prompts);
+  ASSERT_EQ(Rows().size(), way.rows);
+  for (int row = 0; row < static_cast<int>(way.rows); ++row) {
+    ASSERT_EQ(Rows()[static_cast<std::size_t>(row)].substr(std::min(row < way.taken ? 8 : 0, 8)),
+              row < way.taken ? "#50#####" : "######")
+        << row;
+  }
+  EXPECT_THAT(Chart(), HasSubstr("End Date=31/01/2026\r\nEnd Time=" + std::string(way.endTime) + "\r\n"));
+  EXPECT_EQ(std::ranges::count(fake.files.Bytes(kSpool), '\n'), way.spooled);
+  EXPECT_EQ(Sounds().back(), way.end == RunEnd::kStopped && !form->IsLoaded() ? "ir_end.wav" : "Complete.wav");
+  EXPECT_EQ(form->panel.picProgress.Visible() || form->Run().Active() || !fake.files.locked.empty(), false);
+}
+
+const std::string kSpaceLeft = "Insufficient disk space: 99,999,999 bytes";
+INSTANTIATE_TEST_SUITE_P(
+    Ways, RunEndTest,
+    ::testing::Values(Ending{"Complete", 4, 3, [](DialogTest&) {}, RunEnd::kComplete, 4, 4, "08:00:04", 0, {}},
+                      Ending{"Esc",
+                             100,
+                             10,
+                             [](DialogTest& test) { test.fake.keyboard.escape = true; },
+                             RunEnd::kStopped,
+                             10,
+                             100,
+                             "8h00m10",
+                             0,
+                             {}},
+                      Ending{"Closed",
+                             20,
+                             4,
+                             [](DialogTest& test) { test.form->CloseByUser(); },
+                             RunEnd::kStopped,
+                             4,
+                             20,
+                             "8h00m04",
+                             0,
+                             {}},
+                      Ending{"FullDisk",
+                             3000,
+                             5,
+                             [](DialogTest& test) { test.fake.files.space.totalFree = 99'999'999; },
+                             RunEnd::kDiskSpace,
+                             6,
+                             0,
+                             "8h00m06",
+                             6,
+                             {kSpaceLeft, kSpaceLeft + ". Points were saved on file: C:\\p\\Test.cht.tcf0"}},
+                      Ending{"BrokenSpool",
+                             3000,
+                             7,
+                             [](DialogTest& test) { test.fake.files.Break("append", error_number::kDiskFull); },
+                             RunEnd::kFailed,
+                             7,
+                             7,
+                             "8h00m08",
+                             0,
+                             {"broken: C:\\p\\Test.cht.tcf0"}},
+                      Ending{"BrokenLink",
+                             10,
+                             2,
+                             [](DialogTest& test) { test.plant.failAt = "read"; },
+                             RunEnd::kFailed,
+                             2,
+                             10,
+                             "8h00m03",
+                             0,
+                             {"read 1 8 3 unit 26 failed"}}),
+    [](const auto& way) { return way.param.name; });
+
+TEST_F(AcquireRunTest, EscBeforeTheFirstPointWritesNothing) {
+  Open();
+  fake.keyboard.escape = true;  // pressed before the run: not meant for it
+  form->panel.cmdStart.Press();
+  RunUntil(milliseconds(500));
+  EXPECT_EQ(form->Run().State(), RunState::kSampling);
   fake.keyboard.escape = true;
   RunToEnd();
-  const auto rows = Rows();
-  ASSERT_EQ(rows.size(), 100U);
-  EXPECT_EQ(rows[9], "08:00:10#50#####");
-  for (std::size_t i = 10; i < rows.size(); ++i) ASSERT_EQ(rows[i], "######");
-  EXPECT_THAT(Chart(), HasSubstr("End Date=31/01/2026\r\nEnd Time=8h00m10\r\n"));
-  EXPECT_EQ(form->LastRun().end, RunEnd::kStopped);
-  EXPECT_EQ(form->LastRun().points, 10);
-  EXPECT_THAT(Sounds(), ElementsAre("ir_end.wav", "Complete.wav", "Complete.wav"));
+  EXPECT_FALSE(fake.files.Has(kChart));
   // The key that ended the run does not close the dialog while it is down.
   EXPECT_FALSE(form->cmdOK.IsCancel());
   fake.clock.Advance(milliseconds(100));
@@ -89,37 +185,18 @@ TEST_F(AcquireRunTest, EscKeepsThePointsTaken) {
   EXPECT_TRUE(form->cmdOK.IsCancel());
 }
 
-TEST_F(AcquireRunTest, EscBeforeTheFirstPointWritesNothing) {
-  Open();
-  fake.keyboard.escape = true;  // pressed before the run: not meant for it
-  form->cmdStart.Press();
-  RunUntil(milliseconds(500));
-  EXPECT_EQ(form->Run().State(), RunState::kSampling);
-  fake.keyboard.escape = true;
-  RunToEnd();
-  EXPECT_FALSE(fake.files.Has(kChart));
-}
-
-TEST_F(AcquireRunTest, ClosingTheWindowEndsTheRunAndKeepsThePoints) {
-  Start(20);
-  RunUntil(seconds(4));
-  form->CloseByUser();
-  EXPECT_EQ(Rows().size(), 20U);
-  EXPECT_FALSE(form->IsLoaded() || fake.forms.Timers().NextDue());
-}
-
 TEST_F(AcquireRunTest, StopwatchSpacesThePoints) {
   Open();
-  Choose(form->cboTimeBetweenPointsUnit, "hh:mm:ss");
-  form->mebTimeBetweenPoints.SetText("00:00:05");
-  form->txtNumberOfPoints.SetText("2");
-  form->cmdStart.Press();
+  Choose(form->timing.cboTimeBetweenPointsUnit, "hh:mm:ss");
+  form->timing.mebTimeBetweenPoints.SetText("00:00:05");
+  form->timing.txtNumberOfPoints.SetText("2");
+  form->panel.cmdStart.Press();
   RunUntil(seconds(4));
-  EXPECT_EQ(form->lblElapsedTime.Caption(), "00:00:04");
-  EXPECT_EQ(form->lblRunTimes.Caption(), "Elapsed 00:00:04, expected end 08:00:10");
+  EXPECT_EQ(form->panel.lblElapsedTime.Caption(), "00:00:04");
+  EXPECT_EQ(form->panel.lblRunTimes.Caption(), "Elapsed 00:00:04, expected end 08:00:10");
   EXPECT_EQ(form->Run().Counter(), 0);
   RunUntil(seconds(5));
-  EXPECT_EQ(form->lblElapsedTime.Caption(), "00:00:00");
+  EXPECT_EQ(form->panel.lblElapsedTime.Caption(), "00:00:00");
   RunToEnd();
   EXPECT_THAT(Rows(), ElementsAre("08:00:05#50#####", "08:00:10#50#####"));
   EXPECT_THAT(Chart(), HasSubstr("Scan Time=00:00:05\r\nUnit=hh:mm:ss\r\n"));
@@ -129,29 +206,18 @@ TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
   plant.texts = {{3, "7"}, {12, "IA"}};
   plant.silent = {5};
   const std::tuple<const char*, int, const char*> cases[] = {
-      {"KRA-09", 3, "7"},  {"KRA-09", 5, "0"},   {"TSR-03", 5, "0"}, {"KRA-02", 3, ""},     {"KRA-02", 5, ""},
-      {"KRA-02", 6, "50"}, {"KRA-02", 12, "IA"}, {"other", 3, ""},   {"KRA-08", 2, "0.00"}, {"KRA-09", 1, "50"}};
+      {"KRA-09", 3, "7"},    {"KRA-09", 5, "0"},  {"TSR-03", 5, "0"},   {"KRA-02", 3, ""},
+      {"KRA-02", 5, ""},     {"KRA-02", 6, "50"}, {"KRA-02", 12, "IA"}, {"other", 3, ""},
+      {"KRA-08", 2, "0.00"}, {"KRA-09", 1, "50"}, {"KRD-04", 32, ""}};
   component.currentDrive = 1;
   component.parameterTables.At(1).At(12).unitCode = 75;
   for (const auto& [model, parameter, text] : cases) {
     component.driveTable.At(1).Type = model;
-    EXPECT_EQ(ReadColumnText(component, static_cast<std::int16_t>(parameter)), text) << model << " P" << parameter;
+    const ColumnReading reading = ReadColumn(component, static_cast<std::int16_t>(parameter));
+    EXPECT_EQ(reading.text, text) << model << " P" << parameter;
+    EXPECT_EQ(reading.answered, parameter != 5) << model << " P" << parameter;
   }
   EXPECT_THAT(plant.steps, testing::Contains("read 1 0 12 unit 7"));
-}
-
-TEST_F(AcquireRunTest, NearlyFullDiskEndsASpoolingRun) {
-  Start(3000);
-  RunUntil(seconds(5));
-  fake.files.space.totalFree = 99'999'999;
-  RunToEnd();
-  EXPECT_THAT(Prompts(), ElementsAre("Insufficient disk space: 99,999,999 bytes",
-                                     "Insufficient disk space: 99,999,999 bytes. Points were saved on file: " +
-                                         std::string(kSpool)));
-  EXPECT_THAT(Rows(), IsEmpty());
-  EXPECT_THAT(Chart(), testing::EndsWith("End Time=8h00m06\r\n\r\n[TIME/CONTENT]\r\n"));
-  EXPECT_EQ(std::ranges::count(fake.files.Bytes(kSpool), '\n'), 6);
-  EXPECT_EQ(form->LastRun().end, RunEnd::kDiskSpace);
 }
 
 TEST_F(AcquireRunTest, AFileOfAnotherRecordingAndADeviceAreRefused) {
@@ -187,17 +253,6 @@ TEST_F(AcquireRunTest, EscWhileTheDriveIsReadEndsTheRunBeforeThatPoint) {
   }
 }
 
-TEST_F(AcquireRunTest, FailingSpoolEndsTheRunWithTheRowsWritten) {
-  Start(3000);
-  RunUntil(seconds(7));
-  fake.files.Break("append", error_number::kDiskFull);
-  RunToEnd();
-  EXPECT_EQ(form->LastRun().end, RunEnd::kFailed);
-  EXPECT_EQ(form->LastRun().points, 7);
-  EXPECT_THAT(Prompts(), ElementsAre("broken: " + std::string(kSpool)));
-  EXPECT_EQ(Rows().size(), 7U);
-}
-
 TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
   for (const int points : {4, 2600}) {
     Start(points);
@@ -220,28 +275,16 @@ TEST_F(AcquireRunTest, PointsThatCannotBeKeptAnywhereAreCounted) {
   EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. 4 point(s) could not be saved anywhere and are lost."));
 }
 
-TEST_F(AcquireRunTest, ABrokenLinkEndsTheRunOnceWithItsReason) {
-  Start(10);
-  RunUntil(seconds(2));
-  plant.failAt = "read";
-  // Points in memory are written before a box waits for an answer.
-  fake.dialogs.whileUp = [this](const MessageBoxRequest&) { EXPECT_TRUE(fake.files.Has(kChart)); };
-  RunToEnd();
-  EXPECT_THAT(Prompts(), ElementsAre("read 1 8 3 unit 26 failed"));
-  EXPECT_EQ(Rows()[1], "08:00:02#50#####");
-  EXPECT_EQ(Rows()[2], "######");
-}
-
 class EventWatchTest : public DialogTest {
  protected:
   void Arm(int event, const char* content = "50") {
     Open();
-    Choose(form->cboTimeBetweenPointsUnit, "ms");
-    form->txtTimeBetweenPoints.SetText("200");
-    form->cboTriggerMode.SetListIndex(kTriggerByEvent);
-    form->cboEvent.SetListIndex(event);
-    if (IsCompareEvent(event)) form->txtContent.SetText(content);
-    form->cmdTrigger.Press();
+    Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+    form->timing.txtTimeBetweenPoints.SetText("200");
+    form->trigger.cboTriggerMode.SetListIndex(static_cast<int>(TriggerMode::kEvent));
+    form->trigger.cboEvent.SetListIndex(event);
+    if (IsCompareEvent(EventAt(event))) form->trigger.txtContent.SetText(content);
+    form->panel.cmdTrigger.Press();
   }
 };
 
@@ -255,14 +298,33 @@ TEST_F(EventWatchTest, TestsByPosition) {
   component.parameterTables.At(1).At(12).unitCode = 75;
   for (const auto& [position, text, code] : cases) {
     for (const int parameter : {5, 6, 12}) plant.texts[parameter] = text;
-    EXPECT_EQ(TestEvent(component, {position, 5, 50}), code) << position << " " << text;
+    EXPECT_EQ(TestEvent(component, {EventAt(position), 5, 50}), code) << position << " " << text;
   }
   plant.steps.clear();
   plant.silent = {5, 6, 12};
-  EXPECT_EQ(TestEvent(component, {0, 5, 50}), watch_code::kNoAnswer);
-  EXPECT_EQ(TestEvent(component, {8, 5, 50}), watch_code::kInputNotYet);
-  EXPECT_EQ(TestEvent(component, {21, 12, 50}), watch_code::kNoAnswer);
+  EXPECT_EQ(TestEvent(component, {EventAt(0), 5, 50}), watch_code::kNoAnswer);
+  EXPECT_EQ(TestEvent(component, {EventAt(8), 5, 50}), watch_code::kInputNotYet);
+  EXPECT_EQ(TestEvent(component, {EventAt(21), 12, 50}), watch_code::kNoAnswer);
   EXPECT_THAT(plant.steps, ElementsAre("read 1 8 6 unit 7", "read 1 8 12 unit 75", "read 1 8 12 unit 7"));
+}
+
+TEST_F(EventWatchTest, ComparesWhatARecordingWouldKeep) {
+  const std::tuple<const char*, int, std::map<int, std::string>, int> cases[] = {
+      {"KRA-08", 2, {{2, "0"}, {5, "2"}, {208, "25"}}, watch_code::kOccurred},  // the product, not the reading
+      {"KRA-08", 2, {{2, "50"}, {5, "2"}, {208, "30"}}, watch_code::kNotYet},
+      {"KRA-08", 2, {{2, "50"}}, watch_code::kNoAnswer},
+      {"KRA-09", 1, {{1, "50"}, {210, "1"}}, watch_code::kOccurred},
+      {"KRA-09", 1, {{1, "off"}, {210, "1"}}, watch_code::kNotYet},
+      {"KRA-09", 1, {{1, "50"}}, watch_code::kNoAnswer},
+      {"KRD-04", 32, {{14, "2"}, {32, "50"}}, watch_code::kNotYet}};
+  component.currentDrive = 1;
+  plant.others.reset();
+  for (const auto& [model, parameter, texts, code] : cases) {
+    component.driveTable.At(1).Type = model;
+    plant.texts = texts;
+    EXPECT_EQ(TestEvent(component, {TriggerEvent::kEqual, static_cast<std::int16_t>(parameter), 50}), code)
+        << model << " " << code;
+  }
 }
 
 TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {
@@ -270,20 +332,20 @@ TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {
   fake.dialogs.answers = {box_answer::kYes, box_answer::kYes, box_answer::kNo};
   Arm(0);
   EXPECT_EQ(form->Run().State(), RunState::kArmed);
-  EXPECT_TRUE(form->imgTrigger1.Visible());
-  EXPECT_FALSE(form->cmdTrigger.Enabled());
+  EXPECT_TRUE(form->panel.imgTrigger1.Visible());
+  EXPECT_FALSE(form->panel.cmdTrigger.Enabled());
   RunUntil(milliseconds(200));
-  EXPECT_FALSE(form->imgTrigger1.Visible());
+  EXPECT_FALSE(form->panel.imgTrigger1.Visible());
   RunUntil(milliseconds(400));
-  EXPECT_TRUE(form->imgTrigger1.Visible());
+  EXPECT_TRUE(form->panel.imgTrigger1.Visible());
   EXPECT_EQ(fake.dialogs.boxes.back().style, box_style::kYesNo + box_style::kQuestion);
   RunToEnd();
   EXPECT_EQ(fake.clock.Now(), milliseconds(600));
   EXPECT_EQ(Prompts(), std::vector(3, std::string("Serial communication error ! Continue even so ?")));
   EXPECT_EQ(form->LastRun().end, RunEnd::kStopped);
   EXPECT_FALSE(fake.files.Has(kChart));
-  EXPECT_FALSE(form->imgTrigger1.Visible());
-  EXPECT_TRUE(form->cmdTrigger.Enabled());
+  EXPECT_FALSE(form->panel.imgTrigger1.Visible());
+  EXPECT_TRUE(form->panel.cmdTrigger.Enabled());
 }
 
 TEST_F(EventWatchTest, EscWhileTheDriveIsReadEndsTheWatch) {
@@ -305,8 +367,8 @@ TEST_F(EventWatchTest, ARunBegunWhileTheDriveIsReadWaitsForTheLinkAndOutlivesIts
   plant.whileReading = [this] {
     plant.whileReading = nullptr;
     form->StopRun();
-    form->cboTriggerMode.SetListIndex(kTriggerManual);
-    form->cmdStart.Press();
+    form->trigger.cboTriggerMode.SetListIndex(static_cast<int>(TriggerMode::kManual));
+    form->panel.cmdStart.Press();
     RunUntil(fake.clock.Now() + milliseconds(500));
     plant.Note(plant.failAt = "failure");
   };
@@ -333,7 +395,7 @@ TEST_F(EventWatchTest, EscWhileTheQuestionIsUpEndsTheWatchOnce) {
   RunToEnd();
   EXPECT_EQ(ended, 1);
   EXPECT_EQ(fake.dialogs.boxes.size(), 1U);  // the watch did not tick again meanwhile
-  EXPECT_FALSE(form->imgTrigger1.Visible());
+  EXPECT_FALSE(form->panel.imgTrigger1.Visible());
 }
 
 TEST_F(EventWatchTest, SilentInputsNeverAsk) {
@@ -366,12 +428,12 @@ TEST_F(EventWatchTest, TenThousandEventsNoneMissedNoneFalse) {
   component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
   Arm(22, "50");
   form->StopRun();
-  form->txtNumberOfPoints.SetText("1");
+  form->timing.txtNumberOfPoints.SetText("1");
   int mistakes = 0;
   for (int round = 0; round < kRounds; ++round) {
     const Instant armed = milliseconds(round * kRoundLength);
     fake.clock.AdvanceTo(armed);
-    form->cmdTrigger.Press();
+    form->panel.cmdTrigger.Press();
     RunToEnd();
     const int seen = (eventOf(round) + kInterval - 1) / kInterval * kInterval;
     if (fake.clock.Now() != armed + milliseconds(seen + kInterval) || form->LastRun().points != 1) ++mistakes;

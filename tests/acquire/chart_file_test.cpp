@@ -1,9 +1,9 @@
 // Reading chart files, good and bad, and writing them: exact bytes, and no row lost when a write fails.
-#include "acquire/chart_file.h"
+#include "recording/chart_file.h"
 
-#include "acquire/chart_file_writer.h"
-#include "acquire/trigger_events.h"
 #include "gmock/gmock.h"
+#include "recording/chart_file_writer.h"
+#include "recording/trigger_events.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -100,14 +100,16 @@ TEST(SplitRow, PointsHaveExactlySixMarks) {
 
 TEST(EventCodes, CodesMessagesAndAvailability) {
   const std::pair<int, const char*> codes[] = {{0, "RUN"}, {8, "P012-DI3=1"}, {23, "PXXX<=Content"}, {24, ""}};
-  for (const auto& [position, code] : codes) EXPECT_EQ(EventCode(position), code);
-  EXPECT_EQ(EventMessage(1), 61);
-  EXPECT_EQ(EventMessage(18), 37);
-  for (int position = 0; position < kEventCount; ++position) EXPECT_EQ(EventPosition(EventCode(position)), position);
-  EXPECT_EQ(EventPosition("run"), -1);
+  for (const auto& [position, code] : codes) EXPECT_EQ(EventCode(EventAt(position)), code);
+  EXPECT_EQ(EventName(EventAt(1)), Text::kEventReady);
+  EXPECT_EQ(EventName(EventAt(18)), Text::kEventDI8On);
+  for (int position = 0; position < kEventCount; ++position)
+    EXPECT_EQ(EventOfCode(EventCode(EventAt(position))), EventAt(position));
+  EXPECT_EQ(EventOfCode("run"), TriggerEvent::kNone);
   const auto offered = [](const char* model) {
     std::string answers;
-    for (int position = 0; position < kEventCount; ++position) answers += EventAvailable(position, model) ? 'y' : 'n';
+    for (int position = 0; position < kEventCount; ++position)
+      answers += EventAvailable(EventAt(position), model) ? 'y' : 'n';
     return answers;
   };
   EXPECT_EQ(offered("KRA-09"), std::string(24, 'y'));

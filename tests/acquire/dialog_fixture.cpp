@@ -26,7 +26,7 @@ void SetUpDrives(Component& component, FakePorts& fakes) {
 
 DialogTest::DialogTest() {
   plant.others = "50";
-  component.languageBase = 1000;
+  component.language = Language::kEnglish;
   component.helpFile = "help.hlp";
   component.settings.strLanguage = "English";
   component.settings.strFolder = "C:\\p";

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "gmock/gmock.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -17,6 +17,12 @@ namespace chartproject {
 void SetUpDrives(Component& component, FakePorts& fakes);
 
 class DialogTest : public ::testing::Test {
+ public:
+  FakePorts fake;
+  FakePlant plant;  ///< answers "50", unless it is given other texts
+  Component component{fake.ports, fake.forms, plant};
+  std::unique_ptr<AcquireForm> form;
+
  protected:
   DialogTest();
 
@@ -30,15 +36,13 @@ class DialogTest : public ::testing::Test {
   [[nodiscard]] std::vector<std::string> Rows() const;
   [[nodiscard]] std::vector<std::string> Sounds();
   std::vector<std::string> Prompts() { return fake.dialogs.TakePrompts(); }
-  [[nodiscard]] bool StartShown() const { return form->cmdStart.Visible() && form->lblStart.Visible(); }
-  [[nodiscard]] bool TriggerShown() const { return form->cmdTrigger.Visible() && form->lblTrigger.Visible(); }
+  [[nodiscard]] bool StartShown() const { return form->panel.cmdStart.Visible() && form->panel.lblStart.Visible(); }
+  [[nodiscard]] bool TriggerShown() const {
+    return form->panel.cmdTrigger.Visible() && form->panel.lblTrigger.Visible();
+  }
 
   static constexpr const char* kChart = "C:\\p\\Test.cht";
   static constexpr const char* kSpool = "C:\\p\\Test.cht.tcf0";
-  FakePorts fake;
-  FakePlant plant;  ///< answers "50", unless told otherwise
-  Component component{fake.ports, fake.forms, plant};
-  std::unique_ptr<AcquireForm> form;
 };
 
 }  // namespace chartproject

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "chart/category_axis.h"
-#include "chart/value_axis.h"
+#include "chart/picture/category_axis.h"
+#include "chart/picture/value_axis.h"
 
 namespace chartproject {
 namespace {

@@ -1,15 +1,13 @@
-// The chart control: properties and their limits, data, pointer, cursors, requests to paint, the copied picture;
+// The chart control: pointer, cursors, requests to paint, the copied picture;
 // what it says of points: times across midnight, differences, gaps, the scan time in its units.
-#include "chart/chart_control.h"
+#include "chart/window/chart_control.h"
 
 #include <gmock/gmock.h>
 
-#include <cmath>
 #include <limits>
 
-#include "chart/readout.h"
 #include "chart/recording_canvas.h"
-#include "support/error_of.h"
+#include "chart/window/readout.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -27,12 +25,16 @@ class ChartForm : public Form {
 
 struct ChartControlTest : ::testing::Test {
   ChartControlTest() {
-    chart.SetColumnCount(1);
-    chart.SetRowCount(25);
-    chart.SetFirstRowLabel(101);
-    chart.SetColumn(0, std::vector<double>(25, 3.0));
-    chart.SetChartType(3);
+    Show(101, 25);
     chart.Paint(canvas);
+  }
+  void Show(std::int64_t firstLabel, int rows) {
+    ChartModel model;
+    model.kind = ChartKind::k2dLine;
+    model.firstRowLabel = firstLabel;
+    model.rowCount = rows;
+    model.series.push_back({.label = {}, .values = std::vector<double>(rows, 3.0), .color = kSeriesColors[0]});
+    chart.SetModel(std::move(model));
   }
 
   /// The middle of a row's slot, as the chart was painted.
@@ -45,55 +47,6 @@ struct ChartControlTest : ::testing::Test {
   RecordingCanvas canvas{{640, 360}};
 };
 
-TEST_F(ChartControlTest, RefusesWhatThePropertiesCannotHold) {
-  const CategoryScale noDivisions{false, 0, 1, true};
-  const std::vector<double> tooFew{1, 2};
-  const std::pair<int, std::function<void()>> cases[] = {{0, [&] { chart.SetChartType(7); }},
-                                                         {380, [&] { chart.SetChartType(8); }},
-                                                         {380, [&] { chart.SetChartType(-1); }},
-                                                         {380, [&] { chart.SetGridPen(ChartAxis::kX, 7); }},
-                                                         {0, [&] { chart.SetWallPen(6); }},
-                                                         {380, [&] { chart.SetWallPen(-1); }},
-                                                         {380, [&] { chart.SetRowCount(-1); }},
-                                                         {380, [&] { chart.SetColumnCount(-1); }},
-                                                         {380, [&] { chart.SetCategoryScale(noDivisions); }},
-                                                         {380, [&] { chart.SetColumn(0, tooFew); }},
-                                                         {9, [&] { chart.SetColumn(1, {}); }},
-                                                         {9, [&] { chart.SetDataPoint(0, 25, 1); }},
-                                                         {9, [&] { chart.SetDataPoint(-1, 0, 1); }},
-                                                         {9, [&] { (void)chart.RowLabel(25); }},
-                                                         {9, [&] { chart.SetShowLine(1, true); }}};
-  int at = 0;
-  for (const auto& [number, action] : cases) EXPECT_EQ(ErrorOf(action), number) << "case " << at++;
-}
-
-TEST_F(ChartControlTest, NewRowsAndColumnsAreGapsAndOldOnesStay) {
-  chart.SetShowMarker(0, true);
-  chart.SetRowCount(26);
-  chart.SetColumnCount(2);
-  EXPECT_EQ(chart.DataPoint(0, 24), 3.0);
-  EXPECT_TRUE(std::isnan(chart.DataPoint(0, 25)) && std::isnan(chart.DataPoint(1, 0)));
-  EXPECT_TRUE(chart.ShowMarker(0));
-  EXPECT_EQ(chart.Model().series[1].color, FromBgr(65280));
-  EXPECT_EQ(chart.RowLabel(24), 125);
-}
-
-TEST_F(ChartControlTest, ResetDropsDataAndPropertiesButNotTheCursors) {
-  chart.SetCursor(kFirst, 110);
-  chart.SetGridPen(ChartAxis::kSecondY, 0);
-  chart.MouseMoved(Over(20));
-  chart.ResetToDefaults();
-  EXPECT_EQ(chart.ChartType(), 1);
-  EXPECT_EQ(chart.RowCount() + chart.ColumnCount(), 0);
-  EXPECT_EQ(chart.GridPen(ChartAxis::kSecondY), 1);
-  EXPECT_EQ(chart.CursorLabel(kFirst), 110);
-  chart.SetColumnCount(1);
-  RecordingCanvas fresh({640, 360});
-  chart.Paint(fresh);  // while the pointer stands on a row that is gone
-  chart.PaintOverlay(fresh);
-  EXPECT_FALSE(fresh.drawn.Shapes().empty());
-}
-
 TEST_F(ChartControlTest, TellsTheRowUnderThePointerOncePerRow) {
   std::vector<int> rows;
   chart.pointerRowChanged = {"mscChart1_MouseMove", [&] { rows.push_back(chart.PointerRow().value_or(-1)); }};
@@ -102,7 +55,7 @@ TEST_F(ChartControlTest, TellsTheRowUnderThePointerOncePerRow) {
   chart.MouseMoved(Over(5));
   chart.MouseMoved({{1, 1}, false});
   chart.MouseMoved(Over(24));
-  chart.SetRowCount(10);
+  Show(101, 10);
   EXPECT_THAT(rows, ElementsAre(4, 5, -1, 24, -1));
   chart.MouseLeft();
   EXPECT_EQ(rows.size(), 5U);
@@ -116,7 +69,7 @@ TEST_F(ChartControlTest, CursorsKeepTheirPointOfTheFileWhileTheRowsChange) {
   chart.MousePressed({{1, 1}, false});
   EXPECT_EQ(chart.CursorLabel(kFirst), 105);
   EXPECT_EQ(chart.CursorLabel(kSecond), 110);
-  chart.SetFirstRowLabel(106);
+  Show(106, 25);
   EXPECT_EQ(chart.CursorRow(kFirst), std::nullopt);
   EXPECT_EQ(chart.CursorRow(kSecond), 4);
   EXPECT_EQ(changes, 2);
@@ -205,7 +158,7 @@ TEST(ReadoutTest, WritesPointsAndTheDifferenceOfTwo) {
   FakePorts fakes;
   fakes.locale.UseComma();
   Environment environment{fakes.ports, fakes.forms};
-  environment.languageBase = 1000;
+  environment.language = Language::kEnglish;
   ChartHeader header;
   header.ScanTime = "1";
   header.Unit = "s";

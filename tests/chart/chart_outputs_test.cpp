@@ -2,9 +2,9 @@
 // export: its questions, calls and cells in their order, and what is left when it ends early.
 #include <gmock/gmock.h>
 
-#include "chart/chart_page.h"
-#include "chart/excel_export.h"
-#include "chart/page_text.h"
+#include "chart/output/chart_page.h"
+#include "chart/output/excel_export.h"
+#include "chart/output/page_text.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
@@ -15,7 +15,7 @@ using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
 
 struct OutputTest : ::testing::Test {
   OutputTest() {
-    component.languageBase = 1000;
+    component.language = Language::kEnglish;
     component.settings.strBin = "/bin";
   }
   FakePorts fakes;

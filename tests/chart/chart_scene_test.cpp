@@ -1,5 +1,5 @@
 // Whole charts: layout at all sizes, painting order, shapes, and the cost of painting; lines, steps and bars of a plot.
-#include "chart/chart_scene.h"
+#include "chart/picture/chart_scene.h"
 
 #include <gmock/gmock.h>
 
@@ -9,10 +9,10 @@
 #include <limits>
 #include <set>
 
-#include "chart/chart_layout.h"
+#include "chart/picture/chart_layout.h"
+#include "chart/picture/series_path.h"
+#include "chart/picture/series_style.h"
 #include "chart/recording_canvas.h"
-#include "chart/series_path.h"
-#include "chart/series_style.h"
 
 namespace chartproject {
 namespace {

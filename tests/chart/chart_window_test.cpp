@@ -1,9 +1,9 @@
 // The chart window on the headless back end: opening, scrolling, scales, switches, notices, printing.
 #include <gmock/gmock.h>
 
-#include "chart/chart_form.h"
 #include "chart/recording_canvas.h"
-#include "chart/show_chart.h"
+#include "chart/window/chart_form.h"
+#include "chart/window/show_chart.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
 
@@ -16,7 +16,7 @@ constexpr const char* kFile = "/data/Test.cht";
 
 struct ChartWindowTest : ::testing::Test {
   ChartWindowTest() {
-    component.languageBase = 1000;
+    component.language = Language::kEnglish;
     component.settings.strLanguage = "English";
     component.settings.strGrid = component.settings.strMarker = "No";
     component.settings.strLine = component.settings.strSound = "Yes";
@@ -70,10 +70,11 @@ TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
     EXPECT_EQ(std::tuple(model.kind, model.legendVisible, model.wallPen), std::tuple(ChartKind::k2dLine, false, 6));
     EXPECT_EQ(model.backdrop, (Color{255, 255, 230}));
     EXPECT_EQ(Column(form, 1).back(), -25);
-    EXPECT_EQ(form.lblPXXX1.Caption(), "P003");
-    EXPECT_TRUE(form.txtScale2.Enabled() && !form.txtScale3.Enabled() && !form.cmdUpdateChart.Enabled());
+    EXPECT_EQ(form.series.lblPXXX1.Caption(), "P003");
+    EXPECT_TRUE(form.scales.txtScale2.Enabled() && !form.scales.txtScale3.Enabled() &&
+                !form.scales.cmdUpdateChart.Enabled());
     EXPECT_EQ(form.Caption(), "Chart File - Test.cht");
-    EXPECT_EQ(form.cboChartType.Text(), "2D Line");
+    EXPECT_EQ(form.switches.cboChartType.Text(), "2D Line");
   });
   EXPECT_THAT(Prompts(), IsEmpty());
 }
@@ -100,13 +101,13 @@ TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
   for (const auto& [points, rows, usable, range] : cases) {
     Put(std::to_string(points), rows);
     Show([&, last = points, wanted = usable, numbers = range](ChartForm& form) {
-      HScrollBar& bar = form.hsbGraph;
-      EXPECT_TRUE(bar.Visible() == wanted && form.lblPointsPerDivision.Visible() == wanted) << last;
-      EXPECT_EQ(form.sldPointsPerDivision.Enabled(), wanted) << last;
+      HScrollBar& bar = form.scroll.hsbGraph;
+      EXPECT_TRUE(bar.Visible() == wanted && form.scroll.lblPointsPerDivision.Visible() == wanted) << last;
+      EXPECT_EQ(form.scroll.sldPointsPerDivision.Enabled(), wanted) << last;
       if (!wanted) return;
       EXPECT_EQ(std::tuple(bar.Maximum(), bar.SmallChange(), bar.LargeChange()), numbers) << last;
       bar.SetValue(bar.Maximum());
-      EXPECT_EQ(form.SliceStartLine(), form.Source().FirstLine() + last - 25) << last;
+      EXPECT_EQ(form.View().StartLine(), form.View().FirstLine() + last - 25) << last;
       EXPECT_EQ(FirstLabel(form), last - 24) << last;
     });
     EXPECT_THAT(Prompts(), IsEmpty()) << points;
@@ -116,18 +117,19 @@ TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
 TEST_F(ChartWindowTest, SliderWalksDownToWhatFitsAndKeepsTheSliceInTheFile) {
   Put("625", 625);
   Show([&](ChartForm& form) {
-    form.hsbGraph.SetValue(600);
+    form.scroll.hsbGraph.SetValue(600);
     const ChartModel& model = form.mscChart1.Model();
-    form.sldPointsPerDivision.SetValue(10);
-    EXPECT_EQ(std::tuple(form.hsbGraph.Value(), form.hsbGraph.SmallChange()), std::tuple(375, 10));
+    form.scroll.sldPointsPerDivision.SetValue(10);
+    EXPECT_EQ(std::tuple(form.scroll.hsbGraph.Value(), form.scroll.hsbGraph.SmallChange()), std::tuple(375, 10));
     EXPECT_EQ(std::tuple(FirstLabel(form), model.rowCount, model.categoryScale.divisionsPerLabel),
               std::tuple(376, 250, 10));
-    form.sldPointsPerDivision.SetValue(1310);
-    EXPECT_EQ(std::tuple(form.sldPointsPerDivision.Value(), form.PointsPerDivision()), std::tuple(25, 25));
-    EXPECT_EQ(std::tuple(form.hsbGraph.Value(), FirstLabel(form), model.rowCount), std::tuple(0, 1, 625));
-    EXPECT_EQ(form.lblPointsPerDivision.Caption(), "Points per division: 25");
-    form.sldPointsPerDivision.SetValue(1);
-    EXPECT_EQ(form.SliceEndLine() - form.SliceStartLine(), 25);
+    form.scroll.sldPointsPerDivision.SetValue(1310);
+    EXPECT_EQ(std::tuple(form.scroll.sldPointsPerDivision.Value(), form.View().PointsPerDivision()),
+              std::tuple(25, 25));
+    EXPECT_EQ(std::tuple(form.scroll.hsbGraph.Value(), FirstLabel(form), model.rowCount), std::tuple(0, 1, 625));
+    EXPECT_EQ(form.scroll.lblPointsPerDivision.Caption(), "Points per division: 25");
+    form.scroll.sldPointsPerDivision.SetValue(1);
+    EXPECT_EQ(form.View().EndLine() - form.View().StartLine(), 25);
   });
 }
 
@@ -170,17 +172,17 @@ TEST_F(ChartWindowTest, KeysAndWheelOverAFileThatIsGoneAreErrorsOfTheWindow) {
 TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
   Put("100", 100);
   Show([&](ChartForm& form) {
-    form.upd1.Step(1);
-    EXPECT_EQ(form.txtScale1.Text(), "2");
+    form.scales.upd1.Step(1);
+    EXPECT_EQ(form.scales.txtScale1.Text(), "2");
     EXPECT_EQ(Column(form, 0).front(), 1);
-    form.cmdUpdateChart.Press();
+    form.scales.cmdUpdateChart.Press();
     EXPECT_EQ(Column(form, 0).front(), 2);
     EXPECT_EQ(Column(form, 1).front(), -1);
-    EXPECT_FALSE(form.cmdUpdateChart.Enabled());
-    form.txtScale2.SetText("007");
-    form.txtScale2.LeaveFocus();
-    EXPECT_EQ(form.txtScale2.Text(), "7");
-    EXPECT_EQ(form.upd2.Value(), 7);
+    EXPECT_FALSE(form.scales.cmdUpdateChart.Enabled());
+    form.scales.txtScale2.SetText("007");
+    form.scales.txtScale2.LeaveFocus();
+    EXPECT_EQ(form.scales.txtScale2.Text(), "7");
+    EXPECT_EQ(form.scales.upd2.Value(), 7);
 
     const std::pair<const char*, const char*> refused[] = {{"0", "Value out of range !"},
                                                            {"", "Value out of range !"},
@@ -188,13 +190,13 @@ TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
                                                            {"-3", "Value out of range !"},
                                                            {"32768", "Err.Number = 6"}};
     for (const auto& [text, prompt] : refused) {
-      form.txtScale1.SetText(text);
-      form.hsbGraph.SetValue(form.hsbGraph.Value() + 1);  // a load before the check
+      form.scales.txtScale1.SetText(text);
+      form.scroll.hsbGraph.SetValue(form.scroll.hsbGraph.Value() + 1);  // a load before the check
       EXPECT_EQ(Column(form, 0).front(), 2.0 * static_cast<double>(FirstLabel(form))) << text;
-      form.txtScale1.SetText(text);
-      form.txtScale1.LeaveFocus();
+      form.scales.txtScale1.SetText(text);
+      form.scales.txtScale1.LeaveFocus();
       EXPECT_THAT(Prompts(), ElementsAre(HasSubstr(prompt))) << text;
-      EXPECT_EQ(form.txtScale1.Text(), "2");
+      EXPECT_EQ(form.scales.txtScale1.Text(), "2");
     }
   });
 }
@@ -202,21 +204,21 @@ TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
 TEST_F(ChartWindowTest, SwitchesSurviveSlicesAndAreSaved) {
   Put("100", 100);
   Show([&](ChartForm& form) {
-    form.chkGrid.SetValue(1);
-    form.chkMarker.SetValue(1);
-    form.chkLine.SetValue(0);
-    form.cboChartType.SetListIndex(6);
-    form.hsbGraph.SetValue(10);
+    form.switches.chkGrid.SetValue(1);
+    form.switches.chkMarker.SetValue(1);
+    form.switches.chkLine.SetValue(0);
+    form.switches.cboChartType.SetListIndex(6);
+    form.scroll.hsbGraph.SetValue(10);
     const ChartModel& model = form.mscChart1.Model();
     EXPECT_EQ(std::tuple(model.categoryGrid, model.secondValueGrid, model.kind), std::tuple(1, 1, ChartKind::k3dStep));
     EXPECT_TRUE(model.series[1].showMarker && !model.series[0].showLine);
     form.PlaceChangedByUser(300, 450, 15000, 12000);
-    form.cmdOK.Press();
+    form.output.cmdOK.Press();
   });
   auto& stored = fakes.settings.values["MyConf"];
   EXPECT_EQ(stored["strGrid"] + stored["strMarker"] + stored["strLine"] + stored["intChartType"], "YesYesNo6");
   Show([&](ChartForm& form) {
-    EXPECT_EQ(form.cboChartType.ListIndex(), 6);
+    EXPECT_EQ(form.switches.cboChartType.ListIndex(), 6);
     EXPECT_EQ(std::pair(form.Width(), form.Top()), std::pair(15000.0, 450.0));
   });
 }
@@ -225,10 +227,10 @@ TEST_F(ChartWindowTest, AMalformedLineIsToldOnceAndTheChartStays) {
   Put("100", 30);
   fakes.files.Append(kFile, "broken\r\n");
   Show([&](ChartForm& form) {
-    form.hsbGraph.SetValue(6);
+    form.scroll.hsbGraph.SetValue(6);
     EXPECT_THAT(Prompts(), ElementsAre("Line error 45 : <<broken>>"));
     EXPECT_EQ(FirstLabel(form), 1);
-    form.hsbGraph.SetValue(3);
+    form.scroll.hsbGraph.SetValue(3);
     EXPECT_EQ(FirstLabel(form), 4);
   });
 }
@@ -259,9 +261,9 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
   for (const char* named : {"10", "40", "50"}) {
     Put(named, 100);
     Show([&](ChartForm& form) {
-      if (form.hsbGraph.Maximum() == 15) form.hsbGraph.SetValue(15);
-      EXPECT_TRUE(form.hsbGraph.Visible() && form.mscChart1.KeyPressed(Key::kEnd, false)) << named;
-      EXPECT_EQ(form.hsbGraph.Maximum(), 75);
+      if (form.scroll.hsbGraph.Maximum() == 15) form.scroll.hsbGraph.SetValue(15);
+      EXPECT_TRUE(form.scroll.hsbGraph.Visible() && form.mscChart1.KeyPressed(Key::kEnd, false)) << named;
+      EXPECT_EQ(form.scroll.hsbGraph.Maximum(), 75);
       EXPECT_EQ(FirstLabel(form), 76);
       EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("behind point " + std::string(named)));
     });
@@ -271,7 +273,7 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
   std::string bytes = fakes.files.Bytes(kFile);
   fakes.files.Overwrite(kFile, bytes.replace(bytes.find("PXXX1="), 6, "PXXX1=1e400\r\nOld="));
   Show([&](ChartForm& form) {
-    form.hsbGraph.SetValue(5);
+    form.scroll.hsbGraph.SetValue(5);
     EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("goes on"))) << "what follows is no point";
     EXPECT_EQ(FirstLabel(form), 6);
   });
@@ -280,17 +282,17 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
 TEST_F(ChartWindowTest, ShowsAReplacedFileFromItsStart) {
   Put("100", 100);
   Show([&](ChartForm& form) {
-    form.sldPointsPerDivision.SetValue(2);
-    form.hsbGraph.SetValue(20);
+    form.scroll.sldPointsPerDivision.SetValue(2);
+    form.scroll.hsbGraph.SetValue(20);
     Put("60", 60, "1");
-    form.hsbGraph.SetValue(30);
+    form.scroll.hsbGraph.SetValue(30);
     EXPECT_EQ(FirstLabel(form), 1);
-    EXPECT_EQ(form.hsbGraph.Maximum(), 35);
-    EXPECT_EQ(form.hsbGraph.Value(), 0);
-    EXPECT_EQ(form.sldPointsPerDivision.Value(), 1);
+    EXPECT_EQ(form.scroll.hsbGraph.Maximum(), 35);
+    EXPECT_EQ(form.scroll.hsbGraph.Value(), 0);
+    EXPECT_EQ(form.scroll.sldPointsPerDivision.Value(), 1);
     EXPECT_EQ(form.mscChart1.Model().series.size(), 1U);
     Put("60", 60, "1", "07");  // no such drive
-    form.hsbGraph.SetValue(5);
+    form.scroll.hsbGraph.SetValue(5);
     EXPECT_FALSE(form.IsShown());
   });
 }
@@ -300,18 +302,18 @@ TEST_F(ChartWindowTest, EscGivesALongJumpUpAndTheSliceStays) {
   Show([&](ChartForm& form) {
     std::vector<std::string> status;
     fakes.forms.onKeepAlive = [&] {
-      status.push_back(form.lblStatus.Caption());
+      status.push_back(form.reading.lblStatus.Caption());
       EXPECT_EQ(form.Pointer(), MousePointer::kHourglass);
       fakes.keyboard.escape = true;
     };
     fakes.files.beforeBlock = [&] { fakes.clock.Advance(std::chrono::milliseconds(20)); };
-    form.hsbGraph.SetValue(32742);
+    form.scroll.hsbGraph.SetValue(32742);
     EXPECT_THAT(status, ElementsAre(HasSubstr("Reading the file: ")));
-    EXPECT_EQ(form.lblStatus.Caption(), "Stopped. The chart stays where it was.");
+    EXPECT_EQ(form.reading.lblStatus.Caption(), "Stopped. The chart stays where it was.");
     EXPECT_EQ(form.Pointer(), MousePointer::kDefault);
-    EXPECT_EQ(form.hsbGraph.Value(), 0);
+    EXPECT_EQ(form.scroll.hsbGraph.Value(), 0);
     EXPECT_EQ(FirstLabel(form), 1);
-    form.hsbGraph.SetValue(1);
+    form.scroll.hsbGraph.SetValue(1);
     EXPECT_EQ(FirstLabel(form), 13);
   });
 }
@@ -321,20 +323,20 @@ TEST_F(ChartWindowTest, TheWindowMayMoveOnOrCloseDuringALongJump) {
   fakes.files.beforeBlock = [&] { fakes.clock.Advance(std::chrono::milliseconds(20)); };
   Show([&](ChartForm& form) {
     fakes.forms.onKeepAlive = [&] {
-      form.sldPointsPerDivision.SetValue(4);
-      form.cmdPrint.Press();
-      form.hsbGraph.SetValue(2);
+      form.scroll.sldPointsPerDivision.SetValue(4);
+      form.output.cmdPrint.Press();
+      form.scroll.hsbGraph.SetValue(2);
     };
-    form.hsbGraph.SetValue(32742);
-    EXPECT_EQ(form.hsbGraph.Value(), 2);
+    form.scroll.hsbGraph.SetValue(32742);
+    EXPECT_EQ(form.scroll.hsbGraph.Value(), 2);
     EXPECT_EQ(FirstLabel(form), 25);
-    EXPECT_EQ(form.PointsPerDivision(), 1);
-    EXPECT_EQ(form.sldPointsPerDivision.Value(), 1);
+    EXPECT_EQ(form.View().PointsPerDivision(), 1);
+    EXPECT_EQ(form.scroll.sldPointsPerDivision.Value(), 1);
     EXPECT_TRUE(form.IsShown());
   });
   Show([&](ChartForm& form) {
-    fakes.forms.onKeepAlive = [&] { form.cmdOK.Press(); };
-    form.hsbGraph.SetValue(32742);
+    fakes.forms.onKeepAlive = [&] { form.output.cmdOK.Press(); };
+    form.scroll.hsbGraph.SetValue(32742);
     EXPECT_FALSE(form.IsShown());
     EXPECT_EQ(FirstLabel(form), 1);
   });
@@ -344,7 +346,7 @@ TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
   Put("100", 100);
   Show([&](ChartForm& form) {
     form.mscChart1.SetCursor(MeasuringCursor::kFirst, 5);
-    form.hsbGraph.SetValue(60);
+    form.scroll.hsbGraph.SetValue(60);
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 70);
     EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 65 points, 00:00:00");
     EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 → 70 (+65)");
@@ -359,10 +361,10 @@ TEST_F(ChartWindowTest, ExportsTheOpenFileAndIsUsableAgain) {
       if (request.prompt.find("saved as") != std::string::npos) return;
       EXPECT_EQ(form.Pointer(), MousePointer::kDefault) << request.prompt;
     };
-    form.cmdExport.Press();
+    form.output.cmdExport.Press();
     EXPECT_THAT(Prompts().back(), "File was saved as: /data/Test.cht.xls");
     EXPECT_EQ(form.Pointer(), MousePointer::kDefault);
-    form.hsbGraph.SetValue(10);
+    form.scroll.hsbGraph.SetValue(10);
     EXPECT_EQ(FirstLabel(form), 11);
   });
   EXPECT_EQ(fakes.spreadsheets.log.cells.at("1!22,2"), "=1");
@@ -371,12 +373,12 @@ TEST_F(ChartWindowTest, ExportsTheOpenFileAndIsUsableAgain) {
 TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
   Put("100", 100);
   fakes.dialogs.answers = {box_answer::kNo};
-  Show([&](ChartForm& form) { form.cmdPrint.Press(); });
+  Show([&](ChartForm& form) { form.output.cmdPrint.Press(); });
   EXPECT_THAT(Prompts(), ElementsAre("Print ?"));
   EXPECT_TRUE(fakes.clipboard.Picture().has_value());
   EXPECT_EQ(fakes.printer.documentsPrinted, 0);
   fakes.dialogs.answers = {box_answer::kYes};
-  Show([&](ChartForm& form) { form.cmdPrint.Press(); });
+  Show([&](ChartForm& form) { form.output.cmdPrint.Press(); });
   EXPECT_EQ(fakes.printer.documentsPrinted, 1);
   EXPECT_EQ(fakes.sound.played.front().fileName, "\\NIMClick.wav");
 }

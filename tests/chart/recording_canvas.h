@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "chart/scene.h"
+#include "chart/picture/scene.h"
 #include "forms/picture_renderer.h"
 
 namespace chartproject::testing {
@@ -35,9 +35,6 @@ class RecordingCanvas : public Canvas {
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override {
     return {static_cast<double>(text.size()) * font.points * 0.8, font.points * 1.5};
   }
-  void DrawBitmap(const Bitmap& /*bitmap*/, const Rect& /*target*/) override {}
-  void PushClip(const Rect& /*rect*/) override {}
-  void PopClip() override {}
 
   /// The box that a text covers.
   [[nodiscard]] Rect BoxOf(const SceneText& text) const {

@@ -5,10 +5,11 @@
 #include <cmath>
 #include <limits>
 
-#include "chart/chart_source.h"
-#include "chart/field_value.h"
-#include "chart/scroll_range.h"
-#include "chart/slice_reader.h"
+#include "chart/file/chart_source.h"
+#include "chart/file/slice_reader.h"
+#include "chart/view/scroll_range.h"
+#include "recording/field_value.h"
+#include "recording/point_reader.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -87,7 +88,7 @@ TEST_F(SliceReaderTest, SkipsEmptyAndCommentLinesAndStopsAtMalformedOnes) {
     if (end != SliceEnd::kMalformedLine) continue;
     EXPECT_EQ(reading.malformedLine, kFirstLine + 1);
     EXPECT_EQ(reading.malformedText.substr(0, 10), line.substr(0, 10));
-    EXPECT_LE(reading.malformedText.size(), kLongestPointLine + 1);
+    EXPECT_LE(reading.malformedText.size(), kLongestPointLine);
   }
 }
 

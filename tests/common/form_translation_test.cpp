@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
 #include "common/error_log.h"
 #include "forms/controls.h"
 #include "forms/form.h"
@@ -15,7 +15,7 @@ namespace {
 
 class TranslationTest : public testing::Test {
  protected:
-  TranslationTest() { environment.languageBase = 1000; }
+  TranslationTest() { environment.language = Language::kEnglish; }
 
   FakePorts fakes;
   Environment environment{fakes.ports, fakes.forms};
@@ -37,10 +37,10 @@ TEST_F(TranslationTest, TagGivesTheCaptionAndTheToolTipItsOwn) {
   form.SetTag("1014");
   for (const char* type : {"Label", "CommandButton", "CheckBox", "OptionButton", "Frame"}) {
     AnyControl control(form, type, "1010", "1011");
-    environment.languageBase = 1000;
+    environment.language = Language::kEnglish;
     TranslateForm(form, environment);
     EXPECT_EQ(control.Texts(), "&Ok|Ok (Alt+O)") << type;
-    environment.languageBase = 2000;  // a second pass finds the tag again, but no number in the tool tip
+    environment.language = Language::kSpanish;  // a second pass finds the tag again, but no number in the tool tip
     TranslateForm(form, environment);
     EXPECT_EQ(control.Texts(), "&Aceptar|Ok (Alt+O)") << type;
   }
@@ -77,7 +77,7 @@ TEST_F(TranslationTest, OtherTypesTakeTheIdAsItStands) {
   TextBox bare(form, "txt");  // a number, but no caption to put its text into
   bare.SetTag("2065");
   bare.SetToolTipText("3065");
-  environment.languageBase = 2000;
+  environment.language = Language::kSpanish;
   TranslateForm(form, environment);
   EXPECT_EQ(slider.Texts(), "Value out of range !|Imprimir");
   EXPECT_EQ(zero.Texts(), "designed|-1066");

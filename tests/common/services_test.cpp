@@ -4,14 +4,12 @@
 
 #include <set>
 
-#include "common/environment.h"
+#include "common/environment/environment.h"
+#include "common/environment/language.h"
+#include "common/environment/settings_io.h"
+#include "common/environment/settings_table.h"
 #include "common/error_log.h"
-#include "common/extra_texts.h"
-#include "common/language.h"
 #include "common/message_box.h"
-#include "common/message_table.h"
-#include "common/settings_io.h"
-#include "common/settings_table.h"
 #include "common/sounds.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
@@ -60,7 +58,9 @@ TEST_F(ServicesTest, AFailingBoxOrHelpFolderLosesNothing) {
 
   fakes.dialogs.whileUp = [&](const MessageBoxRequest&) { fakes.files.folders.erase("/start"); };
   fakes.dialogs.answers = {box_answer::kNo};
-  EXPECT_EQ(ShowMessage(environment, "x", box_style::kYesNo), box_answer::kNo) << "the former folder is gone";
+  EXPECT_EQ(ShowMessage(environment, "x\r\n\x1B[2J", box_style::kYesNo), box_answer::kNo)
+      << "the former folder is gone";
+  EXPECT_EQ(fakes.dialogs.boxes.back().prompt, "x\r\n\\x1B[2J");
 }
 
 TEST_F(ServicesTest, ErrorsAreAppendedToTheLogAndShown) {
@@ -77,8 +77,8 @@ TEST_F(ServicesTest, ErrorsAreAppendedToTheLogAndShown) {
   EXPECT_EQ(fakes.dialogs.boxes[0].title, "ChartProject");
   EXPECT_EQ(fakes.dialogs.boxes[0].style, 0);
 
-  NoteRunTimeError(environment, "Form_Load", RunTimeError(53, "File not found: x.ico"));
-  EXPECT_THAT(fakes.files.Bytes("C:\\bin\\Kestrel.log"), testing::HasSubstr("File not found: x.ico"));
+  NoteRunTimeError(environment, "Form_Load", RunTimeError(53, "File not found: x\r\nHora = \x1B.ico"));
+  EXPECT_THAT(fakes.files.Bytes("C:\\bin\\Kestrel.log"), testing::HasSubstr("not found: x\\x0D\\x0AHora = \\x1B.ico"));
   EXPECT_EQ(fakes.dialogs.boxes.size(), 1U) << "a note disturbs nobody";
 }
 
@@ -128,15 +128,14 @@ char AccessKey(std::string_view caption) {
 }
 
 TEST_F(ServicesTest, TheBaseChoosesTheLanguage) {
-  EXPECT_EQ(LoadMessage(environment, 65), "Valor fora da faixa!");
-  environment.languageBase = 1000;
-  EXPECT_EQ(LoadMessage(environment, 65), "Value out of range !");
-  EXPECT_EQ(LoadMessage(environment, 0), "Enter file name:");
-  EXPECT_EQ(LoadMessage(environment, 100), "It was not possible to load ");
-  environment.languageBase = 2000;
-  EXPECT_EQ(LoadMessage(environment, 65), "¡Valor fuera de rango!");
-  for (const int id : {0, 999, 1101, 1999, 3101, 4000, -1000})
-    EXPECT_THROW(static_cast<void>(StringById(id)), RunTimeError);
+  EXPECT_EQ(LoadMessage(environment, Text::kOutOfRange), "Valor fora da faixa!");
+  environment.language = Language::kEnglish;
+  EXPECT_EQ(LoadMessage(environment, Text::kOutOfRange), "Value out of range !");
+  EXPECT_EQ(LoadMessage(environment, Text::kEnterFileName), "Enter file name:");
+  EXPECT_EQ(LoadMessage(environment, Text::kCannotLoad), "It was not possible to load ");
+  environment.language = Language::kSpanish;
+  EXPECT_EQ(LoadMessage(environment, Text::kOutOfRange), "¡Valor fuera de rango!");
+  for (const int id : {0, 999, 1101, 1999, 3101, 4000, -1000}) EXPECT_FALSE(MessageById(id)) << id;
 }
 
 TEST_F(ServicesTest, TheThreeLanguagesFitTogether) {
@@ -146,43 +145,44 @@ TEST_F(ServicesTest, TheThreeLanguagesFitTogether) {
     // Units, numbers and the names of parameters are no language's.
     const bool same = (k >= 22 && k <= 37) || k == 54 || (k >= 58 && k <= 60);
     for (const int base : {1000, 2000, 3000}) {
-      const std::string_view text = StringById(base + k);
+      const std::string_view text = MessageById(base + k).value_or("");
       EXPECT_FALSE(text.empty()) << base + k;
       EXPECT_EQ(text.front() == ' ', leadingBlank.contains(k)) << base + k;
       EXPECT_EQ(text.back() == ' ', trailingBlank.contains(k)) << base + k;
-      EXPECT_TRUE(!same || text == StringById(2000 + k)) << base + k;
+      EXPECT_TRUE(!same || text == MessageById(2000 + k)) << base + k;
       EXPECT_EQ(AccessKey(text) != '\0', k == 8 || k == 10 || k == 12) << base + k;
     }
   }
-  EXPECT_EQ(StringById(1037), "P012 - DI8 = 1");
+  EXPECT_EQ(MessageById(1037), "P012 - DI8 = 1");
 }
 
 TEST_F(ServicesTest, AccessKeysDifferAndToolTipsNameThem) {
-  for (const std::int16_t base : {0, 1000, 2000}) {
-    environment.languageBase = base;
-    const auto key = [&](int message) { return AccessKey(LoadMessage(environment, message)); };
-    const char newFile = AccessKey(LoadExtraText(environment, ExtraText::kNewFile));
-    EXPECT_EQ(std::set<char>({key(8), key(10), key(12), newFile}).size(), 4U) << base;
+  for (const LanguageRow& row : kLanguages) {
+    environment.language = row.language;
+    const auto key = [&](int message) { return AccessKey(LoadMessage(environment, static_cast<Text>(message))); };
+    const char newFile = AccessKey(LoadMessage(environment, Text::kNewFile));
+    EXPECT_EQ(std::set<char>({key(8), key(10), key(12), newFile}).size(), 4U) << row.name;
     for (const int button : {10, 12}) {
-      EXPECT_THAT(LoadMessage(environment, button + 1), testing::EndsWith(std::string("(Alt+") + key(button) + ")"));
+      EXPECT_THAT(LoadMessage(environment, static_cast<Text>(button + 1)),
+                  testing::EndsWith(std::string("(Alt+") + key(button) + ")"));
     }
   }
 }
 
-TEST_F(ServicesTest, ExtraTextsKeepTheirPlacesInEveryLanguage) {
-  for (int i = 0; i < static_cast<int>(ExtraText::kCount); ++i) {
+TEST_F(ServicesTest, TextsKeepTheirPlacesInEveryLanguage) {
+  for (int i = 0; i < static_cast<int>(Text::kCount); ++i) {
     std::set<std::string> places;
-    for (const std::int16_t base : {0, 1000, 2000}) {
-      environment.languageBase = base;
-      const std::string text = LoadExtraText(environment, static_cast<ExtraText>(i));
+    for (const LanguageRow& row : kLanguages) {
+      environment.language = row.language;
+      const std::string text = LoadMessage(environment, static_cast<Text>(i));
       std::string numbers;
       for (const char* place : {"%1", "%2", "%3", "%4"}) numbers += text.find(place) != std::string::npos ? place : "";
       places.insert(numbers);
     }
     EXPECT_EQ(places.size(), 1U) << i;
   }
-  environment.languageBase = 1000;
-  EXPECT_EQ(LoadExtraText(environment, ExtraText::kHintEvent), "Choose an event.");
+  environment.language = Language::kEnglish;
+  EXPECT_EQ(LoadMessage(environment, Text::kHintEvent), "Choose an event.");
 }
 
 TEST_F(ServicesTest, FillInTakesEachPlaceOnce) {
@@ -211,10 +211,13 @@ TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
   EXPECT_EQ(settings.strBin, "");
   EXPECT_THAT(settings.strDriveFile, testing::Each("0"));
   std::string switchedOff;
-  const auto texts = DescribeSettings(settings);
-  for (const SettingDescription& row : texts)
-    if (row.value == "No") switchedOff.append(row.key).append(" ");
-  EXPECT_EQ(std::ranges::count(texts, "Yes", &SettingDescription::value), 18);
+  int switchedOn = 0;
+  for (const NamedSetting& setting : AllSettings()) {
+    const std::string text = SettingText(settings, setting.row);
+    switchedOn += text == "Yes" ? 1 : 0;
+    if (text == "No") switchedOff.append(setting.row.key).append(" ");
+  }
+  EXPECT_EQ(switchedOn, 18);
   EXPECT_EQ(switchedOff,
             "strShrinkEffect strMaximizedfrmMain strMaximizedfrmParameters strSoundClosingWindow strGrid strMarker ");
 }
@@ -222,10 +225,11 @@ TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
 TEST_F(SettingsTest, EveryStoredSettingComesBackUnchangedAndInOrder) {
   int number = 100;
   std::vector<std::string> order;
-  for (const SettingDescription& row : DescribeSettings({})) {
-    const std::string value = row.type == "text" ? "t" + std::to_string(++number) : "-" + std::to_string(++number);
-    fakes.settings.values[std::string(row.section)][std::string(row.key)] = value;
-    order.push_back(std::string(row.section) + "." + std::string(row.key));
+  for (const NamedSetting& setting : AllSettings()) {
+    const bool isText = setting.row.key.starts_with("str");
+    fakes.settings.values[std::string(setting.section.name)][setting.row.key] =
+        (isText ? "t" : "-") + std::to_string(++number);
+    order.push_back(setting.Name());
   }
   ASSERT_EQ(order.size(), 32U + 35U + 8U);
   fakes.settings.values["MyConf"]["strOfTheHost"] = "kept";
@@ -253,35 +257,25 @@ TEST_F(SettingsTest, ABadIntegerNamesItsSectionAndKey) {
   }
 }
 
-TEST_F(SettingsTest, ASettingIsSetByName) {
-  const NumberFormat& format = fakes.locale.numbers;
-  SetSetting(environment.settings, "MyProject", "strDriveFile30", "D:\\p\\30.drv", format);
-  SetSetting(environment.settings, "MyConf", "intChartType", "7", format);
-  EXPECT_EQ(environment.settings.strDriveFile[29], "D:\\p\\30.drv");
-  EXPECT_EQ(environment.settings.intChartType, 7);
-  EXPECT_THROW(SetSetting(environment.settings, "MyConf", "strBin", "x", format), RunTimeError);
-  EXPECT_THROW(SetSetting(environment.settings, "MyProject", "strDriveFile31", "x", format), RunTimeError);
-}
-
 TEST_F(SettingsTest, TheLanguageDecidesBaseAndHelpFile) {
-  const std::tuple<const char*, const char*, int, const char*> cases[] = {
-      {"Portuguese", "C:\\help", 0, "C:\\help\\Kshelpp.HLP"},
-      {"English", "", 1000, "\\Kshelpe.HLP"},
-      {"Spanish", "/usr/help", 2000, "/usr/help/Kshelps.HLP"},
-      {"english", "C:\\help", 0, ""}};
+  const std::tuple<const char*, const char*, Language, const char*> cases[] = {
+      {"Portuguese", "C:\\help", Language::kPortuguese, "C:\\help\\Kshelpp.HLP"},
+      {"English", "", Language::kEnglish, "\\Kshelpe.HLP"},
+      {"Spanish", "/usr/help", Language::kSpanish, "/usr/help/Kshelps.HLP"},
+      {"english", "C:\\help", Language::kPortuguese, ""}};
   for (const auto& [language, folder, base, helpFile] : cases) {
     Environment fresh{fakes.ports, fakes.forms};
     fresh.settings.strLanguage = language;
     fresh.settings.strHelps = folder;
     SetLanguageBase(fresh);
     SetHelpFile(fresh);
-    EXPECT_EQ(fresh.languageBase, base) << language;
+    EXPECT_EQ(fresh.language, base) << language;
     EXPECT_EQ(fresh.helpFile, helpFile) << language;
   }
-  environment.languageBase = 2000;
+  environment.language = Language::kSpanish;
   environment.settings.strLanguage = "Klingon";
   SetLanguageBase(environment);
-  EXPECT_EQ(environment.languageBase, 2000) << "an unknown language leaves the base as it was";
+  EXPECT_EQ(environment.language, Language::kSpanish) << "an unknown language leaves the base as it was";
 }
 
 }  // namespace

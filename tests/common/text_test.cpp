@@ -1,9 +1,9 @@
 // Texts to numbers and back, in locales of all kinds; files into lines.
 #include <gmock/gmock.h>
 
-#include "common/line_reader.h"
-#include "common/numbers.h"
-#include "common/text.h"
+#include "common/values/line_reader.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "support/error_of.h"
 #include "support/memory_file_system.h"
 
@@ -50,7 +50,9 @@ TEST(Numbers, RoundsHalvesToEvenAndRefusesWhatDoesNotFit) {
   for (const char* text : {"2147483648", "1e999"})
     EXPECT_EQ(ErrorOf([&] { (void)ToInteger32(text, kStop); }), 6) << text;
   EXPECT_EQ(ErrorOf([] { (void)ToSingle("1e39", kStop); }), 6);
-  for (const std::string& text : {std::string(400, '9') + "e-5", std::string("1e99999999999999999999")}) {
+  for (const std::string& text :
+       {std::string(400, '9') + "e-5", std::string("1e99999999999999999999"), std::string("1e9223372036854775807"),
+        std::string("0.0001e+9999"), std::string("123.5E+999")}) {
     EXPECT_EQ(ErrorOf([&] { (void)ToDouble(text, kStop); }), 6) << text;
   }
   EXPECT_EQ(ToDouble("0." + std::string(400, '0') + "1e5", kStop), 0);
@@ -64,7 +66,10 @@ TEST(Numbers, ReadsTheNumberThatATextBeginsWith) {
       {"2065", 2065}, {"  12.5 ms", 12.5}, {"-3,5", -3}, {"+4", 4},  {".5x", 0.5},  {"", 0},
       {"abc12", 0},   {"inf", 0},          {"-", 0},     {"+-4", 0}, {"1e-999", 0}, {"\t7", 7}};
   for (const auto& [text, value] : cases) EXPECT_DOUBLE_EQ(LeadingNumber(text), value) << text;
-  EXPECT_EQ(ErrorOf([] { (void)LeadingNumber("1e999 V"); }), 6);
+  for (const char* text : {"1e999 V", "0.0001e+9999 V", "0.0001E9223372036854775807", "1e+99999999999999999999"}) {
+    EXPECT_EQ(ErrorOf([&] { (void)LeadingNumber(text); }), 6) << text;
+  }
+  EXPECT_EQ(LeadingNumber("1e-9223372036854775808"), 0);
 }
 
 TEST(Numbers, WritesShortTexts) {
@@ -133,6 +138,20 @@ TEST(Text, JoinsNamesInTheFoldersStyle) {
                                                        {"/home/u", "/home/u/a"},
                                                        {"/", "/a"}};
   for (const auto& [folder, joined] : cases) EXPECT_EQ(JoinPath(folder, "a"), joined);
+}
+
+TEST(Text, ControlCharactersAreMadeVisible) {
+  const std::tuple<std::string, const char*, const char*> cases[] = {
+      {"\x1B]0;t\a", "\\x1B]0;t\\x07", "\\x1B]0;t\\x07"},
+      {"a\r\nb\nc\td", "a\\x0D\\x0Ab\\x0Ac\\x09d", "a\r\nb\nc\td"},
+      {"a\rb\r", "a\\x0Db\\x0D", "a\\x0Db\\x0D"},
+      {std::string("\0\x7F", 2), "\\x00\\x7F", "\\x00\\x7F"},
+      {"\u009B2J \u00A0\u00E9\xC2", "\\x9B2J \u00A0\u00E9\xC2", "\\x9B2J \u00A0\u00E9\xC2"},
+      {"", "", ""}};
+  for (const auto& [text, line, lines] : cases) {
+    EXPECT_EQ(VisibleText(text), line);
+    EXPECT_EQ(VisibleLines(text), lines);
+  }
 }
 
 std::vector<std::string> ReadAll(const std::string& bytes, std::size_t limit) {

@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -41,7 +41,7 @@ TEST_F(ChartClassTest, StartUpLoadsTheWholeEnvironment) {
   fakes.locale.UseComma();
   const auto component = Create();
   const Component& state = component->State();
-  EXPECT_EQ(state.languageBase, 2000);
+  EXPECT_EQ(state.language, Language::kSpanish);
   EXPECT_EQ(state.helpFile, "/help/Kshelps.HLP");
   EXPECT_EQ(state.driveTable.At(1).Type, "") << "a missing drive file is skipped";
   EXPECT_EQ(state.driveTable.At(30).Tag, "café");
@@ -56,7 +56,7 @@ TEST_F(ChartClassTest, TheNextInstanceFindsWhatTheSettingsDoNotSay) {
   fakes.settings.values["MyConf"]["strLanguage"] = "spanish";  // names no language
   fakes.settings.values["MyProject"]["strMainFile"] = "";
   const auto next = Create();
-  EXPECT_EQ(next->State().languageBase, 2000);
+  EXPECT_EQ(next->State().language, Language::kSpanish);
   EXPECT_TRUE(next->State().bDecimalPoint);
   EXPECT_EQ(next->State().helpFile, "\\Kshelps.HLP");
   EXPECT_EQ(next->State().driveTable.At(1).Type, "KRA-09");

@@ -17,7 +17,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre, ::testing::IsEmpty;
+using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty, ::testing::StartsWith;
 
 struct DriveTest : ::testing::Test {
   FakePorts fakes;
@@ -27,7 +27,7 @@ struct DriveTest : ::testing::Test {
 
 struct DriverFileTest : DriveTest {
   DriverFileTest() {
-    context.languageBase = 1000;
+    context.language = Language::kEnglish;
     context.settings.strLanguage = "English";
     context.settings.strDrivers = "C:\\Drivers";
     context.settings.strHelps = "C:\\Help";
@@ -75,7 +75,7 @@ TEST_F(DriverFileTest, StoresTheFieldsOfParametersAndTheirContinuations) {
                    "#12#Inputs####DI1DI8#no#######"),
               IsEmpty());
   const ParameterEntry& entry = Entry(5);
-  EXPECT_TRUE(entry.present && entry.secondPresent && entry.yesFlag);
+  EXPECT_THAT((std::array{entry.present, entry.secondPresent, entry.yesFlag}), ElementsAre(true, true, true));
   EXPECT_THAT((std::array{entry.name, entry.text3, entry.text4, entry.text5, entry.text8, entry.text12}),
               ElementsAre("Motor \u00E7", "one", "1.5", "Hz", "eight", "twelve"));
   EXPECT_EQ(entry.unitCode, 33);
@@ -105,6 +105,21 @@ TEST_F(DriverFileTest, ASecondLoadLeavesNothingOfTheFirst) {
   EXPECT_FALSE(Entry(2).present);
 }
 
+TEST_F(DriverFileTest, AfterTenFaultsOneBoxCountsTheOthersAndAHugeFileIsRefused) {
+  std::string text;
+  for (int i = 0; i < 3000; ++i) text += "nonsense\r\n#P003#a####none########\r\n";
+  const std::vector<std::string> boxes = Load(text);
+  ASSERT_EQ(boxes.size(), 11U);
+  EXPECT_THAT(boxes[8] + boxes[9], HasSubstr("Error in line 9 in driver C:\\Drivers\\"));
+  EXPECT_THAT(boxes[10], HasSubstr("has 5990 more line(s) with an error or an unknown unit."));
+  const std::string huge((std::size_t{16} << 20U) + 1, '\n');
+  EXPECT_EQ(ErrorOf([&] { Load(huge); }), 5);
+  context.settings.strMainFile = "x";
+  context.settings.strDriveFile[2] = "C:\\big.drv";
+  fakes.files.Put("C:\\big.drv", huge);
+  EXPECT_EQ(ErrorOf([&] { LoadDriveInfo(context, 0); }), 5);
+}
+
 TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
   MessageBoxRequest box;
   fakes.dialogs.whileUp = [&box](const MessageBoxRequest& request) { box = request; };
@@ -121,11 +136,11 @@ TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
   // A line without an end, and a program taken for a driver file.
   EXPECT_THAT(Load("#P001#" + std::string(3'000'000, 'x') + "############\r\n#P002#B############\r\n"),
               ElementsAre(error(1)));
-  EXPECT_TRUE(!Entry(1).present && Entry(2).present);
+  EXPECT_THAT((std::array{Entry(1).present, Entry(2).present}), ElementsAre(false, true));
   EXPECT_THAT(Load(std::string("\x7F\x45LF\0\0\n\xFF\xFE\0", 9)), ::testing::SizeIs(2));
-  context.languageBase = 0;
+  context.language = Language::kPortuguese;
   EXPECT_THAT(Load("x"), ElementsAre("Erro na linha 1 no driver C:\\Drivers\\KRA09E.wcd"));
-  context.languageBase = 2000;
+  context.language = Language::kSpanish;
   EXPECT_THAT(Load("x"), ElementsAre("Error en la linea 1 en el driver C:\\Drivers\\KRA09E.wcd"));
 }
 
@@ -134,9 +149,9 @@ TEST_F(DriverFileTest, AnUnknownUnitIsShownWithItsParameterAndCounts0) {
               ElementsAre("Error : driver with unknown unit CurrentF6 (P005)"));
   EXPECT_EQ(Entry(5).unitCode, 0);
   EXPECT_EQ(Entry(529).unitCode, 6);
-  context.languageBase = 0;
+  context.language = Language::kPortuguese;
   EXPECT_EQ(UnitCode(context, "Volt", 7), 0);
-  context.languageBase = 2000;
+  context.language = Language::kSpanish;
   EXPECT_EQ(UnitCode(context, "CurrentF0 ", 999), 0);
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Erro : driver com unidade desconhecida Volt (P007)",
                                                        "Error : driver con unidad desconocida : CurrentF0  (P999)"));
@@ -148,7 +163,10 @@ TEST_F(DriverFileTest, BadNumbersAndAddressesAreErrors) {
                                                {"#PP5#A############", 13},
                                                {"#P99999#A############", 6},
                                                {"#P5#A#######low#####", 13}};
-  for (const auto& [line, number] : cases) EXPECT_EQ(ErrorOf([&, bytes = line] { Load(bytes); }), number) << line;
+  for (const auto& [line, number] : cases) {
+    EXPECT_THAT(ErrorTextOf([&, bytes = "\n" + std::string(line)] { Load(bytes); }),
+                StartsWith(std::to_string(number) + " " + kFile + ", line 2: "));
+  }
   EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 0); }), 9);
   EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 31); }), 9);
 }
@@ -260,8 +278,9 @@ TEST_F(ParameterReadTest, TellsTheLinkTheParameterThatADisplayDependsOn) {
   plant.texts[40] = "1.0000";
   EXPECT_EQ(Special("KRA-09", 40), "1.0000");
   EXPECT_THAT(plant.steps, ElementsAre("read 4 8 529 unit 40", "tell P529 4", "read 4 8 40 unit 41"));
-  plant.texts[529] = "40000";
-  EXPECT_EQ(ErrorOf([&] { Special("KRA-09", 40); }), 6);
+  plant.texts[529] = "40000";  // fits no 16 bits: as if it had not answered
+  EXPECT_EQ(Special("KRA-09", 40), "");
+  EXPECT_THAT(plant.steps, ElementsAre("read 4 8 529 unit 40"));
 }
 
 TEST_F(ParameterReadTest, MultipliesFrequencyAndSpeedPerHertz) {
@@ -342,10 +361,11 @@ TEST(DriveStatusTest, BitsComeToATextOrAnError) {
 TEST(DriveStatusTest, KeepsTheErrorCodeOfTheLastError) {
   DriveStatus status;
   DecodeStatus(status, 0x9400 + 20);
-  EXPECT_TRUE(status.bError && status.bBit10 && status.bBit12 && !status.bShowError && !status.bBit13);
+  EXPECT_THAT((std::array{status.bError, status.bBit10, status.bBit12, status.bShowError, status.bBit13}),
+              ElementsAre(true, true, true, false, false));
   EXPECT_EQ(status.intErrorCode, 20);
   DecodeStatus(status, 0x0003);
-  EXPECT_TRUE(!status.bError && !status.bBit10 && !status.bBit12);
+  EXPECT_THAT((std::array{status.bError, status.bBit10, status.bBit12}), ElementsAre(false, false, false));
   EXPECT_EQ(status.intErrorCode, 20);
   EXPECT_EQ(ErrorOf([&] { DecodeStatus(status, 3e9); }), 6);
 }

@@ -176,18 +176,26 @@ TEST_F(FormTest, ButtonsChooseTheirAccessKeysFirstAndNoLetterIsGivenTwice) {
   CommandButton save(plain, "cmdSave");
   CheckBox line(plain, "chkLine");
   CheckBox full(plain, "chkFull");
+  CheckBox none(plain, "chkNone");
+  Frame frame(plain, "fraFile");
+  TextBox hidden(plain, "txtHidden");
+  MaskEdBox masked(plain, "mebShown", "##");
   const std::pair<Control*, const char*> designed[] = {
-      {&number, "Número"},   {&hint, "Hint"},         {&start, "Start"}, {&stop, "Stop"},
-      {&save, "R&&D &Save"}, {&line, "1 Lost Start"}, {&full, "ST"}};
+      {&number, "Número"},     {&hint, "Hint"}, {&start, "Start"}, {&stop, "Stop"}, {&save, "R&&D &Save"},
+      {&line, "1 Lost Start"}, {&full, "ST"},   {&none, "S"},      {&frame, "File"}};
   for (const auto& [control, caption] : designed) control->SetCaption(caption);
 
   EXPECT_EQ(FieldOf(plain, number), &field);
   EXPECT_EQ(FieldOf(plain, hint), nullptr);
+  EXPECT_EQ(FieldOf(plain, frame), &hidden);
+  hidden.SetVisible(false);
+  EXPECT_EQ(FieldOf(plain, frame), &masked);
   const auto captions = CaptionsWithAccessKeys(plain);
   const std::map<const Control*, std::string> expected = {
-      {&save, "R&&D &Save"}, {&start, "S&tart"}, {&stop, "St&op"}, {&line, "1 &Lost Start"}, {&number, "&Número"}};
+      {&save, "R&&D &Save"}, {&start, "St&art"},   {&stop, "St&op"}, {&line, "1 &Lost Start"},
+      {&full, "S&T"},        {&number, "&Número"}, {&frame, "&File"}};
   EXPECT_EQ((std::map<const Control*, std::string>(captions.begin(), captions.end())),
-            expected);  // both letters of "ST" are taken
+            expected);  // "Start" gave its letter to "ST"; the only one of "S" cannot be freed
 }
 
 /// Ten pixels a caption's character, twenty a line; a wrapping label breaks anywhere.
@@ -288,8 +296,8 @@ TEST_F(LayoutTest, OnlyCollapsingBoxesGiveTheirRoomAway) {
 TEST_F(LayoutTest, GroupsHoldTheirContentInsideBorderAndTitle) {
   frame_.SetCaption("a long title");
   const LayoutBox box = Column({Cell(a_), Group(frame_, Row({Cell(b_), Group(picture_, Column({Cell(c_, 0, 1)}))}))});
-  EXPECT_TRUE(b_.Container() == &frame_ && picture_.Container() == &frame_);
-  EXPECT_TRUE(c_.Container() == &picture_ && a_.Container() == nullptr);
+  EXPECT_THAT((std::array<const Control*, 4>{b_.Container(), picture_.Container(), c_.Container(), a_.Container()}),
+              testing::ElementsAre(&frame_, &frame_, &picture_, nullptr));
   EXPECT_EQ(MinimumSize(box, measurer_), (Size{120, 78}));  // as wide as the title
   EXPECT_EQ(Placed(box, 120, 98), (Rects{{0, 0, 120, 20}, {5, 35, 50, 20}, {0, 0, 50, 40}, {}}));
   EXPECT_EQ(frame_.Place(), (Rect{0, 28, 120, 70}));

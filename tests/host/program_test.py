@@ -236,7 +236,7 @@ class ProgramTest(ProgramCase):
             (["acquire", "--parameters", 3, "--file", "none/run.cht"], {}, "none/run.cht"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:none.txt"}, "none.txt"),
             (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:bad.txt"}, "at soon 01 P005 2"),
-            (["acquire", "--parameters", 3, "--file", "profile"], {}, "this is a folder"),
+            (["acquire", "--parameters", 3, "--file", "profile"], {}, "is a folder"),
             (["info", "none.cht"], {}, "none.cht"),
             (["info", "rubbish.cht"], {}, "Not a chart file"),
             (["export", "rubbish.cht"], {}, "Not a chart file"),
@@ -303,6 +303,17 @@ class ProgramTest(ProgramCase):
         self.assertEqual((told["rows"], told["malformedLines"], told["header"]["PXXX2"]), (3, 0, "005"))
         self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n  ' 1#2#3####\r\n08:0")
         self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
+
+    def test_a_stranger_s_names_and_values_do_not_steer_the_terminal(self):
+        self.put("own/h.cht", "[INFO]\r\nTrigger Mode=\x1b]0;t\x07\r\n[TIME/CONTENT]\r\n")
+        self.assertIn("Trigger Mode: \\x1B]0;t\\x07\n", self.run_program("info", "own/h.cht", expected=0).stdout)
+        self.assertIn("/no\\x0Afile\\x1B: No such", self.run_program("info", "no\nfile\x1b", expected=1).stderr)
+        os.symlink("own", self.folder / "other")
+        self.acquire(1, file="other/../above.cht", expected=0)
+        (self.folder / "own/deep").mkdir()
+        os.symlink("own/deep", self.folder / "link")
+        self.assertIn("own/a.cht", self.acquire(1, file="link/.././a.cht", expected=0).stdout)
+        self.assertTrue((self.folder / "above.cht").exists() and (self.folder / "own/a.cht").exists())
 
     # Crashes and disks. --------------------------------------------------------------------------------------------
 

@@ -1,9 +1,13 @@
 // The ready project: the system loads all of it without a complaint, and the user's own files stay.
-#include "host/project_maker.h"
+#include "host/project/project_maker.h"
 
 #include <gmock/gmock.h>
 
-#include "common/settings_io.h"
+#include <filesystem>
+#include <fstream>
+#include <regex>
+
+#include "common/environment/settings_io.h"
 #include "drive/drive_context.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"
@@ -14,7 +18,7 @@
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre, ::testing::IsEmpty, ::testing::SizeIs;
+using ::testing::ElementsAre, ::testing::IsEmpty, ::testing::SizeIs, ::testing::UnorderedElementsAreArray;
 
 struct ProjectMakerTest : ::testing::Test {
   ProjectReport Make(const std::string& folder = "/plant") {
@@ -88,6 +92,23 @@ TEST_F(ProjectMakerTest, PointsTheSettingsAtFilesThatAreThere) {
   ASSERT_THAT(report.replaced, SizeIs(2));
   EXPECT_EQ(report.replaced[1].name, "MyProject.strDriveFile09");
   EXPECT_EQ(report.replaced[1].before, "C:\\Other\\nine.drv");
+}
+
+TEST_F(ProjectMakerTest, HasEveryFileOfShareByteForByte) {
+  std::vector<std::string> shared;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(CHARTPROJECT_SOURCE_DIR "/share")) {
+    if (!entry.is_regular_file() || entry.path().extension() == ".py") continue;
+    std::ifstream file(entry.path(), std::ios::binary);
+    shared.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+  }
+  EXPECT_THAT(shared, SizeIs(9));
+  std::vector<std::string> made;
+  for (const std::string& name : Make().written) {
+    if (!std::regex_search(name, std::regex("^/plant/(projects|drivers|programs)/"))) {
+      made.push_back(fakes.files.Bytes(name));
+    }
+  }
+  EXPECT_THAT(made, UnorderedElementsAreArray(shared));
 }
 
 TEST_F(ProjectMakerTest, NeverWritesOverAFileAndStoresNothingWhenTheDiskIsFull) {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <set>
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 #include "drive/drive_models.h"
 #include "drive/drive_status.h"
 #include "drive/unit_codes.h"
@@ -25,23 +25,14 @@ constexpr const char* kNoAnswer = "(no answer)";
 struct LinkTest : ::testing::Test {
   void Open(DriveLinkFactory&& factory) {
     link = factory.Create();
-    std::int16_t result = -1;
-    link->OpenLink(result);
+    link->OpenLink();
     opened = fakes.clock.Now();
   }
   void GoTo(double seconds) { fakes.clock.AdvanceTo(opened + Instant(std::llround(seconds * 1e6))); }
   std::string Read(const std::string& model, int parameter, std::int16_t unitCode, int address = 1) const {
-    std::int16_t status = 0;
-    link->ReadParameter(static_cast<std::int16_t>(address), ModelCode(model), static_cast<std::int16_t>(parameter),
-                        unitCode, status);
-    std::string text = kNoAnswer;
-    if (status == 0) link->GetText(text);
-    return text;
-  }
-  double Value() const {
-    double value = 0;
-    link->GetValue(value);
-    return value;
+    const bool answered = link->ReadParameter(static_cast<std::int16_t>(address), ModelCode(model),
+                                              static_cast<std::int16_t>(parameter), unitCode);
+    return answered ? link->GetText() : kNoAnswer;
   }
 
   FakePorts fakes;
@@ -73,9 +64,9 @@ TEST_F(ScenarioTest, AValueHoldsFromItsMomentUntilTheNext) {
   for (const auto& [moment, address, parameter, text] : cases) {
     EXPECT_EQ(ReadAt(moment, address, parameter), text) << moment << " P" << parameter;
   }
-  EXPECT_EQ(Value(), 61.5);
+  EXPECT_EQ(link->GetValue(), 61.5);
   EXPECT_EQ(ReadAt(300, 1, 12), "AIA IAI");
-  EXPECT_EQ(Value(), 0);
+  EXPECT_EQ(link->GetValue(), 0);
 }
 
 TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
@@ -87,6 +78,9 @@ TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
     EXPECT_THAT(error, HasSubstr("/plant.txt, line 3 is not understood: " + std::string(line)));
   }
   EXPECT_THROW(ScenarioLinkFactory(fakes.files, fakes.clock, "/missing.txt"), RunTimeError);
+  fakes.files.Put("/huge.txt", std::string((std::size_t{70} << 20U) + 1, '\n'));
+  EXPECT_EQ(ErrorTextOf([this] { ScenarioLinkFactory(fakes.files, fakes.clock, "/huge.txt"); }),
+            "5 /huge.txt: the file has 71 MB; a file of this kind has at most 64 MB.");
 }
 
 struct SimulatedTest : LinkTest {
@@ -95,7 +89,7 @@ struct SimulatedTest : LinkTest {
   std::string State() {
     Read("KRA-09", 6, kDirectUnitCode);
     DriveStatus status;
-    DecodeStatus(status, Value());
+    DecodeStatus(status, link->GetValue());
     return status.strStatus;
   }
 };
@@ -111,7 +105,7 @@ TEST_F(SimulatedTest, StartsRunsRampsAndStopsWithItsStatusWordAndInputs) {
     EXPECT_EQ(State(), state) << moment;
     EXPECT_EQ(Read("KRA-09", 12, kDigitalInputsUnitCode), inputs) << moment;
     Read("KRA-09", 2, kDirectUnitCode);
-    EXPECT_NEAR(Value(), speed, speed == 0 ? 0 : 5) << moment;
+    EXPECT_NEAR(link->GetValue(), speed, speed == 0 ? 0 : 5) << moment;
   }
 }
 
@@ -126,7 +120,7 @@ TEST_F(SimulatedTest, EveryModelsParametersAnswerInTheDecimalsOfTheirUnitAndMove
       const std::string text = Read(model, parameter.number, code);
       texts.insert(text);
       if (code > 72) continue;
-      EXPECT_EQ(ToDouble(text, fakes.locale.numbers), Value()) << model << parameter.number;
+      EXPECT_EQ(ToDouble(text, fakes.locale.numbers), link->GetValue()) << model << parameter.number;
       const std::size_t point = text.find('.');
       EXPECT_EQ(point == std::string::npos ? 0 : text.size() - point - 1, static_cast<std::size_t>((code - 1) % 6))
           << model << " P" << parameter.number << " " << text;
@@ -156,18 +150,17 @@ TEST_F(SimulatedTest, ShowsTheSameAtTheSameMomentAndNotInStepAtTwoAddresses) {
 
 TEST_F(SimulatedTest, DecimalsFollowTheToldParametersAndTheLocale) {
   GoTo(8);
-  std::int16_t reply = -1;
   EXPECT_THAT(Read("KRA-09", 1, kDependsOnP210UnitCode), "1750");
-  link->SetP210Value(2, reply);
-  link->SetP529Value(1, reply);
+  link->SetP210Value(2);
+  link->SetP529Value(1);
   EXPECT_EQ(Read("KRA-09", 1, kDependsOnP210UnitCode), "1750.00");
   const std::string value = Read("KRA-09", 40, kDependsOnP529UnitCode);  // with noise: its digits may differ
-  EXPECT_TRUE(value.size() == 4 && value[0] == '9' && value[2] == '.') << value;
-  link->SetP210Value(-7, reply);
+  EXPECT_THAT(value, ::testing::MatchesRegex("9.\\..")) << value;
+  link->SetP210Value(-7);
   EXPECT_EQ(Read("KRA-09", 1, kDependsOnP210UnitCode), "1750");
   fakes.locale.UseComma();
   EXPECT_EQ(Read("KRD-04", 32, kDividedBy10UnitCode), "12,5");
-  EXPECT_EQ(Value(), 12.5);
+  EXPECT_EQ(link->GetValue(), 12.5);
   EXPECT_EQ(Read("KRD-04", 32, kDividedBy100UnitCode), "1,3");
   EXPECT_EQ(Read("KRA-08", 208, 0), "30");  // an unknown unit shows whole numbers
 }

@@ -1,4 +1,4 @@
-#include "platform/posix/file_system_posix.h"
+#include "backends/posix/file_system_posix.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -14,10 +14,10 @@
 #include <functional>
 #include <thread>
 
-#include "platform/headless/code_page_1252.h"
-#include "platform/posix/locale_posix.h"
-#include "platform/posix/posix_path.h"
-#include "platform/posix/settings_store_ini.h"
+#include "backends/headless/code_page_1252.h"
+#include "backends/posix/locale_posix.h"
+#include "backends/posix/posix_path.h"
+#include "backends/posix/settings_store_ini.h"
 #include "platform/temporary_folder.h"
 #include "support/error_of.h"
 

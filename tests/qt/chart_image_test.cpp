@@ -10,8 +10,8 @@
 #include <cstdlib>
 #include <limits>
 
-#include "chart/chart_scene.h"
-#include "platform/qt/qt_canvas.h"
+#include "backends/qt/qt_canvas.h"
+#include "chart/picture/chart_scene.h"
 
 namespace chartproject {
 namespace {

@@ -8,8 +8,8 @@
 #include <QStyle>
 #include <QStyleOptionComboBox>
 
-#include "common/language.h"
-#include "platform/qt/qt_text.h"
+#include "backends/qt/qt_text.h"
+#include "common/environment/language.h"
 
 namespace chartproject {
 

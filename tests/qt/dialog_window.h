@@ -4,13 +4,13 @@
 #include <memory>
 #include <string>
 
-#include "acquire/acquire_form.h"
+#include "acquire/dialog/acquire_form.h"
 #include "acquire/dialog_fixture.h"
-#include "platform/posix/clock_posix.h"
-#include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_form_host.h"
-#include "platform/qt/qt_help.h"
-#include "platform/qt/qt_keyboard.h"
+#include "backends/posix/clock_posix.h"
+#include "backends/qt/forms/qt_form_host.h"
+#include "backends/qt/qt_dialogs.h"
+#include "backends/qt/qt_help.h"
+#include "backends/qt/qt_keyboard.h"
 #include "qt/user.h"
 
 namespace chartproject {
@@ -24,8 +24,8 @@ struct DialogWindow {
   FakePlant plant;
   ClockPosix clock;
   QtFormHost host{clock};
-  QtHelp help{[] { return DialogTexts{}; }};
-  QtDialogs dialogs{help, [] { return DialogTexts{}; }};
+  QtHelp help{[] { return Language::kEnglish; }};
+  QtDialogs dialogs{help, [] { return Language::kEnglish; }};
   QtKeyboard keyboard;
   Ports ports{fakes.settings, fakes.files, clock, fakes.locale,    fakes.codePage, dialogs,
               fakes.sound,    keyboard,    help,  fakes.clipboard, fakes.printer,  fakes.spreadsheets};

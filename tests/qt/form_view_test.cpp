@@ -1,5 +1,5 @@
 // Every control type as a widget, both directions, with real keys and clicks.
-#include "platform/qt/qt_form_view.h"
+#include "backends/qt/forms/qt_form_view.h"
 
 #include <gmock/gmock.h>
 
@@ -8,9 +8,9 @@
 #include <QComboBox>
 #include <QLineEdit>
 
+#include "backends/posix/clock_posix.h"
+#include "backends/qt/forms/qt_form_host.h"
 #include "forms/controls.h"
-#include "platform/posix/clock_posix.h"
-#include "platform/qt/qt_form_host.h"
 #include "qt/user.h"
 
 namespace chartproject {

@@ -1,7 +1,7 @@
 // The tests of the windows, on the application object that the program has.
 #include <gtest/gtest.h>
 
-#include "platform/qt/qt_application.h"
+#include "backends/qt/qt_application.h"
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);

@@ -7,8 +7,8 @@
 #include <QProcess>
 #include <QWidget>
 
-#include "platform/qt/qt_form_view.h"
-#include "platform/qt/qt_text.h"
+#include "backends/qt/forms/qt_form_view.h"
+#include "backends/qt/qt_text.h"
 
 namespace chartproject {
 

@@ -1,23 +1,61 @@
 // The acquisition dialog as a user meets it: a whole recording by keys, Esc, boxes, its three languages. The start
 // window over a project that was just made: a new user's first recording. The chart window: keys, clicks and pointer.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
+#include <filesystem>
+#include <fstream>
 
-#include "chart/chart_form.h"
-#include "host/project_maker.h"
-#include "host/start_form.h"
+#include "backends/qt/help_page.h"
+#include "chart/window/chart_form.h"
+#include "host/project/project_maker.h"
+#include "host/window/start_form.h"
 #include "links/simulated_link.h"
+#include "platform/temporary_folder.h"
 #include "qt/dialog_window.h"
 
 namespace chartproject {
 namespace {
 
-using ::testing::AllOf, ::testing::HasSubstr, ::testing::IsEmpty;
+using ::testing::AllOf, ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
+
+TEST(HelpPageTest, ShowsNothingButRegularFilesOfItsFolder) {
+  const TemporaryFolder folder;
+  const auto at = [&](const char* name) { return (std::filesystem::path(folder.Path()) / name).string(); };
+  std::filesystem::create_directories(at("help/pictures"));
+  for (const char* name : {"help/page.html", "help/pictures/a.png", "secret.txt"}) std::ofstream(at(name)) << name;
+  std::ofstream(at("help/large.png")).close();
+  std::filesystem::resize_file(at("help/large.png"), 2'000'000'000);
+  std::filesystem::create_symlink("../secret.txt", at("help/link.html"));
+  std::filesystem::create_symlink("/dev/zero", at("help/zero.png"));
+  std::filesystem::create_symlink("page.html", at("help/inside.html"));
+  ASSERT_EQ(mkfifo(at("help/pipe.png").c_str(), 0600), 0);
+  std::vector<std::string> refused;
+  HelpPage page([&refused](const QString& target) { refused.push_back(target.toStdString()); });
+  ASSERT_TRUE(page.Show("<a href='x'>x</a>", QString::fromStdString(at("help"))));
+  const auto follow = [&](const std::string& target) { emit page.anchorClicked(QUrl(QString::fromStdString(target))); };
+  const std::string secret = at("secret.txt");
+  for (const std::string& name :
+       {std::string("../secret.txt"), secret, "file://" + secret, std::string("link.html"), std::string("zero.png"),
+        std::string("pipe.png"), std::string("large.png"), std::string("/dev/zero"),
+        std::string("https://example.org/"), std::string("none.html"), std::string("pictures")}) {
+    const QUrl url(QString::fromStdString(name));
+    EXPECT_FALSE(page.loadResource(QTextDocument::ImageResource, url).isValid()) << name;
+    follow(name);
+    EXPECT_THAT(refused, ElementsAre(name));
+    refused.clear();
+  }
+  EXPECT_EQ(page.loadResource(QTextDocument::ImageResource, QUrl("pictures/a.png")).toByteArray(),
+            "help/pictures/a.png");
+  for (const char* name : {"#91", "page.html#91", "inside.html"}) follow(name);
+  EXPECT_THAT(refused, IsEmpty());
+  EXPECT_EQ(page.toPlainText(), "help/page.html");
+}
 
 struct AcquireWindowTest : ::testing::Test {
   DialogWindow project;
@@ -29,13 +67,15 @@ struct AcquireWindowTest : ::testing::Test {
 TEST_F(AcquireWindowTest, RecordsByKeyboardAloneAndShowsTheChart) {
   std::string shown;
   project.component.showChart = [&shown](Component&, const std::string& name) { shown = name; };
-  user.Until("the address list", [&] { return user.WidgetOf(form.cboDriveAddress).hasFocus(); })
+  user.Until("the address list", [&] { return user.WidgetOf(form.drive.cboDriveAddress).hasFocus(); })
       .Key("Down");  // drive 02
   user.Key("Tab").Key("Down").Key("Tab").Key("Down").Key("Tab").Key("Down").Key("Down").Key("Tab");
-  user.Until("the number of points", [&] { return user.WidgetOf(form.txtNumberOfPoints).hasFocus(); }).Type("7");
+  user.Until("the number of points", [&] { return user.WidgetOf(form.timing.txtNumberOfPoints).hasFocus(); }).Type("7");
   user.Key("Tab").Key("Tab").Key("Up").Key("shift+Tab").Type("200");
-  const auto typed = [&] { return form.txtNumberOfPoints.Text() == "7" && form.txtTimeBetweenPoints.Text() == "200"; };
-  user.Until("the fields as typed", typed).Then([&] { user.WidgetOf(form.cmdStart).setFocus(); }).Key("space");
+  const auto typed = [&] {
+    return form.timing.txtNumberOfPoints.Text() == "7" && form.timing.txtTimeBetweenPoints.Text() == "200";
+  };
+  user.Until("the fields as typed", typed).Then([&] { user.WidgetOf(form.panel.cmdStart).setFocus(); }).Key("space");
   user.Until("the end of the recording", [&] { return form.LastRun().end == RunEnd::kComplete; });
   user.Do([&] { user.WidgetOf(form.cmdViewChart).setFocus(); }).Key("Return");
   user.Until("the chart", [&] { return !shown.empty(); }).Key("Escape").GoThrough();
@@ -48,9 +88,9 @@ TEST_F(AcquireWindowTest, EscEndsTheRecordingAndThenTheDialog) {
   int height = 0;
   user.Do([&] {
     height = user.Window().height();
-    form.txtNumberOfPoints.SetText("500");
+    form.timing.txtNumberOfPoints.SetText("500");
   });
-  user.Click(form.cmdStart).Until("two points", [&] { return form.Run().Counter() == 2; }).Then([&] {
+  user.Click(form.panel.cmdStart).Until("two points", [&] { return form.Run().Counter() == 2; }).Then([&] {
     EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
     EXPECT_GT(user.Window().height(), height);  // room for the progress
     SaveScreenshot(user.Window(), "acquire_running");
@@ -59,21 +99,21 @@ TEST_F(AcquireWindowTest, EscEndsTheRecordingAndThenTheDialog) {
   user.Until("the end", [&] { return form.LastRun().end == RunEnd::kStopped && form.cmdOK.Enabled(); });
   user.Do([&] { EXPECT_TRUE(form.IsShown()); });
   user.Until("the former height", [&] { return user.Window().height() == height; });
-  user.Until("Esc let go", [&] { return !form.tmrEscReleased.Armed(); }).Key("Escape").GoThrough();
+  user.Until("Esc let go", [&] { return !form.controller.tmrEscReleased.Armed(); }).Key("Escape").GoThrough();
   EXPECT_GE(form.LastRun().points, 2);
   EXPECT_THAT(Chart(), HasSubstr("[TIME/CONTENT]"));
 }
 
 TEST_F(AcquireWindowTest, ABadNumberIsRefusedInABoxAndTheWindowStaysUsable) {
   const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
-  user.Do([&] { form.txtNumberOfPoints.SetFocus(); }).Type("0");
+  user.Do([&] { form.timing.txtNumberOfPoints.SetFocus(); }).Type("0");
   user.Until("the box", [&] { return box() != nullptr && box()->isActiveWindow(); }).Then([&] {
     EXPECT_EQ(box()->windowTitle(), "Kestrel v5.60");
     EXPECT_EQ(box()->text(), "Value out of range !");
     EXPECT_EQ(box()->icon(), QMessageBox::Warning);
     SendKey("Return");
   });
-  user.Until("the former number", [&] { return box() == nullptr && form.txtNumberOfPoints.Text() == "5"; });
+  user.Until("the former number", [&] { return box() == nullptr && form.timing.txtNumberOfPoints.Text() == "5"; });
   user.Do([&] { user.Window().close(); }).GoThrough();
 }
 
@@ -88,15 +128,15 @@ TEST(AcquireLanguagesTest, NoTextIsCut) {
     };
     user.Do([&] {
       check("");
-      form.cboTriggerMode.SetListIndex(0);  // event: other buttons and lists
-      form.txtContent.SetText("12");
-      form.cboTimeBetweenPointsUnit.SetListIndex(2);
+      form.trigger.cboTriggerMode.SetListIndex(0);  // event: other buttons and lists
+      form.trigger.txtContent.SetText("12");
+      form.timing.cboTimeBetweenPointsUnit.SetListIndex(2);
     });
-    user.Until("the trigger", [&] { return user.WidgetOf(form.cmdTrigger).isVisible(); }).Then([&] {
+    user.Until("the trigger", [&] { return user.WidgetOf(form.panel.cmdTrigger).isVisible(); }).Then([&] {
       check("_event");
-      form.rtfFileName.SetText("");  // a hint takes the place of Start
+      form.file.rtfFileName.SetText("");  // a hint takes the place of Start
     });
-    user.Until("the hint", [&] { return !form.lblHint.Caption().empty(); }).Then([&] {
+    user.Until("the hint", [&] { return !form.panel.lblHint.Caption().empty(); }).Then([&] {
       check("_hint");
       user.Window().close();
     });
@@ -194,13 +234,14 @@ TEST(ChartViewerTest, ScrollsAndScalesByKeys) {
   viewer.user.Key("Tab");
   viewer.KeyMovesTo("End", kPoints - 24);
   viewer.KeyMovesTo("Home", 1);
-  viewer.user.Key("Tab").Key("Right").Until("two points a division", [&] { return form.PointsPerDivision() == 2; });
+  viewer.user.Key("Tab").Key("Right").Until("two points a division",
+                                            [&] { return form.View().PointsPerDivision() == 2; });
   // A typed scale is drawn by Enter.
-  viewer.user.Click(form.txtScale1).Key("ctrl+a").Type("3").Key("Return").Until("the scaled chart", [&] {
-    return form.mscChart1.DataPoint(0, 0) == 3.0;
+  viewer.user.Click(form.scales.txtScale1).Key("ctrl+a").Type("3").Key("Return").Until("the scaled chart", [&] {
+    return form.mscChart1.Model().series[0].values[0] == 3.0;
   });
   viewer.Close();
-  EXPECT_EQ(form.mscChart1.RowCount(), 50);
+  EXPECT_EQ(form.mscChart1.Model().rowCount, 50);
 }
 
 TEST(ChartViewerTest, ReadsOutThePointerAndTwoCursors) {
@@ -231,7 +272,7 @@ TEST(ChartViewerTest, CutsNoTextInAnyLanguage) {
     ChartViewer viewer(language);
     const auto window = [&]() -> QWidget& { return viewer.user.Window(); };
     viewer.user.Do([&] {
-      viewer.form.sldPointsPerDivision.SetValue(1310);
+      viewer.form.scroll.sldPointsPerDivision.SetValue(1310);
       window().resize(window().minimumSize());
     });
     viewer.user.Until("the least size", [&] { return window().size() == window().minimumSize(); }).Then([&] {

@@ -90,7 +90,9 @@ def main():
     if workbook.endswith(".xlsx"):
         readers = (by_gnumeric, by_libreoffice)
     if workbook.endswith(".csv"):  # one text without sheets
-        readers = (lambda name, _folder: (read_csv([name]), None),)
+        # An apostrophe keeps a formula a text there.
+        readers = (lambda name, _folder: ([[[cell.removeprefix("'") for cell in row] for row in sheet]
+                                           for sheet in read_csv([name])], None),)
         wanted = [sum(wanted, [])]
     for reader in readers:
         with tempfile.TemporaryDirectory() as folder:

@@ -1,6 +1,6 @@
 // The embedded spreadsheet application: which cells become numbers, what is refused, and files that appear only whole.
 // Exported workbooks, read back by programs that nobody here wrote and compared cell by cell with the chart file.
-#include "platform/spreadsheet/embedded_spreadsheet.h"
+#include "backends/spreadsheet/embedded_spreadsheet.h"
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -10,12 +10,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "acquire/chart_file.h"
-#include "chart/excel_export.h"
-#include "platform/posix/file_system_posix.h"
+#include "backends/posix/file_system_posix.h"
+#include "backends/spreadsheet/biff8_records.h"
+#include "chart/output/excel_export.h"
 #include "platform/run_time_error.h"
-#include "platform/spreadsheet/biff8_records.h"
 #include "platform/temporary_folder.h"
+#include "recording/chart_file.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -40,11 +40,31 @@ struct SpreadsheetTest : ::testing::Test {
 
 TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
   const std::tuple<bool, const char*, const char*> cases[] = {
-      {false, "1.50", "1.5"},      {true, "1,50", "1.5"},           {true, "1.50", "1.50"},
-      {false, "--", "--"},         {false, "-0.25", "-0.25"},       {false, "+7", "7"},
-      {false, "1e3", "1000"},      {false, "08:00:00", "08:00:00"}, {false, "", ""},
-      {false, "nan", "nan"},       {false, "1 2", "1 2"},           {false, "0x10", "0x10"},
-      {true, "1,5,2", "\"1,5,2\""}};
+      {false, "1.50", "1.5"},
+      {true, "1,50", "1.5"},
+      {true, "1.50", "1.50"},
+      {false, "--", "--"},
+      {false, "-0.25", "-0.25"},
+      {false, "+7", "7"},
+      {false, "1e3", "1000"},
+      {false, "08:00:00", "08:00:00"},
+      {false, "", ""},
+      {false, "nan", "nan"},
+      {false, "1 2", "1 2"},
+      {false, "0x10", "0x10"},
+      {true, "1,5,2", "\"1,5,2\""},
+      // Formulas stay texts, also where another list separator parts the line.
+      {false, "=1+1", "'=1+1"},
+      {false, "@SUM(A1)", "'@SUM(A1)"},
+      {false, "+A1", "'+A1"},
+      {false, "-1-1", "'-1-1"},
+      {false, "-1,500.5", "\"-1,500.5\""},
+      {true, "-1.5E+3", "-1.5E+3"},
+      {false, "a;=1", "\"a;'=1\""},
+      {false, "\t=1", "\"'\t'=1\""},
+      {false, "\r=1", "\"'\r'=1\""},
+      {false, "a=1", "a=1"},
+      {false, "-e5", "'-e5"}};
   for (const auto& [comma, text, cell] : cases) {
     locale.numbers = comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
     const std::string target = folder / "values.csv";
@@ -128,11 +148,11 @@ struct ReadBackTest : SpreadsheetTest {
             "Scan Time=200\r\nUnit=ms\r\nTrigger Mode=Event\r\nEvent=PXXX>=Content\r\nPXXX=005\r\nContent=12.5\r\n"
             "Start Date=31/01/2026\r\nEnd Time=12:00:00\r\nNumber of Points="
          << points << "\r\n\r\n[TIME/CONTENT]\r\n";
-    const char* const texts[] = {"--", "AIAIAIAI", "\xC1gua"};
+    const char* const texts[] = {"--", "=1+1", "\xC1gua", "@SUM(1)", "AIAIAIAI", "+A1", "-1-1"};
     for (int i = 0; i < points; ++i) {
       char row[96];
       std::snprintf(row, sizeof row, "%02d:%02d:%02d#%d%c%02d#-%d%c%06d#%s###\r\n", i / 3600 % 24, i / 60 % 60, i % 60,
-                    i % 1000, decimal, i % 100, i % 7, decimal, i, texts[i % 3]);
+                    i % 1000, decimal, i % 100, i % 7, decimal, i, texts[i % 7]);
       file << row;
     }
   }

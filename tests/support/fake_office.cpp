@@ -26,7 +26,8 @@ class FakeSpreadsheet : public SpreadsheetApplication {
     log_.sheetNames.at(static_cast<std::size_t>(sheet) - 1) = name;
   }
   void WriteText(int sheet, int row, int column, std::string_view text) override {
-    if (row == log_.failAtRow) throw RunTimeError(1004, "Application-defined or object-defined error");
+    if (row == log_.failAtRow)
+      throw RunTimeError(error_number::kApplicationDefined, "Application-defined or object-defined error");
     log_.cells[Key(sheet, row, column)] = text;
   }
   void EnterValue(int sheet, int row, int column, std::string_view text) override {
@@ -52,7 +53,7 @@ class FakeSpreadsheet : public SpreadsheetApplication {
 }  // namespace
 
 bool FakePrinter::StartDocument(const std::string& /*title*/) {
-  x_ = y_ = 0;
+  y_ = 0;
   return !declined;
 }
 
@@ -65,13 +66,11 @@ void FakePrinter::PrintText(std::string_view text, double x, double y, const Pri
     throw RunTimeError(error_number::kPrinter, "Printer error");
   }
   texts.push_back({std::string(text), x, y, font});
-  x_ = x + TextWidth(text, font);
   y_ = y;
   lastPoints_ = font.points;
 }
 
 void FakePrinter::NextLine() {
-  x_ = 0;
   y_ += lastPoints_ * 1.2 * kCentimetresPerPoint;
 }
 

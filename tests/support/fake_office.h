@@ -27,7 +27,6 @@ class FakePrinter : public Printer {
   PageArea Page() const override { return page; }
   double TextWidth(std::string_view text, const PrintFont& font) const override;
   void PrintText(std::string_view text, double x, double y, const PrintFont& font) override;
-  double CurrentX() const override { return x_; }
   double CurrentY() const override { return y_; }
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
@@ -46,7 +45,6 @@ class FakePrinter : public Printer {
   int documentsAbandoned = 0;
 
  private:
-  double x_ = 0;
   double y_ = 0;
   double lastPoints_ = 12;
 };

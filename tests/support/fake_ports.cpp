@@ -1,7 +1,7 @@
 // The in-memory ports.
 #include "support/fake_ports.h"
 
-#include "common/numbers.h"
+#include "common/values/numbers.h"
 
 namespace chartproject {
 

@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/headless/absent_devices.h"
-#include "platform/headless/code_page_1252.h"
-#include "platform/headless/headless_form_host.h"
-#include "platform/headless/virtual_clock.h"
+#include "backends/headless/absent_devices.h"
+#include "backends/headless/code_page_1252.h"
+#include "backends/headless/headless_form_host.h"
+#include "backends/headless/virtual_clock.h"
 #include "platform/ports.h"
 #include "support/fake_office.h"
 #include "support/memory_file_system.h"

@@ -3,8 +3,8 @@
 
 #include <thread>
 
-#include "platform/win32/com/com_ref.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/com_ref.h"
+#include "backends/win32/wide_text.h"
 #include "windows/form_driver.h"
 
 #include <chart_project.h>

@@ -4,10 +4,10 @@
 #include <fstream>
 #include <optional>
 
-#include "platform/win32/control_id.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/wide_text.h"
-#include "platform/win32/win32_clipboard.h"
+#include "backends/win32/drawing/win32_clipboard.h"
+#include "backends/win32/forms/widget.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
 #include "windows/form_driver.h"
 
 #include <commctrl.h>

@@ -1,7 +1,7 @@
 // The tests' thread as a COM apartment, for the whole program.
 #include <gtest/gtest.h>
 
-#include "platform/win32/windows_api.h"
+#include "backends/win32/windows_api.h"
 
 #include <objbase.h>
 

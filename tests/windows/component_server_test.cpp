@@ -3,11 +3,11 @@
 
 #include <thread>
 
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/com_ref.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/com_ref.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
 #include "windows/form_driver.h"
 
 #include <chart_project.h>
@@ -84,7 +84,8 @@ TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
   {
     const ComRef<_ChartClass> first = Create();
     const ComRef<_ChartClass> second = Create();
-    ASSERT_TRUE(first && second);
+    ASSERT_TRUE(first);
+    ASSERT_TRUE(second);
     EXPECT_EQ(CanUnload(), S_FALSE);
   }
   EXPECT_EQ(CanUnload(), S_OK);

@@ -6,12 +6,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/win32/com/excel_automation.h"
-#include "platform/win32/com/registration.h"
-#include "platform/win32/com_module.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/registration.h"
+#include "backends/win32/com/win32_spreadsheet.h"
+#include "backends/win32/com_module.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
 #include "windows/fake_excel.h"
 #include "windows/form_driver.h"
 
@@ -62,7 +62,7 @@ class SpreadsheetExport : public ::testing::Test {
     ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process));
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    ASSERT_TRUE(WaitFor([] { return win32::ExcelApplications().AttachRunning() != nullptr; }));
+    ASSERT_TRUE(WaitFor([] { return win32::Win32SpreadsheetApplications().AttachRunning() != nullptr; }));
   }
   /// What was done to the application, once its process has ended: that is, when nobody holds any of its objects.
   [[nodiscard]] std::string Calls() const {
@@ -112,7 +112,8 @@ std::string SpreadsheetExport::WholeExport() const {
     calls += Value(row, 1, "='" + texts[0]);
     for (std::size_t column = 2; column <= texts.size(); ++column) {
       const std::string& text = texts[column - 1];
-      calls += Value(row, column, "='" + text) + Value(row, column, "") + Value(row, column, "=" + text);
+      const char* const mark = !text.starts_with('-') ? "=" : text.starts_with("--") ? "='" : "=number ";
+      calls += Value(row, column, "='" + text) + Value(row, column, "") + Value(row, column, mark + text);
     }
   }
   return calls + "SaveAs(FileName:=" + chart_ +
@@ -176,14 +177,17 @@ TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
 TEST_F(SpreadsheetExport, AnApplicationThatIsBusyOrLacksTheUsersLocaleIsSpokenToAllTheSame) {
   Install("difficult");
   Run();
-  const auto excel = win32::ExcelApplications().AttachRunning();
+  const auto excel = win32::Win32SpreadsheetApplications().AttachRunning();
   excel->AddWorkbook();
   excel->EnterValue(1, 22, 2, "1.5");
-  excel->EnterValue(1, 22, 3, "READY");
+  for (const char* text : {"READY", "=1+1", "--", "-0.25", "@A1", "'a"}) excel->EnterValue(1, 22, 3, text);
   excel->Quit();
   EXPECT_THAT(FileContents(log_), HasSubstr("workbooks\r\nworkbooks.Add\r\nsheets(1)\r\nsheets(1).Cells(22,2)\r\n"
                                             "sheets(1).Cells(22,2).Value=number 1.5\r\nsheets(1).Cells(22,3)\r\n"
-                                            "sheets(1).Cells(22,3).Value=READY\r\nquit\r\n"));
+                                            "sheets(1).Cells(22,3).Value=READY\r\n"));
+  for (const char* value : {"'=1+1", "'--", "number -0.25", "'@A1", "''a"}) {
+    EXPECT_THAT(FileContents(log_), HasSubstr(std::string("Cells(22,3).Value=") + value + "\r\n"));
+  }
 }
 
 TEST_F(SpreadsheetExport, WithoutTheApplicationOrTheUsersYesNothingIsDone) {
@@ -207,13 +211,13 @@ TEST_F(SpreadsheetExport, SheetsAreCountedAndAddedWithoutALeak) {
   Install();
   Run();
   ExpectNoGrowth(20, [] {
-    const auto excel = win32::ExcelApplications().AttachRunning();
+    const auto excel = win32::Win32SpreadsheetApplications().AttachRunning();
     excel->AddWorkbook();
     EXPECT_EQ(excel->SheetCount(), 3);
     excel->AddSheetAfter(3);
     excel->SetSheetName(4, "Chart4");
   });
-  win32::ExcelApplications().AttachRunning()->Quit();
+  win32::Win32SpreadsheetApplications().AttachRunning()->Quit();
   EXPECT_THAT(Calls(), HasSubstr("sheets\r\nsheets.Count\r\nsheets(3)\r\nsheets\r\nsheets.Add(after:=sheets(3))\r\n"
                                  "sheets(4)\r\nsheets(4).Name=Chart4\r\nquit\r\nend\r\n"));
 }

@@ -1,7 +1,7 @@
 // A spreadsheet application for the tests, a program of its own that writes down what is done to it.
 #pragma once
 
-#include "platform/win32/windows_api.h"
+#include "backends/win32/windows_api.h"
 
 namespace chartproject::testing {
 

@@ -7,10 +7,10 @@
 #include <sstream>
 #include <vector>
 
-#include "platform/win32/control_id.h"
-#include "platform/win32/gdiplus_api.h"
-#include "platform/win32/handles.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/drawing/gdiplus_api.h"
+#include "backends/win32/forms/widget.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/wide_text.h"
 
 #include <psapi.h>
 #include <winspool.h>

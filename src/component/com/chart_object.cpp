@@ -1,10 +1,10 @@
 // AcquireVar and CreateChart for COM hosts, each behind the one wall that no exception passes.
+#include "backends/win32/com/automation_object.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/server_module.h"
+#include "backends/win32/com/win32_environment.h"
 #include "component/chart_class.h"
 #include "links/com/com_drive_link.h"
-#include "platform/win32/com/automation_object.h"
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/server_module.h"
-#include "platform/win32/com/win32_environment.h"
 
 #include <chart_project.h>
 

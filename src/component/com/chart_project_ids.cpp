@@ -1,5 +1,5 @@
 // The place where the ids of the component's class, interface and type library are defined.
-#include "platform/win32/windows_api.h"
+#include "backends/win32/windows_api.h"
 
 #include <initguid.h>
 

@@ -3,11 +3,11 @@
 
 #include <array>
 
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/com_ref.h"
-#include "platform/win32/com/registration.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/wide_text.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/com_ref.h"
+#include "backends/win32/com/registration.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
 
 #include <drive_link.h>
 #include <drive_link_sim.h>
@@ -15,6 +15,8 @@
 namespace chartproject::win32 {
 
 namespace {
+
+constexpr short kSuccess = 0;  // a read's status
 
 /// Room for an output that nobody reads. Only its place in the call is known of a host's link, not its type: whatever
 /// automation can pass has room.
@@ -27,43 +29,48 @@ class ComDriveLink : public DriveLink {
   ComDriveLink(ComRef<_DriveLink> link, ComRef<ISimulatedTime> time, Clock* clock)
       : link_(std::move(link)), time_(std::move(time)), clock_(clock) {}
 
-  void SetP210Value(std::int16_t value, std::int16_t& reply) override {
-    IgnoredOutput output;
-    RequireSuccess(link_->SetP210Value(&value, output.room.data()), "SetP210Value");
-    reply = output.room.front();
+  void SetP210Value(std::int16_t value) override {
+    IgnoredOutput reply;
+    RequireSuccess(link_->SetP210Value(&value, reply.room.data()), "SetP210Value");
   }
-  void SetP529Value(std::int16_t value, std::int16_t& reply) override {
-    IgnoredOutput output;
-    RequireSuccess(link_->SetP529Value(&value, output.room.data()), "SetP529Value");
-    reply = output.room.front();
+  void SetP529Value(std::int16_t value) override {
+    IgnoredOutput reply;
+    RequireSuccess(link_->SetP529Value(&value, reply.room.data()), "SetP529Value");
   }
-  void ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
-                     std::int16_t& status) override {
+  bool ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                     std::int16_t unitCode) override {
     TellTime();
     ComText model(modelCode);
+    short status = kSuccess;
     RequireSuccess(link_->ReadParameter(&address, model.Receive(), &parameter, &unitCode, &status), "ReadParameter");
+    return status == kSuccess;
   }
-  void ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter, std::int16_t unitCode,
-                      std::int16_t& status) override {
+  bool ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                      std::int16_t unitCode) override {
     TellTime();
     ComText model(modelCode);
+    short status = kSuccess;
     RequireSuccess(link_->ProbeParameter(&address, model.Receive(), &parameter, &unitCode, &status), "ProbeParameter");
+    return status == kSuccess;
   }
-  void OpenLink(std::int16_t& result) override {
+  void OpenLink() override {
     TellTime();
-    IgnoredOutput output;
-    RequireSuccess(link_->OpenLink(output.room.data()), "OpenLink");
-    result = output.room.front();
+    IgnoredOutput result;  // the link's own code; a line that does not answer shows in the first read
+    RequireSuccess(link_->OpenLink(result.room.data()), "OpenLink");
   }
   void CloseLink() override {
     ComVariant ignored;
     RequireSuccess(link_->CloseLink(ignored.Get()), "CloseLink");
   }
-  void GetValue(double& value) override { RequireSuccess(link_->GetValue(&value), "GetValue"); }
-  void GetText(std::string& text) override {
+  double GetValue() override {
+    double value = 0;
+    RequireSuccess(link_->GetValue(&value), "GetValue");
+    return value;
+  }
+  std::string GetText() override {
     ComText fetched;
     RequireSuccess(link_->GetText(fetched.Receive()), "GetText");
-    text = fetched.Utf8();
+    return fetched.Utf8();
   }
 
  private:

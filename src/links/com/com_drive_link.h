@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "backends/win32/windows_api.h"
 #include "drive/drive_link.h"
 #include "platform/clock.h"
-#include "platform/win32/windows_api.h"
 
 namespace chartproject::win32 {
 

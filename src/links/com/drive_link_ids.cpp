@@ -1,5 +1,5 @@
 // The place where the ids of the drive link's interfaces and of the stand-in's class are defined.
-#include "platform/win32/windows_api.h"
+#include "backends/win32/windows_api.h"
 
 #include <initguid.h>
 

@@ -3,15 +3,16 @@
 #include <memory>
 #include <string>
 
+#include "backends/win32/com/automation_object.h"
+#include "backends/win32/com/com_error.h"
+#include "backends/win32/com/server_module.h"
+#include "backends/win32/registry_text.h"
+#include "backends/win32/wide_text.h"
+#include "backends/win32/win32_clock.h"
+#include "backends/win32/win32_file_system.h"
+#include "backends/win32/win32_locale.h"
 #include "links/scenario_link.h"
 #include "links/simulated_link.h"
-#include "platform/win32/com/automation_object.h"
-#include "platform/win32/com/com_error.h"
-#include "platform/win32/com/server_module.h"
-#include "platform/win32/registry_text.h"
-#include "platform/win32/small_ports.h"
-#include "platform/win32/wide_text.h"
-#include "platform/win32/win32_file_system.h"
 
 #include <drive_link.h>
 #include <drive_link_sim.h>
@@ -35,6 +36,10 @@ class FollowingClock : public Clock {
   bool follows_ = false;
   Instant told_{0};
 };
+
+// Statuses of a read.
+constexpr short kSuccess = 0;
+constexpr short kNoAnswer = 1;
 
 constexpr const wchar_t* kScenarioValue = L"Scenario";
 
@@ -62,11 +67,13 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
 
   HRESULT STDMETHODCALLTYPE SetP210Value(short* value, short* reply) noexcept override {
     if (value == nullptr || reply == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->SetP210Value(*value, *reply); });
+    *reply = kSuccess;
+    return Guarded(InterfaceId(), [&] { link_->SetP210Value(*value); });
   }
   HRESULT STDMETHODCALLTYPE SetP529Value(short* value, short* reply) noexcept override {
     if (value == nullptr || reply == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->SetP529Value(*value, *reply); });
+    *reply = kSuccess;
+    return Guarded(InterfaceId(), [&] { link_->SetP529Value(*value); });
   }
   HRESULT STDMETHODCALLTYPE ReadParameter(short* address, BSTR* modelCode, short* parameter, short* unitCode,
                                           short* status) noexcept override {
@@ -78,7 +85,8 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
   HRESULT STDMETHODCALLTYPE OpenLink(short* result) noexcept override {
     if (result == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->OpenLink(*result); });
+    *result = kSuccess;
+    return Guarded(InterfaceId(), [&] { link_->OpenLink(); });
   }
   HRESULT STDMETHODCALLTYPE CloseLink(VARIANT* result) noexcept override {
     if (result == nullptr) return E_POINTER;
@@ -87,14 +95,12 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
   HRESULT STDMETHODCALLTYPE GetValue(double* value) noexcept override {
     if (value == nullptr) return E_POINTER;
-    return Guarded(InterfaceId(), [&] { link_->GetValue(*value); });
+    return Guarded(InterfaceId(), [&] { *value = link_->GetValue(); });
   }
   HRESULT STDMETHODCALLTYPE GetText(BSTR* text) noexcept override {
     if (text == nullptr) return E_POINTER;
     return Guarded(InterfaceId(), [&] {
-      std::string fetched;
-      link_->GetText(fetched);
-      const BSTR made = ComText(fetched).Release();
+      const BSTR made = ComText(link_->GetText()).Release();
       SysFreeString(*text);
       *text = made;
     });
@@ -112,7 +118,7 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
 
  private:
-  using Operation = void (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t, std::int16_t&);
+  using Operation = bool (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t);
 
   HRESULT Read(Operation operation, const short* address, const BSTR* modelCode, const short* parameter,
                const short* unitCode, short* status) noexcept {
@@ -121,7 +127,8 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
       return E_POINTER;
     }
     return Guarded(InterfaceId(), [&] {
-      (link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode, *status);
+      const bool answered = (link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode);
+      *status = answered ? kSuccess : kNoAnswer;
     });
   }
 

@@ -1,0 +1,106 @@
+// Files of the project folder: whatever they hold, they are read or refused with a run-time error.
+#include "backends/posix/settings_store_ini.h"
+#include "bytes_file.h"
+#include "common/environment/settings_io.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
+#include "drive/drive_context.h"
+#include "drive/driver_file.h"
+#include "drive/unit_codes.h"
+#include "links/scenario_script.h"
+#include "recording/field_value.h"
+#include "support/error_of.h"
+#include "support/fake_plant.h"
+#include "support/fake_ports.h"
+#include "targets.h"
+
+namespace chartproject::fuzz {
+
+namespace {
+
+/// An instance whose files are in memory.
+struct Project {
+  FakePorts fakes;
+  FakePlant plant;
+  DriveContext context{fakes.ports, fakes.forms, plant};
+};
+
+}  // namespace
+
+void Drive(std::string_view bytes) {
+  Project project;
+  project.fakes.files.Put("/d.drv", std::string(bytes));
+  project.context.settings.strMainFile = "x";
+  project.context.settings.strDriveFile[0] = "/d.drv";
+  LoadDriveInfo(project.context, 0);
+  Require(project.context.driveTable.At(1).Address == "01");
+  Require(!DriverFileName(project.context, 1).empty());
+}
+
+void Driver(std::string_view bytes) {
+  Project project;
+  project.fakes.files.Put("/KRA09E.wcd", std::string(bytes));
+  project.context.settings.strLanguage = "English";
+  project.context.settings.strDrivers = "/";
+  project.context.driveTable.At(1).Type = "KRA-09";
+  (void)ErrorOf([&] { LoadDriverFile(project.context, 1); });  // a number that does not fit ends the loading
+  Require(project.fakes.dialogs.boxes.size() <= 11);
+  // A line of another shape must never pass for a parameter.
+  ParameterTable table;
+  DriverFileParser parser(table, {",", "."}, [](std::string_view keyword, int) { return FindUnitCode(keyword); });
+  const std::string line(bytes.substr(0, bytes.find('\n')));
+  (void)ErrorOf([&] {
+    const bool other = line.starts_with('#') && CountChar(line, '#') != 14 && line.find('=') == std::string::npos;
+    Require(!parser.TakeLine(line) || !other);
+  });
+}
+
+void Scenario(std::string_view bytes) {
+  MemoryFileSystem files;
+  files.Put("/plant.txt", std::string(bytes));
+  (void)ErrorOf([&] {
+    const ScenarioScript script = ScenarioScript::Load(files, "/plant.txt");
+    for (const std::int64_t moment : {std::int64_t{0}, std::int64_t{1000}, INT64_MAX}) {
+      (void)script.IsSilent(1, moment);
+      const std::string* const text = script.TextAt(1, 5, moment);
+      Require(text == nullptr || bytes.find(*text) != std::string_view::npos);
+    }
+  });
+}
+
+void Settings(std::string_view bytes) {
+  FakePorts fakes;
+  fakes.files.Put("/profile/Kestrel v5.60.ini", std::string(bytes));
+  (void)ErrorOf([&] {
+    SettingsStoreIni store(fakes.files, "/profile");
+    Ports ports{store,       fakes.files,    fakes.clock, fakes.locale,    fakes.codePage, fakes.dialogs,
+                fakes.sound, fakes.keyboard, fakes.help,  fakes.clipboard, fakes.printer,  fakes.spreadsheets};
+    Environment environment{ports, fakes.forms};
+    for (const auto read : {ReadConfSettings, ReadProjectSettings, ReadFolderSettings}) {
+      (void)ErrorOf([&] { read(environment); });
+    }
+  });
+}
+
+void Number(std::string_view bytes) {
+  const bool comma = !bytes.empty() && (bytes[0] & 1) != 0;
+  bytes.remove_prefix(bytes.empty() ? 0 : 1);
+  const NumberFormat format = comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
+  const int error = ErrorOf([&] { (void)ToDouble(bytes, format); });
+  Require(IsNumeric(bytes, format) ? error == 0 || error == 6 : error == 13);
+  (void)ErrorOf([&] { (void)ToInteger16(bytes, format); });
+  (void)ErrorOf([&] { (void)LeadingNumber(bytes); });
+  (void)ErrorOf([&] { (void)ToTypedDecimal(bytes, format); });
+  const double value = FieldValue(bytes, format);
+  Require(!(value - value == 0) || (value <= std::numeric_limits<double>::max()));
+}
+
+void Visible(std::string_view bytes) {
+  for (const std::string& text : {VisibleText(bytes), VisibleLines(bytes)}) {
+    Require(text.find('\x1B') == std::string::npos && text.find("\xC2\x9B") == std::string::npos);
+    Require(VisibleLines(text) == text && text.size() >= bytes.size());
+  }
+  Require(VisibleText(bytes).find_first_of("\r\n") == std::string::npos);
+}
+
+}  // namespace chartproject::fuzz

@@ -1,0 +1,77 @@
+// Rows into workbooks: any text arrives as a text, and no cell of the plain format is a formula.
+#include <fstream>
+
+#include "backends/spreadsheet/embedded_spreadsheet.h"
+#include "bytes_file.h"
+#include "platform/temporary_folder.h"
+#include "support/error_of.h"
+#include "support/fake_ports.h"
+#include "targets.h"
+
+namespace chartproject::fuzz {
+
+namespace {
+
+/// Writes the lines as cells of up to five columns, every second one entered as a value; the workbook's bytes.
+std::string Write(std::string_view bytes, const char* ending) {
+  static const TemporaryFolder folder;
+  const std::string name = folder.Path() + "/out" + ending;
+  const FakeLocale locale;
+  EmbeddedSpreadsheets applications(locale);
+  const auto application = applications.Create(name);
+  application->AddWorkbook();
+  int cell = 0;
+  (void)ErrorOf([&] {  // 1004: a text that is too long
+    for (; !bytes.empty(); ++cell) {
+      const std::size_t end = std::min(bytes.find('\n'), bytes.size());
+      const int row = 1 + cell / 5;
+      if (cell % 2 == 0) {
+        application->WriteText(1, row, 1 + cell % 5, bytes.substr(0, end));
+      } else {
+        application->EnterValue(1, row, 1 + cell % 5, bytes.substr(0, end));
+      }
+      bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    }
+    application->SaveAs({name, kNormalWorkbookFormat, "", "", false, false});
+  });
+  std::ifstream file(name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// The cells as a spreadsheet parts them at a separator.
+std::vector<std::string> CellsOf(std::string_view text, char separator) {
+  std::vector<std::string> cells{""};
+  bool quoted = false;
+  for (const char byte : text) {
+    if (byte == '"' && (quoted || cells.back().empty())) {
+      quoted = !quoted;
+    } else if (!quoted && (byte == separator || byte == '\r' || byte == '\n')) {
+      cells.emplace_back();
+    } else {
+      cells.back() += byte;
+    }
+  }
+  return cells;
+}
+
+}  // namespace
+
+void Csv(std::string_view bytes) {
+  const std::string text = Write(bytes, ".csv");
+  for (const char separator : {',', ';', '\t'}) {
+    for (const std::string& cell : CellsOf(text, separator))
+      Require(cell.empty() || (cell[0] != '=' && cell[0] != '@'));
+  }
+}
+
+void Xls(std::string_view bytes) {
+  const std::string book = Write(bytes, ".xls");
+  Require(book.empty() || book.starts_with("\xD0\xCF\x11\xE0"));
+}
+
+void Xlsx(std::string_view bytes) {
+  const std::string book = Write(bytes, ".xlsx");
+  Require(book.empty() || (book.starts_with("PK") && book.find("<f>") == std::string::npos));
+}
+
+}  // namespace chartproject::fuzz

@@ -1,0 +1,231 @@
+// The dialog's life, what its sections mean for each other, and the start of a recording.
+#include "acquire/dialog/acquire_form.h"
+
+#include "acquire/dialog/window_place.h"
+#include "common/error_log.h"
+#include "common/form_appearance.h"
+#include "common/message_box.h"
+#include "common/sounds.h"
+#include "common/values/text.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kHelpContext = 91;
+
+}  // namespace
+
+AcquireForm::AcquireForm(Component& component)
+    : Form(component.forms, "frmAcquireVar", MakeHandlerErrorReporter(component)),
+      component_(component),
+      file(*this, component, [this](NamedBy by) { FileNameChanged(by); }),
+      drive(*this, component, [this] { UpdateStartButtons(); }),
+      timing(*this, component, file, drive, [this] { UpdateStartButtons(); }),
+      trigger(*this, component, drive, [this] { UpdateStartButtons(); }),
+      panel(*this, component,
+            {[this](bool enabled) { LockSetupFields(enabled); }, [this](bool held) { cmdOK.SetCancel(!held); }}),
+      controller(*this, component, panel) {
+  NumberTexts();
+  PlaceControls();
+  Connect();
+}
+
+AcquireForm::~AcquireForm() = default;
+
+void AcquireForm::NumberTexts() {
+  SetTag(TextNumber(Text::kAcquireParameter));
+  cmdViewChart.SetTag(TextNumber(Text::kViewChart));
+  cmdViewChart.SetToolTipText(TextNumber(Text::kViewChart));
+  cmdReset.SetTag(TextNumber(Text::kReset));
+  cmdReset.SetToolTipText(TextNumber(Text::kResetTip));
+  cmdOK.SetTag(TextNumber(Text::kOk));
+  cmdOK.SetToolTipText(TextNumber(Text::kOkTip));
+  cmdOK.SetDefault(true);
+  cmdOK.SetCancel(true);
+}
+
+void AcquireForm::Connect() {
+  drive.parametersListed = [this](std::optional<std::int16_t> address) { trigger.ListParameters(address); };
+  drive.countChosen = [this] { timing.CheckPoints(); };
+  On(panel.cmdStart.click, panel.cmdStart, "Click", &AcquireForm::cmdStart_Click);
+  On(panel.cmdTrigger.click, panel.cmdTrigger, "Click", &AcquireForm::cmdTrigger_Click);
+  On(cmdViewChart.click, cmdViewChart, "Click", &AcquireForm::cmdViewChart_Click);
+  On(cmdReset.click, cmdReset, "Click", &AcquireForm::cmdReset_Click);
+  On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
+  helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
+  controller.runEnded = [this](const RunReport& report) {
+    UpdateViewChartButton();
+    if (runEnded) runEnded(report);
+  };
+}
+
+void AcquireForm::PlaceControls() {
+  LayoutBox buttons = Row({panel.ButtonsLayout(), Space(), Cell(cmdViewChart), Cell(cmdReset), Cell(cmdOK)});
+  SetLayout(Column({file.Layout(), drive.Layout(), timing.Layout(), trigger.Layout(), panel.WordsLayout(), Space(0, 1),
+                    panel.ProgressLayout(), std::move(buttons)}));
+}
+
+void AcquireForm::OnLoad() {
+  TranslateForm(*this, component_);
+  file.Translate();
+  ResetForm();
+  // A chart file that cannot be read is reported, and the dialog opens all the same.
+  RunHandler("FileNameChanged", [this] { file.NameFile(JoinPath(component_.settings.strFolder, "Test.cht")); });
+  LayoutChanged();  // the window's width, which its place depends on, follows from the texts
+  SetHeight(kSetUpHeight);
+  for (Control* control : Controls()) {
+    if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);
+  }
+  RestoreWindowPlace(*this, component_);
+  LoadPictures();
+  const std::string& hostFolder = component_.settings.strBin;
+  if (component_.ports.files.FolderExists(hostFolder)) component_.ports.files.ChangeFolder(hostFolder);
+  SetHelpContextId(kHelpContext);
+  SetPointer(MousePointer::kDefault);
+}
+
+void AcquireForm::LoadPictures() {
+  LoadFormPictures(component_, *this);
+  SetButtonCursor(component_, cmdOK);
+}
+
+void AcquireForm::ResetForm(NamedBy by) {
+  const HourglassScope hourglass(*this);
+  cmdViewChart.SetVisible(false);
+  drive.Reset();
+  timing.Reset();
+  trigger.Reset();
+  panel.lblProgress.SetCaption("");
+  UpdateStartButtons();
+  // Typing a file name resets the other fields at every letter; the letters that follow belong to the name.
+  if (by != NamedBy::kTyping && drive.cboDriveAddress.Visible()) drive.cboDriveAddress.SetFocus();
+}
+
+void AcquireForm::FileNameChanged(NamedBy by) {
+  component_.strChartFileName = file.Name();
+  const bool exists = file.Exists();
+  PlayWave(component_, kClickSound);
+  ResetForm(by);
+  if (exists) {
+    try {
+      // A file without a single key is not a chart file: it has no settings to show.
+      if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
+    } catch (const NotARegularFile&) {
+      component_.chartHeader = ChartHeader{};  // nothing to show; Start gives the reason
+    }
+    UpdateViewChartButton();
+  }
+  UpdateStartButtons();
+}
+
+void AcquireForm::ShowHeaderInForm() {
+  const ChartHeader header = component_.chartHeader;  // the handlers that run meanwhile may change the shared one
+  drive.ShowHeader(header);
+  timing.ShowHeader(header);
+  trigger.ShowHeader(header);
+}
+
+void AcquireForm::UpdateViewChartButton() {
+  cmdViewChart.SetVisible(file.Exists());
+}
+
+std::optional<std::string> AcquireForm::Missing() const {
+  auto missing = drive.Missing();
+  if (!missing) missing = file.Missing();
+  if (!missing) missing = timing.Missing();
+  if (!missing) missing = trigger.Missing();
+  return missing;
+}
+
+void AcquireForm::UpdateStartButtons() {
+  const auto missing = Missing();
+  panel.lblHint.SetCaption(missing.value_or(std::string()));
+  panel.lblEstimate.SetCaption(timing.Estimate());
+  panel.ShowStopwatchField(timing.SpacedByStopwatch());
+  if (missing) {
+    panel.HideStartButtons(false);
+  } else {
+    panel.ShowStartButtons(trigger.ByHand(), trigger.ByEvent());
+  }
+}
+
+void AcquireForm::LockSetupFields(bool enabled) {
+  for (Control* group : std::initializer_list<Control*>{&file.fraFileName, &drive.picDriveAddress, &trigger.picMode,
+                                                        &drive.picNumberOfParameters, &timing.picTime}) {
+    group->SetEnabled(enabled);
+  }
+  (trigger.ByEvent() ? panel.cmdTrigger : panel.cmdStart).SetEnabled(enabled);
+  for (CommandButton* button : {&cmdOK, &cmdReset, &cmdViewChart}) button->SetEnabled(enabled);
+}
+
+std::optional<RunPlan> AcquireForm::PrepareRun() {
+  if (Run().State() != RunState::kIdle || Missing() || !timing.Holds() || !trigger.Holds()) return std::nullopt;
+  RunPlan plan;
+  plan.fileName = file.Name();
+  drive.FillPlan(plan);
+  timing.FillPlan(plan);
+  if (!ReserveFile(plan.fileName)) return std::nullopt;
+  FillChartHeader(plan);
+  return plan;
+}
+
+/// A file that cannot be written is reported now, not after hours of sampling.
+bool AcquireForm::ReserveFile(const std::string& fileName) {
+  std::string refusal;
+  try {
+    const std::string heldBy = controller.Reserve(fileName);
+    if (heldBy.empty()) return true;
+    refusal = FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {fileName, heldBy});
+  } catch (const NotARegularFile& error) {
+    refusal = error.Description(component_.language);
+  }
+  ShowMessage(component_, refusal, box_style::kExclamation, component_.helpFile);
+  return false;
+}
+
+void AcquireForm::FillChartHeader(const RunPlan& plan) {
+  ChartHeader& header = component_.chartHeader;
+  header = ChartHeader{};
+  drive.FillHeader(header, plan);
+  timing.FillHeader(header);
+  trigger.FillHeader(header);
+}
+
+void AcquireForm::cmdStart_Click() {
+  if (const auto plan = PrepareRun()) controller.Start(*plan);
+}
+
+void AcquireForm::cmdTrigger_Click() {
+  if (const auto plan = PrepareRun()) controller.Watch(*plan, trigger.Watched());
+}
+
+bool AcquireForm::OnQueryClose() {
+  StopRun();
+  return Run().State() != RunState::kFinished;  // its chart file is being written
+}
+
+void AcquireForm::OnUnload() {
+  StopRun();
+  controller.StopAllTimers();
+  SaveWindowPlace(*this, component_);
+  PlayClosingSound(component_);
+}
+
+void AcquireForm::cmdReset_Click() {
+  PlayWave(component_, kClickSound);
+  ResetForm();
+}
+
+void AcquireForm::cmdOK_Click() {
+  component_.strChartFileName.clear();
+  PlayWave(component_, kClickSound);
+  Unload();
+}
+
+void AcquireForm::cmdViewChart_Click() {
+  component_.strChartFileName = file.Name();
+  if (component_.showChart) component_.showChart(component_, component_.strChartFileName);
+}
+
+}  // namespace chartproject

@@ -1,0 +1,52 @@
+// The chart file of the dialog: its name, typed, browsed for or asked for.
+#pragma once
+
+#include <optional>
+
+#include "acquire/dialog/section.h"
+
+namespace chartproject {
+
+struct OpenFileRequest;
+
+/// How the file got its name.
+enum class NamedBy {
+  kTyping,  ///< letter by letter: the focus stays in the field
+  kChoice,  ///< at once: browsed for, asked for, or named by the program
+};
+
+class FileSection : public Section {
+ public:
+  /// @param named called after each new name
+  FileSection(Form& form, Component& component, std::function<void(NamedBy)> named);
+
+  Frame fraFileName{form_, "fraFileName"};
+  RichTextBox rtfFileName{form_, "rtfFileName"};
+  CommandButton cmdNewFile{form_, "cmdNewFile"};
+  CommandButton cmdBrowse{form_, "cmdBrowse"};
+
+  /// Captions and tool tips that hold no message number, in the user's language.
+  void Translate();
+  [[nodiscard]] LayoutBox Layout();
+  [[nodiscard]] const std::string& Name() const noexcept { return rtfFileName.Text(); }
+  /// Gives the file a name as a choice does.
+  void NameFile(const std::string& fileName);
+  [[nodiscard]] bool Exists() const;
+  /// True when the disk of the file has room for some bytes besides the reserve; otherwise says so in a box, but not
+  /// while the name is being typed.
+  [[nodiscard]] bool HasRoomFor(double bytes) const;
+  /// The hint that keeps Start away, if any.
+  [[nodiscard]] std::optional<std::string> Missing() const;
+
+ private:
+  void rtfFileName_Change();
+  void cmdBrowse_Click();
+  void PromptFileName();
+  void ConfigureFileDialog(OpenFileRequest& request, const std::string& extension) const;
+
+  std::function<void(NamedBy)> named_;
+  bool naming_ = false;  ///< a choice fills the field, and reacts to it itself
+  bool typing_ = false;
+};
+
+}  // namespace chartproject

@@ -1,0 +1,71 @@
+// How many points a recording has, and the time between them.
+#pragma once
+
+#include <optional>
+
+#include "acquire/dialog/drive_section.h"
+#include "acquire/dialog/file_section.h"
+#include "acquire/dialog/input_rules.h"
+
+namespace chartproject {
+
+/// Each new text of a field is accepted, corrected, or put back.
+class TimingSection : public Section {
+ public:
+  /// @param file, drive the sections whose disk and columns the points need; they outlive this one
+  TimingSection(Form& form, Component& component, const FileSection& file, const DriveSection& drive,
+                std::function<void()> changed);
+
+  PictureBox picTime{form_, "picTime"};
+  Label lblNumberOfPoints{form_, "lblNumberOfPoints"};
+  TextBox txtNumberOfPoints{form_, "txtNumberOfPoints"};
+  Label lblNumberOfPointsRange{form_, "lblNumberOfPointsRange"};
+  Label lblTimeBetweenPoints{form_, "lblTimeBetweenPoints"};
+  TextBox txtTimeBetweenPoints{form_, "txtTimeBetweenPoints"};
+  MaskEdBox mebTimeBetweenPoints{form_, "mebTimeBetweenPoints", "##:##:##"};
+  ComboBox cboTimeBetweenPointsUnit{form_, "cboTimeBetweenPointsUnit"};
+  Label lblTimeBetweenPointsRange{form_, "lblTimeBetweenPointsRange"};
+
+  [[nodiscard]] LayoutBox Layout();
+  void Reset();
+  void ShowHeader(const ChartHeader& header);
+  /// The points' part of a recording's plan and of its header.
+  void FillPlan(RunPlan& plan) const;
+  void FillHeader(ChartHeader& header) const;
+  /// Checks the number of points again, because the size of the file changed with the number of parameters.
+  void CheckPoints() { txtNumberOfPoints_Change(); }
+  /// True for the unit hh:mm:ss, whose points a stopwatch spaces.
+  [[nodiscard]] bool SpacedByStopwatch() const;
+  /// Length and size of the recording that the fields describe; empty while one of them holds no number.
+  [[nodiscard]] std::string Estimate() const;
+  /// The hint that keeps Start away, if any.
+  [[nodiscard]] std::optional<std::string> Missing() const;
+  /// Checks all fields once more before a start. False after a box that gives the reason.
+  [[nodiscard]] bool Holds();
+
+ private:
+  [[nodiscard]] std::optional<TimeUnit> Unit() const;
+  [[nodiscard]] TextControl& TimeField();
+  [[nodiscard]] NumberCheck CheckTime() const;
+  [[nodiscard]] std::int64_t MillisecondsBetweenPoints() const;
+  [[nodiscard]] bool RoomFor(std::int32_t points) const;
+  [[nodiscard]] bool PointsHold();
+  [[nodiscard]] bool CheckMaskedTime();
+  void PutBack(TextControl& field, const std::string& text);
+  void SetUpTimeFields();
+  void txtNumberOfPoints_Change();
+  void txtTimeBetweenPoints_Change();
+  void txtTimeBetweenPoints_LostFocus();
+  void mebTimeBetweenPoints_Change();
+  void mebTimeBetweenPoints_LostFocus();
+  void cboTimeBetweenPointsUnit_Click();
+
+  const FileSection& file_;
+  const DriveSection& drive_;
+  std::string lastAcceptedPoints_;
+  std::string lastAcceptedTime_;
+  bool puttingBack_ = false;   ///< an accepted text comes back; it is not refused again
+  bool emptyingTime_ = false;  ///< the ms rule empties the field; nothing is put back
+};
+
+}  // namespace chartproject

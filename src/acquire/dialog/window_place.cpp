@@ -1,0 +1,63 @@
+// The dialog's place on the screen, kept between its displays.
+#include "acquire/dialog/window_place.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "acquire/dialog/acquire_form.h"
+#include "common/values/numbers.h"
+#include "forms/form_host.h"
+#include "recording/component.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr std::string_view kConfSection = "MyConf";
+/// Shared with the host's error form.
+constexpr std::string_view kMaximizedKey = "strMaximizedfrmErr";
+
+/// A stored coordinate in twips; in the middle of the screen when nothing usable is stored. A place off every screen
+/// is corrected by the back end, which knows all screens.
+double Coordinate(Component& component, const Form& form, std::string_view key, double extent, double screen) {
+  const double centred = std::max(0.0, (screen - extent) / 2);
+  const NumberFormat& format = component.ports.locale.Numbers();
+  const auto stored = component.ports.settings.Read(form.Name(), key);
+  return stored && IsNumeric(*stored, format) ? ToDouble(*stored, format) : centred;
+}
+
+std::string WholeTwips(double twips) {
+  return std::to_string(std::llround(twips));
+}
+
+}  // namespace
+
+void RestoreWindowPlace(Form& form, Component& component) {
+  std::string& maximized = component.settings.strMaximizedfrmErr;
+  maximized = component.ports.settings.Read(kConfSection, kMaximizedKey).value_or("No");
+  if (maximized == "Yes") {
+    form.SetState(WindowState::kMaximized);
+    return;
+  }
+  const Size screen = component.forms.ScreenSize();
+  form.SetState(WindowState::kNormal);
+  form.LayoutChanged();  // the window's width follows from its texts, which are in their language now
+  form.SetLeft(Coordinate(component, form, "Left", form.Width(), screen.width));
+  form.SetTop(Coordinate(component, form, "Top", form.Height(), screen.height));
+}
+
+void SaveWindowPlace(const Form& form, Component& component) {
+  SettingsStore& store = component.ports.settings;
+  const bool hasWindow = form.Width() > 0;
+  if (form.State() == WindowState::kNormal && hasWindow) {
+    const std::array place{StoredSetting{"Left", WholeTwips(form.Left())},
+                           StoredSetting{"Top", WholeTwips(form.Top())}};
+    store.Write(form.Name(), place);
+  }
+  std::string& maximized = component.settings.strMaximizedfrmErr;
+  maximized = form.State() == WindowState::kMaximized ? "Yes" : "No";
+  store.Write(kConfSection, std::array{StoredSetting{std::string(kMaximizedKey), maximized}});
+}
+
+}  // namespace chartproject

@@ -1,0 +1,142 @@
+// The recording: points are read, kept in memory or spooled, and written to the chart file at the end.
+#include "acquire/run/acquisition_run.h"
+
+#include <utility>
+
+#include "common/values/numbers.h"
+#include "drive/parameter_read.h"
+#include "forms/flag_scope.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+std::string AcquisitionRun::Reserve(const std::string& fileName) {
+  FileSystem& files = component_.ports.files;
+  fileLock_.reset();  // drop the lock of a reservation that was never started
+  targetFile_ = files.ResolveLink(fileName);
+  files.CheckReplaceable(targetFile_);
+  LockAttempt attempt = files.Lock(targetFile_);
+  if (!attempt.lock) return attempt.heldBy;
+  ChartFileWriter(files, component_.ports.codePage).CheckTarget(targetFile_);
+  fileLock_ = std::move(attempt.lock);
+  return {};
+}
+
+void AcquisitionRun::Arm(const RunPlan& plan) {
+  plan_ = plan;
+  header_ = component_.chartHeader;
+  ++serial_;
+  counter_ = 0;
+  end_ = RunEnd::kNone;
+  failureReason_.clear();
+  state_ = RunState::kArmed;
+}
+
+void AcquisitionRun::BeginSampling() {
+  spool_.reset();
+  rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 0, PointRow{});
+  point_ = PointRow{};
+  for (std::string* text : {&header_.StartDate, &header_.StartTime, &header_.EndDate, &header_.EndTime}) text->clear();
+  state_ = RunState::kSampling;
+}
+
+void AcquisitionRun::TakePoint() {
+  if (state_ != RunState::kSampling || reading_) return;
+  const DateTime now = component_.ports.clock.LocalNow();
+  const std::uint32_t run = serial_;
+  try {
+    if (ReadPoint(now)) KeepPoint(now);
+  } catch (const RunTimeError& error) {
+    if (serial_ != run) return;  // the read of a run that was stopped meanwhile: the next one reads for itself
+    // The link itself or the spool file failed: this point is lost, those before it are not.
+    failureReason_ = error.Description(component_.language);
+    Stop(RunEnd::kFailed);
+  }
+}
+
+/// False when its run did not last as long as the read.
+bool AcquisitionRun::ReadPoint(const DateTime& now) {
+  const FlagScope reading(reading_);
+  const std::uint32_t run = serial_;
+  component_.currentDrive = plan_.driveAddress;
+  point_.time = FormatTimeOfDay(now.hour, now.minute, now.second);
+  for (int column = 0; column < kColumnCount; ++column) {
+    const auto index = static_cast<std::size_t>(column);
+    const std::int16_t parameter = plan_.columns[index];
+    const bool inUse = parameter != kUnusedParameter && (column == 0 || column < plan_.parameterCount);
+    std::string text = inUse ? ReadColumn(component_, parameter).text : std::string();
+    if (state_ != RunState::kSampling || serial_ != run) return false;
+    point_.values[index] = std::move(text);
+  }
+  return true;
+}
+
+void AcquisitionRun::KeepPoint(const DateTime& now) {
+  const std::int32_t number = counter_ + 1;
+  Locale& locale = component_.ports.locale;
+  if (number == 1) {
+    header_.StartDate = locale.DateText(now);
+    header_.StartTime = point_.time;
+  }
+  if (number == plan_.numberOfPoints) {
+    header_.EndDate = locale.DateText(now);
+    header_.EndTime = point_.time;
+  }
+  if (RowsInMemory()) {
+    std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
+  } else {
+    KeepInSpool();
+  }
+  counter_ = number;
+  if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
+    Stop(RunEnd::kDiskSpace);
+  } else if (number == plan_.numberOfPoints) {
+    FinishAs(RunEnd::kComplete);
+  }
+}
+
+void AcquisitionRun::KeepInSpool() {
+  FileSystem& files = component_.ports.files;
+  if (!spool_) spool_ = MakeSpoolFile(files, targetFile_);
+  rowLine_.clear();
+  AppendRowLine(rowLine_, point_);
+  freeSpace_ = spool_->AppendAndMeasure(component_.ports.codePage.Encode(rowLine_)).totalFree;
+  // The spool file is on the disk of its chart file, but the dialog may show another file meanwhile.
+  if (component_.strChartFileName != plan_.fileName) {
+    freeSpace_ = files.SpaceFor(component_.strChartFileName).totalFree;
+  }
+}
+
+void AcquisitionRun::Stop(RunEnd reason) {
+  if (!Active()) return;
+  if (state_ == RunState::kSampling) {
+    const DateTime now = component_.ports.clock.LocalNow();
+    header_.EndDate = component_.ports.locale.DateText(now);
+    header_.EndTime = component_.ports.locale.TimeText(now);
+  }
+  FinishAs(reason);
+}
+
+void AcquisitionRun::FinishAs(RunEnd reason) {
+  end_ = reason;
+  state_ = RunState::kFinished;
+}
+
+ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
+  ChartWriteResult result;
+  if (state_ != RunState::kFinished) return result;
+  if (counter_ > 0) {
+    const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
+    component_.chartHeader = header_;
+    const std::string& rescueFolder = component_.settings.strFolder;
+    result = RowsInMemory() ? writer.WriteRows(targetFile_, header_, rows_, rescueFolder)
+                            : writer.WriteSpool(targetFile_, header_, *spool_, rescueFolder, keepAlive);
+  }
+  spool_.reset();
+  rows_ = {};
+  fileLock_.reset();
+  state_ = RunState::kIdle;
+  return result;
+}
+
+}  // namespace chartproject

@@ -1,0 +1,110 @@
+// One recording: its plan, its state, the points taken, and what becomes of them.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "recording/chart_file.h"
+#include "recording/chart_file_writer.h"
+#include "recording/component.h"
+
+namespace chartproject {
+
+enum class RunState { kIdle, kArmed, kSampling, kFinished };
+
+/// Why a recording ended.
+enum class RunEnd {
+  kNone,       ///< it has not ended, or was never started
+  kComplete,   ///< the last point was taken
+  kStopped,    ///< Esc, a closed window, or No after a communication error
+  kDiskSpace,  ///< less than kReservedSpace was left on the disk
+  kFailed,     ///< a row could not be kept
+};
+
+/// What a recording does; fixed when it is started.
+struct RunPlan {
+  std::string fileName;  ///< chart file
+  std::int16_t driveAddress = 0;
+  int parameterCount = 1;  ///< columns in use, 1 to 4
+  std::array<std::int16_t, kColumnCount> columns{kUnusedParameter, kUnusedParameter, kUnusedParameter,
+                                                 kUnusedParameter};
+  std::int32_t numberOfPoints = 1;  ///< 1 to 2000000000
+  std::int64_t millisecondsBetweenPoints = 1000;
+  bool spacedByStopwatch = false;  ///< typed as hh:mm:ss: ticks of a second, counted by the stopwatch
+};
+
+/// Up to this many points are kept in memory; a longer run spools its rows to disk.
+inline constexpr std::int32_t kMemoryLimit = 2500;
+
+/// The state of one recording: columns, rows, dates. Its timers are RunController's.
+/// States: kIdle -> Arm -> kArmed -> BeginSampling -> kSampling -> last point or Stop -> kFinished -> Close -> kIdle.
+class AcquisitionRun {
+ public:
+  explicit AcquisitionRun(Component& component) : component_(component) {}
+
+  /// Takes a chart file for the next run until Close; the file is not touched. A link is followed now, once.
+  /// Throws RunTimeError when no file can be made there, or the one that is there cannot be replaced.
+  /// @return empty; or the lock file by which another recording has the chart file
+  [[nodiscard]] std::string Reserve(const std::string& fileName);
+  /// From kIdle. The component's chart header, filled in before, is the recording's from here on.
+  void Arm(const RunPlan& plan);
+  /// From kArmed.
+  void BeginSampling();
+
+  /// Takes one point: reads every column in use, keeps the row. Ends the run at its last point, when the disk is
+  /// nearly full, or when the row could not be kept; End() says which. A link may let the user's input through while it
+  /// waits for the drive: a point asked for meanwhile is not taken, and one whose run was stopped meanwhile is dropped.
+  void TakePoint();
+
+  /// Ends an armed or sampling run early; end date and time are those of this moment. Nothing in other states.
+  void Stop(RunEnd reason);
+
+  /// Writes the chart file of a finished run when at least one point was taken, and returns to kIdle.
+  /// @param keepAlive called now and then while a long spool file is copied; may be empty
+  ChartWriteResult Close(const std::function<void()>& keepAlive = {});
+
+  [[nodiscard]] RunState State() const noexcept { return state_; }
+  /// A point is being read from the drive.
+  [[nodiscard]] bool Reading() const noexcept { return reading_; }
+  [[nodiscard]] bool Active() const noexcept { return state_ == RunState::kArmed || state_ == RunState::kSampling; }
+  [[nodiscard]] RunEnd End() const noexcept { return end_; }
+  [[nodiscard]] const RunPlan& Plan() const noexcept { return plan_; }
+  /// Counts the runs armed, so that one run can be distinguished from the next.
+  [[nodiscard]] std::uint32_t Serial() const noexcept { return serial_; }
+  /// Number of the last point taken; 0 before the first.
+  [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
+  [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
+  /// Free bytes found when the run ended with RunEnd::kDiskSpace.
+  [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpace_; }
+  /// The system's reason for RunEnd::kFailed; empty when the watch for the event failed.
+  [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
+
+ private:
+  [[nodiscard]] bool ReadPoint(const DateTime& now);
+  void KeepPoint(const DateTime& now);
+  void KeepInSpool();
+  void FinishAs(RunEnd reason);
+
+  Component& component_;
+  RunState state_ = RunState::kIdle;
+  RunEnd end_ = RunEnd::kNone;
+  RunPlan plan_;
+  std::unique_ptr<FileLock> fileLock_;
+  ChartHeader header_;  ///< the component's own may come to describe another file while this one is recorded
+  std::uint32_t serial_ = 0;
+  bool reading_ = false;
+  std::string targetFile_;           ///< the plan's file, or the one that it leads to as a link
+  std::unique_ptr<SideFile> spool_;  ///< from the first point on
+  std::int32_t counter_ = 0;
+  PointRow point_;               ///< the point being taken
+  std::vector<PointRow> rows_;   ///< by point number minus 1; empty in spool mode
+  std::string rowLine_;          ///< the row being spooled; kept for its capacity
+  std::uint64_t freeSpace_ = 0;  ///< bytes, when it was last asked
+  std::string failureReason_;
+};
+
+}  // namespace chartproject

@@ -1,0 +1,70 @@
+// How each event is looked for on the drive.
+#include "acquire/run/event_watch.h"
+
+#include <optional>
+
+#include "common/values/numbers.h"
+#include "drive/parameter_read.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr std::int16_t kInputParameter = 12;
+
+std::int16_t TestState(DriveContext& context, std::string_view state) {
+  if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode)) return watch_code::kNoAnswer;
+  DecodeStatus(context.status, context.driveLink->GetValue());
+  return context.status.strStatus == state ? watch_code::kOccurred : watch_code::kNotYet;
+}
+
+/// @param input 1 to 8; @param level 'I' for 0, 'A' for 1
+std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
+  if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter))) return watch_code::kInputNotYet;
+  const std::string text = context.driveLink->GetText();
+  return text.size() >= input && text[input - 1] == level ? watch_code::kOccurred : watch_code::kInputNotYet;
+}
+
+bool Compare(TriggerEvent event, double value, double content) {
+  switch (event) {
+    case TriggerEvent::kGreater:
+      return value > content;
+    case TriggerEvent::kLess:
+      return value < content;
+    case TriggerEvent::kEqual:
+      return value == content;
+    case TriggerEvent::kGreaterOrEqual:
+      return value >= content;
+    default:
+      return value <= content;
+  }
+}
+
+/// The number that a special read's text shows; nothing when it does not read as one.
+std::optional<double> NumberOf(const DriveContext& context, const SpecialReading& reading) {
+  const NumberFormat& numbers = context.ports.locale.Numbers();
+  if (!reading.text || !IsTypedDecimal(*reading.text, numbers)) return std::nullopt;
+  return ToTypedDecimal(*reading.text, numbers);
+}
+
+/// What is compared is what a recording would keep: the special read comes first.
+std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
+  const std::optional<SpecialReading> special = ReadSpecial(context, event.parameter);
+  const bool answered = special ? special->answered : ReadOrdinary(context, event.parameter);
+  if (!answered) return watch_code::kNoAnswer;
+  const std::optional<double> value = special ? NumberOf(context, *special) : context.driveLink->GetValue();
+  const bool holds = value && Compare(event.event, *value, event.content);
+  return holds ? watch_code::kOccurred : watch_code::kNotYet;
+}
+
+}  // namespace
+
+std::int16_t TestEvent(DriveContext& context, const WatchedEvent& event) {
+  if (event.event == TriggerEvent::kNone) return watch_code::kNotYet;
+  if (IsCompareEvent(event.event)) return TestComparison(context, event);
+  const int input = PositionOf(event.event) - PositionOf(TriggerEvent::kFirstInput);
+  if (input < 0) return TestState(context, EventCode(event.event));
+  return TestInput(context, static_cast<std::size_t>(input) / 2 + 1, input % 2 == 0 ? 'I' : 'A');
+}
+
+}  // namespace chartproject

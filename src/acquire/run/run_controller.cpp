@@ -1,0 +1,244 @@
+// Conducts recordings: timers, the watch for the event, the stopwatch, Esc, the end.
+#include "acquire/run/run_controller.h"
+
+#include <algorithm>
+
+#include "acquire/run/run_texts.h"
+#include "common/environment/language.h"
+#include "common/message_box.h"
+#include "common/sounds.h"
+#include "forms/flag_scope.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kSecondTick = 1000;  // milliseconds
+constexpr int kEscWatchMilliseconds = 100;
+
+}  // namespace
+
+RunController::RunController(Form& form, Component& component, RunDisplay& display)
+    : tmrAcquire(form, "tmrAcquire"),
+      tmrEventTrigger(form, "tmrEventTrigger"),
+      tmrMonitorEsc(form, "tmrMonitorEsc"),
+      tmrEscReleased(form, "tmrEscReleased"),
+      component_(component),
+      display_(display),
+      run_(component) {
+  tmrMonitorEsc.SetInterval(kEscWatchMilliseconds);
+  tmrEscReleased.SetInterval(kEscWatchMilliseconds);
+  Connect(tmrAcquire.tick, tmrAcquire, "Timer", this, &RunController::tmrAcquire_Tick);
+  Connect(tmrEventTrigger.tick, tmrEventTrigger, "Timer", this, &RunController::tmrEventTrigger_Tick);
+  Connect(tmrMonitorEsc.tick, tmrMonitorEsc, "Timer", this, &RunController::tmrMonitorEsc_Tick);
+  Connect(tmrEscReleased.tick, tmrEscReleased, "Timer", this, &RunController::tmrEscReleased_Tick);
+}
+
+void RunController::Start(const RunPlan& plan) {
+  Arm(plan);
+  BeginSampling();
+}
+
+void RunController::Watch(const RunPlan& plan, const WatchedEvent& event) {
+  watchedEvent_ = event;
+  Arm(plan);
+  display_.ShowArmed();
+  display_.ShowLamp(true);
+  tmrEventTrigger.SetInterval(SamplingInterval());
+  tmrEventTrigger.SetEnabled(true);
+}
+
+void RunController::Arm(const RunPlan& plan) {
+  run_.Arm(plan);
+  (void)component_.ports.keyboard.EscapePressed();  // an Esc from before the run is not meant for it
+  tmrMonitorEsc.SetEnabled(true);
+}
+
+int RunController::SamplingInterval() const {
+  return run_.Plan().spacedByStopwatch ? kSecondTick : static_cast<int>(run_.Plan().millisecondsBetweenPoints);
+}
+
+void RunController::BeginSampling() {
+  PlayWave(component_, kClosingSound);
+  display_.ShowSampling();
+  run_.BeginSampling();
+  tmrAcquire.SetInterval(SamplingInterval());
+  stopwatch_.Reset();
+  display_.ShowStopwatch(stopwatch_.Text());
+  samplingBegan_ = component_.ports.clock.Now();
+  lastPointAt_ = samplingBegan_;
+  shownSeconds_ = -1;
+  ShowRunTimes();
+  tmrAcquire.SetEnabled(true);
+}
+
+/// A link that waits for its drive with a message loop lets the timers through, also those of a run begun meanwhile.
+bool RunController::LinkInUse() const {
+  return testingEvent_ || run_.Reading();
+}
+
+bool RunController::PointIsDue() {
+  if (!run_.Plan().spacedByStopwatch) return true;
+  if (stopwatch_.AddSecond()) {
+    (void)component_.ports.dialogs.ShowMessageBox(
+        {std::to_string(stopwatch_.Days()) + " day(s) have gone by since u started the stopwatch.",
+         box_style::kInformation,
+         "Days That Have Gone By",
+         {},
+         0});
+    if (run_.State() != RunState::kSampling) return false;  // ended while the box was up
+  }
+  const bool due = std::int64_t{1000} * stopwatch_.Seconds() >= run_.Plan().millisecondsBetweenPoints;
+  if (due) stopwatch_.Reset();
+  display_.ShowStopwatch(stopwatch_.Text());
+  return due;
+}
+
+void RunController::tmrAcquire_Tick() {
+  if (run_.State() != RunState::kSampling || LinkInUse()) return;
+  if (PointIsDue()) {
+    const std::uint32_t run = run_.Serial();
+    run_.TakePoint();
+    if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
+    lastPointAt_ = component_.ports.clock.Now();
+    display_.ShowProgress(run_.Counter(), run_.Plan().numberOfPoints);
+    if (pointTaken) pointTaken(run_);
+  }
+  ShowRunTimes();
+  if (run_.State() == RunState::kFinished) {
+    StopTimers();
+    ReportEnd();
+    Finish();
+  }
+}
+
+void RunController::ShowRunTimes() {
+  const Instant now = component_.ports.clock.Now();
+  const std::int64_t seconds = std::chrono::duration_cast<std::chrono::seconds>(now - samplingBegan_).count();
+  if (seconds == shownSeconds_) return;
+  shownSeconds_ = seconds;
+  // Counted from the last point, so that the end does not move between two of them.
+  const std::int64_t sinceLast = std::chrono::duration_cast<std::chrono::milliseconds>(now - lastPointAt_).count();
+  const RunPlan& plan = run_.Plan();
+  const std::int64_t left =
+      plan.millisecondsBetweenPoints * (std::int64_t{plan.numberOfPoints} - run_.Counter()) - sinceLast;
+  const DateTime today = component_.ports.clock.LocalNow();
+  const std::int64_t remaining = (std::max(left, std::int64_t{0}) + today.millisecond + 500) / 1000;
+  display_.ShowRunTimes(
+      FillIn(LoadMessage(component_, Text::kElapsedAndEnd),
+             {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
+}
+
+void RunController::tmrEventTrigger_Tick() {
+  if (run_.State() != RunState::kArmed || LinkInUse()) return;
+  const std::uint32_t run = run_.Serial();
+  std::int16_t code = watch_code::kNotYet;
+  component_.currentDrive = run_.Plan().driveAddress;
+  try {
+    const FlagScope testing(testingEvent_);
+    code = TestEvent(component_, watchedEvent_);
+  } catch (const RunTimeError&) {
+    // The link itself failed; the same error at every tick helps nobody.
+    if (run_.Serial() == run) End(RunEnd::kFailed);
+    throw;
+  }
+  if (run_.State() != RunState::kArmed || run_.Serial() != run) return;  // stopped meanwhile
+  if (code == watch_code::kOccurred) {
+    display_.ShowLamp(false);
+    tmrEventTrigger.SetEnabled(false);
+    BeginSampling();
+    return;
+  }
+  if (code == watch_code::kNoAnswer && !KeepsWatching()) return;
+  display_.ShowLamp(!display_.LampLit());
+}
+
+/// Asks what to do about a drive that does not answer.
+bool RunController::KeepsWatching() {
+  const std::string question =
+      LoadMessage(component_, Text::kCommunicationError) + " " + LoadMessage(component_, Text::kContinueEvenSo);
+  const std::int16_t answer =
+      ShowMessage(component_, question, box_style::kYesNo + box_style::kQuestion, component_.helpFile);
+  if (run_.State() != RunState::kArmed) return false;  // Esc ended the watch while the question was up
+  if (answer == box_answer::kYes) return true;
+  End(RunEnd::kStopped);
+  return false;
+}
+
+void RunController::tmrMonitorEsc_Tick() {
+  // The elapsed time goes on when the points are far apart.
+  if (run_.State() == RunState::kSampling) ShowRunTimes();
+  if (!component_.ports.keyboard.EscapePressed()) return;
+  // The same key would press the dialog's cancel button as soon as the button is usable again.
+  display_.HoldEsc(true);
+  tmrEscReleased.SetEnabled(true);
+  Stop();
+}
+
+void RunController::tmrEscReleased_Tick() {
+  if (component_.ports.keyboard.EscapePressed()) return;
+  tmrEscReleased.SetEnabled(false);
+  display_.HoldEsc(false);
+}
+
+void RunController::Stop() {
+  if (!run_.Active()) return;
+  PlayWave(component_, kCompleteSound);
+  End(RunEnd::kStopped);
+}
+
+void RunController::StopTimers() {
+  for (Timer* timer : {&tmrMonitorEsc, &tmrAcquire, &tmrEventTrigger}) timer->SetEnabled(false);
+}
+
+void RunController::StopAllTimers() {
+  StopTimers();
+  tmrEscReleased.SetEnabled(false);
+}
+
+void RunController::End(RunEnd reason) {
+  if (!run_.Active()) return;
+  StopTimers();
+  run_.Stop(reason);
+  Finish();
+}
+
+void RunController::Warn(const std::string& text) {
+  ShowMessage(component_, text, box_style::kExclamation, component_.helpFile);
+}
+
+void RunController::ReportEnd() {
+  if (run_.End() != RunEnd::kDiskSpace) return;
+  Warn(LoadMessage(component_, Text::kTooLittleSpace) +
+       BytesText(static_cast<double>(run_.FreeSpace()), component_.ports.locale.Numbers()));
+  PlayWave(component_, kCompleteSound);
+}
+
+void RunController::Finish() {
+  StopTimers();
+  display_.ShowLamp(false);
+  display_.ShowSaving();
+  lastRun_ = {run_.End(), run_.Counter(), run_.Plan().fileName, run_.Close([this] { display_.KeepAwake(); })};
+  display_.ShowIdle();
+  PlayWave(component_, kCompleteSound);
+  ReportWriting(lastRun_.written);
+  if (runEnded) runEnded(lastRun_);
+}
+
+void RunController::ReportWriting(const ChartWriteResult& result) {
+  // Reported only after the file is written: points in memory would be at risk while a box is open.
+  if (run_.End() == RunEnd::kFailed && !run_.FailureReason().empty()) Warn(run_.FailureReason());
+  const std::string kept =
+      result.keptFile.empty() ? std::string() : LoadMessage(component_, Text::kPointsSavedOn) + result.keptFile;
+  if (result.kind == ChartWriteResult::Kind::kRowsInSpool) {
+    const NumberFormat& format = component_.ports.locale.Numbers();
+    Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace), format) +
+         kept);
+  } else if (result.kind == ChartWriteResult::Kind::kFailed) {
+    const std::string lost = FillIn(LoadMessage(component_, Text::kPointsLost), {std::to_string(lastRun_.points)});
+    Warn(result.reason + (kept.empty() ? ". " + lost : kept));
+  }
+}
+
+}  // namespace chartproject

@@ -1,0 +1,110 @@
+// Conducts recordings: timers, the watch for the event, the stopwatch, Esc, the end.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "acquire/run/acquisition_run.h"
+#include "acquire/run/event_watch.h"
+#include "acquire/run/stopwatch.h"
+#include "forms/timer.h"
+
+namespace chartproject {
+
+/// How the last recording went, for whoever opened the dialog.
+struct RunReport {
+  RunEnd end = RunEnd::kNone;
+  std::int32_t points = 0;  ///< points taken
+  std::string fileName;     ///< the chart file
+  ChartWriteResult written;
+};
+
+/// What shows a recording to the user.
+class RunDisplay {
+ public:
+  virtual ~RunDisplay() = default;
+  /// The event is watched: the fields are locked.
+  virtual void ShowArmed() = 0;
+  /// The trigger lamp, which blinks while the event is watched.
+  virtual void ShowLamp(bool lit) = 0;
+  [[nodiscard]] virtual bool LampLit() const = 0;
+  /// Points are taken from now on: the fields are locked and the progress is shown.
+  virtual void ShowSampling() = 0;
+  /// @param counter points taken so far; @param total at least 1
+  virtual void ShowProgress(std::int64_t counter, std::int64_t total) = 0;
+  virtual void ShowStopwatch(const std::string& elapsed) = 0;
+  virtual void ShowRunTimes(const std::string& text) = 0;
+  /// The chart file is being written; the fields stay locked.
+  virtual void ShowSaving() = 0;
+  virtual void KeepAwake() = 0;
+  /// The dialog is idle again.
+  virtual void ShowIdle() = 0;
+  /// While true the Esc key that ended the recording is still down: it must not close the dialog.
+  virtual void HoldEsc(bool held) = 0;
+};
+
+/// Knows no field and no button: it is given a plan, and what it shows goes to a RunDisplay. Its timers and their
+/// handlers have the documented names.
+class RunController {
+ public:
+  /// @param form the one that owns the timers; @param component, display outlive the controller
+  RunController(Form& form, Component& component, RunDisplay& display);
+
+  Timer tmrAcquire;
+  Timer tmrEventTrigger;
+  Timer tmrMonitorEsc;
+  Timer tmrEscReleased;  ///< keeps Esc from closing the dialog until it was let go
+
+  /// Called after each point.
+  std::function<void(const AcquisitionRun&)> pointTaken;
+  /// Called after each recording, when its file is written and the display is idle again.
+  std::function<void(const RunReport&)> runEnded;
+
+  /// The recording in progress, or the last one.
+  [[nodiscard]] const AcquisitionRun& Run() const noexcept { return run_; }
+  /// The last recording that ended; RunEnd::kNone before the first.
+  [[nodiscard]] const RunReport& LastRun() const noexcept { return lastRun_; }
+
+  /// See AcquisitionRun::Reserve.
+  [[nodiscard]] std::string Reserve(const std::string& fileName) { return run_.Reserve(fileName); }
+  /// Starts to take points: the first is due one interval from now.
+  void Start(const RunPlan& plan);
+  /// Watches for the event and starts when it occurs.
+  void Watch(const RunPlan& plan, const WatchedEvent& event);
+  /// Ends a recording or a watch as Esc does: the points taken are kept. Nothing when there is none.
+  void Stop();
+  /// No timer ticks any more: the form is closing.
+  void StopAllTimers();
+
+ private:
+  void Arm(const RunPlan& plan);
+  void BeginSampling();
+  void tmrAcquire_Tick();
+  void tmrEventTrigger_Tick();
+  void tmrMonitorEsc_Tick();
+  void tmrEscReleased_Tick();
+  [[nodiscard]] bool LinkInUse() const;
+  [[nodiscard]] int SamplingInterval() const;
+  [[nodiscard]] bool PointIsDue();
+  [[nodiscard]] bool KeepsWatching();
+  void ShowRunTimes();
+  void StopTimers();
+  void End(RunEnd reason);
+  void Finish();
+  void Warn(const std::string& text);
+  void ReportEnd();
+  void ReportWriting(const ChartWriteResult& result);
+
+  Component& component_;
+  RunDisplay& display_;
+  AcquisitionRun run_;
+  RunReport lastRun_;
+  WatchedEvent watchedEvent_;
+  bool testingEvent_ = false;
+  Stopwatch stopwatch_;
+  Instant samplingBegan_{};
+  Instant lastPointAt_{};           ///< the moment of the last point; that of the start before the first
+  std::int64_t shownSeconds_ = -1;  ///< elapsed seconds that are shown
+};
+
+}  // namespace chartproject

@@ -1,0 +1,126 @@
+// Files and folders by the system's own calls.
+#include "backends/posix/file_system_posix.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "backends/posix/open_file.h"
+#include "backends/posix/posix_error.h"
+#include "backends/posix/posix_path.h"
+#include "backends/posix/side_file_posix.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+RunTimeError FolderError(int errorNumber, const std::string& name) {
+  const RunTimeError error = FileError(errorNumber, name);
+  return error.Number() == error_number::kFileNotFound ? RunTimeError(error_number::kPathNotFound, error.Description())
+                                                       : error;
+}
+
+DiskSpace SpaceOf(const struct statvfs& disk) {
+  const std::uint64_t unit = disk.f_frsize;
+  return DiskSpace{unit * disk.f_blocks, unit * disk.f_bfree, unit * disk.f_bavail};
+}
+
+}  // namespace
+
+bool FileSystemPosix::FileExists(const std::string& name) {
+  struct stat status {};
+  return !name.empty() && stat(PosixPath(name).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+bool FileSystemPosix::FolderExists(const std::string& name) {
+  struct stat status {};
+  return !name.empty() && stat(PosixPath(name).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::unique_ptr<InputFile> FileSystemPosix::OpenForReading(const std::string& name) {
+  return MakeInputFile(OpenRegular(name, O_RDONLY), name);
+}
+
+void FileSystemPosix::Append(const std::string& name, std::string_view bytes) {
+  Descriptor file = OpenRegular(name, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW);
+  struct stat status {};
+  if (fstat(file.Number(), &status) != 0) throw FileError(errno, name);
+  if (status.st_nlink > 1) {
+    throw RunTimeError(error_number::kPathFileAccess, name + ": a file of several names, which is not written to");
+  }
+  AppendWhole(file, bytes, name);
+  if (file.Close() != 0) throw DeviceError(errno, name);
+}
+
+std::unique_ptr<SideFile> FileSystemPosix::MakeSideFile(const SideFileRequest& request) {
+  return std::make_unique<SideFilePosix>(request);
+}
+
+std::string FileSystemPosix::ResolveLink(const std::string& name) {
+  return ResolveLinkPosix(name);
+}
+
+void FileSystemPosix::CheckReplaceable(const std::string& name) {
+  CheckReplaceablePosix(name);
+}
+
+FileRights FileSystemPosix::RightsOf(const std::string& name) {
+  return RightsOfPosix(name);
+}
+
+void FileSystemPosix::CheckOwned(const std::string& name) {
+  struct stat status {};
+  if (lstat(PosixPath(name).c_str(), &status) != 0) return;
+  if (S_ISLNK(status.st_mode)) {
+    throw RunTimeError(error_number::kPermissionDenied, name + ": a symbolic link, which is not followed here");
+  }
+  if (status.st_uid != geteuid()) {
+    throw RunTimeError(error_number::kPermissionDenied, name + ": belongs to another user");
+  }
+}
+
+void FileSystemPosix::Delete(const std::string& name) {
+  if (unlink(PosixPath(name).c_str()) != 0) throw FileError(errno, name);
+}
+
+void FileSystemPosix::MakeFolder(const std::string& name) {
+  std::error_code error;
+  std::filesystem::create_directories(PosixPath(name), error);
+  if (error) throw FolderError(error.value(), name);
+}
+
+std::string FileSystemPosix::CurrentFolder() {
+  std::error_code error;
+  const auto folder = std::filesystem::current_path(error);
+  if (error) throw FolderError(error.value(), ".");
+  return folder.string();
+}
+
+void FileSystemPosix::ChangeFolder(const std::string& name) {
+  if (chdir(PosixPath(name).c_str()) != 0) throw FolderError(errno, name);
+}
+
+std::string FileSystemPosix::TemporaryFolder() {
+  std::error_code error;
+  const auto folder = std::filesystem::temp_directory_path(error);
+  return error ? "/tmp" : folder.string();
+}
+
+DiskSpace FileSystemPosix::SpaceFor(const std::string& name) {
+  struct statvfs disk {};
+  std::string path = name.empty() ? "." : PosixPath(name);
+  // The file, or the nearest folder above it that is there already.
+  while (statvfs(path.c_str(), &disk) != 0) {
+    const std::string above = FolderOf(path);
+    if ((errno != ENOENT && errno != ENOTDIR) || above == path) throw FileError(errno, name);
+    path = above;
+  }
+  return SpaceOf(disk);
+}
+
+}  // namespace chartproject

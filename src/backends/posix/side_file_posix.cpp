@@ -1,0 +1,195 @@
+// Made with O_EXCL, known by device and number afterwards.
+#include "backends/posix/side_file_posix.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <utility>
+
+#include "backends/posix/posix_error.h"
+#include "backends/posix/posix_path.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr mode_t kDefaultMode = 0666;  // the user's umask takes its share
+constexpr mode_t kOwnerOnly = 0600;
+constexpr mode_t kRightsMask = 0777;
+constexpr mode_t kSharedFolder = 0022;  // others than the owner may write
+constexpr int kMostLinks = 40;
+
+/// A file that nobody had: the first free name of the request.
+Descriptor MakeFile(const SideFileRequest& request, const std::string& target, mode_t mode, std::string& name) {
+  for (int n = 0;;) {
+    name = SideFileName(target, request.ending, n);
+    const int number = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+    if (number >= 0) return Descriptor(number);
+    if (errno == EINTR) continue;
+    const int reason = errno;
+    if (reason == EEXIST && ++n < request.names) continue;
+    struct stat status {};
+    const bool folder = request.names == 1 && stat(name.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    throw FileError(folder ? EISDIR : reason, request.names == 1 ? name : request.target);
+  }
+}
+
+/// Owner and group only as far as this user may give them; a group that stays another one gets what all others get.
+void GiveRights(const Descriptor& file, const FileRights& rights, const struct stat& own) {
+  mode_t mode = rights.mode & kRightsMask;
+  if (rights.group != own.st_gid && fchown(file.Number(), static_cast<uid_t>(-1), rights.group) != 0) {
+    constexpr mode_t kOthers = 07;
+    constexpr unsigned kGroupShift = 3;
+    mode = (mode & ~(kOthers << kGroupShift)) | (((mode >> kGroupShift) & mode & kOthers) << kGroupShift);
+  }
+  if (rights.owner != own.st_uid) {
+    [[maybe_unused]] const int given = fchown(file.Number(), rights.owner, static_cast<gid_t>(-1));
+  }
+  // A file system without rights has none to keep.
+  [[maybe_unused]] const int set = fchmod(file.Number(), mode);
+}
+
+RunTimeError Protected(const std::string& name, const char* why) {
+  return RunTimeError(error_number::kPermissionDenied, name + ": cannot be replaced, " + why);
+}
+
+/// Attributes that keep even the superuser from replacing a file.
+bool IsFixed(int folder, const char* path, int flags) {
+  struct statx status {};
+  constexpr std::uint64_t kFixed = STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND;
+  return statx(folder, path, flags, STATX_TYPE, &status) == 0 && (status.stx_attributes & kFixed) != 0;
+}
+
+}  // namespace
+
+SideFilePosix::SideFilePosix(const SideFileRequest& request)
+    : target_(PosixPath(request.target)), file_([&] {
+        const FileRights rights = request.rights.known ? request.rights : RightsOfPosix(target_);
+        Descriptor file =
+            MakeFile(request, target_, rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode, name_);
+        if (fstat(file.Number(), &own_) == 0 && rights.known) GiveRights(file, rights, own_);
+        return file;
+      }()) {
+  shownName_ = request.names == 1 ? name_ : request.target;
+  struct stat named {};
+  numbersLast_ = lstat(name_.c_str(), &named) != 0 || (named.st_dev == own_.st_dev && named.st_ino == own_.st_ino) ||
+                 !S_ISREG(named.st_mode) || named.st_uid != own_.st_uid || named.st_nlink != 1 || named.st_size != 0;
+}
+
+SideFilePosix::~SideFilePosix() {
+  if (!kept_ && HasItsName()) unlink(name_.c_str());
+}
+
+bool SideFilePosix::IsOwn(const struct stat& status) const {
+  if (!S_ISREG(status.st_mode)) return false;
+  if (numbersLast_) return status.st_dev == own_.st_dev && status.st_ino == own_.st_ino;
+  return status.st_uid == own_.st_uid && status.st_nlink == 1;
+}
+
+bool SideFilePosix::HasItsName() const {
+  struct stat status {};
+  return lstat(name_.c_str(), &status) == 0 && IsOwn(status);
+}
+
+std::unique_ptr<OutputFile> SideFilePosix::OpenForWriting() {
+  Descriptor copy = file_.Duplicate(shownName_);
+  if (lseek(copy.Number(), 0, SEEK_SET) < 0) throw DeviceError(errno, shownName_);
+  return MakeOutputFile(std::move(copy), shownName_);
+}
+
+std::unique_ptr<InputFile> SideFilePosix::OpenForReading() {
+  Descriptor copy = file_.Duplicate(shownName_);
+  if (lseek(copy.Number(), 0, SEEK_SET) < 0) throw DeviceError(errno, shownName_);
+  return MakeInputFile(std::move(copy), shownName_);
+}
+
+DiskSpace SideFilePosix::AppendAndMeasure(std::string_view bytes) {
+  Descriptor file = OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
+  struct stat status {};
+  if (fstat(file.Number(), &status) != 0) throw FileError(errno, shownName_);
+  if (!IsOwn(status)) {
+    throw RunTimeError(error_number::kPathFileAccess, shownName_ + ": was replaced by another file");
+  }
+  AppendWhole(file, bytes, shownName_);
+  const DiskSpace space = SpaceOfOpenFile(file, shownName_);
+  if (file.Close() != 0) throw DeviceError(errno, shownName_);
+  return space;
+}
+
+void SideFilePosix::ReplaceTarget() {
+  CheckReplaceablePosix(target_);
+  if (!HasItsName()) {
+    throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
+  }
+  if (std::rename(name_.c_str(), target_.c_str()) != 0) throw FileError(errno, shownName_);
+  kept_ = true;
+  struct stat status {};
+  if (lstat(target_.c_str(), &status) != 0 || !IsOwn(status)) {
+    throw RunTimeError(error_number::kPathFileAccess, target_ + ": was replaced by another file");
+  }
+  SyncFolder(FolderOf(target_));
+}
+
+std::string SideFilePosix::PathOfOpenFile() const {
+  const std::string path = "/proc/self/fd/" + std::to_string(file_.Number());
+  return access(path.c_str(), W_OK) == 0 ? path : name_;
+}
+
+void SideFilePosix::Flush() const {
+  if (fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) throw DeviceError(errno, shownName_);
+}
+
+std::string ResolveLinkPosix(const std::string& name) {
+  std::string path = PosixPath(name);
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
+    throw NotARegularFile(name);
+  }
+  for (int links = 0; links < kMostLinks; ++links) {
+    if (lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return links == 0 ? name : path;
+    struct stat folder {};
+    const bool shared = stat(FolderOf(path).c_str(), &folder) == 0 && (folder.st_mode & kSharedFolder) != 0;
+    if (shared && status.st_uid != geteuid() && status.st_uid != 0 && status.st_uid != folder.st_uid) {
+      throw RunTimeError(error_number::kPermissionDenied,
+                         path + ": a symbolic link of another user in a shared folder, which is not followed");
+    }
+    std::string leadsTo(PATH_MAX, '\0');
+    const ssize_t length = readlink(path.c_str(), leadsTo.data(), leadsTo.size());
+    if (length < 0) throw FileError(errno, name);
+    leadsTo.resize(static_cast<std::size_t>(length));
+    path = leadsTo.starts_with('/') ? leadsTo : FolderOf(path).append("/").append(leadsTo);
+  }
+  throw FileError(ELOOP, name);
+}
+
+void CheckReplaceablePosix(const std::string& name) {
+  const std::string path = PosixPath(name);
+  // O_PATH: needs no right to the file, and neither waits for nor disturbs a device.
+  const Descriptor file(open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  if (file.Number() < 0) return;  // nothing there, or its making will say what is wrong
+  struct stat status {};
+  if (fstat(file.Number(), &status) != 0) throw FileError(errno, name);
+  if (S_ISDIR(status.st_mode)) throw RunTimeError(error_number::kPathFileAccess, name + ": this is a folder");
+  if (!S_ISREG(status.st_mode)) throw NotARegularFile(name);
+  const std::string above = FolderOf(path);
+  struct stat folder {};
+  const bool sticky = stat(above.c_str(), &folder) == 0 && (folder.st_mode & S_ISVTX) != 0;
+  const uid_t user = geteuid();
+  if (sticky && user != 0 && status.st_uid != user && folder.st_uid != user) {
+    throw Protected(name, "it belongs to another user and its folder has the sticky bit");
+  }
+  if (IsFixed(file.Number(), "", AT_EMPTY_PATH)) throw Protected(name, "it is marked immutable or append-only");
+  if (IsFixed(AT_FDCWD, above.c_str(), 0)) throw Protected(name, "its folder is marked immutable or append-only");
+}
+
+FileRights RightsOfPosix(const std::string& name) {
+  struct stat status {};
+  if (name.empty() || stat(PosixPath(name).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
+  return {true, status.st_mode & kRightsMask, status.st_uid, status.st_gid};
+}
+
+}  // namespace chartproject

@@ -1,0 +1,49 @@
+// Side files on a POSIX system, and the checks of the files that they will replace.
+#pragma once
+
+#include <sys/stat.h>
+
+#include "backends/posix/open_file.h"
+
+namespace chartproject {
+
+/// Holds its file open all the time, so that no other file can come to have its number.
+class SideFilePosix : public SideFile {
+ public:
+  /// Makes the file. Throws RunTimeError.
+  explicit SideFilePosix(const SideFileRequest& request);
+  SideFilePosix(const SideFilePosix&) = delete;
+  SideFilePosix& operator=(const SideFilePosix&) = delete;
+  ~SideFilePosix() override;
+
+  [[nodiscard]] const std::string& Name() const override { return name_; }
+  [[nodiscard]] bool HasItsName() const override;
+  [[nodiscard]] std::unique_ptr<OutputFile> OpenForWriting() override;
+  [[nodiscard]] std::unique_ptr<InputFile> OpenForReading() override;
+  DiskSpace AppendAndMeasure(std::string_view bytes) override;
+  void ReplaceTarget() override;
+  void Keep() noexcept override { kept_ = true; }
+
+  /// A name that leads to the open file itself, for libraries that open by name; the file's name without /proc.
+  [[nodiscard]] std::string PathOfOpenFile() const;
+  /// Hands everything written to the disk. Throws RunTimeError.
+  void Flush() const;
+
+ private:
+  [[nodiscard]] bool IsOwn(const struct stat& status) const;
+
+  std::string target_;
+  std::string name_;
+  std::string shownName_;  ///< for errors
+  struct stat own_ {};     ///< when it was made; set while file_ is
+  Descriptor file_;
+  bool numbersLast_ = true;  ///< false on a file system that numbers a file anew each time it is asked
+  bool kept_ = false;
+};
+
+/// As the operations of FileSystem of these names.
+[[nodiscard]] std::string ResolveLinkPosix(const std::string& name);
+void CheckReplaceablePosix(const std::string& name);
+[[nodiscard]] FileRights RightsOfPosix(const std::string& name);
+
+}  // namespace chartproject

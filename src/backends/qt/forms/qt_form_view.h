@@ -1,0 +1,96 @@
+// A form's window.
+#pragma once
+
+#include <QPointer>
+#include <QSize>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "backends/qt/forms/qt_control_widget.h"
+#include "forms/form_host.h"
+#include "forms/layout.h"
+
+namespace chartproject {
+
+class FormWindow;
+
+/// Patches the widgets of one form, places them by the form's layout, and passes on what the user does.
+class QtFormView : public FormView, public InputGate, public ControlMeasurer {
+ public:
+  explicit QtFormView(Form& form);
+  ~QtFormView() override;
+
+  // FormView.
+  void ControlChanged(Control& control, Property property) override;
+  void FormChanged(FormProperty property) override;
+  void MoveFocus(Control& control) override;
+  void Show() override;
+  void Hide() override;
+
+  // InputGate.
+  void Take(Control& control, const std::function<void()>& input) noexcept override;
+  void Run(Control& control, const std::function<void()>& action) noexcept override;
+
+  // ControlMeasurer.
+  [[nodiscard]] Size PreferredSize(const Control& control) const override;
+  [[nodiscard]] double HeightForWidth(const Control& control, double width) const override;
+  [[nodiscard]] Insets ContainerInsets(const Control& container) const override;
+
+  [[nodiscard]] QWidget& Window() const;
+  /// The widget of a control; null for a control that is not drawn.
+  [[nodiscard]] QWidget* WidgetOf(const Control& control) const;
+
+ private:
+  friend class FormWindow;
+  void MakeWidgets();
+  void ShowEnabled(ControlWidget& widget);
+  void SetTabOrder();
+  void ShowCaptions();
+  /// Finds the layout again and sees that the window holds it.
+  void UpdateLayout();
+  void UpdateLayoutSoon();
+  void ArrangeControls();
+  void ResizeToNeed();
+  void Resized();
+  void ShowPlace();
+  void ShowHeight();
+  void ShowState();
+  void ShowPointer();
+  void KeepOnScreen();
+  void PlaceChanged();
+  void StateChanged();
+  void CloseRequested();
+  /// Enter, Esc and F1 where no control used them. @return true when the form did
+  bool KeyPressed(int key, QWidget* focus);
+  bool PressButton(bool (*isMeant)(const Control& control));
+  /// Up and down keys in a field step the arrows beside it. @return true when there are any
+  bool StepArrowsOf(QObject* field, int key);
+  /// The user, or the form, chose where the focus is.
+  void FocusTaken();
+  void FocusLeft(QObject* widget, bool byMouse);
+  void DeliverFocusLeave();
+  [[nodiscard]] ControlWidget* Find(const Control& control) const;
+  [[nodiscard]] Control* ControlOf(const QObject* widget) const;
+  [[nodiscard]] QSize LeastSize() const;
+
+  Form& form_;
+  std::unique_ptr<FormWindow> window_;
+  std::vector<std::unique_ptr<ControlWidget>> widgets_;
+  std::unordered_map<const Control*, ControlWidget*> byControl_;
+  Control* leaving_ = nullptr;     ///< lost the focus to a mouse press, and was not told yet
+  QWidget* firstFocus_ = nullptr;  ///< where the form wants the focus when its window appears
+  QPointer<QWidget> parked_;       ///< had the focus when it was disabled; gets it back with its next use
+  QPointer<QWidget> below_;        ///< the window that had the focus when this one appeared
+  QSize wanted_;                   ///< the size that the user chose; the window is larger while its layout needs it
+  bool resizing_ = false;          ///< by the form, not by the user
+  bool layoutDue_ = true;
+  bool sized_ = false;           ///< the window has got its first size
+  bool sizedByUser_ = false;     ///< from then on the form's own heights are only asked for, not set
+  bool asksForComfort_ = false;  ///< measuring for the first size: pictures get the size they would like
+  bool enabling_ = false;        ///< the focus moves because controls are locked or unlocked
+  bool waitCursor_ = false;
+  bool closing_ = false;  ///< the window is hidden or going; nothing may reach the form
+};
+
+}  // namespace chartproject

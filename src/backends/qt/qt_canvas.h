@@ -1,0 +1,44 @@
+// Canvas over QPainter, and pictures drawn with it in memory (no display needed).
+#pragma once
+
+#include <QFont>
+#include <QImage>
+
+#include "forms/canvas.h"
+#include "forms/picture_renderer.h"
+
+class QPainter;
+
+namespace chartproject {
+
+class QtCanvas : public Canvas {
+ public:
+  /// @param painter open while the canvas is used; @param extent size of the surface in its own pixels
+  QtCanvas(QPainter& painter, Size extent);
+
+  [[nodiscard]] Size Extent() const override { return extent_; }
+  void FillRect(const Rect& rect, Color color) override;
+  void DrawLine(PointF from, PointF to, const Pen& pen) override;
+  void DrawPolyline(std::span<const PointF> points, const Pen& pen) override;
+  void DrawPolygon(std::span<const PointF> points, Color fill, const Pen& outline) override;
+  void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override;
+  void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override;
+  [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
+
+ private:
+  QPainter& painter_;
+  Size extent_;
+};
+
+/// Draws into a QImage.
+class QtPictureRenderer : public PictureRenderer {
+ public:
+  [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
+};
+
+/// A font of the canvas: sizes follow its 96 pixels to the inch, whatever the screen's own resolution is.
+[[nodiscard]] QFont ToQFont(const Font& font);
+[[nodiscard]] QImage ToQImage(const Bitmap& bitmap);
+[[nodiscard]] Bitmap FromQImage(const QImage& image);
+
+}  // namespace chartproject

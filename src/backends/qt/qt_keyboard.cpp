@@ -1,0 +1,39 @@
+// Key state from the application's event stream.
+#include "backends/qt/qt_keyboard.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QKeyEvent>
+#include <utility>
+
+namespace chartproject {
+
+QtKeyboard::QtKeyboard() {
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool QtKeyboard::EscapePressed() {
+  return std::exchange(pressed_, false) || down_;
+}
+
+bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:  // comes before the press, also when a widget takes the key for itself
+    case QEvent::KeyPress:
+      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) down_ = pressed_ = true;
+      break;
+    case QEvent::KeyRelease: {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      if (key->key() == Qt::Key_Escape && !key->isAutoRepeat()) down_ = false;
+      break;
+    }
+    case QEvent::ApplicationDeactivate:  // the release will go to another program
+      down_ = false;
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace chartproject

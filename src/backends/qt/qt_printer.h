@@ -1,0 +1,53 @@
+// The system's default printer, or a PDF file in its place.
+#pragma once
+
+#include <QPainter>
+#include <QPrinter>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "backends/posix/part_file.h"
+#include "platform/printer.h"
+
+namespace chartproject {
+
+/// Asks the user where a PDF file should go; nothing when declined.
+using PdfNameSource = std::function<std::optional<std::string>()>;
+
+class QtPrinter : public Printer {
+ public:
+  /// @param askForPdfName asked when there is no printer; empty when there is nobody to ask, then that is error 482
+  explicit QtPrinter(PdfNameSource askForPdfName) : askForPdfName_(std::move(askForPdfName)) {}
+  ~QtPrinter() override;
+
+  /// The next documents go into a PDF file of that name, which appears when it is complete.
+  void PrintToFile(std::string fileName) { fileName_ = std::move(fileName); }
+
+  [[nodiscard]] bool StartDocument(const std::string& title) override;
+  [[nodiscard]] PageArea Page() const override;
+  [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
+  void PrintText(std::string_view text, double x, double y, const PrintFont& font) override;
+  [[nodiscard]] double CurrentY() const override { return y_; }
+  void NextLine() override;
+  void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
+  void PaintPictureFile(const std::string& fileName, double x, double y) override;
+  void EndDocument() override;
+  void AbandonDocument() noexcept override;
+
+ private:
+  [[nodiscard]] bool ChooseTarget();
+  void FinishFile();
+
+  PdfNameSource askForPdfName_;
+  std::string fileName_;            ///< chosen for all documents
+  std::string target_;              ///< PDF file of this document; empty for paper
+  std::unique_ptr<PartFile> part_;  ///< of the PDF file
+  std::unique_ptr<QPrinter> printer_;
+  std::unique_ptr<QPainter> painter_;
+  double y_ = 0;
+  double lineHeight_ = 0;  ///< of the last text, in centimetres
+};
+
+}  // namespace chartproject

@@ -1,0 +1,115 @@
+// One list of entries, below the machine's classes or the user's.
+#include "backends/win32/com/registration.h"
+
+#include <objbase.h>
+#include <olectl.h>
+
+#include "backends/win32/com_module.h"
+#include "backends/win32/handles.h"
+#include "backends/win32/registry_text.h"
+
+namespace chartproject::win32 {
+
+namespace {
+
+constexpr const wchar_t* kClasses = L"Software\\Classes\\";
+/// The system's marshaller for interfaces that a type library describes.
+constexpr const wchar_t* kTypeLibraryMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+
+struct Entry {
+  std::wstring key;  ///< below the classes
+  std::wstring name;
+  std::wstring value;
+};
+
+std::vector<Entry> EntriesOf(const ServerDescription& server) {
+  const std::wstring classKey = L"CLSID\\" + IdText(server.classId);
+  const std::wstring libraryKey = L"TypeLib\\" + IdText(server.libraryId) + L"\\1.0";
+  const std::wstring interfaceKey = L"Interface\\" + IdText(server.interfaceId);
+  const std::wstring versioned = server.progId + L".1";
+  const std::wstring file = ModuleFile();
+  return {
+      {classKey, L"", server.progId},
+      {classKey + L"\\InprocServer32", L"", file},
+      {classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
+      {classKey + L"\\ProgID", L"", versioned},
+      {classKey + L"\\VersionIndependentProgID", L"", server.progId},
+      {classKey + L"\\TypeLib", L"", IdText(server.libraryId)},
+      {classKey + L"\\Version", L"", L"1.0"},
+      {classKey + L"\\Programmable", L"", L""},
+      {server.progId, L"", server.progId},
+      {server.progId + L"\\CLSID", L"", IdText(server.classId)},
+      {server.progId + L"\\CurVer", L"", versioned},
+      {versioned, L"", server.progId},
+      {versioned + L"\\CLSID", L"", IdText(server.classId)},
+      {libraryKey, L"", server.libraryTitle},
+      {libraryKey + L"\\0\\win32", L"", file},
+      {libraryKey + L"\\FLAGS", L"", L"0"},
+      {libraryKey + L"\\HELPDIR", L"", file.substr(0, file.find_last_of(L'\\'))},
+      {interfaceKey, L"", server.interfaceName},
+      {interfaceKey + L"\\ProxyStubClsid32", L"", kTypeLibraryMarshaller},
+      {interfaceKey + L"\\TypeLib", L"", IdText(server.libraryId)},
+      {interfaceKey + L"\\TypeLib", L"Version", L"1.0"},
+  };
+}
+
+LSTATUS Store(HKEY root, const Entry& entry, bool keepExisting) {
+  OwnedKey key;
+  const LSTATUS opened = RegCreateKeyExW(root, (kClasses + entry.key).c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE,
+                                         nullptr, key.Receive(), nullptr);
+  if (opened != ERROR_SUCCESS) return opened;
+  if (keepExisting && ReadRegistryText(key.Get(), entry.name)) return ERROR_SUCCESS;
+  return WriteRegistryText(key.Get(), entry.name, entry.value);
+}
+
+LSTATUS StoreAll(HKEY root, const ServerDescription& server) {
+  for (const Entry& entry : EntriesOf(server)) {
+    const LSTATUS status = Store(root, entry, false);
+    if (status != ERROR_SUCCESS) return status;
+  }
+  for (const ClassValue& value : server.classValues) {
+    const LSTATUS status = Store(root, {L"CLSID\\" + IdText(server.classId), value.name, value.value}, true);
+    if (status != ERROR_SUCCESS) return status;
+  }
+  return ERROR_SUCCESS;
+}
+
+LSTATUS RemoveAll(HKEY root, const ServerDescription& server) {
+  LSTATUS worst = ERROR_SUCCESS;
+  for (const std::wstring& key :
+       {L"CLSID\\" + IdText(server.classId), server.progId, server.progId + L".1",
+        L"TypeLib\\" + IdText(server.libraryId), L"Interface\\" + IdText(server.interfaceId)}) {
+    const std::wstring path = kClasses + key;
+    LSTATUS status = RegDeleteTreeW(root, path.c_str());
+    if (status == ERROR_SUCCESS) status = RegDeleteKeyW(root, path.c_str());
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) worst = status;
+  }
+  return worst;
+}
+
+HKEY RootOf(RegistrationScope scope) noexcept {
+  return scope == RegistrationScope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+}
+
+HRESULT ResultOf(LSTATUS status) noexcept {
+  if (status == ERROR_ACCESS_DENIED) return E_ACCESSDENIED;
+  return status == ERROR_SUCCESS ? S_OK : SELFREG_E_CLASS;
+}
+
+}  // namespace
+
+std::wstring IdText(const GUID& id) {
+  wchar_t text[40];
+  const int length = StringFromGUID2(id, text, 40);
+  return {text, static_cast<std::size_t>(length > 0 ? length - 1 : 0)};
+}
+
+HRESULT RegisterServer(const ServerDescription& server, RegistrationScope scope) {
+  return ResultOf(StoreAll(RootOf(scope), server));
+}
+
+HRESULT UnregisterServer(const ServerDescription& server, RegistrationScope scope) {
+  return ResultOf(RemoveAll(RootOf(scope), server));
+}
+
+}  // namespace chartproject::win32

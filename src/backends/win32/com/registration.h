@@ -1,0 +1,39 @@
+// How a server's class and type library stand in the registry.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "backends/win32/windows_api.h"
+
+namespace chartproject::win32 {
+
+/// A further text under the class' own key; kept when it is there, for a site may have changed it.
+struct ClassValue {
+  std::wstring name;
+  std::wstring value;
+};
+
+struct ServerDescription {
+  GUID classId;
+  GUID libraryId;
+  GUID interfaceId;
+  std::wstring interfaceName;
+  std::wstring libraryTitle;
+  std::wstring progId;  ///< without version; ".1" follows for the versioned one
+  std::vector<ClassValue> classValues;
+};
+
+/// Whose classes are meant: all users' or the calling user's own.
+enum class RegistrationScope { kMachine, kUser };
+
+/// Writes every key of the server. Returns E_ACCESSDENIED when that part of the registry is closed to the caller,
+/// SELFREG_E_CLASS for other failures. Throws std::bad_alloc.
+[[nodiscard]] HRESULT RegisterServer(const ServerDescription& server, RegistrationScope scope);
+/// Removes every key of the server; none left is success. Returns and throws as RegisterServer.
+[[nodiscard]] HRESULT UnregisterServer(const ServerDescription& server, RegistrationScope scope);
+
+/// An id as the registry writes it, in braces.
+[[nodiscard]] std::wstring IdText(const GUID& id);
+
+}  // namespace chartproject::win32

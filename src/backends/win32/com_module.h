@@ -1,0 +1,29 @@
+// What a COM server's DLL knows of itself: how many objects and locks keep it loaded, where its file is.
+#pragma once
+
+#include <string>
+
+#include "backends/win32/windows_api.h"
+
+namespace chartproject::win32 {
+
+/// Counts one object (or lock) while it lives; the DLL may be unloaded when there is none.
+class ModuleUse {
+ public:
+  ModuleUse() noexcept { Add(); }
+  ~ModuleUse() { Remove(); }
+  ModuleUse(const ModuleUse&) = delete;
+  ModuleUse& operator=(const ModuleUse&) = delete;
+  static void Add() noexcept;
+  static void Remove() noexcept;
+  [[nodiscard]] static bool Any() noexcept;
+};
+
+/// The module that this code is linked into.
+[[nodiscard]] HINSTANCE ThisModule() noexcept;
+/// Full name of its file, without the prefix for long names that registration tools may put before it.
+[[nodiscard]] std::wstring ModuleFile();
+/// "\\?\C:\file" as "C:\file", "\\?\UNC\server\file" as "\\server\file"; other names as they are.
+[[nodiscard]] std::wstring WithoutLongNamePrefix(const std::wstring& name);
+
+}  // namespace chartproject::win32

@@ -1,0 +1,205 @@
+// Positions on the paper to dots of the printer, from the paper's corner.
+#include "backends/win32/drawing/win32_printer.h"
+
+#include <cmath>
+#include <vector>
+
+#include "backends/win32/system_error.h"
+#include "backends/win32/wide_text.h"
+#include "platform/run_time_error.h"
+
+#include <winspool.h>
+
+namespace chartproject::win32 {
+
+namespace {
+
+constexpr double kCentimetresPerInch = 2.54;
+constexpr int kIconPixels = 32;  // of a screen of 96 to the inch, whatever the user's has: paper is always the same
+
+[[noreturn]] void ThrowPrinterError(const std::string& what) {
+  throw RunTimeError(error_number::kPrinter, what);
+}
+
+/// The system's reason for the last failure, to be appended; empty when it gave none.
+std::string Reason(DWORD error) {
+  return error == ERROR_SUCCESS ? std::string() : ": " + SystemMessage(error);
+}
+
+std::wstring DefaultPrinter() {
+  DWORD length = 0;
+  GetDefaultPrinterW(nullptr, &length);
+  if (length == 0) return {};
+  std::wstring name(length, L'\0');
+  if (GetDefaultPrinterW(name.data(), &length) == 0) return {};
+  name.resize(length - 1);
+  return name;
+}
+
+/// Where to print, for tests and unattended hosts: the text of CHARTPROJECT_PRINT_TO, a file for the printer's data.
+std::wstring OutputFile() {
+  std::wstring name(GetEnvironmentVariableW(L"CHARTPROJECT_PRINT_TO", nullptr, 0), L'\0');
+  name.resize(GetEnvironmentVariableW(L"CHARTPROJECT_PRINT_TO", name.data(), static_cast<DWORD>(name.size())));
+  return name;
+}
+
+}  // namespace
+
+bool Win32Printer::StartDocument(const std::string& title) {
+  AbandonDocument();
+  const std::wstring name = DefaultPrinter();
+  if (name.empty()) ThrowPrinterError("There is no default printer: choose one in the system's settings");
+  name_ = ToUtf8(name);
+  printer_ = OwnedDc(CreateDCW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
+  if (!printer_) ThrowPrinterError(name_ + " cannot be reached" + Reason(GetLastError()));
+  const std::wstring wideTitle = ToWide(title);
+  const std::wstring output = OutputFile();
+  if (!output.empty()) {
+    name_ += " (" + ToUtf8(output) + ")";
+    DeleteFileW(output.c_str());  // a longer one would keep its end behind the new data
+  }
+  DOCINFOW document{};
+  document.cbSize = sizeof document;
+  document.lpszDocName = wideTitle.c_str();
+  document.lpszOutput = output.empty() ? nullptr : output.c_str();
+  SetLastError(ERROR_SUCCESS);
+  if (StartDocW(printer_.Get(), &document) <= 0 || StartPage(printer_.Get()) <= 0) {
+    // A printer that writes files asks for their name in between.
+    const DWORD error = GetLastError();
+    if (error != ERROR_CANCELLED && error != ERROR_PRINT_CANCELLED) {
+      ThrowPrinterError(name_ + " did not begin the document" + Reason(error));
+    }
+    AbandonDocument();
+    return false;
+  }
+  SetBkMode(printer_.Get(), TRANSPARENT);
+  y_ = 0;
+  lineHeight_ = 0;
+  return true;
+}
+
+HDC Win32Printer::Require() const {
+  if (!printer_) ThrowPrinterError("No document is being printed");
+  return printer_.Get();
+}
+
+double Win32Printer::Centimetres(int capability, int resolution) const {
+  const HDC dc = Require();
+  return GetDeviceCaps(dc, capability) * kCentimetresPerInch / GetDeviceCaps(dc, resolution);
+}
+
+/// The device's origin is the first place that it reaches, the page's the corner of the paper.
+int Win32Printer::DotsX(double centimetres) const {
+  const HDC dc = Require();
+  return static_cast<int>(std::lround(centimetres / kCentimetresPerInch * GetDeviceCaps(dc, LOGPIXELSX))) -
+         GetDeviceCaps(dc, PHYSICALOFFSETX);
+}
+
+int Win32Printer::DotsY(double centimetres) const {
+  const HDC dc = Require();
+  return static_cast<int>(std::lround(centimetres / kCentimetresPerInch * GetDeviceCaps(dc, LOGPIXELSY))) -
+         GetDeviceCaps(dc, PHYSICALOFFSETY);
+}
+
+PageArea Win32Printer::Page() const {
+  return PageArea{Centimetres(PHYSICALWIDTH, LOGPIXELSX), Centimetres(PHYSICALHEIGHT, LOGPIXELSY),
+                  Centimetres(PHYSICALOFFSETX, LOGPIXELSX) + Centimetres(HORZRES, LOGPIXELSX),
+                  Centimetres(PHYSICALOFFSETY, LOGPIXELSY) + Centimetres(VERTRES, LOGPIXELSY)};
+}
+
+OwnedFont Win32Printer::MakeFont(const PrintFont& font) const {
+  const int height = -static_cast<int>(std::lround(font.points * GetDeviceCaps(Require(), LOGPIXELSY) / 72.0));
+  return OwnedFont(CreateFontW(height, 0, 0, 0, font.bold ? FW_BOLD : FW_NORMAL, font.italic ? TRUE : FALSE, FALSE,
+                               FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                               DEFAULT_PITCH, ToWide(font.family).c_str()));
+}
+
+double Win32Printer::TextWidth(std::string_view text, const PrintFont& font) const {
+  const OwnedFont made = MakeFont(font);
+  const SelectScope selected(Require(), made.Get());
+  const std::wstring wide = ToWide(text);
+  SIZE size{};
+  GetTextExtentPoint32W(Require(), wide.data(), static_cast<int>(wide.size()), &size);
+  return size.cx * kCentimetresPerInch / GetDeviceCaps(Require(), LOGPIXELSX);
+}
+
+void Win32Printer::PrintText(std::string_view text, double x, double y, const PrintFont& font) {
+  const OwnedFont made = MakeFont(font);
+  const SelectScope selected(Require(), made.Get());
+  const std::wstring wide = ToWide(text);
+  SetTextColor(Require(), static_cast<COLORREF>(font.color));
+  if (TextOutW(Require(), DotsX(x), DotsY(y), wide.data(), static_cast<int>(wide.size())) == 0 && !wide.empty()) {
+    ThrowPrinterError("The printer did not take a text");
+  }
+  TEXTMETRICW metrics;
+  GetTextMetricsW(Require(), &metrics);
+  lineHeight_ =
+      (metrics.tmHeight + metrics.tmExternalLeading) * kCentimetresPerInch / GetDeviceCaps(Require(), LOGPIXELSY);
+  y_ = y;
+}
+
+void Win32Printer::NextLine() {
+  y_ += lineHeight_;
+}
+
+void Win32Printer::PaintPicture(const Bitmap& picture, double x, double y, double width, double height) {
+  if (picture.Empty()) throw RunTimeError(error_number::kInvalidPicture, Text::kNothingToPrint);
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = picture.width;
+  info.bmiHeader.biHeight = -picture.height;  // rows from the top
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  SetStretchBltMode(Require(), HALFTONE);
+  const int left = DotsX(x);
+  const int top = DotsY(y);
+  if (StretchDIBits(Require(), left, top, DotsX(x + width) - left, DotsY(y + height) - top, 0, 0, picture.width,
+                    picture.height, picture.pixels.data(), &info, DIB_RGB_COLORS, SRCCOPY) <= 0) {
+    ThrowPrinterError("The printer did not take the picture");
+  }
+}
+
+void Win32Printer::PaintPictureFile(const std::string& fileName, double x, double y) {
+  const std::wstring name = ToWide(fileName);
+  if (GetFileAttributesW(name.c_str()) == INVALID_FILE_ATTRIBUTES) {
+    throw RunTimeError(error_number::kFileNotFound, Text::kFileNotFound, {fileName});
+  }
+  const OwnedIcon icon(
+      static_cast<HICON>(LoadImageW(nullptr, name.c_str(), IMAGE_ICON, kIconPixels, kIconPixels, LR_LOADFROMFILE)));
+  if (!icon) throw RunTimeError(error_number::kInvalidPicture, Text::kInvalidPicture, {fileName});
+  // It is drawn on white first: printers know no transparency.
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = kIconPixels;
+  info.bmiHeader.biHeight = -kIconPixels;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* pixels = nullptr;
+  const OwnedDc memory(CreateCompatibleDC(nullptr));
+  const OwnedBitmap bitmap(CreateDIBSection(memory.Get(), &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+  if (!memory || !bitmap) ThrowPrinterError("There is no memory for the icon");
+  const SelectScope selected(memory.Get(), bitmap.Get());
+  PatBlt(memory.Get(), 0, 0, kIconPixels, kIconPixels, WHITENESS);
+  DrawIconEx(memory.Get(), 0, 0, icon.Get(), kIconPixels, kIconPixels, 0, nullptr, DI_NORMAL);
+  GdiFlush();
+  Bitmap picture;
+  picture.width = kIconPixels;
+  picture.height = kIconPixels;
+  const auto* first = static_cast<const std::uint32_t*>(pixels);
+  picture.pixels.assign(first, first + std::size_t{kIconPixels} * kIconPixels);
+  const double size = kIconPixels * kCentimetresPerInch / 96.0;
+  PaintPicture(picture, x, y, size, size);
+}
+
+void Win32Printer::EndDocument() {
+  if (EndPage(Require()) <= 0 || EndDoc(Require()) <= 0) ThrowPrinterError(name_ + " did not take the page");
+  printer_ = OwnedDc();
+}
+
+void Win32Printer::AbandonDocument() noexcept {
+  if (printer_) AbortDoc(printer_.Get());
+  printer_ = OwnedDc();
+}
+
+}  // namespace chartproject::win32

@@ -1,0 +1,35 @@
+// One page on the system's default printer, by GDI, in centimetres.
+#pragma once
+
+#include "backends/win32/handles.h"
+#include "platform/printer.h"
+
+namespace chartproject::win32 {
+
+class Win32Printer : public Printer {
+ public:
+  [[nodiscard]] bool StartDocument(const std::string& title) override;
+  [[nodiscard]] PageArea Page() const override;
+  [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
+  void PrintText(std::string_view text, double x, double y, const PrintFont& font) override;
+  [[nodiscard]] double CurrentY() const override { return y_; }
+  void NextLine() override;
+  void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
+  void PaintPictureFile(const std::string& fileName, double x, double y) override;
+  void EndDocument() override;
+  void AbandonDocument() noexcept override;
+
+ private:
+  [[nodiscard]] HDC Require() const;
+  [[nodiscard]] double Centimetres(int capability, int resolution) const;
+  [[nodiscard]] int DotsX(double centimetres) const;
+  [[nodiscard]] int DotsY(double centimetres) const;
+  [[nodiscard]] OwnedFont MakeFont(const PrintFont& font) const;
+
+  std::string name_;  ///< of the printer, and of the file that stands in for it
+  OwnedDc printer_;
+  double y_ = 0;
+  double lineHeight_ = 0;  ///< of the last font
+};
+
+}  // namespace chartproject::win32

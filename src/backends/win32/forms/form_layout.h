@@ -1,0 +1,47 @@
+// The layout of one form in dots of its screen: font, sizes of controls, their places, the frames of groups.
+#pragma once
+
+#include "backends/win32/forms/form_widgets.h"
+#include "forms/layout.h"
+
+namespace chartproject::win32 {
+
+/// Dots of the system's screen to a layout pixel.
+[[nodiscard]] double SystemScale();
+/// Dots of a window's screen to a layout pixel; screens differ for hosts that say so.
+[[nodiscard]] double ScaleOf(HWND window);
+
+class FormLayout : private ControlMeasurer {
+ public:
+  FormLayout(Form& form, WidgetContext& context, FormWidgets& widgets)
+      : form_(form), context_(context), widgets_(widgets) {}
+
+  /// The context gets a scale and the font for it.
+  void SetScale(double scale);
+  /// The size in layout pixels below which the form's content would be cut; pictures give up a part of what they like.
+  [[nodiscard]] Size LeastSize() const;
+  /// The same with pictures in the size that they like: for the first display.
+  [[nodiscard]] Size ComfortableSize() const;
+  /// Gives every widget its place in the form's window.
+  void Arrange();
+  /// Place of a control in the form's window, in dots.
+  [[nodiscard]] RECT PlaceOf(const Control& control) const;
+  /// Whether a control needs more room than its place has.
+  [[nodiscard]] bool Outgrown(const Control& control) const;
+  /// WM_PAINT of the form's window: frames and titles of groups.
+  void PaintGroups() const;
+
+ private:
+  [[nodiscard]] Size PreferredSize(const Control& control) const override;
+  [[nodiscard]] double HeightForWidth(const Control& control, double width) const override;
+  [[nodiscard]] Insets ContainerInsets(const Control& container) const override;
+  [[nodiscard]] double ShareOf(const Control& control) const;
+
+  Form& form_;
+  WidgetContext& context_;
+  FormWidgets& widgets_;
+  OwnedFont font_;
+  mutable bool comfort_ = false;  ///< measuring for the first display
+};
+
+}  // namespace chartproject::win32

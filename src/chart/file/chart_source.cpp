@@ -1,0 +1,96 @@
+// Opening a chart file and telling one that grew from one that was replaced.
+#include "chart/file/chart_source.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "common/values/numbers.h"
+#include "platform/run_time_error.h"
+#include "recording/chart_file.h"
+
+namespace chartproject {
+namespace {
+
+constexpr int kInvalidFileFormat = 321;
+
+std::int32_t ReadNamedPoints(const std::string& text, const NumberFormat& format) {
+  try {
+    return std::max(ToInteger32(text, format), -1);
+  } catch (const RunTimeError&) {
+    return -1;
+  }
+}
+
+int ReadNamedSeries(const std::string& text, const NumberFormat& format) {
+  try {
+    const std::int32_t count = ToInteger32(text, format);
+    return count >= 1 && count <= kColumnCount ? static_cast<int>(count) : 0;
+  } catch (const RunTimeError&) {
+    return 0;
+  }
+}
+
+}  // namespace
+
+void ChartSource::Open(const std::string& fileName, ChartHeader& header) {
+  if (fileName.empty()) throw RunTimeError(error_number::kFileNotFound, Text::kNoChartFileName);
+  const auto file = ports_.files.OpenForReading(fileName);
+  const HeaderReading reading = ReadChartHeader(*file, ports_.codePage, header);
+  if (reading.keys == 0) throw RunTimeError(kInvalidFileFormat, Text::kNotAChartFile, {fileName});
+  fileName_ = fileName;
+  const NumberFormat& format = ports_.locale.Numbers();
+  namedPoints_ = ReadNamedPoints(header.NumberOfPoints, format);
+  namedSeries_ = ReadNamedSeries(header.NumberOfParameters, format);
+
+  file->Seek(0);
+  const auto rows = LocateRows(*file);
+  firstLine_ = rows ? CheckedInteger32(rows->line) : 0;
+  headerSize_ = rows ? rows->offset : 0;
+  index_.Restart({firstLine_, headerSize_});
+  identity_ = file->Identity();
+  headerPrint_ = HeaderPrint(*file);
+}
+
+std::uint64_t ChartSource::HeaderPrint(InputFile& file) const {
+  constexpr std::uint64_t kMostBytes = std::uint64_t{64} * 1024;
+  std::vector<char> bytes(static_cast<std::size_t>(std::min(headerSize_, kMostBytes)));
+  file.Seek(0);
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const std::size_t count = file.Read(std::span(bytes).subspan(filled));
+    if (count == 0) break;
+    filled += count;
+  }
+  // FNV-1a, 64 bits.
+  std::uint64_t print = 0xCBF29CE484222325U;
+  for (const char c : bytes) print = (print ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+  return print;
+}
+
+bool ChartSource::Replaced() {
+  const auto file = ports_.files.OpenForReading(fileName_);
+  const FileIdentity now = file->Identity();
+  if (now == identity_) return false;
+  const bool grew = now.volume == identity_.volume && now.index == identity_.index && now.size >= identity_.size;
+  // A recording made anew into the same file has other dates in its header.
+  if (!grew || HeaderPrint(*file) != headerPrint_) return true;
+  identity_ = now;
+  return false;
+}
+
+std::int32_t ChartSource::CountLines(const ScanProgress& progress) {
+  if (!HasPoints()) return 0;
+  const auto file = ports_.files.OpenForReading(fileName_);
+  index_.ScanToEnd(*file, progress);
+  const std::int64_t lines = index_.LastLine() - firstLine_ + 1;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(lines, 0, std::numeric_limits<std::int32_t>::max()));
+}
+
+SliceReading ChartSource::Read(std::int32_t startLine, std::int32_t endLine, int columns,
+                               const ScanProgress& progress) {
+  const auto file = ports_.files.OpenForReading(fileName_);
+  return ReadSlice(*file, index_, startLine, endLine, columns, ports_.locale.Numbers(), progress);
+}
+
+}  // namespace chartproject

@@ -1,0 +1,59 @@
+// One chart file, open in the chart window: its header's numbers, where its points begin, and its slices.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "chart/file/slice_reader.h"
+#include "platform/ports.h"
+#include "recording/chart_header.h"
+
+namespace chartproject {
+
+/// Between two reads the file is closed; each read finds out whether it is still the same one.
+class ChartSource {
+ public:
+  explicit ChartSource(const Ports& ports) : ports_(ports) {}
+
+  /// Reads the header into `header` (a key that the file lacks leaves its field as it was) and finds the first point.
+  /// Reads no further than that, however long the file is. Throws RunTimeError when the file cannot be read, 321 when
+  /// it holds no header.
+  void Open(const std::string& fileName, ChartHeader& header);
+
+  [[nodiscard]] const std::string& FileName() const noexcept { return fileName_; }
+  /// False for a file without the line that the points follow.
+  [[nodiscard]] bool HasPoints() const noexcept { return firstLine_ > 0; }
+  /// Line of the first point, counted from 1; 0 when there is none.
+  [[nodiscard]] std::int32_t FirstLine() const noexcept { return firstLine_; }
+
+  /// N: points that the header names; -1 when it names no whole number of 32 bits.
+  [[nodiscard]] std::int32_t NamedPoints() const noexcept { return namedPoints_; }
+  /// P: series that the header names, 1 to 4; 0 when it names anything else.
+  [[nodiscard]] int NamedSeries() const noexcept { return namedSeries_; }
+
+  /// Counts the lines from the first point to the end of the file, or as far as the search got when it is given up.
+  std::int32_t CountLines(const ScanProgress& progress);
+
+  /// Whether the file was replaced since Open: it must be opened anew. A file that only grew is the same.
+  [[nodiscard]] bool Replaced();
+
+  /// Throws RunTimeError when the file cannot be read.
+  [[nodiscard]] SliceReading Read(std::int32_t startLine, std::int32_t endLine, int columns,
+                                  const ScanProgress& progress = {});
+
+ private:
+  [[nodiscard]] std::uint64_t HeaderPrint(InputFile& file) const;
+
+  const Ports& ports_;
+  std::string fileName_;
+  FileIdentity identity_;
+  std::uint64_t headerSize_ = 0;   ///< bytes before the first point
+  std::uint64_t headerPrint_ = 0;  ///< of those bytes
+  std::int32_t firstLine_ = 0;
+  std::int32_t namedPoints_ = -1;
+  int namedSeries_ = 0;
+  LineIndex index_;
+};
+
+}  // namespace chartproject

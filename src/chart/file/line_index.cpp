@@ -1,0 +1,122 @@
+// Counting lines in large blocks, eight bytes at a time.
+#include "chart/file/line_index.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace chartproject {
+namespace {
+
+constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
+/// Blocks between two calls of the progress function: some milliseconds of reading.
+constexpr int kBlocksPerReport = 16;
+/// Few enough bytes that looking through them again for one line costs nothing.
+constexpr std::size_t kPieceSize = 4096;
+
+constexpr std::uint64_t kEachByte = 0x0101010101010101U;
+constexpr std::uint64_t kLowBits = 0x7F7F7F7F7F7F7F7FU;
+
+/// One in each byte of `word` that is a line feed, zero in all others.
+constexpr std::uint64_t LineFeedBytes(std::uint64_t word) noexcept {
+  const std::uint64_t different = word ^ (kEachByte * static_cast<unsigned char>('\n'));
+  // A byte's high bit survives only where no bit differs; no carry leaves a byte.
+  return (~(((different & kLowBits) + kLowBits) | different) & ~kLowBits) >> 7;
+}
+
+/// Sum of the eight bytes of a word.
+constexpr std::int64_t SumOfBytes(std::uint64_t word) noexcept {
+  constexpr std::uint64_t kEvenBytes = 0x00FF00FF00FF00FFU;
+  const std::uint64_t pairs = (word & kEvenBytes) + ((word >> 8) & kEvenBytes);
+  return static_cast<std::int64_t>((pairs * 0x0001000100010001U) >> 48);
+}
+
+}  // namespace
+
+std::int64_t CountLineFeeds(const char* bytes, std::size_t count) noexcept {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  constexpr std::size_t kWordsPerSum = 255;  // as many as a byte can count
+  std::int64_t total = 0;
+  while (count >= kWord) {
+    const std::size_t words = std::min(count / kWord, kWordsPerSum);
+    std::uint64_t sums = 0;
+    for (std::size_t i = 0; i < words; ++i) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, bytes + i * kWord, kWord);
+      sums += LineFeedBytes(word);
+    }
+    total += SumOfBytes(sums);
+    bytes += words * kWord;
+    count -= words * kWord;
+  }
+  return total + std::count(bytes, bytes + count, '\n');
+}
+
+void LineIndex::Restart(const LinePlace& first) {
+  firstLine_ = first.line;
+  offsets_.assign(1, first.offset);
+  offsets_.shrink_to_fit();
+  scanned_ = first.offset;
+  line_ = first.line;
+  endsInLineFeed_ = true;
+}
+
+LinePlace LineIndex::NearestTo(std::int64_t line) const {
+  const auto known = static_cast<std::int64_t>(offsets_.size()) - 1;
+  const std::int64_t entry = std::clamp<std::int64_t>((line - firstLine_) / kSpacing, 0, known);
+  return {firstLine_ + entry * kSpacing, offsets_[static_cast<std::size_t>(entry)]};
+}
+
+LineSearch LineIndex::Find(InputFile& file, std::int64_t line, const ScanProgress& progress) {
+  if (offsets_.empty()) Restart({firstLine_, 0});
+  LineSearch search;
+  if (line > line_ && !ScanOn(file, line, progress)) search.end = LineSearchEnd::kGivenUp;
+  if (search.end == LineSearchEnd::kFound && line > line_) search.end = LineSearchEnd::kEndOfFile;
+  search.place = NearestTo(std::min(line, line_));
+  return search;
+}
+
+bool LineIndex::ScanToEnd(InputFile& file, const ScanProgress& progress) {
+  return Find(file, std::numeric_limits<std::int64_t>::max(), progress).end != LineSearchEnd::kGivenUp;
+}
+
+bool LineIndex::ScanOn(InputFile& file, std::int64_t line, const ScanProgress& progress) {
+  std::vector<char> block(kBlockSize);
+  const std::uint64_t from = scanned_;
+  const double left = static_cast<double>(std::max(file.Identity().size, from + 1) - from);
+  file.Seek(scanned_);
+  for (int blocks = 1; line_ < line; ++blocks) {
+    const std::size_t count = file.Read(block);
+    if (count == 0) break;
+    TakeBlock(block.data(), count);
+    if (blocks % kBlocksPerReport != 0 || !progress) continue;
+    if (!progress(std::min(1.0, static_cast<double>(scanned_ - from) / left))) return line_ >= line;
+  }
+  return true;
+}
+
+void LineIndex::TakeBlock(const char* bytes, std::size_t count) {
+  const char* const end = bytes + count;
+  endsInLineFeed_ = bytes[count - 1] == '\n';
+  while (bytes != end) {
+    const std::size_t piece = std::min(kPieceSize, static_cast<std::size_t>(end - bytes));
+    const std::int64_t feeds = CountLineFeeds(bytes, piece);
+    std::int64_t next = firstLine_ + static_cast<std::int64_t>(offsets_.size()) * kSpacing;
+    // The piece may begin lines that the index keeps: look for them one by one.
+    std::size_t at = 0;
+    std::int64_t line = line_;
+    while (line_ + feeds >= next) {
+      while (line < next) {
+        at = static_cast<std::size_t>(static_cast<const char*>(std::memchr(bytes + at, '\n', piece - at)) - bytes) + 1;
+        ++line;
+      }
+      offsets_.push_back(scanned_ + at);
+      next += kSpacing;
+    }
+    line_ += feeds;
+    scanned_ += piece;
+    bytes += piece;
+  }
+}
+
+}  // namespace chartproject

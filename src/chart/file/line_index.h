@@ -1,0 +1,65 @@
+// Where the lines of a long file begin: sparse, built only as far as it was needed, kept while the file only grows.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace chartproject {
+
+/// A line and the byte offset at which it begins.
+struct LinePlace {
+  std::int64_t line = 0;
+  std::uint64_t offset = 0;
+};
+
+/// Told now and then how far a long search is, as a part (0 to 1) of what is left of the file; false gives it up.
+using ScanProgress = std::function<bool(double part)>;
+
+enum class LineSearchEnd : std::uint8_t {
+  kFound,
+  kEndOfFile,  ///< the file has no such line
+  kGivenUp
+};
+
+struct LineSearch {
+  LineSearchEnd end = LineSearchEnd::kFound;
+  LinePlace place;  ///< the nearest known line at or before the one that was looked for
+};
+
+/// One offset every kSpacing lines: 2,000,000,000 lines take 4 MiB. Lines end at a line feed. Nothing is lost when a
+/// search is given up: the next one goes on where it stopped.
+class LineIndex {
+ public:
+  static constexpr std::int64_t kSpacing = 4096;
+
+  /// Forgets everything; `first` is the first line that will be looked for.
+  void Restart(const LinePlace& first);
+
+  /// Finds the nearest indexed line at or before `line` (the first one or later), reading the file on when it is
+  /// further than the index knows. Throws RunTimeError when the file cannot be read.
+  LineSearch Find(InputFile& file, std::int64_t line, const ScanProgress& progress = {});
+
+  /// Number of the last line that the bytes looked at so far begin; a line feed alone begins none.
+  [[nodiscard]] std::int64_t LastLine() const noexcept { return endsInLineFeed_ ? line_ - 1 : line_; }
+  /// Looks at the whole file, so that LastLine is the file's last line. False when given up.
+  bool ScanToEnd(InputFile& file, const ScanProgress& progress = {});
+
+ private:
+  [[nodiscard]] LinePlace NearestTo(std::int64_t line) const;
+  bool ScanOn(InputFile& file, std::int64_t line, const ScanProgress& progress);
+  void TakeBlock(const char* bytes, std::size_t count);
+
+  std::int64_t firstLine_ = 1;
+  std::vector<std::uint64_t> offsets_;  ///< of firstLine_, firstLine_ + kSpacing, ...
+  std::uint64_t scanned_ = 0;
+  std::int64_t line_ = 1;       ///< the line that holds, or begins at, the byte at scanned_
+  bool endsInLineFeed_ = true;  ///< scanned_ is the first byte of a line
+};
+
+/// How many line feeds a block holds.
+[[nodiscard]] std::int64_t CountLineFeeds(const char* bytes, std::size_t count) noexcept;
+
+}  // namespace chartproject

@@ -1,0 +1,269 @@
+// One cell after the other, in the order in which the spreadsheet application is asked for them.
+#include "chart/output/excel_export.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "common/environment/language.h"
+#include "common/error_log.h"
+#include "common/message_box.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
+#include "platform/spreadsheet.h"
+#include "recording/point_reader.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kFirstPointRow = 22;
+constexpr int kEndRow = 65535;  // the row at which a sheet is full; its own row stays empty
+constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
+constexpr int kSheetPoints = kEndRow - 1;
+/// Lines between two reports while cells are a matter of microseconds; an application of its own takes far longer.
+constexpr std::int64_t kLinesBetweenProgress = 4096;
+const std::string kRoutine = "cmdExport_Click";
+
+/// Thrown through the writing when the user gives it up.
+struct GivenUp {};
+
+/// What the user should hear of lines that are no points.
+struct SkippedLines {
+  std::int64_t count = 0;
+  std::int64_t first = 0;  ///< number of the first such line
+};
+
+/// Calls `take` for each point of a chart file, in order; reports progress every so many lines.
+template <typename Take>
+SkippedLines ForEachPoint(Component& component, const ExportRequest& request, std::int64_t linesBetweenProgress,
+                          Take take) {
+  const auto file = component.ports.files.OpenForReading(request.chartFile);
+  const std::uint64_t total = file->Identity().size;
+  SkippedLines skipped;
+  const auto first = LocateRows(*file);
+  if (!first) return skipped;
+  PointReader points(*file, *first);
+  for (PointLine line; points.Next(line);) {
+    if (request.progress && line.number % linesBetweenProgress == 0 && !request.progress(line.offset, total)) {
+      throw GivenUp();
+    }
+    if (line.kind == LineKind::kPoint) take(line.row);
+    if (line.kind == LineKind::kMalformed && skipped.count++ == 0) skipped.first = line.number;
+  }
+  return skipped;
+}
+
+/// ASCII only: the same in the file's code page and in UTF-8.
+bool IsPlain(std::string_view bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+/// The most bytes that a value takes in a workbook: a number, or a text of one or two bytes a character.
+std::uint64_t LargestCell(std::string_view text) {
+  constexpr std::uint64_t kNumberRecord = 18;
+  constexpr std::uint64_t kTextRecord = 13;
+  const std::uint64_t bytesEach = IsPlain(text) ? 1 : 2;
+  return text.empty() ? 0 : std::max<std::uint64_t>(kNumberRecord, kTextRecord + bytesEach * text.size());
+}
+
+/// How many points fit into the format; nothing when all do.
+std::optional<std::int64_t> PointsThatFit(Component& component, const ExportRequest& request,
+                                          const WorkbookLimits& limits) {
+  constexpr std::uint64_t kRowRecord = 20;
+  constexpr std::uint64_t kMostGrowth =
+      8;  // a row of one-character values grows to less than this many times its bytes
+  const std::int64_t mostInSheets = kFirstSheetPoints + static_cast<std::int64_t>(limits.sheets - 1) * kSheetPoints;
+  const std::uint64_t fileBytes = component.ports.files.OpenForReading(request.chartFile)->Identity().size;
+  constexpr std::uint64_t kShortestRow = 7;
+  if (fileBytes * kMostGrowth < limits.bytes && fileBytes / kShortestRow < static_cast<std::uint64_t>(mostInSheets)) {
+    return std::nullopt;
+  }
+  std::uint64_t bytes = 0;
+  std::int64_t fitting = 0;
+  bool all = true;
+  ForEachPoint(component, request, kLinesBetweenProgress, [&](const ChartRow& row) {
+    bytes += kRowRecord + LargestCell(row.time);
+    for (const std::string_view value : row.values) bytes += LargestCell(value);
+    all = all && bytes < limits.bytes && fitting < mostInSheets;
+    if (all) ++fitting;
+  });
+  return all ? std::nullopt : std::optional(fitting);
+}
+
+/// The workbook at work: sheets, header block and point rows.
+class Workbook {
+ public:
+  Workbook(Component& component, SpreadsheetApplication& application)
+      : application_(application), codePage_(component.ports.codePage), numbers_(component.ports.locale.Numbers()) {
+    application_.AddWorkbook();
+    application_.SetSheetName(1, "Chart1");
+  }
+
+  void WriteHeader(const ChartHeader& header) {
+    application_.WriteText(1, 1, 1, "[INFO]");
+    int row = 2;
+    for (const HeaderKey& line : kHeaderKeys) {
+      application_.WriteText(1, row, 1, line.key.substr(0, line.key.size() - 1));  // without its "="
+      application_.WriteText(1, row, 2, header.*line.field);
+      ++row;
+    }
+    application_.WriteText(1, 20, 1, kRowsMark);
+    application_.WriteText(1, 21, 1, "Time");
+    for (int series = 1; series <= kColumnCount; ++series) {
+      application_.WriteText(1, 21, 1 + series, "PXXX" + std::to_string(series) + ".Content");
+    }
+  }
+
+  void WritePoint(const ChartRow& point) {
+    application_.WriteText(sheet_, row_, 1, Decoded(point.time));
+    for (int series = 0; series < kColumnCount; ++series) {
+      const int column = 2 + series;
+      application_.WriteText(sheet_, row_, column, Decoded(point.values[static_cast<std::size_t>(series)]));
+      // Read back and entered again, the text becomes the number that it reads as.
+      const std::string text = application_.ReadValue(sheet_, row_, column);
+      application_.EnterValue(sheet_, row_, column, LocaleDecimal(text, numbers_));
+    }
+    if (++row_ == kEndRow) NextSheet();
+  }
+
+ private:
+  void NextSheet() {
+    row_ = 1;
+    ++sheet_;
+    if (application_.SheetCount() < sheet_) application_.AddSheetAfter(sheet_ - 1);
+    application_.SetSheetName(sheet_, "Chart" + std::to_string(sheet_));
+  }
+
+  std::string_view Decoded(std::string_view bytes) {
+    if (IsPlain(bytes)) return bytes;
+    decoded_ = codePage_.Decode(bytes);
+    return decoded_;
+  }
+
+  SpreadsheetApplication& application_;
+  const CodePage& codePage_;
+  const NumberFormat& numbers_;
+  std::string decoded_;
+  int sheet_ = 1;
+  int row_ = kFirstPointRow;
+};
+
+/// One export from the first question to the last message.
+class Export {
+ public:
+  Export(Component& component, const ExportRequest& request)
+      : component_(component),
+        request_(request),
+        target_(request.targetName.empty() ? request.chartFile + ".xls" : request.targetName) {}
+
+  ExportOutcome Run() {
+    try {
+      return Steps();
+    } catch (const GivenUp&) {
+      EndApplication();
+      ShowMessage(component_, LoadMessage(component_, Text::kExportStopped), box_style::kInformation);
+      return ExportOutcome::kGivenUp;
+    } catch (const std::exception& error) {
+      EndApplication();
+      LogRunTimeError(component_, kRoutine, AsRunTimeError(error));
+      return ExportOutcome::kFailed;
+    }
+  }
+
+ private:
+  ExportOutcome Steps() {
+    FileSystem& files = component_.ports.files;
+    place_ = files.ResolveLink(target_);
+    files.CheckReplaceable(place_);
+    if (place_ == files.ResolveLink(request_.chartFile)) {
+      throw RunTimeError(error_number::kPathFileAccess, Text::kExportOntoItself, {target_});
+    }
+    SpreadsheetApplications& applications = component_.ports.spreadsheets;
+    if (const auto limits = applications.Limits(target_)) {
+      ShowBusy(true);  // a long file takes its time to be measured
+      const auto fitting = PointsThatFit(component_, request_, *limits);
+      ShowBusy(false);
+      if (fitting) return RefuseSize(*fitting);
+    }
+    const FileRights rights = files.RightsOf(place_);
+    if (files.FileExists(place_)) {
+      if (!Ask(LoadMessage(component_, Text::kFileExistsBefore) + target_ +
+               LoadMessage(component_, Text::kFileExistsAfter)))
+        return ExportOutcome::kDeclined;
+      files.Delete(place_);
+    }
+    application_ = applications.AttachRunning();
+    if (!application_) application_ = applications.Create(place_, rights);
+    if (!application_) {
+      ShowMessage(component_, LoadMessage(component_, Text::kNoSpreadsheet), box_style::kExclamation);
+      return ExportOutcome::kNoApplication;
+    }
+    if (!Ask(LoadMessage(component_, Text::kExportQuestion) + "\r\n" +
+             LoadMessage(component_, Text::kExportTakesTime))) {
+      application_.reset();
+      return ExportOutcome::kDeclined;
+    }
+    Write(applications.Limits(target_) ? kLinesBetweenProgress : 1);
+    return ExportOutcome::kSaved;
+  }
+
+  void Write(std::int64_t linesBetweenProgress) {
+    ShowBusy(true);
+    Workbook workbook(component_, *application_);
+    workbook.WriteHeader(request_.header);
+    const SkippedLines skipped = ForEachPoint(component_, request_, linesBetweenProgress,
+                                              [&workbook](const ChartRow& row) { workbook.WritePoint(row); });
+    application_->SaveAs({place_, kNormalWorkbookFormat, "", "", false, false});
+    application_->Quit();
+    application_.reset();
+    ShowBusy(false);
+    if (skipped.count > 0) {
+      ShowMessage(component_,
+                  FillIn(LoadMessage(component_, Text::kExportSkippedLines),
+                         {std::to_string(skipped.count), std::to_string(skipped.first)}),
+                  box_style::kExclamation);
+    }
+    ShowMessage(component_, LoadMessage(component_, Text::kFileSavedAs) + target_, box_style::kInformation);
+  }
+
+  ExportOutcome RefuseSize(std::int64_t fitting) {
+    ShowMessage(component_,
+                FillIn(LoadMessage(component_, Text::kExportTooLarge),
+                       {FormatGrouped(static_cast<double>(fitting), component_.ports.locale.Numbers())}),
+                box_style::kExclamation);
+    return ExportOutcome::kTooLarge;
+  }
+
+  bool Ask(const std::string& question) {
+    return ShowMessage(component_, question, box_style::kYesNo + box_style::kQuestion) == box_answer::kYes;
+  }
+
+  void ShowBusy(bool busy) const {
+    if (request_.busy) request_.busy(busy);
+  }
+
+  /// Tells the application to quit without saving; one that fails even at that is let go.
+  void EndApplication() noexcept {
+    try {
+      if (application_) application_->Quit();
+    } catch (const std::exception& error) {
+      NoteRunTimeError(component_, kRoutine, AsRunTimeError(error));
+    }
+    application_.reset();
+    ShowBusy(false);
+  }
+
+  Component& component_;
+  const ExportRequest& request_;
+  std::string target_;  ///< as the user knows it
+  std::string place_;   ///< the file itself, when the target is a link
+  std::unique_ptr<SpreadsheetApplication> application_;
+};
+
+}  // namespace
+
+ExportOutcome ExportToSpreadsheet(Component& component, const ExportRequest& request) {
+  return Export(component, request).Run();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,35 @@
+// The export of a chart file's header and points into a spreadsheet workbook.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "recording/component.h"
+
+namespace chartproject {
+
+enum class ExportOutcome {
+  kSaved,
+  kDeclined,       ///< the user answered No
+  kNoApplication,  ///< no spreadsheet application is there
+  kTooLarge,       ///< the points do not fit into the workbook's format; nothing was touched
+  kGivenUp,        ///< stopped half-way; no file was left behind
+  kFailed          ///< an error, shown and logged
+};
+
+struct ExportRequest {
+  std::string chartFile;   ///< full name of the chart file
+  std::string targetName;  ///< empty for the chart file's name with ".xls" appended
+  ChartHeader header;      ///< as read from the chart file
+  /// Called now and then with the part done, in bytes of the chart file; false gives the export up. May be empty.
+  std::function<bool(std::uint64_t done, std::uint64_t total)> progress{};
+  /// Switches the busy pointer on and off. May be empty.
+  std::function<void(bool busy)> busy{};
+};
+
+/// Asks, writes and reports in the order that users know: an existing target is deleted before the application is
+/// looked for.
+ExportOutcome ExportToSpreadsheet(Component& component, const ExportRequest& request);
+
+}  // namespace chartproject

@@ -1,0 +1,85 @@
+// What a chart shows and how: the properties of the chart control, as plain data.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "forms/canvas.h"
+#include "texts/text.h"
+
+namespace chartproject {
+
+/// Chart types with the control's own numbers: an even number is the three-dimensional form of the odd one after it.
+enum class ChartKind : std::uint8_t {
+  k3dBar = 0,
+  k2dBar = 1,
+  k3dLine = 2,
+  k2dLine = 3,
+  k3dArea = 4,
+  k2dArea = 5,
+  k3dStep = 6,
+  k2dStep = 7,
+};
+
+/// A pen's style by its number: 0 none, 1 solid, 2 dashed, 3 and above dotted.
+using PenNumber = int;
+
+enum class FrameStyle : std::uint8_t { kNone = 0, kSingle = 1, kDouble = 2 };
+
+/// Colours of the four series, the same as their swatches beside the chart: red, green, blue, yellow.
+inline constexpr std::array<std::int32_t, 4> kSeriesColorNumbers = {255, 65280, 16711680, 65535};
+inline constexpr std::array<Color, 4> kSeriesColors = {FromBgr(kSeriesColorNumbers[0]), FromBgr(kSeriesColorNumbers[1]),
+                                                       FromBgr(kSeriesColorNumbers[2]),
+                                                       FromBgr(kSeriesColorNumbers[3])};
+
+struct ChartSeries {
+  std::string label;           ///< its name in the legend
+  std::vector<double> values;  ///< one a row; NaN (or an infinity) is a gap
+  Color color;
+  bool showLine = true;     ///< lines between the points; the outline of bars and areas
+  bool showMarker = false;  ///< a mark at each point, of the series' own shape
+};
+
+/// Divisions of the category axis: ticks and labels stand at the rows 0, n, 2n, ... of their own n.
+struct CategoryScale {
+  bool automatic = true;  ///< the chart chooses both counts
+  int divisionsPerLabel = 1;
+  int divisionsPerTick = 1;
+  bool labelTick = false;  ///< labels stand at the ticks, not between them
+};
+
+struct ChartModel {
+  ChartKind kind = ChartKind::k2dBar;
+  std::string title;
+  std::string categoryTitle;
+  std::string valueTitle;
+  bool legendVisible = true;
+  PenNumber categoryGrid = 1;     ///< grid lines at the category axis' ticks
+  PenNumber valueGrid = 1;        ///< grid lines at the value axis' ticks
+  PenNumber secondValueGrid = 1;  ///< of the second value axis, which has the first one's scale
+  PenNumber wallPen = 1;
+  Color backdrop = {255, 255, 255};
+  bool backdropFilled = true;
+  FrameStyle frame = FrameStyle::kNone;
+  CategoryScale categoryScale;
+  std::int64_t firstRowLabel = 1;  ///< row r is labelled firstRowLabel + r
+  int rowCount = 0;
+  std::vector<ChartSeries> series;
+};
+
+/// The name of a chart type, for the user.
+[[nodiscard]] constexpr Text ChartTypeName(ChartKind kind) noexcept {
+  return static_cast<Text>(static_cast<int>(Text::kChart3DBar) + static_cast<int>(kind));
+}
+
+[[nodiscard]] constexpr bool Is3d(ChartKind kind) noexcept {
+  return static_cast<int>(kind) % 2 == 0;
+}
+/// The two-dimensional form of a type.
+[[nodiscard]] constexpr ChartKind Flat(ChartKind kind) noexcept {
+  return static_cast<ChartKind>(static_cast<int>(kind) | 1);
+}
+
+}  // namespace chartproject

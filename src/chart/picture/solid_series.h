@@ -1,0 +1,22 @@
+// The series of the three-dimensional chart types: shaded faces in the order from back to front.
+#pragma once
+
+#include "chart/picture/chart_model.h"
+#include "chart/picture/plot.h"
+#include "chart/picture/scene.h"
+
+namespace chartproject {
+
+struct DepthSpan {
+  double front = 0;  ///< 0 is the front plane, 1 the back wall
+  double back = 1;
+};
+
+/// The depth that a series of a line, area or step chart takes: a row of its own, with some room between the rows.
+[[nodiscard]] DepthSpan DepthOfSeries(int column, int seriesCount) noexcept;
+
+/// Bars are boxes, side by side as in the flat chart. Lines and steps are ribbons and areas are slabs, each series in
+/// its own row of depth, the first in front.
+void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene);
+
+}  // namespace chartproject

@@ -1,0 +1,37 @@
+// Builds the chart of a slice, the same on screen, on paper and in a picture file.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "chart/file/slice_reader.h"
+#include "chart/picture/chart_model.h"
+
+namespace chartproject {
+
+/// How a chart looks: what the window's controls, the options of a command and the printed page all fill.
+struct ChartLook {
+  ChartKind kind = ChartKind::k2dLine;
+  bool grid = false;
+  bool lines = true;
+  bool markers = false;
+  std::array<std::int16_t, kColumnCount> scales{1, 1, 1, 1};  ///< multipliers of the series, 1 to 32767
+};
+
+/// What a chart shows of its slice.
+struct ChartExtent {
+  int series = 0;  ///< 1 to 4, or 0 for an empty chart
+  std::int16_t pointsPerDivision = 1;
+  std::int32_t firstLine = 0;  ///< line of the file's first point
+};
+
+/// The rows are labelled by the points' numbers in the file; their values are multiplied by the scales.
+[[nodiscard]] ChartModel BuildChart(const Slice& slice, const ChartExtent& extent, const ChartLook& look);
+
+// The three switches over a chart.
+// -------------------------------------------------------------------------------------
+void ShowGrid(ChartModel& model, bool show);
+void ShowLines(ChartModel& model, bool show);
+void ShowMarkers(ChartModel& model, bool show);
+
+}  // namespace chartproject

@@ -1,0 +1,117 @@
+// One chart file and the slice of it that is shown, without any control: the window, a picture file and the printed
+// page share it, so that they cannot disagree.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "chart/file/chart_source.h"
+#include "chart/output/chart_page.h"
+#include "chart/view/chart_building.h"
+#include "chart/view/scroll_range.h"
+#include "common/environment/language.h"
+
+namespace chartproject {
+
+/// A line of the slice that is not a point.
+struct MalformedLine {
+  std::int64_t number = 0;
+  std::string text;  ///< its bytes, in the file's code page
+};
+
+/// One series as labels name it.
+struct ViewedSeries {
+  std::string number;               ///< as in "P005"; empty when the header names none
+  std::optional<std::string> name;  ///< from the drive's parameter tables; nothing when the header's text names none
+};
+
+/// A slice is chosen by ScrollTo and SetPointsPerDivision, and shown once Load has read it.
+class ChartView {
+ public:
+  /// @param header takes the header of the file; it and the ports outlive the view
+  ChartView(const Ports& ports, ChartHeader& header) : ports_(ports), header_(header), source_(ports) {}
+
+  // The file. --------------------------------------------------------------------------------------------------------
+  /// Reads the header and goes to the first point, one point a division. Throws RunTimeError as ChartSource::Open.
+  void Open(const std::string& fileName);
+  /// Address of the drive that the file was recorded from. Throws RunTimeError 6 or 13.
+  [[nodiscard]] std::int16_t DriveAddress() const;
+  /// Loads the names of the drive's parameters. A driver file that cannot be read is a notice and a line of the log:
+  /// the values are worth showing without names. Throws RunTimeError 9 for an address outside the table.
+  void NameSeries(Component& component);
+  /// Counts the points where the header does not say how many there are.
+  void CountPoints(const ScanProgress& progress);
+  [[nodiscard]] const std::string& FileName() const noexcept { return source_.FileName(); }
+  [[nodiscard]] bool HasPoints() const noexcept { return source_.HasPoints(); }
+  /// Whether the file was replaced since Open: it must be opened anew.
+  [[nodiscard]] bool Replaced() { return source_.HasPoints() && source_.Replaced(); }
+  /// Line of the first point, counted from 1.
+  [[nodiscard]] std::int32_t FirstLine() const noexcept { return source_.FirstLine(); }
+  /// N: points of the header, or what the file was found to hold.
+  [[nodiscard]] std::int32_t Points() const noexcept { return points_; }
+  /// P: series shown, 0 to 4.
+  [[nodiscard]] int SeriesCount() const noexcept { return seriesCount_; }
+
+  // The slice that was chosen. ---------------------------------------------------------------------------------------
+  [[nodiscard]] std::int32_t StartLine() const noexcept { return start_; }
+  [[nodiscard]] std::int32_t EndLine() const noexcept { return end_; }
+  [[nodiscard]] std::int16_t PointsPerDivision() const noexcept { return pointsPerDivision_; }
+  /// Nominal length in points: 25 divisions.
+  [[nodiscard]] std::int32_t Length() const { return SliceLength(pointsPerDivision_); }
+  /// Throws RunTimeError 6 for a line beyond 32 bits.
+  void ScrollTo(std::int64_t startLine);
+  /// The slice for a value of the scroll bar over the file. Throws RunTimeError 6.
+  void ScrollToBarValue(int value, int maximum);
+  [[nodiscard]] std::int16_t BarValue(int maximum) const;
+  [[nodiscard]] ScrollRange Range() const { return ComputeScrollRange(points_, pointsPerDivision_); }
+  /// Keeps the slice inside the file. Throws RunTimeError 6 above kMostPointsPerDivision.
+  void SetPointsPerDivision(std::int16_t points);
+
+  // The slice that is shown. -----------------------------------------------------------------------------------------
+  /// Reads the chosen slice. Given up: the one that is shown is chosen again. Throws RunTimeError.
+  SliceEnd Load(const ScanProgress& progress = {});
+  [[nodiscard]] const Slice& Shown() const noexcept { return slice_; }
+  /// Where Load ended at a malformed line.
+  [[nodiscard]] const MalformedLine& Fault() const noexcept { return fault_; }
+  /// Counts the points when the file goes on after those that its header names. True when there are more than known.
+  bool TakeFurtherPointsIn(const ScanProgress& progress);
+
+  // What is to be seen. ----------------------------------------------------------------------------------------------
+  /// The chart of the slice that is shown.
+  [[nodiscard]] ChartModel Model(const ChartLook& look) const;
+  /// @param series counted from 0, less than kColumnCount; one above P has no texts
+  [[nodiscard]] ViewedSeries Series(int series) const;
+  /// The header in the user's words, with notices of where header and points disagree.
+  [[nodiscard]] std::string Info(const Environment& environment) const;
+  /// The page without its picture.
+  [[nodiscard]] ChartPage Page(const Environment& environment, const ChartLook& look) const;
+
+ private:
+  struct Notice {
+    Text text;
+    std::string value;  ///< for its "%1"
+  };
+
+  /// Whether points were seen after those that the header names.
+  [[nodiscard]] bool GoesOnAfterItsHeader() const;
+  void Take(Slice slice);
+
+  const Ports& ports_;
+  ChartHeader& header_;
+  ChartSource source_;
+  const ParameterTable* names_ = nullptr;
+  Slice slice_;
+  MalformedLine fault_;
+  std::vector<Notice> notices_;  ///< about the file as a whole
+  std::int32_t points_ = 0;
+  int seriesCount_ = 0;
+  std::int32_t start_ = 0;
+  std::int32_t end_ = 0;
+  std::int16_t pointsPerDivision_ = 1;
+  std::int16_t shownPointsPerDivision_ = 1;
+  bool allLinesCounted_ = false;
+};
+
+}  // namespace chartproject

@@ -1,0 +1,17 @@
+// The text of the information box: the header of a chart file in the user's words.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "common/environment/environment.h"
+#include "recording/chart_header.h"
+
+namespace chartproject {
+
+/// One item a line: label, " : " and value, each line ended by carriage return and line feed.
+/// @param notices what is to be said about the file besides; behind an empty line, one a line
+[[nodiscard]] std::string InfoText(const Environment& environment, const std::string& fileName,
+                                   const ChartHeader& header, const std::vector<std::string>& notices);
+
+}  // namespace chartproject

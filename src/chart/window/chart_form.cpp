@@ -1,0 +1,215 @@
+// The chart window: files, slices, and what its sections ask for.
+#include "chart/window/chart_form.h"
+
+#include "common/environment/language.h"
+#include "common/environment/settings_io.h"
+#include "common/error_log.h"
+#include "common/form_appearance.h"
+#include "common/form_translation.h"
+#include "common/message_box.h"
+#include "common/sounds.h"
+#include "common/values/text.h"
+
+namespace chartproject {
+namespace {
+
+/// So much of a malformed line is shown.
+constexpr std::size_t kShownLineLength = 200;
+
+}  // namespace
+
+ChartForm::ChartForm(Component& component)
+    : Form(component.forms, "frmChart", MakeHandlerErrorReporter(component)),
+      component_(component),
+      view_(component.ports, component.chartHeader) {
+  NumberTexts();
+  PlaceControls();
+  ConnectSections();
+}
+
+ChartForm::~ChartForm() = default;
+
+void ChartForm::NumberTexts() {
+  SetTag(TextNumber(Text::kChartFile));
+  const std::initializer_list<std::pair<Control*, Text>> captions{{&scales.lblScaleMsg, Text::kScale},
+                                                                  {&scales.cmdUpdateChart, Text::kUpdateChart},
+                                                                  {&switches.lblChartType, Text::kChartType},
+                                                                  {&switches.chkGrid, Text::kGrid},
+                                                                  {&switches.chkLine, Text::kLine},
+                                                                  {&switches.chkMarker, Text::kMarker},
+                                                                  {&output.cmdExport, Text::kExport},
+                                                                  {&output.cmdPrint, Text::kPrint},
+                                                                  {&output.cmdOK, Text::kOk}};
+  for (const auto& [control, message] : captions) control->SetTag(TextNumber(message));
+  const std::initializer_list<std::pair<Control*, Text>> toolTips{
+      {&output.cmdExport, Text::kExportTip}, {&output.cmdPrint, Text::kPrintTip}, {&output.cmdOK, Text::kOkTip}};
+  for (const auto& [control, message] : toolTips) control->SetToolTipText(TextNumber(message));
+}
+
+void ChartForm::ConnectSections() {
+  scroll.load = [this] { return LoadSlice(); };
+  scales.update = [this] { LoadSlice(); };
+  switches.changed = [this] { ShowChart(); };
+  // The file may be gone by now: what these throw is an error of the window, too.
+  mscChart1.key = [this](Key key, bool /*shift*/) {
+    bool used = true;
+    RunHandler("mscChart1_KeyDown", [&] { used = scroll.ScrollByKey(key); });
+    return used;
+  };
+  mscChart1.wheel = [this](int notches) {
+    RunHandler("mscChart1_Wheel", [&] { scroll.ScrollByWheel(notches); });
+    return true;
+  };
+}
+
+void ChartForm::OnLoad() {
+  switches.Prepare();
+  ApplySavedSwitches();
+  scales.Prepare();
+  TranslateForm(*this, component_);
+  scroll.ShowPointsPerDivision();
+  mscChart1.SetToolTipText(LoadMessage(component_, Text::kChartTip));
+  mscChart1.SetNumberFormat(component_.ports.locale.Numbers());
+  for (Control* control : Controls()) {
+    if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);
+  }
+  series.Prepare();
+  LoadPictures();
+  RestorePlace();
+}
+
+void ChartForm::LoadPictures() {
+  // A missing picture is no reason to refuse the window: the back end has its own.
+  const auto orDefault = [this](const char* routine, const std::function<void()>& load) {
+    try {
+      load();
+    } catch (const RunTimeError& error) {
+      NoteRunTimeError(component_, routine, error);
+    }
+  };
+  orDefault("SetFormIcon", [this] { SetFormIcon(component_, *this); });
+  orDefault("LoadButtonCursor", [this] { LoadButtonCursor(component_); });
+  for (CommandButton* button : {&output.cmdOK, &output.cmdPrint}) SetButtonCursor(component_, *button);
+}
+
+void ChartForm::OnActivate() {
+  if (!DriveIsKnown()) Unload();
+}
+
+bool ChartForm::OnQueryClose() {
+  // While the file is read the window closes as soon as the reading was given up.
+  return !reading.CloseAfterwards();
+}
+
+void ChartForm::OnUnload() {
+  switches.Save();
+  SaveConfSettings(component_);
+  SavePlace();
+  PlayClosingSound(component_);
+}
+
+bool ChartForm::OpenFile(const std::string& strFileName) {
+  bool known = false;
+  RunHandler("OpenFile", [&] {
+    ShowFile(strFileName);
+    known = DriveIsKnown();
+  });
+  return known;
+}
+
+bool ChartForm::DriveIsKnown() const {
+  try {
+    return !component_.driveTable.At(view_.DriveAddress()).Type.empty();
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+void ChartForm::ShowFile(const std::string& strFileName) {
+  view_.Open(strFileName);
+  if (component_.driveTable.At(view_.DriveAddress()).Type.empty()) {
+    ShowMessage(component_,
+                LoadMessage(component_, Text::kCannotLoad) + strFileName + "\r\n" +
+                    LoadMessage(component_, Text::kAddress) + component_.chartHeader.DriveAddress +
+                    LoadMessage(component_, Text::kDoesNotExist),
+                box_style::kExclamation);
+    return;
+  }
+  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + std::string(BaseName(strFileName)));
+  view_.NameSeries(component_);
+  {
+    const ReadingSection::Scope counting(reading);
+    view_.CountPoints(reading.Progress());
+  }
+  readout_.ForgetCursors();
+  scroll.Restart();
+  if (!LoadSlice()) {
+    // The first slice cannot be shown, but the header can.
+    series.Show(view_);
+    scales.EnableFirst(view_.SeriesCount());
+    rtfInfo.SetText(view_.Info(component_));
+  }
+}
+
+bool ChartForm::LoadSlice() {
+  if (reading.Busy()) return false;
+  if (view_.Replaced()) {
+    ShowFile(view_.FileName());
+    if (DriveIsKnown()) return true;
+    Unload();  // the numbers of the file that was shown do not hold for this one
+    return false;
+  }
+  SliceEnd end{};
+  {
+    const ReadingSection::Scope loading(reading);
+    end = view_.Load(reading.Progress());
+  }
+  switch (end) {
+    case SliceEnd::kRead:
+      ShowSlice();
+      TakeFurtherPointsIn();
+      break;
+    case SliceEnd::kMalformedLine:
+      ReportMalformedLine();
+      break;
+    case SliceEnd::kGivenUp:
+      reading.lblStatus.SetCaption(LoadMessage(component_, Text::kReadingStopped));
+      scroll.Follow();
+      break;
+  }
+  if (reading.ClosesAfterwards()) Unload();
+  return end == SliceEnd::kRead;
+}
+
+void ChartForm::ShowSlice() {
+  scroll.ShowPointsPerDivision();  // a slider that was moved while the slice was looked for goes back
+  rtfInfo.SetText("");
+  rtfInfo.SetText(view_.Info(component_));
+  series.Show(view_);
+  scales.EnableFirst(view_.SeriesCount());
+  look_ = {};
+  look_.scales = scales.Read();
+  scales.cmdUpdateChart.SetEnabled(false);
+  ShowChart();
+  readout_.PointerRowChanged();
+}
+
+void ChartForm::ShowChart() {
+  switches.Fill(look_);
+  mscChart1.SetModel(view_.Model(look_));
+}
+
+void ChartForm::TakeFurtherPointsIn() {
+  const ReadingSection::Scope counting(reading);
+  if (view_.TakeFurtherPointsIn(reading.Progress())) scroll.Follow();
+}
+
+void ChartForm::ReportMalformedLine() {
+  const MalformedLine& line = view_.Fault();
+  const std::string text = component_.ports.codePage.Decode(std::string_view(line.text).substr(0, kShownLineLength));
+  ShowMessage(component_,
+              LoadMessage(component_, Text::kLineError) + std::to_string(line.number) + " : <<" + text + ">>",
+              box_style::kExclamation);
+}
+
+}  // namespace chartproject

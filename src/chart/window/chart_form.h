@@ -1,0 +1,82 @@
+// frmChart, the chart window: one chart file, a slice of it as a chart, and the controls that change what is shown.
+#pragma once
+
+#include <string>
+
+#include "chart/view/chart_view.h"
+#include "chart/window/chart_control.h"
+#include "chart/window/output_section.h"
+#include "chart/window/reading_section.h"
+#include "chart/window/readout_section.h"
+#include "chart/window/scale_section.h"
+#include "chart/window/scroll_section.h"
+#include "chart/window/series_section.h"
+#include "chart/window/switches_section.h"
+#include "forms/controls.h"
+#include "forms/form.h"
+#include "recording/component.h"
+
+namespace chartproject {
+
+/// Joins the sections: what one of them changes is chosen in the view, read from the file and shown by the others.
+class ChartForm : public Form {
+  Component& component_;
+  ChartView view_;
+  ChartLook look_;  ///< of the chart that is shown
+
+ public:
+  /// @param component outlives the form
+  explicit ChartForm(Component& component);
+  ~ChartForm() override;
+
+  // Controls and sections, in tab order. -----------------------------------------------------------------------------
+  RichTextBox rtfInfo{*this, "rtfInfo"};
+  SeriesSection series{*this};
+  ChartControl mscChart1{*this, "mscChart1"};
+  ScrollSection scroll{*this, component_, view_, reading};
+  ScaleSection scales{*this, component_};
+  SwitchesSection switches{*this, component_};
+  OutputSection output{*this, component_, view_, reading};
+  ReadingSection reading{*this, component_};
+
+  /// Reads the header, checks the drive, finds the points and shows the first slice. An error is logged and shown.
+  /// False when nothing can be shown: then the window is not worth showing either.
+  bool OpenFile(const std::string& strFileName);
+
+  /// Check boxes and chart type as they were when a chart window was closed last.
+  void ApplySavedSwitches() { switches.ApplySaved(); }
+
+  /// The user left the window by its print button.
+  [[nodiscard]] bool PrintRequested() const noexcept { return output.PrintRequested(); }
+  /// What the printed page shows of the window, without its picture.
+  [[nodiscard]] ChartPage DescribePage() const { return view_.Page(component_, look_); }
+  [[nodiscard]] const ChartView& View() const noexcept { return view_; }
+
+ protected:
+  void OnLoad() override;
+  void OnActivate() override;
+  bool OnQueryClose() override;
+  void OnUnload() override;
+
+ private:
+  void NumberTexts();
+  void ConnectSections();
+  void PlaceControls();
+  void LoadPictures();
+  void RestorePlace();
+  void SavePlace();
+
+  [[nodiscard]] bool DriveIsKnown() const;
+  void ShowFile(const std::string& strFileName);
+  /// Reads the chosen slice and shows it. False when the chart stays as it was.
+  bool LoadSlice();
+  void ShowSlice();
+  /// The chart in the look of the switches.
+  void ShowChart();
+  void TakeFurtherPointsIn();
+  void ReportMalformedLine();
+
+  ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
+};
+
+}  // namespace chartproject

@@ -1,0 +1,58 @@
+// Readings of the file that take long enough to be noticed: the text of how far they are, the hourglass, giving up.
+#pragma once
+
+#include <optional>
+
+#include "chart/file/line_index.h"
+#include "common/environment/environment.h"
+#include "forms/controls.h"
+#include "forms/flag_scope.h"
+#include "forms/form.h"
+#include "platform/clock.h"
+
+namespace chartproject {
+
+class ReadingSection {
+ public:
+  ReadingSection(Form& form, Environment& environment) : lblStatus(form, "lblStatus"), form_(form), env_(environment) {}
+  ReadingSection(const ReadingSection&) = delete;
+  ReadingSection& operator=(const ReadingSection&) = delete;
+
+  Label lblStatus;  ///< how far a long reading is
+
+  /// A reading; while it lives the window's handlers leave the file alone.
+  class Scope {
+   public:
+    explicit Scope(ReadingSection& section);
+    ~Scope();
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+   private:
+    ReadingSection& section_;
+    FlagScope busy_;
+  };
+
+  [[nodiscard]] bool Busy() const noexcept { return busy_; }
+  /// Shows the hourglass for the rest of the reading; an earlier press of Esc does not count.
+  void ShowHourglass();
+  /// Hourglass and text, once the reading takes long enough; false when the user gave it up.
+  bool ShowProgress(double part);
+  [[nodiscard]] ScanProgress Progress() {
+    return [this](double part) { return ShowProgress(part); };
+  }
+  /// Gives the reading up, if there is one, and has the window closed after it. False when there is none.
+  bool CloseAfterwards() noexcept;
+  [[nodiscard]] bool ClosesAfterwards() const noexcept { return closing_; }
+
+ private:
+  Form& form_;
+  Environment& env_;
+  std::optional<HourglassScope> hourglass_;
+  Instant began_{};
+  Instant shownAt_{};
+  bool busy_ = false;
+  bool closing_ = false;
+};
+
+}  // namespace chartproject

@@ -1,0 +1,118 @@
+// Readings of points as lines of text.
+#include "chart/window/readout.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "common/environment/language.h"
+#include "common/values/numbers.h"
+#include "common/values/text.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+namespace {
+
+constexpr const char* kNoReading = "--";
+constexpr double kSecondsPerDay = 86400;
+
+/// Seconds since midnight of "hh:mm:ss"; nothing for any other text.
+std::optional<double> SecondsOfDay(std::string_view text) {
+  text = Trim(text);
+  std::array<int, 3> parts{};
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const auto result = std::from_chars(at, end, parts[i]);
+    if (result.ec != std::errc() || parts[i] < 0) return std::nullopt;
+    at = result.ptr;
+    const bool last = i + 1 == parts.size();
+    if (last ? at != end : (at == end || *at != ':')) return std::nullopt;
+    ++at;
+  }
+  return parts[0] * 3600.0 + parts[1] * 60.0 + parts[2];
+}
+
+std::string ValueText(double value, const NumberFormat& format) {
+  return std::isnan(value) ? kNoReading : DoubleText(value, format);
+}
+
+/// A difference, free of the digits that subtracting decimals in binary brings along.
+std::string DifferenceText(double from, double to, const NumberFormat& format) {
+  if (std::isnan(from) || std::isnan(to)) return kNoReading;
+  constexpr double kFinest = 1e9;
+  const double difference = std::round((to - from) * kFinest) / kFinest;
+  return (difference > 0 ? "+" : "") + DoubleText(difference + 0.0, format);
+}
+
+}  // namespace
+
+PointReading ReadPoint(const Slice& slice, int row, std::int32_t firstLine, int series) {
+  const auto at = static_cast<std::size_t>(row);
+  PointReading point{std::int64_t{1} + row + slice.startLine - firstLine, slice.times.at(at), {}};
+  for (int column = 0; column < series; ++column) {
+    point.values.push_back(slice.values.at(static_cast<std::size_t>(column)).at(at));
+  }
+  return point;
+}
+
+std::vector<ReadoutLine> PointReadout(const Environment& environment, const PointReading& point,
+                                      const std::vector<std::string>& names) {
+  const NumberFormat& format = environment.ports.locale.Numbers();
+  std::vector<ReadoutLine> lines;
+  lines.push_back({FillIn(LoadMessage(environment, Text::kReadoutPoint),
+                          {std::to_string(point.number), environment.ports.codePage.Decode(point.time)})});
+  for (std::size_t s = 0; s < point.values.size() && s < names.size(); ++s) {
+    lines.push_back({names[s] + ": " + ValueText(point.values[s], format), static_cast<int>(s)});
+  }
+  return lines;
+}
+
+std::vector<ReadoutLine> CursorReadout(const Environment& environment, const ChartHeader& header,
+                                       const std::array<std::optional<PointReading>, 2>& cursors,
+                                       const std::vector<std::string>& names) {
+  const NumberFormat& format = environment.ports.locale.Numbers();
+  std::vector<ReadoutLine> lines;
+  for (std::size_t which = 0; which < cursors.size(); ++which) {
+    if (!cursors[which]) continue;
+    const std::string time = environment.ports.codePage.Decode(cursors[which]->time);
+    lines.push_back({FillIn(LoadMessage(environment, Text::kCursorPoint),
+                            {std::to_string(which + 1), std::to_string(cursors[which]->number), time})});
+  }
+  if (!cursors[0] || !cursors[1]) return lines;
+  const PointReading& first = *cursors[0];
+  const PointReading& second = *cursors[1];
+  const std::int64_t points = second.number - first.number;
+  const double expected = ScanSeconds(header, format).value_or(0) * static_cast<double>(points);
+  lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference),
+                          {std::to_string(points), TimeDifference(first.time, second.time, expected)})});
+  for (std::size_t s = 0; s < first.values.size() && s < second.values.size() && s < names.size(); ++s) {
+    lines.push_back({names[s] + ": " + ValueText(first.values[s], format) + " \xE2\x86\x92 " +
+                         ValueText(second.values[s], format) + " (" +
+                         DifferenceText(first.values[s], second.values[s], format) + ")",
+                     static_cast<int>(s)});
+  }
+  return lines;
+}
+
+std::optional<double> ScanSeconds(const ChartHeader& header, const NumberFormat& format) {
+  if (header.Unit == "hh:mm:ss") return SecondsOfDay(header.ScanTime);
+  try {
+    const double time = ToDouble(header.ScanTime, format);
+    return header.Unit == "ms" ? time / 1000 : time;
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
+std::string TimeDifference(const std::string& from, const std::string& to, double expectedSeconds) {
+  const auto begin = SecondsOfDay(from);
+  const auto end = SecondsOfDay(to);
+  if (!begin || !end) return kNoReading;
+  double seconds = *end - *begin;
+  seconds += std::round((expectedSeconds - seconds) / kSecondsPerDay) * kSecondsPerDay;
+  const auto whole = std::llround(std::fabs(seconds));
+  return (seconds < 0 ? "-" : "") + FormatDigits(whole / 3600, 2) + ":" + FormatDigits(whole / 60 % 60, 2) + ":" +
+         FormatDigits(whole % 60, 2);
+}
+
+}  // namespace chartproject

@@ -1,0 +1,25 @@
+// The chart file that a command was given, and the file that it is to write.
+#pragma once
+
+#include <string>
+
+#include "platform/ports.h"
+#include "recording/chart_header.h"
+
+namespace chartproject {
+
+/// Number of the error of a file that is no chart file, or holds no points.
+inline constexpr int kInvalidFileFormat = 321;
+
+/// Reads the header of a chart file. A key that the file lacks keeps its former value. Throws RunTimeError: 321 for a
+/// file that is none, else what opening and reading throw.
+void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& header);
+
+/// Throws RefusedError when writing `output` would replace the chart file itself, by whatever name: its own, a symbolic
+/// or a hard link's. Both are full names.
+void RefuseOutputOnto(const std::string& chartFile, const std::string& output);
+/// Throws RefusedError when the output is there and begins like a chart file, and NotARegularFile. Not for tables: a
+/// plain text table begins so, too.
+void RefuseOutputOntoRecording(Ports& ports, const std::string& output);
+
+}  // namespace chartproject

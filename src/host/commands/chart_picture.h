@@ -1,0 +1,40 @@
+// The chart of a slice without a window: what `render` draws and `print` puts on paper.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <string>
+
+#include "chart/view/chart_view.h"
+
+namespace chartproject {
+
+/// Options that choose the slice and the look of its chart.
+class ChartPictureOptions {
+ public:
+  void AddTo(CLI::App& command);
+
+  /// What the texts of the options mean. Throws RefusedError that names the option.
+  struct Choice {
+    ChartLook look;
+    std::int16_t pointsPerDivision = 1;
+    int first = 1;
+  };
+  [[nodiscard]] Choice Parse() const;
+
+ private:
+  std::string type_ = "3";
+  std::string first_ = "1";
+  std::string division_ = "1";
+  std::string scales_;
+  std::string grid_ = "off";
+  std::string markers_ = "off";
+  std::string lines_ = "on";
+};
+
+/// Opens a chart file in a view and loads the chosen slice. @param fileName full name
+/// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a first point that the
+/// file does not have.
+void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice);
+
+}  // namespace chartproject

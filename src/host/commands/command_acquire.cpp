@@ -1,0 +1,190 @@
+// acquire: records on the acquisition dialog without a window, or opens it in one.
+#include <exception>
+#include <ostream>
+
+#include "backends/posix/keyboard_signals.h"
+#include "common/environment/language.h"
+#include "common/values/text.h"
+#include "drive/drive_models.h"
+#include "drive/driver_file.h"
+#include "host/commands/acquire_request.h"
+#include "host/commands/command.h"
+#include "host/commands/progress.h"
+#include "host/session/session.h"
+#include "recording/trigger_events.h"
+
+namespace chartproject {
+
+namespace {
+
+std::string EventCodes() {
+  std::string codes;
+  for (int event = 0; event < kEventCount; ++event)
+    codes += (event > 0 ? " " : "") + std::string(EventCode(EventAt(event)));
+  return codes;
+}
+
+/// One recording without a window: stands for the user while the dialog is up.
+class HeadlessRecording {
+ public:
+  HeadlessRecording(Session& session, const AcquireRequest& request)
+      : session_(session), request_(request), progress_(session.Err(), ProgressKindFor(session.Options().quiet)) {}
+
+  ExitCode Run() {
+    HeadlessFormHost& host = session_.Headless();
+    ConsoleDialogs& boxes = session_.Console();
+    host.onShown = [this](Form& form) { Begin(form); };
+    host.onTick = [this](Form& form) { Watch(form); };
+    boxes.beforeBox = [this] { progress_.EndLine(); };
+    session_.Instance().AcquireVar();
+    progress_.EndLine();
+    host.onShown = nullptr;
+    host.onTick = nullptr;
+    boxes.beforeBox = nullptr;
+    if (refusal_) std::rethrow_exception(refusal_);
+    return (ended_ ? failed_ : Failed()) ? ExitCode::kRunTimeError : Outcome();
+  }
+
+ private:
+  void Begin(Form& shown) {
+    auto* const form = dynamic_cast<AcquireForm*>(&shown);
+    if (form == nullptr) return;
+    form->controller.pointTaken = [this](const AcquisitionRun& run) {
+      progress_.Show(run.Counter(), run.Plan().numberOfPoints);
+    };
+    form->runEnded = [this](const RunReport& report) {
+      report_ = report;
+      ended_ = true;
+      failed_ = Failed();  // what goes wrong afterwards, for example in storing settings, is not the recording's fault
+    };
+    try {
+      Component& component = session_.Instance().State();
+      FillAndStart(*form, request_, component, session_.Console());
+      const std::string& model = component.driveTable.At(form->Run().Plan().driveAddress).Type;
+      if (!ShowsValues(model)) {
+        session_.Err() << FillIn(LoadMessage(component, Text::kModelShowsNoNumbers), {model}) << "\n" << std::flush;
+      }
+      if (form->Run().State() == RunState::kArmed) progress_.Note("waiting for " + request_.trigger);
+    } catch (const StepFailed&) {
+      refusal_ = std::current_exception();
+      NameDriverFault();
+    } catch (const std::runtime_error&) {  // a refusal
+      refusal_ = std::current_exception();
+    }
+    errorsBefore_ = session_.Console().ErrorCount();
+    // Until now a signal ends the program: there is no point to lose. From now on it ends the recording.
+    KeyboardSignals::Watch();
+    // Nothing was started: there is nothing to wait for.
+    if (!form->Run().Active()) form->Unload();
+  }
+
+  /// A driver file that is a device or a pipe is a mistake of the command's user, as a chart file of that kind is.
+  void NameDriverFault() {
+    Component& component = session_.Instance().State();
+    try {
+      const int address = ParseNumber(component.selectedDriveAddress, "--address", 0, kLastDriveAddress);
+      (void)component.ports.files.OpenForReading(DriverFileName(component, static_cast<std::int16_t>(address)));
+    } catch (const NotARegularFile&) {
+      refusal_ = std::current_exception();
+    } catch (const std::runtime_error&) {
+      return;  // the step's own failure says enough
+    }
+  }
+
+  void Watch(Form& shown) {
+    auto* const form = dynamic_cast<AcquireForm*>(&shown);
+    if (form == nullptr) return;
+    // A handler that failed once fails at every tick: the points so far are kept, and the user has read why.
+    if (Failed()) form->StopRun();
+    if (!form->Run().Active()) form->Unload();
+  }
+
+  /// A handler let an error out while the recording ran. Errors shown before the start (for example about a drive that
+  /// was then replaced) do not count.
+  [[nodiscard]] bool Failed() const { return session_.Console().ErrorCount() > errorsBefore_; }
+
+  [[nodiscard]] ExitCode Outcome() {
+    const ChartWriteResult& written = report_.written;
+    const bool inFile = written.kind == ChartWriteResult::Kind::kWritten;
+    if (inFile) session_.Out() << report_.points << " points in " << VisibleText(report_.fileName) << "\n";
+    if (report_.end == RunEnd::kComplete) {
+      if (inFile) return ExitCode::kDone;
+      return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
+    }
+    const bool lost = written.kind == ChartWriteResult::Kind::kFailed && written.keptFile.empty();
+    const bool nothing = report_.end == RunEnd::kFailed && report_.points == 0;
+    return lost || nothing ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
+  }
+
+  Session& session_;
+  const AcquireRequest& request_;
+  Progress progress_;
+  RunReport report_;
+  bool ended_ = false;
+  bool failed_ = false;
+  std::exception_ptr refusal_;
+  int errorsBefore_ = 0;
+};
+
+constexpr int kMostGiven = 100;  // too many are refused with the dialog's reason, not by the parser
+
+class AcquireCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand(
+        "acquire", "Record parameters of a drive; without --file and --parameters the dialog opens");
+    app->add_option("--file", request_.fileName, "chart file to write")->type_name("PATH");
+    app->add_option("--parameters", request_.parameters, "one to four parameter numbers, for example 3,5")
+        ->delimiter(',')
+        ->expected(1, kMostGiven)
+        ->type_name("P[,P...]");
+    app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)");
+    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)");
+    app->add_option("--every", every_, "time between points: 200ms to 65535ms, 1s to 65s, or hh:mm:ss (default: 1s)")
+        ->type_name("TIME");
+    app->add_option("--trigger", request_.trigger, "record when an event occurs, one of: " + EventCodes())
+        ->type_name("CODE");
+    app->add_option("--compare", request_.compare, "parameter that a PXXX event compares");
+    app->add_option("--content", request_.content, "value that a PXXX event compares with");
+    return app;
+  }
+
+  ExitCode Run(Session& session) override {
+    if (request_.fileName.empty() != request_.parameters.empty()) {
+      throw RefusedError("acquire: give both --file and --parameters, or none of them for the dialog");
+    }
+    if (request_.fileName.empty()) {
+      for (const std::string* option :
+           {&request_.address, &request_.points, &every_, &request_.trigger, &request_.compare, &request_.content}) {
+        if (!option->empty()) throw RefusedError("acquire: in the dialog all is chosen there; leave the options out");
+      }
+      session.UseDesktop(DesktopMode::kScreen);
+      session.Instance().AcquireVar();
+      return ExitCode::kDone;
+    }
+    const bool compares = IsCompareEvent(EventOfCode(request_.trigger));
+    if (!compares && !(request_.compare.empty() && request_.content.empty())) {
+      throw RefusedError("acquire: --compare and --content go with a PXXX event of --trigger");
+    }
+    if (compares && request_.compare.empty()) {
+      throw RefusedError("acquire: a PXXX event needs --compare, the parameter that it watches");
+    }
+    request_.fileName = FullName(request_.fileName);
+    if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
+    return HeadlessRecording(session, request_).Run();
+  }
+
+  [[nodiscard]] bool OutputIsItsResult() const override { return false; }
+
+ private:
+  AcquireRequest request_;
+  std::string every_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeAcquireCommand() {
+  return std::make_unique<AcquireCommand>();
+}
+
+}  // namespace chartproject

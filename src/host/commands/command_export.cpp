@@ -1,0 +1,93 @@
+// export FILE [--output OUT]: a chart file's header and points into a workbook.
+#include <unistd.h>
+
+#include <ostream>
+
+#include "backends/posix/keyboard_signals.h"
+#include "chart/output/excel_export.h"
+#include "host/commands/arguments.h"
+#include "host/commands/chart_argument.h"
+#include "host/commands/command.h"
+#include "host/commands/progress.h"
+#include "host/session/session.h"
+#include "host/session/visible_output.h"
+
+namespace chartproject {
+
+namespace {
+
+ExitCode CodeOf(ExportOutcome outcome) {
+  switch (outcome) {
+    case ExportOutcome::kSaved:
+      return ExitCode::kDone;
+    case ExportOutcome::kGivenUp:
+      return ExitCode::kEndedEarly;
+    case ExportOutcome::kFailed:
+      return ExitCode::kRunTimeError;
+    default:
+      return ExitCode::kRefused;
+  }
+}
+
+class ExportCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand("export", "Write the points of a chart file into a workbook");
+    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("--output", output_,
+                    "workbook; a name ending in .csv or .xlsx chooses plain text or the modern workbook "
+                    "[default: FILE.xls]");
+    return app;
+  }
+
+  ExitCode Run(Session& session) override {
+    Component& component = session.Instance().State();
+    component.strChartFileName = FullName(file_);
+    const std::string output = output_.empty() ? component.strChartFileName + ".xls" : FullName(output_);
+    RefuseOutputOnto(component.strChartFileName, output);
+    component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));
+    ReadHeaderOf(component.ports, component.strChartFileName, component.chartHeader);
+    KeyboardSignals::Watch();
+    ExportRequest request{component.strChartFileName, output, component.chartHeader};
+    request.progress = [this, &session](std::uint64_t done, std::uint64_t total) {
+      ShowProgress(session.Err(), done, total);
+      return !session.ThePorts().keyboard.EscapePressed();
+    };
+    session.Console().beforeBox = [this, &session] { EndLine(session.Err()); };
+    const ExportOutcome outcome = ExportToSpreadsheet(component, request);
+    session.Console().beforeBox = nullptr;
+    EndLine(session.Err());
+    return CodeOf(outcome);
+  }
+
+ private:
+  /// A bar on a terminal; a file or pipe gets the messages only.
+  void ShowProgress(std::ostream& err, std::uint64_t done, std::uint64_t total) {
+    const auto percent = static_cast<std::int64_t>(total == 0 ? 100 : done * 100 / total);
+    if (!terminal_ || percent == shownPercent_) return;
+    shownPercent_ = percent;
+    constexpr int kBarWidth = 40;
+    RestartLine(err);
+    err << ProgressBarText(percent, 100, kBarWidth) << " " << percent << " %" << std::flush;
+    lineOpen_ = true;
+  }
+
+  void EndLine(std::ostream& err) {
+    if (lineOpen_) err << "\n";
+    lineOpen_ = false;
+  }
+
+  std::string file_;
+  std::string output_;
+  bool terminal_ = isatty(STDERR_FILENO) != 0;
+  bool lineOpen_ = false;
+  std::int64_t shownPercent_ = -1;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeExportCommand() {
+  return std::make_unique<ExportCommand>();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,90 @@
+// info FILE [--json]: the header of a chart file and the number of its rows.
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+
+#include "host/commands/arguments.h"
+#include "host/commands/chart_argument.h"
+#include "host/commands/command.h"
+#include "host/session/session.h"
+#include "recording/point_reader.h"
+
+namespace chartproject {
+
+namespace {
+
+struct ChartInfo {
+  ChartHeader header;
+  std::int64_t rows = 0;       ///< well-formed rows
+  std::int64_t malformed = 0;  ///< other lines among them that are neither empty nor comments
+};
+
+/// A header line's key as a label, without its "=".
+std::string Label(const HeaderKey& line) {
+  return std::string(line.key.substr(0, line.key.size() - 1));
+}
+
+void CountRows(FileSystem& files, const std::string& name, ChartInfo& info) {
+  const auto file = files.OpenForReading(name);
+  const auto start = LocateRows(*file);
+  if (!start) return;
+  PointReader points(*file, *start);
+  for (PointLine line; points.Next(line);) {
+    if (line.kind == LineKind::kPoint) ++info.rows;
+    if (line.kind == LineKind::kMalformed) ++info.malformed;
+  }
+}
+
+ChartInfo ReadInfo(Ports& ports, const std::string& name) {
+  ChartInfo info;
+  ReadHeaderOf(ports, name, info.header);
+  CountRows(ports.files, name, info);
+  return info;
+}
+
+class InfoCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand("info", "Show the header of a chart file and count its rows");
+    app->add_option("FILE", file_, "chart file")->required();
+    app->add_flag("--json", json_, "as one JSON object");
+    return app;
+  }
+
+  ExitCode Run(Session& session) override {
+    const ChartInfo info = ReadInfo(session.ThePorts(), FullName(file_));
+    if (json_) {
+      PrintJson(info, session.Out());
+    } else {
+      for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
+      session.Out() << "Rows: " << info.rows << "\n";
+      if (info.malformed > 0) session.Out() << "Malformed lines: " << info.malformed << "\n";
+    }
+    return ExitCode::kDone;
+  }
+
+ private:
+  void PrintJson(const ChartInfo& info, std::ostream& out) const {
+    nlohmann::ordered_json header;
+    for (const HeaderKey& line : kHeaderKeys) header[Label(line)] = info.header.*line.field;
+    nlohmann::ordered_json document;
+    document["file"] = file_;
+    document["header"] = header;
+    document["rows"] = info.rows;
+    document["malformedLines"] = info.malformed;
+    // Names that are no UTF-8 must not stop the output.
+    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  }
+
+  std::string file_;
+  bool json_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeInfoCommand() {
+  return std::make_unique<InfoCommand>();
+}
+
+}  // namespace chartproject

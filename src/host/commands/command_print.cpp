@@ -1,0 +1,74 @@
+// print FILE [--output PDF]: the page of the chart window without the window.
+#include <ostream>
+
+#include "chart/output/chart_page.h"
+#include "chart/picture/chart_scene.h"
+#include "common/error_log.h"
+#include "host/commands/arguments.h"
+#include "host/commands/chart_argument.h"
+#include "host/commands/chart_picture.h"
+#include "host/commands/command.h"
+#include "host/session/session.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr Size kPictureSize{660, 480};  // pixels: 17.5 cm by 12.7 cm on paper
+constexpr double kPictureScale = 2.0;   // paper shows more than a screen does
+
+class PrintCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand("print", "Print the chart of a chart file with its header");
+    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("--output", output_, "PDF file to write [default: the system's default printer]");
+    options_.AddTo(*app);
+    return app;
+  }
+
+  ExitCode Run(Session& session) override {
+    const ChartPictureOptions::Choice choice = options_.Parse();
+    if (!output_.empty()) {
+      RefuseOutputOnto(FullName(file_), FullName(output_));
+      RefuseOutputOntoRecording(session.ThePorts(), FullName(output_));
+    }
+    Desktop& desktop = session.UseDesktop(DesktopMode::kOffscreen);
+    if (!output_.empty()) desktop.PrintToFile(FullName(output_));
+    Component& component = session.Instance().State();
+    component.strChartFileName = FullName(file_);
+
+    ChartView view(component.ports, component.chartHeader);
+    LoadChosenSlice(view, component.strChartFileName, choice);
+    NameSeries(view, component);
+    ChartPage page = view.Page(component, choice.look);
+    page.picture = DrawPicture(view.Model(choice.look), component.ports.locale.Numbers(), kPictureSize, kPictureScale,
+                               *desktop.Forms().Pictures());
+    page.showStatus = [&session](const std::string& text) {
+      if (!text.empty()) session.Err() << text << "\n";
+    };
+    return PrintChartPage(component, page) ? ExitCode::kDone : ExitCode::kRunTimeError;
+  }
+
+ private:
+  /// A file of a drive that the project does not have is printed with the parameters' numbers alone.
+  static void NameSeries(ChartView& view, Component& component) {
+    try {
+      if (!component.driveTable.At(view.DriveAddress()).Type.empty()) view.NameSeries(component);
+    } catch (const RunTimeError& error) {
+      NoteRunTimeError(component, "NameSeries", error);  // an address outside the table
+    }
+  }
+
+  std::string file_;
+  std::string output_;
+  ChartPictureOptions options_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakePrintCommand() {
+  return std::make_unique<PrintCommand>();
+}
+
+}  // namespace chartproject

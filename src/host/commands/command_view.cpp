@@ -1,0 +1,50 @@
+// view FILE: the chart window.
+#include <exception>
+
+#include "host/commands/arguments.h"
+#include "host/commands/chart_argument.h"
+#include "host/commands/command.h"
+#include "host/session/session.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+class ViewCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    CLI::App* app = program.add_subcommand("view", "Show a chart file in the chart window");
+    app->add_option("FILE", file_, "chart file")->required();
+    return app;
+  }
+
+  ExitCode Run(Session& session) override {
+    const std::string name = FullName(file_);
+    (void)session.ThePorts().files.ResolveLink(name);  // refuses a device or a pipe before a window comes up
+    session.UseDesktop(DesktopMode::kScreen);
+    // The window tells its user of a file that it cannot show; a script learns it from the exit code.
+    std::exception_ptr fault;
+    try {
+      ChartHeader ignored;
+      ReadHeaderOf(session.ThePorts(), name, ignored);
+    } catch (const RunTimeError&) {
+      fault = std::current_exception();
+    }
+    session.Instance().CreateChart(name);
+    session.Release();
+    if (fault) std::rethrow_exception(fault);
+    return ExitCode::kDone;
+  }
+
+ private:
+  std::string file_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeViewCommand() {
+  return std::make_unique<ViewCommand>();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,50 @@
+// How a recording's progress is shown: a bar on a terminal, plain lines elsewhere.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+namespace chartproject {
+
+enum class ProgressKind {
+  kNone,   ///< --quiet
+  kLines,  ///< a file or a pipe: a line once a minute
+  kBar     ///< a terminal: one line that is written over, at most ten times a second
+};
+
+/// What standard error is good for.
+[[nodiscard]] ProgressKind ProgressKindFor(bool quiet);
+
+/// Times are of the real clock, whatever clock the recording runs on; the last point is always shown.
+class Progress {
+ public:
+  Progress(std::ostream& out, ProgressKind kind) : out_(out), kind_(kind) {}
+
+  /// @param done points taken so far, all of them kept already; @param total points of the recording
+  void Show(std::int64_t done, std::int64_t total);
+  /// A line about the recording that is not a point, for example that it waits for its trigger.
+  void Note(const std::string& text);
+  /// Ends a line that is being written over, so that other output starts on a line of its own.
+  void EndLine();
+
+ private:
+  using SteadyClock = std::chrono::steady_clock;
+  std::ostream& out_;
+  ProgressKind kind_;
+  bool lineOpen_ = false;
+  bool begun_ = false;
+  SteadyClock::time_point begin_;  ///< of the first point
+  SteadyClock::time_point shown_;
+  std::int64_t first_ = 0;
+};
+
+/// One state of progress as text: "1234/5000 (24 %), 5.0 points/s, 00:12:33 left".
+/// @param rate points a second; 0 while it is not known
+[[nodiscard]] std::string ProgressText(std::int64_t done, std::int64_t total, double rate);
+
+/// A bar of `width` characters that is full when all is done.
+[[nodiscard]] std::string ProgressBarText(std::int64_t done, std::int64_t total, int width);
+
+}  // namespace chartproject

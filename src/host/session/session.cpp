@@ -1,0 +1,129 @@
+// Putting the back ends together for one run of the program.
+#include "host/session/session.h"
+
+#include <ostream>
+
+#include "backends/headless/absent_devices.h"
+#include "backends/headless/code_page_1252.h"
+#include "backends/headless/virtual_clock.h"
+#include "backends/posix/clock_posix.h"
+#include "backends/posix/file_system_posix.h"
+#include "backends/posix/keyboard_signals.h"
+#include "backends/posix/locale_posix.h"
+#include "backends/posix/settings_store_ini.h"
+#include "backends/spreadsheet/embedded_spreadsheet.h"
+#include "host/session/drive_links.h"
+
+namespace chartproject {
+
+namespace {
+
+/// The clock of a run, and how its timers wait.
+struct SessionClock {
+  explicit SessionClock(const GlobalOptions& options) {
+    if (options.clock == ClockChoice::kVirtual) {
+      auto jumping = std::make_unique<VirtualClock>(options.start.value_or(ClockPosix().LocalNow()));
+      wait = [at = jumping.get()](Instant moment) { at->AdvanceTo(moment); };
+      clock = std::move(jumping);
+    } else {
+      wait = SleepUntil;
+      clock = std::make_unique<ClockPosix>();
+    }
+  }
+  std::unique_ptr<Clock> clock;
+  WaitUntil wait;
+};
+
+}  // namespace
+
+struct Session::Outside {
+  Outside(const GlobalOptions& options, std::ostream& err)
+      : clock(options),
+        settings(files, options.profileFolder.empty() ? SettingsStoreIni::UserFolder() : options.profileFolder),
+        dialogs(err, options.answerYes, kApplicationTitle),
+        forms(*clock.clock, clock.wait),
+        link(options.link) {}
+
+  DriveLinkFactory& Links() {
+    if (!links) links = MakeDriveLinks(link, files, *clock.clock, locale);
+    return *links;
+  }
+
+  FileSystemPosix files;
+  SessionClock clock;
+  SettingsStoreIni settings;
+  LocalePosix locale = LocalePosix::FromEnvironment();
+  CodePage1252 codePage;
+  ConsoleDialogs dialogs;
+  SilentSound sound;
+  KeyboardSignals keyboard;
+  NoHelp help;
+  ProcessClipboard clipboard;
+  NoPrinter printer;
+  EmbeddedSpreadsheets spreadsheets{locale};
+  HeadlessFormHost forms;
+  std::string link;
+  std::unique_ptr<DriveLinkFactory> links;
+};
+
+Session::Session(const GlobalOptions& options, std::ostream& out, std::ostream& err)
+    : options_(options), out_(out), err_(err), outside_(std::make_unique<Outside>(options, err)) {}
+
+Session::~Session() = default;
+
+Desktop& Session::UseDesktop(DesktopMode mode) {
+  const auto language = [this] {
+    if (instance_) return instance_->State().language;  // what was chosen since is not in the store yet
+    return LanguageNamed(outside_->settings.Read("MyConf", "strLanguage").value_or("")).value_or(Language::kEnglish);
+  };
+  desktop_ = OpenDesktop(mode, *outside_->clock.clock, language);
+  onScreen_ = mode == DesktopMode::kScreen;
+  ports_.reset();
+  return *desktop_;
+}
+
+Ports& Session::ThePorts() {
+  if (ports_) return *ports_;
+  Outside& own = *outside_;
+  // Off the screen only paper and pictures come from the windowing system; boxes stay texts.
+  Desktop* const screen = onScreen_ ? desktop_.get() : nullptr;
+  ports_ = std::make_unique<Ports>(
+      Ports{own.settings, own.files, *own.clock.clock, own.locale, own.codePage,
+            screen != nullptr ? screen->Boxes() : own.dialogs, screen != nullptr ? screen->Sounds() : own.sound,
+            screen != nullptr ? screen->Keys() : own.keyboard, screen != nullptr ? screen->HelpViewer() : own.help,
+            screen != nullptr ? screen->ClipboardPicture() : own.clipboard, desktop_ ? desktop_->Paper() : own.printer,
+            own.spreadsheets});
+  return *ports_;
+}
+
+FormHost& Session::Forms() noexcept {
+  return onScreen_ ? desktop_->Forms() : outside_->forms;
+}
+
+HeadlessFormHost& Session::Headless() noexcept {
+  return outside_->forms;
+}
+
+ConsoleDialogs& Session::Console() noexcept {
+  return outside_->dialogs;
+}
+
+DriveLinkFactory& Session::Links() {
+  return outside_->Links();
+}
+
+ChartClass& Session::Instance() {
+  if (!instance_) {
+    instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links(), process_);
+    instance_->State().profileFolder = outside_->settings.Folder();
+  }
+  return *instance_;
+}
+
+void Session::Release() {
+  if (!instance_) return;
+  instance_->Release();
+  instance_.reset();
+}
+
+}  // namespace chartproject

@@ -1,0 +1,116 @@
+// The program's stand-in for the drive host's main window.
+#include "host/window/start_form.h"
+
+#include <array>
+
+#include "common/environment/language.h"
+#include "common/error_log.h"
+#include "common/form_appearance.h"
+#include "forms/form_host.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr int kDriveLineWidth = 46;
+
+}  // namespace
+
+StartForm::StartForm(ChartClass& instance, std::string madeIn)
+    : Form(instance.State().forms, "frmStart", MakeHandlerErrorReporter(instance.State())),
+      instance_(instance),
+      component_(instance.State()),
+      madeIn_(std::move(madeIn)) {
+  for (const LanguageRow& row : kLanguages) cboLanguage.AddItem(std::string(row.ownName));
+  PlaceControls();
+  Connect();
+}
+
+void StartForm::PlaceControls() {
+  rtfDrives.SetMultiLine(true);
+  rtfDrives.SetReadOnly(true);
+  rtfDrives.SetWidthInCharacters(kDriveLineWidth);
+  lblNote.SetWordWrap(true);
+  for (Label* label : {&lblProject, &lblNote, &lblLanguage}) label->SetBorderStyle(0);
+  cmdAcquire.SetDefault(true);
+  cmdClose.SetCancel(true);
+  LayoutBox drives = Stretched(Group(fraDrives, Column({Cell(rtfDrives, 1, 1), Cell(lblProject, 1)})), 1, 1);
+  LayoutBox buttons = Column({Cell(cmdAcquire), Cell(cmdOpenChart), Space(0, 1), Cell(cmdClose)});
+  SetLayout(Column({Row({std::move(drives), std::move(buttons)}), Collapsing(Cell(lblNote, 1)),
+                    Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
+}
+
+void StartForm::Connect() {
+  cmdAcquire.click = {"cmdAcquire_Click", [this] { cmdAcquire_Click(); }};
+  cmdOpenChart.click = {"cmdOpenChart_Click", [this] { cmdOpenChart_Click(); }};
+  cmdClose.click = {"cmdClose_Click", [this] { Unload(); }};
+  cboLanguage.click = {"cboLanguage_Click", [this] { cboLanguage_Click(); }};
+  chkSound.click = {"chkSound_Click", [this] { chkSound_Click(); }};
+  helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, 0); }};
+}
+
+void StartForm::OnLoad() {
+  const Settings& settings = component_.settings;
+  for (std::size_t i = 0; i < kLanguages.size(); ++i) {
+    if (settings.strLanguage == kLanguages[i].name) cboLanguage.SetListIndex(static_cast<int>(i));
+  }
+  chkSound.SetValue(settings.strSound == "No" ? 0 : 1);
+  rtfDrives.SetText(DriveLines());
+  lblProject.SetCaption(settings.strFolder);
+  lblNote.SetVisible(!madeIn_.empty());
+  ShowTexts();
+  LayoutChanged();
+  const Size screen = component_.forms.ScreenSize();
+  SetLeft((screen.width - Width()) / 2);
+  SetTop((screen.height - Height()) / 2);
+  LoadFormPictures(component_, *this);
+}
+
+void StartForm::ShowTexts() {
+  SetCaption("ChartProject");
+  const auto text = [this](Text which) { return LoadMessage(component_, which); };
+  fraDrives.SetCaption(text(Text::kStartDrives));
+  cmdAcquire.SetCaption(text(Text::kStartAcquire));
+  cmdOpenChart.SetCaption(text(Text::kStartOpenChart));
+  cmdClose.SetCaption(text(Text::kStartClose));
+  lblLanguage.SetCaption(text(Text::kStartLanguage));
+  chkSound.SetCaption(text(Text::kStartSound));
+  lblNote.SetCaption(FillIn(text(Text::kStartProjectMade), {madeIn_}));
+}
+
+std::string StartForm::DriveLines() const {
+  std::string lines;
+  for (int address = 1; address <= kLastDriveAddress; ++address) {
+    const DriveRecord& drive = component_.driveTable.At(address);
+    if (drive.Type.empty()) continue;
+    if (!lines.empty()) lines += "\r\n";
+    lines += drive.Address + "\t" + drive.Type + "\t" + drive.FirmwareVersion + "\t" + drive.Tag;
+  }
+  return lines;
+}
+
+void StartForm::cboLanguage_Click() {
+  if (cboLanguage.ListIndex() < 0) return;
+  component_.settings.strLanguage = kLanguages.at(static_cast<std::size_t>(cboLanguage.ListIndex())).name;
+  SetLanguageBase(component_);
+  SetHelpFile(component_);
+  ShowTexts();
+}
+
+void StartForm::chkSound_Click() {
+  component_.settings.strSound = chkSound.Value() == 0 ? "No" : "Yes";
+}
+
+void StartForm::cmdAcquire_Click() {
+  lblNote.SetVisible(false);  // said once
+  instance_.AcquireVar();
+}
+
+void StartForm::cmdOpenChart_Click() {
+  lblNote.SetVisible(false);
+  const auto fileName = component_.ports.dialogs.ShowOpenFile(
+      {component_.settings.strFolder, LoadMessage(component_, Text::kStartChartFiles) + " (*.cht)|*.cht", 1, 4096});
+  if (fileName) instance_.CreateChart(*fileName);
+}
+
+}  // namespace chartproject

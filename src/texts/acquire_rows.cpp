@@ -1,0 +1,45 @@
+// Texts of the acquisition dialog beyond the numbered messages.
+#include <array>
+
+#include "texts/text_row.h"
+
+namespace chartproject {
+
+namespace {
+
+constexpr auto kRows = std::to_array<TextRow>({
+    {Text::kHintDriveAddress, "Escolha um endereço de drive.", "Choose a drive address.",
+     "Elija una dirección de drive."},
+    {Text::kHintParameters, "Escolha um parâmetro em cada lista em uso.",
+     "Choose a parameter in every list that is in use.", "Elija un parámetro en cada lista en uso."},
+    {Text::kHintFileName, "Digite um nome de arquivo.", "Enter a file name.", "Introduzca un nombre de archivo."},
+    {Text::kHintTime, "Digite o tempo entre pontos.", "Enter the time among points.",
+     "Introduzca el tiempo entre puntos."},
+    {Text::kHintPoints, "Digite o número de pontos.", "Enter the number of points.", "Introduzca el número de puntos."},
+    {Text::kHintEvent, "Escolha um evento.", "Choose an event.", "Elija un evento."},
+    {Text::kHintContent, "Digite o conteúdo de comparação.", "Enter the content to compare with.",
+     "Introduzca el contenido de comparación."},
+    {Text::kRunEstimate, "Duração %1, cerca de %2.", "Duration %1, about %2.", "Duración %1, unos %2."},
+    {Text::kElapsedAndEnd, "Decorrido %1, término previsto %2", "Elapsed %1, expected end %2",
+     "Transcurrido %1, término previsto %2"},
+    {Text::kFileBeingRecorded, "%1 está sendo registrado por outra janela ou outro programa (arquivo de bloqueio %2).",
+     "%1 is being recorded by another window or program (lock file %2).",
+     "%1 está siendo registrado por otra ventana u otro programa (archivo de bloqueo %2)."},
+    {Text::kPointsLost, "%1 ponto(s) não puderam ser salvos em lugar nenhum e estão perdidos.",
+     "%1 point(s) could not be saved anywhere and are lost.",
+     "%1 punto(s) no se pudieron guardar en ningún lugar y se perdieron."},
+    {Text::kNewFile, "&Novo ...", "&New ...", "&Nuevo ..."},
+    {Text::kNewFileTip, "Dar nome a um novo arquivo de gráfico na pasta do projeto",
+     "Name a new chart file in the project folder", "Nombrar un archivo de gráfico nuevo en la carpeta del proyecto"},
+    {Text::kBrowseTip, "Procurar um arquivo de gráfico existente", "Look for an existing chart file",
+     "Buscar un archivo de gráfico existente"},
+});
+static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
+
+}  // namespace
+
+std::span<const TextRow> AcquireRows() noexcept {
+  return kRows;
+}
+
+}  // namespace chartproject

@@ -1,0 +1,227 @@
+// The name of every text that users see.
+#pragma once
+
+#include <cstdint>
+
+namespace chartproject {
+
+/// One name a text; each has a row in three languages, in one of the *_rows.cpp files. The first 101 are the numbered
+/// messages: their values are the numbers. A new text: a name here, a row at the same place of the group's file.
+enum class Text : std::uint16_t {
+  // The numbered messages (message_rows.cpp).
+  kEnterFileName = 0,
+  kChartFile,
+  kAcquiringData,
+  kDriveAddress,
+  kParameters,
+  kFileName,
+  kNumberOfPoints,
+  kTimeAmongPoints,
+  kReset,
+  kResetTip,
+  kOk,
+  kOkTip,
+  kCancel,
+  kCancelTip,
+  kAcquireParameter,
+  kViewChart,
+  kEscCancelsTip,
+  kTrigger,
+  kEventRun,
+  kEvent,
+  kManual,
+  kTriggerMode,
+  kEventDI1Off,
+  kEventDI1On,
+  kEventDI2Off,
+  kEventDI2On,
+  kEventDI3Off,
+  kEventDI3On,
+  kEventDI4Off,
+  kEventDI4On,
+  kEventDI5Off,
+  kEventDI5On,
+  kEventDI6Off,
+  kEventDI6On,
+  kEventDI7Off,
+  kEventDI7On,
+  kEventDI8Off,
+  kEventDI8On,
+  kEventGreater,
+  kEventLess,
+  kEventEqual,
+  kEventGreaterOrEqual,
+  kEventLessOrEqual,
+  kStartAcquisition,
+  kParameter,
+  kContent,
+  kGrid,
+  kNumberOfParameters,
+  kCommunicationError,
+  kContinueEvenSo,
+  kStartDate,
+  kEndDate,
+  kLineError,
+  kSaving,
+  kHoursMinutesSeconds,
+  kParameterContent,
+  kStartTime,
+  kEndTime,
+  kMillisecondsRange,
+  kSecondsRange,
+  kPointsRange,
+  kEventReady,
+  kEventUndervoltage,
+  kWarning,
+  kEventNotAvailable,
+  kOutOfRange,
+  kPrint,
+  kPrintTip,
+  kPrinting,
+  kUpdateChart,
+  kChart3DBar,
+  kChart2DBar,
+  kChart3DLine,
+  kChart2DLine,
+  kChart3DArea,
+  kChart2DArea,
+  kChart3DStep,
+  kChart2DStep,
+  kChartType,
+  kScale,
+  kMarker,
+  kLine,
+  kBadClockTime,
+  kYes,
+  kNo,
+  kBrowse,
+  kTooLittleSpace,
+  kPointsSavedOn,
+  kRequiredSpace,
+  kFileExistsBefore,
+  kFileExistsAfter,
+  kNoSpreadsheet,
+  kExportQuestion,
+  kExportTakesTime,
+  kFileSavedAs,
+  kExport,
+  kExportTip,
+  kPrintQuestion,
+  kAddress,
+  kDoesNotExist,
+  kCannotLoad,
+
+  // The acquisition dialog (acquire_rows.cpp).
+  kHintDriveAddress,   ///< "Choose a drive address." : first thing that keeps Start away
+  kHintParameters,     ///< "Choose a parameter in every list that is in use."
+  kHintFileName,       ///< "Enter a file name."
+  kHintTime,           ///< "Enter the time among points."
+  kHintPoints,         ///< "Enter the number of points."
+  kHintEvent,          ///< "Choose an event."
+  kHintContent,        ///< "Enter the content to compare with."
+  kRunEstimate,        ///< "Duration %1, about %2."  %1 time, %2 size of the file
+  kElapsedAndEnd,      ///< "Elapsed %1, expected end %2"
+  kFileBeingRecorded,  ///< "%1 is being recorded by another window or program (lock file %2)."
+  kPointsLost,         ///< "%1 point(s) could not be saved anywhere ..."
+  kNewFile,            ///< caption of the button that asks for a new file's name
+  kNewFileTip,
+  kBrowseTip,
+
+  // The chart window, its page and its export (chart_rows.cpp).
+  kExportStopped,        ///< "The export was stopped. No file was written."
+  kExportSkippedLines,   ///< "%1 line(s) ... left out; the first is line %2."
+  kExportTooLarge,       ///< "... %1 points would fit."
+  kExportNeedsSpace,     ///< the workbook needs %1, the disk has %2
+  kExportWithoutPoints,  ///< the file holds 0 points
+  kExporting,            ///< "Exporting: %1 % (Esc stops)"
+  kCellPlace,            ///< "line %1, column %2: ", before what is wrong there
+  kPointsPerDivision,    ///< "Points per division: %1"
+  kReadingFile,          ///< "Reading the file: %1 % (Esc stops)"
+  kReadingStopped,       ///< "Stopped. The chart stays where it was."
+  kFewerPoints,          ///< the file holds %1 points, its header names %2
+  kMorePoints,           ///< the file goes on behind point %1, the last one of its header
+  kUnknownPoints,        ///< the header names no number of points; the file holds %1
+  kUnknownSeries,        ///< the header names no 1 to 4 parameters; %1 columns are shown
+  kNoPointLines,         ///< the file holds a header only
+  kNoParameterNames,     ///< no driver file: %1 is the reason
+  kReadoutPoint,         ///< "Point %1, %2"  %2 its time
+  kCursorPoint,          ///< "Cursor %1: point %2, %3"
+  kCursorDifference,     ///< "Difference: %1 points, %2"
+  kChartTip,             ///< how to place and remove the cursors
+
+  // The start window, message boxes and file dialogs (window_rows.cpp).
+  kStartDrives,   ///< caption of the start window's list of drives
+  kStartAcquire,  ///< buttons of the start window
+  kStartOpenChart,
+  kStartClose,
+  kStartLanguage,
+  kStartSound,
+  kStartChartFiles,        ///< "Chart files", before the pattern in the file dialog
+  kStartProjectMade,       ///< "A project with simulated drives was made in %1."
+  kStartSettingsReplaced,  ///< heading of a list of settings and their former values
+  kBoxOk,
+  kBoxCancel,
+  kBoxYes,
+  kBoxNo,
+  kBoxHelp,
+  kBoxOpen,
+  kBoxSave,
+  kBoxLookIn,
+  kBoxFileName,
+  kBoxFileType,
+  kHelpTitle,
+  kHelpFileMissing,
+  kHelpFileUnreadable,
+
+  // Drives and driver files (drive_rows.cpp).
+  kDriverLineError,      ///< %1 line, %2 file
+  kUnknownUnit,          ///< %1 keyword and parameter
+  kFileLinePlace,        ///< "%1, line %2: ", before what is wrong there
+  kModelShowsNoNumbers,  ///< %1 model
+  kMoreDriverFaults,     ///< %1 number of further faults, %2 file
+
+  // Descriptions of run-time errors (error_rows.cpp).
+  kDialogAlreadyOpen,
+  kNoChartFileName,
+  kDriveLinkNotOpen,
+  kUnknownDriveLink,
+  kNotAChartFile,
+  kChartFileWithoutPoints,
+  kLineIsNotAPoint,
+  kIsAFolder,
+  kNotARegularFile,
+  kFileNotFound,
+  kClipboardInUse,
+  kClipboardWithoutPicture,
+  kPicturesNotDrawn,
+  kInvalidPicture,
+  kPictureNotWritten,
+  kNothingToPrint,
+  kPrinterError,
+  kBuiltWithoutPrinting,
+  kBuiltWithoutWindows,
+  kNoDisplay,
+  kDisplayNotReached,  ///< %1 display
+  kWindowNotMade,
+  kControlNotMade,
+  kCellTextTooLong,
+  kWorkbookTooLarge,
+  kSheetRefused,
+  kExportOntoItself,
+  kDiskTooLarge,
+  kOverflow,
+  kTypeMismatch,
+  kSettingsFileTooLarge,  ///< %1 file
+  kSettingsLineSkipped,   ///< "the line is not understood and is left out: %1"
+  kSettingOverflow,
+  kSettingTypeMismatch,
+  kApplicationMember,
+  kApplicationFailed,
+  kWithoutObject,
+  kNoWorkbook,
+  kFileTooLarge,  ///< %1 file, %2 its size and %3 the largest size in MB
+
+  kCount
+};
+
+}  // namespace chartproject
