@@ -1,10 +1,11 @@
-// Bytes of a fuzz target as an input file.
+// Bytes of a fuzz target as an input file, or as lines.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "platform/file_system.h"
 
@@ -28,6 +29,18 @@ class BytesFile : public InputFile {
   std::size_t most_;
   std::size_t at_ = 0;
 };
+
+inline std::vector<std::string> Lines(std::string_view bytes) {
+  std::vector<std::string> lines{""};
+  for (const char byte : bytes) {
+    if (byte == '\n') {
+      lines.emplace_back();
+    } else {
+      lines.back() += byte;
+    }
+  }
+  return lines;
+}
 
 inline void Require(bool holds) {
   if (!holds) std::abort();

@@ -1,4 +1,4 @@
-// One program for all targets: the name that it is called by, for example "driver_fuzz", chooses one.
+// One program for most targets: the name that it is called by, for example "driver_fuzz", chooses one.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -20,7 +20,6 @@ constexpr Target kTargets[] = {{"drive", fuzz::Drive},
                                {"settings", fuzz::Settings},
                                {"number", fuzz::Number},
                                {"visible", fuzz::Visible},
-                               {"command_line", fuzz::CommandLine},
                                {"access_keys", fuzz::AccessKeys},
                                {"layout", fuzz::Layout},
                                {"csv", fuzz::Csv},

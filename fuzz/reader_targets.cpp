@@ -47,7 +47,8 @@ void Driver(std::string_view bytes) {
   Require(project.fakes.dialogs.boxes.size() <= 11);
   // A line of another shape must never pass for a parameter.
   ParameterTable table;
-  DriverFileParser parser(table, {",", "."}, [](std::string_view keyword, int) { return FindUnitCode(keyword); });
+  const NumberFormat numbers{",", "."};
+  DriverFileParser parser(table, numbers, [](std::string_view keyword, int) { return FindUnitCode(keyword); });
   const std::string line(bytes.substr(0, bytes.find('\n')));
   (void)ErrorOf([&] {
     const bool other = line.starts_with('#') && CountChar(line, '#') != 14 && line.find('=') == std::string::npos;

@@ -13,10 +13,9 @@ void Settings(std::string_view bytes);  ///< the file of the settings
 void Number(std::string_view bytes);    ///< a number; the first byte chooses the locale
 void Visible(std::string_view bytes);   ///< any text on its way to a terminal
 
-// The user's side (input_targets.cpp).
-void CommandLine(std::string_view bytes);  ///< arguments, one a line
-void AccessKeys(std::string_view bytes);   ///< captions, one a line
-void Layout(std::string_view bytes);       ///< a form: each byte adds, wraps or changes a box
+// Forms (form_targets.cpp).
+void AccessKeys(std::string_view bytes);  ///< captions, one a line
+void Layout(std::string_view bytes);      ///< a form: each byte adds, wraps or changes a box
 
 // Writers (writer_targets.cpp): the first bytes choose values, the others are texts, one a line.
 void Csv(std::string_view bytes);

@@ -42,8 +42,11 @@ std::string Write(std::string_view bytes, const char* ending) {
 std::vector<std::string> CellsOf(std::string_view text, char separator) {
   std::vector<std::string> cells{""};
   bool quoted = false;
-  for (const char byte : text) {
-    if (byte == '"' && (quoted || cells.back().empty())) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char byte = text[i];
+    if (byte == '"' && quoted && text.substr(i + 1, 1) == "\"") {
+      cells.back() += text[++i];
+    } else if (byte == '"' && (quoted || cells.back().empty())) {
       quoted = !quoted;
     } else if (!quoted && (byte == separator || byte == '\r' || byte == '\n')) {
       cells.emplace_back();

@@ -64,7 +64,8 @@ TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
       {false, "\t=1", "\"'\t'=1\""},
       {false, "\r=1", "\"'\r'=1\""},
       {false, "a=1", "a=1"},
-      {false, "-e5", "'-e5"}};
+      {false, "-e5", "'-e5"},
+      {false, ";\"=1", "\";'\"\"=1\""}};
   for (const auto& [comma, text, cell] : cases) {
     locale.numbers = comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
     const std::string target = folder / "values.csv";

@@ -36,7 +36,9 @@ std::string WithoutFormulas(std::string_view text) {
   std::string safe;
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t end = std::min(text.find_first_of(kPartings, begin), text.size());
-    const std::string_view piece = text.substr(begin, end - begin);
+    // A quote that another separator puts at a cell's beginning is taken away.
+    const std::size_t first = std::min(text.find_first_not_of('"', begin), end);
+    const std::string_view piece = text.substr(first, end - first);
     const bool parts = begin == 0 && end == 0 && text[0] != ';';  // begins with a tab or a line end
     const bool formula = !piece.empty() && (piece[0] == '=' || piece[0] == '@' ||
                                             ((piece[0] == '+' || piece[0] == '-') && !IsPlainSigned(piece)));

@@ -1,4 +1,4 @@
-// What the user and the user's scripts give: arguments, captions, windows of any shape.
+// Forms of any captions and any shape.
 #include <cmath>
 
 #include "bytes_file.h"
@@ -7,26 +7,12 @@
 #include "forms/controls.h"
 #include "forms/form.h"
 #include "forms/layout.h"
-#include "host/commands/arguments.h"
-#include "host/commands/command.h"
 #include "support/fake_ports.h"
 #include "targets.h"
 
 namespace chartproject::fuzz {
 
 namespace {
-
-std::vector<std::string> Lines(std::string_view bytes) {
-  std::vector<std::string> lines{""};
-  for (const char byte : bytes) {
-    if (byte == '\n') {
-      lines.emplace_back();
-    } else {
-      lines.back() += byte;
-    }
-  }
-  return lines;
-}
 
 /// Sizes that follow the captions.
 struct Measurer : ControlMeasurer {
@@ -48,32 +34,6 @@ struct AnyForm : Form {
 };
 
 }  // namespace
-
-void CommandLine(std::string_view bytes) {
-  CLI::App app("", "chartproject");
-  std::vector<std::unique_ptr<Command>> commands;
-  for (const auto make : {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand,
-                          MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand, MakeExportCommand}) {
-    commands.push_back(make());
-    commands.back()->AddTo(app);
-  }
-  std::vector<std::string> arguments = Lines(bytes);
-  for (const std::string& argument : arguments) {
-    try {
-      (void)ParseDateTime(argument);
-      (void)ParseTimeBetweenPoints(argument);
-      (void)ParseNumber(argument, "--points", 1, 9);
-    } catch (const RefusedError&) {
-      continue;
-    }
-  }
-  try {
-    std::reverse(arguments.begin(), arguments.end());
-    app.parse(std::move(arguments));
-  } catch (const CLI::Error&) {
-    return;
-  }
-}
 
 void AccessKeys(std::string_view bytes) {
   FakePorts fakes;
