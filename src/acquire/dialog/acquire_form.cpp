@@ -24,7 +24,8 @@ AcquireForm::AcquireForm(Component& component)
       timing(*this, component, file, drive, [this] { UpdateStartButtons(); }),
       trigger(*this, component, drive, [this] { UpdateStartButtons(); }),
       panel(*this, component,
-            {[this](bool enabled) { LockSetupFields(enabled); }, [this](bool held) { cmdOK.SetCancel(!held); }}),
+            {[this](bool enabled) { LockSetupFields(enabled); }, [this] { UpdateStartButtons(); },
+             [this](bool held) { cmdOK.SetCancel(!held); }}),
       controller(*this, component, panel) {
   NumberTexts();
   PlaceControls();
@@ -41,7 +42,6 @@ void AcquireForm::NumberTexts() {
   cmdReset.SetToolTipText(TextNumber(Text::kResetTip));
   cmdOK.SetTag(TextNumber(Text::kOk));
   cmdOK.SetToolTipText(TextNumber(Text::kOkTip));
-  cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
 }
 
@@ -55,7 +55,9 @@ void AcquireForm::Connect() {
   On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
   controller.runEnded = [this](const RunReport& report) {
+    file.NoteRecording();
     UpdateViewChartButton();
+    UpdateStartButtons();
     if (runEnded) runEnded(report);
   };
 }
@@ -107,12 +109,23 @@ void AcquireForm::FileNameChanged(NamedBy by) {
   const bool exists = file.Exists();
   PlayWave(component_, kClickSound);
   ResetForm(by);
+  file.NoteRecording();
   if (exists) {
-    // A file without a single key is no chart file: it has no settings to show.
-    if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
+    ReadRecordingThere(by);
     UpdateViewChartButton();
   }
   UpdateStartButtons();
+}
+
+/// Shows the settings of a recording that has the chosen name; one that cannot be read is reported, but not at every
+/// letter of a name.
+void AcquireForm::ReadRecordingThere(NamedBy by) {
+  try {
+    // A file without a single key is not a recording: it has no settings to show.
+    if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
+  } catch (const RunTimeError& error) {
+    if (by == NamedBy::kChoice) file.WarnOf(error, Text::kNoRightToRead);
+  }
 }
 
 void AcquireForm::ShowHeaderInForm() {
@@ -136,7 +149,7 @@ std::optional<std::string> AcquireForm::Missing() const {
 
 void AcquireForm::UpdateStartButtons() {
   const auto missing = Missing();
-  panel.lblHint.SetCaption(missing.value_or(std::string()));
+  panel.lblHint.SetCaption(missing ? *missing : file.TargetNote());
   panel.lblEstimate.SetCaption(timing.Estimate());
   panel.ShowStopwatchField(timing.SpacedByStopwatch());
   if (missing) {
@@ -158,17 +171,24 @@ void AcquireForm::LockSetupFields(bool enabled) {
 std::optional<RunPlan> AcquireForm::PrepareRun() {
   if (Run().State() != RunState::kIdle || Missing() || !timing.Holds() || !trigger.Holds()) return std::nullopt;
   RunPlan plan;
-  plan.fileName = file.Name();
+  plan.fileName = file.FullName();
   drive.FillPlan(plan);
   timing.FillPlan(plan);
-  // A folder in which no file can be made is reported now, not after hours of sampling.
-  if (!controller.Reserve(plan.fileName)) {
-    ShowMessage(component_, FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {plan.fileName}),
-                box_style::kExclamation, component_.helpFile);
-    return std::nullopt;
-  }
+  if (!ReserveFile(plan.fileName)) return std::nullopt;
   FillChartHeader(plan);
   return plan;
+}
+
+/// A file that cannot be written is reported now, not after hours of sampling.
+bool AcquireForm::ReserveFile(const std::string& fileName) {
+  try {
+    if (controller.Reserve(fileName)) return true;
+    ShowMessage(component_, FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {fileName}),
+                box_style::kExclamation, component_.helpFile);
+  } catch (const RunTimeError& error) {
+    file.WarnOf(error, Text::kNoRightToWrite);
+  }
+  return false;
 }
 
 void AcquireForm::FillChartHeader(const RunPlan& plan) {

@@ -60,6 +60,8 @@ class AcquireForm : public Form {
   void UpdateStartButtons();
   void LockSetupFields(bool enabled);
   [[nodiscard]] std::optional<RunPlan> PrepareRun();
+  [[nodiscard]] bool ReserveFile(const std::string& fileName);
+  void ReadRecordingThere(NamedBy by);
   void FillChartHeader(const RunPlan& plan);
   void cmdStart_Click();
   void cmdTrigger_Click();
