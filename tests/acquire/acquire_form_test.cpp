@@ -117,7 +117,7 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   check(form->timing.txtNumberOfPoints, "0", "5", true);
   check(form->timing.txtNumberOfPoints, "07", "7", true);  // a refused number is selected when it comes back
   check(form->timing.txtNumberOfPoints, "20000000019", "9", true);
-  check(form->timing.txtNumberOfPoints, "8x", "8");
+  check(form->timing.txtNumberOfPoints, "8x7", "87");
   check(form->timing.txtNumberOfPoints, "12.6", "13");
   check(form->timing.txtNumberOfPoints, "12.", "12");
   check(form->timing.txtNumberOfPoints, "1,000", "1000");

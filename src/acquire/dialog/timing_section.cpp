@@ -151,8 +151,9 @@ bool TimingSection::RoomFor(std::int32_t points) const {
 void TimingSection::PutBack(TextControl& field, const std::string& text) {
   if (puttingBack_) return;
   const FlagScope puttingBack(puttingBack_);
+  const bool strayLetter = !field.Text().empty() && !IsNumeric(field.Text(), Numbers());
   field.SetText(text);
-  field.SelectAll();  // the next digit begins a new number
+  if (!strayLetter) field.SelectAll();  // the next digit begins a new number
 }
 
 /// Gives a number that was typed up to its decimal sign its whole form.
