@@ -39,7 +39,6 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(std::pair(form->Left(), form->Top()), std::pair(1500.0, (1024 * 15 - 6360) / 2.0));
   EXPECT_EQ(form->HelpContextId(), 91);
   EXPECT_THAT(Prompts(), IsEmpty());
-  EXPECT_THAT(fake.files.Bytes("\\Kestrel.log"), AllOf(HasSubstr("Kestrel.ico"), HasSubstr("Select.cur")));
 }
 
 TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
