@@ -1,15 +1,20 @@
 // The dialog before a run: lists, fields, events, the chart file's header, messages, closing. The rules of the
 // typed fields, and the texts of a run's length and size.
+#include <set>
+
 #include "acquire/dialog/input_rules.h"
 #include "acquire/run/run_texts.h"
 #include "acquire/run/stopwatch.h"
+#include "common/values/text.h"
 #include "dialog_fixture.h"
+#include "forms/access_keys.h"
 #include "recording/trigger_events.h"
+#include "support/typing.h"
 
 namespace chartproject {
 namespace {
 
-using ::testing::AllOf, ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
+using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
 
 class AcquireFormTest : public DialogTest {};
 
@@ -21,6 +26,8 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(form->Caption(), "Acquire Parameter");
   EXPECT_THAT(form->drive.cboDriveAddress.Items(), ElementsAre("01", "02", "03", "04"));
   EXPECT_EQ(form->drive.lblDriveModel.Caption(), "KRA-09");
+  EXPECT_EQ(form->drive.lblPXXX1.Caption() + "|" + form->drive.lblPXXX2.Caption(), "Motor current|");
+  EXPECT_EQ(form->drive.cboPXXX1.ToolTipText(), "Motor current");
   EXPECT_THAT(form->drive.cboPXXX1.Items(), ElementsAre("003", "005", "012"));  // 990 and 991 are the service's
   EXPECT_FALSE(form->drive.cboPXXX2.Enabled());
   EXPECT_EQ(form->file.rtfFileName.Text(), kChart);
@@ -28,11 +35,10 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(form->timing.lblTimeBetweenPointsRange.Caption(), "1 ... 65 s");
   EXPECT_EQ(form->trigger.cboEvent.Text(), "<PXXX> = Content");
   EXPECT_TRUE(StartShown() && !TriggerShown() && !form->cmdViewChart.Visible());
-  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 00:00:05, about 900 bytes.");
+  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 00:00:05, about 450 bytes.");
   EXPECT_EQ(std::pair(form->Left(), form->Top()), std::pair(1500.0, (1024 * 15 - 6360) / 2.0));
   EXPECT_EQ(form->HelpContextId(), 91);
   EXPECT_THAT(Prompts(), IsEmpty());
-  EXPECT_THAT(fake.files.Bytes("\\Kestrel.log"), AllOf(HasSubstr("Kestrel.ico"), HasSubstr("Select.cur")));
 }
 
 TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
@@ -40,7 +46,7 @@ TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
   fake.files.Break("read", error_number::kPermissionDenied, kChart);
   form = std::make_unique<AcquireForm>(component);
   form->Load();
-  EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("broken: C:\\p\\Test.cht")));
+  EXPECT_THAT(Prompts(), ElementsAre("You have no right to read C:\\p\\Test.cht."));
   EXPECT_EQ(form->controller.tmrMonitorEsc.Interval(), 100);
 }
 
@@ -66,7 +72,9 @@ TEST_F(AcquireFormTest, MissingDriverFileIsNamedOnceAndTheDialogStaysUsable) {
   EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("C:\\d\\LMX01E.wcd")));
   EXPECT_THAT(form->drive.cboPXXX1.Items(), IsEmpty());
   EXPECT_FALSE(StartShown());
-  EXPECT_EQ(form->panel.lblHint.Caption(), "Choose a parameter in every list that is in use.");
+  component.settings.intSelectedDrive = 2;
+  form->cmdReset.Press();
+  EXPECT_EQ(form->panel.lblHint.Caption(), "The driver file C:\\d\\LMX01E.wcd is missing.");
   EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
   Choose(form->drive.cboDriveAddress, "01");
   EXPECT_TRUE(StartShown());
@@ -99,20 +107,35 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   Open();
   Choose(form->trigger.cboTriggerMode, "Event");
   const auto check = [this](TextControl& field, const char* typed, const char* text, bool refused = false) {
-    field.SetText(typed);
+    field.SelectAll();
+    TypeLetters(field, typed);
+    field.LeaveFocus();
     EXPECT_EQ(field.Text(), text) << field.Name() << " <- " << typed;
     EXPECT_EQ(Prompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
   };
-  for (const char* refused : {"0", "99999999999"}) check(form->timing.txtNumberOfPoints, refused, "5", true);
-  check(form->timing.txtNumberOfPoints, "x", "5");
+  check(form->timing.txtNumberOfPoints, "0", "5", true);
+  check(form->timing.txtNumberOfPoints, "07", "7", true);  // a refused number is selected when it comes back
+  check(form->timing.txtNumberOfPoints, "20000000019", "9", true);
+  check(form->timing.txtNumberOfPoints, "8x7", "87");
   check(form->timing.txtNumberOfPoints, "12.6", "13");
-  check(form->timing.txtTimeBetweenPoints, "66", "1", true);
-  check(form->timing.txtTimeBetweenPoints, "", "1");
+  check(form->timing.txtNumberOfPoints, "12.", "12");
+  check(form->timing.txtNumberOfPoints, "1,000", "1000");
+  check(form->timing.txtTimeBetweenPoints, "66", "6", true);
+  check(form->timing.txtTimeBetweenPoints, "1.5", "2");
+  form->timing.txtTimeBetweenPoints.SetText("");
+  EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "2");
   Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
-  check(form->timing.txtTimeBetweenPoints, "70000", "1000", true);
-  check(form->timing.txtTimeBetweenPoints, "150", "150");
+  check(form->timing.txtTimeBetweenPoints, "70000", "7000", true);
+  check(form->timing.txtTimeBetweenPoints, "250.", "250");
+  EXPECT_EQ(component.timeText, "250");
   check(form->trigger.txtContent, "-,", "-,");
-  check(form->trigger.txtContent, "abc", "");
+  check(form->trigger.txtContent, "-1.25", "-1.25");
+  check(form->trigger.txtContent, "1e5", "");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Not a number: 1e5");
+  fake.clock.Advance(std::chrono::seconds(1));
+  check(form->trigger.txtContent, "5", "5");
+  EXPECT_TRUE(TriggerShown());
+  form->trigger.txtContent.SetText("");
   EXPECT_EQ(component.contentText, "");
   EXPECT_FALSE(TriggerShown());
   EXPECT_EQ(form->panel.lblHint.Caption(), "Enter the content to compare with.");
@@ -152,7 +175,11 @@ TEST_F(AcquireFormTest, MaskedTimeIsCheckedOnLeavingAndAtStart) {
     form->timing.mebTimeBetweenPoints.SetFocus();
     form->timing.mebTimeBetweenPoints.SetText(text);
     form->drive.cboPXXX1.SetFocus();
+    form->panel.cmdStart.Press();  // the click that took the focus away
     EXPECT_THAT(Prompts(), ElementsAre(message)) << text;
+    EXPECT_TRUE(form->timing.mebTimeBetweenPoints.AllSelected());
+    EXPECT_EQ(form->panel.lblEstimate.Caption(), "");
+    fake.clock.Advance(std::chrono::seconds(1));
     form->panel.cmdStart.Press();
     EXPECT_THAT(Prompts(), ElementsAre(message)) << text;
     EXPECT_EQ(form->Run().State(), RunState::kIdle);
@@ -169,7 +196,7 @@ TEST_F(AcquireFormTest, PointsNeedRoomOnTheDisk) {
   ++fake.files.space.totalFree;
   form->timing.txtNumberOfPoints.SetText("1000000");
   EXPECT_EQ(form->timing.txtNumberOfPoints.Text(), "1000000");
-  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 11 d 13:46:40, about 66.76 MB.");
+  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 11 d 13:46:40, about 33.38 MB.");
 }
 
 TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
@@ -198,6 +225,11 @@ TEST_F(AcquireFormTest, EventsThatTheModelLacksDoNotStaySelected) {
     EXPECT_TRUE(offered || (!TriggerShown() && fake.dialogs.boxes.back().helpContext == 91)) << position;
     EXPECT_EQ(Prompts(), std::vector<std::string>(offered ? 0 : 1, "Event not available")) << position;
   }
+  std::vector<int> reached;  // by the arrow keys
+  const ComboBox& events = form->trigger.cboEvent;
+  for (int at = -1; events.NextAvailable(at, 1) != at;) reached.push_back(at = events.NextAvailable(at, 1));
+  EXPECT_THAT(reached, ElementsAre(0, 1, 2, 19, 20, 21, 22, 23));
+  EXPECT_EQ(events.NextAvailable(19, -1), 2);
   // A change of drive asks again.
   Choose(form->drive.cboDriveAddress, "01");
   Choose(form->trigger.cboEvent, "P012 - DI3 = 1");
@@ -269,6 +301,63 @@ TEST_F(AcquireFormTest, FilesAreNamedByBrowsingAndByPrompt) {
   EXPECT_EQ(form->file.rtfFileName.Text(), "C:\\p\\motor.cht");
   form->file.rtfFileName.SetText("");
   EXPECT_EQ(form->panel.lblHint.Caption(), "Enter a file name.");
+}
+
+TEST_F(AcquireFormTest, ForeseenMistakesAreSaidInOneSentence) {
+  const std::tuple<int, Language, const char*> cases[] = {
+      {error_number::kPathNotFound, Language::kEnglish, "The folder of C:\\p\\Test.cht does not exist."},
+      {error_number::kPathNotFound, Language::kPortuguese, "A pasta de C:\\p\\Test.cht não existe."},
+      {error_number::kPermissionDenied, Language::kEnglish, "You have no right to write C:\\p\\Test.cht."},
+      {error_number::kPermissionDenied, Language::kSpanish, "Usted no tiene permiso para grabar C:\\p\\Test.cht."}};
+  for (const auto& [number, language, sentence] : cases) {
+    Open();
+    component.language = language;
+    fake.files.Break("create", number);
+    form->panel.cmdStart.Press();
+    fake.files.Mend();
+    EXPECT_EQ(fake.dialogs.boxes.back().style, box_style::kExclamation);
+    EXPECT_THAT(Prompts(), ElementsAre(sentence));
+    EXPECT_EQ(form->Run().State(), RunState::kIdle);
+    component.language = Language::kEnglish;
+  }
+}
+
+TEST_F(AcquireFormTest, TheHintNamesTheFileThatAStartWritesOrReplaces) {
+  fake.files.Put("C:\\p\\a.txt", "no recording");
+  Open();
+  form->panel.cmdStart.Press();
+  RunToEnd();
+  const auto hint = [this] { return form->panel.lblHint.Caption(); };
+  EXPECT_EQ(hint(), "C:\\p\\Test.cht will be replaced. It was recorded on 31/01/2026 08:00:01.");
+  form->file.rtfFileName.SetText("C:\\p\\a.txt");
+  EXPECT_EQ(hint(), "C:\\p\\a.txt will be replaced. It is not a recording.");
+  form->file.rtfFileName.SetText("C:\\p\\new.cht");
+  EXPECT_EQ(hint(), "");
+  form->file.rtfFileName.SetText("new.cht");
+  const std::string full = JoinPath(fake.files.CurrentFolder(), "new.cht");
+  EXPECT_EQ(hint(), full + " will be written.");
+  form->panel.cmdStart.Press();
+  EXPECT_EQ(form->Run().Plan().fileName, full);
+  form->StopRun();
+}
+
+TEST_F(AcquireFormTest, EveryFieldHasAnAccessKeyOfItsOwnAndEnterStarts) {
+  for (const Language language : {Language::kPortuguese, Language::kEnglish, Language::kSpanish}) {
+    component.language = language;
+    Open();
+    const auto captions = CaptionsWithAccessKeys(*form);
+    std::set<char> letters;
+    for (const auto& [control, caption] : captions) {
+      EXPECT_TRUE(letters.insert(*AccessLetter(caption)).second) << caption;
+    }
+    for (const Control* named : std::initializer_list<const Control*>{
+             &form->file.fraFileName, &form->drive.lblParameters, &form->timing.lblTimeBetweenPoints,
+             &form->trigger.lblEvent, &form->trigger.lblPXXX, &form->trigger.lblContent}) {
+      EXPECT_TRUE(captions.contains(named)) << named->Caption();
+    }
+    EXPECT_TRUE(form->panel.cmdStart.IsDefault() && form->panel.cmdTrigger.IsDefault() && !form->cmdOK.IsDefault());
+    EXPECT_TRUE(form->cmdOK.IsCancel());
+  }
 }
 
 TEST_F(AcquireFormTest, ViewChartAndOk) {

@@ -1,6 +1,7 @@
 // Recordings from Start to chart file: what the window shows, early ends, failures. The event watch before them: each
 // test, the blinking lamp, the question, and moments to the millisecond from scripted plants.
 #include "acquire/run/event_watch.h"
+#include "acquire/run/run_texts.h"
 #include "dialog_fixture.h"
 #include "drive/parameter_read.h"
 #include "links/scenario_link.h"
@@ -298,13 +299,13 @@ TEST_F(EventWatchTest, TestsByPosition) {
   component.parameterTables.At(1).At(12).unitCode = 75;
   for (const auto& [position, text, code] : cases) {
     for (const int parameter : {5, 6, 12}) plant.texts[parameter] = text;
-    EXPECT_EQ(TestEvent(component, {EventAt(position), 5, 50}), code) << position << " " << text;
+    EXPECT_EQ(TestEvent(component, {EventAt(position), 5, 50}).code, code) << position << " " << text;
   }
   plant.steps.clear();
   plant.silent = {5, 6, 12};
-  EXPECT_EQ(TestEvent(component, {EventAt(0), 5, 50}), watch_code::kNoAnswer);
-  EXPECT_EQ(TestEvent(component, {EventAt(8), 5, 50}), watch_code::kInputNotYet);
-  EXPECT_EQ(TestEvent(component, {EventAt(21), 12, 50}), watch_code::kNoAnswer);
+  EXPECT_EQ(TestEvent(component, {EventAt(0), 5, 50}).code, watch_code::kNoAnswer);
+  EXPECT_EQ(TestEvent(component, {EventAt(8), 5, 50}).code, watch_code::kInputNotYet);
+  EXPECT_EQ(TestEvent(component, {EventAt(21), 12, 50}).code, watch_code::kNoAnswer);
   EXPECT_THAT(plant.steps, ElementsAre("read 1 8 6 unit 7", "read 1 8 12 unit 75", "read 1 8 12 unit 7"));
 }
 
@@ -322,7 +323,7 @@ TEST_F(EventWatchTest, ComparesWhatARecordingWouldKeep) {
   for (const auto& [model, parameter, texts, code] : cases) {
     component.driveTable.At(1).Type = model;
     plant.texts = texts;
-    EXPECT_EQ(TestEvent(component, {TriggerEvent::kEqual, static_cast<std::int16_t>(parameter), 50}), code)
+    EXPECT_EQ(TestEvent(component, {TriggerEvent::kEqual, static_cast<std::int16_t>(parameter), 50}).code, code)
         << model << " " << code;
   }
 }
@@ -346,6 +347,22 @@ TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {
   EXPECT_FALSE(fake.files.Has(kChart));
   EXPECT_FALSE(form->panel.imgTrigger1.Visible());
   EXPECT_TRUE(form->panel.cmdTrigger.Enabled());
+}
+
+TEST_F(EventWatchTest, OneLineSaysWhatIsWaitedForWhatWasReadAndSinceWhen) {
+  plant.texts = {{3, "49.8"}, {6, "512"}, {12, "IIA"}};
+  const std::pair<int, const char*> cases[] = {
+      {22, "P003 >= 50, now 49.8"}, {0, "Inverter is enabled (RUN), now READY"}, {7, "P012 - DI3 = 0, now 1"}};
+  for (const auto& [event, words] : cases) {
+    Arm(event);
+    const std::string since = MomentText(fake.clock.LocalNow(), fake.clock.LocalNow(), fake.locale) + ".";
+    const std::string waiting = "Waiting for " + std::string(words);
+    EXPECT_EQ(form->panel.lblHint.Caption(), waiting.substr(0, waiting.find(", now")) + " since " + since);
+    RunUntil(fake.clock.Now() + seconds(70));
+    EXPECT_EQ(form->panel.lblHint.Caption(), waiting + ", since " + since);
+    form->StopRun();
+    EXPECT_EQ(form->panel.lblHint.Caption(), "");
+  }
 }
 
 TEST_F(EventWatchTest, EscWhileTheDriveIsReadEndsTheWatch) {

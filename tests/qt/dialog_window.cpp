@@ -23,6 +23,7 @@ int ListTextWidth(const QComboBox& list) {
 
 bool IsCut(const QWidget& widget) {
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+    if (!label->text().isEmpty() && label->toolTip() == label->text()) return false;  // the tip shows the whole
     if (label->wordWrap()) return label->heightForWidth(label->width()) > label->height();
     return label->sizeHint().width() > label->width() || label->sizeHint().height() > label->height();
   }

@@ -6,13 +6,16 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QWidget>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 
 #include "backends/qt/help_page.h"
 #include "chart/window/chart_form.h"
+#include "forms/access_keys.h"
 #include "host/project/project_maker.h"
 #include "host/window/start_form.h"
 #include "links/simulated_link.h"
@@ -87,18 +90,23 @@ TEST_F(AcquireWindowTest, RecordsByKeyboardAloneAndShowsTheChart) {
 TEST_F(AcquireWindowTest, EscEndsTheRecordingAndThenTheDialog) {
   int height = 0;
   user.Do([&] {
-    height = user.Window().height();
     form.timing.txtNumberOfPoints.SetText("500");
+    form.timing.txtNumberOfPoints.SetFocus();
+    user.Window().resize(user.Window().width(), user.Window().height() + 30);  // as the user does
+    user.Window().move(40, user.Window().screen()->availableGeometry().bottom() - user.Window().height());
   });
-  user.Click(form.panel.cmdStart).Until("two points", [&] { return form.Run().Counter() == 2; }).Then([&] {
+  user.Do([&] { height = user.Window().height(); });
+  user.Key("Return").Until("two points", [&] { return form.Run().Counter() == 2; }).Then([&] {
     EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
-    EXPECT_GT(user.Window().height(), height);  // room for the progress
+    EXPECT_GE(user.Window().height(), height);  // room for the progress
+    EXPECT_LE(user.Window().geometry().bottom(), user.Window().screen()->availableGeometry().bottom());
     SaveScreenshot(user.Window(), "acquire_running");
     SendKey("Escape");
   });
   user.Until("the end", [&] { return form.LastRun().end == RunEnd::kStopped && form.cmdOK.Enabled(); });
   user.Do([&] { EXPECT_TRUE(form.IsShown()); });
   user.Until("the former height", [&] { return user.Window().height() == height; });
+  user.Until("the former focus", [&] { return user.WidgetOf(form.timing.txtNumberOfPoints).hasFocus(); });
   user.Until("Esc let go", [&] { return !form.controller.tmrEscReleased.Armed(); }).Key("Escape").GoThrough();
   EXPECT_GE(form.LastRun().points, 2);
   EXPECT_THAT(Chart(), HasSubstr("[TIME/CONTENT]"));
@@ -114,7 +122,32 @@ TEST_F(AcquireWindowTest, ABadNumberIsRefusedInABoxAndTheWindowStaysUsable) {
     SendKey("Return");
   });
   user.Until("the former number", [&] { return box() == nullptr && form.timing.txtNumberOfPoints.Text() == "5"; });
+  user.Type("7").Until("the next digit in its place", [&] { return form.timing.txtNumberOfPoints.Text() == "7"; });
+  user.Key("ctrl+a").Type("12.6").Until("13", [&] { return form.timing.txtNumberOfPoints.Text() == "13"; });
   user.Do([&] { user.Window().close(); }).GoThrough();
+}
+
+TEST_F(AcquireWindowTest, KeysReachTheVisibleTimeFieldAndTheEventsBeyondUnavailableOnes) {
+  const auto press = [&](const Control& label) {
+    return std::string("alt+") + static_cast<char>(std::tolower(*AccessLetter(CaptionsWithAccessKeys(form)[&label])));
+  };
+  const auto focused = [&](Control& control) { return [&] { return user.WidgetOf(control).hasFocus(); }; };
+  user.Do([&] {
+    form.drive.cboDriveAddress.SetListIndex(1);  // LMX-01: events 0 to 2 and 19 to 23
+    form.timing.cboTimeBetweenPointsUnit.SetListIndex(2);
+    form.trigger.cboTriggerMode.SetListIndex(0);
+  });
+  user.Do([&] { SendKey(press(form.timing.lblTimeBetweenPoints)); });
+  user.Until("the masked field", focused(form.timing.mebTimeBetweenPoints)).Then([&] {
+    SendKey(press(form.trigger.lblEvent));
+  });
+  user.Until("the events", focused(form.trigger.cboEvent)).Then([] { SendKey("Home"); });
+  user.Key("Down").Key("Down").Key("Down");
+  user.Until("the first comparison", [&] { return form.trigger.cboEvent.ListIndex() == 19; }).Then([&] {
+    SendKey(press(form.file.fraFileName));
+  });
+  user.Until("the file name", focused(form.file.rtfFileName)).Then([&] { user.Window().close(); });
+  user.GoThrough();
 }
 
 TEST(AcquireLanguagesTest, NoTextIsCut) {

@@ -24,7 +24,8 @@ AcquireForm::AcquireForm(Component& component)
       timing(*this, component, file, drive, [this] { UpdateStartButtons(); }),
       trigger(*this, component, drive, [this] { UpdateStartButtons(); }),
       panel(*this, component,
-            {[this](bool enabled) { LockSetupFields(enabled); }, [this](bool held) { cmdOK.SetCancel(!held); }}),
+            {[this](bool enabled) { LockSetupFields(enabled); }, [this] { UpdateStartButtons(); },
+             [this](bool held) { cmdOK.SetCancel(!held); }}),
       controller(*this, component, panel) {
   NumberTexts();
   PlaceControls();
@@ -41,7 +42,6 @@ void AcquireForm::NumberTexts() {
   cmdReset.SetToolTipText(TextNumber(Text::kResetTip));
   cmdOK.SetTag(TextNumber(Text::kOk));
   cmdOK.SetToolTipText(TextNumber(Text::kOkTip));
-  cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
 }
 
@@ -55,7 +55,9 @@ void AcquireForm::Connect() {
   On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
   controller.runEnded = [this](const RunReport& report) {
+    file.NoteRecording();
     UpdateViewChartButton();
+    UpdateStartButtons();
     if (runEnded) runEnded(report);
   };
 }
@@ -107,16 +109,23 @@ void AcquireForm::FileNameChanged(NamedBy by) {
   const bool exists = file.Exists();
   PlayWave(component_, kClickSound);
   ResetForm(by);
+  file.NoteRecording();
   if (exists) {
-    try {
-      // A file without a single key is not a chart file: it has no settings to show.
-      if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
-    } catch (const NotARegularFile&) {
-      component_.chartHeader = ChartHeader{};  // nothing to show; Start gives the reason
-    }
+    ReadRecordingThere(by);
     UpdateViewChartButton();
   }
   UpdateStartButtons();
+}
+
+/// Shows the settings of a recording that has the chosen name; one that cannot be read is reported, but not at every
+/// letter of a name.
+void AcquireForm::ReadRecordingThere(NamedBy by) {
+  try {
+    // A file without a single key is not a recording: it has no settings to show.
+    if (ReadChartHeader(component_).keys > 0) ShowHeaderInForm();
+  } catch (const RunTimeError& error) {
+    if (by == NamedBy::kChoice) file.WarnOf(error, Text::kNoRightToRead);
+  }
 }
 
 void AcquireForm::ShowHeaderInForm() {
@@ -140,7 +149,7 @@ std::optional<std::string> AcquireForm::Missing() const {
 
 void AcquireForm::UpdateStartButtons() {
   const auto missing = Missing();
-  panel.lblHint.SetCaption(missing.value_or(std::string()));
+  panel.lblHint.SetCaption(missing ? *missing : file.TargetNote());
   panel.lblEstimate.SetCaption(timing.Estimate());
   panel.ShowStopwatchField(timing.SpacedByStopwatch());
   if (missing) {
@@ -162,7 +171,7 @@ void AcquireForm::LockSetupFields(bool enabled) {
 std::optional<RunPlan> AcquireForm::PrepareRun() {
   if (Run().State() != RunState::kIdle || Missing() || !timing.Holds() || !trigger.Holds()) return std::nullopt;
   RunPlan plan;
-  plan.fileName = file.Name();
+  plan.fileName = file.FullName();
   drive.FillPlan(plan);
   timing.FillPlan(plan);
   if (!ReserveFile(plan.fileName)) return std::nullopt;
@@ -172,15 +181,14 @@ std::optional<RunPlan> AcquireForm::PrepareRun() {
 
 /// A file that cannot be written is reported now, not after hours of sampling.
 bool AcquireForm::ReserveFile(const std::string& fileName) {
-  std::string refusal;
   try {
     const std::string heldBy = controller.Reserve(fileName);
     if (heldBy.empty()) return true;
-    refusal = FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {fileName, heldBy});
-  } catch (const NotARegularFile& error) {
-    refusal = error.Description(component_.language);
+    ShowMessage(component_, FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {fileName, heldBy}),
+                box_style::kExclamation, component_.helpFile);
+  } catch (const RunTimeError& error) {
+    file.WarnOf(error, Text::kNoRightToWrite);
   }
-  ShowMessage(component_, refusal, box_style::kExclamation, component_.helpFile);
   return false;
 }
 

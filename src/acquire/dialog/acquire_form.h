@@ -61,6 +61,7 @@ class AcquireForm : public Form {
   void LockSetupFields(bool enabled);
   [[nodiscard]] std::optional<RunPlan> PrepareRun();
   [[nodiscard]] bool ReserveFile(const std::string& fileName);
+  void ReadRecordingThere(NamedBy by);
   void FillChartHeader(const RunPlan& plan);
   void cmdStart_Click();
   void cmdTrigger_Click();

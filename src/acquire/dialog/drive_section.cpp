@@ -23,6 +23,18 @@ void FillParameterList(Component& component, std::int16_t driveAddress, ComboBox
   list.SetEnabled(false);
 }
 
+void ShowParameterName(Component& component, ComboBox& list, Label& name) {
+  std::string text;
+  if (list.Enabled() && list.ListIndex() >= 0 && !component.selectedDriveAddress.empty()) {
+    const NumberFormat& format = component.ports.locale.Numbers();
+    const ParameterTable& table = component.parameterTables.At(ToInteger16(component.selectedDriveAddress, format));
+    text = table.At(ToInteger16(list.Text(), format)).name;
+  }
+  name.SetCaption(text);
+  name.SetToolTipText(text);
+  list.SetToolTipText(text);
+}
+
 DriveSection::DriveSection(Form& form, Component& component, std::function<void()> changed)
     : Section(form, component, std::move(changed)) {
   lblDriveAddress.SetTag(TextNumber(Text::kDriveAddress));
@@ -31,6 +43,7 @@ DriveSection::DriveSection(Form& form, Component& component, std::function<void(
   Connect(cboDriveAddress.click, cboDriveAddress, "Click", this, &DriveSection::cboDriveAddress_Click);
   Connect(cboNumberOfParameters.click, cboNumberOfParameters, "Click", this,
           &DriveSection::cboNumberOfParameters_Click);
+  for (Label* name : {&lblPXXX1, &lblPXXX2, &lblPXXX3, &lblPXXX4}) name->SetElided(true);
   for (ComboBox* list : ParameterLists()) Connect(list->click, *list, "Click", this, &DriveSection::cboPXXX_Click);
 }
 
@@ -40,7 +53,8 @@ LayoutBox DriveSection::Layout() {
   LayoutBox parameters =
       Group(picNumberOfParameters,
             Grid(2, {Cell(lblNumberOfParameters), Row({Cell(cboNumberOfParameters), Space()}), Cell(lblParameters),
-                     Row({Cell(cboPXXX1, 1), Cell(cboPXXX2, 1), Cell(cboPXXX3, 1), Cell(cboPXXX4, 1)})}));
+                     Row({Cell(cboPXXX1, 1), Cell(cboPXXX2, 1), Cell(cboPXXX3, 1), Cell(cboPXXX4, 1)}), Space(0),
+                     Row({Cell(lblPXXX1, 1), Cell(lblPXXX2, 1), Cell(lblPXXX3, 1), Cell(lblPXXX4, 1)})}));
   return Row({std::move(drive), Stretched(std::move(parameters), 1, 0)});
 }
 
@@ -89,6 +103,7 @@ std::string DriveSection::SelectedModel() const {
 
 std::optional<std::string> DriveSection::Missing() const {
   if (cboDriveAddress.ListIndex() < 0) return Say(Text::kHintDriveAddress);
+  if (!driverFileHint_.empty()) return driverFileHint_;
   const auto lists = ParameterLists();
   const bool incomplete = cboNumberOfParameters.ListIndex() < 0 ||
                           std::ranges::any_of(lists, [](const ComboBox* list) { return LacksChoice(*list); });
@@ -111,6 +126,7 @@ std::int16_t DriveSection::SelectedAddress() const {
 void DriveSection::FillDriveAddressList() {
   component_.selectedDriveAddress.clear();
   lblDriveModel.SetCaption("");
+  driverFileHint_.clear();
   std::vector<std::string> addresses;
   for (int address = 0; address <= kLastDriveAddress; ++address) {
     if (!component_.driveTable.At(address).Type.empty()) addresses.push_back(FormatDigits(address, 2));
@@ -130,6 +146,14 @@ void DriveSection::EnableParameterLists() {
   const int inUse = std::max(ParameterCount(), 1);
   int number = 0;
   for (ComboBox* list : ParameterLists()) list->SetEnabled(++number <= inUse);
+  ShowParameterNames();
+}
+
+void DriveSection::ShowParameterNames() {
+  ShowParameterName(component_, cboPXXX1, lblPXXX1);
+  ShowParameterName(component_, cboPXXX2, lblPXXX2);
+  ShowParameterName(component_, cboPXXX3, lblPXXX3);
+  ShowParameterName(component_, cboPXXX4, lblPXXX4);
 }
 
 void DriveSection::LoadDriver(std::int16_t address) {
@@ -159,7 +183,11 @@ void DriveSection::cboDriveAddress_Click() {
   const std::int16_t address = SelectedAddress();
   try {
     LoadDriver(address);
+    driverFileHint_.clear();
   } catch (const RunTimeError& error) {
+    const bool missing = error.Number() == error_number::kFileNotFound;
+    driverFileHint_ = FillIn(Say(missing ? Text::kHintNoDriverFile : Text::kHintBadDriverFile),
+                             {DriverFileName(component_, address)});
     ClearParameterLists();
     if (std::exchange(driverFileError_, error.Description(component_.language)) == driverFileError_)
       return;  // shown already
@@ -168,6 +196,11 @@ void DriveSection::cboDriveAddress_Click() {
   for (ComboBox* list : ParameterLists()) FillParameterList(component_, address, *list);
   EnableParameterLists();
   parametersListed(address);
+  Changed();
+}
+
+void DriveSection::cboPXXX_Click() {
+  ShowParameterNames();
   Changed();
 }
 

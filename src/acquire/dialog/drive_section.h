@@ -26,6 +26,10 @@ class DriveSection : public Section {
   ComboBox cboPXXX2{form_, "cboPXXX2"};
   ComboBox cboPXXX3{form_, "cboPXXX3"};
   ComboBox cboPXXX4{form_, "cboPXXX4"};
+  Label lblPXXX1{form_, "lblPXXX1"};  ///< name of the parameter above, as the driver file gives it
+  Label lblPXXX2{form_, "lblPXXX2"};
+  Label lblPXXX3{form_, "lblPXXX3"};
+  Label lblPXXX4{form_, "lblPXXX4"};
 
   /// Called when the lists show the parameters of another drive; without an address when its driver file could not be
   /// read and they are empty.
@@ -53,11 +57,12 @@ class DriveSection : public Section {
   void FillDriveAddressList();
   void FillNumberOfParametersList();
   void EnableParameterLists();
+  void ShowParameterNames();
   void LoadDriver(std::int16_t address);
   void ClearParameterLists();
   void cboDriveAddress_Click();
   void cboNumberOfParameters_Click();
-  void cboPXXX_Click() { Changed(); }
+  void cboPXXX_Click();
 
   /// The driver file loaded last. An unchanged file is not read again on reset, and its errors are not shown twice.
   struct LoadedDriver {
@@ -68,11 +73,15 @@ class DriveSection : public Section {
   };
   LoadedDriver loadedDriver_;
   std::string driverFileError_;   ///< shown once, not at every reset
+  std::string driverFileHint_;    ///< what is wrong with the driver file of the selected drive
   bool refillingCounts_ = false;  ///< the program chooses the number of parameters
 };
 
 /// Fills a list with the numbers of a drive's parameters (three digits), selects the first and disables the list.
 /// @param driveAddress 1 to 30, otherwise throws RunTimeError 9
 void FillParameterList(Component& component, std::int16_t driveAddress, ComboBox& list);
+
+/// Shows the name of the parameter that is chosen in a list in use; the whole of it is the list's tool tip.
+void ShowParameterName(Component& component, ComboBox& list, Label& name);
 
 }  // namespace chartproject

@@ -49,6 +49,42 @@ bool FileSection::Exists() const {
   return component_.ports.files.FileExists(Name());
 }
 
+std::string FileSection::FullName() const {
+  const std::string& name = Name();
+  const bool rooted = name.starts_with('/') || name.starts_with('\\') || (name.size() > 1 && name[1] == ':');
+  return rooted || name.empty() ? name : JoinPath(component_.ports.files.CurrentFolder(), name);
+}
+
+void FileSection::NoteRecording() {
+  recordedAt_.clear();
+  if (!Exists()) return;
+  try {
+    ChartHeader header;
+    (void)ReadChartHeader(*component_.ports.files.OpenForReading(Name()), component_.ports.codePage, header);
+    if (!header.StartDate.empty()) recordedAt_ = header.StartDate + " " + header.StartTime;
+  } catch (const RunTimeError&) {
+    return;  // whoever shows the file's settings reports it
+  }
+}
+
+std::string FileSection::TargetNote() const {
+  if (Exists() && recordedAt_.empty()) return FillIn(Say(Text::kTargetNoRecording), {FullName()});
+  if (Exists()) return FillIn(Say(Text::kTargetReplaced), {FullName(), recordedAt_});
+  return FullName() == Name() ? std::string() : FillIn(Say(Text::kTargetWritten), {FullName()});
+}
+
+void FileSection::WarnOf(const RunTimeError& error, Text right) const {
+  switch (error.Number()) {
+    case error_number::kFileNotFound:
+    case error_number::kPathNotFound:
+      return Warn(FillIn(Say(Text::kNoSuchFolder), {FullName()}));
+    case error_number::kPermissionDenied:
+      return Warn(FillIn(Say(right), {FullName()}));
+    default:
+      return Warn(error.Description(component_.language));
+  }
+}
+
 bool FileSection::HasRoomFor(double bytes) const {
   if (typing_) return true;  // a box at every letter helps nobody; Start asks again
   double free = 0;

@@ -7,6 +7,7 @@
 
 namespace chartproject {
 
+class RunTimeError;
 struct OpenFileRequest;
 
 /// How the file got its name.
@@ -32,6 +33,14 @@ class FileSection : public Section {
   /// Gives the file a name as a choice does.
   void NameFile(const std::string& fileName);
   [[nodiscard]] bool Exists() const;
+  /// The name with its folder: the current folder may be another one while the file is written.
+  [[nodiscard]] std::string FullName() const;
+  /// Notes when the file that is there was recorded.
+  void NoteRecording();
+  /// What a start does to a file that is there, and where a name without a folder leads; empty otherwise.
+  [[nodiscard]] std::string TargetNote() const;
+  /// Shows what keeps the file from being read or written as a plain sentence. @param right the text of a missing right
+  void WarnOf(const RunTimeError& error, Text right) const;
   /// True when the disk of the file has room for some bytes besides the reserve; otherwise says so in a box, but not
   /// while the name is being typed.
   [[nodiscard]] bool HasRoomFor(double bytes) const;
@@ -45,7 +54,8 @@ class FileSection : public Section {
   void ConfigureFileDialog(OpenFileRequest& request, const std::string& extension) const;
 
   std::function<void(NamedBy)> named_;
-  bool naming_ = false;  ///< a choice fills the field, and reacts to it itself
+  std::string recordedAt_;  ///< date and time of the recording that is there; empty for another file
+  bool naming_ = false;     ///< a choice fills the field, and reacts to it itself
   bool typing_ = false;
 };
 

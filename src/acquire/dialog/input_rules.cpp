@@ -56,6 +56,10 @@ NumberCheck CheckTimeBetweenPoints(std::string_view text, TimeUnit unit, const N
   return check;
 }
 
+bool EndsInDecimalSign(std::string_view text, const NumberFormat& format) {
+  return text.ends_with(format.decimalSeparator);
+}
+
 double EstimateBytes(std::int32_t points, int parameterCount) {
   const auto v = static_cast<float>(points);
   const auto bytes = static_cast<float>(2.0 * (350.0 + v * 15.0 + v * (5.0 * parameterCount)));

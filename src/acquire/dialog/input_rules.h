@@ -37,9 +37,17 @@ struct NumberCheck {
 /// Milliseconds 1 to 65535 (below 200 let stand while typing) or seconds 1 to 65.
 [[nodiscard]] NumberCheck CheckTimeBetweenPoints(std::string_view text, TimeUnit unit, const NumberFormat& format);
 
-/// Estimated bytes of a chart file, twice over so that the spool file has room beside it: 2 x (350 + 15 a point + 5 a
-/// value). Reckoned in single precision and taken with its seven digits.
+/// True for a text that ends in the locale's decimal sign: a number that is being typed. It is rounded with the next
+/// letter or on lost focus; rounding it at once would turn 12.6 into 126.
+[[nodiscard]] bool EndsInDecimalSign(std::string_view text, const NumberFormat& format);
+
+/// Bytes that a chart file needs on its disk, twice its size so that the spool file has room beside it:
+/// 2 x (350 + 15 a point + 5 a value). Reckoned in single precision and taken with its seven digits.
 [[nodiscard]] double EstimateBytes(std::int32_t points, int parameterCount);
+/// The size that the chart file itself is expected to have.
+[[nodiscard]] inline double ExpectedBytes(std::int32_t points, int parameterCount) {
+  return EstimateBytes(points, parameterCount) / 2;
+}
 
 /// What is wrong with a time typed as hh:mm:ss.
 enum class ClockTimeFault { kNone, kFormat, kRange };

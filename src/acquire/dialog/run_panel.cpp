@@ -23,12 +23,15 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
   for (Label* label : {&lblHint, &lblEstimate, &lblStart, &lblTrigger}) label->SetWordWrap(true);
   imgTrigger1.SetVisible(false);
   picProgress.SetVisible(false);
+  // Enter presses the one that is visible.
+  cmdStart.SetDefault(true);
+  cmdTrigger.SetDefault(true);
   HideStartButtons(false);
 }
 
-// Start and Trigger, and all their words, share one place: only one of each is ever visible.
+// Start and Trigger, and their words, share one place: only one of each is ever visible.
 LayoutBox RunPanel::WordsLayout() {
-  return Column({Cell(lblEstimate, 1), Stack({Cell(lblStart, 1), Cell(lblTrigger, 1), Cell(lblHint, 1)})});
+  return Column({Cell(lblEstimate, 1), Cell(lblHint, 1), Stack({Cell(lblStart, 1), Cell(lblTrigger, 1)})});
 }
 
 LayoutBox RunPanel::ButtonsLayout() {
@@ -61,6 +64,10 @@ void RunPanel::ShowArmed() {
   dialog_.lockSetupFields(false);
 }
 
+void RunPanel::ShowWatch(const std::string& text) {
+  lblHint.SetCaption(text);
+}
+
 void RunPanel::ShowLamp(bool lit) {
   imgTrigger1.SetVisible(lit);
 }
@@ -71,6 +78,7 @@ bool RunPanel::LampLit() const {
 
 void RunPanel::ShowSampling() {
   dialog_.lockSetupFields(false);
+  lblHint.SetCaption("");
   ShowProgressArea(true);
   prgProgress.SetRange(0, kProgressSteps);
   prgProgress.SetValue(0);
@@ -103,6 +111,7 @@ void RunPanel::KeepAwake() {
 void RunPanel::ShowIdle() {
   lblProgress.SetCaption("");
   dialog_.lockSetupFields(true);
+  dialog_.showHint();
   ShowProgressArea(false);
   form_.SetPointer(MousePointer::kDefault);
 }

@@ -15,12 +15,13 @@ class RunPanel : public Section, public RunDisplay {
   /// What only the whole dialog can do.
   struct Dialog {
     std::function<void(bool enabled)> lockSetupFields;
+    std::function<void()> showHint;  ///< the one of the idle dialog
     std::function<void(bool held)> holdEsc;
   };
 
   RunPanel(Form& form, Component& component, Dialog dialog);
 
-  Label lblHint{form_, "lblHint"};          ///< why neither Start nor Trigger is there
+  Label lblHint{form_, "lblHint"};          ///< why there is no Start, what a start replaces, what is waited for
   Label lblEstimate{form_, "lblEstimate"};  ///< how long the run will last, how large its file will be
   CommandButton cmdStart{form_, "cmdStart"};
   Label lblStart{form_, "lblStart"};
@@ -49,6 +50,7 @@ class RunPanel : public Section, public RunDisplay {
   void ShowStopwatchField(bool visible);
 
   void ShowArmed() override;
+  void ShowWatch(const std::string& text) override;
   void ShowLamp(bool lit) override;
   [[nodiscard]] bool LampLit() const override;
   void ShowSampling() override;

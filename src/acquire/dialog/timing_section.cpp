@@ -15,6 +15,8 @@ TimingSection::TimingSection(Form& form, Component& component, const FileSection
   lblTimeBetweenPoints.SetTag(TextNumber(Text::kTimeAmongPoints));
   mebTimeBetweenPoints.SetVisible(false);
   Connect(txtNumberOfPoints.change, txtNumberOfPoints, "Change", this, &TimingSection::txtNumberOfPoints_Change);
+  Connect(txtNumberOfPoints.lostFocus, txtNumberOfPoints, "LostFocus", this,
+          &TimingSection::txtNumberOfPoints_LostFocus);
   Connect(txtTimeBetweenPoints.change, txtTimeBetweenPoints, "Change", this,
           &TimingSection::txtTimeBetweenPoints_Change);
   Connect(txtTimeBetweenPoints.lostFocus, txtTimeBetweenPoints, "LostFocus", this,
@@ -93,11 +95,12 @@ std::int64_t TimingSection::MillisecondsBetweenPoints() const {
 
 std::string TimingSection::Estimate() const {
   const NumberCheck points = CheckNumberOfPoints(txtNumberOfPoints.Text(), Numbers());
-  const std::int64_t milliseconds = MillisecondsBetweenPoints();
-  if (points.verdict != Verdict::kAccept || milliseconds == 0) return {};
-  const std::int64_t seconds = (milliseconds * points.value + 999) / 1000;
+  const bool timed = SpacedByStopwatch() ? CheckClockTime(mebTimeBetweenPoints.Text()) == ClockTimeFault::kNone
+                                         : CheckTime().verdict == Verdict::kAccept;
+  if (points.verdict != Verdict::kAccept || !timed) return {};
+  const std::int64_t seconds = (MillisecondsBetweenPoints() * points.value + 999) / 1000;
   return FillIn(Say(Text::kRunEstimate),
-                {DurationText(seconds), FileSizeText(EstimateBytes(points.value, drive_.ParameterCount()), Numbers())});
+                {DurationText(seconds), FileSizeText(ExpectedBytes(points.value, drive_.ParameterCount()), Numbers())});
 }
 
 std::optional<std::string> TimingSection::Missing() const {
@@ -110,12 +113,20 @@ std::optional<std::string> TimingSection::Missing() const {
 
 bool TimingSection::Holds() {
   if (!PointsHold()) return false;
-  if (SpacedByStopwatch()) return CheckMaskedTime();
+  if (SpacedByStopwatch()) return !TimeRefusedJustNow() && CheckMaskedTime();
   txtTimeBetweenPoints_LostFocus();
   return !txtTimeBetweenPoints.Text().empty();
 }
 
+/// The click on Start that made the field lose its focus arrives when the box that followed from that is closed.
+bool TimingSection::TimeRefusedJustNow() const {
+  constexpr Instant kSameClick = std::chrono::milliseconds(300);
+  if (!timeRefusedAt_ || component_.ports.clock.Now() - *timeRefusedAt_ > kSameClick) return false;
+  return CheckClockTime(mebTimeBetweenPoints.Text()) != ClockTimeFault::kNone;
+}
+
 bool TimingSection::PointsHold() {
+  txtNumberOfPoints_LostFocus();
   const NumberCheck points = CheckNumberOfPoints(txtNumberOfPoints.Text(), Numbers());
   const bool inRange = points.verdict == Verdict::kAccept;
   if (!inRange) Warn(Say(Text::kOutOfRange));
@@ -129,6 +140,7 @@ bool TimingSection::CheckMaskedTime() {
   if (fault == ClockTimeFault::kNone) return true;
   Warn(Say(fault == ClockTimeFault::kFormat ? Text::kBadClockTime : Text::kOutOfRange));
   mebTimeBetweenPoints.SetFocus();
+  mebTimeBetweenPoints.SelectAll();
   return false;
 }
 
@@ -139,7 +151,15 @@ bool TimingSection::RoomFor(std::int32_t points) const {
 void TimingSection::PutBack(TextControl& field, const std::string& text) {
   if (puttingBack_) return;
   const FlagScope puttingBack(puttingBack_);
+  const bool strayLetter = !field.Text().empty() && !IsNumeric(field.Text(), Numbers());
   field.SetText(text);
+  if (!strayLetter) field.SelectAll();  // the next digit begins a new number
+}
+
+/// Gives a number that was typed up to its decimal sign its whole form.
+void TimingSection::Round(TextControl& field, const NumberCheck& check) {
+  const bool number = check.verdict == Verdict::kAccept || check.verdict == Verdict::kLetStand;
+  if (number) field.SetText(std::to_string(check.value));
 }
 
 void TimingSection::txtNumberOfPoints_Change() {
@@ -147,7 +167,7 @@ void TimingSection::txtNumberOfPoints_Change() {
   const NumberCheck check = CheckNumberOfPoints(txtNumberOfPoints.Text(), Numbers());
   if (check.verdict == Verdict::kAccept) {
     const std::string whole = std::to_string(check.value);
-    if (txtNumberOfPoints.Text() != whole) {
+    if (txtNumberOfPoints.Text() != whole && !EndsInDecimalSign(txtNumberOfPoints.Text(), Numbers())) {
       txtNumberOfPoints.SetText(whole);  // comes back here
       return;
     }
@@ -164,28 +184,35 @@ void TimingSection::txtNumberOfPoints_Change() {
   Changed();
 }
 
+void TimingSection::txtNumberOfPoints_LostFocus() {
+  Round(txtNumberOfPoints, CheckNumberOfPoints(txtNumberOfPoints.Text(), Numbers()));
+}
+
 void TimingSection::txtTimeBetweenPoints_Change() {
   if (SpacedByStopwatch()) return;  // hidden, the masked box holds the time
+  std::string accepted = txtTimeBetweenPoints.Text();
   if (!emptyingTime_) {
     const NumberCheck check = CheckTime();
     if (check.verdict == Verdict::kAccept || check.verdict == Verdict::kLetStand) {
-      const std::string whole = std::to_string(check.value);
-      if (txtTimeBetweenPoints.Text() != whole) {
-        txtTimeBetweenPoints.SetText(whole);  // comes back here
+      accepted = std::to_string(check.value);
+      if (txtTimeBetweenPoints.Text() != accepted && !EndsInDecimalSign(txtTimeBetweenPoints.Text(), Numbers())) {
+        txtTimeBetweenPoints.SetText(accepted);  // comes back here
         return;
       }
-      if (check.verdict == Verdict::kAccept) lastAcceptedTime_ = whole;
+      if (check.verdict == Verdict::kAccept) lastAcceptedTime_ = accepted;
     } else {
       if (check.verdict == Verdict::kOutOfRange) Warn(Say(Text::kOutOfRange));
       txtTimeBetweenPoints.SetFocus();
       PutBack(txtTimeBetweenPoints, lastAcceptedTime_);
+      accepted = txtTimeBetweenPoints.Text();
     }
   }
-  component_.timeText = txtTimeBetweenPoints.Text();
+  component_.timeText = accepted;
   Changed();
 }
 
 void TimingSection::txtTimeBetweenPoints_LostFocus() {
+  if (!SpacedByStopwatch()) Round(txtTimeBetweenPoints, CheckTime());
   if (Unit() != TimeUnit::kMilliseconds || txtTimeBetweenPoints.Text().empty()) return;
   if (CheckTime().verdict == Verdict::kAccept) return;
   {
@@ -203,7 +230,7 @@ void TimingSection::mebTimeBetweenPoints_Change() {
 }
 
 void TimingSection::mebTimeBetweenPoints_LostFocus() {
-  if (SpacedByStopwatch()) (void)CheckMaskedTime();
+  if (SpacedByStopwatch() && !CheckMaskedTime()) timeRefusedAt_ = component_.ports.clock.Now();
 }
 
 void TimingSection::SetUpTimeFields() {

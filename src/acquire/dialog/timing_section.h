@@ -36,7 +36,7 @@ class TimingSection : public Section {
   void CheckPoints() { txtNumberOfPoints_Change(); }
   /// True for the unit hh:mm:ss, whose points a stopwatch spaces.
   [[nodiscard]] bool SpacedByStopwatch() const;
-  /// Length and size of the recording that the fields describe; empty while one of them holds no number.
+  /// Length and size of the recording that the fields describe; empty while one of them is not acceptable.
   [[nodiscard]] std::string Estimate() const;
   /// The hint that keeps Start away, if any.
   [[nodiscard]] std::optional<std::string> Missing() const;
@@ -50,10 +50,13 @@ class TimingSection : public Section {
   [[nodiscard]] std::int64_t MillisecondsBetweenPoints() const;
   [[nodiscard]] bool RoomFor(std::int32_t points) const;
   [[nodiscard]] bool PointsHold();
+  [[nodiscard]] bool TimeRefusedJustNow() const;
   [[nodiscard]] bool CheckMaskedTime();
   void PutBack(TextControl& field, const std::string& text);
+  void Round(TextControl& field, const NumberCheck& check);
   void SetUpTimeFields();
   void txtNumberOfPoints_Change();
+  void txtNumberOfPoints_LostFocus();
   void txtTimeBetweenPoints_Change();
   void txtTimeBetweenPoints_LostFocus();
   void mebTimeBetweenPoints_Change();
@@ -64,8 +67,9 @@ class TimingSection : public Section {
   const DriveSection& drive_;
   std::string lastAcceptedPoints_;
   std::string lastAcceptedTime_;
-  bool puttingBack_ = false;   ///< an accepted text comes back; it is not refused again
-  bool emptyingTime_ = false;  ///< the ms rule empties the field; nothing is put back
+  std::optional<Instant> timeRefusedAt_;  ///< when the box of a refused hh:mm:ss time was closed
+  bool puttingBack_ = false;              ///< an accepted text comes back; it is not refused again
+  bool emptyingTime_ = false;             ///< the ms rule empties the field; nothing is put back
 };
 
 }  // namespace chartproject

@@ -21,6 +21,7 @@ TriggerSection::TriggerSection(Form& form, Component& component, const DriveSect
   lblEvent.SetTag(TextNumber(Text::kEvent));
   lblPXXX.SetTag(TextNumber(Text::kParameter));
   lblContent.SetTag(TextNumber(Text::kContent));
+  lblPXXXName.SetElided(true);
   Connect(cboTriggerMode.click, cboTriggerMode, "Click", this, &TriggerSection::cboTriggerMode_Click);
   Connect(cboEvent.click, cboEvent, "Click", this, &TriggerSection::cboEvent_Click);
   Connect(cboPXXX.click, cboPXXX, "Click", this, &TriggerSection::cboPXXX_Click);
@@ -28,15 +29,15 @@ TriggerSection::TriggerSection(Form& form, Component& component, const DriveSect
 }
 
 LayoutBox TriggerSection::Layout() {
-  return Group(picMode,
-               Column({Row({LineStart(lblTriggerMode), Cell(cboTriggerMode), Space()}),
-                       Row({LineStart(lblEvent), Cell(cboEvent, 1)}),
-                       Row({LineStart(lblPXXX), Cell(cboPXXX), Cell(lblContent), Cell(txtContent), Space()})}));
+  return Group(picMode, Column({Row({LineStart(lblTriggerMode), Cell(cboTriggerMode), Space()}),
+                                Row({LineStart(lblEvent), Cell(cboEvent, 1)}),
+                                Row({LineStart(lblPXXX), Cell(cboPXXX), Cell(lblContent), Cell(txtContent), Space()}),
+                                Row({LineStart(), Cell(lblPXXXName, 1)})}));
 }
 
 void TriggerSection::Reset() {
   FillEventList();
-  txtContent.SetText("0");
+  SetContent("0");
   FillTriggerModeList();
 }
 
@@ -44,7 +45,7 @@ void TriggerSection::ShowHeader(const ChartHeader& header) {
   SelectItem(cboTriggerMode, TriggerModeText(component_, header.TriggerMode));
   SelectItem(cboEvent, EventText(component_, header.Event));
   SelectItem(cboPXXX, header.PXXX);
-  txtContent.SetText(header.Content);
+  SetContent(header.Content);
 }
 
 void TriggerSection::FillHeader(ChartHeader& header) const {
@@ -55,8 +56,10 @@ void TriggerSection::FillHeader(ChartHeader& header) const {
 }
 
 void TriggerSection::ListParameters(std::optional<std::int16_t> driveAddress) {
+  MarkAvailableEvents();
   if (!driveAddress) {
     cboPXXX.Clear();
+    ShowParameterName(component_, cboPXXX, lblPXXXName);
     return;
   }
   FillParameterList(component_, *driveAddress, cboPXXX);
@@ -75,8 +78,9 @@ WatchedEvent TriggerSection::Watched() const {
 std::optional<std::string> TriggerSection::Missing() const {
   if (LacksChoice(cboEvent)) return Say(Text::kHintEvent);
   if (LacksChoice(cboPXXX)) return Say(Text::kHintParameters);
-  if (txtContent.Enabled() && txtContent.Text().empty()) return Say(Text::kHintContent);
-  return std::nullopt;
+  if (!txtContent.Enabled() || !txtContent.Text().empty()) return std::nullopt;
+  if (!refusedContent_.empty()) return FillIn(Say(Text::kHintNotANumber), {refusedContent_});
+  return Say(Text::kHintContent);
 }
 
 bool TriggerSection::Holds() {
@@ -102,6 +106,7 @@ void TriggerSection::FillEventList() {
   events.reserve(kEventCount);
   for (int position = 0; position < kEventCount; ++position) events.push_back(Say(EventName(EventAt(position))));
   Refill(cboEvent, std::move(events));
+  MarkAvailableEvents();
   cboEvent.SetListIndex(PositionOf(kDefaultEvent));
 }
 
@@ -116,8 +121,7 @@ void TriggerSection::cboTriggerMode_Click() {
     cboEvent.SetListIndex(kNothing);
     cboEvent.SetListIndex(PositionOf(kDefaultEvent));
   } else {
-    cboPXXX.SetEnabled(false);
-    txtContent.SetEnabled(false);
+    UseCompareFields(false);
   }
   Changed();  // Start or Trigger, by the mode
 }
@@ -130,23 +134,57 @@ void TriggerSection::cboEvent_Click() {
   }
   if (IsCompareEvent(event)) {
     // A file recorded by hand carries an event too; its fields stay locked until the mode is "Event".
-    cboPXXX.SetEnabled(!ByHand());
-    txtContent.SetEnabled(!ByHand());
+    UseCompareFields(!ByHand());
   } else {
     SelectFirst(cboPXXX);
-    cboPXXX.SetEnabled(false);
-    txtContent.SetText("");
-    txtContent.SetEnabled(false);
+    SetContent("");
+    UseCompareFields(false);
   }
   Changed();
   if (!available) cboEvent.SetListIndex(kNothing);
 }
 
+void TriggerSection::UseCompareFields(bool usable) {
+  cboPXXX.SetEnabled(usable);
+  txtContent.SetEnabled(usable);
+  ShowParameterName(component_, cboPXXX, lblPXXXName);
+}
+
+void TriggerSection::MarkAvailableEvents() {
+  std::vector<bool> available;
+  for (int position = 0; position < cboEvent.ListCount(); ++position) {
+    available.push_back(EventAvailable(EventAt(position), drive_.SelectedModel()));
+  }
+  cboEvent.SetAvailable(std::move(available));
+}
+
+void TriggerSection::cboPXXX_Click() {
+  ShowParameterName(component_, cboPXXX, lblPXXXName);
+  Changed();
+}
+
+/// The program's own content continues nothing that was typed.
+void TriggerSection::SetContent(const std::string& text) {
+  refusedContent_.clear();
+  txtContent.SetText(text);
+}
+
+bool TriggerSection::ContinuesRefusedContent() const {
+  constexpr Instant kSameBurst = std::chrono::seconds(1);
+  return !refusedContent_.empty() && !txtContent.Text().empty() &&
+         component_.ports.clock.Now() - refusedAt_ < kSameBurst;
+}
+
 void TriggerSection::txtContent_Change() {
-  if (!ContentAcceptable(txtContent.Text(), Numbers())) {
+  const bool continues = ContinuesRefusedContent();
+  if (continues || !ContentAcceptable(txtContent.Text(), Numbers())) {
+    // The rest of 1e5 must not pass for the number 5.
+    refusedContent_ = continues ? refusedContent_ + txtContent.Text() : txtContent.Text();
+    refusedAt_ = component_.ports.clock.Now();
     txtContent.SetText("");  // comes back here
     return;
   }
+  if (!txtContent.Text().empty()) refusedContent_.clear();
   component_.contentText = txtContent.Text();
   Changed();
 }

@@ -22,13 +22,15 @@ class TriggerSection : public Section {
   ComboBox cboPXXX{form_, "cboPXXX"};
   Label lblContent{form_, "lblContent"};
   TextBox txtContent{form_, "txtContent"};
+  Label lblPXXXName{form_, "lblPXXXName"};  ///< name of the parameter in cboPXXX
 
   [[nodiscard]] LayoutBox Layout();
   void Reset();
   void ShowHeader(const ChartHeader& header);
   /// The trigger's part of a recording's header.
   void FillHeader(ChartHeader& header) const;
-  /// Offers the parameters of another drive, none without an address, and checks the event against its model.
+  /// Offers the parameters and events of another drive, no parameters without an address, and checks the event against
+  /// its model.
   void ListParameters(std::optional<std::int16_t> driveAddress);
   [[nodiscard]] bool ByEvent() const { return Mode() == TriggerMode::kEvent; }
   [[nodiscard]] bool ByHand() const { return Mode() == TriggerMode::kManual; }
@@ -45,10 +47,16 @@ class TriggerSection : public Section {
   void FillTriggerModeList();
   void cboTriggerMode_Click();
   void cboEvent_Click();
-  void cboPXXX_Click() { Changed(); }
+  void cboPXXX_Click();
   void txtContent_Change();
+  void UseCompareFields(bool usable);
+  void MarkAvailableEvents();
+  void SetContent(const std::string& text);
+  [[nodiscard]] bool ContinuesRefusedContent() const;
 
   const DriveSection& drive_;
+  std::string refusedContent_;  ///< typed, and not a number; the letters that follow at once belong to it
+  Instant refusedAt_{};
 };
 
 }  // namespace chartproject

@@ -1,8 +1,10 @@
 // How each event is looked for on the drive.
 #include "acquire/run/event_watch.h"
 
+#include <array>
 #include <optional>
 
+#include "common/environment/language.h"
 #include "common/values/numbers.h"
 #include "drive/parameter_read.h"
 
@@ -12,17 +14,22 @@ namespace {
 
 constexpr std::int16_t kInputParameter = 12;
 
-std::int16_t TestState(DriveContext& context, std::string_view state) {
-  if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode)) return watch_code::kNoAnswer;
+EventTest TestState(DriveContext& context, std::string_view state) {
+  if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode)) return {watch_code::kNoAnswer, {}};
   DecodeStatus(context.status, context.driveLink->GetValue());
-  return context.status.strStatus == state ? watch_code::kOccurred : watch_code::kNotYet;
+  const std::string& shown = context.status.strStatus;
+  return {shown == state ? watch_code::kOccurred : watch_code::kNotYet, shown};
 }
 
 /// @param input 1 to 8; @param level 'I' for 0, 'A' for 1
-std::int16_t TestInput(DriveContext& context, std::size_t input, char level) {
-  if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter))) return watch_code::kInputNotYet;
+EventTest TestInput(DriveContext& context, std::size_t input, char level) {
+  if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter))) {
+    return {watch_code::kInputNotYet, {}};
+  }
   const std::string text = context.driveLink->GetText();
-  return text.size() >= input && text[input - 1] == level ? watch_code::kOccurred : watch_code::kInputNotYet;
+  if (text.size() < input) return {watch_code::kInputNotYet, {}};
+  const char shown = text[input - 1];
+  return {shown == level ? watch_code::kOccurred : watch_code::kInputNotYet, shown == 'A' ? "1" : "0"};
 }
 
 bool Compare(TriggerEvent event, double value, double content) {
@@ -48,19 +55,29 @@ std::optional<double> NumberOf(const DriveContext& context, const SpecialReading
 }
 
 /// What is compared is what a recording would keep: the special read comes first.
-std::int16_t TestComparison(DriveContext& context, const WatchedEvent& event) {
+EventTest TestComparison(DriveContext& context, const WatchedEvent& event) {
   const std::optional<SpecialReading> special = ReadSpecial(context, event.parameter);
   const bool answered = special ? special->answered : ReadOrdinary(context, event.parameter);
-  if (!answered) return watch_code::kNoAnswer;
+  if (!answered) return {watch_code::kNoAnswer, {}};
   const std::optional<double> value = special ? NumberOf(context, *special) : context.driveLink->GetValue();
   const bool holds = value && Compare(event.event, *value, event.content);
-  return holds ? watch_code::kOccurred : watch_code::kNotYet;
+  return {holds ? watch_code::kOccurred : watch_code::kNotYet,
+          value ? DoubleText(*value, context.ports.locale.Numbers()) : special->text.value_or(std::string())};
 }
 
 }  // namespace
 
-std::int16_t TestEvent(DriveContext& context, const WatchedEvent& event) {
-  if (event.event == TriggerEvent::kNone) return watch_code::kNotYet;
+std::string EventWords(const Environment& environment, const WatchedEvent& event) {
+  constexpr std::array kOperators{" > ", " < ", " = ", " >= ", " <= "};
+  if (event.event == TriggerEvent::kNone) return {};
+  if (!IsCompareEvent(event.event)) return LoadMessage(environment, EventName(event.event));
+  const auto place = static_cast<std::size_t>(PositionOf(event.event) - PositionOf(TriggerEvent::kGreater));
+  return "P" + FormatDigits(event.parameter, 3) + kOperators.at(place) +
+         DoubleText(event.content, environment.ports.locale.Numbers());
+}
+
+EventTest TestEvent(DriveContext& context, const WatchedEvent& event) {
+  if (event.event == TriggerEvent::kNone) return {};
   if (IsCompareEvent(event.event)) return TestComparison(context, event);
   const int input = PositionOf(event.event) - PositionOf(TriggerEvent::kFirstInput);
   if (input < 0) return TestState(context, EventCode(event.event));

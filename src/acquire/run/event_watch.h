@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "drive/drive_context.h"
 #include "recording/trigger_events.h"
@@ -23,7 +24,16 @@ struct WatchedEvent {
   double content = 0;                        ///< likewise
 };
 
+/// What a test found.
+struct EventTest {
+  std::int16_t code = watch_code::kNotYet;
+  std::string reading;  ///< what the drive shows at present, for the user; empty when it did not answer
+};
+
 /// Tests the event at the context's current drive. Throws RunTimeError when the link object itself fails.
-[[nodiscard]] std::int16_t TestEvent(DriveContext& context, const WatchedEvent& event);
+[[nodiscard]] EventTest TestEvent(DriveContext& context, const WatchedEvent& event);
+
+/// The event in the user's words: its text, or for example "P005 >= 50".
+[[nodiscard]] std::string EventWords(const Environment& environment, const WatchedEvent& event);
 
 }  // namespace chartproject

@@ -43,8 +43,10 @@ void RunController::Start(const RunPlan& plan) {
 void RunController::Watch(const RunPlan& plan, const WatchedEvent& event) {
   watchedEvent_ = event;
   Arm(plan);
+  armedAt_ = component_.ports.clock.LocalNow();
   display_.ShowArmed();
   display_.ShowLamp(true);
+  ShowWatch({});
   tmrEventTrigger.SetInterval(SamplingInterval());
   tmrEventTrigger.SetEnabled(true);
 }
@@ -133,25 +135,33 @@ void RunController::ShowRunTimes() {
 void RunController::tmrEventTrigger_Tick() {
   if (run_.State() != RunState::kArmed || LinkInUse()) return;
   const std::uint32_t run = run_.Serial();
-  std::int16_t code = watch_code::kNotYet;
+  EventTest test;
   component_.currentDrive = run_.Plan().driveAddress;
   try {
     const FlagScope testing(testingEvent_);
-    code = TestEvent(component_, watchedEvent_);
+    test = TestEvent(component_, watchedEvent_);
   } catch (const RunTimeError&) {
     // The link itself failed; the same error at every tick helps nobody.
     if (run_.Serial() == run) End(RunEnd::kFailed);
     throw;
   }
   if (run_.State() != RunState::kArmed || run_.Serial() != run) return;  // stopped meanwhile
-  if (code == watch_code::kOccurred) {
+  if (test.code == watch_code::kOccurred) {
     display_.ShowLamp(false);
     tmrEventTrigger.SetEnabled(false);
     BeginSampling();
     return;
   }
-  if (code == watch_code::kNoAnswer && !KeepsWatching()) return;
+  ShowWatch(test.reading);
+  if (test.code == watch_code::kNoAnswer && !KeepsWatching()) return;
   display_.ShowLamp(!display_.LampLit());
+}
+
+void RunController::ShowWatch(const std::string& reading) {
+  const std::string event = EventWords(component_, watchedEvent_);
+  const std::string since = MomentText(armedAt_, component_.ports.clock.LocalNow(), component_.ports.locale);
+  display_.ShowWatch(reading.empty() ? FillIn(LoadMessage(component_, Text::kWaitingFor), {event, since})
+                                     : FillIn(LoadMessage(component_, Text::kWaitingForNow), {event, reading, since}));
 }
 
 /// Asks what to do about a drive that does not answer.

@@ -25,6 +25,8 @@ class RunDisplay {
   virtual ~RunDisplay() = default;
   /// The event is watched: the fields are locked.
   virtual void ShowArmed() = 0;
+  /// What is waited for, since when, and what was read last.
+  virtual void ShowWatch(const std::string& text) = 0;
   /// The trigger lamp, which blinks while the event is watched.
   virtual void ShowLamp(bool lit) = 0;
   [[nodiscard]] virtual bool LampLit() const = 0;
@@ -87,6 +89,7 @@ class RunController {
   [[nodiscard]] int SamplingInterval() const;
   [[nodiscard]] bool PointIsDue();
   [[nodiscard]] bool KeepsWatching();
+  void ShowWatch(const std::string& reading);
   void ShowRunTimes();
   void StopTimers();
   void End(RunEnd reason);
@@ -100,6 +103,7 @@ class RunController {
   AcquisitionRun run_;
   RunReport lastRun_;
   WatchedEvent watchedEvent_;
+  DateTime armedAt_;  ///< of the watch
   bool testingEvent_ = false;
   Stopwatch stopwatch_;
   Instant samplingBegan_{};

@@ -1,0 +1,17 @@
+// A keyboard for the tests of fields whose rules look at every letter.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "forms/controls.h"
+
+namespace chartproject {
+
+/// Types a text at the end of a field, or over the whole of it where that is selected: every letter is a change of its
+/// own, to what the field held after the one before.
+inline void TypeLetters(TextControl& field, std::string_view letters) {
+  for (const char letter : letters) field.SetText((field.AllSelected() ? std::string() : field.Text()) + letter);
+}
+
+}  // namespace chartproject
