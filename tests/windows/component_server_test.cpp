@@ -107,6 +107,8 @@ TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
       CoGetClassObject(CLSID_ChartClass, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.ReceiveUntyped()),
       S_OK);
   factory->LockServer(FALSE);
+  factory->LockServer(FALSE);
+  EXPECT_EQ(CanUnload(), S_FALSE) << "a surplus unlocking takes no object's use away";
   factory.Reset();
   EXPECT_EQ(CanUnload(), S_OK);
 }

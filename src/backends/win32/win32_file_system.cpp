@@ -28,9 +28,13 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 [[nodiscard]] HANDLE Open(const std::string& name, DWORD access, DWORD share, DWORD disposition, int patience = 0) {
   const std::wstring wide = ToWide(name);
   for (int tries = 0;; ++tries) {
-    const HANDLE handle =
-        CreateFileW(wide.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle != INVALID_HANDLE_VALUE) return handle;
+    // The other end of a named pipe must not act in the user's name.
+    constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | SECURITY_SQOS_PRESENT | SECURITY_ANONYMOUS;
+    OwnedFile file(CreateFileW(wide.c_str(), access, share, nullptr, disposition, kFlags, nullptr));
+    if (file.Valid()) {
+      if (GetFileType(file.Get()) == FILE_TYPE_DISK) return file.Release();
+      throw RunTimeError(error_number::kPathFileAccess, Text::kNotARegularFile, {name});  // a device or a pipe
+    }
     const DWORD code = GetLastError();
     // The system calls a folder and a read-only file the same; so do our numbers (75).
     if (code != ERROR_SHARING_VIOLATION || tries >= patience) ThrowFileError(code, name);
@@ -46,6 +50,12 @@ void WriteAll(HANDLE file, std::string_view bytes, const std::string& name) {
     if (written == 0) ThrowFileError(ERROR_DISK_FULL, name);
     bytes.remove_prefix(written);
   }
+}
+
+bool HoldsBytes(const std::wstring& file) {
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  return GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data) != 0 &&
+         ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 || data.nFileSizeHigh != 0 || data.nFileSizeLow != 0);
 }
 
 void SeekTo(HANDLE file, std::uint64_t offset, const std::string& name) {
@@ -140,8 +150,11 @@ void Win32FileSystem::Append(const std::string& name, std::string_view bytes) {
 }
 
 std::unique_ptr<FileLock> Win32FileSystem::Lock(const std::string& name) {
+  std::wstring file = ToWide(name + ".lock");
+  // A marker is empty. A file of the user's is not, and must not go: the same free name is found by every program.
+  for (int other = 1; HoldsBytes(file); ++other) file = ToWide(name + ".lock" + std::to_string(other));
   // Shared with nobody, and taken away by the system when its handle goes, however its program ends.
-  const HANDLE marker = CreateFileW(ToWide(name + ".lock").c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+  const HANDLE marker = CreateFileW(file.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
                                     FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
   if (marker == INVALID_HANDLE_VALUE) {
     const DWORD code = GetLastError();
