@@ -183,7 +183,7 @@ TEST(ComponentServer, ThreadsWithObjectsOfTheirOwnDoNotDisturbEachOther) {
     for (std::thread& host : hosts) host.join();
   };
   fourHosts();  // so many windows at once take numbers that nothing needed before
-  ExpectNoGrowth(2, fourHosts);
+  ExpectNoGrowth(4, fourHosts, 2 << 20);
   EXPECT_EQ(failures, 0);
   EXPECT_EQ(CanUnload(), S_OK);
 }
