@@ -26,9 +26,9 @@ HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept {
   return ErrorCode(error.Number());
 }
 
-HRESULT PublishFailure(const char* what, const IID& source) noexcept {
+HRESULT PublishFailure(const std::exception& error, const IID& source) noexcept {
   try {
-    return PublishError(RunTimeError(error_number::kAutomation, what), source);
+    return PublishError(AsRunTimeError(error), source);
   } catch (...) {
     return E_OUTOFMEMORY;
   }

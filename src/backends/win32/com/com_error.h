@@ -20,8 +20,8 @@ namespace chartproject::win32 {
 
 /// Hands description and source of an error to the caller's side (IErrorInfo); returns the error's code.
 HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept;
-/// The same for an exception that has no number of the platform.
-HRESULT PublishFailure(const char* what, const IID& source) noexcept;
+/// The same for any exception.
+HRESULT PublishFailure(const std::exception& error, const IID& source) noexcept;
 
 /// The one wall between our exceptions and COM: runs the body of a method and turns what it throws into a code with
 /// description and source. Nothing is allocated before the wall. @param source the interface that the method belongs to
@@ -31,12 +31,10 @@ HRESULT Guarded(const IID& source, const Body& body) noexcept {
   try {
     body();
     return S_OK;
-  } catch (const RunTimeError& error) {
-    return PublishError(error, source);
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (const std::exception& error) {
-    return PublishFailure(error.what(), source);
+    return PublishFailure(error, source);
   } catch (...) {
     return E_UNEXPECTED;
   }
