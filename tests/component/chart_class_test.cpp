@@ -23,14 +23,14 @@ class ChartClassTest : public testing::Test {
   }
   /// Another instance of this thread; the first one brings the state along.
   std::unique_ptr<ChartClass> Create() {
-    if (!state) state = process.NewState(fakes.ports, fakes.forms, plant);
-    return std::make_unique<ChartClass>(*state, process);
+    if (!shared) shared = process.NewState(fakes.ports, fakes.forms, plant);
+    return std::make_unique<ChartClass>(*shared, process);
   }
 
   FakePorts fakes;
   FakePlant plant;
   ProcessState process;
-  std::unique_ptr<Component> state;
+  std::unique_ptr<Component> shared;
   std::function<void()> whileShown;
   const std::vector<std::string> wholeLife{"create", "open", "show frmAcquireVar", "close", "destroy"};
 };
@@ -58,7 +58,7 @@ TEST_F(ChartClassTest, TheNextInstanceFindsWhatTheSettingsDoNotSay) {
   Create()->State().chartHeader.Content = "12.5";
   fakes.settings.values["MyConf"]["strLanguage"] = "spanish";  // names no language
   fakes.settings.values["MyProject"]["strMainFile"] = "";
-  state.reset();
+  shared.reset();
   const auto next = Create();
   EXPECT_EQ(next->State().language, Language::kSpanish);
   EXPECT_TRUE(next->State().bDecimalPoint);

@@ -150,8 +150,8 @@ struct StartWindowTest : ::testing::Test {
   ProjectReport made =
       MakeProject(outside.fakes.files, outside.fakes.settings, outside.fakes.codePage, "/home/Project");
   ProcessState process;
-  std::unique_ptr<Component> state = process.NewState(outside.ports, outside.host, links);
-  ChartClass instance{*state, process};
+  std::unique_ptr<Component> shared = process.NewState(outside.ports, outside.host, links);
+  ChartClass instance{*shared, process};
   StartForm form{instance, made.folder};
   User user{form};
 
