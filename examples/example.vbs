@@ -1,4 +1,5 @@
 ' A host in a few lines: shows a chart file, or records one.
+' Exit code: 0, 1 when the component cannot be created, 2 when its method fails.
 ' Usage: %SystemRoot%\SysWOW64\cscript example.vbs [chart file]     (System32 on a 32-bit Windows)
 Option Explicit
 Dim component, architecture, hint
@@ -20,5 +21,8 @@ If WScript.Arguments.Count > 0 Then
 Else
   component.AcquireVar
 End If
-If Err.Number <> 0 Then WScript.Echo "Error " & Err.Number & ": " & Err.Description
+If Err.Number <> 0 Then
+  WScript.Echo "Error " & Err.Number & ": " & Err.Description
+  WScript.Quit 2
+End If
 Set component = Nothing

@@ -13,10 +13,8 @@
 
 namespace chartproject {
 
-ChartClass::ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links, ProcessState& process)
-    : process_(process), component_(ports, forms, links) {
+ChartClass::ChartClass(Component& state, ProcessState& process) : process_(process), component_(state) {
   component_.showChart = ShowChart;
-  process_.Give(component_);
   ReadConfSettings(component_);
   SetLanguageBase(component_);
   ReadProjectSettings(component_);

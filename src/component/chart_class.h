@@ -9,7 +9,8 @@
 namespace chartproject {
 
 /// Creating an instance loads the whole environment: settings, language, help file, drive table. Releasing it writes
-/// the settings back. One instance at a time is expected; everything runs on the thread that shows the forms.
+/// the settings back. Everything runs on the thread that shows the forms. Instances of one thread share one state: each
+/// start reads the settings into it anew, each release saves what it holds then.
 ///
 /// Release is a call of its own, because it can fail and its caller must learn of it (the COM server's last Release,
 /// the program's end). An instance that is destroyed without it still releases, so that no setting is lost on the way
@@ -17,8 +18,8 @@ namespace chartproject {
 class ChartClass {
  public:
   /// Throws RunTimeError when a setting or a drive file cannot be read: then there is no instance.
-  /// @param process what earlier instances of the process left; it, ports, forms and links outlive the instance
-  ChartClass(Ports& ports, FormHost& forms, DriveLinkFactory& links, ProcessState& process);
+  /// @param state of this thread, see ProcessState::NewState; it and `process` outlive the instance
+  ChartClass(Component& state, ProcessState& process);
   ~ChartClass();
   ChartClass(const ChartClass&) = delete;
   ChartClass& operator=(const ChartClass&) = delete;
@@ -39,7 +40,7 @@ class ChartClass {
 
  private:
   ProcessState& process_;
-  Component component_;
+  Component& component_;
   bool released_ = false;
 };
 

@@ -3,14 +3,16 @@
 
 namespace chartproject {
 
-void ProcessState::Give(Component& component) const {
+std::unique_ptr<Component> ProcessState::NewState(Ports& ports, FormHost& forms, DriveLinkFactory& links) const {
+  auto state = std::make_unique<Component>(ports, forms, links);
   const std::lock_guard lock(mutex_);
-  component.language = remembered_.language;
-  component.helpFile = remembered_.helpFile;
-  component.driveTable = remembered_.driveTable;
-  component.strChartFileName = remembered_.strChartFileName;
-  component.chartHeader = remembered_.chartHeader;
-  component.missingPictures = remembered_.missingPictures;
+  state->language = remembered_.language;
+  state->helpFile = remembered_.helpFile;
+  state->driveTable = remembered_.driveTable;
+  state->strChartFileName = remembered_.strChartFileName;
+  state->chartHeader = remembered_.chartHeader;
+  state->missingPictures = remembered_.missingPictures;
+  return state;
 }
 
 void ProcessState::Take(const Component& component) {

@@ -1,7 +1,7 @@
-// What one instance leaves in its process for the next one.
+// What instances share, and what one leaves in its process for the next one.
 #pragma once
 
-#include <cstdint>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -11,12 +11,13 @@
 namespace chartproject {
 
 /// An instance reads the settings anew but finds everything else as the last one left it: the language of a setting
-/// that names none, the drives while no project is open, the header fields that a chart file lacks. Instances that live
-/// at the same time (hosts with several threads) work on copies of their own; the last to end is the one remembered.
+/// that names none, the drives while no project is open, the header fields that a chart file lacks. Instances of one
+/// thread share a state; threads have states of their own, and the last instance to end is the one remembered.
 class ProcessState {
  public:
-  /// Fills a new instance. Any thread.
-  void Give(Component& component) const;
+  /// The state for a thread's instances, with what the process remembers. It lives as long as any of them. Any thread.
+  /// @param ports,forms,links outlive the state
+  [[nodiscard]] std::unique_ptr<Component> NewState(Ports& ports, FormHost& forms, DriveLinkFactory& links) const;
   /// Remembers what an ending instance leaves. Any thread.
   void Take(const Component& component);
 

@@ -21,13 +21,16 @@ class ChartClassTest : public testing::Test {
       form.Unload();
     };
   }
+  /// Another instance of this thread; the first one brings the state along.
   std::unique_ptr<ChartClass> Create() {
-    return std::make_unique<ChartClass>(fakes.ports, fakes.forms, plant, process);
+    if (!shared) shared = process.NewState(fakes.ports, fakes.forms, plant);
+    return std::make_unique<ChartClass>(*shared, process);
   }
 
   FakePorts fakes;
   FakePlant plant;
   ProcessState process;
+  std::unique_ptr<Component> shared;
   std::function<void()> whileShown;
   const std::vector<std::string> wholeLife{"create", "open", "show frmAcquireVar", "close", "destroy"};
 };
@@ -55,6 +58,7 @@ TEST_F(ChartClassTest, TheNextInstanceFindsWhatTheSettingsDoNotSay) {
   Create()->State().chartHeader.Content = "12.5";
   fakes.settings.values["MyConf"]["strLanguage"] = "spanish";  // names no language
   fakes.settings.values["MyProject"]["strMainFile"] = "";
+  shared.reset();
   const auto next = Create();
   EXPECT_EQ(next->State().language, Language::kSpanish);
   EXPECT_TRUE(next->State().bDecimalPoint);
@@ -87,6 +91,24 @@ TEST_F(ChartClassTest, ReleaseSavesEverySectionOnceAndEntersTheProjectFolder) {
   EXPECT_EQ(fakes.settings.written[32], "MyProject.intSelectedDrive") << "behind MyConf, before MyKestrel";
   EXPECT_EQ(fakes.settings.values["MyConf"]["intChartType"], "7");
   EXPECT_EQ(fakes.files.CurrentFolder(), "/projects/pump");
+}
+
+TEST_F(ChartClassTest, TwoLivingInstancesAndAnotherProgramLoseNothingToEachOther) {
+  auto& conf = fakes.settings.values["MyConf"];
+  conf = {{"strLanguage", "English"}, {"intTrials", "3"}, {"strGrid", "No"}};
+  auto older = Create();
+  conf["strLanguage"] = "Spanish";
+  auto newer = Create();
+  EXPECT_EQ(older->State().language, Language::kSpanish) << "the newer one read the settings for both";
+  newer->State().settings.intChartType = 5;
+  conf["intTrials"] = "9";
+  conf["strGrid"] = "Yes";
+  older->State().settings.strGrid = "";
+  newer->Release();
+  older->Release();
+  const std::pair<const char*, const char*> kept[] = {
+      {"strLanguage", "Spanish"}, {"intChartType", "5"}, {"intTrials", "9"}, {"strGrid", ""}};
+  for (const auto& [key, value] : kept) EXPECT_EQ(conf[key], value) << key;
 }
 
 TEST_F(ChartClassTest, AnInstanceDestroyedWithoutReleaseStillSaves) {

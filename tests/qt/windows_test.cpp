@@ -183,7 +183,8 @@ struct StartWindowTest : ::testing::Test {
   ProjectReport made =
       MakeProject(outside.fakes.files, outside.fakes.settings, outside.fakes.codePage, "/home/Project");
   ProcessState process;
-  ChartClass instance{outside.ports, outside.host, links, process};
+  std::unique_ptr<Component> shared = process.NewState(outside.ports, outside.host, links);
+  ChartClass instance{*shared, process};
   StartForm form{instance, made.folder};
   User user{form};
 

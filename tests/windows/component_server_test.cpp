@@ -1,7 +1,9 @@
 // The component as a COM server: creation, late and early binding, errors, counts, registration, settings.
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <thread>
+#include <vector>
 
 #include "backends/win32/com/com_error.h"
 #include "backends/win32/com/com_ref.h"
@@ -11,6 +13,7 @@
 #include "windows/form_driver.h"
 
 #include <chart_project.h>
+#include <ocidl.h>
 
 namespace chartproject::testing {
 namespace {
@@ -75,6 +78,13 @@ TEST(ComponentServer, MethodsAreFoundByNameAndWrongCallsRefused) {
   EXPECT_EQ(invoke(2, IID_IDispatch, &tooMany), DISP_E_UNKNOWNINTERFACE);
   EXPECT_EQ(invoke(2, IID_NULL, nullptr), E_POINTER);
   EXPECT_EQ(object->GetIDsOfNames(IID_NULL, nullptr, 1, LOCALE_USER_DEFAULT, nullptr), E_INVALIDARG);
+  ComRef<IProvideClassInfo2> provider;
+  ASSERT_EQ(object->QueryInterface(IID_IProvideClassInfo2, provider.ReceiveUntyped()), S_OK);
+  ComRef<ITypeInfo> description;
+  ASSERT_EQ(provider->GetClassInfo(description.Receive()), S_OK);
+  ComText name;
+  description->GetDocumentation(MEMBERID_NIL, name.Receive(), nullptr, nullptr, nullptr);
+  EXPECT_EQ(name.Utf8(), "ChartClass") << "what script hosts show";
   void* other = &result;
   EXPECT_EQ(object->QueryInterface(IID_IStream, &other), E_NOINTERFACE);
   EXPECT_EQ(other, nullptr);
@@ -107,6 +117,8 @@ TEST(ComponentServer, UnloadsWhenEverythingIsReleased) {
       CoGetClassObject(CLSID_ChartClass, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.ReceiveUntyped()),
       S_OK);
   factory->LockServer(FALSE);
+  factory->LockServer(FALSE);
+  EXPECT_EQ(CanUnload(), S_FALSE) << "a surplus unlocking takes no object's use away";
   factory.Reset();
   EXPECT_EQ(CanUnload(), S_OK);
 }
@@ -139,6 +151,54 @@ TEST(ComponentServer, CyclesLeakNeitherHandlesNorMemory) {
     EXPECT_EQ(Create()->CreateChart(file.Get()), S_OK);
     user.join();
   });
+}
+
+BOOL CALLBACK CloseVisible(HWND window, LPARAM /*unused*/) {
+  if (IsWindowVisible(window) != 0) PostMessageW(window, WM_CLOSE, 0, 0);
+  return TRUE;
+}
+
+void CALLBACK CloseMyWindows(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+  EnumThreadWindows(GetCurrentThreadId(), CloseVisible, 0);
+}
+
+/// A host's thread that shows a chart again and again; each window is closed as soon as it is up.
+void ShowCharts(int times, std::atomic<int>& failures) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  const UINT_PTR timer = SetTimer(nullptr, 0, 10, CloseMyWindows);
+  const ComText file(TestFolder() + "\\show.cht");
+  for (int time = 0; time < times; ++time) {
+    const ComRef<_ChartClass> object = Create();
+    if (!object || object->CreateChart(file.Get()) != S_OK) ++failures;
+  }
+  KillTimer(nullptr, timer);
+  CoUninitialize();
+}
+
+TEST(ComponentServer, ThreadsWithObjectsOfTheirOwnDoNotDisturbEachOther) {
+  std::atomic<int> failures = 0;
+  const auto fourHosts = [&failures] {
+    std::vector<std::thread> hosts;
+    for (int host = 0; host < 4; ++host) hosts.emplace_back(ShowCharts, 6, std::ref(failures));
+    for (std::thread& host : hosts) host.join();
+  };
+  fourHosts();  // so many windows at once take numbers that nothing needed before
+  ExpectNoGrowth(4, fourHosts, 2 << 20);
+  EXPECT_EQ(failures, 0);
+  EXPECT_EQ(CanUnload(), S_OK);
+}
+
+TEST(ComponentServer, TwoLivingObjectsAndTheHostKeepEachOthersSettings) {
+  StoreConf(L"strLanguage", L"English");
+  ComRef<_ChartClass> older = Create();
+  StoreConf(L"strLanguage", L"Spanish");
+  ComRef<_ChartClass> newer = Create();
+  ASSERT_TRUE(older && newer);
+  StoreConf(L"intTrials", L"9");
+  newer.Reset();
+  older.Reset();
+  EXPECT_EQ(win32::ReadRegistryText(HKEY_CURRENT_USER, kConf, L"strLanguage"), L"Spanish");
+  EXPECT_EQ(win32::ReadRegistryText(HKEY_CURRENT_USER, kConf, L"intTrials"), L"9");
 }
 
 TEST(ComponentServer, ScriptHostsSeeErrorsByNumberAndText) {

@@ -14,6 +14,9 @@ Err.Clear
 component.CreateChart component
 If Err.Number <> 13 Then WScript.Quit 5
 Err.Clear
+component.CreateChart Null
+If Err.Number <> 13 Then WScript.Quit 8
+Err.Clear
 component.DeleteChart
 If Err.Number <> 438 Then WScript.Quit 6
 Err.Clear

@@ -70,6 +70,19 @@ DWORD LoopFlags(const FormDriver& form) {
   return info.flags;
 }
 
+TEST(HostWithAWindow, AFormClosedMaximisedComesBackMaximised) {
+  for (const std::string& chart : {std::string(), TestFolder() + "\\show.cht"}) {
+    for (const bool reopened : {false, true}) {
+      const WindowHost host(chart);
+      const FormDriver form(GetCurrentProcessId(), L"");
+      EXPECT_EQ(IsZoomed(form.Window()) != 0, reopened) << chart;
+      ShowWindowAsync(form.Window(), reopened ? SW_RESTORE : SW_MAXIMIZE);
+      EXPECT_TRUE(WaitFor([&] { return (IsZoomed(form.Window()) != 0) != reopened; }));
+      form.Close();
+    }
+  }
+}
+
 TEST(HostWithAWindow, WaitsDisabledWhileTimersOfBothGoOnInLoopsOfTheSystem) {
   Store(L"MyConf", L"strLanguage", L"English");
   Store(L"MyKestrel", L"strHelps", L"P:\\nowhere");  // help that is not there is told in a box

@@ -54,18 +54,51 @@ TEST(Win32SettingsStore, StoreAndFindTexts) {
   OwnedKey key;
   RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test\\Section", 0,
                 KEY_ALL_ACCESS, key.Receive());
+  struct Other {
+    DWORD type;
+    std::wstring_view bytes;
+    const char* text;
+    const char* written;
+    DWORD typeAfter;
+  };
+  using namespace std::literals;
+  const Other others[] = {
+      {REG_DWORD, L"\xFFFE\xFFFF"sv, "-2", "7", REG_DWORD},
+      {REG_DWORD, L"\x0007\x0000"sv, "7", "seven", REG_SZ},
+      {REG_EXPAND_SZ, L"%SystemDrive%\\a\0"sv, "C:\\a", "C:\\a", REG_EXPAND_SZ},
+      {REG_EXPAND_SZ, L"plain\0"sv, "plain", "100%", REG_SZ},
+      {REG_MULTI_SZ, L"one\0two\0\0"sv, "one", "one", REG_MULTI_SZ},
+  };
+  DWORD type = 0;
+  for (const Other& other : others) {
+    RegSetValueExW(key.Get(), L"Other", 0, other.type, reinterpret_cast<const BYTE*>(other.bytes.data()),
+                   static_cast<DWORD>(other.bytes.size() * sizeof(wchar_t)));
+    EXPECT_EQ(settings.Read("Section", "Other"), other.text);
+    settings.Write("Section", std::array{StoredSetting{"Other", other.written}});
+    RegQueryValueExW(key.Get(), L"Other", nullptr, &type, nullptr, nullptr);
+    EXPECT_EQ(type, other.typeAfter) << other.text;
+    EXPECT_EQ(settings.Read("Section", "Other"), other.written);
+  }
   const DWORD number = 7;
   RegSetValueExW(key.Get(), L"Empty", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
   const std::string tooLong(20000, 'k');
   const StoredSetting refused[] = {{"Key", "new"}, {"Empty", "new"}, {"New", "new"}, {tooLong, "new"}};
   EXPECT_EQ(ErrorOf([&] { settings.Write("Section", refused); }), 75);
-  DWORD type = 0;
   RegQueryValueExW(key.Get(), L"Empty", nullptr, &type, nullptr, nullptr);
   EXPECT_EQ(type, DWORD{REG_DWORD});
   EXPECT_EQ(settings.Read("Section", "Key"), "S\xC3\xA3o Paulo");
   EXPECT_EQ(settings.Read("Section", "New"), std::nullopt);
   RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
   RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\VB and VB Program Settings\\ChartProject test");
+}
+
+TEST(Files, DevicesAndPipesAreNotOpenedAsFiles) {
+  Win32FileSystem files;
+  const OwnedFile pipe(
+      CreateNamedPipeW(L"\\\\.\\pipe\\ChartProjectTest", PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 1, 64, 64, 0, nullptr));
+  for (const char* name : {"NUL", "\\\\.\\pipe\\ChartProjectTest"}) {
+    EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading(name); }), 75) << name;
+  }
 }
 
 TEST(Files, SideFilesTakeFreeNamesAndReplaceTheirTarget) {

@@ -12,6 +12,7 @@ namespace {
 
 // A DLL has no object that could hold this: the system asks the module itself.
 std::atomic<long> uses{0};
+std::atomic<long> locks{0};
 
 }  // namespace
 
@@ -27,8 +28,26 @@ bool ModuleUse::Any() noexcept {
   return uses != 0;
 }
 
+void ServerLocks::Add() noexcept {
+  ++locks;
+  ModuleUse::Add();
+}
+
+void ServerLocks::Remove() noexcept {
+  long held = locks;
+  while (held > 0 && !locks.compare_exchange_weak(held, held - 1)) {
+  }
+  if (held > 0) ModuleUse::Remove();
+}
+
 HINSTANCE ThisModule() noexcept {
   return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
+
+HMODULE LoadSystemLibrary(const wchar_t* fileName) {
+  std::wstring folder(GetSystemDirectoryW(nullptr, 0), L'\0');
+  folder.resize(GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())));
+  return LoadLibraryExW((folder + L"\\" + fileName).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 
 std::wstring ModuleFile() {

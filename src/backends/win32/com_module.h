@@ -19,8 +19,18 @@ class ModuleUse {
   [[nodiscard]] static bool Any() noexcept;
 };
 
+/// Locks that clients hold on the server (IClassFactory::LockServer), each a use of the module.
+class ServerLocks {
+ public:
+  static void Add() noexcept;
+  /// A surplus call does nothing: it must not take the uses of living objects away.
+  static void Remove() noexcept;
+};
+
 /// The module that this code is linked into.
 [[nodiscard]] HINSTANCE ThisModule() noexcept;
+/// Loads a library from the system's folder only, never from the current one or the path. Null when it is not there.
+HMODULE LoadSystemLibrary(const wchar_t* fileName);
 /// Full name of its file, without the prefix for long names that registration tools may put before it.
 [[nodiscard]] std::wstring ModuleFile();
 /// "\\?\C:\file" as "C:\file", "\\?\UNC\server\file" as "\\server\file"; other names as they are.

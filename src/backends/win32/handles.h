@@ -87,6 +87,7 @@ class OwnedFile {
   OwnedFile& operator=(OwnedFile&&) = delete;
   [[nodiscard]] HANDLE Get() const noexcept { return handle_; }
   [[nodiscard]] bool Valid() const noexcept { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE Release() noexcept { return std::exchange(handle_, INVALID_HANDLE_VALUE); }
   void Close() noexcept {
     if (Valid()) CloseHandle(handle_);
     handle_ = INVALID_HANDLE_VALUE;

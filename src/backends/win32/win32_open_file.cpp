@@ -65,10 +65,11 @@ class Win32OutputFile : public OutputFile {
 }  // namespace
 
 OwnedFile OpenOnDisk(const std::string& name, DWORD access, DWORD share, DWORD disposition, DWORD flags, int patience) {
+  // The other end of a named pipe must not act in the user's name.
+  constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | SECURITY_SQOS_PRESENT | SECURITY_ANONYMOUS;
   const std::wstring wide = ToWide(name);
   for (int tries = 0;; ++tries) {
-    OwnedFile file(
-        CreateFileW(wide.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL | flags, nullptr));
+    OwnedFile file(CreateFileW(wide.c_str(), access, share, nullptr, disposition, kFlags | flags, nullptr));
     if (file.Valid()) {
       if (GetFileType(file.Get()) != FILE_TYPE_DISK) throw NotARegularFile(name);
       return file;

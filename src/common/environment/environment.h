@@ -1,7 +1,8 @@
 // The lowest layer of the component's state: what every routine may need, whatever it works on.
 #pragma once
 
-#include <cstdint>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,12 +19,19 @@ inline constexpr const char* kHostTitle = "Kestrel v5.60";
 /// The component's own name, the title over run-time errors.
 inline constexpr const char* kApplicationTitle = "ChartProject";
 
+/// A setting as it was when it was last read or saved.
+struct KnownSetting {
+  std::optional<std::string> stored;  ///< what the store held; nothing when it had no such key
+  std::string value;                  ///< what that was taken for, as it would be saved
+};
+
 /// Filled when an instance of the component is created. The floors above add their own state to it (DriveContext,
 /// Component), so a routine names in its signature how much it can see.
 struct Environment {
   Ports& ports;
   FormHost& forms;
   Settings settings{};
+  std::map<std::string, KnownSetting> knownSettings{};  ///< by key
   Language language = Language::kPortuguese;
   std::string helpFile{};
   std::string profileFolder{};  ///< where the error log goes while strBin is empty; empty on the host's own system

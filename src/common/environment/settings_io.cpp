@@ -1,7 +1,7 @@
 // Sections of the store to settings and back, row by row.
 #include "common/environment/settings_io.h"
 
-#include <optional>
+#include <vector>
 
 #include "common/environment/environment.h"
 #include "common/environment/settings_table.h"
@@ -15,13 +15,25 @@ void ReadSection(Environment& environment, const SettingsSection& section) {
   for (const SettingRow& row : section.rows) {
     const std::optional<std::string> stored = environment.ports.settings.Read(section.name, row.key);
     SetSetting(environment.settings, {section, row}, stored ? std::string_view(*stored) : row.defaultText, format);
+    environment.knownSettings[row.key] = {stored, SettingText(environment.settings, row)};
   }
+}
+
+/// Whether a key goes to the store: this process changed it, or nobody else did.
+bool IsToBeSaved(Environment& environment, std::string_view section, const std::string& key, const std::string& value) {
+  const auto known = environment.knownSettings.find(key);
+  if (known == environment.knownSettings.end() || known->second.value != value) return true;
+  return environment.ports.settings.Read(section, key) == known->second.stored;
 }
 
 void SaveSection(Environment& environment, const SettingsSection& section) {
   std::vector<StoredSetting> values;
-  for (const SettingRow& row : section.rows) values.push_back({row.key, SettingText(environment.settings, row)});
+  for (const SettingRow& row : section.rows) {
+    const std::string value = SettingText(environment.settings, row);
+    if (IsToBeSaved(environment, section.name, row.key, value)) values.push_back({row.key, value});
+  }
   environment.ports.settings.Write(section.name, values);
+  for (const StoredSetting& saved : values) environment.knownSettings[saved.key] = {saved.value, saved.value};
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ void ReadConfSettings(Environment& environment);
 void ReadProjectSettings(Environment& environment);
 void ReadFolderSettings(Environment& environment);
 
-/// Each writes the keys of one section in order, integers as decimal text. Throws RunTimeError when the store cannot be
+/// Each writes the keys of one section in order, integers as decimal text. A key that another program changed since it
+/// was read, and this one did not, keeps what the other stored. Throws RunTimeError when the store cannot be read or
 /// written.
 void SaveConfSettings(Environment& environment);
 void SaveProjectSettings(Environment& environment);

@@ -1,4 +1,9 @@
-// AcquireVar and CreateChart for COM hosts, each behind the one wall that no exception passes.
+// AcquireVar and CreateChart for COM hosts, each guarded, so that no exception leaves a COM method.
+#include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
+
 #include "backends/win32/com/automation_object.h"
 #include "backends/win32/com/com_error.h"
 #include "backends/win32/com/server_module.h"
@@ -18,12 +23,32 @@ ProcessState& TheProcess() {
   return state;
 }
 
+/// What the living objects of one thread share: windows, ports, links and the state that the dialogs work on.
+class Apartment {
+ public:
+  /// The calling thread's; made with its first object. Throws what the making of ports throws.
+  static std::shared_ptr<Apartment> OfThisThread() {
+    static std::mutex mutex;
+    static std::map<std::thread::id, std::weak_ptr<Apartment>> all;
+    const std::lock_guard lock(mutex);
+    std::erase_if(all, [](const auto& each) { return each.second.expired(); });
+    std::weak_ptr<Apartment>& mine = all[std::this_thread::get_id()];
+    std::shared_ptr<Apartment> apartment = mine.lock();
+    if (!apartment) mine = apartment = std::make_shared<Apartment>();
+    return apartment;
+  }
+
+  [[nodiscard]] Component& State() noexcept { return *state_; }
+
+ private:
+  Win32Environment environment_;
+  ComDriveLinkFactory links_{CLSID_ChartClass, environment_.SimulatedClock()};
+  std::unique_ptr<Component> state_ = TheProcess().NewState(environment_.GetPorts(), environment_.Forms(), links_);
+};
+
 class ChartObject final : public AutomationObject<_ChartClass> {
  public:
-  ChartObject()
-      : AutomationObject(IID__ChartClass),
-        links_(CLSID_ChartClass, environment_.SimulatedClock()),
-        chart_(environment_.GetPorts(), environment_.Forms(), links_, TheProcess()) {}
+  ChartObject() : AutomationObject(IID__ChartClass, CLSID_ChartClass) {}
 
   HRESULT STDMETHODCALLTYPE AcquireVar() noexcept override {
     const ComRef<_ChartClass> self(this);  // the host may let go of the object while the dialog is up
@@ -35,9 +60,8 @@ class ChartObject final : public AutomationObject<_ChartClass> {
   }
 
  private:
-  Win32Environment environment_;
-  ComDriveLinkFactory links_;
-  ChartClass chart_;
+  std::shared_ptr<Apartment> apartment_ = Apartment::OfThisThread();
+  ChartClass chart_{apartment_->State(), TheProcess()};
 };
 
 }  // namespace

@@ -114,8 +114,9 @@ DriveLinkFactory& Session::Links() {
 
 ChartClass& Session::Instance() {
   if (!instance_) {
-    instance_ = std::make_unique<ChartClass>(ThePorts(), Forms(), Links(), process_);
-    instance_->State().profileFolder = outside_->settings.Folder();
+    state_ = process_.NewState(ThePorts(), Forms(), Links());
+    state_->profileFolder = outside_->settings.Folder();
+    instance_ = std::make_unique<ChartClass>(*state_, process_);
   }
   return *instance_;
 }
@@ -124,6 +125,7 @@ void Session::Release() {
   if (!instance_) return;
   instance_->Release();
   instance_.reset();
+  state_.reset();
 }
 
 }  // namespace chartproject

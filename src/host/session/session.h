@@ -74,6 +74,7 @@ class Session {
   bool onScreen_ = false;
   std::unique_ptr<Ports> ports_;
   ProcessState process_;
+  std::unique_ptr<Component> state_;  ///< of the instance
   std::unique_ptr<ChartClass> instance_;
 };
 

@@ -57,7 +57,7 @@ std::string ScenarioFile() {
 
 class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimulatedTime {
  public:
-  DriveLinkObject() : AutomationObject(IID__DriveLink), link_(MakeLink()) {}
+  DriveLinkObject() : AutomationObject(IID__DriveLink, CLSID_DriveLink), link_(MakeLink()) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
     return AutomationObject::QueryInterface(id, object);

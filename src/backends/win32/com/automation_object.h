@@ -6,11 +6,13 @@
 #include "backends/win32/com/type_information.h"
 #include "backends/win32/com_module.h"
 
+#include <ocidl.h>
+
 namespace chartproject::win32 {
 
 /// Implements all but the own methods of a dual interface. Objects are made by new and destroy themselves.
 template <typename Interface>
-class AutomationObject : public Interface, public ISupportErrorInfo {
+class AutomationObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo2 {
  public:
   AutomationObject(const AutomationObject&) = delete;
   AutomationObject& operator=(const AutomationObject&) = delete;
@@ -55,8 +57,18 @@ class AutomationObject : public Interface, public ISupportErrorInfo {
     return IsEqualIID(id, interfaceId_) ? S_OK : S_FALSE;
   }
 
+  /// From here script hosts take the name of the class.
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) noexcept override { return class_.Get(0, info); }
+  /// The class raises no events: there is no interface for them.
+  HRESULT STDMETHODCALLTYPE GetGUID(DWORD /*kind*/, GUID* id) noexcept override {
+    if (id == nullptr) return E_POINTER;
+    *id = GUID_NULL;
+    return E_INVALIDARG;
+  }
+
  protected:
-  explicit AutomationObject(const IID& interfaceId) : interfaceId_(interfaceId), types_(interfaceId) {}
+  AutomationObject(const IID& interfaceId, const CLSID& classId)
+      : interfaceId_(interfaceId), types_(interfaceId), class_(classId) {}
   virtual ~AutomationObject() = default;
 
   /// The object as another interface that it offers; null when it has none of that id.
@@ -65,6 +77,9 @@ class AutomationObject : public Interface, public ISupportErrorInfo {
       return static_cast<Interface*>(this);
     }
     if (IsEqualIID(id, IID_ISupportErrorInfo)) return static_cast<ISupportErrorInfo*>(this);
+    if (IsEqualIID(id, IID_IProvideClassInfo) || IsEqualIID(id, IID_IProvideClassInfo2)) {
+      return static_cast<IProvideClassInfo2*>(this);
+    }
     return nullptr;
   }
   [[nodiscard]] const IID& InterfaceId() const noexcept { return interfaceId_; }
@@ -74,6 +89,7 @@ class AutomationObject : public Interface, public ISupportErrorInfo {
   const IID& interfaceId_;
   ModuleUse use_;
   TypeInformation types_;
+  TypeInformation class_;
 };
 
 }  // namespace chartproject::win32

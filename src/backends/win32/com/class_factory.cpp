@@ -45,9 +45,9 @@ class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override {
     if (lock != FALSE) {
-      ModuleUse::Add();
+      ServerLocks::Add();
     } else {
-      ModuleUse::Remove();
+      ServerLocks::Remove();
     }
     return S_OK;
   }

@@ -2,7 +2,6 @@
 #include "backends/win32/com/com_error.h"
 
 #include <exception>
-#include <new>
 
 #include "backends/win32/com/com_ref.h"
 #include "backends/win32/system_error.h"
@@ -27,17 +26,11 @@ HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept {
   return ErrorCode(error.Number());
 }
 
-HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept {
-  SetErrorInfo(0, nullptr);  // what an earlier failure left would be taken for the words of a later one
+HRESULT PublishFailure(const std::exception& error, const IID& source) noexcept {
   try {
-    body();
-    return S_OK;
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
-  } catch (const std::exception& error) {
     return PublishError(AsRunTimeError(error), source);
   } catch (...) {
-    return E_UNEXPECTED;
+    return E_OUTOFMEMORY;
   }
 }
 

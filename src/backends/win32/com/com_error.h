@@ -1,7 +1,7 @@
 // Run-time errors as automation errors, and back.
 #pragma once
 
-#include <functional>
+#include <new>
 #include <string>
 
 #include "backends/win32/windows_api.h"
@@ -20,10 +20,25 @@ namespace chartproject::win32 {
 
 /// Hands description and source of an error to the caller's side (IErrorInfo); returns the error's code.
 HRESULT PublishError(const RunTimeError& error, const IID& source) noexcept;
+/// The same for any exception.
+HRESULT PublishFailure(const std::exception& error, const IID& source) noexcept;
 
 /// The one wall between our exceptions and COM: runs the body of a method and turns what it throws into a code with
-/// description and source. @param source the interface that the method belongs to
-HRESULT Guarded(const IID& source, const std::function<void()>& body) noexcept;
+/// description and source. Nothing is allocated before the wall. @param source the interface that the method belongs to
+template <typename Body>
+HRESULT Guarded(const IID& source, const Body& body) noexcept {
+  SetErrorInfo(0, nullptr);  // what an earlier failure left would be taken for the words of a later one
+  try {
+    body();
+    return S_OK;
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (const std::exception& error) {
+    return PublishFailure(error, source);
+  } catch (...) {
+    return E_UNEXPECTED;
+  }
+}
 
 /// What a failed call said of itself (IErrorInfo), else the system's words for its code.
 [[nodiscard]] std::string FailureText(HRESULT result);

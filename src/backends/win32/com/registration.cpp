@@ -74,7 +74,19 @@ LSTATUS StoreAll(HKEY root, const ServerDescription& server) {
   return ERROR_SUCCESS;
 }
 
+/// The class values that a site has set otherwise than registration does.
+std::vector<Entry> SitesValues(HKEY root, const ServerDescription& server) {
+  std::vector<Entry> entries;
+  const std::wstring classKey = L"CLSID\\" + IdText(server.classId);
+  for (const ClassValue& value : server.classValues) {
+    const auto text = ReadRegistryText(root, kClasses + classKey, value.name);
+    if (text && !text->empty() && *text != value.value) entries.push_back({classKey, value.name, *text});
+  }
+  return entries;
+}
+
 LSTATUS RemoveAll(HKEY root, const ServerDescription& server) {
+  const std::vector<Entry> kept = SitesValues(root, server);
   LSTATUS worst = ERROR_SUCCESS;
   for (const std::wstring& key :
        {L"CLSID\\" + IdText(server.classId), server.progId, server.progId + L".1",
@@ -83,6 +95,10 @@ LSTATUS RemoveAll(HKEY root, const ServerDescription& server) {
     LSTATUS status = RegDeleteTreeW(root, path.c_str());
     if (status == ERROR_SUCCESS) status = RegDeleteKeyW(root, path.c_str());
     if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) worst = status;
+  }
+  for (const Entry& entry : kept) {
+    const LSTATUS status = Store(root, entry, true);
+    if (status != ERROR_SUCCESS) worst = status;
   }
   return worst;
 }

@@ -8,7 +8,8 @@
 
 namespace chartproject::win32 {
 
-/// A further text under the class' own key; kept when it is there, for a site may have changed it.
+/// A further text under the class' own key. A site may change it: its text outlives registration and unregistration, so
+/// that an upgrade keeps it.
 struct ClassValue {
   std::wstring name;
   std::wstring value;
@@ -30,7 +31,8 @@ enum class RegistrationScope { kMachine, kUser };
 /// Writes every key of the server. Returns E_ACCESSDENIED when that part of the registry is closed to the caller,
 /// SELFREG_E_CLASS for other failures. Throws std::bad_alloc.
 [[nodiscard]] HRESULT RegisterServer(const ServerDescription& server, RegistrationScope scope);
-/// Removes every key of the server; none left is success. Returns and throws as RegisterServer.
+/// Removes every key of the server, but class values that a site changed; none left is success. Returns and throws as
+/// RegisterServer.
 [[nodiscard]] HRESULT UnregisterServer(const ServerDescription& server, RegistrationScope scope);
 
 /// An id as the registry writes it, in braces.

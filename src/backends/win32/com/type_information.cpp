@@ -6,10 +6,10 @@
 
 namespace chartproject::win32 {
 
-TypeInformation::TypeInformation(const IID& interfaceId) {
+TypeInformation::TypeInformation(const GUID& id) {
   ComRef<ITypeLib> library;
   RequireSuccess(LoadTypeLibEx(ModuleFile().c_str(), REGKIND_NONE, library.Receive()), "Loading the type library");
-  RequireSuccess(library->GetTypeInfoOfGuid(interfaceId, info_.Receive()), "Reading the type library");
+  RequireSuccess(library->GetTypeInfoOfGuid(id, info_.Receive()), "Reading the type library");
 }
 
 HRESULT TypeInformation::Get(unsigned index, ITypeInfo** info) const noexcept {
@@ -52,6 +52,11 @@ HRESULT TypeInformation::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS*
   if (result != nullptr) VariantInit(result);
   if (arguments == nullptr) return E_POINTER;
   if (TooMany(id, arguments->cArgs)) return DISP_E_BADPARAMCOUNT;
+  for (UINT index = 0; index < arguments->cArgs; ++index) {
+    if (arguments->rgvarg[index].vt != VT_NULL) continue;
+    if (badArgument != nullptr) *badArgument = index;
+    return DISP_E_TYPEMISMATCH;
+  }
   return info_->Invoke(object, id, flags, arguments, result, exception, badArgument);
 }
 

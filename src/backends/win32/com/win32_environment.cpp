@@ -28,7 +28,7 @@ std::unique_ptr<VirtualClock> ChosenVirtualClock(Clock& real) {
 Win32Environment::Win32Environment()
     : virtualClock_(ChosenVirtualClock(realClock_)),
       settings_(kHostApplication),
-      forms_(virtualClock_ ? static_cast<Clock&>(*virtualClock_) : realClock_, virtualClock_.get()),
+      forms_(virtualClock_ ? static_cast<Clock&>(*virtualClock_) : realClock_, keyboard_, virtualClock_.get()),
       ports_{settings_,  files_,    virtualClock_ ? static_cast<Clock&>(*virtualClock_) : realClock_,
              locale_,    codePage_, dialogs_,
              sound_,     keyboard_, help_,

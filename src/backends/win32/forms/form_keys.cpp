@@ -27,7 +27,7 @@ bool FormKeys::Take(MSG& message) {
   if (message.message == WM_KEYDOWN && KeyDown(message)) return true;
   const bool character = message.message == WM_SYSCHAR || message.message == WM_CHAR;
   if (character && AccessKeyPressed(message)) return true;
-  if (message.message == WM_MOUSEWHEEL && WheelTurned(message)) return true;
+  if ((message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL) && WheelTurned(message)) return true;
   return IsDialogMessageW(context_.formWindow, &message) != 0;
 }
 
@@ -36,9 +36,19 @@ bool FormKeys::WheelTurned(const MSG& message) {
   const POINT at{static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))};
   Widget* under = widgets_.Of(WindowFromPoint(at));
   if (under == nullptr || !under->Owner().EffectivelyEnabled()) return false;
-  wheelRest_ += static_cast<short>(HIWORD(message.wParam));
-  const int notches = wheelRest_ / WHEEL_DELTA;
-  wheelRest_ -= notches * WHEEL_DELTA;
+  const bool sideways = message.message == WM_MOUSEHWHEEL;
+  int& rest = sideways ? sidewaysRest_ : wheelRest_;
+  rest += static_cast<short>(HIWORD(message.wParam));
+  int notches = rest / WHEEL_DELTA;
+  rest -= notches * WHEEL_DELTA;
+  // To the right is the way that the wheel goes towards the user. What does not lie does not turn sideways.
+  if (sideways) {
+    if (dynamic_cast<HScrollBar*>(&under->Owner()) == nullptr &&
+        dynamic_cast<DrawnControl*>(&under->Owner()) == nullptr) {
+      return true;
+    }
+    notches = -notches;
+  }
   if (UpDown* arrows = widgets_.ArrowsOf(*under)) under = widgets_.Of(*arrows);
   return under->Wheel(notches);
 }
@@ -57,7 +67,7 @@ bool FormKeys::KeyDown(const MSG& message) {
     case VK_RETURN:
       return EnterPressed(message.hwnd);
     case VK_ESCAPE:
-      return ListIsOpen(message.hwnd) ? false : EscapePressed();
+      return ListIsOpen(message.hwnd) ? false : EscapePressed(message);
     case VK_F1:
       if (form_.helpRequested.handler) form_.RunHandler(form_.helpRequested.routine, form_.helpRequested.handler);
       return true;
@@ -85,7 +95,10 @@ bool FormKeys::EnterPressed(HWND focus) {
 
 /// Esc goes to an owner-drawn control that wants it, else presses the cancel button. Without one it does nothing: the
 /// key never closes a form by itself.
-bool FormKeys::EscapePressed() {
+/// A press that a run took for its end, and the repetitions while the key stays down, are spent.
+bool FormKeys::EscapePressed(const MSG& message) {
+  const bool repeated = (message.lParam & (1L << 30)) != 0;
+  if (repeated || keyboard_.TookEscapeOf(message.time)) return true;
   if (const Widget* widget = widgets_.Of(GetFocus())) {
     auto* drawn = dynamic_cast<DrawnControl*>(&widget->Owner());
     if (drawn != nullptr && drawn->KeyPressed(Key::kEscape, false)) return true;

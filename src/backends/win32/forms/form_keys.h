@@ -3,13 +3,15 @@
 
 #include "backends/win32/forms/form_focus.h"
 #include "backends/win32/forms/form_widgets.h"
+#include "backends/win32/win32_keyboard.h"
 
 namespace chartproject::win32 {
 
 class FormKeys {
  public:
-  FormKeys(Form& form, const WidgetContext& context, const FormWidgets& widgets, FormFocus& focus)
-      : form_(form), context_(context), widgets_(widgets), focus_(focus) {}
+  FormKeys(Form& form, const WidgetContext& context, const FormWidgets& widgets, FormFocus& focus,
+           const Win32Keyboard& keyboard)
+      : form_(form), context_(context), widgets_(widgets), focus_(focus), keyboard_(keyboard) {}
 
   /// A message of the form or one of its controls, before its window gets it; true when that is settled.
   bool Take(MSG& message);
@@ -21,7 +23,7 @@ class FormKeys {
  private:
   bool KeyDown(const MSG& message);
   bool EnterPressed(HWND focus);
-  bool EscapePressed();
+  bool EscapePressed(const MSG& message);
   bool PressButtonWith(bool (CommandButton::*role)() const noexcept);
   bool AccessKeyPressed(const MSG& message);
   bool StepArrowsOf(HWND field, int direction);
@@ -32,7 +34,9 @@ class FormKeys {
   const WidgetContext& context_;
   const FormWidgets& widgets_;
   FormFocus& focus_;
+  const Win32Keyboard& keyboard_;
   int wheelRest_ = 0;  ///< turn of the wheel that does not make a whole notch yet
+  int sidewaysRest_ = 0;
 };
 
 }  // namespace chartproject::win32

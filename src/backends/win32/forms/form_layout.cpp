@@ -101,7 +101,11 @@ RECT FormLayout::PlaceOf(const Control& control) const {
     place.y += container->Place().y;
   }
   // Edges, not sizes, are rounded: neighbours stay neighbours at every scale.
-  return {context_.Dots(place.x), context_.Dots(place.y), context_.Dots(place.Right()), context_.Dots(place.Bottom())};
+  RECT dots{context_.Dots(place.x), context_.Dots(place.y), context_.Dots(place.Right()),
+            context_.Dots(place.Bottom())};
+  const POINT scrolled = scroll_.Offset();
+  OffsetRect(&dots, -scrolled.x, -scrolled.y);
+  return dots;
 }
 
 bool FormLayout::Outgrown(const Control& control) const {
@@ -112,16 +116,24 @@ bool FormLayout::Outgrown(const Control& control) const {
 }
 
 void FormLayout::Arrange() {
-  RECT client;
-  GetClientRect(context_.formWindow, &client);
-  const Rect area{kFormMargin, kFormMargin, client.right / context_.scale - 2 * kFormMargin,
-                  client.bottom / context_.scale - 2 * kFormMargin};
+  const Size least = LeastSize();
+  const SIZE content = scroll_.Fit({context_.Dots(least.width), context_.Dots(least.height)});
+  const Rect area{kFormMargin, kFormMargin, content.cx / context_.scale - 2 * kFormMargin,
+                  content.cy / context_.scale - 2 * kFormMargin};
   chartproject::Arrange(form_.Layout(), area, *this);
   for (const auto& [control, widget] : widgets_.All()) {
     widget->ApplyStyle();
     widget->Place(PlaceOf(*control));
   }
   InvalidateRect(context_.formWindow, nullptr, TRUE);
+}
+
+void FormLayout::Scroll(int bar, WORD code) {
+  if (scroll_.Scroll(bar, code)) Arrange();
+}
+
+void FormLayout::Reveal(const Control& control) {
+  if (scroll_.Reveal(PlaceOf(control))) Arrange();
 }
 
 void FormLayout::PaintGroups() const {

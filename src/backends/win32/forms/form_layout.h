@@ -1,6 +1,7 @@
 // The layout of one form in dots of its screen: font, sizes of controls, their places, the frames of groups.
 #pragma once
 
+#include "backends/win32/forms/form_scroll.h"
 #include "backends/win32/forms/form_widgets.h"
 #include "forms/layout.h"
 
@@ -22,8 +23,12 @@ class FormLayout : private ControlMeasurer {
   [[nodiscard]] Size LeastSize() const;
   /// The same with pictures in the size that they like: for the first display.
   [[nodiscard]] Size ComfortableSize() const;
-  /// Gives every widget its place in the form's window.
+  /// Gives every widget its place in the form's window; where the window is too small, the content can be scrolled.
   void Arrange();
+  /// WM_HSCROLL or WM_VSCROLL of the window itself.
+  void Scroll(int bar, WORD code);
+  /// Scrolls until a control shows.
+  void Reveal(const Control& control);
   /// Place of a control in the form's window, in dots.
   [[nodiscard]] RECT PlaceOf(const Control& control) const;
   /// Whether a control needs more room than its place has.
@@ -40,6 +45,7 @@ class FormLayout : private ControlMeasurer {
   Form& form_;
   WidgetContext& context_;
   FormWidgets& widgets_;
+  FormScroll scroll_{context_};
   OwnedFont font_;
   mutable bool comfort_ = false;  ///< measuring for the first display
 };

@@ -106,7 +106,19 @@ void FormPlace::Show() {
                                                                      : SW_SHOWNORMAL);
 }
 
+/// Before the first display the state is what the form asks for: only the size is news, the place is not one yet.
+void FormPlace::ReportSize() {
+  RECT now;
+  GetWindowRect(context_.formWindow, &now);
+  const double twips = kTwipsPerPixel / context_.scale;
+  form_.PlaceChangedByUser(form_.Left(), form_.Top(), Width(now) * twips, Height(now) * twips);
+}
+
 void FormPlace::ReportToForm() {
+  if (!shownOnce_) {
+    ReportSize();
+    return;
+  }
   const HWND window = context_.formWindow;
   form_.StateChangedByUser(IsZoomed(window) != 0   ? WindowState::kMaximized
                            : IsIconic(window) != 0 ? WindowState::kMinimized

@@ -24,6 +24,7 @@ class FormPlace {
   void DpiChanged(int dotsPerInch, const RECT& suggested);
 
  private:
+  void ReportSize();
   void ReportToForm();
   void Arrange();
   [[nodiscard]] SIZE WindowSizeFor(Size client) const;

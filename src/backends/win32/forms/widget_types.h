@@ -89,14 +89,19 @@ class EditWidget : public Widget {
   [[nodiscard]] Size PreferredSize() const override;
   void Place(const RECT& place) override;
   void Command(WORD code) override;
+  bool Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) override;
 
  protected:
   EditWidget(TextControl& text, WidgetContext& context, const wchar_t* windowClass, DWORD style);
   [[nodiscard]] TextControl& Text() const noexcept { return text_; }
+  /// Hands a text that the user made to the control. One that was refused in a box comes back selected, so that the
+  /// next key replaces it. @return false when it was refused
+  bool Offer(const std::string& text);
 
  private:
   TextControl& text_;
   bool showing_ = false;  ///< the native text is being set: no input of the user
+  int focusLosses_ = 0;
 };
 
 class RichTextWidget : public EditWidget {
@@ -120,7 +125,7 @@ class MaskWidget : public EditWidget {
   [[nodiscard]] bool IsPlace(std::size_t at) const;
   [[nodiscard]] std::size_t NextPlace(std::size_t at) const;
   [[nodiscard]] std::string FullText() const;
-  void Overwrite(std::size_t at, char character);
+  bool Overwrite(std::size_t at, char character);
   void Type(wchar_t character);
   void Erase(bool backwards);
   bool EraseSelection();
@@ -148,9 +153,11 @@ class SliderWidget : public Widget {
   void Apply(Property property) override;
   [[nodiscard]] Size PreferredSize() const override;
   void Scroll(WORD code) override;
+  bool Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) override;
   bool Wheel(int notches) override;
 
  private:
+  void Step(int by);
   Slider& slider_;
 };
 

@@ -56,10 +56,36 @@ void SliderWidget::Scroll(WORD /*code*/) {
   slider_.SetValue(static_cast<int>(SendMessageW(Window(), TBM_GETPOS, 0, 0)));
 }
 
-bool SliderWidget::Wheel(int notches) {
-  const int wanted = slider_.Value() + notches * slider_.SmallChange();
+void SliderWidget::Step(int by) {
+  const int wanted = slider_.Value() + by;
   slider_.SetValue(std::clamp(wanted, slider_.Minimum(), std::max(slider_.Minimum(), slider_.Maximum())));
+}
+
+bool SliderWidget::Wheel(int notches) {
+  Step(notches * slider_.SmallChange());
   return true;
+}
+
+/// Up is more, as it is with the wheel; the native control goes the other way.
+bool SliderWidget::Message(UINT message, WPARAM word, LPARAM /*data*/, LRESULT& result) {
+  if (message != WM_KEYDOWN) return false;
+  result = 0;
+  switch (word) {
+    case VK_UP:
+      Step(slider_.SmallChange());
+      return true;
+    case VK_DOWN:
+      Step(-slider_.SmallChange());
+      return true;
+    case VK_PRIOR:
+      Step(slider_.LargeChange());
+      return true;
+    case VK_NEXT:
+      Step(-slider_.LargeChange());
+      return true;
+    default:
+      return false;
+  }
 }
 
 ScrollBarWidget::ScrollBarWidget(HScrollBar& bar, WidgetContext& context)

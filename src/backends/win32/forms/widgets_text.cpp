@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cwchar>
 
+#include "backends/win32/com_module.h"
 #include "backends/win32/drawing/clipboard_access.h"
 #include "backends/win32/forms/widget_types.h"
 #include "backends/win32/wide_text.h"
@@ -22,8 +23,8 @@ DWORD EditStyle(const TextControl& text) {
 
 /// The newest rich edit control that the system has.
 const wchar_t* RichEditClass() {
-  if (LoadLibraryW(L"msftedit.dll") != nullptr) return MSFTEDIT_CLASS;
-  LoadLibraryW(L"riched20.dll");
+  if (LoadSystemLibrary(L"msftedit.dll") != nullptr) return MSFTEDIT_CLASS;
+  LoadSystemLibrary(L"riched20.dll");
   return L"RichEdit20W";
 }
 
@@ -70,7 +71,20 @@ void EditWidget::Place(const RECT& place) {
 }
 
 void EditWidget::Command(WORD code) {
-  if (code == EN_CHANGE && !showing_) text_.SetText(ToUtf8(NativeText()));
+  if (code == EN_CHANGE && !showing_) Offer(ToUtf8(NativeText()));
+}
+
+bool EditWidget::Offer(const std::string& text) {
+  const int before = focusLosses_;
+  text_.SetText(text);
+  const bool refused = text_.Text() != text && focusLosses_ != before;
+  if (refused) SendMessageW(Window(), EM_SETSEL, 0, -1);
+  return !refused;
+}
+
+bool EditWidget::Message(UINT message, WPARAM /*word*/, LPARAM /*data*/, LRESULT& /*result*/) {
+  if (message == WM_KILLFOCUS) ++focusLosses_;
+  return false;
 }
 
 RichTextWidget::RichTextWidget(RichTextBox& text, WidgetContext& context)
@@ -114,7 +128,7 @@ void RichTextWidget::PaintFrame() const {
 }
 
 bool RichTextWidget::Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) {
-  if (message != WM_NCPAINT) return false;
+  if (message != WM_NCPAINT) return EditWidget::Message(message, word, data, result);
   result = DefSubclassProc(Window(), message, word, data);
   PaintFrame();
   return true;
@@ -142,10 +156,10 @@ std::string MaskWidget::FullText() const {
   return full;
 }
 
-void MaskWidget::Overwrite(std::size_t at, char character) {
+bool MaskWidget::Overwrite(std::size_t at, char character) {
   std::string text = FullText();
   text[at] = character;
-  box_.SetText(text);
+  return Offer(text);
 }
 
 std::pair<std::size_t, std::size_t> MaskWidget::Selection() const {
@@ -165,8 +179,7 @@ void MaskWidget::Type(wchar_t character) {
     MessageBeep(MB_OK);
     return;
   }
-  Overwrite(at, static_cast<char>(character));
-  MoveCaret(NextPlace(at + 1));
+  if (Overwrite(at, static_cast<char>(character))) MoveCaret(NextPlace(at + 1));
 }
 
 bool MaskWidget::EraseSelection() {
@@ -176,8 +189,7 @@ bool MaskWidget::EraseSelection() {
   for (std::size_t at = start; at < std::min(end, text.size()); ++at) {
     if (IsPlace(at)) text[at] = '_';
   }
-  box_.SetText(text);
-  MoveCaret(start);
+  if (Offer(text)) MoveCaret(start);
   return true;
 }
 
@@ -193,8 +205,7 @@ void MaskWidget::Erase(bool backwards) {
     at = NextPlace(at);
     if (at >= box_.Mask().size()) return;
   }
-  Overwrite(at, '_');
-  MoveCaret(backwards ? at : at + 1);
+  if (Overwrite(at, '_')) MoveCaret(backwards ? at : at + 1);
 }
 
 void MaskWidget::Paste() {
@@ -219,7 +230,7 @@ bool MaskWidget::TypedCharacter(WPARAM character) {
   return character >= kFirstPrintable || character == VK_BACK || character == kCtrlZ;
 }
 
-bool MaskWidget::Message(UINT message, WPARAM word, LPARAM /*data*/, LRESULT& result) {
+bool MaskWidget::Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) {
   result = 0;
   switch (message) {
     case WM_CHAR:
@@ -242,7 +253,7 @@ bool MaskWidget::Message(UINT message, WPARAM word, LPARAM /*data*/, LRESULT& re
     case EM_UNDO:
       return true;
     default:
-      return false;
+      return EditWidget::Message(message, word, data, result);
   }
 }
 

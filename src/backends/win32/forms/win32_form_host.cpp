@@ -45,8 +45,12 @@ DWORD MillisecondsUntil(Instant due, Instant now) {
 
 }  // namespace
 
-Win32FormHost::Win32FormHost(Clock& clock, VirtualClock* virtualClock)
-    : FormHost(clock), clock_(clock), virtualClock_(virtualClock), classes_(Win32FormView::FormProcedure) {
+Win32FormHost::Win32FormHost(Clock& clock, const Win32Keyboard& keyboard, VirtualClock* virtualClock)
+    : FormHost(clock),
+      clock_(clock),
+      keyboard_(keyboard),
+      virtualClock_(virtualClock),
+      classes_(Win32FormView::FormProcedure) {
   pump_ = OwnedWindow(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
   SetWindowLongPtrW(pump_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetWindowLongPtrW(pump_.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(PumpProcedure));

@@ -7,14 +7,16 @@
 #include "backends/win32/drawing/win32_picture_renderer.h"
 #include "backends/win32/forms/window_classes.h"
 #include "backends/win32/handles.h"
+#include "backends/win32/win32_keyboard.h"
 #include "forms/form_host.h"
 
 namespace chartproject::win32 {
 
 class Win32FormHost : public FormHost {
  public:
+  /// @param keyboard the one that runs ask for Esc
   /// @param virtualClock the clock itself when it moves from tick to tick; null for the real one
-  Win32FormHost(Clock& clock, VirtualClock* virtualClock);
+  Win32FormHost(Clock& clock, const Win32Keyboard& keyboard, VirtualClock* virtualClock);
 
   [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
   void RunModal(Form& form) override;
@@ -23,6 +25,7 @@ class Win32FormHost : public FormHost {
   [[nodiscard]] PictureRenderer* Pictures() noexcept override { return &renderer_; }
   void TimersChanged() override;
 
+  [[nodiscard]] const Win32Keyboard& TheKeyboard() const noexcept { return keyboard_; }
   [[nodiscard]] GdiplusFonts& Fonts() noexcept { return fonts_; }
   /// Closes every form whose loop runs, the upper ones first: the user's session ends, and this process with it as soon
   /// as its windows were told.
@@ -35,6 +38,7 @@ class Win32FormHost : public FormHost {
   bool Dispatch(MSG& message);
 
   Clock& clock_;
+  const Win32Keyboard& keyboard_;
   VirtualClock* virtualClock_;
   WindowClasses classes_;
   GdiplusSession gdiplus_;

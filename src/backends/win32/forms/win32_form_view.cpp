@@ -38,7 +38,10 @@ Win32FormView* ViewOf(HWND window) {
 }  // namespace
 
 Win32FormView::Win32FormView(Form& form, Win32FormHost& host, Unmade /*unmade*/)
-    : form_(form), host_(host), context_{nullptr, nullptr, SystemScale(), host.Fonts()} {}
+    : form_(form),
+      host_(host),
+      context_{nullptr, nullptr, SystemScale(), host.Fonts()},
+      keys_(form_, context_, widgets_, focus_, host.TheKeyboard()) {}
 
 // Built by the other constructor first: if anything is thrown from here on, the destructor takes the window away.
 Win32FormView::Win32FormView(Form& form, Win32FormHost& host) : Win32FormView(form, host, Unmade{}) {
@@ -215,7 +218,11 @@ std::optional<LRESULT> Win32FormView::InputMessage(UINT message, WPARAM word, LP
     }
     case WM_HSCROLL:
     case WM_VSCROLL:
-      if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) widget->Scroll(LOWORD(word));
+      if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) {
+        widget->Scroll(LOWORD(word));
+      } else if (data == 0) {
+        layout_.Scroll(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(word));
+      }
       return 0;
     case WM_CTLCOLORSTATIC:
       if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) {
@@ -291,6 +298,7 @@ bool Win32FormView::ControlMessage(Widget& widget, UINT message, WPARAM word, LP
   if (message == WM_KILLFOCUS) focus_.Left(widget, reinterpret_cast<HWND>(word));
   if (message == WM_SETFOCUS) {
     focus_.Reached(widget);
+    layout_.Reveal(widget.Owner());
     keys_.ShowDefaultButton();
   }
   return widget.Message(message, word, data, result);

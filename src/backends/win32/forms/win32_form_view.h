@@ -53,7 +53,7 @@ class Win32FormView : public FormView {
   WidgetContext context_;  ///< its window is null when there is none yet or any more
   FormWidgets widgets_{form_, context_};
   FormFocus focus_{context_};
-  FormKeys keys_{form_, context_, widgets_, focus_};
+  FormKeys keys_;
   FormLayout layout_{form_, context_, widgets_};
   FormPlace place_{form_, context_, widgets_, layout_};
   FormPictures pictures_{form_};

@@ -1,10 +1,11 @@
-// WinHelp where the system still has its viewer; else whatever program opens the file.
+// Compiled help in the system's viewer for it, a page of hypertext in the user's browser.
 #include "backends/win32/forms/win32_help.h"
 
 #include "backends/win32/forms/themed_controls.h"
 #include "backends/win32/forms/window_classes.h"
 #include "backends/win32/system_error.h"
 #include "backends/win32/wide_text.h"
+#include "backends/win32/win32_file_system.h"
 
 #include <shellapi.h>
 
@@ -13,6 +14,35 @@ namespace chartproject::win32 {
 namespace {
 
 constexpr const wchar_t* kHelpShown = L"ChartProjectHelp";  // property of the form's window
+constexpr std::size_t kLargestPage = 16 << 20;
+
+void ShowProblem(HWND owner, const std::wstring& name, DWORD code) {
+  const std::wstring text = name + L"\n" + ToWide(SystemMessage(code));
+  MessageBoxW(owner, text.c_str(), L"ChartProject", MB_ICONEXCLAMATION | (owner == nullptr ? MB_TASKMODAL : 0U));
+}
+
+/// Throws RunTimeError when the file cannot be read or is not a regular one.
+std::string ContentsOf(const std::string& name) {
+  std::string text(kLargestPage, '\0');
+  std::size_t size = 0;
+  const auto file = Win32FileSystem().OpenForReading(name);
+  while (const std::size_t got = file->Read(std::span(text).subspan(size))) size += got;
+  text.resize(size);
+  return text;
+}
+
+/// Help files end in .HLP whatever they hold: a copy has the name by which the system finds a program that shows pages,
+/// and none that runs programs.
+std::wstring CopyAsPage(const std::string& page) {
+  std::wstring folder(GetTempPathW(0, nullptr), L'\0');
+  folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+  const bool hypertext = page.find("<html") != std::string::npos || page.find("<HTML") != std::string::npos;
+  const std::wstring name = folder + L"ChartProject help" + (hypertext ? L".html" : L".txt");
+  const auto copy = Win32FileSystem().Create(ToUtf8(name));
+  copy->Write(page);
+  copy->FlushAndClose();
+  return name;
+}
 
 }  // namespace
 
@@ -25,10 +55,13 @@ void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   const ThemedControls themed;
   const std::wstring name = ToWide(helpFile);
   const HWND owner = WindowToOwn();
-  const DWORD attributes = GetFileAttributesW(name.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    const std::wstring text = name + L"\n" + ToWide(SystemMessage(ERROR_FILE_NOT_FOUND));
-    MessageBoxW(owner, text.c_str(), L"ChartProject", MB_ICONEXCLAMATION | (owner == nullptr ? MB_TASKMODAL : 0U));
+  if (!Win32FileSystem().FileExists(helpFile)) {
+    ShowProblem(owner, name, ERROR_FILE_NOT_FOUND);
+    return;
+  }
+  const std::string contents = ContentsOf(helpFile);
+  if (contents.find('\0') == std::string::npos) {
+    ShellExecuteW(owner, L"open", CopyAsPage(contents).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
     return;
   }
   const UINT command = context == 0 ? HELP_FINDER : HELP_CONTEXT;
@@ -36,7 +69,7 @@ void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   if (WinHelpW(form == nullptr ? owner : form, name.c_str(), command, static_cast<ULONG_PTR>(context)) != 0) {
     if (form != nullptr) SetPropW(form, kHelpShown, form);
   } else {
-    ShellExecuteW(owner, nullptr, name.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    ShowProblem(owner, name, ERROR_NO_ASSOCIATION);  // newer systems have no such viewer
   }
 }
 
