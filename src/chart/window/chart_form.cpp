@@ -12,9 +12,6 @@
 namespace chartproject {
 namespace {
 
-/// So much of a malformed line is shown.
-constexpr std::size_t kShownLineLength = 200;
-
 std::string BaseName(const std::string& fileName) {
   return fileName.substr(fileName.find_last_of("/\\") + 1);
 }
@@ -147,7 +144,8 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   readout_.ForgetCursors();
   scroll.Restart();
   if (!LoadSlice()) {
-    // The first slice cannot be shown, but the header can.
+    // The first slice cannot be shown, but the header can, over an empty chart without a grid.
+    mscChart1.SetModel(view_.Model({.kind = look_.kind}));
     series.Show(view_);
     scales.EnableFirst(view_.SeriesCount());
     rtfInfo.SetText(view_.Info(component_));
@@ -162,21 +160,21 @@ bool ChartForm::LoadSlice() {
     Unload();  // the numbers of the file that was shown do not hold for this one
     return false;
   }
-  SliceEnd end{};
-  {
+  const auto load = [this] {
     const ReadingSection::Scope loading(reading);
-    end = view_.Load(reading.Progress());
-  }
+    return view_.Load(reading.Progress());
+  };
+  SliceEnd end = load();
+  if (end == SliceEnd::kRead && MeasureFile()) end = load();
   switch (end) {
     case SliceEnd::kRead:
       ShowSlice();
-      TakeFurtherPointsIn();
       break;
     case SliceEnd::kMalformedLine:
-      ReportMalformedLine();
+      ShowMessage(component_, view_.FaultText(component_), box_style::kExclamation);
       break;
     case SliceEnd::kGivenUp:
-      reading.lblStatus.SetCaption(LoadMessage(component_, Text::kReadingStopped));
+      reading.Say(LoadMessage(component_, Text::kReadingStopped));
       scroll.Follow();
       break;
   }
@@ -202,17 +200,14 @@ void ChartForm::ShowChart() {
   mscChart1.SetModel(view_.Model(look_));
 }
 
-void ChartForm::TakeFurtherPointsIn() {
-  const ReadingSection::Scope counting(reading);
-  if (view_.TakeFurtherPointsIn(reading.Progress())) scroll.Follow();
-}
-
-void ChartForm::ReportMalformedLine() {
-  const MalformedLine& line = view_.Fault();
-  const std::string text = component_.ports.codePage.Decode(std::string_view(line.text).substr(0, kShownLineLength));
-  ShowMessage(component_,
-              LoadMessage(component_, Text::kLineError) + std::to_string(line.number) + " : <<" + text + ">>",
-              box_style::kExclamation);
+bool ChartForm::MeasureFile() {
+  {
+    const ReadingSection::Scope counting(reading);
+    if (!view_.MeasureFile(reading.Progress())) return false;
+  }
+  const bool moved = view_.ReturnIntoFile();
+  scroll.Follow();
+  return moved;
 }
 
 }  // namespace chartproject
