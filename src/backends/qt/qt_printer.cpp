@@ -5,9 +5,12 @@
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
+#include <QLocale>
 #include <QPageLayout>
+#include <QPageSize>
 #include <QPrinterInfo>
 #include <algorithm>
+#include <array>
 
 #include "backends/qt/print_queue.h"
 #include "backends/qt/qt_canvas.h"
@@ -29,6 +32,15 @@ constexpr double kLargestIcon = 1.4;     // centimetres; what follows an icon st
 
 double DotsPerCentimetre(const QPrinter& printer) {
   return printer.resolution() / kCentimetresPerInch;
+}
+
+/// What a printer is filled with where the user lives: Letter in most of America, else A4.
+QPageSize::PageSizeId PaperOfCountry(QLocale::Territory country) {
+  static constexpr std::array kLetter = {
+      QLocale::Belize,      QLocale::Canada,     QLocale::Chile,        QLocale::Colombia,  QLocale::CostaRica,
+      QLocale::ElSalvador,  QLocale::Guatemala,  QLocale::Mexico,       QLocale::Nicaragua, QLocale::Panama,
+      QLocale::Philippines, QLocale::PuertoRico, QLocale::UnitedStates, QLocale::Venezuela};
+  return std::find(kLetter.begin(), kLetter.end(), country) != kLetter.end() ? QPageSize::Letter : QPageSize::A4;
 }
 
 QFont FontOf(const PrintFont& font) {
@@ -56,7 +68,7 @@ bool QtPrinter::ChooseTarget() {
     return true;
   }
   if (!askForPdfName_) ThrowPrinterError("there is no printer");
-  const auto chosen = askForPdfName_();
+  const auto chosen = askForPdfName_(proposal_);
   target_ = chosen.value_or("");
   return !target_.empty();
 }
@@ -70,6 +82,7 @@ bool QtPrinter::StartDocument(const std::string& title) {
     part_ = std::make_unique<PartFile>(target_);
     printer_->setOutputFileName(FileNameToQt(part_->OpenName()));
   }
+  ChoosePaper();
   printer_->setFullPage(true);
   printer_->setDocName(ToQt(title));
   painter_ = std::make_unique<QPainter>();
@@ -77,8 +90,23 @@ bool QtPrinter::StartDocument(const std::string& title) {
     AbandonDocument();
     ThrowPrinterError(target_.empty() ? "the printer cannot be opened" : target_ + " cannot be written");
   }
+  // Charts are lines on a plain ground: a lossy picture would blur them.
+  painter_->setRenderHint(QPainter::LosslessImageRendering);
   y_ = lineHeight_ = 0;
   return true;
+}
+
+void QtPrinter::ChoosePaper() {
+  if (paper_) {
+    constexpr double kMillimetres = 10;
+    const QSizeF size(paper_->width * kMillimetres, paper_->height * kMillimetres);
+    printer_->setPageSize(QPageSize(size, QPageSize::Millimeter));
+  } else if (!target_.empty()) {
+    printer_->setPageSize(QPageSize(PaperOfCountry(QLocale::system().territory())));
+  } else {
+    const QPageSize own = QPrinterInfo::defaultPrinter().defaultPageSize();
+    if (own.isValid()) printer_->setPageSize(own);
+  }
 }
 
 PageArea QtPrinter::Page() const {

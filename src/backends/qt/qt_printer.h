@@ -13,8 +13,8 @@
 
 namespace chartproject {
 
-/// Asks the user where a PDF file should go; nothing when declined.
-using PdfNameSource = std::function<std::optional<std::string>()>;
+/// Asks the user where a PDF file should go, with a name to propose; nothing when declined.
+using PdfNameSource = std::function<std::optional<std::string>(const std::string& proposal)>;
 
 class QtPrinter : public Printer {
  public:
@@ -25,6 +25,10 @@ class QtPrinter : public Printer {
   /// The next documents go into a PDF file of that name, which appears when it is complete.
   void PrintToFile(std::string fileName) { fileName_ = std::move(fileName); }
 
+  /// Paper of the next documents, in the place of the queue's own, or for PDF files that of the user's country.
+  void UsePaper(const PaperSize& paper) { paper_ = paper; }
+
+  void ProposeFile(const std::string& fileName) override { proposal_ = fileName; }
   [[nodiscard]] bool StartDocument(const std::string& title) override;
   [[nodiscard]] PageArea Page() const override;
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
@@ -38,10 +42,13 @@ class QtPrinter : public Printer {
 
  private:
   [[nodiscard]] bool ChooseTarget();
+  void ChoosePaper();
   void FinishFile();
 
   PdfNameSource askForPdfName_;
-  std::string fileName_;            ///< chosen for all documents
+  std::string fileName_;  ///< chosen for all documents
+  std::optional<PaperSize> paper_;
+  std::string proposal_;
   std::string target_;              ///< PDF file of this document; empty for paper
   std::unique_ptr<PartFile> part_;  ///< of the PDF file
   std::unique_ptr<QPrinter> printer_;
