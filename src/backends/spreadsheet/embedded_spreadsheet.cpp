@@ -7,6 +7,7 @@
 #include "backends/spreadsheet/biff8_writer.h"
 #include "backends/spreadsheet/csv_writer.h"
 #include "backends/spreadsheet/xlsx_writer.h"
+#include "common/values/text.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -56,6 +57,9 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
 
   void WriteText(int sheet, int row, int column, std::string_view text) override {
     SheetCell& cell = CellAt(sheet, row, column);
+    if (text.size() > writer_->LongestText()) {
+      throw RunTimeError(error_number::kApplicationDefined, Text::kCellTextTooLong);
+    }
     cell.kind = text.empty() ? SheetCell::Kind::kEmpty : SheetCell::Kind::kText;
     cell.text = text;
   }
@@ -136,17 +140,17 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   int begunSheets_ = 0;
 };
 
-bool EndsWith(const std::string& name, std::string_view ending) {
-  return name.ends_with(ending);
-}
-
 }  // namespace
+
+bool HasEnding(std::string_view name, std::string_view ending) {
+  return name.size() >= ending.size() && ToUpperAscii(name.substr(name.size() - ending.size())) == ToUpperAscii(ending);
+}
 
 std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::string& targetName) {
   std::unique_ptr<WorkbookWriter> writer;
-  if (EndsWith(targetName, ".csv")) {
-    writer = MakeCsvWriter(targetName);
-  } else if (EndsWith(targetName, ".xlsx")) {
+  if (HasEnding(targetName, ".csv")) {
+    writer = MakeCsvWriter(targetName, locale_.Numbers().decimalSeparator);
+  } else if (HasEnding(targetName, ".xlsx")) {
     writer = MakeXlsxWriter(targetName);
   } else {
     writer = MakeBiff8Writer(targetName);
@@ -155,7 +159,7 @@ std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::
 }
 
 std::optional<WorkbookLimits> EmbeddedSpreadsheets::Limits(const std::string& targetName) const {
-  if (EndsWith(targetName, ".csv") || EndsWith(targetName, ".xlsx")) return std::nullopt;
+  if (HasEnding(targetName, ".csv") || HasEnding(targetName, ".xlsx")) return std::nullopt;
   return WorkbookLimits{kLargestBiff8Workbook, kMostBiff8Sheets};
 }
 
