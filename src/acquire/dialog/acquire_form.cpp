@@ -136,7 +136,7 @@ std::optional<std::string> AcquireForm::Missing() const {
 
 void AcquireForm::UpdateStartButtons() {
   const auto missing = Missing();
-  panel.lblHint.SetCaption(missing.value_or(std::string()));
+  panel.lblHint.SetCaption(missing.value_or(drive.Notice()));
   panel.lblEstimate.SetCaption(timing.Estimate());
   panel.ShowStopwatchField(timing.SpacedByStopwatch());
   if (missing) {
