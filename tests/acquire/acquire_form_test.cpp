@@ -5,6 +5,7 @@
 #include "acquire/dialog/input_rules.h"
 #include "acquire/run/run_texts.h"
 #include "acquire/run/stopwatch.h"
+#include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "dialog_fixture.h"
 #include "forms/access_keys.h"
@@ -21,6 +22,8 @@ class AcquireFormTest : public DialogTest {};
 TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   fake.settings.values["frmAcquireVar"]["Left"] = "1500";
   fake.settings.values["frmAcquireVar"]["Top"] = "far";
+  fake.forms.showsWindows = true;
+  component.profileFolder = "/profile";
   form = std::make_unique<AcquireForm>(component);
   form->Load();
   EXPECT_EQ(form->Caption(), "Acquire Parameter");
@@ -34,11 +37,15 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(component.strChartFileName, kChart);
   EXPECT_EQ(form->timing.lblTimeBetweenPointsRange.Caption(), "1 ... 65 s");
   EXPECT_EQ(form->trigger.cboEvent.Text(), "<PXXX> = Content");
-  EXPECT_TRUE(StartShown() && !TriggerShown() && !form->cmdViewChart.Visible());
+  EXPECT_THAT((std::array{StartShown(), TriggerShown(), form->cmdViewChart.Visible()}),
+              ElementsAre(true, false, false));
   EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 00:00:05, about 450 bytes.");
   EXPECT_EQ(std::pair(form->Left(), form->Top()), std::pair(1500.0, (1024 * 15 - 6360) / 2.0));
   EXPECT_EQ(form->HelpContextId(), 91);
   EXPECT_THAT(Prompts(), IsEmpty());
+  component.driveTable.At(1).Type = "KRA-02";
+  form->timing.txtNumberOfPoints.SetText("6");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "The model KRA-02 shows no numbers, except in P006.");
 }
 
 TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {

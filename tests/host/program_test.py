@@ -51,10 +51,22 @@ class ProgramCase(unittest.TestCase):
                                 "--file", file, *more, **options)
 
     def start(self, *arguments, clock):
-        child = subprocess.Popen(self.command(*arguments, clock=clock), cwd=self.folder, stderr=subprocess.PIPE,
-                                 stdout=subprocess.DEVNULL, text=True)
-        self.addCleanup(child.stderr.close)
-        return child
+        terminal, end = os.openpty()
+        self.addCleanup(os.close, terminal)
+        child = subprocess.Popen(self.command(*arguments, clock=clock), cwd=self.folder, stderr=end,
+                                 stdout=subprocess.DEVNULL)
+        os.close(end)
+        return child, self.progress(terminal)
+
+    def progress(self, terminal):
+        """Yields the number of points shown on the child's terminal, until the child ends."""
+        text = b""
+        while True:
+            try:
+                text = text[-80:] + os.read(terminal, 4096)
+            except OSError:
+                return
+            yield int((re.findall(rb"\] (\d+)/", text) or [0])[-1])
 
 
 class ProgramTest(ProgramCase):
@@ -84,13 +96,11 @@ class ProgramTest(ProgramCase):
 
     def test_a_signal_ends_a_recording_as_esc_does(self):
         for number, reason in ((signal.SIGINT, "Ctrl-C"), (signal.SIGTERM, "SIGTERM")):
-            child = self.start("acquire", "--parameters", "3,5", "--points", 100, "--every", "300ms", "--file",
-                               "run.cht", clock="real")
-            for line in child.stderr:
-                if line.startswith("point 10/100 "):
-                    child.send_signal(number)
-                    break
-            child.stderr.read()
+            child, progress = self.start("acquire", "--parameters", "3,5", "--points", 100, "--every", "300ms", "--file",
+                                         "run.cht", clock="real")
+            next(points for points in progress if points == 10)
+            child.send_signal(number)
+            list(progress)
             self.assertEqual(child.wait(10), 3, reason)
             rows = self.rows()
             self.assertEqual(len(rows), 100)
@@ -150,9 +160,9 @@ class ProgramTest(ProgramCase):
             *(([*record, *more], range_text) for more in (("--points", 0), ("--points", 2000000001), ("--every", "66s"),
                                                           ("--every", "150ms"), ("--every", "24:00:00"))),
             ([*record, "--points", "12.6"], '--points: "12.6" is not accepted'),
-            ([*record, "--every", "5"], '--every: "5" is no time'),
+            ([*record, "--every", "5"], '--every: "5" is not a valid time'),
             ([*record, "--address", 3], "there is no drive 03"),
-            ([*record, "--address", 99], "no whole number from 0 to 30"),
+            ([*record, "--address", 99], "not a whole number from 0 to 30"),
             ([*record, "--address", 2, "--trigger", "RUN"], "[Kestrel v5.60] Event not available"),
             ([*record, "--trigger", "STOP"], 'there is no event "STOP"'),
             ([*record, "--trigger", "PXXX=Content", "--content", 1], "needs --compare"),
@@ -160,6 +170,8 @@ class ProgramTest(ProgramCase):
             ([*record, "--compare", 3], "--compare and --content go with"),
             (["acquire", *file, "--parameters", "3,77"], "drive 01 has no parameter P077"),
             (["acquire", *file, "--parameters", "3,3,3,3,3"], "one to four parameters"),
+            (["acquire", *file, "--parameters", "P999"], "999 marks a column that is not in use"),
+            (["export", "own.cht", "--output", "own.ods"], "none of the endings .xls, .xlsx, .csv"),
             (["acquire", *file], "give both --file and --parameters"), (["acquire", "--points", 9], "in the dialog"),
             (["settings", "MyConf.none"], 'no setting "MyConf.none"'),
             *((["settings", f"MyConf.{key}", value], f'MyConf.{key}: "{value}" is no')
@@ -260,7 +272,7 @@ class ProgramTest(ProgramCase):
         (self.folder / "profile/Kestrel v5.60.ini").unlink()
         self.run_program("init", "made", link="sim", expected=0)
         listed = self.run_program("drives", link="sim").stdout
-        for model in ("KRA-09      2.40", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"):
+        for model in ("KRA-09  2.40", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"):
             self.assertIn(model, listed)
         for sound in ("NIMClick", "Complete", "ir_end"):
             with wave.open(str(self.folder / f"made/media/{sound}.wav")) as file:
@@ -293,7 +305,21 @@ class ProgramTest(ProgramCase):
     def test_reads_and_lists(self):
         self.assertEqual(self.run_program("read", 1, 3, 5, 77, expected=1).stdout,
                          "P003 1.50\nP005 50.25\nP077 no answer\n")
-        self.assertIn("02       TSR-05      1.0", self.run_program("drives").stdout)
+        self.assertIn("02       TSR-05  1.0", self.run_program("drives").stdout)
+        self.put("drive01.txt", "Type=KRA-02\r\n")
+        self.put("KRA02E.wcd", "\r\n#1#x#\r\n#P1000" + 13 * "#")
+        done = self.run_program("read", 1, "P003", expected=1)
+        self.assertIn("KRA02E.wcd, line 3: ", done.stderr)
+        self.put("KRA02E.wcd", "#P003#Current" + 12 * "#")
+        self.assertEqual(self.run_program("read", 1, "P003", expected=0).stdout, "P003 no value shown\n")
+        self.assertIn("The model KRA-02 shows no numbers, except in P006.", 
+                      self.run_program("acquire", "--parameters", 3, "--file", "run.cht", "--points", 1).stderr)
+        self.put("drive02.txt", "Tag=none\r\n")
+        done = self.run_program("drives", "--json", expected=1)
+        self.assertEqual([drive["type"] for drive in json.loads(done.stdout)], ["KRA-02"])
+        self.assertIn("drive02.txt: the file names no model", done.stderr)
+        (self.folder / "drive01.txt").unlink()
+        self.assertIn("drive01.txt: there is no such file", self.run_program("drives", expected=1).stderr)
         self.put("drive02.txt", "Type=KRA-08\r\nFirmware Version=1.0\r\n")
         self.put("KRA08V10E.wcd", "")
         self.put("power.txt", "at 0 02 P005 50\nat 0 02 P208 30\n")
@@ -319,15 +345,10 @@ class ProgramTest(ProgramCase):
 
     def test_rows_reported_as_taken_survive_a_kill(self):
         for _ in range(8):
-            child = self.start("acquire", "--parameters", "3,5", "--points", 100000000, "--file", "run.cht",
-                               clock="virtual")
+            child, progress = self.start("acquire", "--parameters", "3,5", "--points", 100000000, "--file", "run.cht",
+                                         clock="virtual")
             delay = time.monotonic() + random.uniform(0.2, 0.9)
-            reported = 0
-            for line in child.stderr:
-                match = re.match(r"point (\d+)/", line)
-                reported = int(match.group(1)) if match else reported
-                if time.monotonic() > delay:
-                    break
+            reported = next(points for points in progress if points > 0 and time.monotonic() > delay)
             child.kill()
             child.wait(10)
             spooled = (self.folder / "run.cht.tcf0").read_bytes()
@@ -357,7 +378,7 @@ class ProgramTest(ProgramCase):
         done = self.acquire(3, limits=step_down, expected=1)
         os.chmod(self.folder, 0o755)
         self.assertIn("Permission denied", done.stderr)
-        self.assertNotIn("point 1/", done.stderr)
+        self.assertNotIn("point ", done.stderr)
         self.assertEqual(list(self.folder.glob("run.cht*")), [])
 
 

@@ -281,10 +281,10 @@ TEST_F(SettingsStoreIniTest, WhatIsNotThereIsNothing) {
 
 TEST_F(SettingsStoreIniTest, KeysAndCommentsOfOthersStay) {
   files.MakeFolder(folder / "made/later");
-  PutFile(file, "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=Yes\nstrOther=C:\\Media\n");
-  EXPECT_EQ(store.Read("MyConf", "strOther"), "C:\\Media") << "a lone backslash, typed by hand";
+  PutFile(file, "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=Yes\nstrOther=C:\\new\\s\n");
+  EXPECT_EQ(store.Read("MyConf", "strOther"), "C:\\new\\s") << "single backslashes, typed by hand";
   Write("MyConf", {{"strSound", "No"}, {"strGrid", "Yes"}});
-  EXPECT_EQ(FileBytes(file), "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=No\nstrOther=C:\\Media\nstrGrid=Yes\n");
+  EXPECT_EQ(FileBytes(file), "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=No\nstrOther=C:\\new\\s\nstrGrid=Yes\n");
 }
 
 TEST_F(SettingsStoreIniTest, ProgramsThatStoreAtTheSameMomentLoseNothing) {
@@ -337,13 +337,28 @@ TEST_F(SettingsStoreIniTest, WhatIsLockedByOthersIsStoredWithTheNextWrite) {
   EXPECT_EQ(files.RightsOf(folder / "elsewhere").mode, 0600U);
 }
 
-TEST_F(SettingsStoreIniTest, RubbishIsAnErrorThatNamesTheFileAndIsNotOverwritten) {
+TEST_F(SettingsStoreIniTest, WhatIsNotUnderstoodIsReportedOnceAndKept) {
   files.MakeFolder(folder / "made/later");
-  for (const std::string& rubbish : std::vector<std::string>{"not an ini\n", "[open\nkey=1\n", "\x01\xFF\n"}) {
-    PutFile(file, rubbish);
-    EXPECT_NE(ErrorOf([&] { Write("MyConf", {{"strSound", "No"}}); }, file), 0);
-    EXPECT_EQ(FileBytes(file), rubbish);
+  const std::tuple<const char*, std::vector<int>, const char*> cases[] = {
+      {"\xEF\xBB\xBF[MyConf]\r\n strGrid = Yes\r\n", {}, "[MyConf]\nstrGrid=Yes\nstrSound=No\n"},
+      {"not an ini\n", {1}, "# not an ini\n\n[MyConf]\nstrSound=No\n"},
+      {"[open\nkey=1\n[MyConf]\n=2\na b=3\nstrGrid=Yes\n\x01\xFF\n",
+       {1, 2, 4, 5, 7},
+       "# [open\n# key=1\n\n[MyConf]\n# =2\n# a b=3\nstrGrid=Yes\n# \x01\xEF\xBF\xBD\nstrSound=No\n"}};
+  for (const auto& [bytes, lines, after] : cases) {
+    PutFile(file, bytes);
+    std::vector<std::string> reported;
+    store.lineSkipped = [&](const std::string& sentence) { reported.push_back(sentence); };
+    EXPECT_EQ(store.Read("MyConf", "strGrid").value_or("Yes"), "Yes");
+    Write("MyConf", {{"strSound", "No"}});
+    ASSERT_EQ(reported.size(), lines.size()) << bytes;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      EXPECT_TRUE(reported[i].starts_with(file + ", line " + std::to_string(lines[i]) + ": ")) << reported[i];
+    }
+    EXPECT_EQ(FileBytes(file), after);
   }
+  PutFile(file, std::string(4'000'001, '\n'));
+  EXPECT_NE(ErrorOf([&] { Write("MyConf", {{"strSound", "No"}}); }, file), 0);
   std::filesystem::remove_all(folder / "made");
   PutFile(folder / "made", "a file stands in the way");
   EXPECT_THROW(Write("MyConf", {{"strSound", "No"}}), RunTimeError);

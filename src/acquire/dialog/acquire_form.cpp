@@ -149,7 +149,8 @@ std::optional<std::string> AcquireForm::Missing() const {
 
 void AcquireForm::UpdateStartButtons() {
   const auto missing = Missing();
-  panel.lblHint.SetCaption(missing ? *missing : file.TargetNote());
+  const std::string notice = drive.Notice();
+  panel.lblHint.SetCaption(missing ? *missing : notice.empty() ? file.TargetNote() : notice);
   panel.lblEstimate.SetCaption(timing.Estimate());
   panel.ShowStopwatchField(timing.SpacedByStopwatch());
   if (missing) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "common/values/numbers.h"
+#include "drive/drive_models.h"
 #include "drive/driver_file.h"
 #include "forms/flag_scope.h"
 
@@ -109,6 +110,11 @@ std::optional<std::string> DriveSection::Missing() const {
                           std::ranges::any_of(lists, [](const ComboBox* list) { return LacksChoice(*list); });
   if (incomplete) return Say(Text::kHintParameters);
   return std::nullopt;
+}
+
+std::string DriveSection::Notice() const {
+  const std::string model = SelectedModel();
+  return model.empty() || ShowsValues(model) ? std::string() : FillIn(Say(Text::kModelShowsNoNumbers), {model});
 }
 
 std::array<ComboBox*, kColumnCount> DriveSection::ParameterLists() {

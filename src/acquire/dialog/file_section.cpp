@@ -3,6 +3,7 @@
 
 #include "acquire/run/run_texts.h"
 #include "common/folder_scope.h"
+#include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "forms/flag_scope.h"
 #include "recording/chart_file_writer.h"

@@ -7,6 +7,7 @@
 #include "common/environment/language.h"
 #include "common/message_box.h"
 #include "common/sounds.h"
+#include "common/values/numbers.h"
 #include "forms/flag_scope.h"
 #include "platform/run_time_error.h"
 

@@ -2,7 +2,6 @@
 #include "acquire/run/run_texts.h"
 
 #include <algorithm>
-#include <array>
 
 #include "common/values/numbers.h"
 
@@ -20,18 +19,6 @@ std::string DurationText(std::int64_t seconds) {
   const std::int64_t days = seconds / kSecondsInDay;
   const std::string time = FormatSeconds(seconds % kSecondsInDay);
   return days == 0 ? time : std::to_string(days) + " d " + time;
-}
-
-std::string FileSizeText(double bytes, const NumberFormat& format) {
-  if (bytes < 1024) return BytesText(bytes, format);
-  constexpr std::array kUnits{" kB", " MB", " GB"};
-  std::size_t unit = 0;
-  for (bytes /= 1024; bytes >= 1024 && unit + 1 < kUnits.size(); ++unit) bytes /= 1024;
-  return FormatTwoDecimals(bytes, format) + kUnits[unit];
-}
-
-std::string BytesText(double bytes, const NumberFormat& format) {
-  return FormatGrouped(bytes, format) + " bytes";
 }
 
 DateTime LaterBy(const DateTime& moment, std::int64_t seconds) {

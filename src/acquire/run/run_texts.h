@@ -12,12 +12,6 @@ namespace chartproject {
 /// "hh:mm:ss", from the first full day on with the days before it: "2 d 03:00:00". @param seconds 0 or more
 [[nodiscard]] std::string DurationText(std::int64_t seconds);
 
-/// "350 bytes", "1.40 kB", "66.76 MB", "130.39 GB": units of 1024, two decimals. @param bytes 0 or more
-[[nodiscard]] std::string FileSizeText(double bytes, const NumberFormat& format);
-
-/// "99,999,999 bytes", grouped as the user's locale does.
-[[nodiscard]] std::string BytesText(double bytes, const NumberFormat& format);
-
 /// The moment that lies some seconds after another; whole seconds.
 [[nodiscard]] DateTime LaterBy(const DateTime& moment, std::int64_t seconds);
 

@@ -27,10 +27,11 @@ class HeadlessFormHost : public FormHost {
   std::function<void()> onKeepAlive;
   /// Draws pictures, where a program brings something that can.
   PictureRenderer* pictures = nullptr;
+  bool showsWindows = false;  ///< tests stand in for windows
 
   [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
   void RunModal(Form& form) override;
-  [[nodiscard]] bool ShowsWindows() const noexcept override { return false; }
+  [[nodiscard]] bool ShowsWindows() const noexcept override { return showsWindows; }
   [[nodiscard]] Size ScreenSize() const override { return {1280 * kTwipsPerPixel, 1024 * kTwipsPerPixel}; }
   [[nodiscard]] PictureRenderer* Pictures() noexcept override { return pictures; }
   void KeepAlive() override {

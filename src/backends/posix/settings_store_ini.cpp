@@ -9,6 +9,7 @@
 #include "backends/posix/posix_error.h"
 #include "backends/posix/posix_path.h"
 #include "backends/posix/settings_lock.h"
+#include "backends/posix/settings_text.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -36,6 +37,9 @@ using TextOwner = std::unique_ptr<gchar, FreeText>;
 std::string ReadWhole(FileSystem& files, const std::string& name, FileIdentity& identity) {
   const auto file = files.OpenForReading(name);
   identity = file->Identity();
+  if (identity.size > kLargestSettingsFile) {
+    throw RunTimeError(error_number::kPathFileAccess, Text::kSettingsFileTooLarge, {name});
+  }
   std::string bytes;
   std::array<char, 16384> buffer{};
   while (const std::size_t count = file->Read(buffer)) bytes.append(buffer.data(), count);
@@ -66,7 +70,12 @@ void SettingsStoreIni::Refresh() {
   if (keys_->identity && files_.OpenForReading(fileName_)->Identity() == *keys_->identity) return;
   KeyFile fresh;
   FileIdentity identity;
-  const std::string bytes = ReadWhole(files_, fileName_, identity);
+  const auto skipped = [this](std::int64_t line, std::string_view text) {
+    if (!lineSkipped) return;
+    lineSkipped(FillIn(TextIn(Language::kEnglish, Text::kFileLinePlace), {fileName_, std::to_string(line)}) +
+                FillIn(TextIn(Language::kEnglish, Text::kSettingsLineSkipped), {std::string(text)}));
+  };
+  const std::string bytes = ReadableSettings(ReadWhole(files_, fileName_, identity), skipped);
   GError* error = nullptr;
   // An empty file is an empty store; GLib would call it an error.
   if (!bytes.empty() && g_key_file_load_from_data(fresh.file.get(), bytes.data(), bytes.size(),
@@ -82,10 +91,12 @@ std::optional<std::string> SettingsStoreIni::Read(std::string_view section, std:
   const std::string name(key);
   if (const auto waiting = unsaved_.find({group, name}); waiting != unsaved_.end()) return waiting->second;
   Refresh();
-  TextOwner text(g_key_file_get_string(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
-  // A value typed by hand may hold a lone backslash: it is then taken as it stands.
-  if (!text) text.reset(g_key_file_get_value(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
+  TextOwner text(g_key_file_get_value(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
   if (!text) return std::nullopt;
+  // A value typed by hand may hold single backslashes: it is then taken as it is.
+  if (IsTypedWindowsPath(text.get())) return std::string(text.get());
+  TextOwner decoded(g_key_file_get_string(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
+  if (decoded) text = std::move(decoded);
   return std::string(text.get());
 }
 

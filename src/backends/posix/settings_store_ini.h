@@ -1,6 +1,7 @@
 // The settings store away from Windows: one INI file in the user's configuration folder.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -30,6 +31,9 @@ class SettingsStoreIni : public SettingsStore {
   [[nodiscard]] const std::string& Folder() const noexcept { return folder_; }
   /// $XDG_CONFIG_HOME, or .config in the user's home folder.
   [[nodiscard]] static std::string UserFolder();
+
+  /// Called with a sentence for each line of the file that is not understood; the rest of the file holds. May be empty.
+  std::function<void(const std::string& sentence)> lineSkipped;
 
  private:
   struct KeyFile;

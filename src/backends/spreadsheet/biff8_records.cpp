@@ -19,8 +19,10 @@ constexpr std::uint16_t kFont = 0x0031;
 constexpr std::uint16_t kFormat = 0x00E0;
 constexpr std::uint16_t kStyle = 0x0293;
 constexpr std::uint16_t kBoundSheet = 0x0085;
+constexpr std::uint16_t kColumnInfo = 0x007D;
 constexpr std::uint16_t kDimensions = 0x0200;
 constexpr std::uint16_t kWindow2 = 0x023E;
+constexpr std::uint16_t kPane = 0x0041;
 constexpr std::uint16_t kRow = 0x0208;
 constexpr std::uint16_t kNumber = 0x0203;
 constexpr std::uint16_t kLabel = 0x0204;
@@ -28,6 +30,7 @@ constexpr std::uint16_t kRk = 0x027E;
 constexpr std::uint16_t kMultipleRk = 0x00BD;
 
 constexpr std::uint16_t kCellFormat = 15;  // the one after the 15 style formats
+constexpr std::uint16_t kBoldFormat = 16;
 constexpr int kStyleFormatCount = 15;
 constexpr int kFontCount = 4;
 
@@ -137,40 +140,41 @@ void PutBegin(std::string& bytes, std::uint16_t kind) {
   Put32(bytes, 0x0600);
 }
 
-void PutFont(std::string& bytes) {
+void PutFont(std::string& bytes, bool bold) {
   constexpr std::string_view kName = "Arial";
   PutHead(bytes, kFont, 16 + kName.size());
-  Put16(bytes, 200);     // height in twips: 10 points
-  Put16(bytes, 0);       // no attributes
-  Put16(bytes, 0x7FFF);  // automatic colour
-  Put16(bytes, 400);     // normal weight
-  Put16(bytes, 0);       // no escapement
-  Put32(bytes, 0);       // underline, family, character set, reserved
+  Put16(bytes, 200);               // height in twips: 10 points
+  Put16(bytes, 0);                 // no attributes
+  Put16(bytes, 0x7FFF);            // automatic colour
+  Put16(bytes, bold ? 700 : 400);  // weight
+  Put16(bytes, 0);                 // no escapement
+  Put32(bytes, 0);                 // underline, family, character set, reserved
   bytes.push_back(static_cast<char>(kName.size()));
   bytes.push_back('\0');
   bytes += kName;
 }
 
-void PutFormat(std::string& bytes, bool style, bool first) {
+void PutFormat(std::string& bytes, bool style, bool first, bool bold = false) {
+  constexpr std::uint16_t kBoldFont = kFontCount + 1;  // readers count from 0 and leave the number 4 out
   PutHead(bytes, kFormat, 20);
-  Put16(bytes, 0);                                   // font
-  Put16(bytes, 0);                                   // number format "General"
-  Put16(bytes, style ? 0xFFF5 : 0x0001);             // style without a parent, or locked cell of style 0
-  Put16(bytes, 0x0020);                              // bottom aligned
-  bytes.push_back('\0');                             // indentation
-  bytes.push_back(style && !first ? '\xF4' : '\0');  // attributes taken from the parent
-  Put32(bytes, 0);                                   // borders
+  Put16(bytes, bold ? kBoldFont : 0);     // font
+  Put16(bytes, 0);                        // number format "General"
+  Put16(bytes, style ? 0xFFF5 : 0x0001);  // style without a parent, or locked cell of style 0
+  Put16(bytes, 0x0020);                   // bottom aligned
+  bytes.push_back('\0');                  // indentation
+  bytes.push_back(style && !first ? '\xF4' : bold ? '\x08' : '\0');  // attributes of its own: the font
+  Put32(bytes, 0);                                                   // borders
   Put32(bytes, 0);
   Put16(bytes, 0x20C0);  // automatic pattern colours
 }
 
-void PutLabel(std::string& bytes, std::uint16_t row, std::uint16_t column, std::string_view text) {
-  if (text.size() > kLongestText) throw RunTimeError(error_number::kApplicationDefined, Text::kCellTextTooLong);
+void PutLabel(std::string& bytes, std::uint16_t row, std::uint16_t column, std::string_view text,
+              std::uint16_t format) {
   if (IsAscii(text)) {
     NumberRecord<12> head(kLabel, 9 + text.size());
     head.Add16(row);
     head.Add16(column);
-    head.Add16(kCellFormat);
+    head.Add16(format);
     head.Add16(static_cast<std::uint16_t>(text.size()));
     head.AppendTo(bytes);
     bytes.push_back('\0');
@@ -183,7 +187,7 @@ void PutLabel(std::string& bytes, std::uint16_t row, std::uint16_t column, std::
   PutHead(bytes, kLabel, 8 + characters.size());
   Put16(bytes, row);
   Put16(bytes, column);
-  Put16(bytes, kCellFormat);
+  Put16(bytes, format);
   Put16(bytes, static_cast<std::uint16_t>(units.size()));
   bytes += characters;
 }
@@ -249,9 +253,11 @@ void AppendGlobals(std::string& bytes, std::size_t sheetCount) {
   Put16(bytes, 0);
   Put16(bytes, sheetCount > 0 ? 1 : 0);
   Put16(bytes, 0x0258);  // width of the sheet tabs
-  for (int i = 0; i < kFontCount; ++i) PutFont(bytes);
+  for (int i = 0; i < kFontCount; ++i) PutFont(bytes, false);
+  PutFont(bytes, true);
   for (int i = 0; i < kStyleFormatCount; ++i) PutFormat(bytes, true, i == 0);
   PutFormat(bytes, false, false);
+  PutFormat(bytes, false, false, true);
   PutHead(bytes, kStyle, 4);
   Put16(bytes, 0x8000);  // built-in style of format 0
   Put16(bytes, 0xFF00);  // "Normal"
@@ -277,6 +283,16 @@ void AppendBoundSheet(std::string& bytes, std::uint32_t offset, std::string_view
 void AppendSheetBegin(std::string& bytes, const SheetExtent& extent) {
   constexpr std::uint16_t kSheet = 0x0010;
   PutBegin(bytes, kSheet);
+  for (std::size_t column = 0; column < kColumnWidths.size(); ++column) {
+    constexpr int kUnits = 256;  // a character
+    PutHead(bytes, kColumnInfo, 12);
+    Put16(bytes, static_cast<std::uint16_t>(column));  // first and last column
+    Put16(bytes, static_cast<std::uint16_t>(column));
+    Put16(bytes, static_cast<std::uint16_t>(kColumnWidths.at(column) * kUnits));
+    Put16(bytes, kCellFormat);
+    Put16(bytes, 0x0002);  // a width of its own
+    Put16(bytes, 0);
+  }
   PutHead(bytes, kDimensions, 14);
   Put32(bytes, 0);
   Put32(bytes, extent.rowEnd);
@@ -287,11 +303,19 @@ void AppendSheetBegin(std::string& bytes, const SheetExtent& extent) {
 
 void AppendSheetEnd(std::string& bytes, bool first) {
   PutHead(bytes, kWindow2, 18);
-  Put16(bytes, first ? 0x06B6 : 0x00B6);  // grid lines, headings, zeros; the first sheet is selected and shown
+  Put16(bytes, first ? 0x07BE : 0x00B6);  // grid lines, headings, zeros; the first sheet is selected, shown and frozen
   Put32(bytes, 0);                        // top row and left column
   Put32(bytes, 0x40);                     // automatic grid colour
   Put32(bytes, 0);
   Put32(bytes, 0);
+  if (first) {
+    PutHead(bytes, kPane, 10);
+    Put16(bytes, 0);          // no columns
+    Put16(bytes, kLabelRow);  // so many rows
+    Put16(bytes, kLabelRow);  // the first row below them
+    Put16(bytes, 0);
+    Put16(bytes, 2);  // the lower part has the cursor
+  }
   AppendEnd(bytes);
 }
 
@@ -310,12 +334,12 @@ void AppendRow(std::string& bytes, std::uint16_t row, std::uint16_t columnEnd) {
   record.AppendTo(bytes);
 }
 
-void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells) {
+void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells, bool bold) {
   std::uint32_t run[kLongestRun];
   for (std::size_t column = 0; column < cells.size(); ++column) {
     const SheetCell& cell = cells[column];
     if (cell.kind == SheetCell::Kind::kText) {
-      PutLabel(bytes, row, static_cast<std::uint16_t>(column), cell.text);
+      PutLabel(bytes, row, static_cast<std::uint16_t>(column), cell.text, bold ? kBoldFormat : kCellFormat);
     } else if (cell.kind == SheetCell::Kind::kNumber) {
       std::size_t length = 0;
       while (length < std::size(run) && column + length < cells.size()) {

@@ -29,9 +29,10 @@ void AppendGlobals(std::string& bytes, std::size_t sheetCount);
 /// One entry of the sheet list. @param offset of the sheet's first byte in the stream
 void AppendBoundSheet(std::string& bytes, std::uint32_t offset, std::string_view name);
 [[nodiscard]] std::size_t BoundSheetSize(std::string_view name);
-/// Begin and extent of a sheet; what follows are its rows, then AppendSheetEnd.
+/// Begin, column widths and extent of a sheet; what follows are its rows, then AppendSheetEnd.
 void AppendSheetBegin(std::string& bytes, const SheetExtent& extent);
-/// The sheet's view and the end mark. @param first the sheet that is shown when the workbook opens
+/// The sheet's view and the end mark. @param first the sheet that is shown when the workbook opens; its rows up to the
+/// labels stay in sight
 void AppendSheetEnd(std::string& bytes, bool first);
 /// The end mark alone.
 void AppendEnd(std::string& bytes);
@@ -39,7 +40,7 @@ void AppendEnd(std::string& bytes);
 /// Describes a row before its cells. @param row from 0
 void AppendRow(std::string& bytes, std::uint16_t row, std::uint16_t columnEnd);
 /// The cells of a row; neighbouring short numbers share a record, empty cells have none. @param row from 0
-/// Throws RunTimeError 1004 for a text longer than kLongestText.
-void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells);
+/// @param bold of the texts
+void AppendCells(std::string& bytes, std::uint16_t row, std::span<const SheetCell> cells, bool bold = false);
 
 }  // namespace chartproject::biff8

@@ -46,6 +46,8 @@ class Biff8Writer : public WorkbookWriter {
   Biff8Writer(const std::string& targetName, const FileRights& rights)
       : rows_(OpenWorkingFile(targetName)), targetName_(targetName), rights_(rights) {}
 
+  [[nodiscard]] std::size_t LongestText() const noexcept override { return biff8::kLongestText; }
+
   void BeginSheet(const std::string& name) override {
     FlushBlock();
     sheets_.push_back({name, {}, 0});
@@ -56,7 +58,7 @@ class Biff8Writer : public WorkbookWriter {
     const auto index = static_cast<std::uint16_t>(row - 1);
     const auto columns = static_cast<std::uint16_t>(cells.size());
     biff8::AppendRow(blockRows_, index, columns);
-    biff8::AppendCells(blockCells_, index, cells);
+    biff8::AppendCells(blockCells_, index, cells, sheets_.size() == 1 && row == kLabelRow);
     sheet.extent.rowEnd = static_cast<std::uint32_t>(row);
     sheet.extent.columnEnd = std::max(sheet.extent.columnEnd, columns);
     if (++rowsInBlock_ == kRowsInBlock) FlushBlock();

@@ -49,13 +49,15 @@ std::string WithoutFormulas(std::string_view text) {
   return safe;
 }
 
-void AppendField(std::string& line, const SheetCell& cell) {
-  if (cell.kind == SheetCell::Kind::kNumber) {
-    char digits[32];
-    const auto end = std::to_chars(digits, digits + sizeof digits, cell.number).ptr;
-    line.append(digits, end);
-    return;
-  }
+void AppendNumber(std::string& line, double number, const std::string& decimalSeparator) {
+  char digits[32];
+  char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+  char* const point = std::find(digits, end, '.');
+  line.append(digits, point);
+  if (point != end) line.append(decimalSeparator).append(point + 1, end);
+}
+
+void AppendText(std::string& line, const SheetCell& cell) {
   // Most texts are times and "--".
   const bool plain = cell.text.find_first_of("=+-@;\t\r\n") == std::string::npos;
   const std::string safe = plain ? std::string() : WithoutFormulas(cell.text);
@@ -74,10 +76,15 @@ void AppendField(std::string& line, const SheetCell& cell) {
 
 class CsvWriter : public WorkbookWriter {
  public:
-  CsvWriter(const std::string& targetName, const FileRights& rights)
-      : part_(targetName, rights), file_(std::fopen(part_.OpenName().c_str(), "wbe")) {
+  CsvWriter(const std::string& targetName, const std::string& decimalSeparator, const FileRights& rights)
+      : part_(targetName, rights),
+        file_(std::fopen(part_.OpenName().c_str(), "wbe")),
+        decimalSeparator_(decimalSeparator),
+        separator_(decimalSeparator == "," ? ';' : ',') {
     if (!file_) throw FileError(errno, targetName);
   }
+
+  [[nodiscard]] std::size_t LongestText() const noexcept override { return std::string::npos; }
 
   void BeginSheet(const std::string& /*name*/) override { nextRow_ = 1; }
 
@@ -86,8 +93,12 @@ class CsvWriter : public WorkbookWriter {
     for (; nextRow_ < row; ++nextRow_) line_ += "\r\n";
     ++nextRow_;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-      if (i > 0) line_ += ',';
-      AppendField(line_, cells[i]);
+      if (i > 0) line_ += separator_;
+      if (cells[i].kind == SheetCell::Kind::kNumber) {
+        AppendNumber(line_, cells[i].number, decimalSeparator_);
+      } else {
+        AppendText(line_, cells[i]);
+      }
     }
     line_ += "\r\n";
     if (std::fwrite(line_.data(), 1, line_.size(), file_.get()) != line_.size()) throw FileError(errno, part_.Target());
@@ -101,14 +112,17 @@ class CsvWriter : public WorkbookWriter {
  private:
   PartFile part_;
   std::unique_ptr<std::FILE, FileCloser> file_;
+  std::string decimalSeparator_;
+  char separator_;
   std::string line_;
   int nextRow_ = 1;
 };
 
 }  // namespace
 
-std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName, const FileRights& rights) {
-  return std::make_unique<CsvWriter>(targetName, rights);
+std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName, const std::string& decimalSeparator,
+                                              const FileRights& rights) {
+  return std::make_unique<CsvWriter>(targetName, decimalSeparator, rights);
 }
 
 }  // namespace chartproject

@@ -1,4 +1,4 @@
-// Writes the rows of a workbook as comma-separated text.
+// Writes the rows of a workbook as separated text.
 #pragma once
 
 #include <memory>
@@ -8,9 +8,12 @@
 
 namespace chartproject {
 
-/// UTF-8, lines ended by CR LF, full stop as decimal separator, texts quoted where they must be, with an apostrophe
-/// before what a spreadsheet would take for a formula; the sheets follow each other without a mark, for they exist only
+/// UTF-8, lines ended by CR LF. Fields are separated and numbers written as the user's spreadsheet reads them: "," and
+/// a full stop, or ";" and a comma where decimals have one. Texts are quoted where they must be, with an apostrophe
+/// before what a spreadsheet would take for a formula. The sheets follow each other without a mark, for they exist only
 /// because a sheet's rows are limited.
-[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName, const FileRights& rights);
+[[nodiscard]] std::unique_ptr<WorkbookWriter> MakeCsvWriter(const std::string& targetName,
+                                                            const std::string& decimalSeparator,
+                                                            const FileRights& rights);
 
 }  // namespace chartproject

@@ -1,6 +1,7 @@
 // Sheets, the row at work, and the reading of entered values.
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 
+#include <algorithm>
 #include <charconv>
 #include <vector>
 
@@ -56,6 +57,9 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
 
   void WriteText(int sheet, int row, int column, std::string_view text) override {
     SheetCell& cell = CellAt(sheet, row, column);
+    if (text.size() > writer_->LongestText()) {
+      throw RunTimeError(error_number::kApplicationDefined, Text::kCellTextTooLong);
+    }
     cell.kind = text.empty() ? SheetCell::Kind::kEmpty : SheetCell::Kind::kText;
     cell.text = text;
   }
@@ -136,18 +140,22 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
   int begunSheets_ = 0;
 };
 
-bool EndsWith(const std::string& name, std::string_view ending) {
-  return name.ends_with(ending);
-}
-
 }  // namespace
+
+bool HasEnding(std::string_view name, std::string_view ending) {
+  const auto lower = [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+  };
+  return name.size() >= ending.size() &&
+         std::ranges::equal(name.substr(name.size() - ending.size()), ending, {}, lower);
+}
 
 std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::string& targetName,
                                                                      const FileRights& rights) {
   std::unique_ptr<WorkbookWriter> writer;
-  if (EndsWith(targetName, ".csv")) {
-    writer = MakeCsvWriter(targetName, rights);
-  } else if (EndsWith(targetName, ".xlsx")) {
+  if (HasEnding(targetName, ".csv")) {
+    writer = MakeCsvWriter(targetName, locale_.Numbers().decimalSeparator, rights);
+  } else if (HasEnding(targetName, ".xlsx")) {
     writer = MakeXlsxWriter(targetName, rights);
   } else {
     writer = MakeBiff8Writer(targetName, rights);
@@ -156,7 +164,7 @@ std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::
 }
 
 std::optional<WorkbookLimits> EmbeddedSpreadsheets::Limits(const std::string& targetName) const {
-  if (EndsWith(targetName, ".csv") || EndsWith(targetName, ".xlsx")) return std::nullopt;
+  if (HasEnding(targetName, ".csv") || HasEnding(targetName, ".xlsx")) return std::nullopt;
   return WorkbookLimits{kLargestBiff8Workbook, kMostBiff8Sheets};
 }
 

@@ -1,6 +1,8 @@
 // Rows go through libxlsxwriter's constant-memory mode.
 #include "backends/spreadsheet/xlsx_writer.h"
 
+#include <fcntl.h>
+#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <cerrno>
@@ -14,6 +16,28 @@ namespace chartproject {
 
 namespace {
 
+constexpr std::size_t kLongestText = 32767;
+
+/// The library reports failures also on standard error, in words of its own; the user gets ours.
+class SilentErrors {
+ public:
+  SilentErrors() : kept_(dup(STDERR_FILENO)) {
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (kept_ >= 0 && nowhere >= 0) dup2(nowhere, STDERR_FILENO);
+    if (nowhere >= 0) close(nowhere);
+  }
+  ~SilentErrors() {
+    if (kept_ < 0) return;
+    dup2(kept_, STDERR_FILENO);
+    close(kept_);
+  }
+  SilentErrors(const SilentErrors&) = delete;
+  SilentErrors& operator=(const SilentErrors&) = delete;
+
+ private:
+  int kept_;
+};
+
 class XlsxWriter : public WorkbookWriter {
  public:
   XlsxWriter(const std::string& targetName, const FileRights& rights)
@@ -23,6 +47,7 @@ class XlsxWriter : public WorkbookWriter {
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder_.empty() ? nullptr : folder_.data();
     options.use_zip64 = LXW_TRUE;
+    const SilentErrors silent;
     workbook_ = workbook_new_opt(part_.OpenName().c_str(), &options);
     if (workbook_ == nullptr) throw FileError(ENOMEM, part_.Target());
   }
@@ -32,9 +57,20 @@ class XlsxWriter : public WorkbookWriter {
   XlsxWriter(const XlsxWriter&) = delete;
   XlsxWriter& operator=(const XlsxWriter&) = delete;
 
+  [[nodiscard]] std::size_t LongestText() const noexcept override { return kLongestText; }
+
   void BeginSheet(const std::string& name) override {
     sheet_ = workbook_add_worksheet(workbook_, name.c_str());
     if (sheet_ == nullptr) throw RunTimeError(error_number::kApplicationDefined, Text::kSheetRefused, {name});
+    for (std::size_t c = 0; c < kColumnWidths.size(); ++c) {
+      const auto column = static_cast<lxw_col_t>(c);
+      Check(worksheet_set_column(sheet_, column, column, kColumnWidths.at(c), nullptr));
+    }
+    first_ = labels_ == nullptr;
+    if (!first_) return;
+    labels_ = workbook_add_format(workbook_);
+    format_set_bold(labels_);
+    worksheet_freeze_panes(sheet_, kLabelRow, 0);
   }
 
   void WriteRow(int row, std::span<const SheetCell> cells) override {
@@ -45,7 +81,8 @@ class XlsxWriter : public WorkbookWriter {
       if (cells[i].kind == SheetCell::Kind::kNumber) {
         result = worksheet_write_number(sheet_, at, column, cells[i].number, nullptr);
       } else if (cells[i].kind == SheetCell::Kind::kText) {
-        result = worksheet_write_string(sheet_, at, column, cells[i].text.c_str(), nullptr);
+        result = worksheet_write_string(sheet_, at, column, cells[i].text.c_str(),
+                                        first_ && row == kLabelRow ? labels_ : nullptr);
       }
       Check(result);
     }
@@ -55,6 +92,7 @@ class XlsxWriter : public WorkbookWriter {
     errno = 0;
     lxw_workbook* workbook = workbook_;
     workbook_ = nullptr;  // closing frees it, failed or not
+    const SilentErrors silent;
     Check(workbook_close(workbook));
     part_.Commit();
   }
@@ -70,6 +108,8 @@ class XlsxWriter : public WorkbookWriter {
   std::string folder_;
   lxw_workbook* workbook_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
+  lxw_format* labels_ = nullptr;  // made with the first sheet
+  bool first_ = false;
 };
 
 }  // namespace

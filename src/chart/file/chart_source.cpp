@@ -11,8 +11,6 @@
 namespace chartproject {
 namespace {
 
-constexpr int kInvalidFileFormat = 321;
-
 std::int32_t ReadNamedPoints(const std::string& text, const NumberFormat& format) {
   try {
     return std::max(ToInteger32(text, format), -1);
@@ -36,7 +34,7 @@ void ChartSource::Open(const std::string& fileName, ChartHeader& header) {
   if (fileName.empty()) throw RunTimeError(error_number::kFileNotFound, Text::kNoChartFileName);
   const auto file = ports_.files.OpenForReading(fileName);
   const HeaderReading reading = ReadChartHeader(*file, ports_.codePage, header);
-  if (reading.keys == 0) throw RunTimeError(kInvalidFileFormat, Text::kNotAChartFile, {fileName});
+  if (reading.keys == 0) throw RunTimeError(error_number::kInvalidFileFormat, Text::kNotAChartFile, {fileName});
   fileName_ = fileName;
   const NumberFormat& format = ports_.locale.Numbers();
   namedPoints_ = ReadNamedPoints(header.NumberOfPoints, format);

@@ -22,35 +22,40 @@ constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
 constexpr int kSheetPoints = kEndRow - 1;
 /// Lines between two reports while cells are a matter of microseconds; an application of its own takes far longer.
 constexpr std::int64_t kLinesBetweenProgress = 4096;
+/// A workbook whose size is limited is on the disk twice for a moment: its rows, and the file that is made of them.
+constexpr std::uint64_t kCopies = 2;
 const std::string kRoutine = "cmdExport_Click";
 
 /// Thrown through the writing when the user gives it up.
 struct GivenUp {};
 
-/// What the user should hear of lines that are no points.
-struct SkippedLines {
-  std::int64_t count = 0;
-  std::int64_t first = 0;  ///< number of the first such line
+/// The points of a file, and its lines that are not points.
+struct Lines {
+  std::int64_t points = 0;
+  std::int64_t skipped = 0;
+  std::int64_t firstSkipped = 0;  ///< its number
 };
 
 /// Calls `take` for each point of a chart file, in order; reports progress every so many lines.
 template <typename Take>
-SkippedLines ForEachPoint(Component& component, const ExportRequest& request, std::int64_t linesBetweenProgress,
-                          Take take) {
+Lines ForEachPoint(Component& component, const ExportRequest& request, std::int64_t linesBetweenProgress, Take take) {
   const auto file = component.ports.files.OpenForReading(request.chartFile);
   const std::uint64_t total = file->Identity().size;
-  SkippedLines skipped;
+  Lines lines;
   const auto first = LocateRows(*file);
-  if (!first) return skipped;
+  if (!first) return lines;
   PointReader points(*file, *first);
   for (PointLine line; points.Next(line);) {
     if (request.progress && line.number % linesBetweenProgress == 0 && !request.progress(line.offset, total)) {
       throw GivenUp();
     }
-    if (line.kind == LineKind::kPoint) take(line.row);
-    if (line.kind == LineKind::kMalformed && skipped.count++ == 0) skipped.first = line.number;
+    if (line.kind == LineKind::kPoint) {
+      take(line.row, line.number);
+      ++lines.points;
+    }
+    if (line.kind == LineKind::kMalformed && lines.skipped++ == 0) lines.firstSkipped = line.number;
   }
-  return skipped;
+  return lines;
 }
 
 /// ASCII only: the same in the file's code page and in UTF-8.
@@ -66,28 +71,46 @@ std::uint64_t LargestCell(std::string_view text) {
   return text.empty() ? 0 : std::max<std::uint64_t>(kNumberRecord, kTextRecord + bytesEach * text.size());
 }
 
-/// How many points fit into the format; nothing when all do.
-std::optional<std::int64_t> PointsThatFit(Component& component, const ExportRequest& request,
-                                          const WorkbookLimits& limits) {
+/// How large a workbook can become at most.
+struct Extent {
+  std::uint64_t bytes = 0;
+  std::int64_t points = 0;   ///< of the file
+  std::int64_t fitting = 0;  ///< those that the format has room for
+};
+
+/// Measures point by point, unless the file is so small that nothing can be wrong: then nothing.
+std::optional<Extent> Measure(Component& component, const ExportRequest& request, const WorkbookLimits& limits,
+                              std::uint64_t diskBytes) {
   constexpr std::uint64_t kRowRecord = 20;
   constexpr std::uint64_t kMostGrowth =
       8;  // a row of one-character values grows to less than this many times its bytes
   const std::int64_t mostInSheets = kFirstSheetPoints + static_cast<std::int64_t>(limits.sheets - 1) * kSheetPoints;
   const std::uint64_t fileBytes = component.ports.files.OpenForReading(request.chartFile)->Identity().size;
   constexpr std::uint64_t kShortestRow = 7;
-  if (fileBytes * kMostGrowth < limits.bytes && fileBytes / kShortestRow < static_cast<std::uint64_t>(mostInSheets)) {
+  if (fileBytes * kMostGrowth < std::min(limits.bytes, diskBytes) &&
+      fileBytes / kShortestRow < static_cast<std::uint64_t>(mostInSheets)) {
     return std::nullopt;
   }
-  std::uint64_t bytes = 0;
-  std::int64_t fitting = 0;
-  bool all = true;
-  ForEachPoint(component, request, kLinesBetweenProgress, [&](const ChartRow& row) {
-    bytes += kRowRecord + LargestCell(row.time);
-    for (const std::string_view value : row.values) bytes += LargestCell(value);
-    all = all && bytes < limits.bytes && fitting < mostInSheets;
-    if (all) ++fitting;
+  Extent extent;
+  const Lines lines = ForEachPoint(component, request, kLinesBetweenProgress, [&](const ChartRow& row, std::int64_t) {
+    extent.bytes += kRowRecord + LargestCell(row.time);
+    for (const std::string_view value : row.values) extent.bytes += LargestCell(value);
+    if (extent.bytes < limits.bytes && extent.fitting < mostInSheets) ++extent.fitting;
   });
-  return all ? std::nullopt : std::optional(fitting);
+  extent.points = lines.points;
+  return extent;
+}
+
+/// A spreadsheet keeps so many digits of a number; with more it is a text, as a serial number is.
+constexpr int kMostDigits = 15;
+
+/// Digits from the first that is not 0 on, an exponent's aside.
+bool HasTooManyDigits(std::string_view text) {
+  int digits = 0;
+  for (const char c : text.substr(0, text.find_first_of("eE"))) {
+    if (c >= '0' && c <= '9' && (digits > 0 || c != '0')) ++digits;
+  }
+  return digits > kMostDigits;
 }
 
 /// The workbook at work: sheets, header block and point rows.
@@ -114,19 +137,30 @@ class Workbook {
     }
   }
 
-  void WritePoint(const ChartRow& point) {
-    application_.WriteText(sheet_, row_, 1, Decoded(point.time));
-    for (int series = 0; series < kColumnCount; ++series) {
-      const int column = 2 + series;
-      application_.WriteText(sheet_, row_, column, Decoded(point.values[static_cast<std::size_t>(series)]));
-      // Read back and entered again, the text becomes the number that it reads as.
-      const std::string text = application_.ReadValue(sheet_, row_, column);
-      application_.EnterValue(sheet_, row_, column, LocaleDecimal(text, numbers_));
+  /// @param line its number in the chart file, for errors
+  void WritePoint(const ChartRow& point, std::int64_t line) {
+    int column = 1;
+    try {
+      application_.WriteText(sheet_, row_, column, Decoded(point.time));
+      for (const std::string_view value : point.values) WriteValue(++column, value);
+    } catch (const RunTimeError& error) {
+      throw error.At(Text::kCellPlace, {std::to_string(line), std::to_string(column)});
     }
     if (++row_ == kEndRow) NextSheet();
   }
 
  private:
+  void WriteValue(int column, std::string_view value) {
+    application_.WriteText(sheet_, row_, column, Decoded(value));
+    // Read back and entered again, the text becomes the number that it reads as.
+    const std::string text = LocaleDecimal(application_.ReadValue(sheet_, row_, column), numbers_);
+    if (HasTooManyDigits(text)) {
+      application_.WriteText(sheet_, row_, column, text);
+    } else {
+      application_.EnterValue(sheet_, row_, column, text);
+    }
+  }
+
   void NextSheet() {
     row_ = 1;
     ++sheet_;
@@ -181,9 +215,11 @@ class Export {
     SpreadsheetApplications& applications = component_.ports.spreadsheets;
     if (const auto limits = applications.Limits(target_)) {
       ShowBusy(true);  // a long file takes its time to be measured
-      const auto fitting = PointsThatFit(component_, request_, *limits);
+      const std::uint64_t space = SpaceForTarget();
+      const auto extent = Measure(component_, request_, *limits, space / kCopies);
       ShowBusy(false);
-      if (fitting) return RefuseSize(*fitting);
+      if (extent && extent->fitting < extent->points) return RefuseSize(extent->fitting);
+      if (extent && extent->bytes * kCopies > space) return RefuseSpace(extent->bytes * kCopies, space);
     }
     const FileRights rights = files.RightsOf(place_);
     if (files.FileExists(place_)) {
@@ -211,16 +247,20 @@ class Export {
     ShowBusy(true);
     Workbook workbook(component_, *application_);
     workbook.WriteHeader(request_.header);
-    const SkippedLines skipped = ForEachPoint(component_, request_, linesBetweenProgress,
-                                              [&workbook](const ChartRow& row) { workbook.WritePoint(row); });
+    const Lines lines =
+        ForEachPoint(component_, request_, linesBetweenProgress,
+                     [&workbook](const ChartRow& row, std::int64_t line) { workbook.WritePoint(row, line); });
     application_->SaveAs({place_, kNormalWorkbookFormat, "", "", false, false});
     application_->Quit();
     application_.reset();
     ShowBusy(false);
-    if (skipped.count > 0) {
+    if (lines.points == 0) {
+      ShowMessage(component_, LoadMessage(component_, Text::kExportWithoutPoints), box_style::kExclamation);
+    }
+    if (lines.skipped > 0) {
       ShowMessage(component_,
                   FillIn(LoadMessage(component_, Text::kExportSkippedLines),
-                         {std::to_string(skipped.count), std::to_string(skipped.first)}),
+                         {std::to_string(lines.skipped), std::to_string(lines.firstSkipped)}),
                   box_style::kExclamation);
     }
     ShowMessage(component_, LoadMessage(component_, Text::kFileSavedAs) + target_, box_style::kInformation);
@@ -230,6 +270,22 @@ class Export {
     ShowMessage(component_,
                 FillIn(LoadMessage(component_, Text::kExportTooLarge),
                        {FormatGrouped(static_cast<double>(fitting), component_.ports.locale.Numbers())}),
+                box_style::kExclamation);
+    return ExportOutcome::kTooLarge;
+  }
+
+  /// Free bytes where the workbook goes, with those of the old one, which is deleted first.
+  std::uint64_t SpaceForTarget() {
+    FileSystem& files = component_.ports.files;
+    const std::uint64_t old = files.FileExists(target_) ? files.OpenForReading(target_)->Identity().size : 0;
+    return files.SpaceFor(target_).availableToUser + old;
+  }
+
+  ExportOutcome RefuseSpace(std::uint64_t needed, std::uint64_t space) {
+    const auto text = [this](std::uint64_t bytes) {
+      return FileSizeText(static_cast<double>(bytes), component_.ports.locale.Numbers());
+    };
+    ShowMessage(component_, FillIn(LoadMessage(component_, Text::kExportNeedsSpace), {text(needed), text(space)}),
                 box_style::kExclamation);
     return ExportOutcome::kTooLarge;
   }

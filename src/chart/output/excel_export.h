@@ -13,7 +13,7 @@ enum class ExportOutcome {
   kSaved,
   kDeclined,       ///< the user answered No
   kNoApplication,  ///< no spreadsheet application is there
-  kTooLarge,       ///< the points do not fit into the workbook's format; nothing was touched
+  kTooLarge,       ///< the points do not fit into the workbook's format or on the disk; nothing was touched
   kGivenUp,        ///< stopped half-way; no file was left behind
   kFailed          ///< an error, shown and logged
 };

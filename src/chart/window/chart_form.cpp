@@ -72,16 +72,7 @@ void ChartForm::OnLoad() {
 }
 
 void ChartForm::LoadPictures() {
-  // A missing picture is no reason to refuse the window: the back end has its own.
-  const auto orDefault = [this](const char* routine, const std::function<void()>& load) {
-    try {
-      load();
-    } catch (const RunTimeError& error) {
-      NoteRunTimeError(component_, routine, error);
-    }
-  };
-  orDefault("SetFormIcon", [this] { SetFormIcon(component_, *this); });
-  orDefault("LoadButtonCursor", [this] { LoadButtonCursor(component_); });
+  LoadFormPictures(component_, *this);
   for (CommandButton* button : {&output.cmdOK, &output.cmdPrint}) SetButtonCursor(component_, *button);
 }
 

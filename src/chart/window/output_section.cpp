@@ -25,7 +25,8 @@ void OutputSection::cmdExport_Click() {
   request.chartFile = view_.FileName();
   request.header = component_.chartHeader;
   request.progress = [this](std::uint64_t done, std::uint64_t total) {
-    return reading_.ShowProgress(total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total));
+    return reading_.ShowProgress(total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total),
+                                 Text::kExporting);
   };
   std::optional<ReadingSection::Scope> busyReading;
   request.busy = [this, &busyReading](bool busy) {

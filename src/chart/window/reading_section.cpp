@@ -33,7 +33,7 @@ void ReadingSection::ShowHourglass() {
   [[maybe_unused]] const bool earlier = env_.ports.keyboard.EscapePressed();
 }
 
-bool ReadingSection::ShowProgress(double part) {
+bool ReadingSection::ShowProgress(double part, Text text) {
   const Instant now = env_.ports.clock.Now();
   if (!hourglass_) {
     if (now - began_ < kUnnoticed) return true;
@@ -42,7 +42,7 @@ bool ReadingSection::ShowProgress(double part) {
     return true;
   }
   shownAt_ = now;
-  lblStatus.SetCaption(FillIn(LoadMessage(env_, Text::kReadingFile), {std::to_string(static_cast<int>(part * 100))}));
+  lblStatus.SetCaption(FillIn(LoadMessage(env_, text), {std::to_string(static_cast<int>(part * 100))}));
   env_.forms.KeepAlive();
   return !env_.ports.keyboard.EscapePressed() && !closing_;
 }

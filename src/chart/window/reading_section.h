@@ -38,8 +38,9 @@ class ReadingSection {
   [[nodiscard]] bool Busy() const noexcept { return busy_; }
   /// Shows the hourglass for the rest of the reading; an earlier press of Esc does not count.
   void ShowHourglass();
-  /// Hourglass and text, once the reading takes long enough; false when the user gave it up.
-  bool ShowProgress(double part);
+  /// Hourglass and text (with the percentage as %1), once the reading takes long enough; false when the user gave it
+  /// up.
+  bool ShowProgress(double part, Text text = Text::kReadingFile);
   [[nodiscard]] ScanProgress Progress() {
     return [this](double part) { return ShowProgress(part); };
   }

@@ -311,6 +311,18 @@ std::string FormatSeconds(std::int64_t seconds) {
          FormatDigits(seconds % 60, 2);
 }
 
+std::string FileSizeText(double bytes, const NumberFormat& format) {
+  if (bytes < 1024) return BytesText(bytes, format);
+  constexpr std::array kUnits{" kB", " MB", " GB"};
+  std::size_t unit = 0;
+  for (bytes /= 1024; bytes >= 1024 && unit + 1 < kUnits.size(); ++unit) bytes /= 1024;
+  return FormatTwoDecimals(bytes, format) + kUnits[unit];
+}
+
+std::string BytesText(double bytes, const NumberFormat& format) {
+  return FormatGrouped(bytes, format) + " bytes";
+}
+
 std::string LocaleDecimal(std::string_view text, const NumberFormat& format) {
   std::string result(text);
   const bool fullStop = format.decimalSeparator == ".";

@@ -56,6 +56,12 @@ namespace chartproject {
 /// The same of a number of seconds, 0 or more; from 100 hours on the text is longer.
 [[nodiscard]] std::string FormatSeconds(std::int64_t seconds);
 
+/// "350 bytes", "1.40 kB", "66.76 MB", "130.39 GB": units of 1024, two decimals. @param bytes 0 or more
+[[nodiscard]] std::string FileSizeText(double bytes, const NumberFormat& format);
+
+/// "99,999,999 bytes", grouped as the user's locale does.
+[[nodiscard]] std::string BytesText(double bytes, const NumberFormat& format);
+
 /// A number's text with its first decimal separator made the locale's own (1,5 to 1.5 in a full-stop locale, 1.5 to
 /// 1,5 in a comma locale); only the first occurrence is replaced, for the input is one number.
 [[nodiscard]] std::string LocaleDecimal(std::string_view text, const NumberFormat& format);

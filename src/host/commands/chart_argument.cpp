@@ -19,7 +19,7 @@ constexpr std::string_view kBegin = "[INFO]";  // of every chart file
 void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& header) {
   const auto file = ports.files.OpenForReading(chartFile);
   if (ReadChartHeader(*file, ports.codePage, header).keys == 0) {
-    throw RunTimeError(kInvalidFileFormat, Text::kNotAChartFile, {chartFile});
+    throw RunTimeError(error_number::kInvalidFileFormat, Text::kNotAChartFile, {chartFile});
   }
 }
 

@@ -8,9 +8,6 @@
 
 namespace chartproject {
 
-/// Number of the error of a file that is no chart file, or holds no points.
-inline constexpr int kInvalidFileFormat = 321;
-
 /// Reads the header of a chart file. A key that the file lacks keeps its former value. Throws RunTimeError: 321 for a
 /// file that is none, else what opening and reading throw.
 void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& header);

@@ -67,12 +67,13 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
 
 void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice) {
   view.Open(fileName);
-  if (!view.HasPoints()) throw RunTimeError(kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
+  if (!view.HasPoints())
+    throw RunTimeError(error_number::kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
   view.SetPointsPerDivision(choice.pointsPerDivision);
   view.ScrollTo(std::int64_t{view.FirstLine()} + choice.first - 1);
   if (view.Load() == SliceEnd::kMalformedLine) {
     constexpr std::size_t kMostShown = 80;
-    throw RunTimeError(kInvalidFileFormat, Text::kLineIsNotAPoint,
+    throw RunTimeError(error_number::kInvalidFileFormat, Text::kLineIsNotAPoint,
                        {fileName, std::to_string(view.Fault().number), view.Fault().text.substr(0, kMostShown)});
   }
   if (view.Shown().RowCount() == 0 && choice.first > 1) {

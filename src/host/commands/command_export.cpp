@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "backends/posix/keyboard_signals.h"
+#include "backends/spreadsheet/embedded_spreadsheet.h"
 #include "chart/output/excel_export.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
@@ -35,8 +36,8 @@ class ExportCommand : public Command {
     CLI::App* app = program.add_subcommand("export", "Write the points of a chart file into a workbook");
     app->add_option("FILE", file_, "chart file")->required();
     app->add_option("--output", output_,
-                    "workbook; a name ending in .csv or .xlsx chooses plain text or the modern workbook "
-                    "[default: FILE.xls]");
+                    "workbook to write; its ending chooses the format: .xls, .xlsx (the modern workbook) or .csv (text "
+                    "with the locale's list and decimal separators) [default: FILE.xls]");
     return app;
   }
 
@@ -45,12 +46,13 @@ class ExportCommand : public Command {
     component.strChartFileName = FullName(file_);
     const std::string output = output_.empty() ? component.strChartFileName + ".xls" : FullName(output_);
     RefuseOutputOnto(component.strChartFileName, output);
+    if (!output_.empty()) RequireEnding();
     component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));
     ReadHeaderOf(component.ports, component.strChartFileName, component.chartHeader);
     KeyboardSignals::Watch();
     ExportRequest request{component.strChartFileName, output, component.chartHeader};
     request.progress = [this, &session](std::uint64_t done, std::uint64_t total) {
-      ShowProgress(session.Err(), done, total);
+      if (terminal_ && !session.Options().quiet) ShowProgress(session.Err(), done, total);
       return !session.ThePorts().keyboard.EscapePressed();
     };
     session.Console().beforeBox = [this, &session] { EndLine(session.Err()); };
@@ -61,14 +63,23 @@ class ExportCommand : public Command {
   }
 
  private:
+  void RequireEnding() const {
+    std::string listed;
+    for (const std::string_view ending : kWorkbookEndings) {
+      if (HasEnding(output_, ending)) return;
+      listed.append(listed.empty() ? "" : ", ").append(ending);
+    }
+    throw RefusedError("--output: \"" + output_ + "\" has none of the endings " + listed);
+  }
+
   /// A bar on a terminal; a file or pipe gets the messages only.
   void ShowProgress(std::ostream& err, std::uint64_t done, std::uint64_t total) {
     const auto percent = static_cast<std::int64_t>(total == 0 ? 100 : done * 100 / total);
-    if (!terminal_ || percent == shownPercent_) return;
+    if (percent == shownPercent_) return;
     shownPercent_ = percent;
     constexpr int kBarWidth = 40;
     RestartLine(err);
-    err << ProgressBarText(percent, 100, kBarWidth) << " " << percent << " %" << std::flush;
+    err << "Exporting [" << ProgressBarText(percent, 100, kBarWidth) << "] " << percent << " %" << std::flush;
     lineOpen_ = true;
   }
 

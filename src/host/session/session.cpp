@@ -42,7 +42,9 @@ struct Session::Outside {
         settings(files, options.profileFolder.empty() ? SettingsStoreIni::UserFolder() : options.profileFolder),
         dialogs(err, options.answerYes, kApplicationTitle),
         forms(*clock.clock, clock.wait),
-        link(options.link) {}
+        link(options.link) {
+    settings.lineSkipped = [&err](const std::string& sentence) { err << "chartproject: " << sentence << std::endl; };
+  }
 
   DriveLinkFactory& Links() {
     if (!links) links = MakeDriveLinks(link, files, *clock.clock, locale);
