@@ -55,6 +55,10 @@ class Canvas {
   virtual void DrawPolyline(std::span<const PointF> points, const Pen& pen) = 0;
   /// Fills a closed polygon and strokes its outline; PenStyle::kNone leaves the outline out.
   virtual void DrawPolygon(std::span<const PointF> points, Color fill, const Pen& outline) = 0;
+  /// Fills a convex polygon so that those that share an edge meet without a joint; its own edges need not be smooth.
+  virtual void FillCrisp(std::span<const PointF> points, Color fill) {
+    DrawPolygon(points, fill, {.color = fill, .width = 0.8});
+  }
   virtual void DrawEllipse(const Rect& box, Color fill, const Pen& outline) = 0;
   /// Draws one line of text with its box's top at `at.y` and its left edge, middle or right edge at `at.x`.
   virtual void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) = 0;

@@ -129,7 +129,8 @@ class ComboBox : public Control {
 /// Shared by the types that hold a text which the user may edit.
 class TextControl : public Control {
  public:
-  [[nodiscard]] bool TabStop() const noexcept override { return !readOnly_; }
+  /// A text of several lines is scrolled by keys, also where it cannot be edited.
+  [[nodiscard]] bool TabStop() const noexcept override { return !readOnly_ || multiLine_; }
   [[nodiscard]] const std::string& Text() const noexcept { return text_; }
   /// Raises change when the text differs from the one held.
   void SetText(std::string_view text);

@@ -17,6 +17,12 @@ struct PrintFont {
   std::int32_t color = 0;  ///< BGR number
 };
 
+/// A sheet upright, in centimetres.
+struct PaperSize {
+  double width = 0;
+  double height = 0;
+};
+
 /// Centimetres.
 struct PageArea {
   double width = 0;  ///< of the paper
@@ -29,6 +35,8 @@ struct PageArea {
 class Printer {
  public:
   virtual ~Printer() = default;
+  /// The file to propose where the next document becomes a file that the user names.
+  virtual void ProposeFile(const std::string& /*fileName*/) {}
   /// Begins a document of one page. False when there is no printer and the user declined to save a file instead.
   [[nodiscard]] virtual bool StartDocument(const std::string& title) = 0;
   [[nodiscard]] virtual PageArea Page() const = 0;

@@ -38,4 +38,18 @@ void PointReader::SkipTo(std::int64_t number) {
   while (next_ < number && lines_.Next(passed)) next_ = passed.number + 1;
 }
 
+std::optional<PointCount> CountPoints(InputFile& file, const RowStart& first, const CountProgress& progress) {
+  constexpr std::int64_t kLinesPerReport = 65536;
+  PointCount count;
+  PointReader points(file, first);
+  for (PointLine line; points.Next(line);) {
+    if (progress && line.number % kLinesPerReport == 0 && !progress(line.offset)) return std::nullopt;
+    if (line.kind == LineKind::kMalformed) ++count.malformed;
+    if (line.kind != LineKind::kPoint) continue;
+    ++count.points;
+    count.lastLine = line.number;
+  }
+  return count;
+}
+
 }  // namespace chartproject

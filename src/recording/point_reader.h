@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string_view>
 
 #include "common/values/line_reader.h"
@@ -44,5 +46,19 @@ class PointReader {
   LineReader lines_;
   std::int64_t next_;
 };
+
+/// What the lines after the rows' mark are.
+struct PointCount {
+  std::int64_t points = 0;
+  std::int64_t malformed = 0;
+  std::int64_t lastLine = 0;  ///< number of the last point's line; 0 without a point
+};
+
+/// Called now and then with the offset that is reached; false gives the count up.
+using CountProgress = std::function<bool(std::uint64_t offset)>;
+
+/// Reads to the end of the file; nothing when the count was given up. Throws RunTimeError 57 on a device error.
+[[nodiscard]] std::optional<PointCount> CountPoints(InputFile& file, const RowStart& first,
+                                                    const CountProgress& progress = {});
 
 }  // namespace chartproject

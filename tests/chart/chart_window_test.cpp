@@ -97,7 +97,7 @@ TEST_F(ChartWindowTest, OpensNoWindowWhereThereIsNothingToShow) {
 
 TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
   const std::tuple<int, int, bool, std::tuple<int, int, int>> cases[] = {
-      {25, 25, false, {100, 1, 1}}, {625, 625, true, {600, 1, 60}}, {2000000000, 0, true, {32742, 1, 3274}}};
+      {25, 25, false, {100, 1, 1}}, {625, 625, true, {600, 1, 60}}, {40000, 40000, true, {32742, 1, 3274}}};
   for (const auto& [points, rows, usable, range] : cases) {
     Put(std::to_string(points), rows);
     Show([&, last = points, wanted = usable, numbers = range](ChartForm& form) {
@@ -147,12 +147,11 @@ TEST_F(ChartWindowTest, KeysAndWheelScrollByDivisionsAlsoWhereTheBarIsCoarse) {
     EXPECT_EQ(first(Key::kPageUp), 1);
     EXPECT_TRUE(form.mscChart1.WheelTurned(-2));
     EXPECT_EQ(FirstLabel(form), 7);
-    // The file ends before the points that its header names: the end is where its points are.
+    // The file ends before the points that its header names: from there on N is what the file holds.
     EXPECT_EQ(first(Key::kEnd), 4976);
-    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("holds")));
-    EXPECT_EQ(first(Key::kRight), 4977);
-    EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("\r\n\r\nThe file holds 5000 points; its header names 100000.\r\n"));
-    EXPECT_EQ(form.mscChart1.Model().rowCount, 24);
+    EXPECT_EQ(first(Key::kRight), 4976);
+    EXPECT_THAT(form.rtfInfo.Text(), EndsWith("\r\n\r\nThe file holds 5000 points; its header names 100000.\r\n"));
+    EXPECT_EQ(std::pair(form.scroll.hsbGraph.Maximum(), form.mscChart1.Model().rowCount), std::pair(4975, 25));
     EXPECT_EQ(first(Key::kHome), 1);
   });
 }
@@ -235,11 +234,36 @@ TEST_F(ChartWindowTest, AMalformedLineIsToldOnceAndTheChartStays) {
   });
 }
 
+TEST_F(ChartWindowTest, AMalformedLineOfTheFirstSliceIsSaidUnderTheHeader) {
+  Put("100", 3);
+  fakes.files.Append(kFile, "broken\r\n");
+  component.settings.strGrid = "Yes";
+  Show([](ChartForm& form) {
+    const ChartModel& model = form.mscChart1.Model();
+    EXPECT_EQ(std::tuple(model.rowCount, model.valueGrid, model.wallPen), std::tuple(0, 0, 6));
+    EXPECT_EQ(model.backdrop, (Color{255, 255, 230}));
+    EXPECT_THAT(form.rtfInfo.Text(), EndsWith("End Time : \r\n\r\nLine error 18 : <<broken>>\r\n"));
+  });
+  EXPECT_THAT(Prompts(), ElementsAre("Line error 18 : <<broken>>"));
+}
+
+TEST_F(ChartWindowTest, CommentLinesAreNoFurtherPoints) {
+  Put("30", 20);
+  fakes.files.Append(kFile, "' a pause\r\n");
+  for (int i = 0; i < 10; ++i) fakes.files.Append(kFile, "08:00:00#1#2####\r\n");
+  Show([](ChartForm& form) {
+    form.mscChart1.KeyPressed(Key::kEnd, false);
+    EXPECT_EQ(FirstLabel(form), 7);
+    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("goes on")));
+  });
+}
+
 TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
   using Case = std::tuple<const char*, int, const char*, int, const char*>;
   const Case cases[] = {
       {"10", 12, "2", 12, "The file goes on behind point 10, the last one that its header names."},
       {"20", 12, "2", 12, "The file holds 12 points; its header names 20."},
+      {"1000", 25, "2", 25, "The file holds 25 points; its header names 1000."},
       {"many", 40, "2", 25, "The header names no number of points; the file holds 40."},
       {"40", 40, "7", 25, "The header does not name 1 to 4 parameters; 2 columns of the file are shown."}};
   for (const auto& [points, rows, parameters, shownRows, notice] : cases) {
@@ -348,7 +372,7 @@ TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
     form.mscChart1.SetCursor(MeasuringCursor::kFirst, 5);
     form.scroll.hsbGraph.SetValue(60);
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 70);
-    EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 65 points, 00:00:00");
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 65 points, 00:01:05");
     EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 → 70 (+65)");
   });
 }
@@ -378,8 +402,12 @@ TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
   EXPECT_TRUE(fakes.clipboard.Picture().has_value());
   EXPECT_EQ(fakes.printer.documentsPrinted, 0);
   fakes.dialogs.answers = {box_answer::kYes};
-  Show([&](ChartForm& form) { form.output.cmdPrint.Press(); });
+  Show([&](ChartForm& form) {
+    form.scales.upd1.Step(1);  // not drawn yet
+    form.output.cmdPrint.Press();
+  });
   EXPECT_EQ(fakes.printer.documentsPrinted, 1);
+  EXPECT_EQ(fakes.printer.texts.at(7).text, "P003, Scale 1...32767: 1");
   EXPECT_EQ(fakes.sound.played.front().fileName, "\\NIMClick.wav");
 }
 

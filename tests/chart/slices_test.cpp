@@ -110,7 +110,7 @@ TEST_F(SliceReaderTest, FindsEveryLineOfAFileLongerThanTheIndexSpacing) {
     ASSERT_EQ(reading.slice.RowCount(), 1) << at;
     EXPECT_EQ(reading.slice.values[0][0], at);
   }
-  EXPECT_EQ(source.CountLines({}), rows);
+  EXPECT_EQ(source.Count({})->points, rows);
 }
 
 TEST_F(SliceReaderTest, GoesOnInAFileThatGrewAndTellsOneThatWasReplaced) {
@@ -151,7 +151,7 @@ TEST_F(SliceReaderTest, RefusesWhatIsNoChartFile) {
   fakes.files.Put(kFile, "Drive Address=01\r\n");
   source.Open(kFile, header);
   EXPECT_FALSE(source.HasPoints());
-  EXPECT_EQ(source.CountLines({}), 0);
+  EXPECT_EQ(source.Count({})->points, 0);
 }
 
 TEST(ScrollRangeTest, FollowsThePointsUpToTheBarsRangeAndThenStandsForThem) {

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 
@@ -55,11 +56,11 @@ ChartModel ModelOf(int kind) {
   return model;
 }
 
-QImage Render(int kind) {
+QImage Render(const ChartModel& model) {
   QImage image(static_cast<int>(kSize.width), static_cast<int>(kSize.height), QImage::Format_RGB32);
   QPainter painter(&image);
   BlockTextCanvas canvas(painter, kSize);
-  PaintChart(ModelOf(kind), {}, canvas);
+  PaintChart(model, {}, canvas);
   return image;
 }
 
@@ -82,7 +83,7 @@ class ChartImage : public ::testing::TestWithParam<int> {};
 TEST_P(ChartImage, LooksAsStored) {
   const QString name = QString("chart_type_%1.png").arg(GetParam());
   const QString stored = QString(CHARTPROJECT_SOURCE_DIR "/tests/qt/images/") + name;
-  const QImage drawn = Render(GetParam());
+  const QImage drawn = Render(ModelOf(GetParam()));
   if (std::getenv("CHARTPROJECT_UPDATE_IMAGES") != nullptr) {
     ASSERT_TRUE(drawn.save(stored));
   }
@@ -93,10 +94,56 @@ TEST_P(ChartImage, LooksAsStored) {
   EXPECT_LE(share, kMostNoticedShare) << "drawn picture: " CHARTPROJECT_BINARY_DIR "/" << name.toStdString();
 }
 
+/// Pixels of a series' own hue, in any tone of it.
+int PixelsOf(Color series, const QImage& image) {
+  const int hue = QColor(series.red, series.green, series.blue).hue();
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor pixel = image.pixelColor(x, y);
+      count += pixel.saturation() > 120 && std::abs(pixel.hue() - hue) < 12 ? 1 : 0;
+    }
+  }
+  return count;
+}
+
+TEST_P(ChartImage, NoneOfFourDenseSeriesHidesAnother) {
+  std::uint32_t seed = 7;
+  const auto random = [&seed] { return (seed = seed * 1664525 + 1013904223) >> 16; };
+  for (const bool nested : {false, true}) {  // noise of one height, or the later within the earlier
+    ChartModel model = ModelOf(GetParam());
+    model.rowCount = 32750;
+    model.categoryScale = {false, 1310, 1310, true};
+    for (std::size_t s = 0; s < model.series.size(); ++s) {
+      model.series[s].showMarker = false;
+      model.series[s].values.clear();
+      for (int row = 0; row < model.rowCount; ++row) {
+        model.series[s].values.push_back(nested ? 10.0 * (4 - s) + random() % 8 : random() % 1000);
+      }
+    }
+    const QImage image = Render(model);
+    for (const ChartSeries& series : model.series) {
+      EXPECT_GT(PixelsOf(series.color, image), 300) << series.color.red << " " << series.color.green << nested;
+    }
+  }
+}
+
+TEST_P(ChartImage, OnePointIsSeen) {
+  ChartModel model = ModelOf(GetParam());
+  model.rowCount = 1;
+  for (ChartSeries& series : model.series) {
+    series.values = {50};
+    series.showMarker = false;
+  }
+  model.series.resize(1);
+  EXPECT_GE(PixelsOf(model.series[0].color, Render(model)), 12);
+}
+
 INSTANTIATE_TEST_SUITE_P(Types, ChartImage, ::testing::Range(0, 8));
 
 TEST(ChartImage, TellsOneTypeFromAnother) {
-  for (int kind = 1; kind < 8; ++kind) EXPECT_GT(NoticedShare(Render(kind - 1), Render(kind)), 0.05) << kind;
+  for (int kind = 1; kind < 8; ++kind)
+    EXPECT_GT(NoticedShare(Render(ModelOf(kind - 1)), Render(ModelOf(kind))), 0.05) << kind;
 }
 
 }  // namespace

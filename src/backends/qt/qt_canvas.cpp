@@ -109,16 +109,27 @@ QtCanvas::QtCanvas(QPainter& painter, Size extent) : painter_(painter), extent_(
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
 }
 
+void QtCanvas::Smooth(bool smooth) {
+  if (smooth == smooth_) return;
+  painter_.setRenderHint(QPainter::Antialiasing, smooth);
+  smooth_ = smooth;
+}
+
 void QtCanvas::FillRect(const Rect& rect, Color color) {
+  const double dots = painter_.deviceTransform().m11();
+  const auto whole = [dots](double at) { return at * dots == std::floor(at * dots); };
+  Smooth(!(whole(rect.x) && whole(rect.y) && whole(rect.width) && whole(rect.height)));
   painter_.fillRect(ToQRect(rect), ToQColor(color));
 }
 
 void QtCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
+  Smooth(true);
   painter_.setPen(ToQPen(pen));
   painter_.drawLine(QPointF(from.x, from.y), QPointF(to.x, to.y));
 }
 
 void QtCanvas::DrawPolyline(std::span<const PointF> points, const Pen& pen) {
+  Smooth(true);
   const double dots = pen.width * painter_.deviceTransform().m11();
   if (points.size() > 2 && dots > 1 && pen.style == PenStyle::kSolid && pen.color.alpha == 255) {
     DrawBundle(painter_, points, ToQColor(pen.color), pen.width, dots);
@@ -129,12 +140,21 @@ void QtCanvas::DrawPolyline(std::span<const PointF> points, const Pen& pen) {
 }
 
 void QtCanvas::DrawPolygon(std::span<const PointF> points, Color fill, const Pen& outline) {
+  Smooth(true);
   painter_.setPen(ToQPen(outline));
   painter_.setBrush(ToQColor(fill));
   painter_.drawPolygon(ToQPolygon(points));
 }
 
+void QtCanvas::FillCrisp(std::span<const PointF> points, Color fill) {
+  Smooth(false);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(ToQColor(fill));
+  painter_.drawConvexPolygon(ToQPolygon(points));
+}
+
 void QtCanvas::DrawEllipse(const Rect& box, Color fill, const Pen& outline) {
+  Smooth(true);
   painter_.setPen(ToQPen(outline));
   painter_.setBrush(ToQColor(fill));
   painter_.drawEllipse(ToQRect(box));

@@ -5,9 +5,12 @@
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
+#include <QLocale>
 #include <QPageLayout>
+#include <QPageSize>
 #include <QPrinterInfo>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 #include "backends/qt/print_queue.h"
@@ -34,6 +37,15 @@ QString PartName(const std::string& target) {
 
 double DotsPerCentimetre(const QPrinter& printer) {
   return printer.resolution() / kCentimetresPerInch;
+}
+
+/// What a printer is filled with where the user lives: Letter in most of America, else A4.
+QPageSize::PageSizeId PaperOfCountry(QLocale::Territory country) {
+  static constexpr std::array kLetter = {
+      QLocale::Belize,      QLocale::Canada,     QLocale::Chile,        QLocale::Colombia,  QLocale::CostaRica,
+      QLocale::ElSalvador,  QLocale::Guatemala,  QLocale::Mexico,       QLocale::Nicaragua, QLocale::Panama,
+      QLocale::Philippines, QLocale::PuertoRico, QLocale::UnitedStates, QLocale::Venezuela};
+  return std::find(kLetter.begin(), kLetter.end(), country) != kLetter.end() ? QPageSize::Letter : QPageSize::A4;
 }
 
 QFont FontOf(const PrintFont& font) {
@@ -65,7 +77,7 @@ bool QtPrinter::ChooseTarget() {
     return true;
   }
   if (!askForPdfName_) ThrowPrinterError("there is no printer");
-  const auto chosen = askForPdfName_();
+  const auto chosen = askForPdfName_(proposal_);
   target_ = chosen.value_or("");
   return !target_.empty();
 }
@@ -78,6 +90,7 @@ bool QtPrinter::StartDocument(const std::string& title) {
     printer_->setOutputFormat(QPrinter::PdfFormat);
     printer_->setOutputFileName(PartName(target_));
   }
+  ChoosePaper();
   printer_->setFullPage(true);
   printer_->setDocName(ToQt(title));
   painter_ = std::make_unique<QPainter>();
@@ -85,8 +98,23 @@ bool QtPrinter::StartDocument(const std::string& title) {
     AbandonDocument();
     ThrowPrinterError(target_.empty() ? "the printer cannot be opened" : target_ + " cannot be written");
   }
+  // Charts are lines on a plain ground: a lossy picture would blur them.
+  painter_->setRenderHint(QPainter::LosslessImageRendering);
   y_ = lineHeight_ = 0;
   return true;
+}
+
+void QtPrinter::ChoosePaper() {
+  if (paper_) {
+    constexpr double kMillimetres = 10;
+    const QSizeF size(paper_->width * kMillimetres, paper_->height * kMillimetres);
+    printer_->setPageSize(QPageSize(size, QPageSize::Millimeter));
+  } else if (!target_.empty()) {
+    printer_->setPageSize(QPageSize(PaperOfCountry(QLocale::system().territory())));
+  } else {
+    const QPageSize own = QPrinterInfo::defaultPrinter().defaultPageSize();
+    if (own.isValid()) printer_->setPageSize(own);
+  }
 }
 
 PageArea QtPrinter::Page() const {

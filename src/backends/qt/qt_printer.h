@@ -12,8 +12,8 @@
 
 namespace chartproject {
 
-/// Asks the user where a PDF file should go; nothing when declined.
-using PdfNameSource = std::function<std::optional<std::string>()>;
+/// Asks the user where a PDF file should go, with a name to propose; nothing when declined.
+using PdfNameSource = std::function<std::optional<std::string>(const std::string& proposal)>;
 
 class QtPrinter : public Printer {
  public:
@@ -24,6 +24,10 @@ class QtPrinter : public Printer {
   /// The next documents go into a PDF file of that name, which appears when it is complete.
   void PrintToFile(std::string fileName) { fileName_ = std::move(fileName); }
 
+  /// Paper of the next documents, in the place of the queue's own, or for PDF files that of the user's country.
+  void UsePaper(const PaperSize& paper) { paper_ = paper; }
+
+  void ProposeFile(const std::string& fileName) override { proposal_ = fileName; }
   [[nodiscard]] bool StartDocument(const std::string& title) override;
   [[nodiscard]] PageArea Page() const override;
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
@@ -37,11 +41,14 @@ class QtPrinter : public Printer {
 
  private:
   [[nodiscard]] bool ChooseTarget();
+  void ChoosePaper();
   void FinishFile();
 
   PdfNameSource askForPdfName_;
   std::string fileName_;  ///< chosen for all documents
-  std::string target_;    ///< PDF file of this document; empty for paper
+  std::optional<PaperSize> paper_;
+  std::string proposal_;
+  std::string target_;  ///< PDF file of this document; empty for paper
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
   double y_ = 0;

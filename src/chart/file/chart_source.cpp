@@ -2,7 +2,6 @@
 #include "chart/file/chart_source.h"
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 #include "common/values/numbers.h"
@@ -79,12 +78,12 @@ bool ChartSource::Replaced() {
   return false;
 }
 
-std::int32_t ChartSource::CountLines(const ScanProgress& progress) {
-  if (!HasPoints()) return 0;
+std::optional<PointCount> ChartSource::Count(const ScanProgress& progress) const {
+  if (!HasPoints()) return PointCount{};
   const auto file = ports_.files.OpenForReading(fileName_);
-  index_.ScanToEnd(*file, progress);
-  const std::int64_t lines = index_.LastLine() - firstLine_ + 1;
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(lines, 0, std::numeric_limits<std::int32_t>::max()));
+  const double total = static_cast<double>(std::max<std::uint64_t>(1, file->Identity().size));
+  return CountPoints(*file, {firstLine_, headerSize_},
+                     [&](std::uint64_t offset) { return !progress || progress(static_cast<double>(offset) / total); });
 }
 
 SliceReading ChartSource::Read(std::int32_t startLine, std::int32_t endLine, int columns,

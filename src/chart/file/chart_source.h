@@ -3,11 +3,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "chart/file/slice_reader.h"
 #include "platform/ports.h"
 #include "recording/chart_header.h"
+#include "recording/point_reader.h"
 
 namespace chartproject {
 
@@ -32,8 +34,8 @@ class ChartSource {
   /// P: series that the header names, 1 to 4; 0 when it names anything else.
   [[nodiscard]] int NamedSeries() const noexcept { return namedSeries_; }
 
-  /// Counts the lines from the first point to the end of the file, or as far as the search got when it is given up.
-  std::int32_t CountLines(const ScanProgress& progress);
+  /// Reads all the points; nothing when that is given up. Throws RunTimeError.
+  [[nodiscard]] std::optional<PointCount> Count(const ScanProgress& progress) const;
 
   /// Whether the file was replaced since Open: it must be opened anew. A file that only grew is the same.
   [[nodiscard]] bool Replaced();

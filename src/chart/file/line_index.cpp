@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 
 namespace chartproject {
 namespace {
@@ -58,7 +57,6 @@ void LineIndex::Restart(const LinePlace& first) {
   offsets_.shrink_to_fit();
   scanned_ = first.offset;
   line_ = first.line;
-  endsInLineFeed_ = true;
 }
 
 LinePlace LineIndex::NearestTo(std::int64_t line) const {
@@ -74,10 +72,6 @@ LineSearch LineIndex::Find(InputFile& file, std::int64_t line, const ScanProgres
   if (search.end == LineSearchEnd::kFound && line > line_) search.end = LineSearchEnd::kEndOfFile;
   search.place = NearestTo(std::min(line, line_));
   return search;
-}
-
-bool LineIndex::ScanToEnd(InputFile& file, const ScanProgress& progress) {
-  return Find(file, std::numeric_limits<std::int64_t>::max(), progress).end != LineSearchEnd::kGivenUp;
 }
 
 bool LineIndex::ScanOn(InputFile& file, std::int64_t line, const ScanProgress& progress) {
@@ -97,7 +91,6 @@ bool LineIndex::ScanOn(InputFile& file, std::int64_t line, const ScanProgress& p
 
 void LineIndex::TakeBlock(const char* bytes, std::size_t count) {
   const char* const end = bytes + count;
-  endsInLineFeed_ = bytes[count - 1] == '\n';
   while (bytes != end) {
     const std::size_t piece = std::min(kPieceSize, static_cast<std::size_t>(end - bytes));
     const std::int64_t feeds = CountLineFeeds(bytes, piece);

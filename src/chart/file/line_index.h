@@ -42,11 +42,6 @@ class LineIndex {
   /// further than the index knows. Throws RunTimeError when the file cannot be read.
   LineSearch Find(InputFile& file, std::int64_t line, const ScanProgress& progress = {});
 
-  /// Number of the last line that the bytes looked at so far begin; a line feed alone begins none.
-  [[nodiscard]] std::int64_t LastLine() const noexcept { return endsInLineFeed_ ? line_ - 1 : line_; }
-  /// Looks at the whole file, so that LastLine is the file's last line. False when given up.
-  bool ScanToEnd(InputFile& file, const ScanProgress& progress = {});
-
  private:
   [[nodiscard]] LinePlace NearestTo(std::int64_t line) const;
   bool ScanOn(InputFile& file, std::int64_t line, const ScanProgress& progress);
@@ -55,8 +50,7 @@ class LineIndex {
   std::int64_t firstLine_ = 1;
   std::vector<std::uint64_t> offsets_;  ///< of firstLine_, firstLine_ + kSpacing, ...
   std::uint64_t scanned_ = 0;
-  std::int64_t line_ = 1;       ///< the line that holds, or begins at, the byte at scanned_
-  bool endsInLineFeed_ = true;  ///< scanned_ is the first byte of a line
+  std::int64_t line_ = 1;  ///< the line that holds, or begins at, the byte at scanned_
 };
 
 /// How many line feeds a block holds.

@@ -52,7 +52,7 @@ SliceReading ReadSlice(InputFile& file, LineIndex& index, std::int32_t startLine
     reading.malformedText = line.text;
     return reading;
   }
-  slice.endOfFile = points.NextNumber() < endLine;
+  slice.endOfFile = true;
   slice.lastLine = lastPoint > 0 ? lastPoint : points.NextNumber() - 1;
   return reading;
 }

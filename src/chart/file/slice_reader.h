@@ -21,7 +21,7 @@ struct Slice {
   std::array<std::vector<double>, kColumnCount> values;  ///< by column; NaN is a gap
   int columnsRead = 0;                                   ///< columns that have values
   int columnsInUse = 0;                                  ///< up to the last of them with a text in any row
-  bool endOfFile = false;                                ///< the file ends before endLine
+  bool endOfFile = false;                                ///< the file has no line endLine
   bool moreFollow = false;                               ///< a point stands in the line endLine
   std::int64_t lastLine = 0;  ///< the file's last point, where endOfFile tells that it is known; without a point in
                               ///< the slice the file's last line

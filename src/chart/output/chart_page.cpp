@@ -132,6 +132,14 @@ class PageDrawing {
   double y_ = 0;
 };
 
+/// Beside the chart file: its name with the ending ".pdf" in the place of its own.
+std::string PdfName(const std::string& chartFile) {
+  const std::size_t name = chartFile.find_last_of("/\\") + 1;
+  const std::size_t ending = chartFile.rfind('.');
+  const bool hasEnding = ending != std::string::npos && ending > name;
+  return chartFile.substr(0, hasEnding ? ending : std::string::npos) + ".pdf";
+}
+
 }  // namespace
 
 bool PrintChartPage(Component& component, const ChartPage& page) {
@@ -141,8 +149,9 @@ bool PrintChartPage(Component& component, const ChartPage& page) {
   };
   bool printed = false;
   try {
+    showStatus(LoadMessage(component, Text::kPrinting));
+    printer.ProposeFile(PdfName(page.fileName));
     if (printer.StartDocument(std::string(kHostTitle) + " - " + page.fileName)) {
-      showStatus(LoadMessage(component, Text::kPrinting));
       PageDrawing(component, page).Draw();
       printer.EndDocument();
       printed = true;

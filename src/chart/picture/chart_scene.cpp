@@ -7,6 +7,7 @@
 #include "chart/picture/chart_frame.h"
 #include "chart/picture/chart_layout.h"
 #include "chart/picture/flat_series.h"
+#include "chart/picture/series_path.h"
 #include "chart/picture/solid_series.h"
 
 namespace chartproject {
@@ -21,6 +22,8 @@ std::optional<int> ChartScene::RowAt(PointF at) const {
 ChartScene BuildChartScene(const ChartModel& model, Size size, const Canvas& canvas, const NumberFormat& format) {
   const ChartLayout layout = LayOutChart(model, size, canvas, format);
   ChartScene chart{.size = size, .font = layout.font, .plot = layout.plot, .scene = {}};
+  constexpr double kDenseColumn = 3;
+  if (Is3d(model.kind) && IsDense(chart.plot, kDenseColumn)) chart.plot.depthRows = RowsByHeight(model);
   DrawChartBackground(model, layout, size, chart.scene);
   Is3d(model.kind) ? DrawSolidSeries(model, chart.plot, chart.scene) : DrawFlatSeries(model, chart.plot, chart.scene);
   DrawChartAxes(model, layout, size, canvas, chart.scene);

@@ -14,13 +14,17 @@ namespace {
 constexpr double kLineWidth = 2.0;  ///< in a chart of some size; smaller ones have thinner lines
 constexpr double kLeastOutlinedBarWidth = 4.0;
 constexpr double kAreaPieceWidth = 8.0;
+constexpr double kThinBarShade = 0.25;   ///< black in faint bars of one pixel
+constexpr double kLeastDotRadius = 2.5;  ///< of a point without neighbours
 
 void DrawBar(const ChartSeries& series, const Rect& bar, Color ground, Scene& scene) {
   if (!series.showLine || bar.width < kLeastOutlinedBarWidth) {
-    // Too thin for an outline, a faint bar has a dark right edge.
-    const bool edged = series.showLine && bar.width >= 2 && IsFaint(series.color, ground);
+    // Too thin for an outline, a faint bar has a dark right edge; too thin for that, too, it is darker as a whole.
+    const bool faint = IsFaint(series.color, ground);
+    const bool edged = series.showLine && bar.width >= 2 && faint;
     if (edged) scene.FillRect({bar.Right() - 1, bar.y, 1, bar.height}, EdgeTone(series.color));
-    scene.FillRect({bar.x, bar.y, bar.width - (edged ? 1 : 0), bar.height}, series.color);
+    const Color color = faint && bar.width < 2 ? Darker(series.color, kThinBarShade) : series.color;
+    scene.FillRect({bar.x, bar.y, bar.width - (edged ? 1 : 0), bar.height}, color);
     return;
   }
   scene.Polygon(
@@ -63,7 +67,7 @@ void StrokePath(const Path& path, const Pen& pen, Scene& scene) {
     scene.Polyline(path, pen);
     return;
   }
-  const double r = std::max(1.5, pen.width * 0.75);
+  const double r = std::max(kLeastDotRadius, pen.width * 0.75);
   scene.Ellipse({path[0].x - r, path[0].y - r, 2 * r, 2 * r}, pen.color, kNoPen);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <vector>
 
 #include "chart/picture/value_axis.h"
 #include "forms/geometry.h"
@@ -16,6 +17,8 @@ struct Plot {
   double depthY = 0;  ///< and upwards
   int rows = 0;
   ValueAxis axis;
+  /// Row of depth of each series, counted from the front; empty for the order of the series.
+  std::vector<int> depthRows{};
 
   [[nodiscard]] double RowWidth() const noexcept { return front.width / std::max(1, rows); }
   /// Left edge of a row's slot; the right one is Edge(row + 1).

@@ -26,6 +26,10 @@ void Scene::Polygon(std::span<const PointF> points, Color fill, const Pen& outli
   AddPoints(SceneShape::Kind::kPolygon, points, outline).fill = fill;
 }
 
+void Scene::Crisp(std::span<const PointF> points, Color fill) {
+  AddPoints(SceneShape::Kind::kCrisp, points, {}).fill = fill;
+}
+
 void Scene::Ellipse(const Rect& box, Color fill, const Pen& outline) {
   SceneShape shape;
   shape.kind = SceneShape::Kind::kEllipse;
@@ -57,6 +61,9 @@ void Scene::Paint(Canvas& canvas) const {
         break;
       case SceneShape::Kind::kPolygon:
         canvas.DrawPolygon(Points(shape), shape.fill, shape.pen);
+        break;
+      case SceneShape::Kind::kCrisp:
+        canvas.FillCrisp(Points(shape), shape.fill);
         break;
       case SceneShape::Kind::kEllipse:
         canvas.DrawEllipse(shape.box, shape.fill, shape.pen);

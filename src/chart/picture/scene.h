@@ -11,7 +11,7 @@
 namespace chartproject {
 
 struct SceneShape {
-  enum class Kind : std::uint8_t { kRectangle, kPolyline, kPolygon, kEllipse };
+  enum class Kind : std::uint8_t { kRectangle, kPolyline, kPolygon, kCrisp, kEllipse };
   Kind kind = Kind::kPolyline;
   Color fill;
   Pen pen;
@@ -36,6 +36,8 @@ class Scene {
   /// A polyline of one point is left out, as is one with PenStyle::kNone.
   void Polyline(std::span<const PointF> points, const Pen& pen);
   void Polygon(std::span<const PointF> points, Color fill, const Pen& outline);
+  /// See Canvas::FillCrisp.
+  void Crisp(std::span<const PointF> points, Color fill);
   void Ellipse(const Rect& box, Color fill, const Pen& outline);
   void Text(SceneText text) { texts_.push_back(std::move(text)); }
 

@@ -36,6 +36,27 @@ using SpanRun = std::vector<ColumnSpan>;
 /// A series' spans in all the columns. A gap shows where it fills a column.
 [[nodiscard]] std::vector<SpanRun> SeriesSpans(const ChartSeries& series, const Plot& plot, double columnWidth);
 
+/// Painting order of spans that share a column: taller ones first. Of those about as tall as each other another one is
+/// last from place to place, so that none hides another everywhere.
+class DenseOrder {
+ public:
+  /// @param column of the plot, counted from its left edge
+  DenseOrder(int column, int seriesCount) : turn_(column / kColumnsPerTurn), count_(seriesCount) {}
+  /// Whether a span of a height is painted before one of another height.
+  [[nodiscard]] bool operator()(int series, double height, int otherSeries, double otherHeight) const {
+    const int tallness = Tallness(height);
+    const int otherTallness = Tallness(otherHeight);
+    if (tallness != otherTallness) return tallness > otherTallness;
+    return (series + turn_) % count_ < (otherSeries + turn_) % count_;
+  }
+
+ private:
+  static constexpr int kColumnsPerTurn = 4;
+  static int Tallness(double height) { return static_cast<int>(2 * std::log2(height + 1)); }
+  int turn_;
+  int count_;
+};
+
 /// Bars stand side by side in the middle of their slot, with a gap between the groups. All have the same whole width
 /// and whole edges, so that they look alike.
 struct BarPlace {
@@ -57,7 +78,7 @@ struct BarSpan {
 struct BarColumn {
   double left = 0;
   double right = 0;
-  std::vector<BarSpan> spans;  ///< the tallest first, so that every one is seen
+  std::vector<BarSpan> spans;  ///< in painting order, see DenseOrder
 };
 [[nodiscard]] std::vector<BarColumn> DenseBars(const ChartModel& model, const Plot& plot, double columnWidth);
 

@@ -96,7 +96,7 @@ void DrawMarkers(const ChartModel& model, int column, const Plot& plot, const Ma
   const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
   if (!series.showMarker || plot.rows == 0) return;
   const double size = std::min(plot.front.width, plot.front.height) < 150 ? 5 : 7;
-  const double distance = 2.2 * size;  // leaves the line between two markers to be seen
+  const double distance = size + 1;  // every point has its marker unless markers would overlap
   const bool pointsShow =
       series.showLine || Flat(model.kind) == ChartKind::k2dBar || Flat(model.kind) == ChartKind::k2dArea;
   if (!pointsShow && plot.RowWidth() < size) {

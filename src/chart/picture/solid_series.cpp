@@ -5,8 +5,11 @@
 // right, always covers what is hidden.
 #include "chart/picture/solid_series.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
+#include <span>
 
 #include "chart/picture/series_path.h"
 #include "chart/picture/series_style.h"
@@ -57,20 +60,35 @@ void DrawBox(const ChartSeries& series, const Rect& box, const Face& face, Scene
   }
 }
 
+/// Top and right side of a box, crisp.
+void DrawCrispBody(Color color, const Rect& box, const Face& face, Scene& scene) {
+  const PointF topRight{box.Right(), box.y};
+  scene.Crisp(face.Strip({box.x, box.y}, topRight), Lighter(color, kTopLight));
+  scene.Crisp(face.Strip(topRight, {box.Right(), box.Bottom()}), Darker(color, kSideShade));
+}
+
+/// A rectangle of the front plane at the face's depth, in whole pixels that reach what adjoins it.
+void FillFront(double left, double right, double top, double bottom, Color color, const Face& face, Scene& scene) {
+  const PointF shift = face.plot.At({0, 0}, face.depth.front);
+  const double y = std::floor(top + shift.y);
+  scene.FillRect({std::round(left + shift.x), y, right - left, std::ceil(bottom + shift.y) - y}, color);
+}
+
 /// In each column the tallest bar is the body, and the fronts of all lie before every body: painted last, they meet
 /// without a joint.
 void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face, Scene& scene) {
   const std::vector<BarColumn> bars = DenseBars(model, plot, kColumnWidth);
+  const auto colorOf = [&](const BarSpan& span) { return model.series[static_cast<std::size_t>(span.column)].color; };
   for (const BarColumn& bar : bars) {
-    const BarSpan& tallest = bar.spans.front();
+    const BarSpan& tallest = *std::max_element(bar.spans.begin(), bar.spans.end(), [](const auto& a, const auto& b) {
+      return a.bottom - a.top < b.bottom - b.top;
+    });
     const Rect box{bar.left, tallest.top, bar.right - bar.left, tallest.bottom - tallest.top};
-    DrawBox(model.series[static_cast<std::size_t>(tallest.column)], box, face, scene);
+    DrawCrispBody(colorOf(tallest), box, face, scene);
   }
   for (const BarColumn& bar : bars) {
     for (const BarSpan& span : bar.spans) {
-      const PointF corner = plot.At({bar.left, span.top}, face.depth.front);
-      scene.FillRect({corner.x, corner.y, bar.right - bar.left, span.bottom - span.top},
-                     model.series[static_cast<std::size_t>(span.column)].color);
+      FillFront(bar.left, bar.right, span.top, span.bottom, colorOf(span), face, scene);
     }
   }
 }
@@ -101,14 +119,18 @@ void DrawBoxes(const ChartModel& model, const Plot& plot, Scene& scene) {
   }
 }
 
+/// Whether the upper side of a strip faces the eye, and not its underside.
+bool SeenFromAbove(PointF a, PointF b, const Plot& plot) {
+  return (a.y - b.y) * plot.depthX < (b.x - a.x) * plot.depthY;
+}
+
 /// Light comes from above and the left: a rising top is lighter than a falling one, and an underside lies in shade.
 Color StripTone(Color color, PointF a, PointF b, const Plot& plot) {
   const double run = b.x - a.x;
   const double rise = a.y - b.y;
   const double length = std::hypot(run, rise);
   if (length <= 0) return color;
-  const bool seenFromAbove = rise * plot.depthX < run * plot.depthY;
-  if (!seenFromAbove) return Darker(color, 0.25 + 0.2 * rise / length);
+  if (!SeenFromAbove(a, b, plot)) return Darker(color, 0.25 + 0.2 * rise / length);
   return rise >= 0 ? Lighter(color, 0.22 + 0.2 * rise / length) : Darker(Lighter(color, 0.22), -0.3 * rise / length);
 }
 
@@ -171,18 +193,70 @@ Slab SlabOnBase(const Path& path, double base) {
   return slab;
 }
 
-/// Between a dense series' extremes, and down to the base for an area.
-Slab SlabOfSpans(const SpanRun& run, bool area, double base) {
-  constexpr double kThickness = 1.5;
-  Slab slab;
-  for (const ColumnSpan& span : run) {
-    if (area) {
-      slab.Add(span.Middle(), std::min(span.top, base), std::max(span.bottom, base));
-    } else {
-      slab.Add(span.Middle(), span.top - kThickness / 2, span.bottom + kThickness / 2);
+/// A stretch of columns of a dense series that are drawn alike.
+using Stretch = std::span<const ColumnSpan>;
+
+/// Fronts of calm columns: a smooth shape.
+void DrawCalmFront(const ChartSeries& series, Stretch columns, const Face& face, Scene& scene) {
+  Path upper{{columns.front().left, columns.front().top}};
+  Path lower{{columns.front().left, columns.front().bottom}};
+  for (const ColumnSpan& column : columns) {
+    upper.push_back({column.Middle(), column.top});
+    lower.push_back({column.Middle(), column.bottom});
+  }
+  upper.push_back({columns.back().right, columns.back().top});
+  lower.push_back({columns.back().right, columns.back().bottom});
+  Path front = upper;
+  front.insert(front.end(), lower.rbegin(), lower.rend());
+  scene.Polygon(Moved(front, face), series.color, kNoPen);
+  if (series.showLine) scene.Polyline(Moved(upper, face), {.color = EdgeTone(series.color), .width = 1});
+}
+
+/// The body of a dense series. Of the strips between two columns only the side that faces the eye is drawn.
+void DrawDenseBody(const ChartSeries& series, const SpanRun& body, const std::vector<bool>& calm, const Face& face,
+                   Scene& scene) {
+  const auto strip = [&](PointF a, PointF b) {
+    scene.Crisp(face.Strip(a, b), StripTone(series.color, a, b, face.plot));
+  };
+  for (std::size_t i = 1; i < body.size(); ++i) {
+    const ColumnSpan& one = body[i - 1];
+    const ColumnSpan& other = body[i];
+    const PointF lower{one.Middle(), one.bottom};
+    const PointF nextLower{other.Middle(), other.bottom};
+    if (!SeenFromAbove(lower, nextLower, face.plot)) strip(lower, nextLower);
+    const PointF upper{one.Middle(), one.top};
+    const PointF nextUpper{other.Middle(), other.top};
+    if (SeenFromAbove(upper, nextUpper, face.plot)) strip(upper, nextUpper);
+  }
+  const ColumnSpan& end = body.back();
+  scene.Crisp(face.Strip({end.right, end.top}, {end.right, end.bottom}), Darker(series.color, kSideShade));
+  for (std::size_t first = 0, last = 0; first < body.size(); first = last) {
+    while (last < body.size() && calm[last] == calm[first]) ++last;
+    const Stretch stretch = Stretch(body).subspan(first, last - first);
+    if (calm[first]) {
+      DrawCalmFront(series, stretch, face, scene);
+      continue;
+    }
+    for (const ColumnSpan& column : stretch) {
+      FillFront(column.left, column.right, column.top, column.bottom, series.color, face, scene);
     }
   }
-  return slab;
+}
+
+/// Between a dense series' extremes, and down to the base for an area.
+void DrawDenseRun(const ChartSeries& series, const SpanRun& run, bool area, const Face& face, Scene& scene) {
+  constexpr double kThickness = 1.5;
+  constexpr double kCalmSpan = 4;  // pixels that a calm series covers of a column at most
+  const double base = face.plot.BaseY();
+  SpanRun body;
+  std::vector<bool> calm;
+  for (const ColumnSpan& span : run) {
+    calm.push_back(span.bottom - span.top <= kCalmSpan);
+    body.push_back(span);
+    body.back().top = area ? std::min(span.top, base) : span.top - kThickness / 2;
+    body.back().bottom = area ? std::max(span.bottom, base) : span.bottom + kThickness / 2;
+  }
+  DrawDenseBody(series, body, calm, face, scene);
 }
 
 void DrawRow(const ChartModel& model, const ChartSeries& series, const Face& face, Scene& scene) {
@@ -191,7 +265,7 @@ void DrawRow(const ChartModel& model, const ChartSeries& series, const Face& fac
   const double base = face.plot.BaseY();
   if (IsDense(face.plot, kColumnWidth)) {
     for (const SpanRun& run : SeriesSpans(series, face.plot, kColumnWidth)) {
-      DrawSlab(series, SlabOfSpans(run, area, base), face, scene);
+      DrawDenseRun(series, run, area, face, scene);
     }
     return;
   }
@@ -202,8 +276,27 @@ void DrawRow(const ChartModel& model, const ChartSeries& series, const Face& fac
 
 }  // namespace
 
-DepthSpan DepthOfSeries(int column, int seriesCount) noexcept {
-  return {(column + kRowMargin) / seriesCount, (column + 1 - kRowMargin) / seriesCount};
+DepthSpan DepthOfSeries(const Plot& plot, int column, int seriesCount) noexcept {
+  const int row = plot.depthRows.empty() ? column : plot.depthRows[static_cast<std::size_t>(column)];
+  return {(row + kRowMargin) / seriesCount, (row + 1 - kRowMargin) / seriesCount};
+}
+
+std::vector<int> RowsByHeight(const ChartModel& model) {
+  std::vector<std::pair<double, std::size_t>> means;
+  for (const ChartSeries& series : model.series) {
+    double sum = 0;
+    double count = 0;
+    for (const double value : series.values) {
+      if (!std::isfinite(value)) continue;
+      sum += value;
+      ++count;
+    }
+    means.emplace_back(count > 0 ? sum / count : 0, means.size());
+  }
+  std::sort(means.begin(), means.end());
+  std::vector<int> rows(means.size());
+  for (std::size_t row = 0; row < means.size(); ++row) rows[means[row].second] = static_cast<int>(row);
+  return rows;
 }
 
 void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
@@ -212,8 +305,13 @@ void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene) {
     return;
   }
   const int count = static_cast<int>(model.series.size());
-  for (int column = count - 1; column >= 0; --column) {
-    const Face face{plot, DepthOfSeries(column, count)};
+  std::vector<int> columns(static_cast<std::size_t>(count));
+  std::iota(columns.begin(), columns.end(), 0);
+  std::sort(columns.begin(), columns.end(), [&](int one, int other) {
+    return DepthOfSeries(plot, one, count).front > DepthOfSeries(plot, other, count).front;
+  });
+  for (const int column : columns) {
+    const Face face{plot, DepthOfSeries(plot, column, count)};
     DrawRow(model, model.series[static_cast<std::size_t>(column)], face, scene);
     DrawMarkers(model, column, plot, {.shiftX = 0, .depth = face.depth.front}, scene);
   }

@@ -13,10 +13,13 @@ struct DepthSpan {
 };
 
 /// The depth that a series of a line, area or step chart takes: a row of its own, with some room between the rows.
-[[nodiscard]] DepthSpan DepthOfSeries(int column, int seriesCount) noexcept;
+[[nodiscard]] DepthSpan DepthOfSeries(const Plot& plot, int column, int seriesCount) noexcept;
+
+/// Rows of depth by the series' mean values, the lowest in front: in a dense plot a tall one would hide the others.
+[[nodiscard]] std::vector<int> RowsByHeight(const ChartModel& model);
 
 /// Bars are boxes, side by side as in the flat chart. Lines and steps are ribbons and areas are slabs, each series in
-/// its own row of depth, the first in front.
+/// its own row of depth.
 void DrawSolidSeries(const ChartModel& model, const Plot& plot, Scene& scene);
 
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 #include "chart/picture/value_axis.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -21,8 +22,13 @@ constexpr double kLogarithmNoise = 1e-9;
 constexpr double kLongestFixed = 1e7;
 constexpr int kFinestFixedExponent = -5;
 
+/// Asked for each point that is drawn: the powers that a double holds exactly come from a table.
 double PowerOfTen(int exponent) {
-  return std::pow(10.0, exponent);
+  static constexpr std::array<double, 23> kExact = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  return exponent >= 0 && exponent < static_cast<int>(kExact.size()) ? kExact[static_cast<std::size_t>(exponent)]
+                                                                     : std::pow(10.0, exponent);
 }
 
 /// Positive exponents multiply and negative ones divide: both keep 3 x 0.1 at 0.3.

@@ -2,6 +2,7 @@
 #include "chart/view/chart_view.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "chart/view/info_text.h"
 #include "chart/view/series_label.h"
@@ -25,7 +26,9 @@ void ChartView::Open(const std::string& fileName) {
   notices_.clear();
   points_ = source_.NamedPoints();
   seriesCount_ = source_.NamedSeries();
-  allLinesCounted_ = false;
+  held_.reset();
+  countGivenUp_ = false;
+  fault_ = {};
   pointsPerDivision_ = shownPointsPerDivision_ = 1;
   ScrollTo(source_.FirstLine());
 }
@@ -47,11 +50,17 @@ void ChartView::NameSeries(Component& component) {
 
 void ChartView::CountPoints(const ScanProgress& progress) {
   if (points_ < 0) {
-    points_ = source_.CountLines(progress);
-    allLinesCounted_ = true;
-    notices_.push_back({Text::kUnknownPoints, std::to_string(points_)});
+    const auto count = source_.Count(progress);
+    points_ = count ? LinesOf(*count) : 0;
+    countGivenUp_ = !count;
+    notices_.push_back({Text::kUnknownPoints, std::to_string(count ? count->points : 0)});
   }
   if (!source_.HasPoints()) notices_.push_back({Text::kNoPointLines, ""});
+}
+
+std::int32_t ChartView::LinesOf(const PointCount& count) const {
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(count.lastLine - FirstLine() + 1, 0, kMost));
 }
 
 void ChartView::ScrollTo(std::int64_t startLine) {
@@ -69,11 +78,11 @@ std::int16_t ChartView::BarValue(int maximum) const {
 
 void ChartView::SetPointsPerDivision(std::int16_t points) {
   pointsPerDivision_ = points;
-  const std::int64_t lastStart = std::int64_t{FirstLine()} + points_ - Length();
-  ScrollTo(std::min<std::int64_t>(start_, lastStart));
+  if (!ReturnIntoFile()) ScrollTo(start_);
 }
 
 SliceEnd ChartView::Load(const ScanProgress& progress) {
+  fault_ = {};
   SliceReading reading;
   reading.slice.startLine = start_;
   reading.slice.endLine = end_;
@@ -104,22 +113,27 @@ void ChartView::Take(Slice slice) {
   notices_.push_back({Text::kUnknownSeries, std::to_string(seriesCount_)});
 }
 
-bool ChartView::GoesOnAfterItsHeader() const {
-  const std::int32_t named = source_.NamedPoints();
-  if (!source_.HasPoints() || named < 0) return false;
-  if (points_ > named) return true;
-  // Only now and then is the file's own number of points known: where a slice reached the end.
-  if (slice_.endOfFile) return slice_.lastLine - FirstLine() + 1 > named;
-  return slice_.moreFollow && std::int64_t{slice_.endLine} - FirstLine() >= named;
+bool ChartView::EndsElsewhere() const {
+  if (!source_.HasPoints()) return false;
+  if (slice_.moreFollow) return std::int64_t{slice_.endLine} - FirstLine() >= points_;
+  if (!slice_.endOfFile) return false;
+  return slice_.RowCount() == 0 ? points_ > 0 : slice_.lastLine - FirstLine() + 1 != points_;
 }
 
-bool ChartView::TakeFurtherPointsIn(const ScanProgress& progress) {
-  if (allLinesCounted_ || !GoesOnAfterItsHeader()) return false;
-  allLinesCounted_ = true;
-  bool whole = true;
-  const std::int32_t held = source_.CountLines([&](double part) { return whole = !progress || progress(part); });
-  if (!whole || held <= points_) return false;
-  points_ = held;
+bool ChartView::MeasureFile(const ScanProgress& progress) {
+  if (countGivenUp_ || !EndsElsewhere()) return false;
+  const auto count = source_.Count(progress);
+  countGivenUp_ = !count;
+  if (!count) return false;
+  held_ = count->points;
+  points_ = LinesOf(*count);
+  return true;
+}
+
+bool ChartView::ReturnIntoFile() {
+  const std::int64_t last = std::int64_t{FirstLine()} + std::max(points_ - Length(), 0);
+  if (start_ <= last) return false;
+  ScrollTo(last);
   return true;
 }
 
@@ -142,15 +156,22 @@ std::string ChartView::Info(const Environment& environment) const {
   for (const Notice& notice : notices_) {
     lines.push_back(FillIn(LoadMessage(environment, notice.text), {notice.value}));
   }
-  const std::int64_t held = slice_.lastLine - FirstLine() + 1;
   const std::int32_t named = source_.NamedPoints();
-  if (GoesOnAfterItsHeader()) {
+  if (held_ && named >= 0 && *held_ > named) {
     lines.push_back(FillIn(LoadMessage(environment, Text::kMorePoints), {std::to_string(named)}));
-  } else if (source_.HasPoints() && slice_.endOfFile && held < named) {
+  } else if (held_ && *held_ < named) {
     lines.push_back(
-        FillIn(LoadMessage(environment, Text::kFewerPoints), {std::to_string(held), std::to_string(named)}));
+        FillIn(LoadMessage(environment, Text::kFewerPoints), {std::to_string(*held_), std::to_string(named)}));
   }
+  // Of a slice that was never shown, the reason is.
+  if (fault_.number > 0 && slice_.RowCount() == 0) lines.push_back(FaultText(environment));
   return InfoText(environment, FileName(), header_, lines);
+}
+
+std::string ChartView::FaultText(const Environment& environment) const {
+  constexpr std::size_t kMostShown = 200;
+  const std::string text = ports_.codePage.Decode(std::string_view(fault_.text).substr(0, kMostShown));
+  return LoadMessage(environment, Text::kLineError) + std::to_string(fault_.number) + " : <<" + text + ">>";
 }
 
 ChartPage ChartView::Page(const Environment& environment, const ChartLook& look) const {

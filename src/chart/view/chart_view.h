@@ -41,7 +41,7 @@ class ChartView {
   /// Loads the names of the drive's parameters. A driver file that cannot be read is a notice and a line of the log:
   /// the values are worth showing without names. Throws RunTimeError 9 for an address outside the table.
   void NameSeries(Component& component);
-  /// Counts the points where the header does not say how many there are.
+  /// Counts the points where the header does not say how many there are. Given up: there are none to scroll over.
   void CountPoints(const ScanProgress& progress);
   [[nodiscard]] const std::string& FileName() const noexcept { return source_.FileName(); }
   [[nodiscard]] bool HasPoints() const noexcept { return source_.HasPoints(); }
@@ -73,10 +73,13 @@ class ChartView {
   /// Reads the chosen slice. Given up: the one that is shown is chosen again. Throws RunTimeError.
   SliceEnd Load(const ScanProgress& progress = {});
   [[nodiscard]] const Slice& Shown() const noexcept { return slice_; }
-  /// Where Load ended at a malformed line.
+  /// Where Load ended at a malformed line; number 0 where it did not.
   [[nodiscard]] const MalformedLine& Fault() const noexcept { return fault_; }
-  /// Counts the points when the file goes on after those that its header names. True when there are more than known.
-  bool TakeFurtherPointsIn(const ScanProgress& progress);
+  /// Counts the points where the slice met an end of the file that is not the expected one, or where the file goes on
+  /// after it: N becomes what the file holds. True when it did; the slice that is chosen may be beyond the end then.
+  bool MeasureFile(const ScanProgress& progress);
+  /// Chooses the last slice when the chosen one is beyond the end. False when it is not.
+  bool ReturnIntoFile();
 
   // What is to be seen. ----------------------------------------------------------------------------------------------
   /// The chart of the slice that is shown.
@@ -85,6 +88,8 @@ class ChartView {
   [[nodiscard]] ViewedSeries Series(int series) const;
   /// The header in the user's words, with notices of where header and points disagree.
   [[nodiscard]] std::string Info(const Environment& environment) const;
+  /// What is wrong with the line of Fault(), in the user's words.
+  [[nodiscard]] std::string FaultText(const Environment& environment) const;
   /// The page without its picture.
   [[nodiscard]] ChartPage Page(const Environment& environment, const ChartLook& look) const;
 
@@ -94,8 +99,10 @@ class ChartView {
     std::string value;  ///< for its "%1"
   };
 
-  /// Whether points were seen after those that the header names.
-  [[nodiscard]] bool GoesOnAfterItsHeader() const;
+  /// Whether the last point is in another line than N says, as far as the slice shows it.
+  [[nodiscard]] bool EndsElsewhere() const;
+  /// Lines from the first point to the last one.
+  [[nodiscard]] std::int32_t LinesOf(const PointCount& count) const;
   void Take(Slice slice);
 
   const Ports& ports_;
@@ -111,7 +118,8 @@ class ChartView {
   std::int32_t end_ = 0;
   std::int16_t pointsPerDivision_ = 1;
   std::int16_t shownPointsPerDivision_ = 1;
-  bool allLinesCounted_ = false;
+  std::optional<std::int64_t> held_;  ///< points that were counted in the file
+  bool countGivenUp_ = false;
 };
 
 }  // namespace chartproject

@@ -11,13 +11,6 @@
 #include "common/values/text.h"
 
 namespace chartproject {
-namespace {
-
-/// So much of a malformed line is shown.
-constexpr std::size_t kShownLineLength = 200;
-
-}  // namespace
-
 ChartForm::ChartForm(Component& component)
     : Form(component.forms, "frmChart", MakeHandlerErrorReporter(component)),
       component_(component),
@@ -144,7 +137,8 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   readout_.ForgetCursors();
   scroll.Restart();
   if (!LoadSlice()) {
-    // The first slice cannot be shown, but the header can.
+    // The first slice cannot be shown, but the header can, over an empty chart without a grid.
+    mscChart1.SetModel(view_.Model({.kind = look_.kind}));
     series.Show(view_);
     scales.EnableFirst(view_.SeriesCount());
     rtfInfo.SetText(view_.Info(component_));
@@ -159,21 +153,21 @@ bool ChartForm::LoadSlice() {
     Unload();  // the numbers of the file that was shown do not hold for this one
     return false;
   }
-  SliceEnd end{};
-  {
+  const auto load = [this] {
     const ReadingSection::Scope loading(reading);
-    end = view_.Load(reading.Progress());
-  }
+    return view_.Load(reading.Progress());
+  };
+  SliceEnd end = load();
+  if (end == SliceEnd::kRead && MeasureFile()) end = load();
   switch (end) {
     case SliceEnd::kRead:
       ShowSlice();
-      TakeFurtherPointsIn();
       break;
     case SliceEnd::kMalformedLine:
-      ReportMalformedLine();
+      ShowMessage(component_, view_.FaultText(component_), box_style::kExclamation);
       break;
     case SliceEnd::kGivenUp:
-      reading.lblStatus.SetCaption(LoadMessage(component_, Text::kReadingStopped));
+      reading.Say(LoadMessage(component_, Text::kReadingStopped));
       scroll.Follow();
       break;
   }
@@ -199,17 +193,14 @@ void ChartForm::ShowChart() {
   mscChart1.SetModel(view_.Model(look_));
 }
 
-void ChartForm::TakeFurtherPointsIn() {
-  const ReadingSection::Scope counting(reading);
-  if (view_.TakeFurtherPointsIn(reading.Progress())) scroll.Follow();
-}
-
-void ChartForm::ReportMalformedLine() {
-  const MalformedLine& line = view_.Fault();
-  const std::string text = component_.ports.codePage.Decode(std::string_view(line.text).substr(0, kShownLineLength));
-  ShowMessage(component_,
-              LoadMessage(component_, Text::kLineError) + std::to_string(line.number) + " : <<" + text + ">>",
-              box_style::kExclamation);
+bool ChartForm::MeasureFile() {
+  {
+    const ReadingSection::Scope counting(reading);
+    if (!view_.MeasureFile(reading.Progress())) return false;
+  }
+  const bool moved = view_.ReturnIntoFile();
+  scroll.Follow();
+  return moved;
 }
 
 }  // namespace chartproject

@@ -73,8 +73,8 @@ class ChartForm : public Form {
   void ShowSlice();
   /// The chart in the look of the switches.
   void ShowChart();
-  void TakeFurtherPointsIn();
-  void ReportMalformedLine();
+  /// N becomes what the file holds, where the slice shows another end. True when another slice has to be read then.
+  bool MeasureFile();
 
   ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
 };

@@ -13,8 +13,8 @@ constexpr double kSwatchSize = 16;
 constexpr double kInfoWidth = 300;
 constexpr double kInfoHeight = 172;
 constexpr double kNameWidth = 200;
-/// Share of the height that is left over: the box is as high as its row, but the chart takes the rest.
-constexpr double kFillsItsRow = 1e-6;
+/// Share of the height that is left over, beside the chart's 1: a larger window shows more of the text.
+constexpr double kInfoShare = 0.15;
 /// Room for four digits more, so that nothing moves while the slider does.
 constexpr double kPointsPerDivisionWidth = 190;
 /// Room for the longest status.
@@ -40,6 +40,7 @@ void ChartForm::PlaceControls() {
     const SeriesSection::Row& name = series.rows[s];
     const ScaleSection::Row& scale = scales.rows[s];
     scale.text->SetWidthInCharacters(kScaleCharacters);
+    name.function->SetElided(true);
     cells.push_back(AtLeast(Cell(*name.swatch), kSwatchSize, kSwatchSize));
     cells.push_back(Cell(*name.number));
     cells.push_back(AtLeast(Cell(*name.function, 1), kNameWidth));
@@ -48,14 +49,14 @@ void ChartForm::PlaceControls() {
   LayoutBox legend =
       Column({Grid(4, std::move(cells)), Row({Space(), Cell(scales.lblScaleMsg), Cell(scales.cmdUpdateChart)})});
   LayoutBox top =
-      Row({AtLeast(Cell(rtfInfo, 1, kFillsItsRow), kInfoWidth, kInfoHeight), Stretched(std::move(legend), 0, 0)});
+      Row({AtLeast(Cell(rtfInfo, 1, kInfoShare), kInfoWidth, kInfoHeight), Stretched(std::move(legend), 0, 0)});
   LayoutBox division = Row({AtLeast(Cell(scroll.lblPointsPerDivision), kPointsPerDivisionWidth),
                             Cell(scroll.sldPointsPerDivision, 1), AtLeast(Cell(reading.lblStatus), kStatusWidth)});
   LayoutBox bottom =
       Row({Cell(switches.lblChartType), Cell(switches.cboChartType), Cell(switches.chkGrid), Cell(switches.chkLine),
            Cell(switches.chkMarker), Space(), Cell(output.cmdExport), Cell(output.cmdPrint), Cell(output.cmdOK)});
-  SetLayout(Column(
-      {std::move(top), Cell(mscChart1, 1, 1), Cell(scroll.hsbGraph, 1), std::move(division), std::move(bottom)}));
+  SetLayout(Column({std::move(top), Cell(mscChart1, 1, 1), Collapsing(Cell(scroll.hsbGraph, 1)),
+                    Collapsing(std::move(division)), std::move(bottom)}));
 }
 
 void ChartForm::RestorePlace() {

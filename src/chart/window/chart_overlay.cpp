@@ -78,7 +78,7 @@ void DrawPointer(int row, const ChartModel& model, const Plot& plot, Scene& scen
     const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
     const double value = series.values[static_cast<std::size_t>(row)];
     if (!std::isfinite(value)) continue;
-    const double depth = Is3d(model.kind) ? DepthOfSeries(column, count).front : 0;
+    const double depth = Is3d(model.kind) ? DepthOfSeries(plot, column, count).front : 0;
     const PointF at = plot.At({plot.X(row), plot.Y(value)}, depth);
     scene.Ellipse({at.x - 3.5, at.y - 3.5, 7, 7}, series.color, {.color = {255, 255, 255}, .width = 1.5});
   }

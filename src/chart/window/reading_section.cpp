@@ -13,13 +13,19 @@ constexpr Instant kBetweenReports = std::chrono::milliseconds(50);
 
 }  // namespace
 
+ReadingSection::ReadingSection(Form& form, Environment& environment)
+    : lblStatus(form, "lblStatus"), form_(form), env_(environment) {
+  lblStatus.SetTextAlign(Align::kRight);
+  lblStatus.SetVisible(false);
+}
+
 ReadingSection::Scope::Scope(ReadingSection& section) : section_(section), busy_(section.busy_) {
   section_.began_ = section_.env_.ports.clock.Now();
 }
 
 ReadingSection::Scope::~Scope() {
   section_.hourglass_.reset();
-  section_.lblStatus.SetCaption("");
+  section_.Say("");
 }
 
 void ReadingSection::ShowHourglass() {
@@ -39,6 +45,13 @@ bool ReadingSection::ShowProgress(double part) {
   lblStatus.SetCaption(FillIn(LoadMessage(env_, Text::kReadingFile), {std::to_string(static_cast<int>(part * 100))}));
   env_.forms.KeepAlive();
   return !env_.ports.keyboard.EscapePressed() && !closing_;
+}
+
+void ReadingSection::Say(const std::string& text) {
+  lblStatus.SetCaption(text);
+  if (lblStatus.Visible() == !text.empty()) return;
+  lblStatus.SetVisible(!text.empty());
+  form_.LayoutChanged();
 }
 
 bool ReadingSection::CloseAfterwards() noexcept {

@@ -14,7 +14,7 @@ namespace chartproject {
 
 class ReadingSection {
  public:
-  ReadingSection(Form& form, Environment& environment) : lblStatus(form, "lblStatus"), form_(form), env_(environment) {}
+  ReadingSection(Form& form, Environment& environment);
   ReadingSection(const ReadingSection&) = delete;
   ReadingSection& operator=(const ReadingSection&) = delete;
 
@@ -33,6 +33,8 @@ class ReadingSection {
     FlagScope busy_;
   };
 
+  /// Shows a text; an empty one takes the label and the room that it alone needs away.
+  void Say(const std::string& text);
   [[nodiscard]] bool Busy() const noexcept { return busy_; }
   /// Shows the hourglass for the rest of the reading; an earlier press of Esc does not count.
   void ShowHourglass();

@@ -13,7 +13,6 @@ namespace chartproject {
 namespace {
 
 constexpr const char* kNoReading = "--";
-constexpr double kSecondsPerDay = 86400;
 
 /// Seconds since midnight of "hh:mm:ss"; nothing for any other text.
 std::optional<double> SecondsOfDay(std::string_view text) {
@@ -82,9 +81,9 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
   const PointReading& first = *cursors[0];
   const PointReading& second = *cursors[1];
   const std::int64_t points = second.number - first.number;
-  const double expected = ScanSeconds(header, format).value_or(0) * static_cast<double>(points);
-  lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference),
-                          {std::to_string(points), TimeDifference(first.time, second.time, expected)})});
+  const auto scan = ScanSeconds(header, format);
+  const std::string time = scan ? TimeText(*scan * static_cast<double>(points), format) : kNoReading;
+  lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference), {std::to_string(points), time})});
   for (std::size_t s = 0; s < first.values.size() && s < second.values.size() && s < names.size(); ++s) {
     lines.push_back({names[s] + ": " + ValueText(first.values[s], format) + " \xE2\x86\x92 " +
                          ValueText(second.values[s], format) + " (" +
@@ -104,15 +103,17 @@ std::optional<double> ScanSeconds(const ChartHeader& header, const NumberFormat&
   }
 }
 
-std::string TimeDifference(const std::string& from, const std::string& to, double expectedSeconds) {
-  const auto begin = SecondsOfDay(from);
-  const auto end = SecondsOfDay(to);
-  if (!begin || !end) return kNoReading;
-  double seconds = *end - *begin;
-  seconds += std::round((expectedSeconds - seconds) / kSecondsPerDay) * kSecondsPerDay;
-  const auto whole = std::llround(std::fabs(seconds));
-  return (seconds < 0 ? "-" : "") + FormatDigits(whole / 3600, 2) + ":" + FormatDigits(whole / 60 % 60, 2) + ":" +
-         FormatDigits(whole % 60, 2);
+std::string TimeText(double seconds, const NumberFormat& format) {
+  constexpr double kLongest = 60;
+  const double rounded = std::round(std::fabs(seconds) * 1000) / 1000;
+  const std::string sign = seconds < 0 && rounded > 0 ? "-" : "";
+  const double whole = std::floor(rounded);
+  if (rounded < kLongest && rounded != whole) return sign + DoubleText(rounded, format) + " s";
+  const auto count = static_cast<std::int64_t>(whole);
+  const std::string fraction =
+      rounded == whole ? "" : DoubleText(std::round((rounded - whole) * 1000) / 1000, format).substr(1);
+  return sign + FormatDigits(count / 3600, 2) + ":" + FormatDigits(count / 60 % 60, 2) + ":" +
+         FormatDigits(count % 60, 2) + fraction;
 }
 
 }  // namespace chartproject

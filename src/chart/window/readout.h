@@ -28,7 +28,8 @@ struct PointReading {
 [[nodiscard]] std::vector<ReadoutLine> PointReadout(const Environment& environment, const PointReading& point,
                                                     const std::vector<std::string>& names);
 
-/// The cursors that are set, and with both of them the difference (second minus first) in points, in time and in the
+/// The cursors that are set, and with both of them the difference (second minus first) in points, in time (points
+/// times scan time) and in the
 /// value of each series.
 [[nodiscard]] std::vector<ReadoutLine> CursorReadout(const Environment& environment, const ChartHeader& header,
                                                      const std::array<std::optional<PointReading>, 2>& cursors,
@@ -37,8 +38,8 @@ struct PointReading {
 /// Seconds between two points from the header's scan time; nothing when it cannot be read.
 [[nodiscard]] std::optional<double> ScanSeconds(const ChartHeader& header, const NumberFormat& format);
 
-/// Time from one time of day to another, "hh:mm:ss" with a sign where it is negative. Points hold no date: of the times
-/// that fit, the one nearest to `expectedSeconds` is meant. "--" when a text is no time of day.
-[[nodiscard]] std::string TimeDifference(const std::string& from, const std::string& to, double expectedSeconds);
+/// "hh:mm:ss", or "0.4 s" for less than a minute that is not whole; with a sign where it is negative. The times of day
+/// of a file are whole seconds, too coarse for points that follow each other faster.
+[[nodiscard]] std::string TimeText(double seconds, const NumberFormat& format);
 
 }  // namespace chartproject

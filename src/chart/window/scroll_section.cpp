@@ -56,7 +56,9 @@ void ScrollSection::Prepare() {
     control->SetEnabled(range.usable);
     control->SetVisible(range.usable);
   }
+  const bool appears = lblPointsPerDivision.Visible() != range.usable;
   lblPointsPerDivision.SetVisible(range.usable);
+  if (appears) hsbGraph.Owner().LayoutChanged();  // the chart takes the room, or gives it back
 }
 
 void ScrollSection::Follow() {
@@ -80,7 +82,7 @@ void ScrollSection::hsbGraph_Change() {
     const int value = hsbGraph.Value();
     view_.ScrollToBarValue(value, hsbGraph.Maximum());
     // The bar may go on moving while a far slice is looked for.
-    moved = !deferred_ && load() && hsbGraph.Value() != value;
+    moved = !deferred_ && load() && hsbGraph.Value() != value && hsbGraph.Value() != view_.BarValue(hsbGraph.Maximum());
   }
 }
 
@@ -126,9 +128,6 @@ void ScrollSection::ScrollToEnd() {
   ScrollTo(std::int64_t{view_.FirstLine()} + view_.Points());
   // Points after those of the header are seen only there.
   if (view_.Points() > known) ScrollTo(std::int64_t{view_.FirstLine()} + view_.Points());
-  // A recording that was stopped early ends before the points that its header names.
-  const bool fileIsShorter = view_.Shown().endOfFile && view_.Shown().RowCount() < view_.Length();
-  if (fileIsShorter) ScrollTo(view_.Shown().lastLine + 1 - view_.Length());
 }
 
 bool ScrollSection::ScrollByKey(Key key) {

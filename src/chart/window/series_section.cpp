@@ -32,7 +32,10 @@ void SeriesSection::Show(const ChartView& view) {
     const ViewedSeries series = view.Series(s);
     row.number->SetCaption(series.number);
     // A number that names no parameter leaves the label as it is.
-    if (series.name || !used) row.function->SetCaption(series.name.value_or(""));
+    if (series.name || !used) {
+      row.function->SetCaption(series.name.value_or(""));
+      row.function->SetToolTipText(series.name.value_or(""));  // the label may be too narrow
+    }
     for (Control* control : std::initializer_list<Control*>{row.swatch, row.number, row.function}) {
       control->SetEnabled(used);
     }

@@ -52,18 +52,21 @@ void PrintFromClipboard(Component& component, ChartForm& window) {
 
 }  // namespace
 
-void ShowChart(Component& component, const std::string& strFileName) {
+bool ShowChart(Component& component, const std::string& strFileName) {
+  bool shown = false;
   try {
     ChartForm window(component);
     window.Load();
     const UnloadScope unload(window);
-    if (!window.OpenFile(strFileName)) return;
+    if (!window.OpenFile(strFileName)) return false;
     window.ApplySavedSwitches();
     window.ShowModal();
+    shown = true;
     if (window.PrintRequested()) PrintFromClipboard(component, window);
   } catch (const std::exception& error) {
     LogRunTimeError(component, "ShowChart", AsRunTimeError(error));
   }
+  return shown;
 }
 
 }  // namespace chartproject

@@ -10,6 +10,7 @@ namespace chartproject {
 /// Opens the chart window for a file and returns when the user has left it. A file that cannot be opened is logged and
 /// shown, and no window stays. Never throws: every run-time error of the window ends in the error log.
 /// @param strFileName full name of the chart file
-void ShowChart(Component& component, const std::string& strFileName);
+/// @return false when no window came
+bool ShowChart(Component& component, const std::string& strFileName);
 
 }  // namespace chartproject

@@ -29,11 +29,9 @@ void CountRows(FileSystem& files, const std::string& name, ChartInfo& info) {
   const auto file = files.OpenForReading(name);
   const auto start = LocateRows(*file);
   if (!start) return;
-  PointReader points(*file, *start);
-  for (PointLine line; points.Next(line);) {
-    if (line.kind == LineKind::kPoint) ++info.rows;
-    if (line.kind == LineKind::kMalformed) ++info.malformed;
-  }
+  const PointCount count = CountPoints(*file, *start).value_or(PointCount{});
+  info.rows = count.points;
+  info.malformed = count.malformed;
 }
 
 ChartInfo ReadInfo(Ports& ports, const std::string& name) {

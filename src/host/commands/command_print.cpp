@@ -1,9 +1,13 @@
 // print FILE [--output PDF]: the page of the chart window without the window.
+#include <optional>
 #include <ostream>
+#include <string>
+#include <utility>
 
 #include "chart/output/chart_page.h"
 #include "chart/picture/chart_scene.h"
 #include "common/error_log.h"
+#include "common/values/text.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/chart_picture.h"
@@ -23,15 +27,19 @@ class PrintCommand : public Command {
     CLI::App* app = program.add_subcommand("print", "Print the chart of a chart file with its header");
     app->add_option("FILE", file_, "chart file")->required();
     app->add_option("--output", output_, "PDF file to write [default: the system's default printer]");
+    app->add_option("--paper", paper_,
+                    "A3, A4, A5, Letter or Legal [default: the printer's own, or that of the country]");
     options_.AddTo(*app);
     return app;
   }
 
   ExitCode Run(Session& session) override {
     const ChartPictureOptions::Choice choice = options_.Parse();
+    const auto paper = ParsePaper();
     if (!output_.empty()) RefuseOutputOnto(FullName(file_), FullName(output_));
     Desktop& desktop = session.UseDesktop(DesktopMode::kOffscreen);
     if (!output_.empty()) desktop.PrintToFile(FullName(output_));
+    if (paper) desktop.UsePaper(*paper);
     Component& component = session.Instance().State();
     component.strChartFileName = FullName(file_);
 
@@ -48,6 +56,19 @@ class PrintCommand : public Command {
   }
 
  private:
+  [[nodiscard]] std::optional<PaperSize> ParsePaper() const {
+    static const std::pair<const char*, PaperSize> kPapers[] = {{"A3", {29.7, 42.0}},
+                                                                {"A4", {21.0, 29.7}},
+                                                                {"A5", {14.8, 21.0}},
+                                                                {"LETTER", {21.59, 27.94}},
+                                                                {"LEGAL", {21.59, 35.56}}};
+    if (paper_.empty()) return std::nullopt;
+    for (const auto& [name, size] : kPapers) {
+      if (ToUpperAscii(paper_) == name) return size;
+    }
+    throw RefusedError("--paper: A3, A4, A5, Letter or Legal, not \"" + paper_ + "\"");
+  }
+
   /// A file of a drive that the project does not have is printed with the parameters' numbers alone.
   static void NameSeries(ChartView& view, Component& component) {
     try {
@@ -59,6 +80,7 @@ class PrintCommand : public Command {
 
   std::string file_;
   std::string output_;
+  std::string paper_;
   ChartPictureOptions options_;
 };
 

@@ -1,6 +1,7 @@
 // view FILE: the chart window.
 #include <exception>
 
+#include "chart/window/show_chart.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
@@ -30,10 +31,12 @@ class ViewCommand : public Command {
     } catch (const RunTimeError&) {
       fault = std::current_exception();
     }
-    session.Instance().CreateChart(name);
+    Component& component = session.Instance().State();
+    component.strChartFileName = name;
+    const bool shown = ShowChart(component, name);
     session.Release();
     if (fault) std::rethrow_exception(fault);
-    return ExitCode::kDone;
+    return shown ? ExitCode::kDone : ExitCode::kRunTimeError;
   }
 
  private:

@@ -37,6 +37,8 @@ class Desktop {
   [[nodiscard]] virtual Printer& Paper() = 0;
   /// The next documents are written to a PDF file of that name, instead of being printed.
   virtual void PrintToFile(const std::string& fileName) = 0;
+  /// Paper of the next documents in the place of the printer's own.
+  virtual void UsePaper(const PaperSize& paper) = 0;
 };
 
 /// Brings the windowing system up. Throws RunTimeError 429 with the reason when there is no display, or when the

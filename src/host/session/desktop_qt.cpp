@@ -13,6 +13,7 @@
 #include "backends/qt/qt_keyboard.h"
 #include "backends/qt/qt_printer.h"
 #include "backends/qt/qt_sound.h"
+#include "backends/qt/qt_text.h"
 #include "host/session/desktop.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
@@ -47,10 +48,11 @@ void HandleStartMessage(QtMsgType type, const QMessageLogContext& /*context*/, c
   EndWith("error " + std::to_string(error.Number()) + ": " + error.Description());
 }
 
-std::optional<std::string> AskForPdfName(Language language) {
+std::optional<std::string> AskForPdfName(Language language, const std::string& proposal) {
   QFileDialog dialog(nullptr, QString(), QString(), QStringLiteral("PDF (*.pdf)"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  dialog.selectFile(FileNameToQt(proposal));  // with its folder
   TranslateFileDialog(dialog, language);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().constFirst().toStdString();
@@ -67,7 +69,9 @@ class QtDesktop : public Desktop {
         }),
         help_(language_),
         dialogs_(help_, language_),
-        printer_(mode == DesktopMode::kScreen ? PdfNameSource([this] { return AskForPdfName(language_()); })
+        printer_(mode == DesktopMode::kScreen ? PdfNameSource([this](const std::string& proposal) {
+          return AskForPdfName(language_(), proposal);
+        })
                                               : PdfNameSource()),
         forms_(clock) {
     if (mode == DesktopMode::kScreen) WatchSignals();
@@ -81,6 +85,7 @@ class QtDesktop : public Desktop {
   Clipboard& ClipboardPicture() override { return clipboard_; }
   Printer& Paper() override { return printer_; }
   void PrintToFile(const std::string& fileName) override { printer_.PrintToFile(fileName); }
+  void UsePaper(const PaperSize& paper) override { printer_.UsePaper(paper); }
 
  private:
   /// Ctrl-C and SIGTERM close the windows, as their users would: a recording ends with its points kept.

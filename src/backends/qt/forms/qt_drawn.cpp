@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <cmath>
 #include <optional>
@@ -63,6 +64,12 @@ class Surface : public QWidget {
     }
     QPainter(this).drawPixmap(0, 0, picture_);
     Draw(*this, [this](Canvas& canvas) { control_.PaintOverlay(canvas); });
+    if (control_.TabStop()) PaintFocus(*this);
+  }
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::ToolTip || toolTip().isEmpty()) return QWidget::event(event);
+    QToolTip::showText(mapToGlobal(rect().bottomLeft()), toolTip(), this);  // below: it would hide what is pointed at
+    return true;
   }
   void changeEvent(QEvent* event) override {
     picture_ = {};  // fonts or colours may be others now
@@ -132,6 +139,13 @@ class DrawnWidget : public ControlWidget {
 };
 
 }  // namespace
+
+void PaintFocus(QWidget& widget) {
+  if (!widget.hasFocus()) return;
+  QPainter painter(&widget);
+  painter.setPen(widget.palette().color(QPalette::Highlight));
+  painter.drawRect(widget.rect().adjusted(0, 0, -1, -1));
+}
 
 std::unique_ptr<ControlWidget> MakeDrawn(Control& control, InputGate& gate) {
   auto* drawn = dynamic_cast<DrawnControl*>(&control);

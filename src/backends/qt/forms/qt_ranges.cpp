@@ -35,7 +35,8 @@ class SliderWidget : public ControlWidget {
     if (property == Property::kRange) {
       const bool backwards = range_.Maximum() < range_.Minimum();
       widget_.setInvertedAppearance(backwards);
-      widget_.setInvertedControls(backwards);
+      // A scroll bar's keys and wheel go the other way than a slider's: Page Down and Down lead on.
+      widget_.setInvertedControls(backwards != (qobject_cast<QScrollBar*>(&widget_) != nullptr));
       widget_.setRange(std::min(range_.Minimum(), range_.Maximum()), std::max(range_.Minimum(), range_.Maximum()));
       widget_.setSingleStep(range_.SmallChange());
       widget_.setPageStep(range_.LargeChange());
@@ -47,6 +48,18 @@ class SliderWidget : public ControlWidget {
  private:
   RangeControl& range_;
   QAbstractSlider& widget_;
+};
+
+/// Shows when it has the focus, which the style does not.
+class FocusScrollBar : public QScrollBar {
+ public:
+  FocusScrollBar() : QScrollBar(Qt::Horizontal) { setFocusPolicy(Qt::StrongFocus); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QScrollBar::paintEvent(event);
+    PaintFocus(*this);
+  }
 };
 
 /// Two small arrows; they look like one control with the field beside them.
@@ -89,9 +102,7 @@ std::unique_ptr<ControlWidget> MakeSlider(Control& control, InputGate& gate) {
 }
 
 std::unique_ptr<ControlWidget> MakeScrollBar(Control& control, InputGate& gate) {
-  auto* bar = new QScrollBar(Qt::Horizontal);
-  bar->setFocusPolicy(Qt::StrongFocus);
-  return std::make_unique<SliderWidget>(dynamic_cast<RangeControl&>(control), *bar, gate);
+  return std::make_unique<SliderWidget>(dynamic_cast<RangeControl&>(control), *new FocusScrollBar, gate);
 }
 
 std::unique_ptr<ControlWidget> MakeUpDown(Control& control, InputGate& gate) {

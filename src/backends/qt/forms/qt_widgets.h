@@ -29,4 +29,7 @@ namespace chartproject {
 /// A control that paints itself (qt_drawn.cpp); null for a control that is none.
 [[nodiscard]] std::unique_ptr<ControlWidget> MakeDrawn(Control& control, InputGate& gate);
 
+/// A frame along the widget's edge while it has the focus.
+void PaintFocus(QWidget& widget);
+
 }  // namespace chartproject
