@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "acquire/dialog/input_rules.h"
 #include "common/values/numbers.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
