@@ -77,7 +77,11 @@ void ChartForm::LoadPictures() {
 }
 
 void ChartForm::OnActivate() {
-  if (!DriveIsKnown()) Unload();
+  if (!DriveIsKnown()) {
+    Unload();
+    return;
+  }
+  mscChart1.SetFocus();  // the keys that scroll work at once
 }
 
 bool ChartForm::OnQueryClose() {
