@@ -173,7 +173,7 @@ void CheckReplaceablePosix(const std::string& name) {
   if (file.Number() < 0) return;  // nothing there, or its making will say what is wrong
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, name);
-  if (S_ISDIR(status.st_mode)) throw RunTimeError(error_number::kPathFileAccess, name + ": this is a folder");
+  if (S_ISDIR(status.st_mode)) throw RunTimeError(error_number::kPathFileAccess, Text::kIsAFolder, {name});
   if (!S_ISREG(status.st_mode)) throw NotARegularFile(name);
   const std::string above = FolderOf(path);
   struct stat folder {};

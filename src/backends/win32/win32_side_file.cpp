@@ -95,7 +95,7 @@ void CheckReplaceableWin32(const std::string& name) {
   const DWORD attributes = GetFileAttributesW(ToWide(name).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return;  // nothing there, or its making will say what is wrong
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    throw RunTimeError(error_number::kPathFileAccess, name + ": this is a folder");
+    throw RunTimeError(error_number::kPathFileAccess, Text::kIsAFolder, {name});
   }
   if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     throw RunTimeError(error_number::kPermissionDenied, name + ": cannot be replaced, it is read-only");
