@@ -1,13 +1,13 @@
 // Sheets, the row at work, and the reading of entered values.
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 
+#include <algorithm>
 #include <charconv>
 #include <vector>
 
 #include "backends/spreadsheet/biff8_writer.h"
 #include "backends/spreadsheet/csv_writer.h"
 #include "backends/spreadsheet/xlsx_writer.h"
-#include "common/values/text.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -143,7 +143,9 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
 }  // namespace
 
 bool HasEnding(std::string_view name, std::string_view ending) {
-  return name.size() >= ending.size() && ToUpperAscii(name.substr(name.size() - ending.size())) == ToUpperAscii(ending);
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return name.size() >= ending.size() &&
+         std::ranges::equal(name.substr(name.size() - ending.size()), ending, {}, lower, lower);
 }
 
 std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::string& targetName) {
