@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -65,6 +66,7 @@ class RunTimeError : public std::runtime_error {
   /// The same error with its place, a text filled with the values, before the description.
   [[nodiscard]] RunTimeError At(Text place, std::initializer_list<std::string> values) const {
     RunTimeError placed(number_, FillIn(TextIn(Language::kEnglish, place), values) + what(), source_);
+    placed.languages_.reserve(std::size(kLanguages));
     for (const LanguageRow& row : kLanguages) {
       placed.languages_.push_back(FillIn(TextIn(row.language, place), values) + Description(row.language));
     }

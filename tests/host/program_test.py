@@ -315,6 +315,17 @@ class ProgramTest(ProgramCase):
         self.assertEqual(self.run_program("read", 1, 3, 5, 77, expected=1).stdout,
                          "P003 1.50\nP005 50.25\nP077 no answer\n")
         self.assertIn("02       TSR-05  1.0", self.run_program("drives").stdout)
+        self.put("drive02.txt", "Type=KRA-08\r\nFirmware Version=1.0\r\n")
+        self.put("KRA08V10E.wcd", "")
+        self.put("power.txt", "at 0 02 P005 50\nat 0 02 P208 30\n")
+        self.assertEqual(self.run_program("read", 2, 2, link="scenario:power.txt").stdout, "P002 1500.00\n")
+        self.acquire(3)
+        told = json.loads(self.run_program("info", "run.cht", "--json").stdout)
+        self.assertEqual((told["rows"], told["malformedLines"], told["header"]["PXXX2"]), (3, 0, "005"))
+        self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n  ' 1#2#3####\r\n08:0")
+        self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
+
+    def test_drives_without_numbers_without_model_and_without_file(self):
         self.put("drive01.txt", "Type=KRA-02\r\n")
         self.put("KRA02E.wcd", "\r\n#1#x#\r\n#P1000" + 13 * "#")
         done = self.run_program("read", 1, "P003", expected=1)
@@ -327,18 +338,8 @@ class ProgramTest(ProgramCase):
         done = self.run_program("drives", "--json", expected=1)
         self.assertEqual([drive["type"] for drive in json.loads(done.stdout)], ["KRA-02"])
         self.assertIn("drive02.txt: the file names no model", done.stderr)
-        self.put("drive01.txt", "Type=KRA-09\r\nFirmware Version=2.40\r\n")
-        self.acquire(3, expected=0)
         (self.folder / "drive01.txt").unlink()
         self.assertIn("drive01.txt: there is no such file", self.run_program("drives", expected=1).stderr)
-        self.put("drive02.txt", "Type=KRA-08\r\nFirmware Version=1.0\r\n")
-        self.put("KRA08V10E.wcd", "")
-        self.put("power.txt", "at 0 02 P005 50\nat 0 02 P208 30\n")
-        self.assertEqual(self.run_program("read", 2, 2, link="scenario:power.txt").stdout, "P002 1500.00\n")
-        told = json.loads(self.run_program("info", "run.cht", "--json").stdout)
-        self.assertEqual((told["rows"], told["malformedLines"], told["header"]["PXXX2"]), (3, 0, "005"))
-        self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n  ' 1#2#3####\r\n08:0")
-        self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
 
     def test_a_stranger_s_names_and_values_do_not_steer_the_terminal(self):
         self.put("own/h.cht", "[INFO]\r\nTrigger Mode=\x1b]0;t\x07\r\n[TIME/CONTENT]\r\n")

@@ -143,11 +143,9 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
 }  // namespace
 
 bool HasEnding(std::string_view name, std::string_view ending) {
-  const auto lower = [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
-  };
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   return name.size() >= ending.size() &&
-         std::ranges::equal(name.substr(name.size() - ending.size()), ending, {}, lower);
+         std::ranges::equal(name.substr(name.size() - ending.size()), ending, {}, lower, lower);
 }
 
 std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::string& targetName,

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 
 #include "common/values/numbers.h"
@@ -26,8 +27,7 @@ std::string ProgressText(std::int64_t done, std::int64_t total, double rate) {
   if (rate > 0) {
     std::array<char, 64> speed{};
     std::snprintf(speed.data(), speed.size(), rate < 100 ? ", %.1f points/s, " : ", %.0f points/s, ", rate);
-    text += speed.data() + FormatSeconds(static_cast<std::int64_t>(static_cast<double>(total - done) / rate + 0.5)) +
-            " left";
+    text += speed.data() + FormatSeconds(std::llround(static_cast<double>(total - done) / rate)) + " left";
   }
   return text;
 }
