@@ -35,7 +35,7 @@ class SliderWidget : public ControlWidget {
     if (property == Property::kRange) {
       const bool backwards = range_.Maximum() < range_.Minimum();
       widget_.setInvertedAppearance(backwards);
-      // A scroll bar's keys and wheel go the other way than a slider's: Page Down and Down lead on.
+      // A scroll bar's vertical keys and wheel go the other way than a slider's: Page Down and Down lead on.
       widget_.setInvertedControls(backwards != (qobject_cast<QScrollBar*>(&widget_) != nullptr));
       widget_.setRange(std::min(range_.Minimum(), range_.Maximum()), std::max(range_.Minimum(), range_.Maximum()));
       widget_.setSingleStep(range_.SmallChange());
@@ -50,12 +50,18 @@ class SliderWidget : public ControlWidget {
   QAbstractSlider& widget_;
 };
 
-/// Shows when it has the focus, which the style does not.
+/// Shows when it has the focus, which the style does not. Left and Right go where they point, also where Up, Down and
+/// the page keys are inverted.
 class FocusScrollBar : public QScrollBar {
  public:
   FocusScrollBar() : QScrollBar(Qt::Horizontal) { setFocusPolicy(Qt::StrongFocus); }
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) return QScrollBar::keyPressEvent(event);
+    const bool add = (event->key() == Qt::Key_Right) != invertedAppearance();
+    triggerAction(add ? SliderSingleStepAdd : SliderSingleStepSub);
+  }
   void paintEvent(QPaintEvent* event) override {
     QScrollBar::paintEvent(event);
     PaintFocus(*this);
