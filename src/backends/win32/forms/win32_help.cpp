@@ -38,9 +38,11 @@ std::wstring CopyAsPage(const std::string& page) {
   folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
   const bool hypertext = page.find("<html") != std::string::npos || page.find("<HTML") != std::string::npos;
   const std::wstring name = folder + L"ChartProject help" + (hypertext ? L".html" : L".txt");
-  const auto copy = Win32FileSystem().Create(ToUtf8(name));
-  copy->Write(page);
-  copy->FlushAndClose();
+  const auto copy = Win32FileSystem().MakeSideFile({.target = ToUtf8(name), .ending = ".new"});
+  const auto text = copy->OpenForWriting();
+  text->Write(page);
+  text->FlushAndClose();
+  copy->ReplaceTarget();
   return name;
 }
 
