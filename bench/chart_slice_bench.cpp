@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "backends/posix/file_system_posix.h"
+#include "backends/posix/posix_file_system.h"
 #include "chart/file/chart_source.h"
 #include "chart/view/scroll_range.h"
 #include "chart/window/chart_form.h"
@@ -45,7 +45,7 @@ struct NoLinks : DriveLinkFactory {
 /// The real window on real files, everything else from the tests' fakes.
 struct Bench {
   FakePorts fake;
-  FileSystemPosix files;
+  PosixFileSystem files;
   Ports ports{fake.settings, files,         fake.clock, fake.locale,    fake.codePage, fake.dialogs,
               fake.sound,    fake.keyboard, fake.help,  fake.clipboard, fake.printer,  fake.spreadsheets};
   NoLinks links;
@@ -72,7 +72,7 @@ BENCHMARK(OpenAndFirstSlice)->Arg(kShortFile)->Arg(kLongFile)->Unit(benchmark::k
 
 /// Reads the whole file and counts its line feeds: what the first jump to the end cannot do without.
 void PlainCount(benchmark::State& state) {
-  FileSystemPosix files;
+  PosixFileSystem files;
   const std::string name = ChartFile(kLongFile);
   std::vector<char> block(std::size_t{256} * 1024);
   std::int64_t bytes = 0;

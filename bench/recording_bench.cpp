@@ -9,7 +9,7 @@
 #include <fstream>
 
 #include "acquire/dialog/acquire_form.h"
-#include "backends/posix/file_system_posix.h"
+#include "backends/posix/posix_file_system.h"
 #include "recording/chart_file.h"
 #include "support/fake_ports.h"
 
@@ -69,7 +69,7 @@ double PeakMebibytes() {
 void RecordInSpoolMode(benchmark::State& state) {
   const BenchFolder folder;
   FakePorts fake;
-  FileSystemPosix files;
+  PosixFileSystem files;
   Ports ports{fake.settings, files,         fake.clock, fake.locale,    fake.codePage, fake.dialogs,
               fake.sound,    fake.keyboard, fake.help,  fake.clipboard, fake.printer,  fake.spreadsheets};
   InstantLinks links;
@@ -121,7 +121,7 @@ BENCHMARK(BareOpenWriteClose)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMi
 /// The same bytes through the file port alone.
 void AppendRows(benchmark::State& state) {
   const BenchFolder folder;
-  FileSystemPosix files;
+  PosixFileSystem files;
   const std::string name = folder.File("appended");
   for (auto _ : state) {
     auto side = files.MakeSideFile({.target = name, .ending = "", .names = 1});
@@ -143,7 +143,7 @@ void ReadHeaderAndLocateRows(benchmark::State& state) {
     while (block.size() < 1'000'000) block += kRow;
     for (std::int64_t i = 0; i < state.range(0); ++i) file << block;
   }
-  FileSystemPosix files;
+  PosixFileSystem files;
   CodePage1252 codePage;
   for (auto _ : state) {
     ChartHeader header;

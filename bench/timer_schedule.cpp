@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "backends/posix/clock_posix.h"
+#include "backends/posix/posix_clock.h"
 #include "backends/qt/forms/qt_form_host.h"
 #include "backends/qt/qt_application.h"
 #include "forms/controls.h"
@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
   const int seconds = argc > 1 ? std::atoi(argv[1]) : 60;
   const int interval = argc > 2 ? std::atoi(argv[2]) : 200;
   const chartproject::QtApplication application(argc, argv);
-  chartproject::ClockPosix clock;
+  chartproject::PosixClock clock;
   chartproject::QtFormHost host(clock);
   chartproject::TickForm form(host, clock, interval, static_cast<std::size_t>(seconds * 1000 / interval));
   form.ShowModal();

@@ -14,12 +14,12 @@
 #include "backends/headless/absent_devices.h"
 #include "backends/headless/code_page_1252.h"
 #include "backends/headless/headless_form_host.h"
-#include "backends/posix/clock_posix.h"
-#include "backends/posix/dialogs_console.h"
-#include "backends/posix/file_system_posix.h"
+#include "backends/posix/console_dialogs.h"
 #include "backends/posix/keyboard_signals.h"
-#include "backends/posix/locale_posix.h"
-#include "backends/posix/settings_store_ini.h"
+#include "backends/posix/posix_clock.h"
+#include "backends/posix/posix_file_system.h"
+#include "backends/posix/posix_locale.h"
+#include "backends/posix/posix_settings_store.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 #include "chart/output/excel_export.h"
 #include "recording/chart_file.h"
@@ -55,10 +55,10 @@ void WriteChart(const fs::path& name, int points) {
 }
 
 ExportOutcome Export(const fs::path& chart, const fs::path& workbook) {
-  FileSystemPosix files;
-  ClockPosix clock;
-  SettingsStoreIni settings(files, chart.parent_path() / "profile");
-  LocalePosix locale = LocalePosix::FromEnvironment();
+  PosixFileSystem files;
+  PosixClock clock;
+  PosixSettingsStore settings(files, chart.parent_path() / "profile");
+  PosixLocale locale = PosixLocale::FromEnvironment();
   CodePage1252 codePage;
   Consent dialogs;
   SilentSound sound;

@@ -1,5 +1,5 @@
 // Files of the project folder: whatever they hold, they are read or refused with a run-time error.
-#include "backends/posix/settings_store_ini.h"
+#include "backends/posix/posix_settings_store.h"
 #include "bytes_file.h"
 #include "common/environment/settings_io.h"
 #include "common/values/numbers.h"
@@ -73,7 +73,7 @@ void Settings(std::string_view bytes) {
   FakePorts fakes;
   fakes.files.Put("/profile/Kestrel v5.60.ini", std::string(bytes));
   (void)ErrorOf([&] {
-    SettingsStoreIni store(fakes.files, "/profile");
+    PosixSettingsStore store(fakes.files, "/profile");
     Ports ports{store,       fakes.files,    fakes.clock, fakes.locale,    fakes.codePage, fakes.dialogs,
                 fakes.sound, fakes.keyboard, fakes.help,  fakes.clipboard, fakes.printer,  fakes.spreadsheets};
     Environment environment{ports, fakes.forms};

@@ -1,4 +1,4 @@
-#include "backends/posix/file_system_posix.h"
+#include "backends/posix/posix_file_system.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -15,9 +15,9 @@
 #include <thread>
 
 #include "backends/headless/code_page_1252.h"
-#include "backends/posix/locale_posix.h"
+#include "backends/posix/posix_locale.h"
 #include "backends/posix/posix_path.h"
-#include "backends/posix/settings_store_ini.h"
+#include "backends/posix/posix_settings_store.h"
 #include "platform/temporary_folder.h"
 #include "support/error_of.h"
 
@@ -31,10 +31,10 @@ int ErrorOf(const std::function<void()>& operation, const std::string& name) {
   return std::atoi(error.c_str());
 }
 
-class FileSystemPosixTest : public testing::Test {
+class PosixFileSystemTest : public testing::Test {
  protected:
   TemporaryFolder folder;
-  FileSystemPosix files;
+  PosixFileSystem files;
 };
 
 TEST(PosixPath, FolderOfAName) {
@@ -45,7 +45,7 @@ TEST(PosixPath, FolderOfAName) {
   EXPECT_EQ(FolderOf(""), ".");
 }
 
-TEST_F(FileSystemPosixTest, WritesReadsSeeksAndKnowsAFileAgain) {
+TEST_F(PosixFileSystemTest, WritesReadsSeeksAndKnowsAFileAgain) {
   const std::string name = folder / "a.cht";
   auto side = files.MakeSideFile({.target = folder.Path() + "\\a.cht", .ending = ".new"});
   const auto out = side->OpenForWriting();
@@ -75,7 +75,7 @@ TEST_F(FileSystemPosixTest, WritesReadsSeeksAndKnowsAFileAgain) {
   EXPECT_NE(files.OpenForReading(name)->Identity().index, before.index);
 }
 
-TEST_F(FileSystemPosixTest, ErrorsHaveThePlatformsNumbers) {
+TEST_F(PosixFileSystemTest, ErrorsHaveThePlatformsNumbers) {
   const std::string missing = folder / "none.cht";
   const std::string lost = folder / "none/at/all.cht";
   PutFile(folder / "plain", "x");
@@ -95,7 +95,7 @@ TEST_F(FileSystemPosixTest, ErrorsHaveThePlatformsNumbers) {
   EXPECT_EQ(ErrorOf([&] { files.MakeFolder(folder / "plain"); }, "plain"), 76);
 }
 
-TEST_F(FileSystemPosixTest, FoldersAndFilesAreToldApart) {
+TEST_F(PosixFileSystemTest, FoldersAndFilesAreToldApart) {
   files.MakeFolder(folder.Path() + "\\one\\two");
   EXPECT_TRUE(files.FolderExists(folder / "one/two"));
   EXPECT_FALSE(files.FileExists(folder / "one/two"));
@@ -105,7 +105,7 @@ TEST_F(FileSystemPosixTest, FoldersAndFilesAreToldApart) {
   EXPECT_FALSE(files.FolderExists(""));
 }
 
-TEST_F(FileSystemPosixTest, ANameIsLockedForOneUntilItLetsGo) {
+TEST_F(PosixFileSystemTest, ANameIsLockedForOneUntilItLetsGo) {
   const std::string name = folder / "a.cht";
   // A user's own file, also an empty one, is left alone; a marker that its program left behind holds nothing.
   const std::tuple<const char*, const char*, bool> cases[] = {{nullptr, ".lock", false},
@@ -130,7 +130,7 @@ TEST_F(FileSystemPosixTest, ANameIsLockedForOneUntilItLetsGo) {
   }
 }
 
-TEST_F(FileSystemPosixTest, OnlyRegularFilesAreOpenedAndNothingIsWaitedFor) {
+TEST_F(PosixFileSystemTest, OnlyRegularFilesAreOpenedAndNothingIsWaitedFor) {
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
   sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
   (folder / "socket").copy(static_cast<char*>(address.sun_path), sizeof address.sun_path - 1);
@@ -146,7 +146,7 @@ TEST_F(FileSystemPosixTest, OnlyRegularFilesAreOpenedAndNothingIsWaitedFor) {
   close(socketNumber);
 }
 
-TEST_F(FileSystemPosixTest, TheLogIsAppendedToThroughNoLink) {
+TEST_F(PosixFileSystemTest, TheLogIsAppendedToThroughNoLink) {
   PutFile(folder / "private", "key");
   std::filesystem::create_symlink("private", folder / "soft");
   std::filesystem::create_symlink("nowhere", folder / "dangling");
@@ -157,7 +157,7 @@ TEST_F(FileSystemPosixTest, TheLogIsAppendedToThroughNoLink) {
   EXPECT_FALSE(files.FileExists(folder / "nowhere"));
 }
 
-TEST_F(FileSystemPosixTest, SideFilesAreMadeAnewWithTheRightsOfTheirTarget) {
+TEST_F(PosixFileSystemTest, SideFilesAreMadeAnewWithTheRightsOfTheirTarget) {
   const std::string name = folder / "a.cht";
   PutFile(folder / "private", "key");
   std::filesystem::create_symlink("private", name + ".new");
@@ -179,7 +179,7 @@ TEST_F(FileSystemPosixTest, SideFilesAreMadeAnewWithTheRightsOfTheirTarget) {
   EXPECT_FALSE(files.FileExists(name + ".new2"));
 }
 
-TEST_F(FileSystemPosixTest, ASideFileThatWasReplacedIsNeitherReadNorWrittenNorDeleted) {
+TEST_F(PosixFileSystemTest, ASideFileThatWasReplacedIsNeitherReadNorWrittenNorDeleted) {
   const std::string name = folder / "a.cht.tcf0";
   PutFile(folder / "private", "key");
   const std::function<void()> replacements[] = {[&] { std::filesystem::create_symlink("private", name); },
@@ -203,7 +203,7 @@ TEST_F(FileSystemPosixTest, ASideFileThatWasReplacedIsNeitherReadNorWrittenNorDe
   }
 }
 
-TEST_F(FileSystemPosixTest, LinksAreResolvedUnlessAStrangerMadeThem) {
+TEST_F(PosixFileSystemTest, LinksAreResolvedUnlessAStrangerMadeThem) {
   std::filesystem::create_directory(folder / "real");
   std::filesystem::create_symlink("real/a.cht", folder / "one");
   std::filesystem::create_symlink(folder / "one", folder / "two");
@@ -227,7 +227,7 @@ TEST_F(FileSystemPosixTest, LinksAreResolvedUnlessAStrangerMadeThem) {
   ASSERT_EQ(seteuid(0), 0);
 }
 
-TEST_F(FileSystemPosixTest, SpaceIsThatOfTheDiskThatWillHoldTheFile) {
+TEST_F(PosixFileSystemTest, SpaceIsThatOfTheDiskThatWillHoldTheFile) {
   const DiskSpace here = files.SpaceFor(folder.Path());
   EXPECT_GT(here.total, here.totalFree);
   EXPECT_GE(here.totalFree, here.availableToUser);
@@ -235,7 +235,7 @@ TEST_F(FileSystemPosixTest, SpaceIsThatOfTheDiskThatWillHoldTheFile) {
   EXPECT_EQ(files.SpaceFor("/proc/none").total, 0U);
 }
 
-TEST_F(FileSystemPosixTest, AFullDiskLeavesWholeRows) {
+TEST_F(PosixFileSystemTest, AFullDiskLeavesWholeRows) {
   const std::string name = folder / "spool";
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
@@ -251,15 +251,15 @@ TEST_F(FileSystemPosixTest, AFullDiskLeavesWholeRows) {
   EXPECT_EQ(FileBytes(name), "01234567890123456789");
 }
 
-class SettingsStoreIniTest : public FileSystemPosixTest {
+class PosixSettingsStoreTest : public PosixFileSystemTest {
  protected:
   void Write(const std::string& section, const std::vector<StoredSetting>& settings) { store.Write(section, settings); }
 
-  SettingsStoreIni store{files, folder / "made/later"};
+  PosixSettingsStore store{files, folder / "made/later"};
   std::string file = folder / "made/later/Kestrel v5.60.ini";
 };
 
-TEST_F(SettingsStoreIniTest, EveryTextComesBack) {
+TEST_F(PosixSettingsStoreTest, EveryTextComesBack) {
   const std::string texts[] = {
       "",       "plain",  "  blanks around  ",   R"(C:\Kestrel\new\)", "a=b=c",     "[section]",
       "# text", "; text", "ação, señal, Ω 日本", "line\r\nend\ttab",   R"(\s\n\\)", "\"",
@@ -267,19 +267,19 @@ TEST_F(SettingsStoreIniTest, EveryTextComesBack) {
   for (const auto& text : texts) {
     Write("MyProject", {{"strName", text}});
     EXPECT_EQ(store.Read("MyProject", "strName"), text);
-    SettingsStoreIni other(files, folder / "made/later");
+    PosixSettingsStore other(files, folder / "made/later");
     EXPECT_EQ(other.Read("MyProject", "strName"), text) << "after reading the file anew";
   }
 }
 
-TEST_F(SettingsStoreIniTest, WhatIsNotThereIsNothing) {
+TEST_F(PosixSettingsStoreTest, WhatIsNotThereIsNothing) {
   EXPECT_FALSE(store.Read("MyConf", "strSound"));
   Write("MyConf", {{"strSound", "No"}});
   EXPECT_FALSE(store.Read("MyConf", "strsound")) << "keys are told apart by case";
   EXPECT_FALSE(store.Read("MyProject", "strSound"));
 }
 
-TEST_F(SettingsStoreIniTest, KeysAndCommentsOfOthersStay) {
+TEST_F(PosixSettingsStoreTest, KeysAndCommentsOfOthersStay) {
   files.MakeFolder(folder / "made/later");
   PutFile(file, "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=Yes\nstrOther=C:\\new\\s\n");
   EXPECT_EQ(store.Read("MyConf", "strOther"), "C:\\new\\s") << "single backslashes, typed by hand";
@@ -287,10 +287,10 @@ TEST_F(SettingsStoreIniTest, KeysAndCommentsOfOthersStay) {
   EXPECT_EQ(FileBytes(file), "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=No\nstrOther=C:\\new\\s\nstrGrid=Yes\n");
 }
 
-TEST_F(SettingsStoreIniTest, ProgramsThatStoreAtTheSameMomentLoseNothing) {
+TEST_F(PosixSettingsStoreTest, ProgramsThatStoreAtTheSameMomentLoseNothing) {
   const auto storeMany = [this](const std::string& section) {
-    FileSystemPosix ownFiles;
-    SettingsStoreIni own(ownFiles, folder / "made/later");
+    PosixFileSystem ownFiles;
+    PosixSettingsStore own(ownFiles, folder / "made/later");
     for (int k = 0; k < 40; ++k) own.Write(section, std::vector<StoredSetting>{{std::to_string(k), "kept"}});
   };
   std::thread other([&] { storeMany("Host"); });
@@ -301,9 +301,9 @@ TEST_F(SettingsStoreIniTest, ProgramsThatStoreAtTheSameMomentLoseNothing) {
   }
 }
 
-TEST_F(SettingsStoreIniTest, ChangesOfAnotherProgramAreSeenAndKept) {
+TEST_F(PosixSettingsStoreTest, ChangesOfAnotherProgramAreSeenAndKept) {
   Write("MyConf", {{"strSound", "No"}});
-  SettingsStoreIni other(files, folder / "made/later");
+  PosixSettingsStore other(files, folder / "made/later");
   other.Write("MyConf", std::vector<StoredSetting>{{"strSound", "Yes"}, {"strGrid", "Yes"}});
   EXPECT_EQ(store.Read("MyConf", "strSound"), "Yes");
   Write("frmAcquireVar", {{"Left", "120"}});
@@ -311,7 +311,7 @@ TEST_F(SettingsStoreIniTest, ChangesOfAnotherProgramAreSeenAndKept) {
   EXPECT_EQ(other.Read("frmAcquireVar", "Left"), "120");
 }
 
-TEST_F(SettingsStoreIniTest, WhatIsLockedByOthersIsStoredWithTheNextWrite) {
+TEST_F(PosixSettingsStoreTest, WhatIsLockedByOthersIsStoredWithTheNextWrite) {
   Write("MyConf", {{"strSound", "No"}});
   std::filesystem::rename(file, folder / "elsewhere");
   std::filesystem::create_symlink(folder / "elsewhere", file);
@@ -330,14 +330,14 @@ TEST_F(SettingsStoreIniTest, WhatIsLockedByOthersIsStoredWithTheNextWrite) {
   close(held);
   Write("MyConf", {{"strMarker", "No"}});
   close(anybody);
-  SettingsStoreIni other(files, folder / "made/later");
+  PosixSettingsStore other(files, folder / "made/later");
   for (const char* key : {"strGrid", "strLine", "strMarker"}) EXPECT_EQ(other.Read("MyConf", key), "No");
   EXPECT_EQ(other.Read("MyConf", "strSound"), "Yes");
   EXPECT_TRUE(std::filesystem::is_symlink(file));
   EXPECT_EQ(files.RightsOf(folder / "elsewhere").mode, 0600U);
 }
 
-TEST_F(SettingsStoreIniTest, WhatIsNotUnderstoodIsReportedOnceAndKept) {
+TEST_F(PosixSettingsStoreTest, WhatIsNotUnderstoodIsReportedOnceAndKept) {
   files.MakeFolder(folder / "made/later");
   const std::tuple<const char*, std::vector<int>, const char*> cases[] = {
       {"\xEF\xBB\xBF[MyConf]\r\n strGrid = Yes\r\n", {}, "[MyConf]\nstrGrid=Yes\nstrSound=No\n"},
@@ -364,30 +364,30 @@ TEST_F(SettingsStoreIniTest, WhatIsNotUnderstoodIsReportedOnceAndKept) {
   EXPECT_THROW(Write("MyConf", {{"strSound", "No"}}), RunTimeError);
 }
 
-TEST(LocalePosix, DatesKeepTheLocalesOrderAndSeparator) {
+TEST(PosixLocale, DatesKeepTheLocalesOrderAndSeparator) {
   const std::pair<const char*, const char*> cases[] = {
       {"%m/%d/%y", "02/01/2026"},   {"%d/%m/%Y", "01/02/2026"}, {"%d.%m.%Y", "01.02.2026"}, {"%Y-%m-%d", "2026-02-01"},
       {"%-d.%-m.%Y", "01.02.2026"}, {"%d-%m-%y", "01-02-2026"}, {"%F", "2026-02-01"},       {"%D", "02/01/2026"},
       {"", "2026-02-01"},           {"%", "2026-02-01"}};
   for (const auto& [pattern, text] : cases) {
-    const LocalePosix locale({}, {.date = pattern});
+    const PosixLocale locale({}, {.date = pattern});
     EXPECT_EQ(locale.DateText({2026, 2, 1, 8, 5, 9, 0}), text) << pattern;
   }
 }
 
-TEST(LocalePosix, TimesRunToTwelveOrToTwentyFour) {
-  const LocalePosix all({}, {.time = "%H:%M:%S"});
+TEST(PosixLocale, TimesRunToTwelveOrToTwentyFour) {
+  const PosixLocale all({}, {.time = "%H:%M:%S"});
   EXPECT_EQ(all.TimeText({2026, 2, 1, 8, 5, 9, 0}), "08:05:09");
-  const LocalePosix half({}, {.time = "%r"});
+  const PosixLocale half({}, {.time = "%r"});
   EXPECT_EQ(half.TimeText({2026, 2, 1, 0, 5, 9, 0}), "12:05:09 AM");
   EXPECT_EQ(half.TimeText({2026, 2, 1, 13, 5, 9, 0}), "1:05:09 PM");
-  const LocalePosix wordless({}, {.time = "%r", .am = "", .pm = ""});
+  const PosixLocale wordless({}, {.time = "%r", .am = "", .pm = ""});
   EXPECT_EQ(wordless.TimeText({2026, 2, 1, 13, 5, 9, 0}), "13:05:09");
 }
 
-TEST(LocalePosix, AnUnknownLocaleCountsAsC) {
+TEST(PosixLocale, AnUnknownLocaleCountsAsC) {
   setenv("LC_ALL", "xx_YY.UTF-8", 1);
-  const LocalePosix locale = LocalePosix::FromEnvironment();
+  const PosixLocale locale = PosixLocale::FromEnvironment();
   unsetenv("LC_ALL");
   EXPECT_EQ(locale.Numbers().decimalSeparator, ".");
   EXPECT_EQ(locale.DateText({2026, 1, 31, 0, 0, 0, 0}), "01/31/2026");

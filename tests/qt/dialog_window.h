@@ -6,7 +6,7 @@
 
 #include "acquire/dialog/acquire_form.h"
 #include "acquire/dialog_fixture.h"
-#include "backends/posix/clock_posix.h"
+#include "backends/posix/posix_clock.h"
 #include "backends/qt/forms/qt_form_host.h"
 #include "backends/qt/qt_dialogs.h"
 #include "backends/qt/qt_help.h"
@@ -22,7 +22,7 @@ struct DialogWindow {
 
   FakePorts fakes;
   FakePlant plant;
-  ClockPosix clock;
+  PosixClock clock;
   QtFormHost host{clock};
   QtHelp help{[] { return Language::kEnglish; }};
   QtDialogs dialogs{help, [] { return Language::kEnglish; }};

@@ -8,7 +8,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "backends/posix/clock_posix.h"
+#include "backends/posix/posix_clock.h"
 #include "backends/qt/forms/qt_form_host.h"
 #include "forms/controls.h"
 #include "qt/user.h"
@@ -68,7 +68,7 @@ class EveryControlForm : public Form {
 };
 
 struct FormViewTest : ::testing::Test {
-  ClockPosix clock;
+  PosixClock clock;
   QtFormHost host{clock};
   EveryControlForm form{host};
   User user{form};

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "backends/posix/file_system_posix.h"
+#include "backends/posix/posix_file_system.h"
 #include "backends/spreadsheet/biff8_records.h"
 #include "chart/output/excel_export.h"
 #include "platform/run_time_error.h"
@@ -157,7 +157,7 @@ struct ReadBackTest : SpreadsheetTest {
 
   ExportOutcome Export(const std::string& target) {
     FakePorts fakes;
-    FileSystemPosix files;
+    PosixFileSystem files;
     EmbeddedSpreadsheets spreadsheets(fakes.locale);
     fakes.locale.numbers = numbers;
     Ports ports{fakes.settings, files,          fakes.clock, fakes.locale,    fakes.codePage, fakes.dialogs,

@@ -41,9 +41,9 @@ FileIdentity IdentityOf(const struct stat& status) {
                       status.st_mtim.tv_sec * kNanosPerSecond + status.st_mtim.tv_nsec};
 }
 
-class InputFilePosix : public InputFile {
+class PosixInputFile : public InputFile {
  public:
-  InputFilePosix(Descriptor file, std::string name) : file_(std::move(file)), name_(std::move(name)) {}
+  PosixInputFile(Descriptor file, std::string name) : file_(std::move(file)), name_(std::move(name)) {}
 
   std::size_t Read(std::span<char> buffer) override {
     for (;;) {
@@ -66,14 +66,14 @@ class InputFilePosix : public InputFile {
   std::string name_;
 };
 
-class OutputFilePosix : public OutputFile {
+class PosixOutputFile : public OutputFile {
  public:
-  OutputFilePosix(Descriptor file, std::string name) : file_(std::move(file)), name_(std::move(name)) {
+  PosixOutputFile(Descriptor file, std::string name) : file_(std::move(file)), name_(std::move(name)) {
     buffer_.reserve(kWriteBuffer);
   }
-  OutputFilePosix(const OutputFilePosix&) = delete;
-  OutputFilePosix& operator=(const OutputFilePosix&) = delete;
-  ~OutputFilePosix() override {
+  PosixOutputFile(const PosixOutputFile&) = delete;
+  PosixOutputFile& operator=(const PosixOutputFile&) = delete;
+  ~PosixOutputFile() override {
     if (file_.Number() >= 0) WriteSome(file_.Number(), buffer_);
   }
 
@@ -168,11 +168,11 @@ void AppendWhole(const Descriptor& file, std::string_view bytes, const std::stri
 }
 
 std::unique_ptr<InputFile> MakeInputFile(Descriptor file, std::string name) {
-  return std::make_unique<InputFilePosix>(std::move(file), std::move(name));
+  return std::make_unique<PosixInputFile>(std::move(file), std::move(name));
 }
 
 std::unique_ptr<OutputFile> MakeOutputFile(Descriptor file, std::string name) {
-  return std::make_unique<OutputFilePosix>(std::move(file), std::move(name));
+  return std::make_unique<PosixOutputFile>(std::move(file), std::move(name));
 }
 
 void SyncFolder(const std::string& folder) {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "backends/posix/side_file_posix.h"
+#include "backends/posix/posix_side_file.h"
 
 namespace chartproject {
 
@@ -25,7 +25,7 @@ class PartFile {
 
  private:
   std::string target_;
-  SideFilePosix file_;
+  PosixSideFile file_;
 };
 
 }  // namespace chartproject

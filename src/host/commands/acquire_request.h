@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "acquire/dialog/acquire_form.h"
-#include "backends/posix/dialogs_console.h"
+#include "backends/posix/console_dialogs.h"
 #include "host/commands/arguments.h"
 
 namespace chartproject {

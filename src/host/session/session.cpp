@@ -6,11 +6,11 @@
 #include "backends/headless/absent_devices.h"
 #include "backends/headless/code_page_1252.h"
 #include "backends/headless/virtual_clock.h"
-#include "backends/posix/clock_posix.h"
-#include "backends/posix/file_system_posix.h"
 #include "backends/posix/keyboard_signals.h"
-#include "backends/posix/locale_posix.h"
-#include "backends/posix/settings_store_ini.h"
+#include "backends/posix/posix_clock.h"
+#include "backends/posix/posix_file_system.h"
+#include "backends/posix/posix_locale.h"
+#include "backends/posix/posix_settings_store.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 #include "host/session/drive_links.h"
 
@@ -22,12 +22,12 @@ namespace {
 struct SessionClock {
   explicit SessionClock(const GlobalOptions& options) {
     if (options.clock == ClockChoice::kVirtual) {
-      auto jumping = std::make_unique<VirtualClock>(options.start.value_or(ClockPosix().LocalNow()));
+      auto jumping = std::make_unique<VirtualClock>(options.start.value_or(PosixClock().LocalNow()));
       wait = [at = jumping.get()](Instant moment) { at->AdvanceTo(moment); };
       clock = std::move(jumping);
     } else {
       wait = SleepUntil;
-      clock = std::make_unique<ClockPosix>();
+      clock = std::make_unique<PosixClock>();
     }
   }
   std::unique_ptr<Clock> clock;
@@ -39,7 +39,7 @@ struct SessionClock {
 struct Session::Outside {
   Outside(const GlobalOptions& options, std::ostream& err)
       : clock(options),
-        settings(files, options.profileFolder.empty() ? SettingsStoreIni::UserFolder() : options.profileFolder),
+        settings(files, options.profileFolder.empty() ? PosixSettingsStore::UserFolder() : options.profileFolder),
         dialogs(err, options.answerYes, kApplicationTitle),
         forms(*clock.clock, clock.wait),
         link(options.link) {
@@ -51,10 +51,10 @@ struct Session::Outside {
     return *links;
   }
 
-  FileSystemPosix files;
+  PosixFileSystem files;
   SessionClock clock;
-  SettingsStoreIni settings;
-  LocalePosix locale = LocalePosix::FromEnvironment();
+  PosixSettingsStore settings;
+  PosixLocale locale = PosixLocale::FromEnvironment();
   CodePage1252 codePage;
   ConsoleDialogs dialogs;
   SilentSound sound;

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "backends/headless/headless_form_host.h"
-#include "backends/posix/dialogs_console.h"
+#include "backends/posix/console_dialogs.h"
 #include "component/chart_class.h"
 #include "host/session/desktop.h"
 #include "platform/ports.h"

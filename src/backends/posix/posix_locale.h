@@ -18,12 +18,12 @@ struct DateTimeFormats {
 /// Texts have a fixed form, so that the same locale gives the same text on every system:
 /// dates are day and month in two digits and the year in four, in the locale's order and with its separator
 /// (31/01/2026, 01/31/2026, 2026-01-31); times are "hh:mm:ss", or "h:mm:ss AM" where hours run to 12.
-class LocalePosix : public Locale {
+class PosixLocale : public Locale {
  public:
-  LocalePosix(NumberFormat numbers, const DateTimeFormats& formats);
+  PosixLocale(NumberFormat numbers, const DateTimeFormats& formats);
   /// By LC_ALL, LC_NUMERIC, LC_TIME and LANG; a locale that the system lacks counts as "C". The locale of the process
   /// stays as it is.
-  [[nodiscard]] static LocalePosix FromEnvironment();
+  [[nodiscard]] static PosixLocale FromEnvironment();
 
   [[nodiscard]] const NumberFormat& Numbers() const override { return numbers_; }
   [[nodiscard]] std::string DateText(const DateTime& moment) const override;

@@ -1,5 +1,5 @@
 // Local time by the system's time zone; timers by the monotonic clock.
-#include "backends/posix/clock_posix.h"
+#include "backends/posix/posix_clock.h"
 
 #include <ctime>
 
@@ -11,7 +11,7 @@ constexpr std::int64_t kNanosPerMicro = 1000;
 constexpr std::int64_t kNanosPerMilli = 1'000'000;
 }  // namespace
 
-DateTime ClockPosix::LocalNow() {
+DateTime PosixClock::LocalNow() {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
   std::tm local{};
@@ -26,7 +26,7 @@ DateTime ClockPosix::LocalNow() {
                   static_cast<int>(now.tv_nsec / kNanosPerMilli)};
 }
 
-Instant ClockPosix::Now() {
+Instant PosixClock::Now() {
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   return Instant(now.tv_sec * kMicrosPerSecond + now.tv_nsec / kNanosPerMicro);

@@ -1,5 +1,5 @@
 // Number, date and time habits out of the locale's own descriptions.
-#include "backends/posix/locale_posix.h"
+#include "backends/posix/posix_locale.h"
 
 #include <langinfo.h>
 #include <locale.h>
@@ -62,7 +62,7 @@ std::string Digits(int value, int width) {
 
 }  // namespace
 
-LocalePosix::LocalePosix(NumberFormat numbers, const DateTimeFormats& formats)
+PosixLocale::PosixLocale(NumberFormat numbers, const DateTimeFormats& formats)
     : numbers_(std::move(numbers)),
       twelveHours_(formats.time.find("%r") != std::string::npos || formats.time.find("%p") != std::string::npos),
       am_(formats.am),
@@ -71,19 +71,19 @@ LocalePosix::LocalePosix(NumberFormat numbers, const DateTimeFormats& formats)
   if (am_.empty() || pm_.empty()) twelveHours_ = false;
 }
 
-LocalePosix LocalePosix::FromEnvironment() {
+PosixLocale PosixLocale::FromEnvironment() {
   constexpr int kCategories = LC_NUMERIC_MASK | LC_TIME_MASK | LC_CTYPE_MASK;
   locale_t user = newlocale(kCategories, "", nullptr);
   if (user == nullptr) user = newlocale(kCategories, "C", nullptr);
   const bool isUtf8 = std::string(nl_langinfo_l(CODESET, user)) == "UTF-8";
   const auto text = [&](nl_item item) { return Utf8(nl_langinfo_l(item, user), isUtf8); };
-  LocalePosix result(NumberFormat{text(RADIXCHAR), text(THOUSEP)},
+  PosixLocale result(NumberFormat{text(RADIXCHAR), text(THOUSEP)},
                      DateTimeFormats{text(D_FMT), text(T_FMT), text(AM_STR), text(PM_STR)});
   freelocale(user);
   return result;
 }
 
-std::string LocalePosix::DateText(const DateTime& moment) const {
+std::string PosixLocale::DateText(const DateTime& moment) const {
   std::string text;
   for (const char part : dateOrder_) {
     if (!text.empty()) text += dateSeparator_;
@@ -94,7 +94,7 @@ std::string LocalePosix::DateText(const DateTime& moment) const {
   return text;
 }
 
-std::string LocalePosix::TimeText(const DateTime& moment) const {
+std::string PosixLocale::TimeText(const DateTime& moment) const {
   const std::string rest = ":" + Digits(moment.minute, 2) + ":" + Digits(moment.second, 2);
   if (!twelveHours_) return Digits(moment.hour, 2) + rest;
   const int hour = moment.hour % kHoursOfHalfDay;

@@ -5,13 +5,13 @@
 
 namespace chartproject {
 
-class ClockPosix : public Clock {
+class PosixClock : public Clock {
  public:
   [[nodiscard]] DateTime LocalNow() override;
   [[nodiscard]] Instant Now() override;
 };
 
-/// Sleeps until a moment of ClockPosix; returns early when a signal arrives.
+/// Sleeps until a moment of PosixClock; returns early when a signal arrives.
 void SleepUntil(Instant moment);
 
 }  // namespace chartproject

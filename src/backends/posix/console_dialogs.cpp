@@ -1,5 +1,5 @@
 // Writing boxes as lines.
-#include "backends/posix/dialogs_console.h"
+#include "backends/posix/console_dialogs.h"
 
 #include <string_view>
 

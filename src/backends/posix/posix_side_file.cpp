@@ -1,5 +1,5 @@
 // Made with O_EXCL, known by device and number afterwards.
-#include "backends/posix/side_file_posix.h"
+#include "backends/posix/posix_side_file.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -66,7 +66,7 @@ bool IsFixed(int folder, const char* path, int flags) {
 
 }  // namespace
 
-SideFilePosix::SideFilePosix(const SideFileRequest& request)
+PosixSideFile::PosixSideFile(const SideFileRequest& request)
     : target_(PosixPath(request.target)), file_([&] {
         const FileRights rights = request.rights.known ? request.rights : RightsOfPosix(target_);
         Descriptor file =
@@ -80,34 +80,34 @@ SideFilePosix::SideFilePosix(const SideFileRequest& request)
                  !S_ISREG(named.st_mode) || named.st_uid != own_.st_uid || named.st_nlink != 1 || named.st_size != 0;
 }
 
-SideFilePosix::~SideFilePosix() {
+PosixSideFile::~PosixSideFile() {
   if (!kept_ && HasItsName()) unlink(name_.c_str());
 }
 
-bool SideFilePosix::IsOwn(const struct stat& status) const {
+bool PosixSideFile::IsOwn(const struct stat& status) const {
   if (!S_ISREG(status.st_mode)) return false;
   if (numbersLast_) return status.st_dev == own_.st_dev && status.st_ino == own_.st_ino;
   return status.st_uid == own_.st_uid && status.st_nlink == 1;
 }
 
-bool SideFilePosix::HasItsName() const {
+bool PosixSideFile::HasItsName() const {
   struct stat status {};
   return lstat(name_.c_str(), &status) == 0 && IsOwn(status);
 }
 
-std::unique_ptr<OutputFile> SideFilePosix::OpenForWriting() {
+std::unique_ptr<OutputFile> PosixSideFile::OpenForWriting() {
   Descriptor copy = file_.Duplicate(shownName_);
   if (lseek(copy.Number(), 0, SEEK_SET) < 0) throw DeviceError(errno, shownName_);
   return MakeOutputFile(std::move(copy), shownName_);
 }
 
-std::unique_ptr<InputFile> SideFilePosix::OpenForReading() {
+std::unique_ptr<InputFile> PosixSideFile::OpenForReading() {
   Descriptor copy = file_.Duplicate(shownName_);
   if (lseek(copy.Number(), 0, SEEK_SET) < 0) throw DeviceError(errno, shownName_);
   return MakeInputFile(std::move(copy), shownName_);
 }
 
-DiskSpace SideFilePosix::AppendAndMeasure(std::string_view bytes) {
+DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
   Descriptor file = OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, shownName_);
@@ -120,7 +120,7 @@ DiskSpace SideFilePosix::AppendAndMeasure(std::string_view bytes) {
   return space;
 }
 
-void SideFilePosix::ReplaceTarget() {
+void PosixSideFile::ReplaceTarget() {
   CheckReplaceablePosix(target_);
   if (!HasItsName()) {
     throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
@@ -134,12 +134,12 @@ void SideFilePosix::ReplaceTarget() {
   SyncFolder(FolderOf(target_));
 }
 
-std::string SideFilePosix::PathOfOpenFile() const {
+std::string PosixSideFile::PathOfOpenFile() const {
   const std::string path = "/proc/self/fd/" + std::to_string(file_.Number());
   return access(path.c_str(), W_OK) == 0 ? path : name_;
 }
 
-void SideFilePosix::Flush() const {
+void PosixSideFile::Flush() const {
   if (fsync(file_.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) throw DeviceError(errno, shownName_);
 }
 

@@ -1,5 +1,5 @@
 // The INI file through GLib's key files.
-#include "backends/posix/settings_store_ini.h"
+#include "backends/posix/posix_settings_store.h"
 
 #include <glib.h>
 
@@ -48,21 +48,21 @@ std::string ReadWhole(FileSystem& files, const std::string& name, FileIdentity& 
 
 }  // namespace
 
-struct SettingsStoreIni::KeyFile {
+struct PosixSettingsStore::KeyFile {
   std::unique_ptr<GKeyFile, FreeKeyFile> file{g_key_file_new()};
   std::optional<FileIdentity> identity;  ///< of the file that was read last
 };
 
-SettingsStoreIni::SettingsStoreIni(FileSystem& files, const std::string& folder)
+PosixSettingsStore::PosixSettingsStore(FileSystem& files, const std::string& folder)
     : files_(files), folder_(folder), fileName_(folder + kFileName), keys_(std::make_unique<KeyFile>()) {}
 
-SettingsStoreIni::~SettingsStoreIni() = default;
+PosixSettingsStore::~PosixSettingsStore() = default;
 
-std::string SettingsStoreIni::UserFolder() {
+std::string PosixSettingsStore::UserFolder() {
   return g_get_user_config_dir();
 }
 
-void SettingsStoreIni::Refresh() {
+void PosixSettingsStore::Refresh() {
   if (!files_.FileExists(fileName_)) {
     *keys_ = KeyFile{};
     return;
@@ -86,7 +86,7 @@ void SettingsStoreIni::Refresh() {
   *keys_ = std::move(fresh);
 }
 
-std::optional<std::string> SettingsStoreIni::Read(std::string_view section, std::string_view key) {
+std::optional<std::string> PosixSettingsStore::Read(std::string_view section, std::string_view key) {
   const std::string group(section);
   const std::string name(key);
   if (const auto waiting = unsaved_.find({group, name}); waiting != unsaved_.end()) return waiting->second;
@@ -100,7 +100,7 @@ std::optional<std::string> SettingsStoreIni::Read(std::string_view section, std:
   return std::string(text.get());
 }
 
-void SettingsStoreIni::Write(std::string_view section, std::span<const StoredSetting> settings) {
+void PosixSettingsStore::Write(std::string_view section, std::span<const StoredSetting> settings) {
   const bool patient = unsaved_.empty();  // who has just waited in vain does not wait again
   for (const StoredSetting& setting : settings) unsaved_[{std::string(section), setting.key}] = setting.value;
   files_.MakeFolder(folder_);

@@ -6,7 +6,7 @@
 namespace chartproject {
 
 /// Reads "\" in a name as "/". A row that Append could not write whole is taken back, so the file ends in a whole row.
-class FileSystemPosix : public FileSystem {
+class PosixFileSystem : public FileSystem {
  public:
   [[nodiscard]] bool FileExists(const std::string& name) override;
   [[nodiscard]] bool FolderExists(const std::string& name) override;

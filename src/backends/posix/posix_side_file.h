@@ -8,13 +8,13 @@
 namespace chartproject {
 
 /// Holds its file open all the time, so that no other file can come to have its number.
-class SideFilePosix : public SideFile {
+class PosixSideFile : public SideFile {
  public:
   /// Makes the file. Throws RunTimeError.
-  explicit SideFilePosix(const SideFileRequest& request);
-  SideFilePosix(const SideFilePosix&) = delete;
-  SideFilePosix& operator=(const SideFilePosix&) = delete;
-  ~SideFilePosix() override;
+  explicit PosixSideFile(const SideFileRequest& request);
+  PosixSideFile(const PosixSideFile&) = delete;
+  PosixSideFile& operator=(const PosixSideFile&) = delete;
+  ~PosixSideFile() override;
 
   [[nodiscard]] const std::string& Name() const override { return name_; }
   [[nodiscard]] bool HasItsName() const override;

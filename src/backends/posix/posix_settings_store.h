@@ -16,13 +16,13 @@ namespace chartproject {
 /// blank "\s", a line end "\n"; comments and the keys of others are kept. Every Write replaces the file in one atomic
 /// step. The file is read again whenever another program has changed it. Settings whose Write failed are kept, and
 /// stored with the next one.
-class SettingsStoreIni : public SettingsStore {
+class PosixSettingsStore : public SettingsStore {
  public:
   /// @param folder where the file is kept; made with the first Write
-  explicit SettingsStoreIni(FileSystem& files, const std::string& folder);
-  ~SettingsStoreIni() override;
-  SettingsStoreIni(const SettingsStoreIni&) = delete;
-  SettingsStoreIni& operator=(const SettingsStoreIni&) = delete;
+  explicit PosixSettingsStore(FileSystem& files, const std::string& folder);
+  ~PosixSettingsStore() override;
+  PosixSettingsStore(const PosixSettingsStore&) = delete;
+  PosixSettingsStore& operator=(const PosixSettingsStore&) = delete;
 
   [[nodiscard]] std::optional<std::string> Read(std::string_view section, std::string_view key) override;
   void Write(std::string_view section, std::span<const StoredSetting> settings) override;

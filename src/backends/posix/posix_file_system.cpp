@@ -1,5 +1,5 @@
 // Files and folders by the system's own calls.
-#include "backends/posix/file_system_posix.h"
+#include "backends/posix/posix_file_system.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,7 +12,7 @@
 #include "backends/posix/open_file.h"
 #include "backends/posix/posix_error.h"
 #include "backends/posix/posix_path.h"
-#include "backends/posix/side_file_posix.h"
+#include "backends/posix/posix_side_file.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -32,21 +32,21 @@ DiskSpace SpaceOf(const struct statvfs& disk) {
 
 }  // namespace
 
-bool FileSystemPosix::FileExists(const std::string& name) {
+bool PosixFileSystem::FileExists(const std::string& name) {
   struct stat status {};
   return !name.empty() && stat(PosixPath(name).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
-bool FileSystemPosix::FolderExists(const std::string& name) {
+bool PosixFileSystem::FolderExists(const std::string& name) {
   struct stat status {};
   return !name.empty() && stat(PosixPath(name).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-std::unique_ptr<InputFile> FileSystemPosix::OpenForReading(const std::string& name) {
+std::unique_ptr<InputFile> PosixFileSystem::OpenForReading(const std::string& name) {
   return MakeInputFile(OpenRegular(name, O_RDONLY), name);
 }
 
-void FileSystemPosix::Append(const std::string& name, std::string_view bytes) {
+void PosixFileSystem::Append(const std::string& name, std::string_view bytes) {
   Descriptor file = OpenRegular(name, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW);
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, name);
@@ -57,23 +57,23 @@ void FileSystemPosix::Append(const std::string& name, std::string_view bytes) {
   if (file.Close() != 0) throw DeviceError(errno, name);
 }
 
-std::unique_ptr<SideFile> FileSystemPosix::MakeSideFile(const SideFileRequest& request) {
-  return std::make_unique<SideFilePosix>(request);
+std::unique_ptr<SideFile> PosixFileSystem::MakeSideFile(const SideFileRequest& request) {
+  return std::make_unique<PosixSideFile>(request);
 }
 
-std::string FileSystemPosix::ResolveLink(const std::string& name) {
+std::string PosixFileSystem::ResolveLink(const std::string& name) {
   return ResolveLinkPosix(name);
 }
 
-void FileSystemPosix::CheckReplaceable(const std::string& name) {
+void PosixFileSystem::CheckReplaceable(const std::string& name) {
   CheckReplaceablePosix(name);
 }
 
-FileRights FileSystemPosix::RightsOf(const std::string& name) {
+FileRights PosixFileSystem::RightsOf(const std::string& name) {
   return RightsOfPosix(name);
 }
 
-void FileSystemPosix::CheckOwned(const std::string& name) {
+void PosixFileSystem::CheckOwned(const std::string& name) {
   struct stat status {};
   if (lstat(PosixPath(name).c_str(), &status) != 0) return;
   if (S_ISLNK(status.st_mode)) {
@@ -84,34 +84,34 @@ void FileSystemPosix::CheckOwned(const std::string& name) {
   }
 }
 
-void FileSystemPosix::Delete(const std::string& name) {
+void PosixFileSystem::Delete(const std::string& name) {
   if (unlink(PosixPath(name).c_str()) != 0) throw FileError(errno, name);
 }
 
-void FileSystemPosix::MakeFolder(const std::string& name) {
+void PosixFileSystem::MakeFolder(const std::string& name) {
   std::error_code error;
   std::filesystem::create_directories(PosixPath(name), error);
   if (error) throw FolderError(error.value(), name);
 }
 
-std::string FileSystemPosix::CurrentFolder() {
+std::string PosixFileSystem::CurrentFolder() {
   std::error_code error;
   const auto folder = std::filesystem::current_path(error);
   if (error) throw FolderError(error.value(), ".");
   return folder.string();
 }
 
-void FileSystemPosix::ChangeFolder(const std::string& name) {
+void PosixFileSystem::ChangeFolder(const std::string& name) {
   if (chdir(PosixPath(name).c_str()) != 0) throw FolderError(errno, name);
 }
 
-std::string FileSystemPosix::TemporaryFolder() {
+std::string PosixFileSystem::TemporaryFolder() {
   std::error_code error;
   const auto folder = std::filesystem::temp_directory_path(error);
   return error ? "/tmp" : folder.string();
 }
 
-DiskSpace FileSystemPosix::SpaceFor(const std::string& name) {
+DiskSpace PosixFileSystem::SpaceFor(const std::string& name) {
   struct statvfs disk {};
   std::string path = name.empty() ? "." : PosixPath(name);
   // The file, or the nearest folder above it that is there already.

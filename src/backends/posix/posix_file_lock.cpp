@@ -10,9 +10,9 @@
 #include <ctime>
 #include <utility>
 
-#include "backends/posix/file_system_posix.h"
 #include "backends/posix/open_file.h"
 #include "backends/posix/posix_error.h"
+#include "backends/posix/posix_file_system.h"
 #include "backends/posix/posix_path.h"
 
 namespace chartproject {
@@ -25,12 +25,12 @@ constexpr std::string_view kEnding = ".lock";
 constexpr std::string_view kMark = "chart file lock\n";
 constexpr mode_t kReadableByAll = 0644;
 
-class FileLockPosix : public FileLock {
+class PosixFileLock : public FileLock {
  public:
-  FileLockPosix(Descriptor file, std::string marker) : file_(std::move(file)), marker_(std::move(marker)) {}
-  FileLockPosix(const FileLockPosix&) = delete;
-  FileLockPosix& operator=(const FileLockPosix&) = delete;
-  ~FileLockPosix() override {
+  PosixFileLock(Descriptor file, std::string marker) : file_(std::move(file)), marker_(std::move(marker)) {}
+  PosixFileLock(const PosixFileLock&) = delete;
+  PosixFileLock& operator=(const PosixFileLock&) = delete;
+  ~PosixFileLock() override {
     if (HoldsMarker()) unlink(marker_.c_str());
   }
 
@@ -89,7 +89,7 @@ Markers LookForMarkers(const std::string& path) {
     if (!IsMarker(file)) continue;
     if (!TryLock(file)) return {{nullptr, marker}, {}};
     if (found.attempt.lock) continue;
-    auto lock = std::make_unique<FileLockPosix>(std::move(file), marker);
+    auto lock = std::make_unique<PosixFileLock>(std::move(file), marker);
     if (lock->HoldsMarker()) found.attempt.lock = std::move(lock);
   }
   return found;
@@ -97,7 +97,7 @@ Markers LookForMarkers(const std::string& path) {
 
 }  // namespace
 
-LockAttempt FileSystemPosix::Lock(const std::string& name) {
+LockAttempt PosixFileSystem::Lock(const std::string& name) {
   const std::string path = PosixPath(name);
   for (int opened = 1;; ++opened) {
     Markers found = LookForMarkers(path);
@@ -113,7 +113,7 @@ LockAttempt FileSystemPosix::Lock(const std::string& name) {
       throw FileError(reason, name);
     }
     [[maybe_unused]] const int set = fchmod(file.Number(), kReadableByAll);  // whatever the umask says
-    auto lock = std::make_unique<FileLockPosix>(std::move(file), marker);
+    auto lock = std::make_unique<PosixFileLock>(std::move(file), marker);
     if (lock->HoldsMarker() || opened == kMostOpened) return {std::move(lock), {}};
   }
 }
