@@ -18,7 +18,7 @@ std::string Write(std::string_view bytes, const char* ending) {
   const std::string name = folder.Path() + "/out" + ending;
   const FakeLocale locale;
   EmbeddedSpreadsheets applications(locale);
-  const auto application = applications.Create(name);
+  const auto application = applications.Create(name, {});
   application->AddWorkbook();
   int cell = 0;
   (void)ErrorOf([&] {  // 1004: a text that is too long

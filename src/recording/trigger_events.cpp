@@ -46,7 +46,13 @@ constexpr std::array<std::string_view, 5> kStateModels{"KRA-05", "KRA-07", "KRA-
 }  // namespace
 
 std::string_view TriggerModeCode(TriggerMode mode) noexcept {
-  return mode == TriggerMode::kEvent ? "Event" : "Manual";
+  switch (mode) {
+    case TriggerMode::kEvent:
+      return "Event";
+    case TriggerMode::kManual:
+      return "Manual";
+  }
+  return {};
 }
 
 Text EventName(TriggerEvent event) {

@@ -6,6 +6,8 @@
 #include <exception>
 #include <utility>
 
+#include "backends/qt/qt_text.h"
+
 namespace chartproject {
 
 QtApplication::QtApplication(int& argc, char** argv, FaultReporter reporter)
@@ -35,7 +37,7 @@ void QtApplication::SetLanguage(Language language) {
   language_ = language;
   removeTranslator(&translator_);
   if (language == Language::kEnglish) return;
-  const QString name = language == Language::kPortuguese ? QStringLiteral("qtbase_pt_BR") : QStringLiteral("qtbase_es");
+  const QString name = QStringLiteral("qtbase_") + ToQt(RowOf(language).code);
   if (translator_.load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) installTranslator(&translator_);
 }
 

@@ -23,6 +23,8 @@ enum class ChartKind : std::uint8_t {
   k2dStep = 7,
 };
 
+inline constexpr int kChartKindCount = 8;
+
 /// A pen's style by its number: 0 none, 1 solid, 2 dashed, 3 and above dotted.
 using PenNumber = int;
 

@@ -7,8 +7,6 @@
 namespace chartproject {
 namespace {
 
-constexpr int kChartTypeCount = 8;
-
 void ApplySwitch(CheckBox& box, const std::string& setting) {
   if (setting == "Yes") box.SetValue(1);
   if (setting == "No") box.SetValue(0);
@@ -35,7 +33,7 @@ SwitchesSection::SwitchesSection(Form& form, Environment& environment)
 
 void SwitchesSection::Prepare() {
   cboChartType.Clear();
-  for (int type = 0; type < kChartTypeCount; ++type) {
+  for (int type = 0; type < kChartKindCount; ++type) {
     cboChartType.AddItem(LoadMessage(env_, ChartTypeName(static_cast<ChartKind>(type))));
   }
 }
@@ -46,7 +44,7 @@ void SwitchesSection::ApplySaved() {
   ApplySwitch(chkMarker, settings.strMarker);
   ApplySwitch(chkLine, settings.strLine);
   const int type = settings.intChartType;
-  cboChartType.SetListIndex(type >= 0 && type < kChartTypeCount ? type : static_cast<int>(ChartLook().kind));
+  cboChartType.SetListIndex(type >= 0 && type < kChartKindCount ? type : static_cast<int>(ChartLook().kind));
 }
 
 void SwitchesSection::Save() {

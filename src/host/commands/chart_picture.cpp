@@ -48,7 +48,7 @@ void ChartPictureOptions::AddTo(CLI::App& command) {
 ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   Choice choice;
   ChartLook& look = choice.look;
-  look.kind = static_cast<ChartKind>(ParseNumber(type_, "--type", 0, 7));
+  look.kind = static_cast<ChartKind>(ParseNumber(type_, "--type", 0, kChartKindCount - 1));
   choice.pointsPerDivision =
       CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
   choice.first = ParseNumber(first_, "--first", 1, kMostPoints);
