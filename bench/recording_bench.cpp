@@ -1,5 +1,5 @@
 // How fast a long recording spools its rows, what memory it takes, and how fast the header and the rows of a large
-// chart file are found. Each figure stands beside the bare cost of the same bytes.
+// chart file are found. Each figure is printed beside the bare cost of the same bytes.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sys/resource.h>

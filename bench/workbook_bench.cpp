@@ -1,5 +1,5 @@
 // Exports chart files of 65,513, 1,000,000 and 5,000,000 points to the legacy workbook and prints seconds and peak
-// memory, each in a process of its own; then the same rows through two other writers of that format.
+// memory, each in a separate process; then the same rows through two other writers of that format.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

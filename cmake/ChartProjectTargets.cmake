@@ -17,7 +17,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # This compiler sees overlaps in std::string's own code when it optimises (its bug 105651).
   target_compile_options(chartproject_warnings INTERFACE -Wno-restrict)
   if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
-    # Its <regex> looks uninitialised to it once the sanitizers' code stands between.
+    # Its <regex> looks uninitialised to it with the sanitizers' code in between.
     target_compile_options(chartproject_warnings INTERFACE -Wno-maybe-uninitialized)
   endif()
 endif()

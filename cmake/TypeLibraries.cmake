@@ -1,4 +1,4 @@
-# Interfaces and type libraries from IDL by mingw's widl, standing on base types of our own (no headers of others).
+# Interfaces and type libraries from IDL by mingw's widl, with our own base types (no headers of others).
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(CHARTPROJECT_IDL_DIR "${CMAKE_SOURCE_DIR}/src/backends/win32/com")
 set(CHARTPROJECT_IDL_OUT "${CMAKE_BINARY_DIR}/idl")

@@ -1,4 +1,4 @@
-// Fuzz target: whatever a file holds, header, row place and rows are read within their bounds.
+// Fuzz target: header, row place and rows of any file are read within their bounds.
 #include "backends/headless/code_page_1252.h"
 #include "bytes_file.h"
 #include "recording/chart_file.h"

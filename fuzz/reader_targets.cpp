@@ -1,4 +1,4 @@
-// Files of the project folder: whatever they hold, they are read or refused with a run-time error.
+// Files of the project folder: any content is read or refused with a run-time error.
 #include "backends/posix/posix_settings_store.h"
 #include "bytes_file.h"
 #include "common/environment/settings_io.h"

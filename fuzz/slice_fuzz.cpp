@@ -1,4 +1,4 @@
-// Fuzz target: whatever rows a file holds, slices by line number agree with a plain reading of its lines.
+// Fuzz target: slices by line number agree with a plain reading of the lines, for every content of a file.
 // The first two bytes choose the slice, the third how much one read gives.
 #include "bytes_file.h"
 #include "chart/file/slice_reader.h"

@@ -5,7 +5,7 @@
 
 namespace chartproject {
 
-/// Parses the arguments, runs the command, tells on `err` what went wrong. Never throws.
+/// Parses the arguments, runs the command and reports failures on `err`. Never throws.
 /// @return an ExitCode as a number
 [[nodiscard]] int RunProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err) noexcept;
 

@@ -32,7 +32,7 @@ class ScenarioLink : public DriveLink {
   void OpenLink() override { opened_ = clock_.Now(); }
   void CloseLink() override {}
 
-  /// Scripts are written with a full stop, or a comma, whatever the user's locale.
+  /// Scripts are written with a full stop, or a comma, in every locale.
   double GetValue() override {
     static const NumberFormat kFullStop{".", ""};
     static const NumberFormat kComma{",", ""};

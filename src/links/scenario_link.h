@@ -12,7 +12,7 @@ namespace chartproject {
 
 /// Time 0 of the script is the moment at which a link is opened. A read takes no time; a parameter without a text so
 /// far, and every parameter of a silent drive, fails. GetText gives the text as written, GetValue its number (0 when it
-/// is none).
+/// is not a number).
 class ScenarioLinkFactory : public DriveLinkFactory {
  public:
   /// Reads the script at once, so that a malformed one is known before anything is recorded. @see ScenarioScript::Load

@@ -15,7 +15,7 @@ namespace chartproject {
 ///   at 1500 01 P005 50.25     parameter 5 of drive 01 has this text from now on
 ///   at 1500 01 silent         every read of drive 01 fails from now on
 ///   at 2600 01 answers        and no longer
-/// Lines may stand in any order; of two lines for the same moment the later one holds.
+/// Lines may be in any order; of two lines for the same moment the later one holds.
 class ScenarioScript {
  public:
   /// Reads a script file (UTF-8). Throws RunTimeError 53 when it is missing, 5 for a malformed line, naming file, line

@@ -49,7 +49,7 @@ std::string TerminalsText(double word, int terminals) {
   return text;
 }
 
-/// The simulated model that stands for a known one: itself, or the first of its line (the letters before the "-").
+/// The simulated model that answers for a known one: itself, or the first of its line (the letters before the "-").
 std::string_view SimulatedModelFor(std::string_view modelCode) {
   const auto* const known = std::ranges::find_if(
       kDriveModels, [modelCode](const DriveModel& model) { return modelCode == std::string_view(&model.code, 1); });

@@ -9,10 +9,10 @@
 
 namespace chartproject {
 
-/// At every address 1 to 30 stands a machine of whatever known model is asked for; a parameter that the model does not
-/// have, and an unknown model, do not answer. Values depend on nothing but the time since the link was opened, and a
+/// Every address from 1 to 30 has a machine of any known model; an unknown model, and a parameter that the model does
+/// not have, do not answer. Values depend on nothing but the time since the link was opened, and a
 /// read takes no time. A value has the decimals of its unit code's variant F0 to F5 and the locale's decimal separator;
-/// docs/simulated-drives.md tells all of it.
+/// docs/simulated-drives.md describes the details.
 class SimulatedLinkFactory : public DriveLinkFactory {
  public:
   SimulatedLinkFactory(Clock& clock, const Locale& locale) : clock_(clock), locale_(locale) {}

@@ -1,4 +1,4 @@
-// The physics, as simple as a chart can tell.
+// The physics, only as detailed as a chart can show.
 #include "links/simulated_machine.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The machines behind the simulated drives: what moves, draws current and gets warm, as pure functions of time.
+// The machines that the simulated drives run: what moves, draws current and gets warm, as pure functions of time.
 #pragma once
 
 #include <cstdint>

@@ -8,7 +8,7 @@
 
 namespace chartproject {
 
-/// What a parameter shows of the machine behind the drive.
+/// What a parameter shows of the machine that the drive runs.
 enum class Quantity : std::uint8_t {
   kSetting,              ///< a fixed value
   kSpeedReference,       ///< rpm
@@ -29,7 +29,7 @@ enum class Quantity : std::uint8_t {
   kDigitalOutputs,       ///< bit 0 is the first relay
   kHeatsinkTemperature,  ///< degrees Celsius
   kMotorTemperature,     ///< degrees Celsius
-  kProcess,              ///< a pressure behind the machine, %
+  kProcess,              ///< a pressure at the outlet of the machine, %
   kHours,                ///< since the machine was built
   kEnergy,               ///< kWh since the machine was built
   kPosition              ///< revolutions since the link was opened
@@ -55,7 +55,7 @@ struct SimulatedParameter {
   std::string_view unit = {};  ///< instead of the kind's, when given
 };
 
-/// The kind of that English name; null when there is none.
+/// The kind with that English name; null when the name is unknown.
 [[nodiscard]] const ParameterKind* FindParameterKind(std::string_view english) noexcept;
 
 /// The parameters of a model, by number; empty when the model is not simulated.

@@ -123,7 +123,7 @@ HWND StatusWindow() {
 }
 
 TEST(PrintingOnWindows, SaysSoUntilThePrinterHasThePage) {
-  // The printer takes the page when it is told to, or after half a minute.
+  // The printer takes the page when the test allows it, or after half a minute.
   const TestPrinter printer(
       "|cd \"$WINEPREFIX/dosdevices/p:/run\"; "
       "for i in $(seq 300); do [ -e go ] && break; sleep 0.1; done; cat >page.ps");

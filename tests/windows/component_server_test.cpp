@@ -68,7 +68,7 @@ TEST(ComponentServer, MethodsAreFoundByNameAndWrongCallsRefused) {
   VariantInit(&arguments[1]);
   DISPPARAMS tooMany{arguments, nullptr, 2, 0};
   VARIANT result;
-  result.vt = VT_BSTR;  // what a caller left there is no text of ours
+  result.vt = VT_BSTR;  // what a caller left there is not our text
   const auto invoke = [&](DISPID id, REFIID reserved, DISPPARAMS* given) {
     return object->Invoke(id, reserved, LOCALE_USER_DEFAULT, DISPATCH_METHOD, given, &result, nullptr, nullptr);
   };

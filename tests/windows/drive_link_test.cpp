@@ -23,7 +23,7 @@ constexpr GUID kHostClass = {0x5a1f4e0c, 0x7d0a, 0x4a52, {0x9c, 0x11, 0x20, 0x6e
 constexpr GUID kHostInterface = {0x5a1f4e0c, 0x7d0a, 0x4a52, {0x9c, 0x11, 0x20, 0x6e, 0x3f, 0x9d, 0x81, 0x02}};
 constexpr GUID kNobody = {0x5a1f4e0c, 0x7d0a, 0x4a52, {0x9c, 0x11, 0x20, 0x6e, 0x3f, 0x9d, 0x81, 0x03}};
 
-/// A host's link: behind IDispatch its eight operations in the host's order. It writes down what it is given.
+/// A host's link: after those of IDispatch its eight operations in the host's order. It writes down what it is given.
 class HostLink final : public IDispatch {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {

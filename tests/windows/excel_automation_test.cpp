@@ -1,4 +1,4 @@
-// The export of the chart window into "Excel.Application", which runs as a process of its own: which members are called
+// The export of the chart window into "Excel.Application", which runs as a separate process: which members are called
 // by which names, in which order, with which arguments, and what becomes of errors.
 #include <gmock/gmock.h>
 

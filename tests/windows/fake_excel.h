@@ -1,4 +1,4 @@
-// A spreadsheet application for the tests, a program of its own that writes down what is done to it.
+// A spreadsheet application for the tests, a separate program that logs every call.
 #pragma once
 
 #include "backends/win32/windows_api.h"

@@ -42,7 +42,7 @@ BOOL CALLBACK Match(HWND window, LPARAM data) {
 }
 
 HWND Find(const wchar_t* windowClass, DWORD process, const std::wstring& caption) {
-  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);  // over nothing that would tell
+  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);  // over nothing that reacts
   Search search{windowClass, process, caption, nullptr};
   WaitFor([&search] {
     EnumWindows(Match, reinterpret_cast<LPARAM>(&search));
@@ -132,7 +132,7 @@ void FormDriver::Wheel(const std::string& name, int notches) const {
   RECT place;
   GetWindowRect(Control(name), &place);
   const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-  // The display tells of the pointer's earlier moves late, and so moves it back: it has to stay for a while.
+  // The display reports the pointer's earlier moves late, and so moves it back: it has to stay for a while.
   int still = 0;
   EXPECT_TRUE(WaitFor([&] {
     POINT at{};

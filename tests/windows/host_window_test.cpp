@@ -1,4 +1,4 @@
-// Forms over a host that has a window and work of its own, in the test's own process: what only its thread can tell.
+// Forms over a host that has its own window and work, in the test's own process: what only its thread can observe.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -85,7 +85,7 @@ TEST(HostWithAWindow, AFormClosedMaximisedComesBackMaximised) {
 
 TEST(HostWithAWindow, WaitsDisabledWhileTimersOfBothGoOnInLoopsOfTheSystem) {
   Store(L"MyConf", L"strLanguage", L"English");
-  Store(L"MyKestrel", L"strHelps", L"P:\\nowhere");  // help that is not there is told in a box
+  Store(L"MyKestrel", L"strHelps", L"P:\\nowhere");  // missing help is reported in a box
   auto host = std::make_unique<WindowHost>();
   const FormDriver form(GetCurrentProcessId(), L"");
   EXPECT_FALSE(host->Enabled());

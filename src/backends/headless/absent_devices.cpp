@@ -1,4 +1,4 @@
-// A printer that is not there says so whatever is asked of it.
+// Every call of the absent printer reports that there is no printer.
 #include "backends/headless/absent_devices.h"
 
 #include "platform/run_time_error.h"

@@ -1,4 +1,4 @@
-// Ports of a program without windows: devices that are not there, and a clipboard of its own.
+// Ports of a program without windows: absent devices, and a clipboard within the program.
 #pragma once
 
 #include <optional>

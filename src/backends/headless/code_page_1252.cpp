@@ -33,7 +33,7 @@ void AppendUtf8(std::string& text, std::uint32_t character) {
   }
 }
 
-/// Takes one character off the front; kBad (and one byte taken) where the text is no UTF-8.
+/// Takes one character off the front; kBad (and one byte taken) where the text is not valid UTF-8.
 std::uint32_t TakeUtf8(std::string_view& text) {
   const auto lead = static_cast<unsigned char>(text.front());
   const std::size_t length = lead < 0x80   ? 1

@@ -11,7 +11,7 @@ namespace chartproject {
 /// Waits until a moment of a clock: a virtual clock jumps there, a real one sleeps.
 using WaitUntil = std::function<void(Instant moment)>;
 
-/// Turns the timers; a script stands for the user.
+/// Runs the timers; a script acts as the user.
 class HeadlessFormHost : public FormHost {
  public:
   HeadlessFormHost(Clock& clock, WaitUntil waitUntil) : FormHost(clock), waitUntil_(std::move(waitUntil)) {}
@@ -27,7 +27,7 @@ class HeadlessFormHost : public FormHost {
   std::function<void()> onKeepAlive;
   /// Draws pictures, where a program brings something that can.
   PictureRenderer* pictures = nullptr;
-  bool showsWindows = false;  ///< tests stand in for windows
+  bool showsWindows = false;  ///< tests act as windows
 
   [[nodiscard]] std::unique_ptr<FormView> CreateView(Form& form) override;
   void RunModal(Form& form) override;

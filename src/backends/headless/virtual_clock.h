@@ -1,4 +1,4 @@
-// A clock that moves only when it is told to: runs of hours take milliseconds.
+// A clock that moves only by its calls, so that runs of hours take milliseconds.
 #pragma once
 
 #include "platform/clock.h"

@@ -7,7 +7,7 @@
 namespace chartproject {
 
 namespace {
-// A signal handler reaches nothing but such variables.
+// A signal handler may access only such variables.
 volatile std::sig_atomic_t signalled = 0;
 volatile std::sig_atomic_t received = 0;
 

@@ -1,4 +1,4 @@
-// Esc for a program without a keyboard of its own: the signals that ask it to stop.
+// Esc for a program without a keyboard: the signals that ask it to stop.
 #pragma once
 
 #include "platform/keyboard.h"
@@ -11,7 +11,7 @@ class KeyboardSignals : public Keyboard {
   /// Takes the signals over for the rest of the process, except those that were ignored when it started (nohup, a
   /// background job of a script): these stay ignored.
   static void Watch();
-  /// Signals received since Watch; never taken back, so that a wait can notice one of its own time.
+  /// Number of signals received since Watch. It never decreases, so that a wait can notice a signal of its own time.
   [[nodiscard]] static int Received() noexcept;
   [[nodiscard]] bool EscapePressed() override;
 };

@@ -11,7 +11,7 @@
 
 namespace chartproject {
 
-/// Owns a file descriptor; a negative number is none.
+/// Owns a file descriptor; a negative number means none.
 class Descriptor {
  public:
   explicit Descriptor(int number) noexcept : number_(number) {}

@@ -15,7 +15,7 @@ class PartFile {
   /// Throws RunTimeError when the file cannot be made, or could not replace what has its name.
   explicit PartFile(const std::string& target, const FileRights& rights = {});
 
-  /// The name to open the part by: leads to the very file that was made, even when its own name was given to another.
+  /// The name to open the part by: leads to the file that was made, even when another file took its name.
   [[nodiscard]] std::string OpenName() const { return file_.PathOfOpenFile(); }
   [[nodiscard]] std::unique_ptr<OutputFile> OpenForWriting() { return file_.OpenForWriting(); }
   /// The final name, for errors.

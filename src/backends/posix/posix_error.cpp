@@ -1,4 +1,4 @@
-// Which run-time error stands for which errno.
+// The run-time error of each errno.
 #include "backends/posix/posix_error.h"
 
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
-// A writer's sole right to a file's name, by a locked marker file beside it. The marker is known by its first line and
-// may be read by all: a stale one of another user is locked anew, and a file of somebody else is left alone.
+// A writer's exclusive right to a file's name, by a locked marker file beside it. Its first line identifies the
+// marker, and all may read it: a stale one of another user is locked again, and a file of somebody else is left alone.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -34,7 +34,7 @@ class PosixFileLock : public FileLock {
     if (HoldsMarker()) unlink(marker_.c_str());
   }
 
-  /// False when the marker was taken away, and perhaps made anew, between the opening and the lock.
+  /// False when the marker was taken away, and perhaps made again, between the opening and the lock.
   [[nodiscard]] bool HoldsMarker() const {
     struct stat own {};
     struct stat named {};
@@ -62,7 +62,7 @@ bool IsMarker(const Descriptor& file) {
   return count == static_cast<ssize_t>(kMark.size()) && std::string_view(begin.data(), begin.size()) == kMark;
 }
 
-/// False when another program has the lock. A file system that knows no locks keeps nobody away.
+/// False when another program has the lock. A file system without locks keeps nobody away.
 bool TryLock(const Descriptor& file) {
   return flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
@@ -112,7 +112,7 @@ LockAttempt PosixFileSystem::Lock(const std::string& name) {
       unlink(marker.c_str());
       throw FileError(reason, name);
     }
-    [[maybe_unused]] const int set = fchmod(file.Number(), kReadableByAll);  // whatever the umask says
+    [[maybe_unused]] const int set = fchmod(file.Number(), kReadableByAll);  // regardless of the umask
     auto lock = std::make_unique<PosixFileLock>(std::move(file), marker);
     if (lock->HoldsMarker() || opened == kMostOpened) return {std::move(lock), {}};
   }

@@ -109,7 +109,7 @@ void PosixSettingsStore::Write(std::string_view section, std::span<const StoredS
   for (const auto& [place, value] : unsaved_) {
     g_key_file_set_string(keys_->file.get(), place.first.c_str(), place.second.c_str(), value.c_str());
   }
-  // Whatever happens, the next access reads what the disk holds.
+  // The next access reads the disk again, also when this store fails.
   keys_->identity.reset();
   gsize length = 0;
   const TextOwner text(g_key_file_to_data(keys_->file.get(), &length, nullptr));

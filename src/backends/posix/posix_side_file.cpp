@@ -23,7 +23,7 @@ constexpr mode_t kRightsMask = 0777;
 constexpr mode_t kSharedFolder = 0022;  // others than the owner may write
 constexpr int kMostLinks = 40;
 
-/// A file that nobody had: the first free name of the request.
+/// A new file under the first free name of the request.
 Descriptor MakeFile(const SideFileRequest& request, const std::string& target, mode_t mode, std::string& name) {
   for (int n = 0;;) {
     name = SideFileName(target, request.ending, n);

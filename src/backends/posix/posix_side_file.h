@@ -37,7 +37,7 @@ class PosixSideFile : public SideFile {
   std::string shownName_;  ///< for errors
   struct stat own_ {};     ///< when it was made; set while file_ is
   Descriptor file_;
-  bool numbersLast_ = true;  ///< false on a file system that numbers a file anew each time it is asked
+  bool numbersLast_ = true;  ///< false on a file system that returns a new inode number on every stat
   bool kept_ = false;
 };
 

@@ -17,7 +17,7 @@ inline constexpr std::uint64_t kLargestSettingsFile = 4'000'000;
 [[nodiscard]] std::string ReadableSettings(
     std::string_view bytes, const std::function<void(std::int64_t line, std::string_view text)>& skipped);
 
-/// True for a path of Windows with single backslashes, which are no escapes: C:\new, \\server\share.
+/// True for a path of Windows with single backslashes, which are not escapes: C:\new, \\server\share.
 [[nodiscard]] bool IsTypedWindowsPath(std::string_view value);
 
 }  // namespace chartproject

@@ -12,7 +12,7 @@ namespace chartproject {
 [[nodiscard]] std::optional<QByteArray> ReadHelpFile(const QString& folder, const QString& name);
 
 /// Shows one page. Pictures and style sheets come from the page's folder only, and links lead to its anchors and to
-/// other pages of that folder. A project from elsewhere can so neither show nor open any other file.
+/// other pages of that folder. A project from elsewhere can therefore neither show nor open any other file.
 class HelpPage : public QTextBrowser {
  public:
   /// @param refused takes the target of a link that was clicked and leads elsewhere
@@ -21,7 +21,7 @@ class HelpPage : public QTextBrowser {
   /// @param folder where the page's pictures and links are looked up
   /// False, and nothing changed, when the bytes are not a text.
   [[nodiscard]] bool Show(const QByteArray& bytes, const QString& folder);
-  /// What the page asks for while it is laid out: nothing but files of its folder.
+  /// What the page asks for while it is laid out; only files of its folder are given.
   QVariant loadResource(int type, const QUrl& name) override;
 
  private:

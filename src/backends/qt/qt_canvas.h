@@ -41,7 +41,7 @@ class QtPictureRenderer : public PictureRenderer {
   [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
 };
 
-/// A font of the canvas: sizes follow its 96 pixels to the inch, whatever the screen's own resolution is.
+/// A font of the canvas: sizes follow its 96 pixels to the inch, at every resolution of the screen.
 [[nodiscard]] QFont ToQFont(const Font& font);
 [[nodiscard]] QImage ToQImage(const Bitmap& bitmap);
 [[nodiscard]] Bitmap FromQImage(const QImage& image);

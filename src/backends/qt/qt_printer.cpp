@@ -23,8 +23,8 @@ namespace {
 
 constexpr double kCentimetresPerInch = 2.54;
 constexpr double kPixelsPerInch = 96;
-constexpr double kSmallestMargin = 0.5;  // centimetres; printers without a margin of their own still clip a little
-constexpr double kLargestIcon = 1.4;     // centimetres; what follows an icon stands 1.5 behind its left edge
+constexpr double kSmallestMargin = 0.5;  // centimetres; printers without a margin still clip a little
+constexpr double kLargestIcon = 1.4;     // centimetres; text after an icon begins 1.5 from its left edge
 
 [[noreturn]] void ThrowPrinterError(const std::string& reason) {
   throw RunTimeError(error_number::kPrinter, Text::kPrinterError, {reason});

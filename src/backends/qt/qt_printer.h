@@ -18,7 +18,7 @@ using PdfNameSource = std::function<std::optional<std::string>(const std::string
 
 class QtPrinter : public Printer {
  public:
-  /// @param askForPdfName asked when there is no printer; empty when there is nobody to ask, then that is error 482
+  /// @param askForPdfName asked when there is no printer; when empty, a missing printer is error 482
   explicit QtPrinter(PdfNameSource askForPdfName) : askForPdfName_(std::move(askForPdfName)) {}
   ~QtPrinter() override;
 

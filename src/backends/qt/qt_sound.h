@@ -9,7 +9,7 @@ class QSoundEffect;
 
 namespace chartproject {
 
-/// Asynchronous plays go on after the window that started them is gone; the destructor lets the last one end.
+/// Asynchronous sounds continue after the window that started them is closed; the destructor lets the last one end.
 class QtSound : public Sound {
  public:
   QtSound();

@@ -17,7 +17,7 @@ namespace chartproject {
   return text.toStdString();
 }
 
-/// A file name as the system's own routines take it: "\" stands for "/" in the core's names.
+/// A file name as the system's own routines take it: the core's names have "\" for "/".
 [[nodiscard]] inline QString FileNameToQt(std::string_view name) {
   return ToQt(name).replace(QLatin1Char('\\'), QLatin1Char('/'));
 }

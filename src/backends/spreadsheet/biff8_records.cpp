@@ -162,7 +162,7 @@ void PutFormat(std::string& bytes, bool style, bool first, bool bold = false) {
   Put16(bytes, style ? 0xFFF5 : 0x0001);  // style without a parent, or locked cell of style 0
   Put16(bytes, 0x0020);                   // bottom aligned
   bytes.push_back('\0');                  // indentation
-  bytes.push_back(style && !first ? '\xF4' : bold ? '\x08' : '\0');  // attributes of its own: the font
+  bytes.push_back(style && !first ? '\xF4' : bold ? '\x08' : '\0');  // its own attributes: the font
   Put32(bytes, 0);                                                   // borders
   Put32(bytes, 0);
   Put16(bytes, 0x20C0);  // automatic pattern colours
@@ -290,7 +290,7 @@ void AppendSheetBegin(std::string& bytes, const SheetExtent& extent) {
     Put16(bytes, static_cast<std::uint16_t>(column));
     Put16(bytes, static_cast<std::uint16_t>(kColumnWidths.at(column) * kUnits));
     Put16(bytes, kCellFormat);
-    Put16(bytes, 0x0002);  // a width of its own
+    Put16(bytes, 0x0002);  // has its own width
     Put16(bytes, 0);
   }
   PutHead(bytes, kDimensions, 14);
@@ -330,7 +330,7 @@ void AppendRow(std::string& bytes, std::uint16_t row, std::uint16_t columnEnd) {
   record.Add16(columnEnd);
   record.Add16(0x00FF);  // default height
   record.Add32(0);
-  record.Add32(0x000F0100);  // no format of its own
+  record.Add32(0x000F0100);  // without its own format
   record.AppendTo(bytes);
 }
 

@@ -32,7 +32,7 @@ struct ObjectReleaser {
 };
 using OutputObject = std::unique_ptr<GsfOutput, ObjectReleaser>;
 
-/// A file without a name: it vanishes with the program, whatever ends it.
+/// A file without a name: it vanishes however the program ends.
 std::unique_ptr<std::FILE, FileCloser> OpenWorkingFile(const std::string& targetName) {
   std::string name = PosixPath(targetName) + ".XXXXXX";
   const int descriptor = mkostemp(name.data(), O_CLOEXEC);
@@ -91,7 +91,7 @@ class Biff8Writer : public WorkbookWriter {
     rowsInBlock_ = 0;
   }
 
-  /// Everything before the first sheet; the sheets' offsets follow from the sizes of what stands before them.
+  /// Everything before the first sheet; the sheets' offsets follow from the sizes of what precedes them.
   [[nodiscard]] std::string Head() const {
     std::string head;
     biff8::AppendGlobals(head, sheets_.size());

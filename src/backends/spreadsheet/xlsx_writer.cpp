@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kLongestText = 32767;
 
-/// The library reports failures also on standard error, in words of its own; the user gets ours.
+/// Keeps the library from reporting failures on standard error too: the user gets our message.
 class SilentErrors {
  public:
   SilentErrors() : kept_(dup(STDERR_FILENO)) {

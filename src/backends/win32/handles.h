@@ -9,7 +9,7 @@
 
 namespace chartproject::win32 {
 
-/// Owns a handle of type `Handle` that `Close` gives back. A null handle is none.
+/// Owns a handle of type `Handle` that `Close` gives back. A null handle means none.
 template <typename Handle, auto Close>
 class Owned {
  public:

@@ -1,4 +1,4 @@
-// The system's error codes as run-time errors of ours.
+// The system's error codes as our run-time errors.
 #pragma once
 
 #include <string>

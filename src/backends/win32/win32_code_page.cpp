@@ -10,7 +10,7 @@ namespace chartproject::win32 {
 
 namespace {
 
-/// Stands for byte b as kLoneByte + b: one place of the private-use area for each byte.
+/// Byte b is kept as kLoneByte + b: one character of the private-use area for each byte.
 constexpr wchar_t kLoneByte = 0xF700;
 
 std::string ToBytes(unsigned codePage, std::wstring_view wide) {
@@ -45,7 +45,7 @@ Win32CodePage::Win32CodePage(unsigned codePage) : codePage_(codePage == 0 ? GetA
 std::size_t Win32CodePage::CharacterAt(std::string_view bytes, std::wstring& wide) const {
   const bool ascii = static_cast<unsigned char>(bytes[0]) < 0x80;  // never begins a longer character
   for (std::size_t length = ascii ? 1 : std::min(longest_, bytes.size()); length > 1; --length) {
-    // Only one character at a time: two that each stand alone are not one of two bytes.
+    // Only one character at a time: two characters of one byte each are not one of two bytes.
     const std::wstring found = Faithful(codePage_, bytes.substr(0, length));
     const bool one = found.size() == 1 || (found.size() == 2 && IS_HIGH_SURROGATE(found[0]));
     if (one) {

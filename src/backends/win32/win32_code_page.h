@@ -19,7 +19,7 @@ class Win32CodePage : public CodePage {
 
   unsigned codePage_;
   std::size_t longest_ = 1;            ///< bytes of the longest character
-  std::array<wchar_t, 256> single_{};  ///< character of each byte that stands alone; 0 when it cannot
+  std::array<wchar_t, 256> single_{};  ///< character of each byte that is one by itself; 0 for the others
 };
 
 }  // namespace chartproject::win32

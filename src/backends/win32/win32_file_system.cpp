@@ -74,14 +74,14 @@ void Win32FileSystem::CheckReplaceable(const std::string& name) {
 LockAttempt Win32FileSystem::Lock(const std::string& name) {
   constexpr int kMarkerNames = 10;
   for (int n = 0;; ++n) {
-    // Shared with nobody, and taken away by the system when its handle goes, however its program ends.
+    // Not shared, and deleted by the system when its handle is closed, however the program ends.
     const std::string marker = SideFileName(name, ".lock", n);
     OwnedFile file(CreateFileW(ToWide(marker).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
     if (file.Valid()) return {std::make_unique<Win32FileLock>(std::move(file)), {}};
     const DWORD code = GetLastError();
     if (code != ERROR_FILE_EXISTS && code != ERROR_SHARING_VIOLATION) ThrowFileError(code, name);
-    // A marker in use can be opened by nobody. Any other file is somebody else's, or left by a power cut.
+    // Nobody can open a marker in use. Any other file belongs to somebody else or was left by a power cut.
     const OwnedFile other(
         CreateFileW(ToWide(marker).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!other.Valid() && GetLastError() == ERROR_SHARING_VIOLATION) return {nullptr, marker};

@@ -19,7 +19,7 @@ namespace {
                      "settings " + std::string(section) + ": " + SystemMessage(static_cast<DWORD>(status)));
 }
 
-/// A value as it stood before it was written, of whatever type.
+/// A value of any type as it was before it was written.
 class FormerValue {
  public:
   FormerValue(HKEY key, std::wstring name) : key_(key), name_(std::move(name)) {

@@ -13,7 +13,7 @@ unsigned Win32Sound::OutputDeviceCount() {
 }
 
 void Win32Sound::Play(const std::string& fileName, std::uint32_t flags) {
-  // A sound goes on after the call, perhaps after the host let go of this module: its player has to stay.
+  // A sound continues after the call, perhaps after the host released this module: its player has to stay.
   HMODULE player = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"winmm.dll", &player);
   PlaySoundA(Win32CodePage().Encode(fileName).c_str(), nullptr, flags);

@@ -1,4 +1,4 @@
-// The system's header, without the macros that rename functions of ours.
+// The system's header, without the macros that rename our functions.
 #pragma once
 
 #include <windows.h>

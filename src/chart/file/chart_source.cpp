@@ -1,4 +1,4 @@
-// Opening a chart file and telling one that grew from one that was replaced.
+// Opening a chart file and distinguishing one that grew from one that was replaced.
 #include "chart/file/chart_source.h"
 
 #include <algorithm>
@@ -70,7 +70,7 @@ bool ChartSource::Replaced() {
   const FileIdentity now = file->Identity();
   if (now == identity_) return false;
   const bool grew = now.volume == identity_.volume && now.index == identity_.index && now.size >= identity_.size;
-  // A recording made anew into the same file has other dates in its header.
+  // A new recording into the same file has other dates in its header.
   if (!grew || HeaderPrint(*file) != headerPrint_) return true;
   identity_ = now;
   return false;

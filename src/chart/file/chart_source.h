@@ -37,7 +37,7 @@ class ChartSource {
   /// Reads all the points; nothing when that is given up. Throws RunTimeError.
   [[nodiscard]] std::optional<PointCount> Count(const ScanProgress& progress) const;
 
-  /// Whether the file was replaced since Open: it must be opened anew. A file that only grew is the same.
+  /// Whether the file was replaced since Open: it must be opened again. A file that only grew is the same.
   [[nodiscard]] bool Replaced();
 
   /// Throws RunTimeError when the file cannot be read.

@@ -15,7 +15,8 @@ struct LinePlace {
   std::uint64_t offset = 0;
 };
 
-/// Told now and then how far a long search is, as a part (0 to 1) of what is left of the file; false gives it up.
+/// Receives the progress of a long search now and then, as a part (0 to 1) of the rest of the file. Returning false
+/// stops the search.
 using ScanProgress = std::function<bool(double part)>;
 
 enum class LineSearchEnd : std::uint8_t {

@@ -17,13 +17,13 @@ namespace chartproject {
 struct Slice {
   std::int32_t startLine = 0;
   std::int32_t endLine = 0;
-  std::vector<std::string> times;                        ///< time fields, bytes as they stand in the file
+  std::vector<std::string> times;                        ///< time fields, bytes as in the file
   std::array<std::vector<double>, kColumnCount> values;  ///< by column; NaN is a gap
   int columnsRead = 0;                                   ///< columns that have values
   int columnsInUse = 0;                                  ///< up to the last of them with a text in any row
   bool endOfFile = false;                                ///< the file has no line endLine
-  bool moreFollow = false;                               ///< a point stands in the line endLine
-  std::int64_t lastLine = 0;  ///< the file's last point, where endOfFile tells that it is known; without a point in
+  bool moreFollow = false;                               ///< the line endLine has a point
+  std::int64_t lastLine = 0;  ///< the file's last point, known only with endOfFile; without a point in
                               ///< the slice the file's last line
 
   [[nodiscard]] int RowCount() const noexcept { return static_cast<int>(times.size()); }
@@ -35,11 +35,11 @@ enum class SliceEnd : std::uint8_t { kRead, kMalformedLine, kGivenUp };
 struct SliceReading {
   SliceEnd end = SliceEnd::kRead;
   Slice slice;
-  std::int64_t malformedLine = 0;  ///< number of the line that is no point
+  std::int64_t malformedLine = 0;  ///< number of the line that is not a point
   std::string malformedText;       ///< its bytes, cut where it is too long to show
 };
 
-/// Lines that are empty or begin with an apostrophe are skipped; any other line that is no point ends the reading.
+/// Lines that are empty or begin with an apostrophe are skipped; any other line that is not a point ends the reading.
 /// Throws RunTimeError when the file cannot be read.
 /// @param index knows the first point's line; built on as far as needed
 /// @param startLine not before the index' first line; no more than endLine

@@ -1,4 +1,4 @@
-// The page in the printer's centimetres: what stands where, in which font and colour.
+// The page in the printer's centimetres: the place, font and colour of everything.
 #include "chart/output/chart_page.h"
 
 #include <algorithm>
@@ -83,7 +83,7 @@ class PageDrawing {
     DrawValue(value, column, kValueFont);
   }
 
-  /// Returns where the value begins: the values' column, or behind a label that is longer.
+  /// Returns where the value begins: the values' column, or after a longer label.
   double DrawLabel(Text message) {
     const std::string label = LoadMessage(component_, message) + ": ";
     printer_.PrintText(label, kLabelColumn, y_, kLabelFont);
@@ -132,7 +132,7 @@ class PageDrawing {
   double y_ = 0;
 };
 
-/// Beside the chart file: its name with the ending ".pdf" in the place of its own.
+/// Beside the chart file: its name with the extension ".pdf" instead of its extension.
 std::string PdfName(const std::string& chartFile) {
   const std::size_t name = chartFile.find_last_of("/\\") + 1;
   const std::size_t ending = chartFile.rfind('.');

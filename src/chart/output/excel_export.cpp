@@ -20,13 +20,13 @@ constexpr int kFirstPointRow = 22;
 constexpr int kEndRow = 65535;  // the row at which a sheet is full; its own row stays empty
 constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
 constexpr int kSheetPoints = kEndRow - 1;
-/// Lines between two reports while cells are a matter of microseconds; an application of its own takes far longer.
+/// Lines between two reports while a cell takes microseconds; a separate application takes far longer.
 constexpr std::int64_t kLinesBetweenProgress = 4096;
 /// A workbook whose size is limited is on the disk twice for a moment: its rows, and the file that is made of them.
 constexpr std::uint64_t kCopies = 2;
 const std::string kRoutine = "cmdExport_Click";
 
-/// Thrown through the writing when the user gives it up.
+/// Thrown out of the writing when the user cancels it.
 struct GivenUp {};
 
 /// The points of a file, and its lines that are not points.
@@ -298,7 +298,7 @@ class Export {
     if (request_.busy) request_.busy(busy);
   }
 
-  /// Tells the application to quit without saving; one that fails even at that is let go.
+  /// Asks the application to quit without saving. Failure is ignored: nothing more can be done.
   void EndApplication() noexcept {
     try {
       if (application_) application_->Quit();

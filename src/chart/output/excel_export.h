@@ -12,7 +12,7 @@ namespace chartproject {
 enum class ExportOutcome {
   kSaved,
   kDeclined,       ///< the user answered No
-  kNoApplication,  ///< no spreadsheet application is there
+  kNoApplication,  ///< a spreadsheet application is not installed
   kTooLarge,       ///< the points do not fit into the workbook's format or on the disk; nothing was touched
   kGivenUp,        ///< stopped half-way; no file was left behind
   kFailed          ///< an error, shown and logged

@@ -14,7 +14,7 @@ namespace chartproject {
 [[nodiscard]] std::string ShortenMiddle(const Printer& printer, std::string_view text, const PrintFont& font,
                                         double width);
 
-/// The text in lines that fit, broken behind blanks and folder separators where there are any; a text that would take
+/// The text in lines that fit, broken after blanks and folder separators where there are any; a text that would take
 /// more lines than allowed is shortened in the middle first. At least one line.
 [[nodiscard]] std::vector<std::string> WrapText(const Printer& printer, std::string_view text, const PrintFont& font,
                                                 double width, int mostLines);

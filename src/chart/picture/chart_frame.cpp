@@ -48,7 +48,7 @@ void DrawBackdrop(const ChartModel& model, Size size, Scene& scene) {
   StrokeRect({inset, inset, size.width - 2 * inset, size.height - 2 * inset}, pen, scene);
 }
 
-/// The back wall, and for depth the left wall and the floor, each in a tone of its own.
+/// The back wall, and for depth the left wall and the floor, each in its own tone.
 void DrawWalls(const ChartModel& model, const Plot& plot, Scene& scene) {
   const Rect& front = plot.front;
   const Pen edge{.color = Darker(model.backdrop, 0.3), .width = 1, .style = StyleOf(model.wallPen)};

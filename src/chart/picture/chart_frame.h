@@ -6,10 +6,10 @@
 
 namespace chartproject {
 
-/// The parts that stand behind the series.
+/// The parts that are painted behind the series.
 void DrawChartBackground(const ChartModel& model, const ChartLayout& layout, Size size, Scene& scene);
 
-/// The axes' lines and ticks, which stand in front of them, and all the texts.
+/// The axes' lines and ticks, which are painted in front of the series, and all the texts.
 void DrawChartAxes(const ChartModel& model, const ChartLayout& layout, Size size, const Canvas& canvas, Scene& scene);
 
 }  // namespace chartproject

@@ -92,7 +92,7 @@ ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas
   layout.hasTitles = title + valueTitle + categoryTitle <= size.height * kHighestTitlesShare;
   if (!layout.hasTitles) title = valueTitle = categoryTitle = 0;
   layout.titleBottom = layout.margin + title;
-  // The topmost value label stands half above the plot.
+  // Half of the topmost value label is above the plot.
   const double top = layout.titleBottom + valueTitle + std::ceil(layout.textHeight / 2);
   layout.legend = PlaceLegend(model, size, layout, canvas);
   const double right = layout.legend ? layout.legend->x - layout.margin : size.width - layout.margin;

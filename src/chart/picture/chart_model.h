@@ -44,12 +44,12 @@ struct ChartSeries {
   bool showMarker = false;  ///< a mark at each point, of the series' own shape
 };
 
-/// Divisions of the category axis: ticks and labels stand at the rows 0, n, 2n, ... of their own n.
+/// Divisions of the category axis: ticks and labels are at the rows 0, n, 2n, ..., each with its own n.
 struct CategoryScale {
   bool automatic = true;  ///< the chart chooses both counts
   int divisionsPerLabel = 1;
   int divisionsPerTick = 1;
-  bool labelTick = false;  ///< labels stand at the ticks, not between them
+  bool labelTick = false;  ///< labels are at the ticks, not between them
 };
 
 struct ChartModel {

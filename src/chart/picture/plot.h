@@ -1,4 +1,4 @@
-// Where a row, a value and a depth stand in the picture: the chart's projection.
+// The chart's projection: the place of a row, a value and a depth in the picture.
 #pragma once
 
 #include <algorithm>
@@ -23,7 +23,7 @@ struct Plot {
   [[nodiscard]] double RowWidth() const noexcept { return front.width / std::max(1, rows); }
   /// Left edge of a row's slot; the right one is Edge(row + 1).
   [[nodiscard]] double Edge(double row) const noexcept { return front.x + row * front.width / std::max(1, rows); }
-  /// Middle of a row's slot, where its points stand.
+  /// Middle of a row's slot, the place of its points.
   [[nodiscard]] double X(int row) const noexcept { return Edge(row + 0.5); }
   [[nodiscard]] double Y(double value) const noexcept {
     const double low = axis.Minimum();

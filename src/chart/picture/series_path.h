@@ -54,10 +54,10 @@ class DenseOrder {
   int count_;
 };
 
-/// Bars stand side by side in the middle of their slot, with a gap between the groups. All have the same whole width
+/// Bars are side by side in the middle of their slot, with a gap between the groups. All have the same whole width
 /// and whole edges, so that they look alike.
 struct BarPlace {
-  double width = 0;  ///< of one bar, pixels; 0 when they are too thin to stand side by side
+  double width = 0;  ///< of one bar, pixels; 0 when they are too thin to be side by side
   double group = 0;  ///< of all the series' bars
 
   [[nodiscard]] double Left(const Plot& plot, int row, int column) const noexcept {
@@ -66,7 +66,7 @@ struct BarPlace {
 };
 [[nodiscard]] BarPlace PlaceBars(const Plot& plot, int seriesCount);
 
-/// What remains of bars that are too thin to stand side by side: in one column, the span of each series.
+/// What remains of bars that are too thin to be side by side: in one column, the span of each series.
 struct BarSpan {
   int column = 0;  ///< the series
   double top = 0;  ///< y

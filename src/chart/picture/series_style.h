@@ -23,13 +23,13 @@ inline constexpr int kAreaAlpha = 72;      ///< of flat areas: the ones below sh
 
 inline constexpr Pen kNoPen = {.color = {}, .width = 0, .style = PenStyle::kNone};
 
-/// Where the markers of a series stand.
+/// Where the markers of a series are.
 struct MarkerPlace {
   double shiftX = 0;  ///< pixels from the middle of the row's slot
   double depth = 0;   ///< 0 front to 1 back wall
 };
 
-/// Marks the series' points, each series (by its column) with a shape of its own: circle, square, triangle, diamond.
+/// Marks the series' points, each series (by its column) with its own shape: circle, square, triangle, diamond.
 /// Where points are closer than markers, markers keep to every n-th point, or to the extremes when no line shows the
 /// rest; the same points of a file are marked wherever the rows begin.
 void DrawMarkers(const ChartModel& model, int column, const Plot& plot, const MarkerPlace& place, Scene& scene);

@@ -1,8 +1,8 @@
 // Boxes, ribbons and slabs.
 //
-// The eye stands in front, to the right and above: of two faces that meet in the picture the one further right is the
-// nearer one, and of two rows of depth the one in front. So painting from back to front, and in a row from left to
-// right, always covers what is hidden.
+// The eye is in front, to the right and above: of two faces that meet in the picture the one further right is nearer,
+// and of two rows of depth the one in front. Painting from back to front, and in a row from left to right, therefore
+// always covers what is hidden.
 #include "chart/picture/solid_series.h"
 
 #include <algorithm>
@@ -158,7 +158,7 @@ void DrawRibbon(const ChartSeries& series, const Path& path, const Face& face, S
   scene.Polyline(Moved(path, face), {.color = EdgeTone(series.color), .width = 1});
 }
 
-/// A body between two paths whose points stand above each other.
+/// A body between two paths whose points are above each other.
 struct Slab {
   Path upper;
   Path lower;

@@ -12,7 +12,7 @@ struct DepthSpan {
   double back = 1;
 };
 
-/// The depth that a series of a line, area or step chart takes: a row of its own, with some room between the rows.
+/// The depth that a series of a line, area or step chart takes: its own row, with some room between the rows.
 [[nodiscard]] DepthSpan DepthOfSeries(const Plot& plot, int column, int seriesCount) noexcept;
 
 /// Rows of depth by the series' mean values, the lowest in front: in a dense plot a tall one would hide the others.

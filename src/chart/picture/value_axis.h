@@ -37,7 +37,7 @@ struct ValueAxis {
 
 /// The axis with the smallest step that needs at most `maximumSteps` steps (two where the range crosses zero).
 /// Data may reach beyond an end by a fiftieth of a step.
-/// @param withZero the axis shows zero: bars and areas stand on it. Without it zero is shown only when it is near.
+/// @param withZero the axis shows zero, the base of bars and areas. Without it zero is shown only when it is near.
 [[nodiscard]] ValueAxis ChooseValueAxis(const ValueRange& range, bool withZero, int maximumSteps);
 
 /// Text of tick i: as many decimals as the step needs, grouped, or with an exponent where that would be long.

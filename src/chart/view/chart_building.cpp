@@ -35,7 +35,7 @@ ChartModel BuildChart(const Slice& slice, const ChartExtent& extent, const Chart
   model.kind = look.kind;
   model.categoryTitle = model.valueTitle = model.title = "";
   SetCounts(model, extent.series, slice.RowCount());
-  // The swatches beside the series' names tell them apart.
+  // The swatches beside the series' names distinguish them.
   model.legendVisible = false;
   ShowGrid(model, false);
   model.wallPen = kWallPen;

@@ -45,7 +45,7 @@ class ChartView {
   void CountPoints(const ScanProgress& progress);
   [[nodiscard]] const std::string& FileName() const noexcept { return source_.FileName(); }
   [[nodiscard]] bool HasPoints() const noexcept { return source_.HasPoints(); }
-  /// Whether the file was replaced since Open: it must be opened anew.
+  /// Whether the file was replaced since Open: it must be opened again.
   [[nodiscard]] bool Replaced() { return source_.HasPoints() && source_.Replaced(); }
   /// Line of the first point, counted from 1.
   [[nodiscard]] std::int32_t FirstLine() const noexcept { return source_.FirstLine(); }

@@ -10,7 +10,7 @@
 namespace chartproject {
 
 /// One item a line: label, " : " and value, each line ended by carriage return and line feed.
-/// @param notices what is to be said about the file besides; behind an empty line, one a line
+/// @param notices further notices, one per line after a blank line
 [[nodiscard]] std::string InfoText(const Environment& environment, const std::string& fileName,
                                    const ChartHeader& header, const std::vector<std::string>& notices);
 

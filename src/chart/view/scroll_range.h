@@ -21,8 +21,8 @@ struct ScrollRange {
   std::int16_t largeChange = 1;
 };
 
-/// Up to 32767 points one scroll unit is one point; beyond, the bar's whole range stands for the file. The steps are
-/// those computed, whether a scroll bar takes them or not. Throws RunTimeError 6 on an overflow.
+/// Up to 32767 points one scroll unit is one point; beyond, the bar's whole range covers the file. Steps may be
+/// outside a scroll bar's range; the caller corrects them. Throws RunTimeError 6 on an overflow.
 [[nodiscard]] ScrollRange ComputeScrollRange(std::int32_t points, std::int16_t pointsPerDivision);
 
 /// First line of the slice for a scroll bar's value. Throws RunTimeError 6 on an overflow.

@@ -51,7 +51,7 @@ class ChartControl : public DrawnControl {
   void SetCursorReadout(std::vector<ReadoutLine> lines);
   [[nodiscard]] const std::vector<ReadoutLine>& CursorReadout() const noexcept { return cursorReadout_; }
 
-  /// A cursor stands at a row's label, so it stays at its point of the file while the rows change under it.
+  /// A cursor belongs to a row's label, so it stays at its point of the file while the rows change under it.
   [[nodiscard]] std::optional<std::int64_t> CursorLabel(MeasuringCursor which) const noexcept;
   /// The cursor's row; nothing when it is not set or its point is not among the rows.
   [[nodiscard]] std::optional<int> CursorRow(MeasuringCursor which) const noexcept;

@@ -13,7 +13,7 @@ namespace chartproject {
 /// One line of a box that the chart shows over itself.
 struct ReadoutLine {
   std::string text;
-  int series = -1;  ///< column whose colour stands before the text; -1 for none
+  int series = -1;  ///< column whose colour is shown before the text; -1 for none
 };
 
 struct ChartOverlay {

@@ -44,7 +44,7 @@ class ReadingSection {
   [[nodiscard]] ScanProgress Progress() {
     return [this](double part) { return ShowProgress(part); };
   }
-  /// Gives the reading up, if there is one, and has the window closed after it. False when there is none.
+  /// Stops a running reading and closes the window after it. False when nothing is being read.
   bool CloseAfterwards() noexcept;
   [[nodiscard]] bool ClosesAfterwards() const noexcept { return closing_; }
 

@@ -15,7 +15,7 @@ namespace {
 /// Dots of the copied picture to the screen's one: paper shows more than a screen does.
 constexpr double kPictureScale = 2.0;
 
-/// Unloads the window whatever happens, so that its settings are kept.
+/// Unloads the window on every exit, so that its settings are kept.
 class UnloadScope {
  public:
   explicit UnloadScope(ChartForm& form) : form_(form) {}

@@ -29,7 +29,7 @@ class SwitchesSection {
   /// Check boxes and chart type as they were when a chart window was closed last.
   void ApplySaved();
   void Save();
-  /// What the switches say of the look. A grey grid box leaves the grid as it is.
+  /// The look that the switches show. A grey grid box leaves the grid as it is.
   void Fill(ChartLook& look) const;
 
  private:

@@ -24,7 +24,7 @@ struct AcquireRequest {
   std::string content;  ///< comparison value
 };
 
-/// A step of the dialog ended in a run-time error, which a message box has told already.
+/// A step of the dialog ended in a run-time error, which a message box has shown already.
 class StepFailed : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -24,7 +24,7 @@ void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& heade
 }
 
 void RefuseOutputOnto(const std::string& chartFile, const std::string& output) {
-  std::error_code missing;  // a name without a file is no other file's
+  std::error_code missing;  // a name without a file is not another name of the chart file
   if (chartFile == output || std::filesystem::equivalent(chartFile, output, missing)) {
     throw RefusedError("--output: " + output + " is the chart file itself; nothing was written");
   }

@@ -9,11 +9,11 @@
 namespace chartproject {
 
 /// Reads the header of a chart file. A key that the file lacks keeps its former value. Throws RunTimeError: 321 for a
-/// file that is none, else what opening and reading throw.
+/// file that is not a chart file, else what opening and reading throw.
 void ReadHeaderOf(Ports& ports, const std::string& chartFile, ChartHeader& header);
 
-/// Throws RefusedError when writing `output` would replace the chart file itself, by whatever name: its own, a symbolic
-/// or a hard link's. Both are full names.
+/// Throws RefusedError when writing `output` would replace the chart file itself, under its own name or that of a
+/// symbolic or hard link. Both are full names.
 void RefuseOutputOnto(const std::string& chartFile, const std::string& output);
 /// Throws RefusedError when the output is there and begins like a chart file, and NotARegularFile. Not for tables: a
 /// plain text table begins so, too.

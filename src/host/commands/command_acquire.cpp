@@ -24,7 +24,7 @@ std::string EventCodes() {
   return codes;
 }
 
-/// One recording without a window: stands for the user while the dialog is up.
+/// One recording without a window: acts as the user of the dialog.
 class HeadlessRecording {
  public:
   HeadlessRecording(Session& session, const AcquireRequest& request)
@@ -72,7 +72,7 @@ class HeadlessRecording {
       refusal_ = std::current_exception();
     }
     errorsBefore_ = session_.Console().ErrorCount();
-    // Until now a signal ends the program: there is no point to lose. From now on it ends the recording.
+    // Until now a signal ends the program, as no data can be lost. From now on it ends the recording.
     KeyboardSignals::Watch();
     // Nothing was started: there is nothing to wait for.
     if (!form->Run().Active()) form->Unload();

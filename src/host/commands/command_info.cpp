@@ -71,7 +71,7 @@ class InfoCommand : public Command {
     document["header"] = header;
     document["rows"] = info.rows;
     document["malformedLines"] = info.malformed;
-    // Names that are no UTF-8 must not stop the output.
+    // Names that are not valid UTF-8 must not stop the output.
     out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
   }
 

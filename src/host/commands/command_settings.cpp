@@ -1,5 +1,5 @@
-// settings [SECTION.KEY [VALUE]]: lists, shows and sets the shared settings, straight in the store, so that a setting
-// that is no longer readable can be put right.
+// settings [SECTION.KEY [VALUE]]: lists, shows and sets the shared settings, directly in the store, so that a setting
+// that became unreadable can be corrected.
 #include <algorithm>
 #include <array>
 #include <ostream>
@@ -46,12 +46,12 @@ void CheckValue(const std::string& name, const SettingRow& row, const std::strin
                         std::holds_alternative<std::int32_t Settings::*>(row.field);
   const std::size_t digits = text.starts_with('-') ? 1 : 0;
   const bool whole = text.size() > digits && text.find_first_not_of("0123456789", digits) == std::string::npos;
-  if (isNumber && !whole) throw RefusedError(name + ": \"" + text + "\" is no whole number");
+  if (isNumber && !whole) throw RefusedError(name + ": \"" + text + "\" is not a whole number");
   const std::vector<std::string_view> choices = Choices(row);
   if (choices.empty() || std::ranges::find(choices, text) != choices.end()) return;
   std::string listed;
   for (const std::string_view choice : choices) listed += (listed.empty() ? "" : ", ") + std::string(choice);
-  throw RefusedError(name + ": \"" + text + "\" is none of " + listed);
+  throw RefusedError(name + ": \"" + text + "\" is not one of " + listed);
 }
 
 class SettingsCommand : public Command {

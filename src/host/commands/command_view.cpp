@@ -24,7 +24,7 @@ class ViewCommand : public Command {
     const std::string name = FullName(file_);
     (void)session.ThePorts().files.ResolveLink(name);  // refuses a device or a pipe before a window comes up
     session.UseDesktop(DesktopMode::kScreen);
-    // The window tells its user of a file that it cannot show; a script learns it from the exit code.
+    // The window shows its user why a file cannot be shown; a script learns it from the exit code.
     std::exception_ptr fault;
     try {
       ChartHeader ignored;

@@ -17,7 +17,7 @@ enum class ProgressKind {
 /// What standard error is good for.
 [[nodiscard]] ProgressKind ProgressKindFor(bool quiet);
 
-/// Times are of the real clock, whatever clock the recording runs on; the last point is always shown.
+/// Times are those of the real clock, also while the recording runs on another; the last point is always shown.
 class Progress {
  public:
   Progress(std::ostream& out, ProgressKind kind) : out_(out), kind_(kind) {}
@@ -26,7 +26,7 @@ class Progress {
   void Show(std::int64_t done, std::int64_t total);
   /// A line about the recording that is not a point, for example that it waits for its trigger.
   void Note(const std::string& text);
-  /// Ends a line that is being written over, so that other output starts on a line of its own.
+  /// Ends the progress line, so that other output starts on a new line.
   void EndLine();
 
  private:

@@ -8,7 +8,7 @@
 namespace chartproject {
 
 /// Passes text on to another stream, made visible as VisibleLines does, also across separate writes. Names and values
-/// from files can so be written anywhere, and none of them steers the terminal.
+/// from files can so be written anywhere, and none of them can control the terminal.
 class VisibleOutput : public std::ostream {
  public:
   /// @param target outlives this stream

@@ -18,8 +18,8 @@ namespace {
 
 constexpr short kSuccess = 0;  // a read's status
 
-/// Room for an output that nobody reads. Only its place in the call is known of a host's link, not its type: whatever
-/// automation can pass has room.
+/// Room for an output that nobody reads. A host's link may give it any type that automation can pass; only its place
+/// in the call is known.
 struct IgnoredOutput {
   alignas(VARIANT) std::array<short, sizeof(VARIANT) / sizeof(short)> room{};
 };

@@ -1,4 +1,4 @@
-// The eight operations over a link of our own, on the real clock or on the one that the caller tells.
+// The eight operations over our own link, on the real clock or on the caller's time.
 #include <chrono>
 #include <memory>
 #include <string>
@@ -21,7 +21,7 @@ namespace chartproject::win32 {
 
 namespace {
 
-/// The real clock until the first time is told from outside, that one from then on.
+/// The real clock until the caller sets a time; from then on the time that was set.
 class FollowingClock : public Clock {
  public:
   DateTime LocalNow() override { return real_.LocalNow(); }

@@ -88,7 +88,7 @@ std::unique_ptr<ControlWidget> MakeControlWidget(Control& control, InputGate& ga
 }
 
 QCursor LoadCursor(const QString& fileName) {
-  // Directory entry of the file: its hot spot stands at bytes 10 (x) and 12 (y).
+  // Directory entry of the file: its hot spot is at bytes 10 (x) and 12 (y).
   constexpr qsizetype kHotSpot = 10;
   QFile file(fileName);
   if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly)) return Qt::PointingHandCursor;

@@ -10,13 +10,13 @@
 
 namespace chartproject {
 
-/// Through which all user input goes: what the user does elsewhere first comes to its end (a field that loses the
-/// focus), errors end in the form's boundary, and nothing reaches a form whose window is going.
+/// All user input passes here: a pending lost-focus event is delivered first, handler errors are reported, and input to
+/// a closing window is dropped.
 class InputGate {
  public:
   virtual ~InputGate() = default;
   virtual void Take(Control& control, const std::function<void()>& input) noexcept = 0;
-  /// For what is no deed of the user, as painting and pointer moves: only the boundary.
+  /// For work the user did not start (painting, pointer moves): reports errors, nothing else.
   virtual void Run(Control& control, const std::function<void()>& action) noexcept = 0;
 };
 

@@ -39,8 +39,8 @@ std::optional<Key> ToKey(int key) {
   }
 }
 
-/// Keeps the control's picture, so that what follows the mouse over it costs nothing but itself. Qt paints into a
-/// buffer of its own, so nothing flickers.
+/// Caches the painted chart; pointer moves repaint only the overlay. Qt paints into its own buffer, so nothing
+/// flickers.
 class Surface : public QWidget {
  public:
   Surface(DrawnControl& control, InputGate& gate) : control_(control), gate_(gate) {

@@ -52,8 +52,8 @@ void QtFormHost::TimersChanged() {
 }
 
 void QtFormHost::Tick() {
-  if (keepingAlive_) return;  // KeepAlive sets the timer anew
-  // A handler may open a box or a window with a loop of its own, where the other timers go on.
+  if (keepingAlive_) return;  // KeepAlive sets the timer again
+  // A handler may open a box or a window with its own event loop, in which the other timers go on.
   timer_.start(std::chrono::milliseconds(1));
   Timers().FireOne();
   TimersChanged();

@@ -192,7 +192,7 @@ void QtFormView::ShowPlace() {
 }
 
 void QtFormView::ShowHeight() {
-  const int height = ToPixels(form_.Height());  // before the layout tells the form what the window has
+  const int height = ToPixels(form_.Height());  // before the layout reports the window's height to the form
   if (layoutDue_) UpdateLayout();
   if (!sizedByUser_) wanted_.setHeight(height);
   ResizeToNeed();

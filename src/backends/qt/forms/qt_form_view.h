@@ -78,7 +78,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   std::unique_ptr<FormWindow> window_;
   std::vector<std::unique_ptr<ControlWidget>> widgets_;
   std::unordered_map<const Control*, ControlWidget*> byControl_;
-  Control* leaving_ = nullptr;     ///< lost the focus to a mouse press, and was not told yet
+  Control* leaving_ = nullptr;     ///< lost the focus to a mouse press; its event is still due
   QWidget* firstFocus_ = nullptr;  ///< where the form wants the focus when its window appears
   QPointer<QWidget> parked_;       ///< had the focus when it was disabled; gets it back with its next use
   QPointer<QWidget> below_;        ///< the window that had the focus when this one appeared

@@ -31,7 +31,7 @@ Qt::Alignment AlignmentOf(Align align) {
   }
 }
 
-/// Width of a line as it is drawn: the underlined letter stands without the kerning that a size hint counts on.
+/// Width of a line as it is drawn: the underlined letter has no kerning, which a size hint counts on.
 int DrawnWidth(const QFontMetrics& metrics, const QString& text) {
   const qsizetype key = text.indexOf('&');
   if (key < 0 || key + 1 >= text.size()) return metrics.horizontalAdvance(text);

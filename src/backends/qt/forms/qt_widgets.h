@@ -26,7 +26,7 @@ namespace chartproject {
 [[nodiscard]] std::unique_ptr<ControlWidget> MakeScrollBar(Control& control, InputGate& gate);
 [[nodiscard]] std::unique_ptr<ControlWidget> MakeUpDown(Control& control, InputGate& gate);
 
-/// A control that paints itself (qt_drawn.cpp); null for a control that is none.
+/// The widget of a control that paints itself (qt_drawn.cpp); null for any other control.
 [[nodiscard]] std::unique_ptr<ControlWidget> MakeDrawn(Control& control, InputGate& gate);
 
 /// A frame along the widget's edge while it has the focus.

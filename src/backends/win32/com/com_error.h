@@ -43,8 +43,8 @@ HRESULT Guarded(const IID& source, const Body& body) noexcept {
 /// What a failed call said of itself (IErrorInfo), else the system's words for its code.
 [[nodiscard]] std::string FailureText(HRESULT result);
 
-/// Throws the RunTimeError that a failed call stands for, with the description that the called object gave.
-/// @param what the call, for a description of our own when the object gave none
+/// Throws the RunTimeError of a failed call, with the description that the called object gave.
+/// @param what the call, for our own description when the object gave none
 void RequireSuccess(HRESULT result, const char* what);
 
 }  // namespace chartproject::win32

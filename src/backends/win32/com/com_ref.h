@@ -17,7 +17,7 @@ template <typename Interface>
 class ComRef {
  public:
   ComRef() noexcept = default;
-  /// Takes a reference of its own.
+  /// Adds a reference.
   explicit ComRef(Interface* object) noexcept : object_(object) {
     if (object_ != nullptr) object_->AddRef();
   }

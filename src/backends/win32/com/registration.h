@@ -1,4 +1,4 @@
-// How a server's class and type library stand in the registry.
+// The registry entries of a server's class and type library.
 #pragma once
 
 #include <string>

@@ -32,7 +32,7 @@ class ExcelApplication : public SpreadsheetApplication {
     client_.Set(Sheet(sheet), {L"Name"}, ComVariant(std::string_view(name)));
   }
   void WriteText(int sheet, int row, int column, std::string_view text) override {
-    // The apostrophe is the application's own sign for "text, whatever it looks like"; it is no part of the value.
+    // The apostrophe is the application's mark for a text that may look like a number; it is not part of the value.
     client_.Set(Cell(sheet, row, column).Get(), value_, ComVariant("'" + std::string(text)));
   }
   void EnterValue(int sheet, int row, int column, std::string_view text) override {

@@ -29,7 +29,7 @@ std::vector<gp::PointF> ToGdiplus(std::span<const PointF> points) {
   return result;
 }
 
-/// A GDI+ pen of ours: round joins, so that no spike shows a value that was not measured.
+/// A GDI+ pen with round joins, so that no spike shows a value that was not measured.
 class GdiplusPen {
  public:
   explicit GdiplusPen(const Pen& pen) : pen_(ToGdiplus(pen.color), static_cast<gp::REAL>(pen.width)) {

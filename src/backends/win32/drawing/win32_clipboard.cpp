@@ -39,7 +39,7 @@ BITMAPINFOHEADER HeaderOf(int width, int height, double dotsPerInch) {
   return header;
 }
 
-/// Where a bitmap's pixels begin behind its header, masks and colour table.
+/// Where a bitmap's pixels begin, after its header, masks and colour table.
 std::uint64_t PixelOffset(const BITMAPINFOHEADER& header) {
   std::uint64_t offset = header.biSize;
   if (header.biSize == sizeof(BITMAPINFOHEADER) && header.biCompression == BI_BITFIELDS) offset += 12;

@@ -15,7 +15,7 @@ namespace chartproject::win32 {
 namespace {
 
 constexpr double kCentimetresPerInch = 2.54;
-constexpr int kIconPixels = 32;  // of a screen of 96 to the inch, whatever the user's has: paper is always the same
+constexpr int kIconPixels = 32;  // of a screen of 96 to the inch, not the user's: paper is always the same
 
 [[noreturn]] void ThrowPrinterError(const std::string& what) {
   throw RunTimeError(error_number::kPrinter, what);
@@ -56,7 +56,7 @@ bool Win32Printer::StartDocument(const std::string& title) {
   const std::wstring output = OutputFile();
   if (!output.empty()) {
     name_ += " (" + ToUtf8(output) + ")";
-    DeleteFileW(output.c_str());  // a longer one would keep its end behind the new data
+    DeleteFileW(output.c_str());  // a longer one would keep its end after the new data
   }
   DOCINFOW document{};
   document.cbSize = sizeof document;

@@ -26,7 +26,7 @@ class Win32Printer : public Printer {
   [[nodiscard]] int DotsY(double centimetres) const;
   [[nodiscard]] OwnedFont MakeFont(const PrintFont& font) const;
 
-  std::string name_;  ///< of the printer, and of the file that stands in for it
+  std::string name_;  ///< of the printer, and of the file that replaces it
   OwnedDc printer_;
   double y_ = 0;
   double lineHeight_ = 0;  ///< of the last font

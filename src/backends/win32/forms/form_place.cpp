@@ -106,7 +106,7 @@ void FormPlace::Show() {
                                                                      : SW_SHOWNORMAL);
 }
 
-/// Before the first display the state is what the form asks for: only the size is news, the place is not one yet.
+/// Before the first display the state is the one that the form asks for: the size is new, the place is not known yet.
 void FormPlace::ReportSize() {
   RECT now;
   GetWindowRect(context_.formWindow, &now);

@@ -28,7 +28,7 @@ class FormWidgets {
 
   /// By control, in no order of the form's.
   [[nodiscard]] const std::map<const Control*, std::unique_ptr<Widget>>& All() const noexcept { return widgets_; }
-  /// Null when the window is not one of a control.
+  /// Null when the window is not a control's.
   [[nodiscard]] Widget* Of(HWND window) const;
   /// Null for a control that is not drawn.
   [[nodiscard]] Widget* Of(const Control& control) const;

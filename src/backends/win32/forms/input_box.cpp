@@ -105,7 +105,7 @@ INT_PTR CALLBACK InputBoxProcedure(HWND window, UINT message, WPARAM word, LPARA
       return TRUE;
     }
   } catch (...) {
-    EndDialog(window, IDCANCEL);  // without memory for the text there is no answer
+    EndDialog(window, IDCANCEL);  // not enough memory for the text: as if cancelled
   }
   return FALSE;
 }

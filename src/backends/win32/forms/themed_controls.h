@@ -1,4 +1,4 @@
-// The look of the common controls that the DLL's own manifest asks for, whatever the host's is.
+// The look of the common controls that the DLL's own manifest asks for, also in a host that has another.
 #pragma once
 
 #include "backends/win32/windows_api.h"

@@ -24,7 +24,7 @@ struct WidgetContext {
 };
 
 /// Window id of a control, made from its name, so that it stays when other controls come or go: 1000 to 31999. Two
-/// names of a form may meet in one id; messages are told apart by window, so only an outside search by id has to know
+/// names of a form may share one id; messages are distinguished by window, so only an outside search by id needs the
 /// names.
 [[nodiscard]] constexpr int ControlId(std::string_view name) noexcept {
   std::uint32_t hash = 2166136261U;  // FNV-1a

@@ -207,9 +207,9 @@ class DrawnWidget : public Widget {
   bool KeyPressed(WPARAM virtualKey);
   DrawnControl& drawn_;
   SIZE pictureSize_{};
-  double pictureScale_ = 0;  ///< another screen's asks for other texts, whatever the size
+  double pictureScale_ = 0;  ///< another screen's scale needs other texts, even in the same size
   OwnedBitmap picture_;      ///< without the overlay; none while it is out of date
-  bool tracking_ = false;    ///< the system will tell when the mouse leaves
+  bool tracking_ = false;    ///< the system will report when the mouse leaves
 };
 
 }  // namespace chartproject::win32

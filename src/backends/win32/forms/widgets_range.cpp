@@ -10,7 +10,7 @@ namespace chartproject::win32 {
 
 namespace {
 
-constexpr double kProgressSteps = 10000;  // positions of the native bar, whatever the control's range is
+constexpr double kProgressSteps = 10000;  // positions of the native bar for every range of the control
 
 }  // namespace
 
@@ -167,7 +167,7 @@ UpDownWidget::UpDownWidget(UpDown& arrows, WidgetContext& context)
     : Widget(arrows, context, UPDOWN_CLASSW, 0), arrows_(arrows) {
   // The field takes the keys; arrows with the focus would show nothing.
   SetWindowLongPtrW(Window(), GWL_STYLE, GetWindowLongPtrW(Window(), GWL_STYLE) & ~LONG_PTR{WS_TABSTOP});
-  // The native control only tells of arrows pressed: its own position stays in the middle, so that both work.
+  // The native control only reports pressed arrows: its own position stays in the middle, so that both work.
   SendMessageW(Window(), UDM_SETRANGE32, 0, 2);
   SendMessageW(Window(), UDM_SETPOS32, 0, 1);
 }

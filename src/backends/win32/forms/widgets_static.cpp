@@ -160,7 +160,7 @@ Size ComboBoxWidget::PreferredSize() const {
   return FromDots({widest + arrow, std::max<LONG>(field, LineHeight(Context()) + 8)});
 }
 
-/// The window's height is that of the open list; closed, it stands in the middle of its place.
+/// The window's height is that of the open list; closed, it is in the middle of its place.
 void ComboBoxWidget::Place(const RECT& place) {
   const int line = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
   const int closed = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0)) + 6;

@@ -104,7 +104,7 @@ void RichTextWidget::Apply(Property property) {
   EditWidget::Apply(property);
   if (property != Property::kEnabled) return;
   SendMessageW(Window(), EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(Ground())));
-  // Nor do they know the colour of what is disabled. A new colour is no input.
+  // Nor do they know the colour of what is disabled. A new colour is not input.
   CHARFORMATW format{};
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR;

@@ -71,13 +71,13 @@ LRESULT CALLBACK Win32FormHost::PumpProcedure(HWND window, UINT message, WPARAM 
   if (message != WM_TIMER) return DefWindowProcW(window, message, word, data);
   auto* host = reinterpret_cast<Win32FormHost*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   try {
-    // The virtual clock stands while a box is up: only our own loop moves it.
+    // The virtual clock stops while a box is open: only our own loop moves it.
     if (host != nullptr && host->ticking_ && host->virtualClock_ == nullptr) {
       host->FireDue();
       host->TimersChanged();
     }
   } catch (...) {
-    return 0;  // handlers report their own errors; nothing else is left to tell here
+    return 0;  // handlers report their own errors; nothing else is left to report here
   }
   return 0;
 }
@@ -129,7 +129,7 @@ void Win32FormHost::RunModal(Form& form) {
         form.Unload();
         return;
       }
-    } else if (form.IsShown() && !FireDue()) {  // a message that was sent comes within the call, and is none of these
+    } else if (form.IsShown() && !FireDue()) {  // a sent message is handled within the call and not counted
       Wait();
     }
     if (form.IsShown() && virtualClock_ == nullptr) FireDue();  // a flood of messages delays no tick
@@ -140,7 +140,7 @@ void Win32FormHost::EndSession() {
   // Their loops end when this message is over.
   for (std::size_t left = running_.size(); left > 0; --left) {
     running_[left - 1]->CloseByUser();
-    running_[left - 1]->Unload();  // also what cannot be closed just now: there is no later
+    running_[left - 1]->Unload();  // even when it cannot be closed now: the session ends
   }
 }
 

@@ -27,8 +27,8 @@ class Win32FormHost : public FormHost {
 
   [[nodiscard]] const Win32Keyboard& TheKeyboard() const noexcept { return keyboard_; }
   [[nodiscard]] GdiplusFonts& Fonts() noexcept { return fonts_; }
-  /// Closes every form whose loop runs, the upper ones first: the user's session ends, and this process with it as soon
-  /// as its windows were told.
+  /// Closes every form whose loop runs, the upper ones first: the user's session ends, and this process ends as soon as
+  /// its windows have the message.
   void EndSession();
 
  private:

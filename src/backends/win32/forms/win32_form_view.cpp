@@ -66,7 +66,7 @@ void Win32FormView::MakeWindow() {
 Win32FormView::~Win32FormView() {
   modal_.reset();
   if (context_.formWindow == nullptr) return;
-  // The form and its controls are gone or going: no message may reach them from here on.
+  // The form and its controls are being destroyed: no message may reach them from here on.
   SetWindowLongPtrW(context_.formWindow, GWLP_USERDATA, 0);
   widgets_.Release();
   DestroyWindow(context_.formWindow);
@@ -273,7 +273,7 @@ std::optional<LRESULT> Win32FormView::WindowMessage(UINT message, WPARAM word, L
   }
 }
 
-/// The window's owner took it along. Without a window nobody could end the form or what goes on in it.
+/// The window was destroyed with its owner. Without a window nobody could end the form or its work.
 LRESULT Win32FormView::WindowGone() {
   const HWND window = std::exchange(context_.formWindow, nullptr);
   widgets_.WindowsGone();

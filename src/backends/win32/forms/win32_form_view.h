@@ -50,7 +50,7 @@ class Win32FormView : public FormView {
 
   Form& form_;
   Win32FormHost& host_;
-  WidgetContext context_;  ///< its window is null when there is none yet or any more
+  WidgetContext context_;  ///< its window is null before it is made and after it is destroyed
   FormWidgets widgets_{form_, context_};
   FormFocus focus_{context_};
   FormKeys keys_;

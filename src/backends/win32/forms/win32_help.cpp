@@ -31,8 +31,8 @@ std::string ContentsOf(const std::string& name) {
   return text;
 }
 
-/// Help files end in .HLP whatever they hold: a copy has the name by which the system finds a program that shows pages,
-/// and none that runs programs.
+/// Help files end in .HLP whether they hold a page or not: the copy has a name by which the system finds a program that
+/// shows pages, never one that runs programs.
 std::wstring CopyAsPage(const std::string& page) {
   std::wstring folder(GetTempPathW(0, nullptr), L'\0');
   folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
