@@ -13,7 +13,7 @@ std::string ErrorText(Environment& environment, const std::string& routine, cons
   const DateTime now = environment.ports.clock.LocalNow();
   const Locale& locale = environment.ports.locale;
   std::string text = "<<Run-Time Error>>";
-  // A name with a line end in it must not begin a record of its own.
+  // A name with a line end in it must not begin a new record.
   const auto line = [&text](const char* label, const std::string& value) {
     text.append(kLineEnd) += label + VisibleText(value);
   };
@@ -60,7 +60,7 @@ void LogRunTimeError(Environment& environment, const std::string& routine, const
     }
     ShowError(environment, text);
   } catch (const std::exception&) {
-    return;  // no box either: nobody is left to tell
+    return;  // the box failed too: there is no other way to report the error
   }
 }
 

@@ -14,12 +14,12 @@ struct Environment;
 [[nodiscard]] std::string ErrorLogFile(const Environment& environment);
 
 /// Appends the error to the log, then shows it in a box with the component's own title. When the log cannot be written,
-/// the user is shown both the error and the log's own: the first one must not be lost behind it. Never throws.
+/// the box shows both the error and the log's own, so that the first one is not lost. Never throws.
 /// @param routine the routine in which the error happened
 void LogRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept;
 
-/// Appends the error to the log without a box, for what is no reason to disturb the user (a missing picture file).
-/// A log that cannot be written is passed over. Never throws.
+/// Appends the error to the log without a box: for errors that need not disturb the user (a missing picture file).
+/// A log that cannot be written is ignored. Never throws.
 void NoteRunTimeError(Environment& environment, const std::string& routine, const RunTimeError& error) noexcept;
 
 /// What a form does with an error that a handler let out: LogRunTimeError. @param environment outlives the form

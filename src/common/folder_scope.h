@@ -10,7 +10,7 @@ namespace chartproject {
 
 /// Makes a folder the current one while it lives, and the former one again afterwards. Host and component share the
 /// current folder with all of the process, so it is always given back. A folder that cannot be entered leaves the
-/// current one as it is: what is shown meanwhile matters more than where.
+/// current one as it is: what is shown then matters more than the folder.
 class FolderScope {
  public:
   FolderScope(FileSystem& files, const std::string& folder) noexcept;

@@ -20,7 +20,7 @@ void RequireFile(Environment& environment, const std::string& name) {
   if (!environment.ports.files.FileExists(name)) {
     throw RunTimeError(error_number::kFileNotFound, Text::kFileNotFound, {name});
   }
-  (void)environment.ports.files.OpenForReading(name);  // a window that is given a pipe would wait for ever
+  (void)environment.ports.files.OpenForReading(name);  // a window that reads a pipe would wait for ever
 }
 
 }  // namespace

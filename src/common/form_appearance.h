@@ -17,8 +17,8 @@ void SetButtonCursor(const Environment& environment, CommandButton& button);
 /// Gives a form the icon strGraphics, "\Icon\General\Kestrel.ico". Throws RunTimeError 53 when the file is not there.
 void SetFormIcon(Environment& environment, Form& form);
 
-/// Both for a form that opens. A missing file is not a reason to refuse the form: the back end has pictures of its own,
-/// and the error log gets one record a process, none where no window is shown.
+/// Loads cursor and icon for a form that opens. A missing file is not a reason to refuse the form: the back end has
+/// default pictures, and the error log gets one record a process, none where no window is shown.
 void LoadFormPictures(Environment& environment, Form& form);
 
 }  // namespace chartproject

@@ -31,7 +31,8 @@ class FormTranslator {
  public:
   explicit FormTranslator(const Environment& environment) : environment_(environment) {}
 
-  /// Hands `set` the text of a Portuguese message id in the component's language; a value that is no number is none.
+  /// Passes `set` the text of a Portuguese message id in the component's language. Does nothing when `value` is not a
+  /// number.
   template <typename Setter>
   void Replace(const std::string& value, const Setter& set) const noexcept {
     SkipErrors([&] {
@@ -42,7 +43,7 @@ class FormTranslator {
     });
   }
 
-  /// Hands `set` the text with the id that a value begins with, in whatever language that is.
+  /// Passes `set` the text with the id that a value begins with; that id already includes the language.
   template <typename Setter>
   void ReplaceById(const std::string& value, const Setter& set) const noexcept {
     SkipErrors([&] {
@@ -130,7 +131,7 @@ constexpr std::array<TypeRule, 17> kRules{{
     {"SSTab", TranslateTabCaptions},
     {"Label", TranslateCaptioned},
     {"CommandButton", TranslateCaptioned},
-    {"ComboBox", TranslateCaptioned},  // its caption is passed over: it has none
+    {"ComboBox", TranslateCaptioned},  // the caption is skipped: it has none
     {"CheckBox", TranslateCaptioned},
     {"OptionButton", TranslateCaptioned},
     {"Frame", TranslateCaptioned},

@@ -15,7 +15,7 @@ class Form;
 
 /// Replaces the message numbers (Portuguese ids, 1000 + k) in a form and its controls by the texts of the component's
 /// language. Which property holds a number depends on the control's type name. A number that has no text, a text that
-/// is no number and a property that a control does not have are passed over; the walk never stops and never throws.
+/// is not a number and a property that a control does not have are skipped. The walk never stops and never throws.
 ///
 /// A caption comes from the number in `Tag`, which stays, so that a second pass finds it again. Tool tips, menu and tab
 /// captions hold their own number and are translated once. Controls of a type without a rule take `Tag` and tool tip

@@ -14,7 +14,7 @@ struct Environment;
 /// box fails. A help folder that cannot be entered does not keep a message from the user: the box is shown without it.
 /// @param buttons sum of box_style flags
 /// @param helpContext with a context the box has a Help button; without one `helpFile` is ignored
-/// Whoever only informs may drop the answer.
+/// Callers that only inform may ignore the answer.
 std::int16_t ShowMessage(Environment& environment, const std::string& prompt, std::int32_t buttons,
                          const std::string& helpFile = {}, std::optional<std::int32_t> helpContext = std::nullopt);
 

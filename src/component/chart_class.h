@@ -12,7 +12,7 @@ namespace chartproject {
 /// the settings back. Everything runs on the thread that shows the forms. Instances of one thread share one state: each
 /// start reads the settings into it anew, each release saves what it holds then.
 ///
-/// Release is a call of its own, because it can fail and its caller must learn of it (the COM server's last Release,
+/// Release is a separate call, because it can fail and its caller must learn of it (the COM server's last Release,
 /// the program's end). An instance that is destroyed without it still releases, so that no setting is lost on the way
 /// out of an error; a failure is then logged and shown.
 class ChartClass {
@@ -25,7 +25,7 @@ class ChartClass {
   ChartClass& operator=(const ChartClass&) = delete;
 
   /// Makes and opens a drive link, shows the acquisition dialog until it is closed, and ends the link.
-  /// Throws RunTimeError when link or dialog fail; whatever happens, no link is left behind.
+  /// Throws RunTimeError when link or dialog fail; no link stays open.
   void AcquireVar();
 
   /// Remembers the name of a chart file and shows it in the chart window until that is closed.

@@ -12,7 +12,7 @@ namespace chartproject {
 
 /// An instance reads the settings anew but finds everything else as the last one left it: the language of a setting
 /// that names none, the drives while no project is open, the header fields that a chart file lacks. Instances of one
-/// thread share a state; threads have states of their own, and the last instance to end is the one remembered.
+/// thread share a state; each thread has its own, and the last instance to end is the one remembered.
 class ProcessState {
  public:
   /// The state for a thread's instances, with what the process remembers. It lives as long as any of them. Any thread.

@@ -1,4 +1,4 @@
-// The state of the drive floor on top of the environment's.
+// The state of the drive layer on top of the environment's.
 #pragma once
 
 #include <cstdint>

@@ -12,7 +12,7 @@ class DriveLinkSession {
  public:
   /// Makes the link. Throws RunTimeError 429 when it cannot be made. @param context outlives the session
   explicit DriveLinkSession(DriveContext& context);
-  /// Closes the link; on the way out of an error its own failure would only hide the first one.
+  /// Closes the link; after an error its own failure is ignored, since it would hide the first one.
   ~DriveLinkSession();
   DriveLinkSession(const DriveLinkSession&) = delete;
   DriveLinkSession& operator=(const DriveLinkSession&) = delete;

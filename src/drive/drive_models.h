@@ -7,7 +7,7 @@
 
 namespace chartproject {
 
-/// What a value read from a drive of a model is shown as. @see DisplayValue
+/// How a value read from a drive of a model is shown. @see DisplayValue
 enum class ValueDisplay {
   kNothing,     ///< these models show no text
   kAsRead,      ///< the text of the link

@@ -11,7 +11,7 @@ struct DriveContext;
 
 inline constexpr int kLastDriveAddress = 30;
 
-/// What a drive file says of one drive; all empty when there is no drive at the address.
+/// The entry of one drive in a drive file; all empty when there is no drive at the address.
 struct DriveRecord {
   std::string Address;  ///< two digits
   std::string Type;     ///< model name, for example KRA-09

@@ -33,7 +33,7 @@ void ShowLineError(DriveContext& context, std::int64_t line, const std::string& 
   ShowMessage(context, text, box_style::kCritical, context.helpFile, kLineErrorHelpContext);
 }
 
-/// The first faults of a driver file have a box each; a file of thousands must not keep its user clicking for hours.
+/// Only the first faults of a driver file have a box each, because a file may have thousands.
 class FaultBoxes {
  public:
   /// Counts a fault; true when it has its box.

@@ -16,15 +16,15 @@ struct DriveContext;
 /// Finds the unit code of a keyword; reports an unknown one. @param parameter the parameter that has the unit
 using UnitCodeFinder = std::function<std::int16_t(std::string_view keyword, int parameter)>;
 
-/// Takes the lines of a driver file into a drive's tables; knows no file and no user.
+/// Parses the lines of a driver file into a drive's tables. Independent of files and of the user interface.
 class DriverFileParser {
  public:
   /// @param table cleared by the caller; outlives the parser
   DriverFileParser(ParameterTable& table, const NumberFormat& numbers, UnitCodeFinder findUnitCode);
 
-  /// Takes one line (UTF-8). False for a line error, which is the caller's to report; what the line held before the
-  /// error stays. Throws RunTimeError 13 or 6 for a parameter number or limit that is no number, 9 for a parameter
-  /// number outside 0 to 999.
+  /// Takes one line (UTF-8). False for a line error, which the caller reports; values before the error are kept.
+  /// Throws RunTimeError 13 or 6 for a parameter number or limit that is not a number, 9 for a parameter number outside
+  /// 0 to 999.
   [[nodiscard]] bool TakeLine(std::string_view line);
 
  private:

@@ -22,7 +22,7 @@ struct DriveContext;
 /// The ordinary read: the unit code of the driver file, digital words plain.
 [[nodiscard]] bool ReadOrdinary(DriveContext& context, std::int16_t parameter);
 
-/// What came of a special read.
+/// The result of a special read.
 struct SpecialReading {
   bool answered = false;  ///< the drive answered for the parameter itself, or for one that it is computed from
   std::optional<std::string> text;  ///< nothing where the read leaves the caller's text as it was
@@ -34,7 +34,7 @@ struct SpecialReading {
 [[nodiscard]] std::optional<SpecialReading> ReadSpecial(DriveContext& context, std::int16_t parameter);
 
 /// The same in the host's form. True when the parameter is special; `resultText` is then the text to record, unchanged
-/// where the read left it so.
+/// when the read did not set it.
 [[nodiscard]] bool ReadSpecialParameter(DriveContext& context, std::int16_t parameter, std::string& resultText);
 
 /// One parameter as a recording keeps it.

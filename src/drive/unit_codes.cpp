@@ -1,4 +1,4 @@
-// The keyword table is a rule: twelve families with six variants each, and four keywords of their own.
+// The keyword table is a rule: twelve families with six variants each, and four single keywords.
 #include "drive/unit_codes.h"
 
 #include <array>

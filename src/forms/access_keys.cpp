@@ -1,4 +1,4 @@
-// Buttons choose first, for they are pressed most; then check boxes, then the labels of fields.
+// Buttons choose first because they are pressed most; then check boxes, then the labels of fields.
 #include "forms/access_keys.h"
 
 #include <algorithm>
@@ -33,7 +33,7 @@ std::vector<std::size_t> Candidates(const std::string& caption) {
   return ranked[0];
 }
 
-/// Gives each caption a letter of its own, those that come first before the others.
+/// Gives each caption a different letter; earlier captions choose first.
 class Letters {
  public:
   /// Takes a letter for a caption that marks it itself.

@@ -41,7 +41,7 @@ struct Font {
   bool italic = false;
 };
 
-/// Which corner or edge of the text's box stands at the given point.
+/// Which corner or edge of the text's box is at the given point.
 enum class Align : std::uint8_t { kLeft, kCenter, kRight };
 
 /// Coordinates are pixels from the top left; antialiased. Lines join round or bevelled, never mitred: a spike would

@@ -31,10 +31,10 @@ enum class Property {
   kPicture,
   kColor,
   kMousePointer,
-  kContent,       ///< an owner-drawn control wants to be painted again
+  kContent,       ///< an owner-drawn control must be painted again
   kSelection,     ///< the whole text of a field is selected
   kAvailability,  ///< other items of a list are available
-  kOverlay,       ///< what lies over an owner-drawn control wants to be painted again
+  kOverlay,       ///< the overlay of an owner-drawn control must be painted again
 };
 
 /// Mouse pointers that the system uses, with the platform's numbers.
@@ -94,12 +94,12 @@ class Control {
   [[nodiscard]] const Rect& Place() const noexcept { return place_; }
   void SetPlace(const Rect& place) noexcept { place_ = place; }
 
-  /// Raised when the focus leaves the control, which the back end tells by LeaveFocus.
+  /// Raised when the focus leaves the control; the back end reports that with LeaveFocus.
   Event lostFocus;
   void LeaveFocus() { Raise(lostFocus); }
 
  protected:
-  /// Tells the back end that a property changed.
+  /// Reports to the back end that a property changed.
   void Changed(Property property);
   /// Runs an event's handler inside the form's error boundary.
   void Raise(const Event& event);

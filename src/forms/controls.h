@@ -22,7 +22,7 @@ class Label : public Control {
   /// A text that may take several lines; the layout gives it the width that is there.
   [[nodiscard]] bool WordWrap() const noexcept { return wordWrap_; }
   void SetWordWrap(bool wrap) noexcept { wordWrap_ = wrap; }
-  /// A text that never widens the window: what does not fit is cut and ends in an ellipsis.
+  /// A text that never widens the window: a longer text is cut and ends in an ellipsis.
   [[nodiscard]] bool Elided() const noexcept { return elided_; }
   void SetElided(bool elided) noexcept { elided_ = elided; }
 
@@ -271,7 +271,7 @@ class UpDown : public RangeControl {
   bool syncBuddy_ = false;
 };
 
-/// What a mouse or key did over an owner-drawn control.
+/// A mouse or key event over an owner-drawn control.
 struct MouseInput {
   PointF at;           ///< relative to the control
   bool shift = false;  ///< Shift was down
@@ -285,9 +285,9 @@ class DrawnControl : public Control {
  public:
   using Control::Control;
   /// Paints the whole control; the canvas' extent is the control's size. A back end keeps the picture until Invalidate
-  /// or another size, for a long slice takes many milliseconds.
+  /// or another size, because a long slice takes many milliseconds.
   virtual void Paint(Canvas& canvas) = 0;
-  /// Paints what lies over that picture and follows the mouse. Only after Paint at the same size.
+  /// Paints the overlay that follows the mouse. Only after Paint at the same size.
   virtual void PaintOverlay(Canvas& /*canvas*/) {}
   [[nodiscard]] virtual Size PreferredSize() const = 0;
   virtual void MouseMoved(const MouseInput& /*input*/) {}

@@ -1,9 +1,9 @@
-// A flag that handlers see while something is going on.
+// A flag that handlers see while something is in progress.
 #pragma once
 
 namespace chartproject {
 
-/// Gives a flag a value while it lives, and the former one back.
+/// Sets a flag while it lives, and restores the former value.
 class FlagScope {
  public:
   explicit FlagScope(bool& flag, bool value = true) : flag_(flag), before_(flag) { flag_ = value; }

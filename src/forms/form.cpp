@@ -65,7 +65,7 @@ void Form::RunHandler(const std::string& routine, const std::function<void()>& h
       reporter_(routine, AsRunTimeError(error));
     }
   } catch (...) {
-    // The reporter is the last resort; what it cannot show has no other way to the user.
+    // The reporter is the last resort: an error that it cannot show is lost.
     return;
   }
 }

@@ -18,7 +18,7 @@ class FormView;
 
 enum class WindowState { kNormal = 0, kMinimized = 1, kMaximized = 2 };
 
-/// What a form tells its view about itself.
+/// The changes that a form reports to its view.
 enum class FormProperty { kCaption, kIcon, kMousePointer, kPlace, kHeight, kWindowState, kLayout };
 
 /// Shows and logs an error that a handler did not trap. @param routine the handler's name
@@ -37,7 +37,7 @@ class Form {
   void Load();
   /// Loads when needed, runs OnActivate, shows, and returns when the form was hidden or unloaded.
   void ShowModal();
-  /// Shows a form that only says what goes on, and returns at once. It takes no input; Hide or Unload ends it.
+  /// Shows a form that only reports progress, and returns at once. It takes no input; Hide or Unload ends it.
   void ShowStatus();
   /// Ends the display; the form stays loaded.
   void Hide();
@@ -140,7 +140,7 @@ class Form {
   bool unloading_ = false;
 };
 
-/// Shows the hourglass on a form while it lives, and puts the former pointer back whatever happens.
+/// Shows the hourglass on a form while it lives, and always restores the former pointer.
 class HourglassScope {
  public:
   explicit HourglassScope(Form& form);

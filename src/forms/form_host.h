@@ -32,7 +32,7 @@ class FormHost {
   [[nodiscard]] virtual std::unique_ptr<FormView> CreateView(Form& form) = 0;
   /// Turns messages and timers until form.IsShown() is false. Calls may nest (a form opened from a form).
   virtual void RunModal(Form& form) = 0;
-  /// False for a back end whose forms nobody sees.
+  /// False for a back end that shows no forms.
   [[nodiscard]] virtual bool ShowsWindows() const noexcept { return true; }
   /// The screen's working area in twips.
   [[nodiscard]] virtual Size ScreenSize() const = 0;

@@ -211,7 +211,7 @@ void Arranger::PlaceControl(const LayoutBox& box, const Rect& area) {
     return;
   }
   Rect place = area;
-  if (box.stretchY <= 0) {  // a control keeps its height and stands in the middle of its row
+  if (box.stretchY <= 0) {  // a control keeps its height and is centred in its row
     place.height = std::min(HeightAt(box, area.width), area.height);
     place.y += (area.height - place.height) / 2;
   }
@@ -256,7 +256,7 @@ LayoutBox BoxOf(Kind kind, std::vector<LayoutBox> children) {
 void PutInto(Control& container, const LayoutBox& box) {
   if (box.control != nullptr) {
     box.control->SetContainer(&container);
-    return;  // what stands inside a group belongs to that group
+    return;  // what is inside a group belongs to that group
   }
   for (const LayoutBox& child : box.children) PutInto(container, child);
 }

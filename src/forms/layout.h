@@ -1,4 +1,4 @@
-// Where controls stand: rows, columns, grids and stacks that take the size of their texts and share what is left.
+// Where controls are: rows, columns, grids and stacks that take the size of their texts and share what is left.
 #pragma once
 
 #include <vector>
@@ -9,11 +9,11 @@ namespace chartproject {
 
 class Control;
 
-/// Asks the back end for the sizes that its own font and widgets need.
+/// Asks the back end for the sizes that its font and widgets need.
 class ControlMeasurer {
  public:
   virtual ~ControlMeasurer() = default;
-  /// The least size at which nothing of the control's texts is cut; of a container, that of its title.
+  /// The least size at which no text of the control is cut; for a container, no part of its title.
   [[nodiscard]] virtual Size PreferredSize(const Control& control) const = 0;
   /// Height of a control at a width; only that of a wrapping label depends on it.
   [[nodiscard]] virtual double HeightForWidth(const Control& control, double width) const = 0;
@@ -21,7 +21,7 @@ class ControlMeasurer {
   [[nodiscard]] virtual Insets ContainerInsets(const Control& container) const = 0;
 };
 
-/// Pixels between neighbours, and between a window's edge and what stands in it.
+/// Pixels between neighbours, and between a window's edge and its content.
 inline constexpr double kLayoutGap = 8;
 inline constexpr double kFormMargin = 12;
 

@@ -13,7 +13,7 @@ class Clipboard {
   virtual ~Clipboard() = default;
   virtual void Clear() = 0;
   virtual void SetPicture(const Bitmap& picture) = 0;
-  /// The picture on the clipboard, whoever put it there; nothing when it holds none.
+  /// The picture on the clipboard, from any program; nothing when there is none.
   [[nodiscard]] virtual std::optional<Bitmap> Picture() = 0;
 };
 

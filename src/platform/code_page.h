@@ -9,7 +9,7 @@ namespace chartproject {
 class CodePage {
  public:
   virtual ~CodePage() = default;
-  /// Bytes of a file as UTF-8. Every byte has a character of its own, so that Encode gives the same byte back.
+  /// Bytes of a file as UTF-8. Every byte has a different character, so that Encode gives the same byte back.
   [[nodiscard]] virtual std::string Decode(std::string_view bytes) const = 0;
   /// UTF-8 as bytes of a file; a character that the code page lacks becomes "?".
   [[nodiscard]] virtual std::string Encode(std::string_view text) const = 0;

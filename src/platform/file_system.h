@@ -12,7 +12,7 @@
 
 namespace chartproject {
 
-/// What tells one state of a file from another: a file that grew keeps volume and index; a replaced one does not.
+/// Distinguishes two states of a file. A file that grew keeps volume and index; a replaced one does not.
 struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t index = 0;
@@ -84,7 +84,7 @@ class FileSystem {
   /// Makes a new file beside another one. Errors name the target where several names may be tried, else the name.
   [[nodiscard]] virtual std::unique_ptr<SideFile> MakeSideFile(const SideFileRequest& request) = 0;
   /// The name of the file that a symbolic link leads to, whether that file exists or not; any other name as it is.
-  /// Throws NotARegularFile for a device, pipe or socket, and 70 for a link of a stranger in a shared folder.
+  /// Throws NotARegularFile for a device, pipe or socket, and 70 for a stranger's link in a shared folder.
   [[nodiscard]] virtual std::string ResolveLink(const std::string& name) = 0;
   /// Throws when there is something of that name that a new file cannot take the place of: NotARegularFile, 75 for a
   /// folder, 70 for a file that the system protects.
@@ -94,8 +94,8 @@ class FileSystem {
   /// Throws 70 when the name is a symbolic link or belongs to another user; nothing when it is not there.
   virtual void CheckOwned(const std::string& name) = 0;
   /// Takes a file's name for one writer among all that ask, in this program and in others. A marker file beside it
-  /// (name + ".lock", or ".lock1" ... where that is somebody else's) is there meanwhile; one left by a program that
-  /// died holds nothing.
+  /// (name + ".lock", or ".lock1" ... when that file is not such a marker) is there meanwhile; one left by a program
+  /// that died holds nothing.
   [[nodiscard]] virtual LockAttempt Lock(const std::string& name) = 0;
   virtual void Delete(const std::string& name) = 0;
   /// Makes a folder and the folders above it; no error when it is there.

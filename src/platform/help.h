@@ -9,7 +9,7 @@ namespace chartproject {
 class Help {
  public:
   virtual ~Help() = default;
-  /// Opens a help file at a context number; tells the user which file is missing when it is not there.
+  /// Opens a help file at a context number. A box names the file when it is missing.
   virtual void ShowContext(const std::string& helpFile, std::int32_t context) = 0;
 };
 

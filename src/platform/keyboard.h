@@ -1,4 +1,4 @@
-// Port: the state of a key at this moment, whatever has the focus.
+// Port: the state of a key at this moment, independent of the focus.
 #pragma once
 
 namespace chartproject {

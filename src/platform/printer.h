@@ -48,11 +48,11 @@ class Printer {
   virtual void NextLine() = 0;
   /// Paints a picture with its top left corner at (x, y). @param width,height its size on paper
   virtual void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) = 0;
-  /// Paints a picture file (icon) at its own size. Throws 53 when it is missing, 481 when it is no picture.
+  /// Paints a picture file (icon) at its own size. Throws 53 when it is missing, 481 when it is not a picture.
   virtual void PaintPictureFile(const std::string& fileName, double x, double y) = 0;
   /// Ends the document and hands it to the printer.
   virtual void EndDocument() = 0;
-  /// Gives the document up; nothing is printed.
+  /// Cancels the document; nothing is printed.
   virtual void AbandonDocument() noexcept = 0;
 };
 

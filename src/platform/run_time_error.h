@@ -45,7 +45,7 @@ class RunTimeError : public std::runtime_error {
  public:
   /// @param number one of error_number, or another number of the platform
   /// @param description what happened, with the name of the file or value concerned (UTF-8)
-  /// @param source the component that raised it; "ChartProject" for our own errors
+  /// @param source the component that raised it; "ChartProject" for errors of this system
   explicit RunTimeError(int number, const std::string& description, std::string source = "ChartProject")
       : std::runtime_error(description), number_(number), source_(std::move(source)) {}
   /// An error whose description is a text in the user's language. @param values of the text's places "%1", "%2" ...

@@ -1,4 +1,4 @@
-// Port: side files, the program's own files beside the file that they serve (spool, unfinished file, journal).
+// Port: side files, the program's files beside the file that they serve (spool, unfinished file, journal).
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ struct DiskSpace;
 
 /// Access rights of a file as its system keeps them; given back as they were read.
 struct FileRights {
-  bool known = false;  ///< false where there is no file, or a system that keeps no such rights
+  bool known = false;  ///< false when there is no file, or when the system keeps no such rights
   std::uint32_t mode = 0;
   std::uint32_t owner = 0;
   std::uint32_t group = 0;
@@ -41,8 +41,8 @@ struct SideFileRequest {
   return name + std::to_string(n);
 }
 
-/// A file that was made by this object and did not exist before: never one of somebody else, never through a link.
-/// Later accesses go to that very file or fail with RunTimeError 75. Deletes it unless it was kept or has replaced its
+/// A file that was made by this object and did not exist before: never an existing file, never through a link.
+/// Later accesses go to that same file or fail with RunTimeError 75. Deletes it unless it was kept or has replaced its
 /// target. Operations throw RunTimeError as those of FileSystem do.
 class SideFile {
  public:
@@ -52,7 +52,7 @@ class SideFile {
   virtual ~SideFile() = default;
 
   [[nodiscard]] virtual const std::string& Name() const = 0;
-  /// False when the name was taken away or given to another file.
+  /// False when the name was removed or now belongs to another file.
   [[nodiscard]] virtual bool HasItsName() const = 0;
   /// From the start of the file. One writer or reader at a time; it does not outlive the side file.
   [[nodiscard]] virtual std::unique_ptr<OutputFile> OpenForWriting() = 0;

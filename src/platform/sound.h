@@ -18,7 +18,7 @@ class Sound {
   virtual ~Sound() = default;
   /// Number of wave output devices; 0 means that nothing can be heard.
   [[nodiscard]] virtual unsigned OutputDeviceCount() = 0;
-  /// Plays a wave file; a missing or broken file plays nothing and is no error.
+  /// Plays a wave file; a missing or broken file plays nothing and is not an error.
   virtual void Play(const std::string& fileName, std::uint32_t flags) = 0;
 };
 

@@ -24,7 +24,7 @@ struct SaveAsArguments {
 /// The application's normal workbook format.
 inline constexpr std::int32_t kNormalWorkbookFormat = -4143;
 
-/// One running spreadsheet application with at most one workbook of ours. Sheets, rows and columns count from 1.
+/// One running spreadsheet application with at most one open workbook. Sheets, rows and columns count from 1.
 /// Every operation throws RunTimeError when the application refuses it. Destroying the object releases it without
 /// saving.
 class SpreadsheetApplication {
@@ -34,7 +34,7 @@ class SpreadsheetApplication {
   virtual void AddWorkbook() = 0;
   /// "sheets.Count".
   [[nodiscard]] virtual int SheetCount() = 0;
-  /// "sheets.Add" with the argument "after": a new sheet behind the given one.
+  /// "sheets.Add" with the argument "after": a new sheet after the given one.
   virtual void AddSheetAfter(int sheet) = 0;
   /// A sheet's "Name".
   virtual void SetSheetName(int sheet, const std::string& name) = 0;

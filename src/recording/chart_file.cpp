@@ -1,4 +1,4 @@
-// Reading chart files in bounded memory, whatever the file holds.
+// Reading chart files of any content and size in bounded memory.
 #include "recording/chart_file.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace chartproject {
 namespace {
 
 constexpr std::size_t kBlockSize = 65'536;
-/// A line longer than this is no header line; its value would be no value of ours.
+/// Longer lines cannot be header lines and are skipped.
 constexpr std::size_t kHeaderLineLimit = 4096;
 constexpr std::size_t kMarksInRow = 6;
 

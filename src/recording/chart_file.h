@@ -18,12 +18,12 @@ struct Environment;
 
 /// Value columns of a chart file.
 inline constexpr int kColumnCount = 4;
-/// The line behind which the rows begin.
+/// The line after which the rows begin.
 inline constexpr std::string_view kRowsMark = "[TIME/CONTENT]";
 
 /// What a header reading found.
 struct HeaderReading {
-  int keys = 0;             ///< lines that held a key; 0 means that this is no chart file
+  int keys = 0;             ///< lines that held a key; 0 means that this is not a chart file
   bool rowsFollow = false;  ///< the rows' mark was reached
 };
 
@@ -32,7 +32,7 @@ struct HeaderReading {
 HeaderReading ReadChartHeader(Component& component);
 
 /// Reads a header from the start of an open file. Reading ends at the rows' mark, at the end of the file, or after
-/// kHeaderLimit bytes: a header is some hundred bytes, and a file without the mark may be as long as the disk.
+/// kHeaderLimit bytes: a header is some hundred bytes, and a file without the mark may be as large as the disk.
 HeaderReading ReadChartHeader(InputFile& file, const CodePage& codePage, ChartHeader& header);
 inline constexpr std::uint64_t kHeaderLimit = 1'048'576;
 
@@ -57,7 +57,7 @@ struct ChartRow {
 };
 
 /// Splits a point's line (without or with its line end) into its texts. Nothing when the line, blanks and line end
-/// trimmed, does not hold exactly six "#": then it is no point. Allocates nothing.
+/// trimmed, does not hold exactly six "#": then it is not a point. Allocates nothing.
 [[nodiscard]] std::optional<ChartRow> SplitRow(std::string_view line) noexcept;
 
 /// The user's word for a header's trigger mode ("Event", "Manual"); empty for any other code.

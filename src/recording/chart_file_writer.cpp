@@ -165,7 +165,7 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
   }
   if (result.kind == ChartWriteResult::Kind::kWritten) return result;
   spool.Keep();
-  // A spool file whose name was taken away still holds its rows, but only as long as this program has it open.
+  // A spool file whose name was taken still holds its rows, but only while this program has it open.
   result.keptFile =
       spool.HasItsName() ? spool.Name() : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
         CopyLines(*spool.OpenForReading(), file, keepAlive);

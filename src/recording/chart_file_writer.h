@@ -28,7 +28,7 @@ struct PointRow {
 /// Lines 1 to 20 of a chart file with their line ends (UTF-8).
 [[nodiscard]] std::string HeaderLines(const ChartHeader& header);
 
-/// Appends a row with its line end: the time, four values each behind a "#", two closing "#" (UTF-8).
+/// Appends a row with its line end: the time, four values each after a "#", two closing "#" (UTF-8).
 void AppendRowLine(std::string& lines, const PointRow& row);
 
 /// The spool file that belongs to a chart file.
@@ -52,13 +52,13 @@ struct ChartWriteResult {
 };
 
 /// Writes chart files beside their final name and renames them when they are complete and flushed, so that an existing
-/// file is replaced by a whole one or not at all. Writing throws nothing: what went wrong is in the result.
+/// file is replaced by a whole one or not at all. Writing throws nothing: the result reports failures.
 class ChartFileWriter {
  public:
   ChartFileWriter(FileSystem& files, const CodePage& codePage) : files_(files), codePage_(codePage) {}
 
   /// Throws RunTimeError when no file can be made beside the chart file, or when the one that is there cannot be
-  /// replaced: better reported before a run than after.
+  /// replaced: reported before a run rather than after it.
   void CheckTarget(const std::string& fileName) const;
 
   /// Writes header and rows. When that fails the rows are saved beside the target, or else in `rescueFolder`, or else

@@ -7,7 +7,7 @@
 
 namespace chartproject {
 
-/// Values as they stand in the file. Reading clears nothing first: a key that a file lacks keeps its former value.
+/// Values as they are in the file. Reading clears nothing first: a key that a file lacks keeps its former value.
 struct ChartHeader {
   std::string DriveAddress;
   std::string NumberOfParameters;  ///< "1" to "4"

@@ -9,8 +9,8 @@
 
 namespace chartproject {
 
-/// It stands on this floor, the lowest that can see all of it, so that the acquisition dialog and the chart window
-/// share it; ChartClass owns the one of a process, tests make their own.
+/// The state that the acquisition dialog and the chart window share. It is in the lowest layer that can see all of its
+/// parts. ChartClass owns the one of a process; tests make their own.
 struct Component : DriveContext {
   using DriveContext::DriveContext;
 
@@ -19,7 +19,7 @@ struct Component : DriveContext {
   std::string timeText;              ///< the time between points as last checked
   std::string contentText;           ///< the comparison value as last checked
   ChartHeader chartHeader;
-  /// Shows a chart file in the chart window, which stands a floor above; set when the component is created.
+  /// Shows a chart file in the chart window, which is a layer above; set when the component is created.
   std::function<void(Component&, const std::string&)> showChart;
 };
 

@@ -19,14 +19,14 @@ constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {1e0, 1e1, 1e2,  1
                                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 /// Sign, digits and at most one comma or full stop: with a single one it is the decimal separator in every locale,
-/// once it is made the locale's own. False for anything else, also for a number that is too long to be exact.
+/// once it is made the locale's own. False for anything else and for a number that is too long to be exact.
 bool ReadPlainDecimal(std::string_view field, double& value) noexcept {
   std::size_t at = 0;
   const bool negative = field[0] == '-';
   if (negative) ++at;
   std::int64_t digits = 0;
   int digitCount = 0;
-  int decimals = -1;  // digits behind the separator; negative before it
+  int decimals = -1;  // digits after the separator; negative before it
   for (; at < field.size(); ++at) {
     const char c = field[at];
     if (c >= '0' && c <= '9') {

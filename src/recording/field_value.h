@@ -1,4 +1,4 @@
-// The number that a value field of a chart file stands for.
+// The number in a value field of a chart file.
 #pragma once
 
 #include <string_view>
@@ -7,9 +7,9 @@
 
 namespace chartproject {
 
-/// An empty field is 0. A field that is no number (for example "--", which a recording writes for a reading out of its
-/// range) is a gap: NaN. Decimal comma and full stop are read alike, whatever the user's locale.
-/// @param field the field's bytes, as they stand in the file
+/// An empty field is 0. A field that is not a number is a gap: NaN; a recording writes for example "--" for a reading
+/// out of its range. Decimal comma and full stop are both accepted in every locale.
+/// @param field the field's bytes, as they are in the file
 [[nodiscard]] double FieldValue(std::string_view field, const NumberFormat& format);
 
 }  // namespace chartproject

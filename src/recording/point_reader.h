@@ -17,7 +17,7 @@ enum class LineKind : std::uint8_t {
   kMalformed  ///< anything else, and every line longer than kLongestPointLine
 };
 
-/// A longer line is not a point; the rest of it is read over in bounded memory.
+/// A longer line is not a point. The rest of it is skipped in bounded memory.
 inline constexpr std::size_t kLongestPointLine = 4096;
 
 /// One line after the rows' mark; the views hold until the next call of PointReader::Next.
@@ -31,13 +31,13 @@ struct PointLine {
 
 class PointReader {
  public:
-  /// @param file outlives the reader; nobody else moves it meanwhile
+  /// @param file outlives the reader; its position must not be changed from outside
   /// @param first a line after the rows' mark, see LocateRows
   PointReader(InputFile& file, const RowStart& first);
 
   /// False at the end of the file. Throws RunTimeError 57 on a device error.
   [[nodiscard]] bool Next(PointLine& line);
-  /// Passes over the lines before `number` without a look at them.
+  /// Skips the lines before `number` without examining them.
   void SkipTo(std::int64_t number);
   /// Number of the line that comes next; at the end of the file one more than that of the last line.
   [[nodiscard]] std::int64_t NextNumber() const noexcept { return next_; }
@@ -54,10 +54,10 @@ struct PointCount {
   std::int64_t lastLine = 0;  ///< number of the last point's line; 0 without a point
 };
 
-/// Called now and then with the offset that is reached; false gives the count up.
+/// Called at intervals with the offset reached; returning false stops the count.
 using CountProgress = std::function<bool(std::uint64_t offset)>;
 
-/// Reads to the end of the file; nothing when the count was given up. Throws RunTimeError 57 on a device error.
+/// Reads to the end of the file; nothing when the count was stopped. Throws RunTimeError 57 on a device error.
 [[nodiscard]] std::optional<PointCount> CountPoints(InputFile& file, const RowStart& first,
                                                     const CountProgress& progress = {});
 

@@ -10,7 +10,7 @@ namespace chartproject {
 
 enum class Language : std::uint8_t { kPortuguese, kEnglish, kSpanish };
 
-/// What is known of one language.
+/// The properties of one language.
 struct LanguageRow {
   Language language;
   std::string_view name;      ///< as the setting strLanguage holds it

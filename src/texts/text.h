@@ -140,7 +140,7 @@ enum class Text : std::uint16_t {
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
-  kExportSkippedLines,   ///< "%1 line(s) ... left out; the first is line %2."
+  kExportSkippedLines,   ///< "%1 line(s) ... were skipped; the first is line %2."
   kExportTooLarge,       ///< "... %1 points would fit."
   kExportNeedsSpace,     ///< the workbook needs %1, the disk has %2
   kExportWithoutPoints,  ///< the file holds 0 points
@@ -150,9 +150,9 @@ enum class Text : std::uint16_t {
   kReadingFile,          ///< "Reading the file: %1 % (Esc stops)"
   kReadingStopped,       ///< "Stopped. The chart stays where it was."
   kFewerPoints,          ///< the file holds %1 points, its header names %2
-  kMorePoints,           ///< the file goes on behind point %1, the last one of its header
-  kUnknownPoints,        ///< the header names no number of points; the file holds %1
-  kUnknownSeries,        ///< the header names no 1 to 4 parameters; %1 columns are shown
+  kMorePoints,           ///< the file continues after point %1, the last one of its header
+  kUnknownPoints,        ///< the header does not name a number of points; the file holds %1
+  kUnknownSeries,        ///< the header does not name 1 to 4 parameters; %1 columns are shown
   kNoPointLines,         ///< the file holds a header only
   kNoParameterNames,     ///< no driver file: %1 is the reason
   kReadoutPoint,         ///< "Point %1, %2"  %2 its time

@@ -217,7 +217,7 @@ TEST_F(ChartFileWriterTest, SpoolStaysWhenTheChartFileCannotBeCompleted) {
   EXPECT_EQ(fake.files.Bytes("a.cht.tcf0"), "08:00:00#1.50#####\r\n");
   fake.files.space.totalFree = 100'000'000;
   EXPECT_EQ(writer.WriteSpool("a.cht", header, *spool, "rescue").kind, Kind::kWritten);
-  // Somebody put another file in its place: neither that file nor the rows are lost.
+  // Another file has taken its name: neither that file nor the rows are lost.
   spool = Spool("08:00:00#1.50#####\r\n");
   fake.files.Put("a.cht.tcf0", "a stranger's");
   EXPECT_THROW(spool->AppendAndMeasure("08:00:01#1.50#####\r\n"), RunTimeError);

@@ -26,7 +26,7 @@ class DialogTest : public ::testing::Test {
  protected:
   DialogTest();
 
-  /// Loads the dialog and takes no notice of sounds and boxes so far.
+  /// Loads the dialog and discards the sounds and boxes so far.
   void Open();
   void Choose(ComboBox& list, const std::string& item);
   /// Lets the timers tick until a moment on the virtual clock, or until the recording has ended.

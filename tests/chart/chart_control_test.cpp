@@ -1,5 +1,5 @@
 // The chart control: pointer, cursors, requests to paint, the copied picture;
-// what it says of points: times across midnight, differences, gaps, the scan time in its units.
+// its texts about points: times across midnight, differences, gaps, the scan time in its units.
 #include "chart/window/chart_control.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-// What leaves the chart window. The printed page: what stands where, long names, small pages, failing printers. The
-// export: its questions, calls and cells in their order, and what is left when it ends early.
+// The outputs of the chart window. The printed page: positions, long names, small pages, failing printers. The
+// export: its questions, calls and cells in their order, and the files left when it ends early.
 #include <gmock/gmock.h>
 
 #include "chart/output/chart_page.h"

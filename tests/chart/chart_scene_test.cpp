@@ -272,7 +272,7 @@ TEST(DenseBars, TheTallestComesFirstInEveryPixelColumn) {
   ASSERT_EQ(bars.size(), 100U);
   EXPECT_EQ(std::pair(bars[0].left, bars[0].right), std::pair(10.0, 11.0));
   ASSERT_EQ(bars[0].spans.size(), 2U);
-  const BarSpan& tall = bars[0].spans[0];  // from 8 to -10; the other stands on zero
+  const BarSpan& tall = bars[0].spans[0];  // from 8 to -10; the other begins at zero
   const BarSpan& small = bars[0].spans[1];
   EXPECT_EQ(std::tuple(tall.column, tall.top, tall.bottom), std::tuple(1, 30, 120));
   EXPECT_EQ(std::tuple(small.column, small.top, small.bottom), std::tuple(0, 60, 70));

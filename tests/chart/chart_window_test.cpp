@@ -254,14 +254,14 @@ TEST_F(ChartWindowTest, CommentLinesAreNoFurtherPoints) {
   Show([](ChartForm& form) {
     form.mscChart1.KeyPressed(Key::kEnd, false);
     EXPECT_EQ(FirstLabel(form), 7);
-    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("goes on")));
+    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("continues")));
   });
 }
 
 TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
   using Case = std::tuple<const char*, int, const char*, int, const char*>;
   const Case cases[] = {
-      {"10", 12, "2", 12, "The file goes on behind point 10, the last one that its header names."},
+      {"10", 12, "2", 12, "The file continues after point 10, the last one its header announces."},
       {"20", 12, "2", 12, "The file holds 12 points; its header names 20."},
       {"1000", 25, "2", 25, "The file holds 25 points; its header names 1000."},
       {"many", 40, "2", 25, "The header names no number of points; the file holds 40."},
@@ -298,7 +298,7 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
   fakes.files.Overwrite(kFile, bytes.replace(bytes.find("PXXX1="), 6, "PXXX1=1e400\r\nOld="));
   Show([&](ChartForm& form) {
     form.scroll.hsbGraph.SetValue(5);
-    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("goes on"))) << "what follows is no point";
+    EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("continues"))) << "what follows is not a point";
     EXPECT_EQ(FirstLabel(form), 6);
   });
 }

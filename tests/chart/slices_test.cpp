@@ -99,7 +99,7 @@ TEST_F(SliceReaderTest, KeepsGapsZerosAndColumnsInUseApart) {
   EXPECT_THAT(reading.slice.values[2], ElementsAre(5, 6));
   EXPECT_EQ(reading.slice.columnsInUse, 3);
   EXPECT_THAT(reading.slice.times, ElementsAre("t1", "t2"));
-  EXPECT_FALSE(reading.slice.moreFollow);  // seven marks are no point
+  EXPECT_FALSE(reading.slice.moreFollow);  // seven marks are not a point
 }
 
 TEST_F(SliceReaderTest, FindsEveryLineOfAFileLongerThanTheIndexSpacing) {

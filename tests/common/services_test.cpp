@@ -142,7 +142,7 @@ TEST_F(ServicesTest, TheThreeLanguagesFitTogether) {
   const std::set<int> leadingBlank{90, 99};
   const std::set<int> trailingBlank{52, 86, 87, 88, 89, 94, 98, 100};
   for (int k = 0; k < kMessageCount; ++k) {
-    // Units, numbers and the names of parameters are no language's.
+    // Units, numbers and the names of parameters are the same in every language.
     const bool same = (k >= 22 && k <= 37) || k == 54 || (k >= 58 && k <= 60);
     for (const int base : {1000, 2000, 3000}) {
       const std::string_view text = MessageById(base + k).value_or("");

@@ -1,5 +1,5 @@
 // Driver files: which one is taken, what its lines mean, and how complaints read; drive files into the drive table.
-// What is asked of the drive link, in which order, and what comes of it; model codes, status texts and display texts.
+// The calls to the drive link, their order, and their results; model codes, status texts and display texts.
 #include <gmock/gmock.h>
 
 #include "drive/display_value.h"

@@ -1,4 +1,4 @@
-// Links to plants that are none: scripts, what holds when and what is refused; the simulated machines, which work their
+// Links to simulated plants: scripts, what holds when and what is refused; the simulated machines, which work their
 // cycle, show it in every parameter, and repeat it exactly.
 #include <gmock/gmock.h>
 

@@ -107,7 +107,7 @@ TEST_F(PosixFileSystemTest, FoldersAndFilesAreToldApart) {
 
 TEST_F(PosixFileSystemTest, ANameIsLockedForOneUntilItLetsGo) {
   const std::string name = folder / "a.cht";
-  // A user's own file, also an empty one, is left alone; a marker that its program left behind holds nothing.
+  // A user's own file, also an empty one, is left alone; a marker that its program left holds nothing.
   const std::tuple<const char*, const char*, bool> cases[] = {{nullptr, ".lock", false},
                                                               {"the user's", ".lock1", true},
                                                               {"", ".lock1", true},

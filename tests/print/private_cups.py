@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Runs a command beside a print server of its own and keeps the document that its printer was sent.
+"""Runs a command beside a private print server and keeps the document that its printer was sent.
 
 usage: private_cups.py accepting|rejecting RECEIVED.pdf COMMAND...
 The server listens on the loopback interface only; its one queue, the default printer, takes documents unchanged. Ends

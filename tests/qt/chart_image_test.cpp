@@ -1,5 +1,5 @@
 // The eight chart types as pictures, beside stored ones. Texts are grey blocks of a fixed size, so that no font
-// matters. With CHARTPROJECT_UPDATE_IMAGES=1 in the environment the stored pictures are written anew; look at them
+// matters. With CHARTPROJECT_UPDATE_IMAGES=1 in the environment the stored pictures are rewritten; look at them
 // then.
 #include <gtest/gtest.h>
 

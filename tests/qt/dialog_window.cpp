@@ -1,4 +1,4 @@
-// The project behind the window, and what is measured of it.
+// The project that the window shows, and its measurements.
 #include "qt/dialog_window.h"
 
 #include <QComboBox>

@@ -80,7 +80,7 @@ void User::Poll() {
   }
   deadline_ = std::chrono::steady_clock::now() + kPatience;
   const auto action = steps_[next_++].action;
-  // Not from within the poll: an action may open a box with a loop of its own, where the poll has to go on.
+  // Not from within the poll: an action may open a box with its own event loop, in which the poll must continue.
   QTimer::singleShot(0, &poll_, action);
 }
 

@@ -1,5 +1,5 @@
 // The embedded spreadsheet application: which cells become numbers, what is refused, and files that appear only whole.
-// Exported workbooks, read back by programs that nobody here wrote and compared cell by cell with the chart file.
+// Exported workbooks, read back by independent programs and compared cell by cell with the chart file.
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Printer and spreadsheet application in memory, which write down what is asked of them.
+// Printer and spreadsheet application in memory, which record the requests.
 #pragma once
 
 #include <map>
@@ -49,7 +49,7 @@ class FakePrinter : public Printer {
   double lastPoints_ = 12;
 };
 
-/// What the fake spreadsheet application went through; outlives the application objects.
+/// The calls that the fake spreadsheet application received; outlives the application objects.
 struct FakeSpreadsheetLog {
   std::vector<std::string> calls;            ///< all but the cell calls
   std::map<std::string, std::string> cells;  ///< "sheet!row,column" to text; numbers entered are marked "=1.5"

@@ -1,4 +1,4 @@
-// Drives that answer what a test says and write down what they are asked.
+// Drives that give the answers of a test and record the requests.
 #pragma once
 
 #include <functional>

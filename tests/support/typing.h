@@ -8,8 +8,8 @@
 
 namespace chartproject {
 
-/// Types a text at the end of a field, or over the whole of it where that is selected: every letter is a change of its
-/// own, to what the field held after the one before.
+/// Types a text at the end of a field, or over the whole of it where that is selected: every letter is a separate
+/// change of the text that the field held after the letter before.
 inline void TypeLetters(TextControl& field, std::string_view letters) {
   for (const char letter : letters) field.SetText((field.AllSelected() ? std::string() : field.Text()) + letter);
 }

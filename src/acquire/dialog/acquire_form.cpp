@@ -1,4 +1,4 @@
-// The dialog's life, what its sections mean for each other, and the start of a recording.
+// The dialog's life, the links between its sections, and the start of a recording.
 #include "acquire/dialog/acquire_form.h"
 
 #include "acquire/dialog/window_place.h"

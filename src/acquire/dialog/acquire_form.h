@@ -10,7 +10,7 @@
 
 namespace chartproject {
 
-/// Joins the sections: what one of them means for the others, the start of a recording, and the dialog's own buttons.
+/// Connects the sections with each other, starts recordings, and holds the dialog's buttons.
 class AcquireForm : public Form {
  public:
   /// @param component outlives the form; its drive link is open while the form is shown

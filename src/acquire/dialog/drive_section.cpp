@@ -173,7 +173,7 @@ void DriveSection::LoadDriver(std::int16_t address) {
   driverFileError_.clear();
 }
 
-/// No list may go on offering the parameters of another drive.
+/// No list may still offer the parameters of another drive.
 void DriveSection::ClearParameterLists() {
   for (ComboBox* list : ParameterLists()) list->Clear();
   EnableParameterLists();

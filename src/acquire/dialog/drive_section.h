@@ -49,7 +49,7 @@ class DriveSection : public Section {
   [[nodiscard]] std::string SelectedModel() const;
   /// The hint that keeps Start away, if any.
   [[nodiscard]] std::optional<std::string> Missing() const;
-  /// What is to be known of the drive before a recording is started; empty when there is nothing.
+  /// A notice about the drive to show before a recording is started; empty when there is none.
   [[nodiscard]] std::string Notice() const;
 
  private:

@@ -64,7 +64,7 @@ void FileSection::NoteRecording() {
     (void)ReadChartHeader(*component_.ports.files.OpenForReading(Name()), component_.ports.codePage, header);
     if (!header.StartDate.empty()) recordedAt_ = header.StartDate + " " + header.StartTime;
   } catch (const RunTimeError&) {
-    return;  // whoever shows the file's settings reports it
+    return;  // reported when the file's settings are shown
   }
 }
 
@@ -87,7 +87,7 @@ void FileSection::WarnOf(const RunTimeError& error, Text right) const {
 }
 
 bool FileSection::HasRoomFor(double bytes) const {
-  if (typing_) return true;  // a box at every letter helps nobody; Start asks again
+  if (typing_) return true;  // no box at every letter; Start asks again
   double free = 0;
   try {
     free = static_cast<double>(component_.ports.files.SpaceFor(Name()).totalFree);

@@ -37,7 +37,7 @@ class FileSection : public Section {
   [[nodiscard]] std::string FullName() const;
   /// Notes when the file that is there was recorded.
   void NoteRecording();
-  /// What a start does to a file that is there, and where a name without a folder leads; empty otherwise.
+  /// What a start does to an existing file, and the folder of a name without one; empty otherwise.
   [[nodiscard]] std::string TargetNote() const;
   /// Shows what keeps the file from being read or written as a plain sentence. @param right the text of a missing right
   void WarnOf(const RunTimeError& error, Text right) const;

@@ -63,7 +63,7 @@ bool EndsInDecimalSign(std::string_view text, const NumberFormat& format) {
 double EstimateBytes(std::int32_t points, int parameterCount) {
   const auto v = static_cast<float>(points);
   const auto bytes = static_cast<float>(2.0 * (350.0 + v * 15.0 + v * (5.0 * parameterCount)));
-  // A single carries seven digits; what follows them is noise of the binary fraction.
+  // Single precision has seven digits; the rest is noise of the binary fraction.
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), bytes, std::chars_format::scientific, 6);
   double shown = 0;

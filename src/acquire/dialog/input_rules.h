@@ -19,7 +19,7 @@ inline constexpr std::int32_t kLeastMilliseconds = 200;
 inline constexpr std::int32_t kMostMilliseconds = 65535;
 inline constexpr std::int32_t kMostSeconds = 65;
 
-/// What a field's rule says of its new text.
+/// The verdict of a field's rule on its new text.
 enum class Verdict {
   kAccept,      ///< accepted, and what the field goes back to
   kLetStand,    ///< accepted while typing, checked again on lost focus
@@ -34,7 +34,7 @@ struct NumberCheck {
 
 /// 1 to kMostPoints.
 [[nodiscard]] NumberCheck CheckNumberOfPoints(std::string_view text, const NumberFormat& format);
-/// Milliseconds 1 to 65535 (below 200 let stand while typing) or seconds 1 to 65.
+/// Milliseconds 1 to 65535 (below 200 is accepted while typing) or seconds 1 to 65.
 [[nodiscard]] NumberCheck CheckTimeBetweenPoints(std::string_view text, TimeUnit unit, const NumberFormat& format);
 
 /// True for a text that ends in the locale's decimal sign: a number that is being typed. It is rounded with the next

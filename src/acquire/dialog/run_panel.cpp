@@ -87,7 +87,7 @@ void RunPanel::ShowSampling() {
 
 void RunPanel::ShowProgress(std::int64_t counter, std::int64_t total) {
   prgProgress.SetValue(static_cast<double>(counter * kProgressSteps / total));
-  lblProgress.SetCaption(std::to_string(counter));  // a caption that does not differ is not shown again
+  lblProgress.SetCaption(std::to_string(counter));  // an unchanged caption is not shown again
 }
 
 void RunPanel::ShowStopwatch(const std::string& elapsed) {
@@ -103,7 +103,7 @@ void RunPanel::ShowSaving() {
   lblProgress.SetCaption(Say(Text::kSaving));
 }
 
-/// A long file is copied with the window awake.
+/// Keeps the window responsive while a long file is copied.
 void RunPanel::KeepAwake() {
   form_.Host().KeepAlive();
 }

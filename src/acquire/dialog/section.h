@@ -15,7 +15,7 @@
 namespace chartproject {
 
 /// A group of controls with their handlers and rules. Its controls are made with the form, in tab order, and keep the
-/// documented names; what it needs of other sections it is given when it is made.
+/// documented names. Its constructor receives the other sections that it needs.
 class Section {
  public:
   Section(const Section&) = delete;

@@ -156,7 +156,7 @@ void TimingSection::PutBack(TextControl& field, const std::string& text) {
   if (!strayLetter) field.SelectAll();  // the next digit begins a new number
 }
 
-/// Gives a number that was typed up to its decimal sign its whole form.
+/// Completes a number that was typed up to its decimal sign.
 void TimingSection::Round(TextControl& field, const NumberCheck& check) {
   const bool number = check.verdict == Verdict::kAccept || check.verdict == Verdict::kLetStand;
   if (number) field.SetText(std::to_string(check.value));
@@ -216,7 +216,7 @@ void TimingSection::txtTimeBetweenPoints_LostFocus() {
   if (Unit() != TimeUnit::kMilliseconds || txtTimeBetweenPoints.Text().empty()) return;
   if (CheckTime().verdict == Verdict::kAccept) return;
   {
-    // Emptied first: the refused value can no longer be started with while the message is up.
+    // Emptied first, so that a start cannot use the refused value while the message is up.
     const FlagScope emptying(emptyingTime_);
     txtTimeBetweenPoints.SetText("");
   }
@@ -250,7 +250,7 @@ void TimingSection::cboTimeBetweenPointsUnit_Click() {
   const UnitFields& fields = kUnits[static_cast<std::size_t>(*unit)];
   const bool masked = SpacedByStopwatch();
   lblTimeBetweenPointsRange.SetCaption(Say(fields.range));
-  // What was accepted in another unit must not come back in this one.
+  // A value accepted in another unit must not be restored in this one.
   if (!masked) lastAcceptedTime_ = fields.initialText;
   TimeField().SetText(fields.initialText);
   component_.timeText = fields.initialText;

@@ -9,7 +9,7 @@
 
 namespace chartproject {
 
-/// Each new text of a field is accepted, corrected, or put back.
+/// Each new text of a field is accepted, corrected, or replaced by the last accepted one.
 class TimingSection : public Section {
  public:
   /// @param file, drive the sections whose disk and columns the points need; they outlive this one

@@ -163,7 +163,7 @@ void TriggerSection::cboPXXX_Click() {
   Changed();
 }
 
-/// The program's own content continues nothing that was typed.
+/// Content set by the program does not continue typed text.
 void TriggerSection::SetContent(const std::string& text) {
   refusedContent_.clear();
   txtContent.SetText(text);
@@ -178,7 +178,7 @@ bool TriggerSection::ContinuesRefusedContent() const {
 void TriggerSection::txtContent_Change() {
   const bool continues = ContinuesRefusedContent();
   if (continues || !ContentAcceptable(txtContent.Text(), Numbers())) {
-    // The rest of 1e5 must not pass for the number 5.
+    // The rest of 1e5 must not be read as the number 5.
     refusedContent_ = continues ? refusedContent_ + txtContent.Text() : txtContent.Text();
     refusedAt_ = component_.ports.clock.Now();
     txtContent.SetText("");  // comes back here

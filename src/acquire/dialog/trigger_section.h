@@ -55,7 +55,7 @@ class TriggerSection : public Section {
   [[nodiscard]] bool ContinuesRefusedContent() const;
 
   const DriveSection& drive_;
-  std::string refusedContent_;  ///< typed, and not a number; the letters that follow at once belong to it
+  std::string refusedContent_;  ///< typed and not a number; letters typed directly after it belong to it
   Instant refusedAt_{};
 };
 

@@ -8,7 +8,7 @@ class Form;
 
 /// Puts the form where it was closed last, maximised if it was; in the middle of the screen when no place is stored.
 void RestoreWindowPlace(Form& form, Component& component);
-/// Stores the place of a form that has a window; on the command line there is none to keep.
+/// Stores the place of a form that has a window (none on the command line), and whether it is maximised.
 void SaveWindowPlace(const Form& form, Component& component);
 
 }  // namespace chartproject

@@ -47,14 +47,14 @@ void AcquisitionRun::TakePoint() {
   try {
     if (ReadPoint(now)) KeepPoint(now);
   } catch (const RunTimeError& error) {
-    if (serial_ != run) return;  // the read of a run that was stopped meanwhile: the next one reads for itself
+    if (serial_ != run) return;  // this read belongs to a run that was stopped meanwhile; the next run reads again
     // The link itself or the spool file failed: this point is lost, those before it are not.
     failureReason_ = error.Description(component_.language);
     Stop(RunEnd::kFailed);
   }
 }
 
-/// False when its run did not last as long as the read.
+/// False when its run ended during the read.
 bool AcquisitionRun::ReadPoint(const DateTime& now) {
   const FlagScope reading(reading_);
   const std::uint32_t run = serial_;

@@ -64,7 +64,7 @@ class AcquisitionRun {
   void Stop(RunEnd reason);
 
   /// Writes the chart file of a finished run when at least one point was taken, and returns to kIdle.
-  /// @param keepAlive called now and then while a long spool file is copied; may be empty
+  /// @param keepAlive called at intervals while a long spool file is copied; may be empty
   ChartWriteResult Close(const std::function<void()>& keepAlive = {});
 
   [[nodiscard]] RunState State() const noexcept { return state_; }
@@ -94,7 +94,7 @@ class AcquisitionRun {
   RunEnd end_ = RunEnd::kNone;
   RunPlan plan_;
   std::unique_ptr<FileLock> fileLock_;
-  ChartHeader header_;  ///< the component's own may come to describe another file while this one is recorded
+  ChartHeader header_;  ///< a copy: the component's header may change to another file during the recording
   std::uint32_t serial_ = 0;
   bool reading_ = false;
   std::string targetFile_;           ///< the plan's file, or the one that it leads to as a link

@@ -54,7 +54,7 @@ std::optional<double> NumberOf(const DriveContext& context, const SpecialReading
   return ToTypedDecimal(*reading.text, numbers);
 }
 
-/// What is compared is what a recording would keep: the special read comes first.
+/// Compares the value that a recording would keep: the special read comes first.
 EventTest TestComparison(DriveContext& context, const WatchedEvent& event) {
   const std::optional<SpecialReading> special = ReadSpecial(context, event.parameter);
   const bool answered = special ? special->answered : ReadOrdinary(context, event.parameter);

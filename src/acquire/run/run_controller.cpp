@@ -142,7 +142,7 @@ void RunController::tmrEventTrigger_Tick() {
     const FlagScope testing(testingEvent_);
     test = TestEvent(component_, watchedEvent_);
   } catch (const RunTimeError&) {
-    // The link itself failed; the same error at every tick helps nobody.
+    // The link itself failed; the same error would come again at every tick.
     if (run_.Serial() == run) End(RunEnd::kFailed);
     throw;
   }
@@ -178,7 +178,7 @@ bool RunController::KeepsWatching() {
 }
 
 void RunController::tmrMonitorEsc_Tick() {
-  // The elapsed time goes on when the points are far apart.
+  // The elapsed time advances even between points that are far apart.
   if (run_.State() == RunState::kSampling) ShowRunTimes();
   if (!component_.ports.keyboard.EscapePressed()) return;
   // The same key would press the dialog's cancel button as soon as the button is usable again.

@@ -11,7 +11,7 @@
 
 namespace chartproject {
 
-/// How the last recording went, for whoever opened the dialog.
+/// The outcome of the last recording, for the code that opened the dialog.
 struct RunReport {
   RunEnd end = RunEnd::kNone;
   std::int32_t points = 0;  ///< points taken
@@ -25,7 +25,7 @@ class RunDisplay {
   virtual ~RunDisplay() = default;
   /// The event is watched: the fields are locked.
   virtual void ShowArmed() = 0;
-  /// What is waited for, since when, and what was read last.
+  /// Shows the awaited event, since when it is awaited, and the last reading.
   virtual void ShowWatch(const std::string& text) = 0;
   /// The trigger lamp, which blinks while the event is watched.
   virtual void ShowLamp(bool lit) = 0;
@@ -45,7 +45,7 @@ class RunDisplay {
   virtual void HoldEsc(bool held) = 0;
 };
 
-/// Knows no field and no button: it is given a plan, and what it shows goes to a RunDisplay. Its timers and their
+/// Independent of fields and buttons: it receives a plan and shows its progress on a RunDisplay. Its timers and their
 /// handlers have the documented names.
 class RunController {
  public:

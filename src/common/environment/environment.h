@@ -1,4 +1,4 @@
-// The lowest layer of the component's state: what every routine may need, whatever it works on.
+// The lowest layer of the component's state: what any routine may need.
 #pragma once
 
 #include <map>
@@ -22,10 +22,10 @@ inline constexpr const char* kApplicationTitle = "ChartProject";
 /// A setting as it was when it was last read or saved.
 struct KnownSetting {
   std::optional<std::string> stored;  ///< what the store held; nothing when it had no such key
-  std::string value;                  ///< what that was taken for, as it would be saved
+  std::string value;                  ///< the value that resulted from it, as it would be saved
 };
 
-/// Filled when an instance of the component is created. The floors above add their own state to it (DriveContext,
+/// Filled when an instance of the component is created. The layers above add their own state to it (DriveContext,
 /// Component), so a routine names in its signature how much it can see.
 struct Environment {
   Ports& ports;

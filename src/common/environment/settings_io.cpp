@@ -19,7 +19,7 @@ void ReadSection(Environment& environment, const SettingsSection& section) {
   }
 }
 
-/// Whether a key goes to the store: this process changed it, or nobody else did.
+/// True when a key is written to the store: this process changed it, or no other process did.
 bool IsToBeSaved(Environment& environment, std::string_view section, const std::string& key, const std::string& value) {
   const auto known = environment.knownSettings.find(key);
   if (known == environment.knownSettings.end() || known->second.value != value) return true;

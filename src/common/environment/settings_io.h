@@ -6,8 +6,8 @@ namespace chartproject {
 struct Environment;
 
 /// Each reads the keys of one section in order into the environment's settings; a missing key gives its default.
-/// Throws RunTimeError 13 for an integer setting whose stored text is no number, 6 for a number that does not fit; the
-/// description names section and key. Keys read before the bad one keep their new value.
+/// Throws RunTimeError 13 for an integer setting whose stored text is not a number, 6 for a number that does not fit.
+/// The description names section and key. Keys read before the bad one keep their new value.
 void ReadConfSettings(Environment& environment);
 void ReadProjectSettings(Environment& environment);
 void ReadFolderSettings(Environment& environment);

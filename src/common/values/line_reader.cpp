@@ -47,7 +47,7 @@ bool LineReader::Next(TextLine& line) {
   line.number = number_++;
   line.offset = offset_;
   if (line.cut && lineEnd == nullptr) {
-    // Pass over the rest behind the part that was given, which stays where it is in the buffer.
+    // Skip the rest after the part that was given. That part stays where it is in the buffer.
     const std::size_t spare = static_cast<std::size_t>(text - buffer_.data()) + limit_;
     for (;;) {
       const std::size_t count = file_.Read(std::span(buffer_).subspan(spare));

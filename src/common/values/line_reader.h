@@ -1,4 +1,4 @@
-// Lines of a text file in bounded memory, whatever the file holds.
+// Lines of a text file of any content in bounded memory.
 #pragma once
 
 #include <cstdint>
@@ -23,12 +23,12 @@ struct TextLine {
 void RefuseLargeFile(const std::string& fileName, std::uint64_t size, std::uint64_t most);
 
 /// Reads from a file's current place. A line ends at LF, at CR LF, or at the end of the file (then only when it holds
-/// anything). A line longer than the limit comes cut, its rest is passed over.
+/// anything). A line longer than the limit is cut; its rest is skipped.
 class LineReader {
  public:
   static constexpr std::size_t kDefaultLimit = std::size_t{64} * 1024;
 
-  /// @param file outlives the reader; nobody else moves it meanwhile
+  /// @param file outlives the reader; its position must not be changed from outside
   /// @param limit longest line in bytes that is given whole
   /// @param firstNumber,firstOffset of the line that begins at the file's current place
   explicit LineReader(InputFile& file, std::size_t limit = kDefaultLimit, std::int64_t firstNumber = 1,

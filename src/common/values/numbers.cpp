@@ -31,7 +31,7 @@ class NumberScanner {
  public:
   NumberScanner(std::string_view text, const NumberFormat& format) : rest_(text), format_(format) {}
 
-  /// The number as plain text ("-12.5e3"); nothing when the text is no number.
+  /// The number as plain text ("-12.5e3"); nothing when the text is not a number.
   std::optional<std::string> Scan() {
     SkipBlanks();
     Sign();
@@ -69,7 +69,7 @@ class NumberScanner {
   bool TakeGroupSeparator() {
     const std::string_view group = format_.groupSeparator;
     if (Take(group)) return true;
-    // Who writes groups with a no-break space types an ordinary one.
+    // Users of a locale that groups with a no-break space type an ordinary space.
     if (group != kNoBreakSpace && group != kNarrowNoBreakSpace) return false;
     if (Take(kNoBreakSpace) || Take(kNarrowNoBreakSpace)) return true;
     return rest_.size() >= 2 && IsDigit(rest_[1]) && Take(" ");
@@ -172,7 +172,7 @@ std::string GeneralText(double value, int significantDigits, const NumberFormat&
   return text;
 }
 
-/// Decimal digits of a number, and after how many of them the decimal separator stands.
+/// Decimal digits of a number, and how many of them are before the decimal separator.
 struct DecimalDigits {
   std::string digits;
   std::size_t wholeCount;

@@ -10,7 +10,7 @@
 namespace chartproject {
 
 /// True for a number in the user's locale: blanks around, a sign, grouping, one decimal separator, an exponent.
-/// Separators of groups may stand between any digits, so that a number which is being typed is one at every keystroke.
+/// Group separators are accepted between any digits, so that a half-typed number is numeric at every keystroke.
 [[nodiscard]] bool IsNumeric(std::string_view text, const NumberFormat& format);
 
 /// Conversions of a whole text. Throw RunTimeError 13 when the text is not numeric, 6 when the number does not fit.
@@ -23,8 +23,8 @@ namespace chartproject {
 /// True for what ToTypedDecimal takes: a number in the user's locale, or with the other decimal sign.
 [[nodiscard]] bool IsTypedDecimal(std::string_view text, const NumberFormat& format);
 
-/// ToDouble of a number that a user typed: a sole foreign separator that cannot be one of thousands (12.5 in a comma
-/// locale) is the decimal one, for nobody would notice that 125 was understood.
+/// ToDouble of a number that a user typed. A single foreign separator that cannot group thousands (12.5 in a comma
+/// locale) is read as the decimal sign; reading 125 would go unnoticed.
 [[nodiscard]] double ToTypedDecimal(std::string_view text, const NumberFormat& format);
 
 /// Rounds to the nearest whole number, a half to the even neighbour. Throw RunTimeError 6 when it does not fit.
@@ -63,7 +63,7 @@ namespace chartproject {
 [[nodiscard]] std::string BytesText(double bytes, const NumberFormat& format);
 
 /// A number's text with its first decimal separator made the locale's own (1,5 to 1.5 in a full-stop locale, 1.5 to
-/// 1,5 in a comma locale); only the first occurrence is replaced, for the input is one number.
+/// 1,5 in a comma locale); only the first occurrence is replaced, because the input is one number.
 [[nodiscard]] std::string LocaleDecimal(std::string_view text, const NumberFormat& format);
 
 }  // namespace chartproject

@@ -20,7 +20,7 @@ inline constexpr const char* kLineEnd = "\r\n";
 [[nodiscard]] std::string ToUpperAscii(std::string_view text);
 
 /// A value from elsewhere (a name, a line of a file, a reply) as one line: each control character is written as "\x1B",
-/// so that it can neither steer a terminal nor begin a record of its own.
+/// so that it can neither control a terminal nor begin a new record.
 [[nodiscard]] std::string VisibleText(std::string_view value);
 
 /// The same of a whole text of several lines: tabs, LF and CR LF stay.

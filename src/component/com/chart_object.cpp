@@ -23,10 +23,10 @@ ProcessState& TheProcess() {
   return state;
 }
 
-/// What the living objects of one thread share: windows, ports, links and the state that the dialogs work on.
+/// Shared by the objects of one thread: windows, ports, links and the state that the dialogs work on.
 class Apartment {
  public:
-  /// The calling thread's; made with its first object. Throws what the making of ports throws.
+  /// The state of the calling thread, made with its first object. Throws what making the ports throws.
   static std::shared_ptr<Apartment> OfThisThread() {
     static std::mutex mutex;
     static std::map<std::thread::id, std::weak_ptr<Apartment>> all;
@@ -76,7 +76,7 @@ ServerDescription DescribeServer() {
           {{kDriveLinkClassValue, IdText(StandInClass())}, {kDriveLinkInterfaceValue, IdText(DriveLinkInterface())}}};
 }
 
-/// Starts an instance of the component up.
+/// Starts an instance of the component.
 IUnknown* MakeServerObject() {
   return static_cast<_ChartClass*>(new ChartObject());
 }
