@@ -43,8 +43,8 @@ void AppendWhole(const Descriptor& file, std::string_view bytes, const std::stri
 [[nodiscard]] std::unique_ptr<InputFile> MakeInputFile(Descriptor file, std::string name);
 [[nodiscard]] std::unique_ptr<OutputFile> MakeOutputFile(Descriptor file, std::string name);
 
-/// Hands a folder's entries to the disk. Some file systems cannot, and some folders may not be opened: the entry is
-/// made all the same. Throws RunTimeError 57.
+/// Flushes a folder's entries to the disk. Some file systems cannot do this, and some folders may not be opened; that
+/// is not an error, as the entry is made all the same. Throws RunTimeError 57.
 void SyncFolder(const std::string& folder);
 
 /// Sizes of the disk that holds an open file. Throws RunTimeError.

@@ -93,7 +93,7 @@ std::optional<std::string> PosixSettingsStore::Read(std::string_view section, st
   Refresh();
   TextOwner text(g_key_file_get_value(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
   if (!text) return std::nullopt;
-  // A value typed by hand may hold single backslashes: it is then taken as it is.
+  // A value typed by hand may have single backslashes: it is then used unchanged.
   if (IsTypedWindowsPath(text.get())) return std::string(text.get());
   TextOwner decoded(g_key_file_get_string(keys_->file.get(), group.c_str(), name.c_str(), nullptr));
   if (decoded) text = std::move(decoded);

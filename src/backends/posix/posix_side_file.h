@@ -26,7 +26,7 @@ class PosixSideFile : public SideFile {
 
   /// A name that leads to the open file itself, for libraries that open by name; the file's name without /proc.
   [[nodiscard]] std::string PathOfOpenFile() const;
-  /// Hands everything written to the disk. Throws RunTimeError.
+  /// Flushes everything written to the disk. Throws RunTimeError.
   void Flush() const;
 
  private:

@@ -8,7 +8,7 @@
 namespace chartproject {
 
 /// Held as long as the object lives. The locked file is in a folder that only the user may enter, so nobody else can
-/// hold it. Where that folder cannot be made, belongs to another user, or the disk knows no locks, nothing is locked.
+/// hold it. Nothing is locked when that folder cannot be made or belongs to another user, or without locks on the disk.
 class SettingsLock {
  public:
   /// Waits a moment for another program. Throws RunTimeError 70 when the lock does not come free in time, or when a

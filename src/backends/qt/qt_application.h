@@ -12,7 +12,7 @@ namespace chartproject {
 
 class QtApplication : public QApplication {
  public:
-  /// Called with the description of an exception that an event handler let out; the program goes on.
+  /// Called with the description of an exception that left an event handler; the program continues.
   using FaultReporter = std::function<void(const std::string& description)>;
 
   /// @param argc,argv outlive the application, as QApplication asks

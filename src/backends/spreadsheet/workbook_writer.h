@@ -33,7 +33,7 @@ class WorkbookWriter {
   virtual void BeginSheet(const std::string& name) = 0;
   /// @param row from 1, above that of the row before; @param cells from column 1
   virtual void WriteRow(int row, std::span<const SheetCell> cells) = 0;
-  /// Writes the file beside its target, hands it to the disk and gives it its name.
+  /// Writes the file beside its target, flushes it to the disk and renames it.
   virtual void Save(const std::string& fileName) = 0;
 };
 

@@ -10,7 +10,7 @@ namespace chartproject::win32 {
 
 namespace {
 
-// A DLL has no object that could hold this: the system asks the module itself.
+// Global, because the system asks the module, which has no object to keep these counts.
 std::atomic<long> uses{0};
 std::atomic<long> locks{0};
 

@@ -70,7 +70,7 @@ void Win32SettingsStore::Write(std::string_view section, std::span<const StoredS
                                          KEY_READ | KEY_WRITE, nullptr, sectionKey.Receive(), nullptr);
   if (opened != ERROR_SUCCESS) ThrowStoreError(opened, section);
 
-  // The registry has no step over several values: what was written before a failure is put back.
+  // The registry cannot write several values in one step: after a failure the former values are restored.
   std::vector<FormerValue> before;
   for (const StoredSetting& setting : settings) {
     const std::wstring key = ToWide(setting.key);

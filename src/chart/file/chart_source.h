@@ -20,7 +20,7 @@ class ChartSource {
 
   /// Reads the header into `header` (a key that the file lacks leaves its field as it was) and finds the first point.
   /// Reads no further than that, however long the file is. Throws RunTimeError when the file cannot be read, 321 when
-  /// it holds no header.
+  /// it has no header.
   void Open(const std::string& fileName, ChartHeader& header);
 
   [[nodiscard]] const std::string& FileName() const noexcept { return fileName_; }
@@ -34,7 +34,7 @@ class ChartSource {
   /// P: series that the header names, 1 to 4; 0 when it names anything else.
   [[nodiscard]] int NamedSeries() const noexcept { return namedSeries_; }
 
-  /// Reads all the points; nothing when that is given up. Throws RunTimeError.
+  /// Reads all the points; nothing when the user cancels. Throws RunTimeError.
   [[nodiscard]] std::optional<PointCount> Count(const ScanProgress& progress) const;
 
   /// Whether the file was replaced since Open: it must be opened again. A file that only grew is the same.

@@ -30,8 +30,8 @@ struct LineSearch {
   LinePlace place;  ///< the nearest known line at or before the one that was looked for
 };
 
-/// One offset every kSpacing lines: 2,000,000,000 lines take 4 MiB. Lines end at a line feed. Nothing is lost when a
-/// search is given up: the next one goes on where it stopped.
+/// One offset every kSpacing lines: 2,000,000,000 lines take 4 MiB. Lines end at a line feed. A cancelled
+/// search loses nothing: the next one continues where it stopped.
 class LineIndex {
  public:
   static constexpr std::int64_t kSpacing = 4096;

@@ -132,7 +132,7 @@ class PageDrawing {
   double y_ = 0;
 };
 
-/// Beside the chart file: its name with the extension ".pdf" instead of its extension.
+/// Beside the chart file, with the extension ".pdf" in place of its own.
 std::string PdfName(const std::string& chartFile) {
   const std::size_t name = chartFile.find_last_of("/\\") + 1;
   const std::size_t ending = chartFile.rfind('.');

@@ -22,7 +22,7 @@ constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
 constexpr int kSheetPoints = kEndRow - 1;
 /// Lines between two reports while a cell takes microseconds; a separate application takes far longer.
 constexpr std::int64_t kLinesBetweenProgress = 4096;
-/// A workbook whose size is limited is on the disk twice for a moment: its rows, and the file that is made of them.
+/// A workbook of limited size is on the disk twice for a moment: as its rows, and as the file made from them.
 constexpr std::uint64_t kCopies = 2;
 const std::string kRoutine = "cmdExport_Click";
 

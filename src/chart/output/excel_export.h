@@ -14,7 +14,7 @@ enum class ExportOutcome {
   kDeclined,       ///< the user answered No
   kNoApplication,  ///< a spreadsheet application is not installed
   kTooLarge,       ///< the points do not fit into the workbook's format or on the disk; nothing was touched
-  kGivenUp,        ///< stopped half-way; no file was left behind
+  kGivenUp,        ///< cancelled; no file is left
   kFailed          ///< an error, shown and logged
 };
 
@@ -22,7 +22,7 @@ struct ExportRequest {
   std::string chartFile;   ///< full name of the chart file
   std::string targetName;  ///< empty for the chart file's name with ".xls" appended
   ChartHeader header;      ///< as read from the chart file
-  /// Called now and then with the part done, in bytes of the chart file; false gives the export up. May be empty.
+  /// Called now and then with the part done, in bytes of the chart file; false cancels the export. May be empty.
   std::function<bool(std::uint64_t done, std::uint64_t total)> progress{};
   /// Switches the busy pointer on and off. May be empty.
   std::function<void(bool busy)> busy{};

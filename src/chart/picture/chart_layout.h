@@ -29,9 +29,8 @@ inline constexpr double kTickLength = 4.0;
 inline constexpr double kTickGap = 3.0;      ///< between a tick and its label
 inline constexpr double kSwatchSize = 10.0;  ///< of the legend
 
-/// Lays a chart out in `size`. What has no room is left out: first titles and legend, then labels; nothing
-/// overlaps.
-/// The plot's front has whole coordinates, so that grid lines and bars are crisp.
+/// Lays a chart out in `size`. Where room is short, titles and legend are left out first, then labels; nothing
+/// overlaps. The plot's front has whole coordinates, so that grid lines and bars are crisp.
 [[nodiscard]] ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas,
                                       const NumberFormat& format);
 

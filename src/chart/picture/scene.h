@@ -1,4 +1,4 @@
-// A picture worked out but not yet painted: shapes in painting order, then texts.
+// A picture computed but not yet painted: shapes in painting order, then texts.
 #pragma once
 
 #include <cstdint>

@@ -36,8 +36,8 @@ using SpanRun = std::vector<ColumnSpan>;
 /// A series' spans in all the columns. A gap shows where it fills a column.
 [[nodiscard]] std::vector<SpanRun> SeriesSpans(const ChartSeries& series, const Plot& plot, double columnWidth);
 
-/// Painting order of spans that share a column: taller ones first. Of those about as tall as each other another one is
-/// last from place to place, so that none hides another everywhere.
+/// Painting order of spans that share a column: taller ones first. Among spans of about the same height the last one
+/// changes from place to place, so that none hides another everywhere.
 class DenseOrder {
  public:
   /// @param column of the plot, counted from its left edge

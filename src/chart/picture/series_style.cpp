@@ -52,7 +52,7 @@ void DrawMarker(int column, PointF at, double size, Color color, Scene& scene) {
   }
 }
 
-/// Points that are shown by nothing else: in each narrow column the least and the greatest, one when they touch.
+/// Markers as the only sign of the points: in each narrow column the least and the greatest, one when they touch.
 void DrawDenseMarkers(const ChartSeries& series, int column, const Plot& plot, const MarkerPlace& place, Scene& scene) {
   constexpr double kSize = 4;
   const int columns = std::max(1, static_cast<int>(plot.front.width / kSize));

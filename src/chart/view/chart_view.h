@@ -41,7 +41,7 @@ class ChartView {
   /// Loads the names of the drive's parameters. A driver file that cannot be read is a notice and a line of the log:
   /// the values are worth showing without names. Throws RunTimeError 9 for an address outside the table.
   void NameSeries(Component& component);
-  /// Counts the points where the header does not say how many there are. Given up: there are none to scroll over.
+  /// Counts the points where the header does not say how many there are. When cancelled there are none to scroll over.
   void CountPoints(const ScanProgress& progress);
   [[nodiscard]] const std::string& FileName() const noexcept { return source_.FileName(); }
   [[nodiscard]] bool HasPoints() const noexcept { return source_.HasPoints(); }
@@ -70,7 +70,7 @@ class ChartView {
   void SetPointsPerDivision(std::int16_t points);
 
   // The slice that is shown. -----------------------------------------------------------------------------------------
-  /// Reads the chosen slice. Given up: the one that is shown is chosen again. Throws RunTimeError.
+  /// Reads the chosen slice. When cancelled, the slice that is shown is chosen again. Throws RunTimeError.
   SliceEnd Load(const ScanProgress& progress = {});
   [[nodiscard]] const Slice& Shown() const noexcept { return slice_; }
   /// Where Load ended at a malformed line; number 0 where it did not.

@@ -38,7 +38,7 @@ std::int32_t SliceStart(std::int32_t firstLine, std::int32_t points, std::int16_
   const std::int32_t beyond = CheckedInteger32(std::int64_t{points} - SliceLength(pointsPerDivision));
   if (beyond == 0) return firstLine;
   const double unitsPerPoint = static_cast<double>(maximum) / beyond;
-  // A bar without a range, or one that runs backwards, has no point to offer before the first.
+  // A bar without a range, or one that runs backwards, always shows the first point.
   if (unitsPerPoint <= 0) return firstLine;
   const std::int32_t offset = RoundToInteger32(value / unitsPerPoint);
   return CheckedInteger32(std::int64_t{firstLine} + std::max(offset, 0));

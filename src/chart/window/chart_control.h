@@ -20,7 +20,7 @@ namespace chartproject {
 /// The two measuring cursors: a click places the first, a click with Shift the second.
 enum class MeasuringCursor { kFirst = 0, kSecond = 1 };
 
-/// Shows a chart model as it is given: the properties of a chart are fields of the model.
+/// Shows a chart model unchanged: the properties of a chart are fields of the model.
 class ChartControl : public DrawnControl {
  public:
   ChartControl(Form& form, std::string_view name);

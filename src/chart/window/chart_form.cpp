@@ -43,7 +43,7 @@ void ChartForm::ConnectSections() {
   scroll.load = [this] { return LoadSlice(); };
   scales.update = [this] { LoadSlice(); };
   switches.changed = [this] { ShowChart(); };
-  // The file may be gone by now: what these throw is an error of the window, too.
+  // The file may have been deleted by now: an exception of these calls is an error of the window, too.
   mscChart1.key = [this](Key key, bool /*shift*/) {
     bool used = true;
     RunHandler("mscChart1_KeyDown", [&] { used = scroll.ScrollByKey(key); });
@@ -85,7 +85,7 @@ void ChartForm::OnActivate() {
 }
 
 bool ChartForm::OnQueryClose() {
-  // While the file is read the window closes as soon as the reading was given up.
+  // While the file is read the window closes as soon as the reading has stopped.
   return !reading.CloseAfterwards();
 }
 

@@ -18,7 +18,7 @@
 
 namespace chartproject {
 
-/// Joins the sections: what one of them changes is chosen in the view, read from the file and shown by the others.
+/// Connects the sections: a change in one of them is chosen in the view, read from the file and shown by the others.
 class ChartForm : public Form {
   Component& component_;
   ChartView view_;

@@ -28,9 +28,8 @@ struct PointReading {
 [[nodiscard]] std::vector<ReadoutLine> PointReadout(const Environment& environment, const PointReading& point,
                                                     const std::vector<std::string>& names);
 
-/// The cursors that are set, and with both of them the difference (second minus first) in points, in time (points
-/// times scan time) and in the
-/// value of each series.
+/// The cursors that are set; when both are, also the difference (second minus first) in points, in time (points times
+/// scan time) and in the value of each series.
 [[nodiscard]] std::vector<ReadoutLine> CursorReadout(const Environment& environment, const ChartHeader& header,
                                                      const std::array<std::optional<PointReading>, 2>& cursors,
                                                      const std::vector<std::string>& names);

@@ -90,8 +90,8 @@ void ScrollSection::sldPointsPerDivision_Change() {
   Slider& slider = sldPointsPerDivision;
   if (quiet_ || reading_.Busy() || slider.Value() == view_.PointsPerDivision()) return;
   {
-    // Step by step to what fits into the file. Each step raises this event again; those calls leave the walk to this
-    // one, for a thousand nested calls would ask much of a small stack.
+    // Step by step to what fits into the file. Each step raises this event again; those calls return at
+    // once, because a thousand nested calls could overflow a small stack.
     const FlagScope walking(quiet_);
     while (slider.Value() > 1 && std::int64_t{slider.Value()} * kDivisions > view_.Points()) {
       slider.SetValue(slider.Value() - 1);
@@ -126,7 +126,7 @@ void ScrollSection::ScrollTo(std::int64_t startLine) {
 void ScrollSection::ScrollToEnd() {
   const std::int32_t known = view_.Points();
   ScrollTo(std::int64_t{view_.FirstLine()} + view_.Points());
-  // Points after those of the header are seen only there.
+  // Points after those of the header are discovered only there.
   if (view_.Points() > known) ScrollTo(std::int64_t{view_.FirstLine()} + view_.Points());
 }
 

@@ -32,9 +32,9 @@ class StepFailed : public std::runtime_error {
 
 /// Fills the dialog's fields in the order in which a user would, and presses Start or Trigger.
 /// Throws RefusedError that names the option when a field does not take its value, or when no button appears; and
-/// StepFailed. Boxes of a driver file's faulty lines refuse nothing: its other parameters can be recorded.
-/// @param component the dialog's; @param boxes those that the dialog shows: one more after a field was filled means
-/// that it was refused
+/// StepFailed. Boxes about faulty lines of a driver file do not refuse: its other parameters can be recorded.
+/// @param component the dialog's; @param boxes the dialog's message boxes: a new one after a field was filled means
+/// that the field was refused
 void FillAndStart(AcquireForm& form, const AcquireRequest& request, Component& component, const ConsoleDialogs& boxes);
 
 }  // namespace chartproject

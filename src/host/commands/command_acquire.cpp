@@ -94,7 +94,7 @@ class HeadlessRecording {
   void Watch(Form& shown) {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
-    // A handler that failed once fails at every tick: the points so far are kept, and the user has read why.
+    // A handler that failed once fails at every tick: the points so far are kept, and the user has seen the reason.
     if (Failed()) form->StopRun();
     if (!form->Run().Active()) form->Unload();
   }

@@ -93,7 +93,7 @@ class QtDesktop : public Desktop {
     KeyboardSignals::Watch();
     QObject::connect(&signalTimer_, &QTimer::timeout, &application_, [this] {
       ending_ = signals_.EscapePressed() || ending_;
-      // Again at each turn: a window below a modal one closes only after that one is gone.
+      // Again at each turn: a window below a modal one closes only after the modal one.
       if (ending_) QApplication::closeAllWindows();
     });
     constexpr int kMilliseconds = 200;

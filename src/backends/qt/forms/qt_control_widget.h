@@ -1,4 +1,4 @@
-// One control of a form as a Qt widget: shows its properties, and hands the user's input to its setters.
+// One control of a form as a Qt widget: shows its properties and passes the user's input to its setters.
 #pragma once
 
 #include <QSize>

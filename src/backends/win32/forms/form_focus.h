@@ -32,7 +32,7 @@ class FormFocus {
   /// To where it was last, else to the first control that can hold it, else to the window, whose keys still work then.
   /// Does nothing while another window is active.
   void PutBack();
-  /// The same when the message at hand is over.
+  /// The same after the current message.
   void PutBackSoon();
 
  private:

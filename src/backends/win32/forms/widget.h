@@ -1,4 +1,4 @@
-// One native window a control: shows its properties, hands user input to its setters. Holds no rule of any form.
+// One native window per control: shows its properties and passes user input to its setters. It has no form's rules.
 #pragma once
 
 #include <cmath>
