@@ -164,8 +164,9 @@ TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
   form.Press("cmdExport");
   BoxDriver(host.Process()).Answer(IDYES);
   const BoxDriver error(host.Process());
-  EXPECT_THAT(error.Prompt(), HasSubstr("Sub/Function = cmdExport_Click\r\nErr.Number = 1004\r\n"
-                                        "Err.Description = The fake refuses\r\nErr.Source = Fake Excel"));
+  EXPECT_THAT(error.Prompt(),
+              HasSubstr("Sub/Function = cmdExport_Click\r\nErr.Number = 1004\r\n"
+                        "Err.Description = line 21, column 3: The fake refuses\r\nErr.Source = Fake Excel"));
   EXPECT_TRUE(FileContents(win32::ToUtf8(*bin) + "\\Kestrel.log").ends_with(error.Prompt() + "\r\n"));
   error.Answer(IDOK);
   EXPECT_EQ(PointerOver(form), usual);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <vector>
@@ -249,7 +250,7 @@ std::string TestFolder() {
 }
 
 std::string FileContents(const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
+  std::ifstream file(std::filesystem::path(win32::ToWide(name)), std::ios::binary);
   std::stringstream contents;
   contents << file.rdbuf();
   return contents.str();

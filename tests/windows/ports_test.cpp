@@ -8,6 +8,7 @@
 #include "backends/win32/drawing/win32_clipboard.h"
 #include "backends/win32/drawing/win32_picture_renderer.h"
 #include "backends/win32/handles.h"
+#include "backends/win32/wide_text.h"
 #include "backends/win32/win32_code_page.h"
 #include "backends/win32/win32_file_system.h"
 #include "backends/win32/win32_locale.h"
@@ -117,13 +118,14 @@ TEST(Files, SideFilesTakeFreeNamesAndReplaceTheirTarget) {
   EXPECT_EQ(testing::FileContents(target), "12");
   EXPECT_EQ(testing::FileContents(target + ".new"), "the user's");
   side = files.MakeSideFile({.target = target, .ending = ".tcf0", .names = 1});
-  files.Delete(side->Name());
+  const std::string moved = InTestFolder("moved away");
+  ASSERT_TRUE(MoveFileW(win32::ToWide(side->Name()).c_str(), win32::ToWide(moved).c_str()));
   files.Append(side->Name(), "a stranger's");
   EXPECT_EQ(ErrorOf([&] { side->AppendAndMeasure("row"); }), 75);
   const std::string name = side->Name();
   side.reset();
   EXPECT_EQ(testing::FileContents(name), "a stranger's");
-  for (const std::string& each : {target, target + ".new", name}) files.Delete(each);
+  for (const std::string& each : {target, target + ".new", name, moved}) files.Delete(each);
   EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading("NUL"); }), 75);
 }
 
