@@ -52,8 +52,21 @@ class PrintTest(unittest.TestCase):
             self.check_page(name, language == "English")
             fonts = self.tool("pdffonts", name)[2:]
             self.assertTrue(fonts and all(row.split()[-5] == "yes" for row in fonts), ("embedded", fonts))
-            self.assertGreaterEqual(len(self.tool("pdfimages", "-list", name)), 4, "icon and chart")
+            images = self.tool("pdfimages", "-list", name)
+            self.assertGreaterEqual(len(images), 4, "icon and chart")
+            self.assertFalse([row for row in images if "jpeg" in row], "a lossy picture")
         self.assertEqual(list(self.folder.glob("*.part")), [])
+
+    def test_paper(self):
+        for arguments, locale, size in (((), "en_US.UTF-8", "612 x 792"), ((), "de_DE.UTF-8", "595"),
+                                        (("--paper", "letter"), "C.UTF-8", "612 x 792"),
+                                        (("--paper", "A5"), "en_US.UTF-8", "420")):
+            done = subprocess.run([PROGRAM, "--profile", "profile", "print", "page.cht", "--output", "paper.pdf", *arguments],
+                                  cwd=self.folder, capture_output=True, text=True, env={**os.environ, "LC_ALL": locale})
+            self.assertEqual(done.returncode, 0, done.stderr)
+            sizes = [row for row in self.tool("pdfinfo", "paper.pdf") if row.startswith("Page size:")]
+            self.assertIn(size, sizes[0], (arguments, locale))
+        self.assertEqual(self.program("print", "page.cht", "--paper", "B7").returncode, 2)
 
     def test_printer_receives_the_page(self):
         self.program("settings", "MyConf.strLanguage", "English", check=True)

@@ -265,7 +265,11 @@ TEST(ChartViewerTest, ScrollsAndScalesByKeys) {
   viewer.KeyMovesTo("End", kPoints - 24);
   viewer.KeyMovesTo("Left", kPoints - 25);
   viewer.KeyMovesTo("Home", 1);
-  viewer.user.Key("Tab");
+  viewer.user.Key("Tab");  // the scroll bar
+  viewer.KeyMovesTo("Next", 1 + (kPoints - 25) / 10);
+  viewer.KeyMovesTo("Prior", 1);
+  viewer.KeyMovesTo("Down", 2);
+  viewer.KeyMovesTo("Up", 1);
   viewer.KeyMovesTo("End", kPoints - 24);
   viewer.KeyMovesTo("Home", 1);
   viewer.user.Key("Tab").Key("Right").Until("two points a division",
