@@ -3,46 +3,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <span>
 
+#include "chart/picture/column_layers.h"
 #include "chart/picture/series_path.h"
 #include "chart/picture/series_style.h"
 
 namespace chartproject {
 namespace {
 
-constexpr double kLineWidth = 1.0;  ///< a wider one shows nothing more
-constexpr double kCalmSpan = 1.5;   ///< pixels that a calm line covers of a column at most
-/// Columns filled in one go as far as they have it in common: many narrow fills are slow on every surface.
-constexpr std::size_t kGroup = 16;
-
-/// Fills spans with whole coordinates; no pixel is filled twice, so the colour may be translucent.
-void FillSpans(std::span<const ColumnSpan> spans, Color color, Scene& scene) {
-  for (std::size_t first = 0; first < spans.size(); first += kGroup) {
-    const auto group = spans.subspan(first, std::min(kGroup, spans.size() - first));
-    double top = group[0].top;
-    double bottom = group[0].bottom;
-    for (const ColumnSpan& span : group) {
-      top = std::max(top, span.top);
-      bottom = std::min(bottom, span.bottom);
-    }
-    const bool common = top < bottom;
-    if (common) scene.FillRect({group[0].left, top, group.back().right - group[0].left, bottom - top}, color);
-    for (const ColumnSpan& span : group) {
-      const double width = span.right - span.left;
-      if (!common) {
-        scene.FillRect({span.left, span.top, width, span.bottom - span.top}, color);
-        continue;
-      }
-      if (span.top < top) scene.FillRect({span.left, span.top, width, top - span.top}, color);
-      if (span.bottom > bottom) scene.FillRect({span.left, bottom, width, span.bottom - bottom}, color);
-    }
-  }
-}
-
-ColumnSpan Rounded(const ColumnSpan& span, double margin) {
-  return {span.left, span.right, std::round(span.top - margin), std::round(span.bottom + margin)};
-}
+constexpr double kLineWidth = 1.0;          ///< a wider one shows nothing more
+constexpr double kCalmSpan = 1.5;           ///< pixels that a calm line covers of a column at most
+constexpr std::size_t kPieceColumns = 256;  ///< of an area: surfaces are slow with polygons of many long edges
 
 bool IsCalm(const ColumnSpan& span) {
   return span.bottom - span.top <= kCalmSpan;
@@ -62,54 +34,10 @@ Path CalmPath(const SpanRun& run, std::size_t first, std::size_t last) {
 
 /// A restless column of a series.
 struct Stroke {
-  int series = 0;
+  int key = 0;  ///< see DenseOrder
+  std::size_t series = 0;
   double top = 0;
   double bottom = 0;
-};
-
-/// Paints layers that share a column, the uppermost one first; no pixel is painted twice.
-class ColumnOfLayers {
- public:
-  ColumnOfLayers(double left, double right, Scene& scene) : left_(left), right_(right), scene_(scene) {}
-
-  void Add(double top, double bottom, Color color) {
-    double from = top;
-    for (const Covered& covered : covered_) {
-      if (covered.bottom <= from) continue;
-      if (covered.top >= bottom) break;
-      Fill(from, covered.top, color);
-      from = covered.bottom;
-    }
-    Fill(from, bottom, color);
-    const auto place = std::find_if(covered_.begin(), covered_.end(), [top](const Covered& c) { return c.top >= top; });
-    covered_.insert(place, {top, bottom});
-    Join();
-  }
-
- private:
-  struct Covered {
-    double top;
-    double bottom;
-  };
-  void Fill(double top, double bottom, Color color) {
-    if (top < bottom) scene_.FillRect({left_, top, right_ - left_, bottom - top}, color);
-  }
-  void Join() {
-    std::vector<Covered> joined;
-    for (const Covered& each : covered_) {
-      if (joined.empty() || each.top > joined.back().bottom) {
-        joined.push_back(each);
-      } else {
-        joined.back().bottom = std::max(joined.back().bottom, each.bottom);
-      }
-    }
-    covered_ = std::move(joined);
-  }
-
-  double left_;
-  double right_;
-  Scene& scene_;
-  std::vector<Covered> covered_;  ///< apart from each other, from above to below
 };
 
 void StrokeCalmParts(const SpanRun& run, const Pen& pen, Scene& scene) {
@@ -123,43 +51,103 @@ void StrokeCalmParts(const SpanRun& run, const Pen& pen, Scene& scene) {
 /// The restless columns of all series, column by column.
 void StrokeRestlessParts(const ChartModel& model, const Plot& plot, const std::vector<std::vector<SpanRun>>& runs,
                          Scene& scene) {
-  std::map<double, std::pair<double, std::vector<Stroke>>> columns;  // by left edge: right edge and strokes
+  const int count = static_cast<int>(model.series.size());
+  std::vector<std::vector<Stroke>> columns(static_cast<std::size_t>(ColumnCount(plot, 1)));
   for (std::size_t s = 0; s < runs.size(); ++s) {
     if (!model.series[s].showLine) continue;
     for (const SpanRun& run : runs[s]) {
       for (const ColumnSpan& span : run) {
         if (IsCalm(span)) continue;
-        auto& column = columns[span.left];
-        column.first = span.right;
-        column.second.push_back({static_cast<int>(s), span.top, span.bottom});
+        const int column = static_cast<int>(span.left - plot.front.x);
+        const int key = DenseOrder(column, count).Key(static_cast<int>(s), span.bottom - span.top);
+        columns[static_cast<std::size_t>(column)].push_back({key, s, span.top, span.bottom});
       }
     }
   }
-  for (auto& [left, column] : columns) {
-    auto& [right, strokes] = column;
-    const DenseOrder before(static_cast<int>(left - plot.front.x), static_cast<int>(model.series.size()));
-    std::sort(strokes.begin(), strokes.end(), [&before](const Stroke& one, const Stroke& other) {
-      return before(other.series, other.bottom - other.top, one.series, one.bottom - one.top);
-    });
-    ColumnOfLayers layers(left, right, scene);
+  std::vector<bool> faint;
+  for (const ChartSeries& series : model.series) faint.push_back(IsFaint(series.color, model.backdrop));
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    std::vector<Stroke>& strokes = columns[column];
+    std::sort(strokes.begin(), strokes.end(),
+              [](const Stroke& one, const Stroke& other) { return one.key > other.key; });
+    const double left = plot.front.x + static_cast<double>(column);
+    ColumnOfLayers layers(left, left + 1, scene);
     for (const Stroke& stroke : strokes) {
-      const Color color = model.series[static_cast<std::size_t>(stroke.series)].color;
+      const Color color = model.series[stroke.series].color;
       const auto add = [&](double margin, Color tone) {
         layers.Add(std::round(stroke.top - margin), std::round(stroke.bottom + margin), tone);
       };
       add(kLineWidth / 2, color);
-      if (IsFaint(color, model.backdrop)) add((kLineWidth + kFaintEdge) / 2, EdgeTone(color));
+      if (faint[stroke.series]) add((kLineWidth + kFaintEdge) / 2, EdgeTone(color));
     }
   }
 }
 
-void FillArea(const SpanRun& run, Color color, double base, Scene& scene) {
-  SpanRun area;
-  for (const ColumnSpan& span : run) {
-    const ColumnSpan whole = Rounded(span, 0);
-    area.push_back({whole.left, whole.right, std::min(whole.top, base), std::max(whole.bottom, base)});
+using Columns = std::span<const ColumnSpan>;
+
+/// What the fill of an area covers of columns: between the values and the base, without what the line covers.
+SpanRun FilledPart(Columns columns, bool lineShown, double base) {
+  SpanRun filled;
+  for (const ColumnSpan& span : columns) {
+    filled.push_back(span);
+    filled.back().top = std::min(lineShown ? span.bottom : span.top, base);
+    filled.back().bottom = std::max(lineShown ? span.top : span.bottom, base);
   }
-  FillSpans(area, WithAlpha(color, kAreaAlpha), scene);
+  return filled;
+}
+
+ColumnSpan CommonPart(Columns columns) {
+  ColumnSpan common{columns.front().left, columns.back().right, columns.front().top, columns.front().bottom};
+  for (const ColumnSpan& span : columns) {
+    common.top = std::max(common.top, span.top);
+    common.bottom = std::min(common.bottom, span.bottom);
+  }
+  return {common.left, common.right, std::round(common.top), std::round(common.bottom)};
+}
+
+void FillSmooth(Columns filled, Color color, Scene& scene) {
+  Path upper{{filled.front().left, filled.front().top}};
+  Path lower{{filled.front().left, filled.front().bottom}};
+  for (const ColumnSpan& span : filled) {
+    upper.push_back({span.Middle(), span.top});
+    lower.push_back({span.Middle(), span.bottom});
+  }
+  upper.push_back({filled.back().right, filled.back().top});
+  lower.push_back({filled.back().right, filled.back().bottom});
+  upper.insert(upper.end(), lower.rbegin(), lower.rend());
+  scene.Polygon(upper, color, kNoPen);
+}
+
+/// As few rectangles as show it: a large one that all the columns share, and small ones at its edges, under the noise.
+void FillRestless(Columns filled, Color color, Scene& scene) {
+  constexpr std::size_t kBlock = 4;
+  const auto fill = [&](const ColumnSpan& part, double top, double bottom) {
+    if (top < bottom) scene.FillRect({part.left, top, part.right - part.left, bottom - top}, color);
+  };
+  const ColumnSpan common = CommonPart(filled);
+  const bool shared = common.top < common.bottom;
+  if (shared) fill(common, common.top, common.bottom);
+  for (std::size_t first = 0; first < filled.size(); first += kBlock) {
+    const ColumnSpan block = CommonPart(filled.subspan(first, std::min(kBlock, filled.size() - first)));
+    if (shared) {
+      fill(block, block.top, common.top);
+      fill(block, common.bottom, block.bottom);
+    } else {
+      fill(block, block.top, block.bottom);
+    }
+  }
+}
+
+void FillArea(const SpanRun& run, const ChartSeries& series, double base, Scene& scene) {
+  const Color color = WithAlpha(series.color, kAreaAlpha);
+  for (std::size_t first = 0; first < run.size(); first += kPieceColumns) {
+    const Columns columns = Columns(run).subspan(first, std::min(kPieceColumns, run.size() - first));
+    const SpanRun filled = FilledPart(columns, series.showLine, base);
+    constexpr double kSmoothSpan = 8;  // pixels of noise up to which the edge is drawn as a curve
+    const bool calm = std::all_of(columns.begin(), columns.end(),
+                                  [](const ColumnSpan& span) { return span.bottom - span.top <= kSmoothSpan; });
+    calm ? FillSmooth(filled, color, scene) : FillRestless(filled, color, scene);
+  }
 }
 
 }  // namespace
@@ -168,7 +156,7 @@ void DrawDenseLines(const ChartModel& model, const Plot& plot, Scene& scene) {
   std::vector<std::vector<SpanRun>> runs;
   for (const ChartSeries& series : model.series) runs.push_back(SeriesSpans(series, plot, 1));
   for (std::size_t s = 0; model.kind == ChartKind::k2dArea && s < runs.size(); ++s) {
-    for (const SpanRun& run : runs[s]) FillArea(run, model.series[s].color, std::round(plot.BaseY()), scene);
+    for (const SpanRun& run : runs[s]) FillArea(run, model.series[s], std::round(plot.BaseY()), scene);
   }
   StrokeRestlessParts(model, plot, runs, scene);
   for (std::size_t s = 0; s < runs.size(); ++s) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "chart/picture/column_layers.h"
 #include "chart/picture/dense_lines.h"
 #include "chart/picture/series_path.h"
 #include "chart/picture/series_style.h"
@@ -37,10 +38,10 @@ void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
   const BarPlace place = PlaceBars(plot, count);
   if (place.width < 1) {
     for (const BarColumn& bar : DenseBars(model, plot, 1)) {
-      for (const BarSpan& span : bar.spans) {
-        const double top = std::round(span.top);
-        scene.FillRect({bar.left, top, bar.right - bar.left, std::round(span.bottom) - top},
-                       model.series[static_cast<std::size_t>(span.column)].color);
+      ColumnOfLayers layers(bar.left, bar.right, scene);
+      for (auto span = bar.spans.rbegin(); span != bar.spans.rend(); ++span) {
+        const Color color = model.series[static_cast<std::size_t>(span->column)].color;
+        layers.Add(std::round(span->top), std::round(span->bottom), color);
       }
     }
   } else {

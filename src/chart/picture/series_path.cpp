@@ -88,9 +88,9 @@ std::vector<BarColumn> DenseBars(const ChartModel& model, const Plot& plot, doub
       bar.spans.push_back(
           {static_cast<int>(s), std::min(base, plot.Y(range.maximum)), std::max(base, plot.Y(range.minimum))});
     }
-    const DenseOrder before(column, static_cast<int>(model.series.size()));
-    std::sort(bar.spans.begin(), bar.spans.end(), [&before](const BarSpan& one, const BarSpan& other) {
-      return before(one.column, one.bottom - one.top, other.column, other.bottom - other.top);
+    const DenseOrder order(column, static_cast<int>(model.series.size()));
+    std::sort(bar.spans.begin(), bar.spans.end(), [&order](const BarSpan& one, const BarSpan& other) {
+      return order.Key(one.column, one.bottom - one.top) < order.Key(other.column, other.bottom - other.top);
     });
     if (!bar.spans.empty()) bars.push_back(std::move(bar));
   }

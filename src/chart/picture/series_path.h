@@ -42,17 +42,14 @@ class DenseOrder {
  public:
   /// @param column of the plot, counted from its left edge
   DenseOrder(int column, int seriesCount) : turn_(column / kColumnsPerTurn), count_(seriesCount) {}
-  /// Whether a span of a height is painted before one of another height.
-  [[nodiscard]] bool operator()(int series, double height, int otherSeries, double otherHeight) const {
-    const int tallness = Tallness(height);
-    const int otherTallness = Tallness(otherHeight);
-    if (tallness != otherTallness) return tallness > otherTallness;
-    return (series + turn_) % count_ < (otherSeries + turn_) % count_;
+  /// Spans are painted in the order of this number.
+  [[nodiscard]] int Key(int series, double height) const {
+    const int doublings = std::ilogb((height + 1) * (height + 1));  // of the height's square
+    return -doublings * count_ + (series + turn_) % count_;
   }
 
  private:
   static constexpr int kColumnsPerTurn = 4;
-  static int Tallness(double height) { return static_cast<int>(2 * std::log2(height + 1)); }
   int turn_;
   int count_;
 };

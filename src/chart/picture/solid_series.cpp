@@ -11,6 +11,7 @@
 #include <numeric>
 #include <span>
 
+#include "chart/picture/column_layers.h"
 #include "chart/picture/series_path.h"
 #include "chart/picture/series_style.h"
 
@@ -86,9 +87,11 @@ void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face,
     const Rect box{bar.left, tallest.top, bar.right - bar.left, tallest.bottom - tallest.top};
     DrawCrispBody(colorOf(tallest), box, face, scene);
   }
+  const PointF shift = plot.At({0, 0}, face.depth.front);
   for (const BarColumn& bar : bars) {
-    for (const BarSpan& span : bar.spans) {
-      FillFront(bar.left, bar.right, span.top, span.bottom, colorOf(span), face, scene);
+    ColumnOfLayers layers(std::round(bar.left + shift.x), std::round(bar.right + shift.x), scene);
+    for (auto span = bar.spans.rbegin(); span != bar.spans.rend(); ++span) {
+      layers.Add(std::floor(span->top + shift.y), std::ceil(span->bottom + shift.y), colorOf(*span));
     }
   }
 }
