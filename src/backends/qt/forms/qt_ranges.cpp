@@ -66,15 +66,6 @@ class FocusScrollBar : public QScrollBar {
     QScrollBar::paintEvent(event);
     PaintFocus(*this);
   }
-  /// Left and Right move the bar the way that they point, also in a range that runs backwards.
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) {
-      QScrollBar::keyPressEvent(event);
-      return;
-    }
-    const bool adds = (event->key() == Qt::Key_Right) != invertedAppearance();
-    triggerAction(adds ? SliderSingleStepAdd : SliderSingleStepSub);
-  }
 };
 
 /// Two small arrows; they look like one control with the field beside them.
