@@ -36,16 +36,16 @@ using SpanRun = std::vector<ColumnSpan>;
 /// A series' spans in all the columns. A gap shows where it fills a column.
 [[nodiscard]] std::vector<SpanRun> SeriesSpans(const ChartSeries& series, const Plot& plot, double columnWidth);
 
-/// Painting order of spans that share a column: taller ones first. Among spans of about the same height the last one
-/// changes from place to place, so that none hides another everywhere.
+/// Painting order of spans that share a column: taller ones first. Of those as tall as each other another one is last
+/// from place to place, so that none hides another everywhere.
 class DenseOrder {
  public:
   /// @param column of the plot, counted from its left edge
   DenseOrder(int column, int seriesCount) : turn_(column / kColumnsPerTurn), count_(seriesCount) {}
   /// Spans are painted in the order of this number.
   [[nodiscard]] int Key(int series, double height) const {
-    const int doublings = std::ilogb((height + 1) * (height + 1));  // of the height's square
-    return -doublings * count_ + (series + turn_) % count_;
+    constexpr double kAsTall = 2;  // pixels
+    return -static_cast<int>(height / kAsTall) * count_ + (series + turn_) % count_;
   }
 
  private:
