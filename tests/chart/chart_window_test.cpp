@@ -289,7 +289,7 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
       EXPECT_TRUE(form.scroll.hsbGraph.Visible() && form.mscChart1.KeyPressed(Key::kEnd, false)) << named;
       EXPECT_EQ(form.scroll.hsbGraph.Maximum(), 75);
       EXPECT_EQ(FirstLabel(form), 76);
-      EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("behind point " + std::string(named)));
+      EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("continues after point " + std::string(named)));
     });
   }
   Put("30", 30);
