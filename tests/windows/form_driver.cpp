@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -256,27 +257,47 @@ std::string FileContents(const std::string& name) {
   return contents.str();
 }
 
+namespace {
+
+/// How many numbers of a table are in use, up to a constant. A freed number is given out again before a new one, in an
+/// order that says nothing: so many objects are made at once that new numbers are needed, and the highest one counts.
+template <typename Make, typename Destroy>
+int NumbersInUse(Make make, Destroy destroy) {
+  constexpr int kMoreThanAreFree = 3000;
+  std::vector<decltype(make())> objects;
+  int highest = 0;
+  for (int object = 0; object < kMoreThanAreFree; ++object) {
+    objects.push_back(make());
+    EXPECT_NE(objects.back(), nullptr);
+    highest = std::max<int>(highest, LOWORD(HandleToULong(objects.back())));
+  }
+  for (const auto object : objects) destroy(object);
+  return highest;
+}
+
+}  // namespace
+
 void ExpectNoGrowth(int cycles, const std::function<void()>& action, std::size_t spareBytes) {
   struct Use {
     DWORD handles;
-    DWORD windows;
-    DWORD drawing;
+    int windows;
+    int drawing;
     SIZE_T bytes;
   };
-  // This Wine counts no handles; but a new one gets a number that is free again, and there is one row of numbers for
-  // windows and cursors, one for what is drawn with.
+  // This Wine counts no handles; but a new one gets the lowest free number. There is one row of numbers, two apart, for
+  // windows, menus and cursors, and one for what is drawn with.
   const auto measure = [] {
     const HANDLE handle = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     CloseHandle(handle);
-    const win32::OwnedWindow window(
-        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
-    const win32::OwnedBrush brush(CreateSolidBrush(RGB(1, 2, 3)));
+    const int windows = NumbersInUse([] { return CreateMenu(); }, [](HMENU menu) { DestroyMenu(menu); }) / 2;
+    const int drawing = NumbersInUse([] { return static_cast<HGDIOBJ>(CreateSolidBrush(RGB(1, 2, 3))); },
+                                     [](HGDIOBJ brush) { DeleteObject(brush); });
     PROCESS_MEMORY_COUNTERS memory{};
     GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof memory);
-    return Use{HandleToULong(handle) / 4, LOWORD(HandleToULong(window.Get())) / 2UL, LOWORD(HandleToULong(brush.Get())),
-               memory.PagefileUsage};
+    return Use{HandleToULong(handle) / 4, windows, drawing, memory.PagefileUsage};
   };
   for (int warmUp = 0; warmUp < cycles / 10; ++warmUp) action();
+  measure();  // its own objects take memory the first time
   const Use before = measure();
   for (int cycle = 0; cycle < cycles; ++cycle) action();
   const Use after = measure();
