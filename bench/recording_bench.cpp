@@ -41,13 +41,13 @@ class InstantLink : public DriveLink {
  public:
   void SetP210Value(std::int16_t /*value*/) override {}
   void SetP529Value(std::int16_t /*value*/) override {}
-  bool ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                     std::int16_t /*unitCode*/) override {
-    return true;
+  ReadOutcome ReadParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
+                            std::int16_t /*unitCode*/) override {
+    return {};
   }
-  bool ProbeParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
-                      std::int16_t /*unitCode*/) override {
-    return true;
+  ReadOutcome ProbeParameter(std::int16_t /*address*/, const std::string& /*modelCode*/, std::int16_t /*parameter*/,
+                             std::int16_t /*unitCode*/) override {
+    return {};
   }
   void OpenLink() override {}
   void CloseLink() override {}
@@ -56,7 +56,7 @@ class InstantLink : public DriveLink {
 };
 
 struct InstantLinks : DriveLinkFactory {
-  std::unique_ptr<DriveLink> Create() override { return std::make_unique<InstantLink>(); }
+  std::unique_ptr<DriveLink> Create(const LinkWait& /*wait*/) override { return std::make_unique<InstantLink>(); }
 };
 
 double PeakMebibytes() {

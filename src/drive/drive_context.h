@@ -22,6 +22,7 @@ struct DriveContext : Environment {
   std::int16_t currentDrive = 0;  ///< the address that every parameter read uses
   DriveStatus status;
   DriveLinkFactory& linkFactory;
+  LinkWait linkWait;                     ///< what a waiting link calls; set by who reads
   std::unique_ptr<DriveLink> driveLink;  ///< empty except while the acquisition dialog is up
 };
 

@@ -6,7 +6,7 @@
 namespace chartproject {
 
 DriveLinkSession::DriveLinkSession(DriveContext& context) : context_(context) {
-  context_.driveLink = context_.linkFactory.Create();
+  context_.driveLink = context_.linkFactory.Create(context_.linkWait);
 }
 
 DriveLinkSession::~DriveLinkSession() {

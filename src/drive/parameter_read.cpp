@@ -17,10 +17,17 @@ namespace {
 
 using SetGoverningValue = void (DriveLink::*)(std::int16_t value);
 
-/// Reads a parameter with its own unit; nothing when the drive does not answer.
-std::optional<double> ReadNumber(DriveContext& context, std::int16_t parameter) {
-  if (!ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))) return std::nullopt;
-  return context.driveLink->GetValue();
+/// A reading as a number; 0 when it failed.
+struct NumberReading {
+  ReadOutcome outcome;
+  double value = 0;
+};
+
+/// Reads a parameter with its own unit.
+NumberReading ReadNumber(DriveContext& context, std::int16_t parameter) {
+  NumberReading reading{ReadWithUnit(context, parameter, UnitCodeOf(context, parameter))};
+  if (reading.outcome.Answered()) reading.value = context.driveLink->GetValue();
+  return reading;
 }
 
 bool FitsInteger16(double value) noexcept {
@@ -30,36 +37,42 @@ bool FitsInteger16(double value) noexcept {
 }
 
 SpecialReading ReadText(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
-  if (!ReadWithUnit(context, parameter, unitCode)) return {};
-  return {true, context.driveLink->GetText()};
+  ReadOutcome outcome = ReadWithUnit(context, parameter, unitCode);
+  if (!outcome.Answered()) return {std::move(outcome), std::nullopt};
+  return {{}, context.driveLink->GetText()};
 }
 
 /// A parameter whose unit the link works out from another one, whose value it needs first.
 SpecialReading ReadDependent(DriveContext& context, std::int16_t parameter, std::int16_t dependsOn,
                              SetGoverningValue set) {
-  const std::optional<double> governing = ReadNumber(context, dependsOn);
-  if (!governing || !FitsInteger16(*governing)) return {false, std::string()};
-  (*context.driveLink.*set)(RoundToInteger16(*governing));
+  const NumberReading governing = ReadNumber(context, dependsOn);
+  if (!governing.outcome.Answered()) return {governing.outcome, std::string()};
+  if (!FitsInteger16(governing.value)) return {{ReadFailure::kNoAnswer, {}}, std::string()};
+  (*context.driveLink.*set)(RoundToInteger16(governing.value));
   return ReadText(context, parameter, UnitCodeOf(context, parameter));
 }
 
-/// KRA-08, parameter 2: the product of the parameters 5 and 208.
+/// KRA-08, parameter 2: the product of the parameters 5 and 208. One that was not read counts as 0.
 SpecialReading ComputeProduct(DriveContext& context) {
-  const std::optional<double> a = ReadNumber(context, 5);
-  const std::optional<double> b = ReadNumber(context, 208);
-  return {a || b, FormatTwoDecimals(b.value_or(0) * a.value_or(0), context.ports.locale.Numbers())};
+  const NumberReading a = ReadNumber(context, 5);
+  const NumberReading b = ReadNumber(context, 208);
+  return {a.outcome.Answered() ? b.outcome : a.outcome,
+          FormatTwoDecimals(b.value * a.value, context.ports.locale.Numbers())};
 }
 
-/// KRD-04, parameters 32 and 33: the unit depends on parameter 14.
+/// KRD-04, parameters 32 and 33: the unit depends on parameter 14, which counts as 0 when it was not read.
 SpecialReading ReadByScale(DriveContext& context, std::int16_t parameter) {
-  const double scale = ReadNumber(context, 14).value_or(0);
-  if (scale != 0 && scale != 1) return {true, std::nullopt};
-  return ReadText(context, parameter, scale == 0 ? kDividedBy10UnitCode : kDividedBy100UnitCode);
+  NumberReading scale = ReadNumber(context, 14);
+  if (scale.value != 0 && scale.value != 1) return {{}, std::nullopt};
+  SpecialReading reading =
+      ReadText(context, parameter, scale.value == 0 ? kDividedBy10UnitCode : kDividedBy100UnitCode);
+  if (!scale.outcome.Answered()) reading.outcome = std::move(scale.outcome);
+  return reading;
 }
 
 }  // namespace
 
-bool ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
+ReadOutcome ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode) {
   const std::string& model = context.driveTable.At(context.currentDrive).Type;
   if (!context.driveLink) throw RunTimeError(error_number::kObjectNotSet, Text::kDriveLinkNotOpen);
   return context.driveLink->ReadParameter(context.currentDrive, ModelCode(model), parameter, unitCode);
@@ -69,7 +82,7 @@ std::int16_t UnitCodeOf(DriveContext& context, std::int16_t parameter) {
   return context.parameterTables.At(context.currentDrive).At(parameter).unitCode;
 }
 
-bool ReadOrdinary(DriveContext& context, std::int16_t parameter) {
+ReadOutcome ReadOrdinary(DriveContext& context, std::int16_t parameter) {
   return ReadWithUnit(context, parameter, ReadUnitCode(UnitCodeOf(context, parameter)));
 }
 
@@ -91,12 +104,14 @@ bool ReadSpecialParameter(DriveContext& context, std::int16_t parameter, std::st
 }
 
 ColumnReading ReadColumn(DriveContext& context, std::int16_t parameter) {
-  if (const auto special = ReadSpecial(context, parameter)) return {special->answered, special->text.value_or("")};
-  const bool answered = ReadOrdinary(context, parameter);
-  const std::string text = answered ? context.driveLink->GetText() : "0";
+  if (auto special = ReadSpecial(context, parameter)) {
+    return {std::move(special->outcome), std::move(special->text).value_or("")};
+  }
+  ReadOutcome outcome = ReadOrdinary(context, parameter);
+  const std::string text = outcome.Answered() ? context.driveLink->GetText() : "0";
   const std::string& model = context.driveTable.At(context.currentDrive).Type;
   const bool asRead = model == "KRA-05" || model == "KRA-09" || parameter == kStatusParameter;
-  return {answered, asRead ? text : DisplayValue(context, parameter, text, model)};
+  return {std::move(outcome), asRead ? text : DisplayValue(context, parameter, text, model)};
 }
 
 }  // namespace chartproject

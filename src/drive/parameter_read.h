@@ -5,26 +5,27 @@
 #include <optional>
 #include <string>
 
+#include "drive/read_outcome.h"
 #include "drive/unit_codes.h"
 
 namespace chartproject {
 
 struct DriveContext;
 
-/// Reads a parameter of the current drive with a unit code; true when the drive answered, and the value waits in the
-/// link. The link must be open. Throws RunTimeError 9 for a drive address outside the table.
-[[nodiscard]] bool ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode);
+/// Reads a parameter of the current drive with a unit code; when the drive answered, the value waits in the link. The
+/// link must be open. Throws RunTimeError 9 for a drive address outside the table.
+[[nodiscard]] ReadOutcome ReadWithUnit(DriveContext& context, std::int16_t parameter, std::int16_t unitCode);
 
 /// The unit code of a parameter of the current drive, from its driver file. Throws RunTimeError 9 for a parameter
 /// outside 0 to 999 or a drive outside 1 to 30.
 [[nodiscard]] std::int16_t UnitCodeOf(DriveContext& context, std::int16_t parameter);
 
 /// The ordinary read: the unit code of the driver file, digital words plain.
-[[nodiscard]] bool ReadOrdinary(DriveContext& context, std::int16_t parameter);
+[[nodiscard]] ReadOutcome ReadOrdinary(DriveContext& context, std::int16_t parameter);
 
 /// The result of a special read.
 struct SpecialReading {
-  bool answered = false;  ///< the drive answered for the parameter itself, or for one that it is computed from
+  ReadOutcome outcome;              ///< of the first reading that failed, of those that it takes
   std::optional<std::string> text;  ///< nothing where the read leaves the caller's text as it was
 };
 
@@ -39,7 +40,7 @@ struct SpecialReading {
 
 /// One parameter as a recording keeps it.
 struct ColumnReading {
-  bool answered = false;
+  ReadOutcome outcome;
   std::string text;  ///< display text; "0" by the model's rule where an ordinary parameter did not answer
 };
 

@@ -16,6 +16,8 @@ constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors begin a UTF-8 file with it
 constexpr int kLastAddress = 30;
 constexpr int kParameters = 1000;
+constexpr std::int64_t kLastStatus = 32767;
+constexpr std::int64_t kLongestDelay = 86'400'000;  // a day, in milliseconds
 
 /// Takes the next word off the front of a line.
 std::string_view TakeWord(std::string_view& line) {
@@ -96,10 +98,7 @@ bool ScenarioScript::TakeLine(std::string_view line) {
   const int drive = static_cast<int>(*address);
   const std::string_view what = TakeWord(line);
   const std::string_view rest = TrimBlanks(line);
-  if (what == "silent" || what == "answers") {
-    silences_[drive].emplace_back(*time, what == "silent");
-    return rest.empty();
-  }
+  if (TakeConduct(drive, *time, what, rest)) return true;
   if (what.empty() || what.front() != 'P' || rest.empty()) return false;
   const auto parameter = WholeNumber(what.substr(1), 3);
   if (!parameter) return false;
@@ -107,14 +106,55 @@ bool ScenarioScript::TakeLine(std::string_view line) {
   return true;
 }
 
-void ScenarioScript::SortTimelines() {
-  SortByTime(texts_);
-  SortByTime(silences_);
+/// The verbs that say how readings go wrong. False for another word, or when its rest is not understood.
+bool ScenarioScript::TakeConduct(int drive, std::int64_t time, std::string_view verb, std::string_view rest) {
+  if (verb == "answers" || verb == "silent") {
+    const bool silent = verb == "silent";
+    outcomes_[drive].emplace_back(time, ReadOutcome{silent ? ReadFailure::kNoAnswer : ReadFailure::kNone, {}});
+    return rest.empty();
+  }
+  if (verb == "breaks") {
+    outcomes_[drive].emplace_back(time, ReadOutcome{ReadFailure::kBroken, std::string(rest.empty() ? verb : rest)});
+    return true;
+  }
+  if (verb == "fails") {
+    const auto status = WholeNumber(TakeWord(rest), 0);
+    if (!status || *status < 1 || *status > kLastStatus) return false;
+    outcomes_[drive].emplace_back(time, OutcomeOfStatus(static_cast<std::int16_t>(*status), TrimBlanks(rest)));
+    return true;
+  }
+  if (verb == "slow" || verb == "late") {
+    const auto duration = WholeNumber(rest, 0);
+    if (!duration || *duration > kLongestDelay) return false;
+    (verb == "slow" ? delays_ : lates_)[drive].emplace_back(time, *duration);
+    return true;
+  }
+  return false;
 }
 
-bool ScenarioScript::IsSilent(int address, std::int64_t milliseconds) const {
-  const bool* const silent = ValueAt(silences_, address, milliseconds);
-  return silent != nullptr && *silent;
+void ScenarioScript::SortTimelines() {
+  SortByTime(texts_);
+  SortByTime(outcomes_);
+  SortByTime(delays_);
+  SortByTime(lates_);
+}
+
+ReadOutcome ScenarioScript::OutcomeAt(int address, std::int64_t milliseconds) const {
+  const ReadOutcome* const outcome = ValueAt(outcomes_, address, milliseconds);
+  return outcome != nullptr ? *outcome : ReadOutcome{};
+}
+
+std::int64_t ScenarioScript::DelayAt(int address, std::int64_t milliseconds) const {
+  const std::int64_t* const delay = ValueAt(delays_, address, milliseconds);
+  return delay != nullptr ? *delay : 0;
+}
+
+std::int64_t ScenarioScript::LatenessBetween(int address, std::int64_t after, std::int64_t upTo) const {
+  const auto found = lates_.find(address);
+  if (found == lates_.end()) return 0;
+  std::int64_t sum = 0;
+  for (const auto& [time, duration] : found->second) sum += time > after && time <= upTo ? duration : 0;
+  return sum;
 }
 
 const std::string* ScenarioScript::TextAt(int address, int parameter, std::int64_t milliseconds) const {

@@ -68,15 +68,15 @@ class SimulatedLink : public DriveLink {
   void SetP210Value(std::int16_t value) override { speedDecimals_ = Decimals(value); }
   void SetP529Value(std::int16_t value) override { processDecimals_ = Decimals(value); }
 
-  bool ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
-                     std::int16_t unitCode) override {
+  ReadOutcome ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                            std::int16_t unitCode) override {
     const std::optional<double> stored = StoredValue(address, modelCode, parameter);
     if (stored) Show(*stored, unitCode);
-    return stored.has_value();
+    return {stored ? ReadFailure::kNone : ReadFailure::kNoAnswer, {}};
   }
 
-  bool ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
-                      std::int16_t unitCode) override {
+  ReadOutcome ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                             std::int16_t unitCode) override {
     return ReadParameter(address, modelCode, parameter, unitCode);
   }
 
@@ -131,7 +131,7 @@ class SimulatedLink : public DriveLink {
 
 }  // namespace
 
-std::unique_ptr<DriveLink> SimulatedLinkFactory::Create() {
+std::unique_ptr<DriveLink> SimulatedLinkFactory::Create(const LinkWait& /*wait*/) {
   return std::make_unique<SimulatedLink>(clock_, locale_);
 }
 

@@ -16,7 +16,7 @@ namespace chartproject {
 class SimulatedLinkFactory : public DriveLinkFactory {
  public:
   SimulatedLinkFactory(Clock& clock, const Locale& locale) : clock_(clock), locale_(locale) {}
-  [[nodiscard]] std::unique_ptr<DriveLink> Create() override;
+  [[nodiscard]] std::unique_ptr<DriveLink> Create(const LinkWait& wait) override;
 
  private:
   Clock& clock_;

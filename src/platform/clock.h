@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 
 namespace chartproject {
 
@@ -27,5 +28,8 @@ class Clock {
   [[nodiscard]] virtual DateTime LocalNow() = 0;
   [[nodiscard]] virtual Instant Now() = 0;
 };
+
+/// Waits until a moment of a clock: a virtual clock jumps there, a real one sleeps.
+using WaitUntil = std::function<void(Instant moment)>;
 
 }  // namespace chartproject

@@ -18,6 +18,13 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kMoreDriverFaults, "O driver %2 tem mais %1 linha(s) com erro ou unidade desconhecida.",
      "Driver %2 has %1 more line(s) with an error or an unknown unit.",
      "El driver %2 tiene %1 línea(s) más con un error o una unidad desconocida."},
+    {Text::kReadNoAnswer, "sem resposta", "no answer", "sin respuesta"},
+    {Text::kReadTimeout, "resposta incompleta", "incomplete answer", "respuesta incompleta"},
+    {Text::kReadChecksum, "soma de verificação errada", "bad checksum", "suma de verificación errónea"},
+    {Text::kReadException, "recusado pelo drive", "refused by the drive", "rechazado por el drive"},
+    {Text::kReadPortGone, "a porta sumiu", "the port is gone", "el puerto desapareció"},
+    {Text::kReadStatus, "estado %1", "status %1", "estado %1"},
+    {Text::kReadBroken, "a comunicação falhou", "the link failed", "la comunicación falló"},
 });
 static_assert(InOrder(kRows, Text::kDriverLineError), "every text has its row, in the order of the enumeration");
 

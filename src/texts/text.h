@@ -190,6 +190,13 @@ enum class Text : std::uint16_t {
   kFileLinePlace,        ///< "%1, line %2: ", before what is wrong there
   kModelShowsNoNumbers,  ///< %1 model
   kMoreDriverFaults,     ///< %1 number of further faults, %2 file
+  kReadNoAnswer,         ///< why a reading failed, as the end of a sentence: "no answer"
+  kReadTimeout,
+  kReadChecksum,
+  kReadException,
+  kReadPortGone,
+  kReadStatus,  ///< "status %1"
+  kReadBroken,
 
   // Descriptions of run-time errors (error_rows.cpp).
   kDialogAlreadyOpen,

@@ -216,7 +216,6 @@ TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
     component.driveTable.At(1).Type = model;
     const ColumnReading reading = ReadColumn(component, static_cast<std::int16_t>(parameter));
     EXPECT_EQ(reading.text, text) << model << " P" << parameter;
-    EXPECT_EQ(reading.answered, parameter != 5) << model << " P" << parameter;
   }
   EXPECT_THAT(plant.steps, testing::Contains("read 1 0 12 unit 7"));
 }
@@ -251,6 +250,68 @@ TEST_F(AcquireRunTest, EscWhileTheDriveIsReadEndsTheRunBeforeThatPoint) {
     EXPECT_EQ(Rows()[3], "######");
     EXPECT_THAT(fake.files.locked, IsEmpty());
   }
+}
+
+struct WaitingLinkTest : DialogTest {
+  /// Records P003 and P005 of drive 01 from a script, every 200 ms.
+  void Record(const std::string& script, int points) {
+    fake.files.Put("plant.txt", script);
+    component.driveLink = PlayScenario();
+    Open();
+    Choose(form->drive.cboNumberOfParameters, "2");
+    Choose(form->drive.cboPXXX2, "005");
+    Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+    form->timing.txtTimeBetweenPoints.SetText("200");
+    form->timing.txtNumberOfPoints.SetText(std::to_string(points));
+    form->panel.cmdStart.Press();
+  }
+};
+
+// The link waits without a message loop: it asks whether it should go on.
+TEST_F(WaitingLinkTest, EscAndTheCloseBoxEndARecordingAndAWatchWhileTheLinkWaits) {
+  for (const bool armed : {false, true}) {
+    for (const bool closed : {false, true}) {
+      Record("at 0 01 P003 1\nat 0 01 P005 2\nat 0 01 P006 0\nat 500 01 slow 60000\n", 5);
+      if (armed) {
+        form->StopRun();
+        form->trigger.cboTriggerMode.SetListIndex(static_cast<int>(TriggerMode::kEvent));
+        form->trigger.cboEvent.SetListIndex(0);
+        form->panel.cmdTrigger.Press();
+      }
+      const Instant pressed = fake.clock.Now() + milliseconds(630);
+      bool done = false;
+      fake.forms.onKeepAlive = [&] {
+        if (done || fake.clock.Now() < pressed) return;
+        done = true;
+        closed ? form->CloseByUser() : static_cast<void>(fake.keyboard.escape = true);
+      };
+      RunToEnd();
+      EXPECT_LE(fake.clock.Now(), pressed + milliseconds(200)) << armed << closed;
+      EXPECT_EQ(form->LastRun().end, RunEnd::kStopped);
+      EXPECT_EQ(form->LastRun().points, armed ? 0 : 2);
+      EXPECT_EQ(form->IsLoaded(), !closed);
+      fake.forms.onKeepAlive = nullptr;
+      form.reset();
+    }
+  }
+}
+
+TEST_F(WaitingLinkTest, CountsFailedReadingsByColumnWithTheirReasons) {
+  Record("at 0 01 P003 1\nat 800 01 P005 2\nat 1500 01 fails 3\nat 1700 01 answers\n", 12);
+  RunToEnd();
+  const FailedReadings& failed = form->Run().Failed();
+  EXPECT_THAT(failed[0].Ranges(), ElementsAre(FailedRange{8, 8, 1, {ReadFailure::kChecksum, ""}}));
+  EXPECT_THAT(failed[1].Ranges(), ElementsAre(FailedRange{1, 3, 3, {ReadFailure::kNoAnswer, ""}},
+                                              FailedRange{8, 8, 1, {ReadFailure::kChecksum, ""}}));
+  EXPECT_EQ(failed[1].Count(), 4);
+  EXPECT_EQ(failed[2].Count() + failed[3].Count(), 0);
+  Record("at 0 01 P003 1\nat 0 01 P005 1\nat 500 01 breaks the server died\n", 12);
+  RunToEnd();
+  EXPECT_THAT(Prompts(), ElementsAre("the server died"));
+  EXPECT_EQ(form->LastRun().points, 2);
+  EXPECT_THAT(form->Run().Failed()[0].Ranges(),
+              ElementsAre(FailedRange{3, 3, 1, {ReadFailure::kBroken, "the server died"}}));
+  EXPECT_EQ(form->Run().Failed()[1].Count(), 0);
 }
 
 TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
@@ -441,7 +502,7 @@ TEST_F(EventWatchTest, TenThousandEventsNoneMissedNoneFalse) {
         "at " + std::to_string(begin) + " 01 P003 0\nat " + std::to_string(begin + eventOf(round)) + " 01 P003 50\n";
   }
   fake.files.Put("plant.txt", script);
-  component.driveLink = ScenarioLinkFactory(fake.files, fake.clock, "plant.txt").Create();
+  component.driveLink = PlayScenario();
   Arm(22, "50");
   form->StopRun();
   form->timing.txtNumberOfPoints.SetText("1");

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "links/scenario_link.h"
+
 namespace chartproject {
 
 void SetUpDrives(Component& component, FakePorts& fakes) {
@@ -21,7 +23,7 @@ void SetUpDrives(Component& component, FakePorts& fakes) {
       fakes.files.Put("C:\\d\\" + model.substr(0, 3) + model.substr(4) + ending, driver);
     }
   }
-  component.driveLink = component.linkFactory.Create();
+  component.driveLink = component.linkFactory.Create(component.linkWait);
 }
 
 DialogTest::DialogTest() {
@@ -40,6 +42,11 @@ void DialogTest::Open() {
   form->Load();
   (void)fake.dialogs.TakePrompts();
   (void)Sounds();
+}
+
+std::unique_ptr<DriveLink> DialogTest::PlayScenario() {
+  const auto wait = [this](Instant moment) { fake.clock.AdvanceTo(moment); };
+  return ScenarioLinkFactory(fake.files, fake.clock, wait, "plant.txt").Create(component.linkWait);
 }
 
 void DialogTest::Choose(ComboBox& list, const std::string& item) {

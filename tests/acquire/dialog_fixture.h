@@ -28,6 +28,8 @@ class DialogTest : public ::testing::Test {
 
   /// Loads the dialog and discards the sounds and boxes so far.
   void Open();
+  /// A link that plays "plant.txt" on the virtual clock.
+  [[nodiscard]] std::unique_ptr<DriveLink> PlayScenario();
   void Choose(ComboBox& list, const std::string& item);
   /// Lets the timers tick until a moment on the virtual clock, or until the recording has ended.
   void RunUntil(Instant moment);

@@ -239,7 +239,7 @@ TEST_F(DriveTableTest, ABadFileIsTheCallersOrHarmless) {
 
 struct ParameterReadTest : DriveTest {
   ParameterReadTest() {
-    context.driveLink = plant.Create();
+    context.driveLink = plant.Create(context.linkWait);
     plant.steps.clear();
     context.currentDrive = 4;
     ParameterTable& table = context.parameterTables.At(4);
@@ -296,6 +296,26 @@ TEST_F(ParameterReadTest, MultipliesFrequencyAndSpeedPerHertz) {
   EXPECT_EQ(Special("KRA-08", 2), "0,00");
 }
 
+TEST_F(ParameterReadTest, AColumnThatTakesAFailedReadingCarriesItsReason) {
+  plant.failure = {ReadFailure::kChecksum, "CRC"};
+  const std::tuple<const char*, int, std::map<int, std::string>, const char*, bool> cases[] = {
+      {"KRA-09", 3, {}, "0", false},
+      {"KRA-09", 3, {{3, "7"}}, "7", true},
+      {"KRA-09", 1, {{1, "7"}}, "", false},
+      {"KRA-09", 1, {{1, "7"}, {210, "1"}}, "7", true},
+      {"KRA-08", 2, {{5, "7"}}, "0.00", false},
+      {"KRA-08", 2, {{208, "7"}}, "0.00", false},
+      {"KRD-04", 32, {{32, "7"}}, "7", false},
+      {"KRD-04", 32, {{14, "2"}}, "", true}};
+  for (const auto& [model, parameter, texts, text, answered] : cases) {
+    context.driveTable.At(4).Type = model;
+    plant.texts = texts;
+    const ColumnReading reading = ReadColumn(context, static_cast<std::int16_t>(parameter));
+    EXPECT_EQ(reading.text, text) << model << parameter;
+    EXPECT_EQ(reading.outcome, answered ? ReadOutcome{} : plant.failure) << model << parameter;
+  }
+}
+
 TEST_F(ParameterReadTest, ChoosesTheUnitByParameter14) {
   plant.texts[32] = "1.5";
   EXPECT_EQ(Special("KRD-04", 32), "1.5");  // an unreadable choice counts as 0
@@ -314,10 +334,10 @@ TEST_F(ParameterReadTest, ReadsDigitalWordsPlainAndOthersInTheirUnit) {
   plant.texts[12] = "AIA";
   context.parameterTables.At(4).At(12).unitCode = 75;
   context.parameterTables.At(4).At(13).unitCode = 76;
-  EXPECT_TRUE(ReadOrdinary(context, 12));
-  EXPECT_FALSE(ReadOrdinary(context, 13));
-  EXPECT_TRUE(ReadWithUnit(context, 12, UnitCodeOf(context, 12)));
-  EXPECT_FALSE(ReadOrdinary(context, 71));
+  EXPECT_TRUE(ReadOrdinary(context, 12).Answered());
+  EXPECT_FALSE(ReadOrdinary(context, 13).Answered());
+  EXPECT_TRUE(ReadWithUnit(context, 12, UnitCodeOf(context, 12)).Answered());
+  EXPECT_FALSE(ReadOrdinary(context, 71).Answered());
   EXPECT_THAT(plant.steps,
               ElementsAre("read 4 9 12 unit 7", "read 4 9 13 unit 7", "read 4 9 12 unit 75", "read 4 9 71 unit 2"));
 }

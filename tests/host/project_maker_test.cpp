@@ -35,7 +35,7 @@ TEST_F(ProjectMakerTest, EveryDriveLoadsInEveryLanguageAndAnswersForAllItsParame
   ReadProjectSettings(context);
   ReadFolderSettings(context);
   LoadDriveInfo(context, 0);
-  context.driveLink = links.Create();
+  context.driveLink = links.Create(context.linkWait);
   const std::array models{"KRA-09", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"};
   for (const auto& [language, name] :
        {std::pair("Portuguese", "Velocidade do motor"), std::pair("English", "Motor speed"),
@@ -50,7 +50,7 @@ TEST_F(ProjectMakerTest, EveryDriveLoadsInEveryLanguageAndAnswersForAllItsParame
       for (std::int16_t parameter = 0; parameter < kParameterCount; ++parameter) {
         if (!table.At(parameter).present) continue;
         ++present;
-        EXPECT_TRUE(ReadOrdinary(context, parameter)) << models.at(address - 1) << " " << parameter;
+        EXPECT_TRUE(ReadOrdinary(context, parameter).Answered()) << models.at(address - 1) << " " << parameter;
       }
       EXPECT_GE(present, 40);
     }

@@ -24,23 +24,28 @@ constexpr const char* kNoAnswer = "(no answer)";
 
 struct LinkTest : ::testing::Test {
   void Open(DriveLinkFactory&& factory) {
-    link = factory.Create();
+    link = factory.Create(wait);
     link->OpenLink();
     opened = fakes.clock.Now();
   }
   void GoTo(double seconds) { fakes.clock.AdvanceTo(opened + Instant(std::llround(seconds * 1e6))); }
   std::string Read(const std::string& model, int parameter, std::int16_t unitCode, int address = 1) const {
-    const bool answered = link->ReadParameter(static_cast<std::int16_t>(address), ModelCode(model),
-                                              static_cast<std::int16_t>(parameter), unitCode);
-    return answered ? link->GetText() : kNoAnswer;
+    const ReadOutcome outcome = link->ReadParameter(static_cast<std::int16_t>(address), ModelCode(model),
+                                                    static_cast<std::int16_t>(parameter), unitCode);
+    return outcome.Answered() ? link->GetText() : "(" + FailureText(Language::kEnglish, outcome) + ")";
   }
 
   FakePorts fakes;
+  LinkWait wait;
   std::unique_ptr<DriveLink> link;
   Instant opened{0};
 };
 
 struct ScenarioTest : LinkTest {
+  ScenarioLinkFactory Load() {
+    return {fakes.files, fakes.clock, [this](Instant moment) { fakes.clock.AdvanceTo(moment); }, "/plant.txt"};
+  }
+  void OpenPlant() { Open(Load()); }
   /// The text of a read at a moment, or "(no answer)".
   std::string ReadAt(int milliseconds, int address, int parameter) {
     GoTo(milliseconds / 1000.0);
@@ -57,7 +62,7 @@ TEST_F(ScenarioTest, AValueHoldsFromItsMomentUntilTheNext) {
                   "at 200 01 P005 61,5\n"
                   "at 0 01 P012 AIA IAI\n"
                   "at 150 01 silent\nat 180 01 answers\n");
-  Open(ScenarioLinkFactory(fakes.files, fakes.clock, "/plant.txt"));
+  OpenPlant();
   const std::tuple<int, int, int, const char*> cases[] = {
       {0, 1, 5, "50.25"},     {0, 1, 12, "AIA IAI"}, {0, 2, 5, kNoAnswer}, {149, 1, 5, "50.25"},
       {150, 1, 5, kNoAnswer}, {180, 1, 5, "50.25"},  {199, 1, 5, "50.25"}, {200, 1, 5, "61,5"}};
@@ -71,16 +76,67 @@ TEST_F(ScenarioTest, AValueHoldsFromItsMomentUntilTheNext) {
 
 TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
   for (const char* line :
-       {"at 0 01 P005", "at x 01 P005 1", "at -5 01 P005 1", "at 0 1 P005 1", "at 0 31 P005 1", "at 0 01 P5 1",
-        "at 0 01 P005x 1", "at 0 01 quiet", "at 0 01 silent now", "0 01 P005 1", "\x01\x02\xFF", "at 0 01 X005 1"}) {
+       {"at 0 01 P005",    "at x 01 P005 1",        "at -5 01 P005 1",     "at 0 1 P005 1",      "at 0 31 P005 1",
+        "at 0 01 P5 1",    "at 0 01 P005x 1",       "at 0 01 quiet",       "at 0 01 silent now", "at 0 01 answers yes",
+        "at 0 01 fails",   "at 0 01 fails 0",       "at 0 01 fails 32768", "at 0 01 fails x",    "at 0 01 slow",
+        "at 0 01 slow -1", "at 0 01 late 86400001", "at 0 01 slow 5 ms",   "0 01 P005 1",        "\x01\x02\xFF",
+        "at 0 01 X005 1"}) {
     fakes.files.Put("/plant.txt", "at 0 01 P005 1\n# fine\n" + std::string(line) + "\nat 1 01 P005 1\n");
-    const std::string error = ErrorTextOf([this] { ScenarioLinkFactory(fakes.files, fakes.clock, "/plant.txt"); });
+    const std::string error = ErrorTextOf([this] { Load(); });
     EXPECT_THAT(error, HasSubstr("/plant.txt, line 3 is not understood: " + std::string(line)));
   }
-  EXPECT_THROW(ScenarioLinkFactory(fakes.files, fakes.clock, "/missing.txt"), RunTimeError);
-  fakes.files.Put("/huge.txt", std::string((std::size_t{70} << 20U) + 1, '\n'));
-  EXPECT_EQ(ErrorTextOf([this] { ScenarioLinkFactory(fakes.files, fakes.clock, "/huge.txt"); }),
-            "5 /huge.txt: the file has 71 MB; a file of this kind has at most 64 MB.");
+  fakes.files.Delete("/plant.txt");
+  EXPECT_THROW(Load(), RunTimeError);
+  fakes.files.Put("/plant.txt", std::string((std::size_t{70} << 20U) + 1, '\n'));
+  EXPECT_EQ(ErrorTextOf([this] { Load(); }),
+            "5 /plant.txt: the file has 71 MB; a file of this kind has at most 64 MB.");
+}
+
+TEST_F(ScenarioTest, ReadingsFailForTheReasonsOfTheScriptUntilTheDriveAnswers) {
+  fakes.files.Put("/plant.txt",
+                  "at 0 01 P005 50\nat 100 01 silent\nat 200 01 fails 2\nat 300 01 fails 3 CRC 4711\n"
+                  "at 400 01 fails 4 illegal address # as drives say\nat 500 01 fails 5\nat 600 01 fails 77 unknown\n"
+                  "at 700 01 answers\nat 800 01 breaks\nat 900 01 breaks server died\n");
+  OpenPlant();
+  const std::pair<int, const char*> cases[] = {{99, "50"},
+                                               {100, "(no answer)"},
+                                               {200, "(incomplete answer)"},
+                                               {300, "(bad checksum (CRC 4711))"},
+                                               {400, "(refused by the drive (illegal address))"},
+                                               {500, "(the port is gone)"},
+                                               {600, "(status 77)"},
+                                               {700, "50"}};
+  for (const auto& [moment, text] : cases) EXPECT_EQ(ReadAt(moment, 1, 5), text) << moment;
+  EXPECT_EQ(ErrorTextOf([this] { ReadAt(800, 1, 5); }), "440 breaks");
+  EXPECT_EQ(ErrorTextOf([this] { ReadAt(900, 1, 5); }), "440 server died");
+}
+
+TEST_F(ScenarioTest, ASlowDriveTakesItsTimeAndALateReadingOnce) {
+  fakes.files.Put("/plant.txt",
+                  "at 0 01 P005 50\nat 1000 01 slow 30\nat 2000 01 slow 0\nat 3000 01 late 700\nat 3010 01 late 5\n"
+                  "at 4000 01 silent\nat 4000 01 slow 120\nat 0 02 P005 1\nat 0 02 late 60\n");
+  OpenPlant();
+  const std::tuple<int, int, int, const char*> cases[] = {
+      // moment, address, its milliseconds, answer
+      {0, 2, 60, "1"},    {100, 1, 0, "50"},    {101, 2, 0, "1"},   {1000, 1, 30, "50"},          {1100, 1, 30, "50"},
+      {2000, 1, 0, "50"}, {3100, 1, 705, "50"}, {3900, 1, 0, "50"}, {4000, 1, 120, "(no answer)"}};
+  for (const auto& [moment, address, taken, text] : cases) {
+    EXPECT_EQ(ReadAt(moment, address, 5), text) << moment;
+    EXPECT_EQ(fakes.clock.Now() - opened, std::chrono::milliseconds(moment + taken)) << moment;
+  }
+}
+
+TEST_F(ScenarioTest, AWaitingLinkAsksInSlicesAndGivesUp) {
+  fakes.files.Put("/plant.txt", "at 0 01 P005 50\nat 0 01 slow 3600000\n");
+  OpenPlant();
+  std::vector<Instant> asked;
+  wait.goOn = [&] {
+    asked.push_back(fakes.clock.Now() - opened);
+    return asked.size() < 4;
+  };
+  EXPECT_EQ(link->ReadParameter(1, "8", 5, 7).failure, ReadFailure::kGivenUp);
+  using std::chrono::milliseconds;
+  EXPECT_THAT(asked, ::testing::ElementsAre(milliseconds(0), milliseconds(50), milliseconds(100), milliseconds(150)));
 }
 
 struct SimulatedTest : LinkTest {

@@ -14,17 +14,19 @@ class FakeLink : public DriveLink {
   ~FakeLink() override { plant_.steps.emplace_back("destroy"); }
   void SetP210Value(std::int16_t value) override { plant_.Note("tell P210 " + std::to_string(value)); }
   void SetP529Value(std::int16_t value) override { plant_.Note("tell P529 " + std::to_string(value)); }
-  bool ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
-                     std::int16_t unitCode) override {
+  ReadOutcome ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                            std::int16_t unitCode) override {
     plant_.Note("read " + std::to_string(address) + " " + modelCode + " " + std::to_string(parameter) + " unit " +
                 std::to_string(unitCode));
     if (plant_.whileReading) plant_.whileReading();
     const auto found = plant_.texts.find(parameter);
     const bool answers = (found != plant_.texts.end() || plant_.others) && !plant_.silent.contains(parameter);
     if (answers) text_ = found == plant_.texts.end() ? *plant_.others : found->second;
-    return answers;
+    return answers ? ReadOutcome{} : plant_.failure;
   }
-  bool ProbeParameter(std::int16_t, const std::string&, std::int16_t, std::int16_t) override { return false; }
+  ReadOutcome ProbeParameter(std::int16_t, const std::string&, std::int16_t, std::int16_t) override {
+    return plant_.failure;
+  }
   void OpenLink() override { plant_.Note("open"); }
   void CloseLink() override { plant_.Note("close"); }
   double GetValue() override { return LeadingNumber(text_); }
@@ -37,7 +39,7 @@ class FakeLink : public DriveLink {
 
 }  // namespace
 
-std::unique_ptr<DriveLink> FakePlant::Create() {
+std::unique_ptr<DriveLink> FakePlant::Create(const LinkWait& /*wait*/) {
   Note("create");
   return std::make_unique<FakeLink>(*this);
 }

@@ -113,6 +113,7 @@ class HostsDriveLink : public ::testing::Test {
     win32::WriteRegistryText(key.Get(), win32::kDriveLinkInterfaceValue, interfaceId);
   }
   HostLink link;
+  LinkWait wait;
 
  private:
   win32::ComRef<IUnknown> factory_;
@@ -121,12 +122,12 @@ class HostsDriveLink : public ::testing::Test {
 
 TEST_F(HostsDriveLink, IsCalledByItsTableWithEverythingByReference) {
   {
-    const auto made = win32::ComDriveLinkFactory(CLSID_ChartClass, nullptr).Create();
+    const auto made = win32::ComDriveLinkFactory(CLSID_ChartClass, nullptr).Create(wait);
     made->OpenLink();
     made->SetP210Value(-210);
     made->SetP529Value(32767);
-    EXPECT_TRUE(made->ReadParameter(30, "K", 999, 76));
-    EXPECT_FALSE(made->ProbeParameter(1, "\xC3\xA7", 2, 3));
+    EXPECT_TRUE(made->ReadParameter(30, "K", 999, 76).Answered());
+    EXPECT_EQ(made->ProbeParameter(1, "\xC3\xA7", 2, 3), (ReadOutcome{ReadFailure::kStatus, "-8"}));
     EXPECT_EQ(made->GetValue(), 12.5);
     EXPECT_EQ(made->GetText(), "12,5");
     made->CloseLink();
@@ -138,11 +139,12 @@ TEST_F(HostsDriveLink, IsCalledByItsTableWithEverythingByReference) {
 
 TEST_F(HostsDriveLink, TheStandInAnswersForSimulatedDrives) {
   Name(win32::IdText(win32::StandInClass()), win32::IdText(win32::DriveLinkInterface()));
-  const auto made = win32::ComDriveLinkFactory(CLSID_ChartClass, nullptr).Create();
+  const auto made = win32::ComDriveLinkFactory(CLSID_ChartClass, nullptr).Create(wait);
   made->OpenLink();
-  EXPECT_TRUE(made->ReadParameter(1, ModelCode("KRA-09"), 3, 25));
+  EXPECT_TRUE(made->ReadParameter(1, ModelCode("KRA-09"), 3, 25).Answered());
   const std::string text = made->GetText();
-  EXPECT_FALSE(made->ProbeParameter(31, ModelCode("KRA-09"), 3, 25)) << "there is no drive";
+  EXPECT_EQ(made->ProbeParameter(31, ModelCode("KRA-09"), 3, 25).failure, ReadFailure::kNoAnswer)
+      << "there is no drive";
   made->CloseLink();
   EXPECT_NE(text.find_first_of("0123456789"), std::string::npos) << text;
 }

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "common/values/numbers.h"
-#include "drive/parameter_read.h"
 #include "forms/flag_scope.h"
 #include "platform/run_time_error.h"
 
@@ -29,6 +28,7 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   counter_ = 0;
   end_ = RunEnd::kNone;
   failureReason_.clear();
+  failed_ = {};
   state_ = RunState::kArmed;
 }
 
@@ -56,7 +56,7 @@ void AcquisitionRun::TakePoint() {
 
 /// False when its run ended during the read.
 bool AcquisitionRun::ReadPoint(const DateTime& now) {
-  const FlagScope reading(reading_);
+  const FlagScope busy(reading_);
   const std::uint32_t run = serial_;
   component_.currentDrive = plan_.driveAddress;
   point_.time = FormatTimeOfDay(now.hour, now.minute, now.second);
@@ -64,11 +64,29 @@ bool AcquisitionRun::ReadPoint(const DateTime& now) {
     const auto index = static_cast<std::size_t>(column);
     const std::int16_t parameter = plan_.columns[index];
     const bool inUse = parameter != kUnusedParameter && (column == 0 || column < plan_.parameterCount);
-    std::string text = inUse ? ReadColumn(component_, parameter).text : std::string();
+    ColumnReading reading = inUse ? ReadInto(index) : ColumnReading{};
     if (state_ != RunState::kSampling || serial_ != run) return false;
-    point_.values[index] = std::move(text);
+    point_.values[index] = std::move(reading.text);
+    outcomes_[index] = std::move(reading.outcome);
   }
   return true;
+}
+
+ColumnReading AcquisitionRun::ReadInto(std::size_t column) {
+  const std::uint32_t run = serial_;
+  try {
+    return ReadColumn(component_, plan_.columns[column]);
+  } catch (const RunTimeError& error) {
+    const bool wanted = state_ == RunState::kSampling && serial_ == run;
+    if (wanted) failed_[column].Note(counter_ + 1, {ReadFailure::kBroken, error.Description(component_.language)});
+    throw;
+  }
+}
+
+void AcquisitionRun::NoteFailures() {
+  for (std::size_t column = 0; column < outcomes_.size(); ++column) {
+    if (!outcomes_[column].Answered()) failed_[column].Note(counter_, outcomes_[column]);
+  }
 }
 
 void AcquisitionRun::KeepPoint(const DateTime& now) {
@@ -88,6 +106,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
     KeepInSpool();
   }
   counter_ = number;
+  NoteFailures();
   if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
     Stop(RunEnd::kDiskSpace);
   } else if (number == plan_.numberOfPoints) {

@@ -8,9 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "drive/parameter_read.h"
 #include "recording/chart_file.h"
 #include "recording/chart_file_writer.h"
 #include "recording/component.h"
+#include "recording/failed_readings.h"
 
 namespace chartproject {
 
@@ -83,8 +85,13 @@ class AcquisitionRun {
   /// The system's reason for RunEnd::kFailed; empty when the watch for the event failed.
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
+  /// Readings of the points taken that failed; also one with which the link object failed, which ended the run.
+  [[nodiscard]] const FailedReadings& Failed() const noexcept { return failed_; }
+
  private:
   [[nodiscard]] bool ReadPoint(const DateTime& now);
+  [[nodiscard]] ColumnReading ReadInto(std::size_t column);
+  void NoteFailures();
   void KeepPoint(const DateTime& now);
   void KeepInSpool();
   void FinishAs(RunEnd reason);
@@ -100,7 +107,9 @@ class AcquisitionRun {
   std::string targetFile_;           ///< the plan's file, or the one that it leads to as a link
   std::unique_ptr<SideFile> spool_;  ///< from the first point on
   std::int32_t counter_ = 0;
-  PointRow point_;               ///< the point being taken
+  PointRow point_;                                  ///< the point being taken
+  std::array<ReadOutcome, kColumnCount> outcomes_;  ///< of its readings
+  FailedReadings failed_;
   std::vector<PointRow> rows_;   ///< by point number minus 1; empty in spool mode
   std::string rowLine_;          ///< the row being spooled; kept for its capacity
   std::uint64_t freeSpace_ = 0;  ///< bytes, when it was last asked

@@ -15,7 +15,7 @@ namespace {
 constexpr std::int16_t kInputParameter = 12;
 
 EventTest TestState(DriveContext& context, std::string_view state) {
-  if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode)) return {watch_code::kNoAnswer, {}};
+  if (!ReadWithUnit(context, kStatusParameter, kDirectUnitCode).Answered()) return {watch_code::kNoAnswer, {}};
   DecodeStatus(context.status, context.driveLink->GetValue());
   const std::string& shown = context.status.strStatus;
   return {shown == state ? watch_code::kOccurred : watch_code::kNotYet, shown};
@@ -23,7 +23,7 @@ EventTest TestState(DriveContext& context, std::string_view state) {
 
 /// @param input 1 to 8; @param level 'I' for 0, 'A' for 1
 EventTest TestInput(DriveContext& context, std::size_t input, char level) {
-  if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter))) {
+  if (!ReadWithUnit(context, kInputParameter, UnitCodeOf(context, kInputParameter)).Answered()) {
     return {watch_code::kInputNotYet, {}};
   }
   const std::string text = context.driveLink->GetText();
@@ -57,8 +57,8 @@ std::optional<double> NumberOf(const DriveContext& context, const SpecialReading
 /// Compares the value that a recording would keep: the special read comes first.
 EventTest TestComparison(DriveContext& context, const WatchedEvent& event) {
   const std::optional<SpecialReading> special = ReadSpecial(context, event.parameter);
-  const bool answered = special ? special->answered : ReadOrdinary(context, event.parameter);
-  if (!answered) return {watch_code::kNoAnswer, {}};
+  const ReadOutcome outcome = special ? special->outcome : ReadOrdinary(context, event.parameter);
+  if (!outcome.Answered()) return {watch_code::kNoAnswer, {}};
   const std::optional<double> value = special ? NumberOf(context, *special) : context.driveLink->GetValue();
   const bool holds = value && Compare(event.event, *value, event.content);
   return {holds ? watch_code::kOccurred : watch_code::kNotYet,

@@ -9,6 +9,8 @@
 #include "common/sounds.h"
 #include "common/values/numbers.h"
 #include "forms/flag_scope.h"
+#include "forms/form.h"
+#include "forms/form_host.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -25,6 +27,7 @@ RunController::RunController(Form& form, Component& component, RunDisplay& displ
       tmrEventTrigger(form, "tmrEventTrigger"),
       tmrMonitorEsc(form, "tmrMonitorEsc"),
       tmrEscReleased(form, "tmrEscReleased"),
+      form_(form),
       component_(component),
       display_(display),
       run_(component) {
@@ -34,6 +37,11 @@ RunController::RunController(Form& form, Component& component, RunDisplay& displ
   Connect(tmrEventTrigger.tick, tmrEventTrigger, "Timer", this, &RunController::tmrEventTrigger_Tick);
   Connect(tmrMonitorEsc.tick, tmrMonitorEsc, "Timer", this, &RunController::tmrMonitorEsc_Tick);
   Connect(tmrEscReleased.tick, tmrEscReleased, "Timer", this, &RunController::tmrEscReleased_Tick);
+  component_.linkWait.goOn = [this] { return ReadingIsWanted(); };
+}
+
+RunController::~RunController() {
+  component_.linkWait.goOn = nullptr;
 }
 
 void RunController::Start(const RunPlan& plan) {
@@ -81,6 +89,15 @@ bool RunController::LinkInUse() const {
   return testingEvent_ || run_.Reading();
 }
 
+/// What a link that waits asks for: the user's input is taken meanwhile, and no timer ticks. Esc and the close box end
+/// the recording at once; the link then gives its reading up.
+bool RunController::ReadingIsWanted() {
+  form_.Host().KeepAlive();
+  const auto wanted = [this] { return run_.Active() && run_.Serial() == readingRun_; };
+  if (wanted()) form_.RunHandler("LinkWait", [this] { WatchEsc(); });
+  return wanted();
+}
+
 bool RunController::PointIsDue() {
   if (!run_.Plan().spacedByStopwatch) return true;
   if (stopwatch_.AddSecond()) {
@@ -101,7 +118,7 @@ bool RunController::PointIsDue() {
 void RunController::tmrAcquire_Tick() {
   if (run_.State() != RunState::kSampling || LinkInUse()) return;
   if (PointIsDue()) {
-    const std::uint32_t run = run_.Serial();
+    const std::uint32_t run = readingRun_ = run_.Serial();
     run_.TakePoint();
     if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
     lastPointAt_ = component_.ports.clock.Now();
@@ -135,7 +152,7 @@ void RunController::ShowRunTimes() {
 
 void RunController::tmrEventTrigger_Tick() {
   if (run_.State() != RunState::kArmed || LinkInUse()) return;
-  const std::uint32_t run = run_.Serial();
+  const std::uint32_t run = readingRun_ = run_.Serial();
   EventTest test;
   component_.currentDrive = run_.Plan().driveAddress;
   try {
@@ -178,6 +195,10 @@ bool RunController::KeepsWatching() {
 }
 
 void RunController::tmrMonitorEsc_Tick() {
+  WatchEsc();
+}
+
+void RunController::WatchEsc() {
   // The elapsed time advances even between points that are far apart.
   if (run_.State() == RunState::kSampling) ShowRunTimes();
   if (!component_.ports.keyboard.EscapePressed()) return;

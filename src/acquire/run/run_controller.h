@@ -51,6 +51,9 @@ class RunController {
  public:
   /// @param form the one that owns the timers; @param component, display outlive the controller
   RunController(Form& form, Component& component, RunDisplay& display);
+  ~RunController();
+  RunController(const RunController&) = delete;
+  RunController& operator=(const RunController&) = delete;
 
   Timer tmrAcquire;
   Timer tmrEventTrigger;
@@ -86,6 +89,8 @@ class RunController {
   void tmrMonitorEsc_Tick();
   void tmrEscReleased_Tick();
   [[nodiscard]] bool LinkInUse() const;
+  [[nodiscard]] bool ReadingIsWanted();
+  void WatchEsc();
   [[nodiscard]] int SamplingInterval() const;
   [[nodiscard]] bool PointIsDue();
   [[nodiscard]] bool KeepsWatching();
@@ -98,6 +103,7 @@ class RunController {
   void ReportEnd();
   void ReportWriting(const ChartWriteResult& result);
 
+  Form& form_;
   Component& component_;
   RunDisplay& display_;
   AcquisitionRun run_;
@@ -105,6 +111,7 @@ class RunController {
   WatchedEvent watchedEvent_;
   DateTime armedAt_;  ///< of the watch
   bool testingEvent_ = false;
+  std::uint32_t readingRun_ = 0;  ///< the run for which the link was last asked
   Stopwatch stopwatch_;
   Instant samplingBegan_{};
   Instant lastPointAt_{};           ///< the moment of the last point; that of the start before the first

@@ -8,9 +8,6 @@
 
 namespace chartproject {
 
-/// Waits until a moment of a clock: a virtual clock jumps there, a real one sleeps.
-using WaitUntil = std::function<void(Instant moment)>;
-
 /// Runs the timers; a script acts as the user.
 class HeadlessFormHost : public FormHost {
  public:

@@ -45,9 +45,12 @@ class ReadCommand : public Command {
     ExitCode code = ExitCode::kDone;
     for (const std::int16_t number : numbers) {
       const ColumnReading reading = ReadColumn(component, number);
-      if (!reading.answered) code = ExitCode::kRunTimeError;
+      if (!reading.outcome.Answered()) code = ExitCode::kRunTimeError;
       const std::string& shown = reading.text.empty() ? "no value shown" : reading.text;
-      session.Out() << ParameterName(number) << " " << (reading.answered ? shown : "no answer") << "\n";
+      session.Out() << ParameterName(number) << " "
+                    << VisibleText(reading.outcome.Answered() ? shown
+                                                              : FailureText(Language::kEnglish, reading.outcome))
+                    << "\n";
     }
     link.Close();
     return code;

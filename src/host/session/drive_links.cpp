@@ -8,10 +8,10 @@
 namespace chartproject {
 
 std::unique_ptr<DriveLinkFactory> MakeDriveLinks(const std::string& link, FileSystem& files, Clock& clock,
-                                                 const Locale& locale) {
+                                                 const WaitUntil& waitUntil, const Locale& locale) {
   constexpr std::string_view kScenario = "scenario:";
   if (link.starts_with(kScenario)) {
-    return std::make_unique<ScenarioLinkFactory>(files, clock, link.substr(kScenario.size()));
+    return std::make_unique<ScenarioLinkFactory>(files, clock, waitUntil, link.substr(kScenario.size()));
   }
   if (link == "sim") return std::make_unique<SimulatedLinkFactory>(clock, locale);
   throw RunTimeError(error_number::kCannotCreateObject, Text::kUnknownDriveLink, {link});

@@ -47,7 +47,7 @@ struct Session::Outside {
   }
 
   DriveLinkFactory& Links() {
-    if (!links) links = MakeDriveLinks(link, files, *clock.clock, locale);
+    if (!links) links = MakeDriveLinks(link, files, *clock.clock, clock.wait, locale);
     return *links;
   }
 

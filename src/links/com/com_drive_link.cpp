@@ -26,8 +26,8 @@ struct IgnoredOutput {
 
 class ComDriveLink : public DriveLink {
  public:
-  ComDriveLink(ComRef<_DriveLink> link, ComRef<ISimulatedTime> time, Clock* clock)
-      : link_(std::move(link)), time_(std::move(time)), clock_(clock) {}
+  ComDriveLink(ComRef<_DriveLink> link, ComRef<ISimulatedTime> time, VirtualClock* clock, bool standIn)
+      : link_(std::move(link)), time_(std::move(time)), clock_(clock), standIn_(standIn) {}
 
   void SetP210Value(std::int16_t value) override {
     IgnoredOutput reply;
@@ -37,21 +37,23 @@ class ComDriveLink : public DriveLink {
     IgnoredOutput reply;
     RequireSuccess(link_->SetP529Value(&value, reply.room.data()), "SetP529Value");
   }
-  bool ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
-                     std::int16_t unitCode) override {
+  ReadOutcome ReadParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                            std::int16_t unitCode) override {
     TellTime();
     ComText model(modelCode);
     short status = kSuccess;
     RequireSuccess(link_->ReadParameter(&address, model.Receive(), &parameter, &unitCode, &status), "ReadParameter");
-    return status == kSuccess;
+    TakeTime();
+    return OutcomeOf(status);
   }
-  bool ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
-                      std::int16_t unitCode) override {
+  ReadOutcome ProbeParameter(std::int16_t address, const std::string& modelCode, std::int16_t parameter,
+                             std::int16_t unitCode) override {
     TellTime();
     ComText model(modelCode);
     short status = kSuccess;
     RequireSuccess(link_->ProbeParameter(&address, model.Receive(), &parameter, &unitCode, &status), "ProbeParameter");
-    return status == kSuccess;
+    TakeTime();
+    return OutcomeOf(status);
   }
   void OpenLink() override {
     TellTime();
@@ -74,15 +76,30 @@ class ComDriveLink : public DriveLink {
   }
 
  private:
+  /// What the statuses of a host's link mean, apart from success, is not known here.
+  [[nodiscard]] ReadOutcome OutcomeOf(short status) const {
+    if (status == kSuccess) return {};
+    return standIn_ ? OutcomeOfStatus(status) : ReadOutcome{ReadFailure::kStatus, std::to_string(status)};
+  }
+
   void TellTime() {
     if (!time_) return;
     const auto now = std::chrono::duration<double, std::milli>(clock_->Now()).count();
     RequireSuccess(time_->SetTime(now), "SetTime");
   }
 
+  /// The virtual clock goes on by what a slow drive took.
+  void TakeTime() {
+    if (!time_) return;
+    double milliseconds = 0;
+    RequireSuccess(time_->GetTime(&milliseconds), "GetTime");
+    clock_->AdvanceTo(std::chrono::duration_cast<Instant>(std::chrono::duration<double, std::milli>(milliseconds)));
+  }
+
   ComRef<_DriveLink> link_;
   ComRef<ISimulatedTime> time_;
-  Clock* clock_;
+  VirtualClock* clock_;
+  bool standIn_;  ///< its statuses are those of the program's own links
 };
 
 [[noreturn]] void ThrowCannotCreate(const GUID& classId, const std::string& reason) {
@@ -100,7 +117,7 @@ const GUID& DriveLinkInterface() noexcept {
   return IID__DriveLink;
 }
 
-ComDriveLinkFactory::ComDriveLinkFactory(const GUID& classId, Clock* simulatedClock)
+ComDriveLinkFactory::ComDriveLinkFactory(const GUID& classId, VirtualClock* simulatedClock)
     : classKey_(L"CLSID\\" + IdText(classId)), simulatedClock_(simulatedClock) {}
 
 GUID ComDriveLinkFactory::Configured(const wchar_t* value, const GUID& otherwise) const {
@@ -114,7 +131,7 @@ GUID ComDriveLinkFactory::Configured(const wchar_t* value, const GUID& otherwise
   return id;
 }
 
-std::unique_ptr<DriveLink> ComDriveLinkFactory::Create() {
+std::unique_ptr<DriveLink> ComDriveLinkFactory::Create(const LinkWait& /*wait*/) {
   const GUID classId = Configured(kDriveLinkClassValue, CLSID_DriveLink);
   const GUID interfaceId = Configured(kDriveLinkInterfaceValue, IID__DriveLink);
   ComRef<IUnknown> object;
@@ -128,7 +145,8 @@ std::unique_ptr<DriveLink> ComDriveLinkFactory::Create() {
   if (simulatedClock_ != nullptr && FAILED(object->QueryInterface(IID_ISimulatedTime, time.ReceiveUntyped()))) {
     ThrowCannotCreate(classId, "the virtual clock needs a simulated link");
   }
-  return std::make_unique<ComDriveLink>(std::move(link), std::move(time), simulatedClock_);
+  return std::make_unique<ComDriveLink>(std::move(link), std::move(time), simulatedClock_,
+                                        IsEqualGUID(classId, CLSID_DriveLink) != 0);
 }
 
 }  // namespace chartproject::win32

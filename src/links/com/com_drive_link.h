@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "backends/headless/virtual_clock.h"
 #include "backends/win32/windows_api.h"
 #include "drive/drive_link.h"
-#include "platform/clock.h"
 
 namespace chartproject::win32 {
 
@@ -22,14 +22,15 @@ class ComDriveLinkFactory : public DriveLinkFactory {
  public:
   /// @param classId the component's own class, whose key holds the values
   /// @param simulatedClock the virtual clock that a simulated link has to follow; null for the real one
-  ComDriveLinkFactory(const GUID& classId, Clock* simulatedClock);
+  ComDriveLinkFactory(const GUID& classId, VirtualClock* simulatedClock);
+  /// The host's interface has no place for LinkWait: a link that waits lets the input through by a message loop.
   /// Throws RunTimeError 429 when no object of the class can be made, or when it does not know the interface.
-  [[nodiscard]] std::unique_ptr<DriveLink> Create() override;
+  [[nodiscard]] std::unique_ptr<DriveLink> Create(const LinkWait& wait) override;
 
  private:
   [[nodiscard]] GUID Configured(const wchar_t* value, const GUID& otherwise) const;
   std::wstring classKey_;
-  Clock* simulatedClock_;
+  VirtualClock* simulatedClock_;
 };
 
 }  // namespace chartproject::win32

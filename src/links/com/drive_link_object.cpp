@@ -1,4 +1,5 @@
 // The eight operations over our own link, on the real clock or on the caller's time.
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -30,6 +31,25 @@ class FollowingClock : public Clock {
     follows_ = true;
     told_ = moment;
   }
+  /// Time passes: at once where the caller's time is followed, else with a message loop, as a link of a host does.
+  void Wait(Instant until) {
+    if (follows_) {
+      told_ = std::max(told_, until);
+      return;
+    }
+    for (Instant now = real_.Now(); now < until; now = real_.Now()) {
+      for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0;) {
+        if (message.message == WM_QUIT) {
+          PostQuitMessage(static_cast<int>(message.wParam));
+          return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+      }
+      const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - now);
+      MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(left.count()), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    }
+  }
 
  private:
   Win32Clock real_;
@@ -37,9 +57,7 @@ class FollowingClock : public Clock {
   Instant told_{0};
 };
 
-// Statuses of a read.
-constexpr short kSuccess = 0;
-constexpr short kNoAnswer = 1;
+constexpr short kSuccess = 0;  // a reply
 
 constexpr const wchar_t* kScenarioValue = L"Scenario";
 
@@ -110,6 +128,11 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
     clock_.Tell(std::chrono::duration_cast<Instant>(std::chrono::duration<double, std::milli>(milliseconds)));
     return S_OK;
   }
+  HRESULT STDMETHODCALLTYPE GetTime(double* milliseconds) noexcept override {
+    if (milliseconds == nullptr) return E_POINTER;
+    *milliseconds = std::chrono::duration<double, std::milli>(clock_.Now()).count();
+    return S_OK;
+  }
 
  protected:
   void* Find(const IID& id) noexcept override {
@@ -118,7 +141,7 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
   }
 
  private:
-  using Operation = bool (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t);
+  using Operation = ReadOutcome (DriveLink::*)(std::int16_t, const std::string&, std::int16_t, std::int16_t);
 
   HRESULT Read(Operation operation, const short* address, const BSTR* modelCode, const short* parameter,
                const short* unitCode, short* status) noexcept {
@@ -127,20 +150,22 @@ class DriveLinkObject final : public AutomationObject<_DriveLink>, public ISimul
       return E_POINTER;
     }
     return Guarded(InterfaceId(), [&] {
-      const bool answered = (link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode);
-      *status = answered ? kSuccess : kNoAnswer;
+      *status = StatusOfOutcome((link_.get()->*operation)(*address, BstrToUtf8(*modelCode), *parameter, *unitCode));
     });
   }
 
   std::unique_ptr<DriveLink> MakeLink() {
     const std::string scenario = ScenarioFile();
-    if (scenario.empty()) return SimulatedLinkFactory(clock_, locale_).Create();
-    return ScenarioLinkFactory(files_, clock_, scenario).Create();
+    if (scenario.empty()) return SimulatedLinkFactory(clock_, locale_).Create(wait_);
+    return ScenarioLinkFactory(
+               files_, clock_, [this](Instant moment) { clock_.Wait(moment); }, scenario)
+        .Create(wait_);
   }
 
   Win32FileSystem files_;
   Win32Locale locale_;
   FollowingClock clock_;
+  LinkWait wait_;  ///< the host's interface has no place for it
   std::unique_ptr<DriveLink> link_;
 };
 

@@ -29,7 +29,7 @@ class Win32Environment {
   [[nodiscard]] Ports& GetPorts() noexcept { return ports_; }
   [[nodiscard]] FormHost& Forms() noexcept { return forms_; }
   /// The virtual clock; null while the real one is used.
-  [[nodiscard]] Clock* SimulatedClock() noexcept { return virtualClock_.get(); }
+  [[nodiscard]] VirtualClock* SimulatedClock() noexcept { return virtualClock_.get(); }
 
  private:
   Win32Clock realClock_;

@@ -43,6 +43,15 @@ DWORD MillisecondsUntil(Instant due, Instant now) {
   return static_cast<DWORD>(std::min<decltype(left)>(left, 0x7FFFFFFF));
 }
 
+/// A key or a click, apart from those that close a window.
+bool IsLockedOut(const MSG& message) {
+  if (message.message == WM_NCLBUTTONDOWN) return message.wParam != HTCLOSE;
+  if (message.message == WM_SYSKEYDOWN || message.message == WM_SYSKEYUP) return message.wParam != VK_F4;
+  return (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) ||
+         (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) ||
+         (message.message > WM_NCLBUTTONDOWN && message.message <= WM_NCMBUTTONDBLCLK);
+}
+
 }  // namespace
 
 Win32FormHost::Win32FormHost(Clock& clock, const Win32Keyboard& keyboard, VirtualClock* virtualClock)
@@ -149,15 +158,12 @@ void Win32FormHost::KeepAlive() {
   MSG message;
   // A bounded number: a window that is never quiet must not stop the work.
   for (int count = 0; count < 200 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_NOYIELD) != 0; ++count) {
-    const bool input = (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) ||
-                       (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) ||
-                       (message.message >= WM_NCLBUTTONDOWN && message.message <= WM_NCMBUTTONDBLCLK);
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       break;
     }
     // Keys and clicks made meanwhile would act on a form that is not ready for them; Esc is asked for by its state.
-    if (!input) DispatchMessageW(&message);
+    if (!IsLockedOut(message)) DispatchMessageW(&message);
   }
 }
 
