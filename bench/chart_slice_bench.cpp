@@ -39,7 +39,7 @@ double PeakMebibytes() {
 }
 
 struct NoLinks : DriveLinkFactory {
-  std::unique_ptr<DriveLink> Create() override { return nullptr; }
+  std::unique_ptr<DriveLink> Create(const LinkWait& /*wait*/) override { return nullptr; }
 };
 
 /// The real window on real files, everything else from the tests' fakes.

@@ -81,7 +81,7 @@ void RecordInSpoolMode(benchmark::State& state) {
   component.language = Language::kEnglish;
   component.driveTable.At(1).Type = "LMX-01";
   std::ofstream(folder.File("LMX01E.wcd")) << "#3#Speed####DividedBy10F1#No#######\r\n";
-  component.driveLink = links.Create();
+  component.driveLink = links.Create(component.linkWait);
   AcquireForm form(component);
   form.Load();
   for (auto _ : state) {

@@ -32,7 +32,7 @@ namespace fs = std::filesystem;
 
 class NoLinks : public DriveLinkFactory {
  public:
-  std::unique_ptr<DriveLink> Create() override { return nullptr; }
+  std::unique_ptr<DriveLink> Create(const LinkWait& /*wait*/) override { return nullptr; }
 };
 
 /// Accepts every question in silence.

@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/drive_link_session.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"
