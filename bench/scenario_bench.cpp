@@ -18,10 +18,16 @@ void PutScript(FakePorts& fakes, std::int64_t lines) {
   fakes.files.Put("/script", script);
 }
 
+std::unique_ptr<DriveLink> MakeLink(FakePorts& fakes) {
+  static const LinkWait kNobodyWaits;
+  const auto wait = [&fakes](Instant moment) { fakes.clock.AdvanceTo(moment); };
+  return ScenarioLinkFactory(fakes.files, fakes.clock, wait, "/script").Create(kNobodyWaits);
+}
+
 void LoadScript(benchmark::State& state) {
   FakePorts fakes;
   PutScript(fakes, state.range(0));
-  for (auto _ : state) benchmark::DoNotOptimize(ScenarioLinkFactory(fakes.files, fakes.clock, "/script").Create());
+  for (auto _ : state) benchmark::DoNotOptimize(MakeLink(fakes));
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(LoadScript)->Arg(1'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
@@ -29,7 +35,7 @@ BENCHMARK(LoadScript)->Arg(1'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark:
 void ReadInScript(benchmark::State& state) {
   FakePorts fakes;
   PutScript(fakes, state.range(0));
-  const auto link = ScenarioLinkFactory(fakes.files, fakes.clock, "/script").Create();
+  const auto link = MakeLink(fakes);
   for (auto _ : state) {
     fakes.clock.Advance(std::chrono::milliseconds(7));
     benchmark::DoNotOptimize(link->ReadParameter(1, "8", 5, 7));

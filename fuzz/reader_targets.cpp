@@ -62,7 +62,10 @@ void Scenario(std::string_view bytes) {
   (void)ErrorOf([&] {
     const ScenarioScript script = ScenarioScript::Load(files, "/plant.txt");
     for (const std::int64_t moment : {std::int64_t{0}, std::int64_t{1000}, INT64_MAX}) {
-      (void)script.IsSilent(1, moment);
+      const ReadOutcome outcome = script.OutcomeAt(1, moment);
+      Require(OutcomeOfStatus(StatusOfOutcome(outcome), outcome.detail) == outcome ||
+              outcome.failure == ReadFailure::kBroken);
+      Require(script.DelayAt(1, moment) >= 0 && script.LatenessBetween(1, -1, moment) >= 0);
       const std::string* const text = script.TextAt(1, 5, moment);
       Require(text == nullptr || bytes.find(*text) != std::string_view::npos);
     }
