@@ -368,6 +368,16 @@ class ProgramTest(ProgramCase):
             self.assertTrue(spooled.endswith(b"####\r\n"), "the last row is whole")
             self.assertFalse((self.folder / "run.cht").exists())
 
+    def test_a_killed_export_leaves_nothing(self):
+        self.acquire(20000, expected=0)
+        before = sorted(os.listdir(self.folder))
+        for name in ("run.xls", "run.xlsx", "run.csv"):
+            child, progress = self.start("export", "run.cht", "--output", name, "--answer", "yes", clock="virtual")
+            next(progress)
+            child.kill()
+            child.wait(10)
+            self.assertEqual(sorted(os.listdir(self.folder)), before, name)
+
     def test_a_full_disk_ends_a_recording_and_keeps_its_rows(self):
         done = self.acquire(5000, limits=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (50000, 50000)))
         self.assertIn("File too large", done.stderr)

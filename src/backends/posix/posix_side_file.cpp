@@ -38,6 +38,17 @@ Descriptor MakeFile(const SideFileRequest& request, const std::string& target, m
   }
 }
 
+std::string PathOf(const Descriptor& file) {
+  return "/proc/self/fd/" + std::to_string(file.Number());
+}
+
+/// A file without a name in the target's folder; a negative number where the system has none, or no way to open and
+/// name one.
+Descriptor MakeNamelessFile(const std::string& target, mode_t mode) {
+  Descriptor file(open(FolderOf(target).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, mode));
+  return file.Number() >= 0 && access(PathOf(file).c_str(), W_OK) == 0 ? std::move(file) : Descriptor(-1);
+}
+
 /// Owner and group only as far as this user may give them; a group that stays another one gets what all others get.
 void GiveRights(const Descriptor& file, const FileRights& rights, const struct stat& own) {
   mode_t mode = rights.mode & kRightsMask;
@@ -66,11 +77,12 @@ bool IsFixed(int folder, const char* path, int flags) {
 
 }  // namespace
 
-PosixSideFile::PosixSideFile(const SideFileRequest& request)
-    : target_(PosixPath(request.target)), file_([&] {
+PosixSideFile::PosixSideFile(const SideFileRequest& request, Naming naming)
+    : target_(PosixPath(request.target)), ending_(request.ending), file_([&] {
         const FileRights rights = request.rights.known ? request.rights : RightsOfPosix(target_);
-        Descriptor file =
-            MakeFile(request, target_, rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode, name_);
+        const mode_t mode = rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode;
+        Descriptor nameless(naming == Naming::kAtTheEnd ? MakeNamelessFile(target_, mode) : Descriptor(-1));
+        Descriptor file = nameless.Number() >= 0 ? std::move(nameless) : MakeFile(request, target_, mode, name_);
         if (fstat(file.Number(), &own_) == 0 && rights.known) GiveRights(file, rights, own_);
         return file;
       }()) {
@@ -120,8 +132,20 @@ DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
   return space;
 }
 
+void PosixSideFile::TakeName() {
+  for (int n = 0;;) {
+    const std::string name = SideFileName(target_, ending_, n);
+    if (linkat(AT_FDCWD, PathOf(file_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      name_ = name;
+      return;
+    }
+    if (errno != EEXIST || ++n == kMostSideNames) throw FileError(errno, shownName_);
+  }
+}
+
 void PosixSideFile::ReplaceTarget() {
   CheckReplaceablePosix(target_);
+  if (name_.empty()) TakeName();
   if (!HasItsName()) {
     throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
   }
@@ -135,7 +159,7 @@ void PosixSideFile::ReplaceTarget() {
 }
 
 std::string PosixSideFile::PathOfOpenFile() const {
-  const std::string path = "/proc/self/fd/" + std::to_string(file_.Number());
+  const std::string path = PathOf(file_);
   return access(path.c_str(), W_OK) == 0 ? path : name_;
 }
 
