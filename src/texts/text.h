@@ -237,7 +237,16 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
-  kFileTooLarge,  ///< %1 file, %2 its size and %3 the largest size in MB
+  kFileTooLarge,        ///< %1 file, %2 its size and %3 the largest size in MB
+  kReplacedByAnother,   ///< "%1 was replaced by another file."
+  kLinkNotFollowed,     ///< %1 is a symbolic link
+  kLinkOfAnotherUser,   ///< %1 is one of another user in a shared folder
+  kOfAnotherUser,       ///< "%1 belongs to another user."
+  kFileOfSeveralNames,  ///< %1 file that hard links name too
+  kKeptByStickyFolder,  ///< "%1 cannot be replaced: ...", as the next ones
+  kMarkedImmutable,
+  kFolderMarkedImmutable,
+  kMarkedReadOnly,
 
   kCount
 };

@@ -119,11 +119,15 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   check(form->timing.txtNumberOfPoints, "07", "7", true);  // a refused number is selected when it comes back
   check(form->timing.txtNumberOfPoints, "20000000019", "9", true);
   check(form->timing.txtNumberOfPoints, "8x7", "87");
-  check(form->timing.txtNumberOfPoints, "12.6", "13");
+  for (const auto& [typed, text] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"12.6", "13"}, {"12.65", "13"}, {"2.51", "3"}, {"12.4500", "12"}}) {
+    check(form->timing.txtNumberOfPoints, typed, text);
+  }
   check(form->timing.txtNumberOfPoints, "12.", "12");
   check(form->timing.txtNumberOfPoints, "1,000", "1000");
   check(form->timing.txtTimeBetweenPoints, "66", "6", true);
   check(form->timing.txtTimeBetweenPoints, "1.5", "2");
+  check(form->timing.txtTimeBetweenPoints, "1.55", "2");
   form->timing.txtTimeBetweenPoints.SetText("");
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "2");
   Choose(form->timing.cboTimeBetweenPointsUnit, "ms");

@@ -267,7 +267,7 @@ TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
       {"10", 12, "2", 12, "The file continues after point 10, the last one its header announces."},
       {"20", 12, "2", 12, "The file holds 12 points; its header names 20."},
       {"1000", 25, "2", 25, "The file holds 25 points; its header names 1000."},
-      {"many", 40, "2", 25, "The header names no number of points; the file holds 40."},
+      {"many", 40, "2", 25, "The header does not name a number of points; the file holds 40."},
       {"40", 40, "7", 25, "The header does not name 1 to 4 parameters; 2 columns of the file are shown."}};
   for (const auto& [points, rows, parameters, shownRows, notice] : cases) {
     Put(points, rows, parameters);

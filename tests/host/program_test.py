@@ -235,7 +235,7 @@ class ProgramTest(ProgramCase):
         self.put("victim/.profile", "mine")
         (self.folder / "made").mkdir()
         os.symlink("../victim", self.folder / "made/programs")
-        self.assertIn("made/programs: a symbolic link", self.run_program("init", "made", expected=1).stderr)
+        self.assertIn("made/programs is a symbolic link", self.run_program("init", "made", expected=2).stderr)
         self.assertEqual(os.listdir(self.folder / "victim"), [".profile"])
         os.symlink("victim/.profile", self.folder / "Kestrel.log")
         self.put("KRA09V240E.wcd", "touch /tmp/hurt\r\n")

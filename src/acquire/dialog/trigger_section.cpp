@@ -170,7 +170,6 @@ void TriggerSection::SetContent(const std::string& text) {
 }
 
 bool TriggerSection::ContinuesRefusedContent() const {
-  constexpr Instant kSameBurst = std::chrono::seconds(1);
   return !refusedContent_.empty() && !txtContent.Text().empty() &&
          component_.ports.clock.Now() - refusedAt_ < kSameBurst;
 }

@@ -64,8 +64,12 @@ void GiveRights(const Descriptor& file, const FileRights& rights, const struct s
   [[maybe_unused]] const int set = fchmod(file.Number(), mode);
 }
 
-RunTimeError Protected(const std::string& name, const char* why) {
-  return RunTimeError(error_number::kPermissionDenied, name + ": cannot be replaced, " + why);
+RunTimeError Protected(const std::string& name, Text text) {
+  return RunTimeError(error_number::kPermissionDenied, text, {name});
+}
+
+RunTimeError Replaced(const std::string& name) {
+  return RunTimeError(error_number::kPathFileAccess, Text::kReplacedByAnother, {name});
 }
 
 /// Attributes that keep even the superuser from replacing a file.
@@ -123,9 +127,7 @@ DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
   Descriptor file = OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, shownName_);
-  if (!IsOwn(status)) {
-    throw RunTimeError(error_number::kPathFileAccess, shownName_ + ": was replaced by another file");
-  }
+  if (!IsOwn(status)) throw Replaced(shownName_);
   AppendWhole(file, bytes, shownName_);
   const DiskSpace space = SpaceOfOpenFile(file, shownName_);
   if (file.Close() != 0) throw DeviceError(errno, shownName_);
@@ -146,15 +148,11 @@ void PosixSideFile::TakeName() {
 void PosixSideFile::ReplaceTarget() {
   CheckReplaceablePosix(target_);
   if (name_.empty()) TakeName();
-  if (!HasItsName()) {
-    throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
-  }
+  if (!HasItsName()) throw Replaced(name_);
   if (std::rename(name_.c_str(), target_.c_str()) != 0) throw FileError(errno, shownName_);
   kept_ = true;
   struct stat status {};
-  if (lstat(target_.c_str(), &status) != 0 || !IsOwn(status)) {
-    throw RunTimeError(error_number::kPathFileAccess, target_ + ": was replaced by another file");
-  }
+  if (lstat(target_.c_str(), &status) != 0 || !IsOwn(status)) throw Replaced(target_);
   SyncFolder(FolderOf(target_));
 }
 
@@ -178,8 +176,7 @@ std::string ResolveLinkPosix(const std::string& name) {
     struct stat folder {};
     const bool shared = stat(FolderOf(path).c_str(), &folder) == 0 && (folder.st_mode & kSharedFolder) != 0;
     if (shared && status.st_uid != geteuid() && status.st_uid != 0 && status.st_uid != folder.st_uid) {
-      throw RunTimeError(error_number::kPermissionDenied,
-                         path + ": a symbolic link of another user in a shared folder, which is not followed");
+      throw RunTimeError(error_number::kPermissionDenied, Text::kLinkOfAnotherUser, {path});
     }
     std::string leadsTo(PATH_MAX, '\0');
     const ssize_t length = readlink(path.c_str(), leadsTo.data(), leadsTo.size());
@@ -204,10 +201,10 @@ void CheckReplaceablePosix(const std::string& name) {
   const bool sticky = stat(above.c_str(), &folder) == 0 && (folder.st_mode & S_ISVTX) != 0;
   const uid_t user = geteuid();
   if (sticky && user != 0 && status.st_uid != user && folder.st_uid != user) {
-    throw Protected(name, "it belongs to another user and its folder has the sticky bit");
+    throw Protected(name, Text::kKeptByStickyFolder);
   }
-  if (IsFixed(file.Number(), "", AT_EMPTY_PATH)) throw Protected(name, "it is marked immutable or append-only");
-  if (IsFixed(AT_FDCWD, above.c_str(), 0)) throw Protected(name, "its folder is marked immutable or append-only");
+  if (IsFixed(file.Number(), "", AT_EMPTY_PATH)) throw Protected(name, Text::kMarkedImmutable);
+  if (IsFixed(AT_FDCWD, above.c_str(), 0)) throw Protected(name, Text::kFolderMarkedImmutable);
 }
 
 FileRights RightsOfPosix(const std::string& name) {

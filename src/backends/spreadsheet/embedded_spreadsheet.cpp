@@ -44,7 +44,7 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
 
   void AddSheetAfter(int sheet) override {
     if (sheet != SheetCount())
-      throw RunTimeError(error_number::kApplicationDefined, "Sheets are added behind the last one");
+      throw RunTimeError(error_number::kApplicationDefined, "Sheets are added after the last one");
     names_.push_back("Sheet" + std::to_string(names_.size() + 1));
   }
 

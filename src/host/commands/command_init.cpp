@@ -21,7 +21,7 @@ class InitCommand : public Command {
 
   ExitCode Run(Session& session) override {
     Ports& ports = session.ThePorts();
-    const ProjectReport report = MakeProject(ports.files, ports.settings, ports.codePage, FullName(folder_));
+    const ProjectReport report = Make(ports);
     std::ostream& out = session.Out();
     out << "Project in " << VisibleText(report.folder) << ": " << report.written.size() << " files made";
     if (!report.unchanged.empty()) out << ", " << report.unchanged.size() << " were there already";
@@ -34,6 +34,14 @@ class InitCommand : public Command {
   }
 
  private:
+  [[nodiscard]] ProjectReport Make(Ports& ports) const {
+    try {
+      return MakeProject(ports.files, ports.settings, ports.codePage, FullName(folder_));
+    } catch (const ForeignFolder& error) {
+      throw RefusedError(error.Description());
+    }
+  }
+
   std::string folder_;
 };
 

@@ -126,7 +126,7 @@ GUID ComDriveLinkFactory::Configured(const wchar_t* value, const GUID& otherwise
   GUID id;
   if (FAILED(CLSIDFromString(text->c_str(), &id))) {
     throw RunTimeError(error_number::kCannotCreateObject,
-                       "The registry names a drive link that is no class id: " + ToUtf8(*text));
+                       "The registry names a drive link that is not a class id: " + ToUtf8(*text));
   }
   return id;
 }
