@@ -6,6 +6,7 @@
 
 #include "platform/code_page.h"
 #include "platform/file_system.h"
+#include "platform/run_time_error.h"
 #include "platform/settings_store.h"
 
 namespace chartproject {
