@@ -48,16 +48,43 @@ TEST(HelpPageTest, ShowsNothingButRegularFilesOfItsFolder) {
         std::string("pipe.png"), std::string("large.png"), std::string("/dev/zero"),
         std::string("https://example.org/"), std::string("none.html"), std::string("pictures")}) {
     const QUrl url(QString::fromStdString(name));
-    EXPECT_FALSE(page.loadResource(QTextDocument::ImageResource, url).isValid()) << name;
+    EXPECT_FALSE(page.loadResource(QTextDocument::StyleSheetResource, url).isValid()) << name;
     follow(name);
     EXPECT_THAT(refused, ElementsAre(name));
     refused.clear();
   }
-  EXPECT_EQ(page.loadResource(QTextDocument::ImageResource, QUrl("pictures/a.png")).toByteArray(),
+  EXPECT_EQ(page.loadResource(QTextDocument::StyleSheetResource, QUrl("pictures/a.png")).toByteArray(),
             "help/pictures/a.png");
   for (const char* name : {"#91", "page.html#91", "inside.html"}) follow(name);
   EXPECT_THAT(refused, IsEmpty());
   EXPECT_EQ(page.toPlainText(), "help/page.html");
+}
+
+TEST(HelpPageTest, ShowsPicturesOfItsFolderAndOnlyTheNamesOfOthers) {
+  const TemporaryFolder folder;
+  const QString at = QString::fromStdString(folder.Path());
+  std::filesystem::create_directories(folder / "help");
+  const auto save = [&](const char* name, Qt::GlobalColor color) {
+    QImage picture(16, 16, QImage::Format_RGB32);
+    picture.fill(color);
+    ASSERT_TRUE(picture.save(at + name));
+  };
+  save("/secret.png", Qt::red);
+  save("/help/own.png", Qt::green);
+  HelpPage page([](const QString&) {});
+  const QString text = "<img src='" + at + "/secret.png'><img src='../secret.png'><br><img src='own.png'>";
+  ASSERT_TRUE(page.Show(text.toUtf8(), at + "/help"));
+  page.resize(600, 200);
+  const QImage seen = page.grab().toImage();
+  int red = 0;
+  int green = 0;
+  for (int i = 0; i < seen.width() * seen.height(); ++i) {
+    const QColor color = seen.pixelColor(i % seen.width(), i / seen.width());
+    red += color == Qt::red ? 1 : 0;
+    green += color == Qt::green ? 1 : 0;
+  }
+  EXPECT_EQ(red, 0);
+  EXPECT_EQ(green, 16 * 16);
 }
 
 struct AcquireWindowTest : ::testing::Test {
