@@ -7,8 +7,9 @@
 #include "backends/win32/com/automation_object.h"
 #include "backends/win32/com/com_error.h"
 #include "backends/win32/com/server_module.h"
-#include "backends/win32/com/win32_environment.h"
+#include "backends/win32/forms/dpi_scope.h"
 #include "component/chart_class.h"
+#include "component/com/substitutes.h"
 #include "links/com/com_drive_link.h"
 
 #include <chart_project.h>
@@ -41,7 +42,7 @@ class Apartment {
   [[nodiscard]] Component& State() noexcept { return *state_; }
 
  private:
-  Win32Environment environment_;
+  Win32Environment environment_{TheSubstitutes()};
   ComDriveLinkFactory links_{CLSID_ChartClass, environment_.SimulatedClock()};
   std::unique_ptr<Component> state_ = TheProcess().NewState(environment_.GetPorts(), environment_.Forms(), links_);
 };
@@ -52,10 +53,12 @@ class ChartObject final : public AutomationObject<_ChartClass> {
 
   HRESULT STDMETHODCALLTYPE AcquireVar() noexcept override {
     const ComRef<_ChartClass> self(this);  // the host may let go of the object while the dialog is up
+    const DpiScope ownResolution;
     return Guarded(InterfaceId(), [this] { chart_.AcquireVar(); });
   }
   HRESULT STDMETHODCALLTYPE CreateChart(BSTR strFileName) noexcept override {
     const ComRef<_ChartClass> self(this);
+    const DpiScope ownResolution;
     return Guarded(InterfaceId(), [this, strFileName] { chart_.CreateChart(BstrToUtf8(strFileName)); });
   }
 
