@@ -69,6 +69,9 @@ class ChartObject final : public AutomationObject<_ChartClass> {
 
 }  // namespace
 
+/// Never changed: it names the surrogate of every installed version.
+constexpr GUID kSurrogateId{0x5A1C07E4, 0x93B2, 0x4D6F, {0xA8, 0x1E, 0x2C, 0x70, 0xD9, 0x46, 0x3B, 0x15}};
+
 ServerDescription DescribeServer() {
   return {CLSID_ChartClass,
           LIBID_ChartProject,
@@ -76,7 +79,8 @@ ServerDescription DescribeServer() {
           L"_ChartClass",
           L"ChartProject: recording and charts of drives",
           L"ChartProject.ChartClass",
-          {{kDriveLinkClassValue, IdText(StandInClass())}, {kDriveLinkInterfaceValue, IdText(DriveLinkInterface())}}};
+          {{kDriveLinkClassValue, IdText(StandInClass())}, {kDriveLinkInterfaceValue, IdText(DriveLinkInterface())}},
+          kSurrogateId};
 }
 
 /// Starts an instance of the component.
