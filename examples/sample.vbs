@@ -29,7 +29,7 @@ Else
   Fail "Usage: sample.vbs [view | acquire | restore] [yes]"
 End If
 
-' A 64-bit script host, which a double click starts on a 64-bit Windows, cannot load the 32-bit component.
+' A 64-bit script host, which a double click starts on a 64-bit Windows, would need the component's surrogate.
 Sub UseOtherHost()
   Dim command, at
   command = """" & shell.ExpandEnvironmentStrings("%SystemRoot%\SysWOW64\wscript.exe") & """ """ & _

@@ -92,7 +92,7 @@ class ComDriveLink : public DriveLink {
 
   /// The virtual clock goes on by what a slow drive took.
   void TakeTime() {
-    if (!time_) return;
+    if (!time_ || clock_ == nullptr) return;
     double milliseconds = 0;
     RequireSuccess(time_->GetTime(&milliseconds), "GetTime");
     clock_->AdvanceTo(std::chrono::duration_cast<Instant>(std::chrono::duration<double, std::milli>(milliseconds)));
