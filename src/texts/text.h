@@ -244,22 +244,22 @@ enum class Text : std::uint16_t {
   kClipboardRefused,
   kNoDefaultPrinter,
   kPrinterNotReached,  ///< %1 printer, %2 reason
-  kDocumentNotBegun,  ///< %1 printer, %2 reason
-  kPageNotTaken,  ///< %1 printer
+  kDocumentNotBegun,   ///< %1 printer, %2 reason
+  kPageNotTaken,       ///< %1 printer
   kNoDocument,
   kTextNotPrinted,
   kPictureNotPrinted,
   kNoMemoryForPicture,
-  kFileDialogFailed,  ///< %1 the system's number
+  kFileDialogFailed,   ///< %1 the system's number
   kReplacedByAnother,  ///< %1 file
-  kIsReadOnly,  ///< %1 file
-  kLinkNotFollowed,  ///< %1 name
-  kOfAnotherUser,  ///< %1 name
+  kIsReadOnly,         ///< %1 file
+  kLinkNotFollowed,    ///< %1 name
+  kOfAnotherUser,      ///< %1 name
   kSheetCountUnknown,
   kCellUnreadable,
   kApplicationBusy,
   kDriveLinkNotMade,  ///< %1 class, %2 reason
-  kDriveLinkNoId,  ///< %1 text of the registry
+  kDriveLinkNoId,     ///< %1 text of the registry
 
   kCount
 };

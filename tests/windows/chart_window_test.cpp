@@ -80,7 +80,8 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   EXPECT_TRUE(WaitFor([&form] { return !form.Enabled("cmdUpdateChart"); }));
 
   PostMessageW(form.Control("mscChart1"), WM_MOUSEMOVE, 0, MAKELPARAM(300, 150));
-  EXPECT_TRUE(WaitFor([&] { return form.Text("mscChart1").starts_with("Point "); })) << "the chart's name is its readout";
+  EXPECT_TRUE(WaitFor([&] { return form.Text("mscChart1").starts_with("Point "); }))
+      << "the chart's name is its readout";
 
   const long checked = form.Send("chkGrid", BM_GETCHECK);
   form.Press("chkGrid");

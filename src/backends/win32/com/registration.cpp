@@ -38,8 +38,7 @@ std::vector<View> ViewsOf(const ServerDescription& server) {
 /// The keys below the classes, each with all that is below it.
 std::vector<std::wstring> KeysOf(const ServerDescription& server) {
   std::vector<std::wstring> keys{L"CLSID\\" + IdText(server.classId), server.progId, server.progId + L".1",
-                                 L"TypeLib\\" + IdText(server.libraryId),
-                                 L"Interface\\" + IdText(server.interfaceId)};
+                                 L"TypeLib\\" + IdText(server.libraryId), L"Interface\\" + IdText(server.interfaceId)};
   if (server.surrogateId) keys.push_back(L"AppID\\" + IdText(*server.surrogateId));
   return keys;
 }
@@ -87,8 +86,8 @@ std::vector<Entry> EntriesOf(const ServerDescription& server) {
 LSTATUS Store(HKEY root, const Entry& entry, bool keepExisting, View view = View::kOwn) {
   OwnedKey key;
   const REGSAM access = KEY_READ | KEY_WRITE | static_cast<REGSAM>(view);
-  const LSTATUS opened = RegCreateKeyExW(root, (kClasses + entry.key).c_str(), 0, nullptr, 0, access, nullptr,
-                                         key.Receive(), nullptr);
+  const LSTATUS opened =
+      RegCreateKeyExW(root, (kClasses + entry.key).c_str(), 0, nullptr, 0, access, nullptr, key.Receive(), nullptr);
   if (opened != ERROR_SUCCESS) return opened;
   if (keepExisting && ReadRegistryText(key.Get(), entry.name)) return ERROR_SUCCESS;
   return WriteRegistryText(key.Get(), entry.name, entry.value);

@@ -31,8 +31,9 @@ struct ServerDescription {
 /// Whose classes are meant: all users' or the calling user's own.
 enum class RegistrationScope { kMachine, kUser };
 
-/// Writes every key of the server, on a 64-bit Windows also those by which a 64-bit host finds the surrogate. Returns E_ACCESSDENIED when that part of the registry is closed to the caller,
-/// SELFREG_E_CLASS for other failures. Throws std::bad_alloc.
+/// Writes every key of the server, on a 64-bit Windows also those by which a 64-bit host finds the surrogate. Returns
+/// E_ACCESSDENIED when that part of the registry is closed to the caller, SELFREG_E_CLASS for other failures. Throws
+/// std::bad_alloc.
 [[nodiscard]] HRESULT RegisterServer(const ServerDescription& server, RegistrationScope scope);
 /// Removes every key of the server, but class values that a site changed; none left is success. Returns and throws as
 /// RegisterServer.

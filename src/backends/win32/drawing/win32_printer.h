@@ -43,7 +43,7 @@ class Win32Printer : public Printer {
   AskForFile askForFile_;
   std::wstring printTo_;
   std::string proposal_;  ///< name for a printer that makes a file
-  std::string name_;  ///< of the printer, and of the file that replaces it
+  std::string name_;      ///< of the printer, and of the file that replaces it
   OwnedDc printer_;
   double y_ = 0;
   double lineHeight_ = 0;  ///< of the last font

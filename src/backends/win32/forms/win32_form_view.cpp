@@ -14,10 +14,10 @@ namespace chartproject::win32 {
 
 namespace {
 
-constexpr Property kShownProperties[] = {
-    Property::kList,    Property::kListIndex, Property::kRange,       Property::kValue,   Property::kText,
-    Property::kCaption, Property::kColor,     Property::kToolTipText, Property::kEnabled, Property::kVisible,
-    Property::kAvailability};
+constexpr Property kShownProperties[] = {Property::kList,    Property::kListIndex,   Property::kRange,
+                                         Property::kValue,   Property::kText,        Property::kCaption,
+                                         Property::kColor,   Property::kToolTipText, Property::kEnabled,
+                                         Property::kVisible, Property::kAvailability};
 
 bool Within(const Control& control, const Control& container) {
   for (const Control* at = &control; at != nullptr; at = at->Container()) {
