@@ -51,6 +51,8 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kChartTip, "Clique: primeiro cursor; Shift e clique: segundo cursor; Esc: remove os cursores",
      "Click: first cursor; Shift and click: second cursor; Esc: removes the cursors",
      "Clic: primer cursor; Mayús y clic: segundo cursor; Esc: quita los cursores"},
+    {Text::kSimulatedValues, "Os valores são de drives simulados.", "The values come from simulated drives.",
+     "Los valores son de drives simulados."},
 });
 static_assert(InOrder(kRows, Text::kExportStopped), "every text has its row, in the order of the enumeration");
 

@@ -137,6 +137,7 @@ enum class Text : std::uint16_t {
   kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
+  kSimulatedTitle,  ///< "%1 - simulated drives"  %1 the dialog's title
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -159,6 +160,7 @@ enum class Text : std::uint16_t {
   kCursorPoint,          ///< "Cursor %1: point %2, %3"
   kCursorDifference,     ///< "Difference: %1 points, %2"
   kChartTip,             ///< how to place and remove the cursors
+  kSimulatedValues,      ///< the recording's values come from simulated drives
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
@@ -247,6 +249,22 @@ enum class Text : std::uint16_t {
   kMarkedImmutable,
   kFolderMarkedImmutable,
   kMarkedReadOnly,
+  kClipboardNotEmptied,
+  kClipboardRefused,
+  kNoDefaultPrinter,
+  kPrinterNotReached,  ///< %1 printer, %2 reason
+  kDocumentNotBegun,   ///< %1 printer, %2 reason
+  kPageNotTaken,       ///< %1 printer
+  kNoDocument,
+  kTextNotPrinted,
+  kPictureNotPrinted,
+  kNoMemoryForPicture,
+  kFileDialogFailed,  ///< %1 the system's number
+  kSheetCountUnknown,
+  kCellUnreadable,
+  kApplicationBusy,
+  kDriveLinkNotMade,  ///< %1 class, %2 reason
+  kDriveLinkNoId,     ///< %1 text of the registry
 
   kCount
 };

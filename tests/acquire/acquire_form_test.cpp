@@ -43,6 +43,22 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(form->panel.lblHint.Caption(), "The model KRA-02 shows no numbers, except in P006.");
 }
 
+TEST_F(AcquireFormTest, ItsTitleNamesSimulatedDrives) {
+  plant.simulated = true;
+  component.driveLink = plant.Create({});
+  Open();
+  EXPECT_EQ(form->Caption(), "Acquire Parameter - simulated drives");
+}
+
+TEST_F(AcquireFormTest, AnEventOfTheDefaultFileThatTheDriveLacksIsNotReportedBeforeTheDialogIsUp) {
+  fake.files.Put(kChart, "[INFO]\r\nDrive Address=02\r\nTrigger Mode=Event\r\nEvent=Last Fault=EXX\r\n");
+  form = std::make_unique<AcquireForm>(component);
+  form->Load();
+  EXPECT_THAT(Prompts(), IsEmpty());
+  EXPECT_EQ(form->trigger.cboEvent.ListIndex(), -1);
+  EXPECT_EQ(form->panel.lblHint.Caption(), "Choose an event.");
+}
+
 TEST_F(AcquireFormTest, AnUnreadableChartFileDoesNotKeepTheDialogFromOpening) {
   fake.files.Put(kChart, "[INFO]\r\n");
   fake.files.Break("read", error_number::kPermissionDenied, kChart);

@@ -58,6 +58,14 @@ struct ChartWindowTest : ::testing::Test {
   bool shown = false;
 };
 
+TEST_F(ChartWindowTest, SaysThatItsValuesWereSimulated) {
+  Put("100", 100);
+  component.simulatedRecordings.insert(kFile);
+  Show([](ChartForm& form) {
+    EXPECT_THAT(form.rtfInfo.Text(), EndsWith("\r\n\r\nThe values come from simulated drives.\r\n"));
+  });
+}
+
 TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
   Put("100", 100);
   Show([&](ChartForm& form) {
@@ -377,7 +385,7 @@ TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
     form.scroll.hsbGraph.SetValue(60);
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 70);
     EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 65 points, 00:01:05");
-    EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 → 70 (+65)");
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 -> 70 (+65)");
   });
 }
 

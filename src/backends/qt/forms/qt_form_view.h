@@ -69,6 +69,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   /// The user, or the form, chose where the focus is.
   void FocusTaken();
   void FocusLeft(QObject* widget, bool byMouse);
+  void NameWidgets();
   void DeliverFocusLeave();
   [[nodiscard]] ControlWidget* Find(const Control& control) const;
   [[nodiscard]] Control* ControlOf(const QObject* widget) const;

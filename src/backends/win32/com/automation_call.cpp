@@ -28,8 +28,7 @@ bool IsUnknownLocale(HRESULT result) {
 
 void RequireAnswer(HRESULT result, const wchar_t* name) {
   if (!IsBusy(result)) return RequireSuccess(result, ToUtf8(name).c_str());
-  throw RunTimeError(ErrorNumber(result),
-                     "The application is busy: leave the cell that is being edited and close its boxes");
+  throw RunTimeError(ErrorNumber(result), Text::kApplicationBusy);
 }
 
 void Forget(const EXCEPINFO& exception) {
