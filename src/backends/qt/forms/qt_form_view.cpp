@@ -199,6 +199,13 @@ void QtFormView::CloseRequested() {
   if (form_.IsLoaded()) form_.CloseByUser();
 }
 
+void QtFormView::FileDropped(const QString& fileName) {
+  if (!TakesFiles()) return;
+  DeliverFocusLeave();
+  if (!form_.IsLoaded()) return;
+  form_.RunHandler("Form_FileDropped", [this, name = FromQt(fileName)] { form_.fileDropped(name); });
+}
+
 QWidget& QtFormView::Window() const {
   return *window_;
 }
