@@ -55,7 +55,7 @@ endif()
 # Debian packages: scripts/package-linux runs cpack.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME chartproject)
-set(CPACK_PACKAGE_CONTACT "ChartProject developers <farm@localhost.invalid>")
+set(CPACK_PACKAGE_CONTACT "ChartProject developers <developers@chartproject.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
@@ -69,8 +69,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${CMAKE_SOURCE_DIR}/share/service/prerm" "${CMAKE_SOURCE_DIR}/share/service/postrm")
 set(what "Records up to four parameters of a frequency inverter, servo drive or soft
- starter, from one point to two thousand million, and shows, prints and
- exports the recordings.")
+starter, from one point to two thousand million, and shows, prints and
+exports the recordings.")
 set(CPACK_COMPONENTS_ALL headless)
 if(CHARTPROJECT_QT)
   list(PREPEND CPACK_COMPONENTS_ALL windows)
@@ -84,9 +84,9 @@ set(CPACK_DEBIAN_WINDOWS_PACKAGE_REPLACES chartproject-headless)
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_PROVIDES "chartproject-headless (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_HEADLESS_PACKAGE_NAME chartproject-headless)
 set(CPACK_DEBIAN_HEADLESS_DESCRIPTION "recorder of trend data of industrial drives, without windows\n${what}
- .
- This package is for machines without a display. It has no windows and draws
- no charts; the package chartproject does.")
+
+This package is for machines without a display. It has no windows and draws
+no charts; the package chartproject does.")
 set(CPACK_DEBIAN_HEADLESS_PACKAGE_RECOMMENDS bash-completion)
 set(CPACK_DEBIAN_HEADLESS_PACKAGE_CONFLICTS chartproject)
 set(CPACK_DEBIAN_HEADLESS_PACKAGE_REPLACES chartproject)

@@ -101,7 +101,7 @@ check "bash completes a command" bash_completes "chartproject acq" acquire
 check "bash completes a chart file" bash_completes "chartproject info pu" pump.cht
 check "bash completes an option" bash_completes "chartproject acquire --para" --parameters
 check "bash completes an address" bash_completes "chartproject read 1" 1
-check "bash completes a parameter" bash_completes "chartproject read 1 10" "10 100 101 102 103"
+check "bash completes a parameter" bash_completes "chartproject read 1 10" "10 100 101 102 103 104"
 check "bash completes a list of parameters" bash_completes "chartproject acquire --address 1 --parameters 3,9" 3,9
 check "zsh completes a command and an option" prints "zsh -f -c '
   zmodload zsh/zpty; zpty shell zsh -f -i

@@ -31,7 +31,7 @@ constexpr std::array kKinds{
     ValueKind{"CODE", "_chartproject_listed triggers", "_chartproject_listed triggers"},
     ValueKind{"SECTION.KEY", "_chartproject_listed settings", "_chartproject_listed settings"}};
 
-constexpr std::string_view kBashHead = R"(# bash completion for chartproject, made from the program's own options.
+constexpr std::string_view kBashHead = R"shell(# bash completion for chartproject, made from the program's own options.
 
 # Words that the program lists, for the profile and the drive that the line names.
 _chartproject_ask() {
@@ -71,21 +71,21 @@ _chartproject() {
   _get_comp_words_by_ref -n '=<>:' cur prev words cword
   for ((at = 1; at < cword; ++at)); do
     case ${words[at]} in
-)";
+)shell";
 
-constexpr std::string_view kBashTail = R"(  esac
+constexpr std::string_view kBashTail = R"shell(  esac
 }
 complete -F _chartproject chartproject
-)";
+)shell";
 
-constexpr std::string_view kZshHead = R"(#compdef chartproject
+constexpr std::string_view kZshHead = R"shell(#compdef chartproject
 # zsh completion for chartproject, made from the program's own options.
 
 # Words that the program lists, each with its description, for the profile and the drive that the line names.
 _chartproject_listed() {
   local -a profile listed address
   local line
-  [[ -n ${opt_args[--profile]} ]] && profile=(--profile ${(Q)opt_args[--profile]})
+  [[ -n $profile_folder ]] && profile=(--profile ${(Q)profile_folder})
   address=(${opt_args[--address]})
   [[ ${line_command} == read && -z $address ]] && address=(${words[2]})
   for line in ${(f)"$(command chartproject $profile describe $argv[-1] $address 2>/dev/null)"}; do
@@ -95,10 +95,10 @@ _chartproject_listed() {
 }
 
 _chartproject() {
-  local context state line_command
+  local context state line_command profile_folder
   local -a line
   typeset -A opt_args
-)";
+)shell";
 
 using Options = std::vector<const CLI::Option*>;
 using Commands = std::vector<const CLI::App*>;
@@ -111,7 +111,10 @@ Commands CommandsOf(const CLI::App& program) {
 
 Options OptionsOf(const CLI::App& app, bool positional) {
   Options options = app.get_options();
-  std::erase_if(options, [positional](const CLI::Option* option) { return option->get_positional() != positional; });
+  // A command's own --help is the program's.
+  std::erase_if(options, [&](const CLI::Option* option) {
+    return option->get_positional() != positional || (app.get_parent() != nullptr && option == app.get_help_ptr());
+  });
   return options;
 }
 
@@ -148,7 +151,7 @@ std::string BashAction(const std::string& valueName) {
   const ValueKind* const kind = KindOf(valueName);
   if (kind != nullptr) return std::string(kind->bash);
   if (valueName.find('|') == std::string::npos) return {};
-  return "_chartproject_words $'" + Replaced(valueName, "|", "\\n") + "'";
+  return "_chartproject_words $'" + Replaced(Replaced(valueName, ":FILE", ":"), "|", "\\n") + "'";
 }
 
 /// Rows of `case $command:$prev in` for the values of options. @param command of whose options; "*" for every one
@@ -190,7 +193,7 @@ std::string ZshAction(const std::string& valueName) {
   const ValueKind* const kind = KindOf(valueName);
   if (kind != nullptr) return std::string(kind->zsh);
   if (valueName.find('|') == std::string::npos) return " ";
-  return "(" + Replaced(valueName, "|", " ") + ")";
+  return "(" + Replaced(Replaced(valueName, ":FILE", "\\:"), "|", " ") + ")";
 }
 
 std::string ZshText(const std::string& text) {
@@ -245,8 +248,8 @@ std::string ZshCompletion(const CLI::App& program) {
   std::string script(kZshHead);
   const std::string own = ZshArguments(program, "    ");
   script += "  _arguments -C" + own.substr(0, own.rfind(" \\\n")) +
-            " \\\n    '1: :->command' \\\n    '*:: :->arguments'\n  case $state in\n    command)\n      local -a "
-            "commands=(\n";
+            " \\\n    '1: :->command' \\\n    '*:: :->arguments'\n  profile_folder=${opt_args[--profile]}\n  case $state in\n"
+            "    command)\n      local -a commands=(\n";
   for (const CLI::App* command : CommandsOf(program)) {
     script += "        " + InSingleQuotes(command->get_name() + ":" + ZshText(command->get_description())) + "\n";
   }

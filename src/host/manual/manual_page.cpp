@@ -78,7 +78,7 @@ std::string Footer(const std::string& footer) {
 std::string OptionsOf(const CLI::App& app) {
   std::string text;
   for (const CLI::Option* option : app.get_options()) {
-    if (option->get_description().empty()) continue;
+    if (app.get_parent() != nullptr && option == app.get_help_ptr()) continue;  // the same at every command
     text += ".TP\n";
     if (option->get_positional()) {
       text += ".I " + Escaped(option->get_name(true));
