@@ -56,6 +56,7 @@ endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME chartproject)
 set(CPACK_PACKAGE_CONTACT "ChartProject developers <developers@chartproject.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "recorder of trend data of industrial drives")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
@@ -76,14 +77,14 @@ if(CHARTPROJECT_QT)
   list(PREPEND CPACK_COMPONENTS_ALL windows)
 endif()
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_NAME chartproject)
-set(CPACK_DEBIAN_WINDOWS_DESCRIPTION "recorder and viewer of trend data of industrial drives\n${what}")
+set(CPACK_DEBIAN_WINDOWS_DESCRIPTION "${what}")
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_RECOMMENDS "qt6-translations-l10n, shared-mime-info, desktop-file-utils, bash-completion")
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_SUGGESTS "cups, qt6-wayland")
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_CONFLICTS chartproject-headless)
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_REPLACES chartproject-headless)
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_PROVIDES "chartproject-headless (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_HEADLESS_PACKAGE_NAME chartproject-headless)
-set(CPACK_DEBIAN_HEADLESS_DESCRIPTION "recorder of trend data of industrial drives, without windows\n${what}
+set(CPACK_DEBIAN_HEADLESS_DESCRIPTION "${what}
 
 This package is for machines without a display. It has no windows and draws
 no charts; the package chartproject does.")

@@ -329,7 +329,7 @@ class ProgramTest(ProgramCase):
         for arguments, code, words in (
                 (["--version"], 0, "ChartProject "),
                 (["inof"], 2, '"inof" is neither a command nor a file; '),
-                (["gone.cht"], 1, f"error 53: {self.folder}/gone.cht: "),
+                (["gone.cht"], 1, "There is no display to show windows on."),
                 (["info", "one.cht", "two.cht"], 2, "The following argument was not expected: two.cht"),
                 (["describe", "addresses"], 0, "1\tKRA-09 \n2\tTSR-05 \n"),
                 (["describe", "parameters"], 0, "3\tMotor current\n5\tMotor frequency\n12\tInputs\n"),

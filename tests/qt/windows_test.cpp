@@ -233,7 +233,8 @@ TEST_F(StartWindowTest, LanguageAndSoundTakeEffectAtOnceAndAreSaved) {
 
 TEST_F(StartWindowTest, RecentChartsAreOnButtonsAndADroppedFileOpens) {
   const std::string chart = "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=1\r\nPXXX1=003\r\n[TIME/CONTENT]\r\n";
-  for (const char* name : {"/data/A & B.cht", "/data/Dropped.cht"}) outside.fakes.files.Put(name, chart + "08:00:00#1#####\r\n");
+  for (const char* name : {"/data/A & B.cht", "/data/Dropped.cht"})
+    outside.fakes.files.Put(name, chart + "08:00:00#1#####\r\n");
   auto& stored = outside.fakes.settings.values["MyCharts"];
   stored = {{"strRecent1", "/data/gone.cht"}, {"strRecent2", "/data/A & B.cht"}};
   const auto chartIsUp = [](const std::string& name) {
@@ -246,7 +247,9 @@ TEST_F(StartWindowTest, RecentChartsAreOnButtonsAndADroppedFileOpens) {
     EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
     SendKey("alt+1");
   });
-  user.Until("the recent chart", [&] { return chartIsUp("A & B"); }).Then([] { SendKey("Escape"); });
+  user.Until("the recent chart", [&] { return chartIsUp("A & B"); }).Then([] {
+    QApplication::activeWindow()->close();
+  });
   user.Do([&] {
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile("/data/Dropped.cht")});
@@ -256,7 +259,9 @@ TEST_F(StartWindowTest, RecentChartsAreOnButtonsAndADroppedFileOpens) {
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&user.Window(), &drop);
   });
-  user.Until("the dropped chart", [&] { return chartIsUp("Dropped"); }).Then([] { SendKey("Escape"); });
+  user.Until("the dropped chart", [&] { return chartIsUp("Dropped"); }).Then([] {
+    QApplication::activeWindow()->close();
+  });
   user.Key("Escape").GoThrough();
   EXPECT_EQ(stored["strRecent1"], "/data/Dropped.cht");
   EXPECT_EQ(stored["strRecent2"], "/data/A & B.cht");

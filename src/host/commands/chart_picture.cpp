@@ -39,7 +39,9 @@ void ChartPictureOptions::AddTo(CLI::App& command) {
       ->type_name("0|1|2|3|4|5|6|7")
       ->capture_default_str();
   command.add_option("--first", first_, "first point shown, counted from 1")->type_name("N")->capture_default_str();
-  command.add_option("--points-per-division", division_, "points in each of the 25 divisions")->type_name("N")->capture_default_str();
+  command.add_option("--points-per-division", division_, "points in each of the 25 divisions")
+      ->type_name("N")
+      ->capture_default_str();
   command.add_option("--scale", scales_, "multiplier of each series, for example 1,10")->type_name("N[,N...]");
   command.add_option("--grid", grid_, "lines of the grid")->type_name("on|off")->capture_default_str();
   command.add_option("--markers", markers_, "a marker at each point")->type_name("on|off")->capture_default_str();

@@ -141,8 +141,7 @@ class AcquireCommand : public Command {
         ->type_name("P[,P...]");
     app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)")
         ->type_name("ADDRESS");
-    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)")
-        ->type_name("N");
+    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)")->type_name("N");
     app->add_option("--every", every_, "time between points: 200ms to 65535ms, 1s to 65s, or hh:mm:ss (default: 1s)")
         ->type_name("TIME");
     app->add_option("--trigger", request_.trigger, "record when an event occurs, one of: " + EventCodes())

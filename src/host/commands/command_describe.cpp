@@ -2,8 +2,8 @@
 // --help does not list it.
 #include <ostream>
 
-#include "common/values/numbers.h"
 #include "common/environment/settings_table.h"
+#include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "host/commands/arguments.h"
 #include "host/commands/command.h"
@@ -21,7 +21,8 @@ class DescribeCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     program_ = &program;
-    CLI::App* app = program.add_subcommand("describe", "Write what the manual and the shells' completion are made from");
+    CLI::App* app =
+        program.add_subcommand("describe", "Write what the manual and the shells' completion are made from");
     app->add_option("WHAT", what_, "man, bash, zsh; or a list of words: addresses, parameters, triggers, settings")
         ->required()
         ->check(CLI::IsMember({"man", "bash", "zsh", "addresses", "parameters", "triggers", "settings"}));
@@ -52,8 +53,8 @@ class DescribeCommand : public Command {
   }
 
   void ListParameters(Component& component, std::ostream& out) const {
-    const int address = address_.empty() ? component.settings.intSelectedDrive
-                                         : ParseNumber(address_, "ADDRESS", 1, kLastDriveAddress);
+    const int address =
+        address_.empty() ? component.settings.intSelectedDrive : ParseNumber(address_, "ADDRESS", 1, kLastDriveAddress);
     if (address < 1 || component.driveTable.At(address).Type.empty()) return;
     LoadDriverFile(component, static_cast<std::int16_t>(address));
     const ParameterTable& table = component.parameterTables.At(address);

@@ -198,7 +198,8 @@ std::string ZshAction(const std::string& valueName) {
 
 std::string ZshText(const std::string& text) {
   std::string escaped;
-  for (const char c : text) escaped += (c == '[' || c == ']' || c == ':' || c == '\\') ? std::string("\\") + c : std::string(1, c);
+  for (const char c : text)
+    escaped += (c == '[' || c == ']' || c == ':' || c == '\\') ? std::string("\\") + c : std::string(1, c);
   return escaped;
 }
 
@@ -228,8 +229,9 @@ std::string BashCompletion(const CLI::App& program) {
   for (const CLI::Option* option : OptionsOf(program, false)) {
     if (!ValueName(*option).empty()) script += "      " + NamesOf(*option, "|") + ") ((++at)) ;;\n";
   }
-  script += "      -*) ;;\n      *) if [[ -z $command ]]; then command=${words[at]}; else ((++positional)); fi ;;\n"
-            "    esac\n  done\n  case $command:$prev in\n";
+  script +=
+      "      -*) ;;\n      *) if [[ -z $command ]]; then command=${words[at]}; else ((++positional)); fi ;;\n"
+      "    esac\n  done\n  case $command:$prev in\n";
   script += BashValues(program, "*");
   for (const CLI::App* command : commands) script += BashValues(*command, command->get_name());
   script += "  esac\n  if [[ $cur == -* ]]; then\n    case $command in\n";
@@ -238,8 +240,10 @@ std::string BashCompletion(const CLI::App& program) {
               BashOptionNames(program) + "' ;;\n";
   }
   script += "      *) _chartproject_words $'" + BashOptionNames(program) + "' ;;\n    esac\n    return\n  fi\n";
-  script += "  case $command:$positional in\n    :0)\n      _chartproject_charts\n      local charts=(\"${COMPREPLY[@]}\")\n"
-            "      _chartproject_words $'" + NamesOf(commands) + "'\n      COMPREPLY+=(\"${charts[@]}\") ;;\n";
+  script +=
+      "  case $command:$positional in\n    :0)\n      _chartproject_charts\n      local charts=(\"${COMPREPLY[@]}\")\n"
+      "      _chartproject_words $'" +
+      NamesOf(commands) + "'\n      COMPREPLY+=(\"${charts[@]}\") ;;\n";
   for (const CLI::App* command : commands) script += BashPositionals(*command);
   return script + std::string(kBashTail);
 }
@@ -247,17 +251,19 @@ std::string BashCompletion(const CLI::App& program) {
 std::string ZshCompletion(const CLI::App& program) {
   std::string script(kZshHead);
   const std::string own = ZshArguments(program, "    ");
-  script += "  _arguments -C" + own.substr(0, own.rfind(" \\\n")) +
-            " \\\n    '1: :->command' \\\n    '*:: :->arguments'\n  profile_folder=${opt_args[--profile]}\n  case $state in\n"
-            "    command)\n      local -a commands=(\n";
+  script +=
+      "  _arguments -C" + own.substr(0, own.rfind(" \\\n")) +
+      " \\\n    '1: :->command' \\\n    '*:: :->arguments'\n  profile_folder=${opt_args[--profile]}\n  case $state in\n"
+      "    command)\n      local -a commands=(\n";
   for (const CLI::App* command : CommandsOf(program)) {
     script += "        " + InSingleQuotes(command->get_name() + ":" + ZshText(command->get_description())) + "\n";
   }
-  script += "      )\n      _describe -t commands command commands\n      _files -g \"*.cht\" ;;\n    arguments)\n"
-            "      line_command=$line[1]\n      case $line_command in\n";
+  script +=
+      "      )\n      _describe -t commands command commands\n      _files -g \"*.cht\" ;;\n    arguments)\n"
+      "      line_command=$line[1]\n      case $line_command in\n";
   for (const CLI::App* command : CommandsOf(program)) {
-    script += "        " + command->get_name() + ")\n          _arguments" + ZshArguments(*command, "            ") +
-              " ;;\n";
+    script +=
+        "        " + command->get_name() + ")\n          _arguments" + ZshArguments(*command, "            ") + " ;;\n";
   }
   return script + "      esac ;;\n  esac\n}\n\n_chartproject \"$@\"\n";
 }

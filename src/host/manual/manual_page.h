@@ -7,8 +7,8 @@
 
 namespace chartproject {
 
-/// The page of `man chartproject`, in troff's man macros. A paragraph of a footer whose first line ends in ":" becomes a
-/// section of that name.
+/// The page of `man chartproject`, in troff's man macros. A paragraph of a footer whose first line ends in ":" becomes
+/// a section of that name.
 /// @param program all options, commands and footers @param version the release's number
 [[nodiscard]] std::string ManualPage(const CLI::App& program, const std::string& version);
 

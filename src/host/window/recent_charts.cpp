@@ -60,8 +60,8 @@ void RememberAllCharts(Component& component) {
 }
 
 std::optional<std::string> AskForChart(Component& component) {
-  return component.ports.dialogs.ShowOpenFile({component.settings.strFolder,
-                                               LoadMessage(component, Text::kStartChartFiles) + " (*.cht)|*.cht", 1, 4096});
+  return component.ports.dialogs.ShowOpenFile(
+      {component.settings.strFolder, LoadMessage(component, Text::kStartChartFiles) + " (*.cht)|*.cht", 1, 4096});
 }
 
 }  // namespace chartproject

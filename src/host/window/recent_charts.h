@@ -15,8 +15,8 @@ inline constexpr std::size_t kRecentCharts = 4;
 /// Full names, the latest first, of those that are still there. Throws RunTimeError when the settings cannot be read.
 [[nodiscard]] std::vector<std::string> RecentCharts(Ports& ports);
 
-/// Puts a chart file in front of the list, in the settings store. That it cannot be stored is noted in the log only: the
-/// chart itself is worth more than its place in a list. Never throws.
+/// Puts a chart file in front of the list, in the settings store. That it cannot be stored is noted in the log only:
+/// the chart itself is worth more than its place in a list. Never throws.
 void RememberChart(Component& component, const std::string& fileName) noexcept;
 
 /// Remembers the chart, then shows it as ShowChart does. @return false when no window came
