@@ -23,6 +23,8 @@ struct Component : DriveContext {
   std::set<std::string> simulatedRecordings;  ///< files recorded from simulated drives while the component lives
   /// Shows a chart file in the chart window, which is a layer above; set when the component is created.
   std::function<void(Component&, const std::string&)> showChart;
+  /// Called when a recording is in its chart file, with the file's full name; empty where nobody wants to know.
+  std::function<void(Component&, const std::string&)> chartRecorded;
 };
 
 }  // namespace chartproject

@@ -185,6 +185,7 @@ enum class Text : std::uint16_t {
   kHelpTitle,
   kHelpFileMissing,
   kHelpFileUnreadable,
+  kStartRecent,  ///< caption of the start window's list of charts
 
   // Drives and driver files (drive_rows.cpp).
   kDriverLineError,      ///< %1 line, %2 file

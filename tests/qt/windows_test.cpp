@@ -4,10 +4,13 @@
 #include <sys/stat.h>
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QUrl>
 #include <QWidget>
 #include <cctype>
 #include <filesystem>
@@ -253,6 +256,42 @@ TEST_F(StartWindowTest, LanguageAndSoundTakeEffectAtOnceAndAreSaved) {
   instance.Release();
   EXPECT_EQ(outside.fakes.settings.values["MyConf"]["strLanguage"], "Spanish");
   EXPECT_EQ(outside.fakes.settings.values["MyConf"]["strSound"], "No");
+}
+
+TEST_F(StartWindowTest, RecentChartsAreOnButtonsAndADroppedFileOpens) {
+  const std::string chart = "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=1\r\nPXXX1=003\r\n[TIME/CONTENT]\r\n";
+  for (const char* name : {"/data/A & B.cht", "/data/Dropped.cht"})
+    outside.fakes.files.Put(name, chart + "08:00:00#1#####\r\n");
+  auto& stored = outside.fakes.settings.values["MyCharts"];
+  stored = {{"strRecent1", "/data/gone.cht"}, {"strRecent2", "/data/A & B.cht"}};
+  const auto chartIsUp = [](const std::string& name) {
+    const QWidget* window = QApplication::activeWindow();
+    return window != nullptr && window->objectName() == "frmChart" && window->windowTitle().contains(name.c_str());
+  };
+  user.Do([&] {
+    EXPECT_EQ(form.cmdRecent[0].Caption(), "&1  A && B.cht");
+    EXPECT_FALSE(form.cmdRecent[1].Visible());
+    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+    SendKey("alt+1");
+  });
+  user.Until("the recent chart", [&] { return chartIsUp("A & B"); }).Then([] {
+    QApplication::activeWindow()->close();
+  });
+  user.Do([&] {
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/data/Dropped.cht")});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&user.Window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&user.Window(), &drop);
+  });
+  user.Until("the dropped chart", [&] { return chartIsUp("Dropped"); }).Then([] {
+    QApplication::activeWindow()->close();
+  });
+  user.Key("Escape").GoThrough();
+  EXPECT_EQ(stored["strRecent1"], "/data/Dropped.cht");
+  EXPECT_EQ(stored["strRecent2"], "/data/A & B.cht");
 }
 
 constexpr int kPoints = 40000;

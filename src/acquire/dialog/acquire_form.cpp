@@ -60,6 +60,7 @@ void AcquireForm::Connect() {
     file.NoteRecording();
     UpdateViewChartButton();
     UpdateStartButtons();
+    if (component_.chartRecorded) component_.chartRecorded(component_, report.fileName);
     if (runEnded) runEnded(report);
   };
 }

@@ -15,7 +15,9 @@ class InitCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("init", "Make a ready project with six simulated drives in a folder");
-    app->add_option("FOLDER", folder_, "the project's folder; files that are there stay as they are")->required();
+    app->add_option("FOLDER", folder_, "the project's folder; files that are there stay as they are")
+        ->type_name("")
+        ->required();
     return app;
   }
 

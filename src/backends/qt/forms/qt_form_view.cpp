@@ -207,6 +207,13 @@ void QtFormView::NameWidgets() {
   }
 }
 
+void QtFormView::FileDropped(const QString& fileName) {
+  if (!TakesFiles()) return;
+  DeliverFocusLeave();
+  if (!form_.IsLoaded()) return;
+  form_.RunHandler("Form_FileDropped", [this, name = FromQt(fileName)] { form_.fileDropped(name); });
+}
+
 QWidget& QtFormView::Window() const {
   return *window_;
 }
