@@ -51,7 +51,7 @@ TEST_F(AcquireFormTest, ItsTitleNamesSimulatedDrives) {
 }
 
 TEST_F(AcquireFormTest, AnEventOfTheDefaultFileThatTheDriveLacksIsNotReportedBeforeTheDialogIsUp) {
-  fake.files.Put(kChart, "[INFO]\r\nDrive Address=02\r\nTrigger Mode=Event\r\nEvent=Last Fault=EXX\r\n");
+  fake.files.Put(kChart, "[INFO]\r\nDrive Address=02\r\nTrigger Mode=Event\r\nEvent=P012-DI8=1\r\n");
   form = std::make_unique<AcquireForm>(component);
   form->Load();
   EXPECT_THAT(Prompts(), IsEmpty());
