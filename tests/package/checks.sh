@@ -66,13 +66,13 @@ check "installs" inside apt-get -q -y --no-install-recommends install "/packages
 check "says its version" mentions "chartproject --version" "ChartProject $version"
 check "first start" opens chartproject "^ChartProject$" build/test-package/first_start.png
 echo "   start window after $milliseconds ms"
-check "which made a project" test -s "$root/home/user/ChartProject/drives.txt" -o -d "$root/home/user/ChartProject"
+check "which made a project" test -d "$root/home/user/ChartProject/projects"
 begin=$(now)
 check "records" prints "chartproject --clock virtual acquire --address 1 --parameters 2,3 --points 3000 --every 1s --file pump.cht" \
   "3000 points in /home/user/pump.cht"
 check "renders without a display" as_user "DISPLAY= chartproject render pump.cht --points-per-division 19 --output pump.png"
 echo "   first recording and picture after $((($(now) - begin) / 1000000)) ms"
-check "in a picture of 980 x 600 or so" begins_with pump.png $'\x89PNG'
+check "a PNG file" begins_with pump.png $'\x89PNG'
 check "prints to PDF" as_user "DISPLAY= chartproject print pump.cht --output pump.pdf"
 check "a PDF file" begins_with pump.pdf %PDF-
 check "exports" as_user "chartproject --answer yes export pump.cht --output pump.xlsx"
