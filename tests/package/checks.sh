@@ -102,7 +102,7 @@ check "bash completes a chart file" bash_completes "chartproject info pu" pump.c
 check "bash completes an option" bash_completes "chartproject acquire --para" --parameters
 check "bash completes an address" bash_completes "chartproject read 1" 1
 check "bash completes a parameter" bash_completes "chartproject read 1 10" "10 100 101 102 103 104"
-check "bash completes a list of parameters" bash_completes "chartproject acquire --address 1 --parameters 3,9" 3,9
+check "bash completes a list of parameters" bash_completes "chartproject acquire --address 1 --parameters 3,99" "3,990 3,991"
 check "zsh completes a command and an option" prints "zsh -f -c '
   zmodload zsh/zpty; zpty shell zsh -f -i
   zpty -w shell \"PS1=; autoload compinit; compinit -D -u; echo rea\"dy; zpty -r shell out \"*ready*\"
