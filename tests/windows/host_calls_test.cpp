@@ -98,8 +98,8 @@ TEST(HostCalls, TheHostMayLetGoOfTheObjectWhileItsWindowIsUp) {
   EXPECT_EQ(reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(canUnload))(), S_OK);
 }
 
-// The last one: the system keeps a thread for objects of such clients, and what it loaded there.
-TEST(HostCalls, AnObjectOfAnotherApartmentIsReachedByMarshalling) {
+// Run by itself: the system keeps a thread for the objects of such clients, and with it the module in use.
+TEST(HostInAnotherApartment, ReachesTheObjectByMarshalling) {
   HRESULT shown = E_FAIL;
   {
     const User user;
