@@ -48,8 +48,8 @@ struct RawOptions {
 std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
   for (const auto make :
-       {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand, MakeInfoCommand,
-        MakeViewCommand, MakeRenderCommand, MakePrintCommand, MakeExportCommand, MakeStartCommand}) {
+       {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand, MakeRecoverCommand,
+        MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand, MakeExportCommand, MakeStartCommand}) {
     commands.push_back(make());
   }
   return commands;

@@ -79,6 +79,12 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kFileTooLarge, "%1: o arquivo tem %2 MB; um arquivo desse tipo tem no máximo %3 MB.",
      "%1: the file has %2 MB; a file of this kind has at most %3 MB.",
      "%1: el archivo tiene %2 MB; un archivo de este tipo tiene como máximo %3 MB."},
+    {Text::kSideFileLost, "%1: outro programa removeu, substituiu ou cortou este arquivo.",
+     "%1: another program removed, replaced or cut this file.", "%1: otro programa quitó, reemplazó o cortó este archivo."},
+    {Text::kReadBackDiffers, "%1: as linhas lidas de volta não são as que foram gravadas.",
+     "%1: the rows read back are not those that were written.", "%1: las filas leídas no son las que se grabaron."},
+    {Text::kFileIsThere, "%1 já existe e não é substituído.", "%1 is there already and is not replaced.",
+     "%1 ya existe y no se reemplaza."},
 });
 static_assert(InOrder(kRows, Text::kDialogAlreadyOpen), "every text has its row, in the order of the enumeration");
 

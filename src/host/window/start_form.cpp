@@ -18,6 +18,7 @@ constexpr int kDriveLineWidth = 46;
 
 StartForm::StartForm(ChartClass& instance, std::string madeIn)
     : Form(instance.State().forms, "frmStart", MakeHandlerErrorReporter(instance.State())),
+      recovery(*this, instance.State()),
       instance_(instance),
       component_(instance.State()),
       madeIn_(std::move(madeIn)) {
@@ -36,7 +37,7 @@ void StartForm::PlaceControls() {
   cmdClose.SetCancel(true);
   LayoutBox drives = Stretched(Group(fraDrives, Column({Cell(rtfDrives, 1, 1), Cell(lblProject, 1)})), 1, 1);
   LayoutBox buttons = Column({Cell(cmdAcquire), Cell(cmdOpenChart), Space(0, 1), Cell(cmdClose)});
-  SetLayout(Column({Row({std::move(drives), std::move(buttons)}), Collapsing(Cell(lblNote, 1)),
+  SetLayout(Column({recovery.Layout(), Row({std::move(drives), std::move(buttons)}), Collapsing(Cell(lblNote, 1)),
                     Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
 }
 
@@ -59,6 +60,7 @@ void StartForm::OnLoad() {
   lblProject.SetCaption(settings.strFolder);
   lblNote.SetVisible(!madeIn_.empty());
   ShowTexts();
+  recovery.Look(settings.strFolder);
   LayoutChanged();
   const Size screen = component_.forms.ScreenSize();
   SetLeft((screen.width - Width()) / 2);
@@ -68,6 +70,7 @@ void StartForm::OnLoad() {
 
 void StartForm::ShowTexts() {
   SetCaption("ChartProject");
+  recovery.Translate();
   const auto text = [this](Text which) { return LoadMessage(component_, which); };
   fraDrives.SetCaption(text(Text::kStartDrives));
   cmdAcquire.SetCaption(text(Text::kStartAcquire));
@@ -104,6 +107,7 @@ void StartForm::chkSound_Click() {
 void StartForm::cmdAcquire_Click() {
   lblNote.SetVisible(false);  // said once
   instance_.AcquireVar();
+  recovery.Look(component_.settings.strFolder);
 }
 
 void StartForm::cmdOpenChart_Click() {
