@@ -174,8 +174,9 @@ TEST_F(RecoveryTest, AStartBringsBackWhatIsLeftBeforeTheNameIsUsed) {
 TEST_F(RecoveryTest, TheHeaderIsWhatIsKnown) {
   InterruptedRecording recording;
   recording.chartFile = kChart;
-  recording.rows = {.points = 3, .firstTime = "23:59:58", .lastTime = "00:00:00", .midnights = 1, .columns = 2};
-  recording.journal = JournalReading{.header = {}, .millisecondsBetweenPoints = 1000};
+  fake.files.Put(kSpool, kBareRows);
+  AddRows(recording.rows, *fake.files.OpenForReading(kSpool), {1, 0});
+  recording.journal.emplace().millisecondsBetweenPoints = 1000;
   recording.journal->header.StartDate = "31/01/2026";
   recording.journal->begun = DateTime{2026, 1, 31, 23, 59, 58};
   EXPECT_EQ(RecoveredHeader(fake.ports, recording, nullptr).EndDate, "01/02/2026");
@@ -196,7 +197,7 @@ TEST_F(RecoveryTest, ARecoveryThatWasInterruptedOrFailsLosesNothing) {
   fake.files.Put(kSpool, kBareRows);
   for (const char* operation : {"create", "rename"}) {
     fake.files.Break(operation, error_number::kDiskFull);
-    EXPECT_EQ(ErrorOf([&] { (void)RecoverAll(); }, ""), error_number::kDiskFull);
+    EXPECT_EQ(ErrorOf([&] { (void)RecoverAll(); }), error_number::kDiskFull);
     fake.files.Mend();
     EXPECT_EQ(fake.files.Bytes(kSpool), kBareRows);
     EXPECT_FALSE(fake.files.Has(kChart) || fake.files.Has(kRecovered));

@@ -15,6 +15,7 @@ namespace chartproject {
 RecoverySection::RecoverySection(Form& form, Component& component) : Section(form, component) {
   picInterrupted.SetVisible(false);
   lblInterrupted.SetWordWrap(true);
+  lblInterrupted.SetBorderStyle(0);
   Connect(cmdRecover.click, cmdRecover, "Click", this, &RecoverySection::cmdRecover_Click);
   Connect(cmdLater.click, cmdLater, "Click", this, &RecoverySection::cmdLater_Click);
   Connect(cmdDiscard.click, cmdDiscard, "Click", this, &RecoverySection::cmdDiscard_Click);
@@ -25,17 +26,16 @@ LayoutBox RecoverySection::Layout() {
                                                Cell(cmdDiscard)})));
 }
 
-void RecoverySection::Translate() {
+/// Buttons that are not shown have no captions: they would take access keys from the fields.
+void RecoverySection::ShowCaptions(bool offered) {
   const std::pair<CommandButton*, std::pair<Text, Text>> buttons[] = {
       {&cmdRecover, {Text::kRecover, Text::kRecoverTip}},
       {&cmdLater, {Text::kRecoverLater, Text::kRecoverLaterTip}},
       {&cmdDiscard, {Text::kDiscard, Text::kDiscardTip}}};
   for (const auto& [button, texts] : buttons) {
-    button->SetCaption(Say(texts.first));
-    button->SetToolTipText(Say(texts.second));
+    button->SetCaption(offered ? Say(texts.first) : std::string());
+    button->SetToolTipText(offered ? Say(texts.second) : std::string());
   }
-  lblInterrupted.SetBorderStyle(0);
-  if (!chartFiles_.empty()) ShowNext();
 }
 
 void RecoverySection::Look(const std::string& folder) {
@@ -71,6 +71,7 @@ void RecoverySection::ShowNext() {
     break;
   }
   const bool visible = !chartFiles_.empty();
+  ShowCaptions(visible);
   if (picInterrupted.Visible() == visible) return;
   picInterrupted.SetVisible(visible);
   form_.LayoutChanged();

@@ -21,8 +21,8 @@ class RecoverySection : public Section {
   CommandButton cmdDiscard{form_, "cmdDiscard"};
 
   [[nodiscard]] LayoutBox Layout();
-  /// Captions in the user's language.
-  void Translate();
+  /// Shows its texts in the user's language.
+  void Translate() { ShowNext(); }
   /// Looks for interrupted recordings in a folder; one that cannot be read has none to offer.
   void Look(const std::string& folder);
   /// False while a recording runs.
@@ -30,6 +30,7 @@ class RecoverySection : public Section {
 
  private:
   void ShowNext();
+  void ShowCaptions(bool offered);
   void cmdRecover_Click();
   void cmdLater_Click();
   void cmdDiscard_Click();
