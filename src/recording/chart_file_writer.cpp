@@ -151,7 +151,8 @@ std::unique_ptr<SideFile> MakeSpoolFile(FileSystem& files, const std::string& ch
     holdsPoints = rows.points > 0;
     if (!holdsPoints) files.Delete(name);
   }
-  return files.MakeSideFile({.target = chartFileName, .ending = kSpoolEnding, .names = holdsPoints ? kMostSideNames : 1});
+  return files.MakeSideFile(
+      {.target = chartFileName, .ending = kSpoolEnding, .names = holdsPoints ? kMostSideNames : 1});
 }
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
@@ -208,10 +209,10 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
   for (const auto& part : spool.files) part->Keep();
   // A spool file whose name was taken still holds its rows, but only while this program has it open.
   const bool named = std::ranges::all_of(spool.files, [](const auto& part) { return part->HasItsName(); });
-  result.keptFile = named ? spool.files.back()->Name()
-                          : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
-                              ForEachPart(spool, [&](InputFile& part) { CopyLines(part, file, keepAlive); });
-                            });
+  result.keptFile =
+      named ? spool.files.back()->Name() : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
+        ForEachPart(spool, [&](InputFile& part) { CopyLines(part, file, keepAlive); });
+      });
   return result;
 }
 

@@ -42,8 +42,8 @@ void AppendRowLine(std::string& lines, const PointRow& row);
 /// The spool file that belongs to a chart file.
 inline constexpr std::string_view kSpoolEnding = ".tcf0";
 [[nodiscard]] std::string SpoolFileName(const std::string& chartFileName);
-/// Makes it; one that is already there is deleted, but points that came there since the start are not: the new file then
-/// has the next free name (".tcf1" ...). Throws RunTimeError.
+/// Makes it; one that is already there is deleted, but points that came there since the start are not: the new file
+/// then has the next free name (".tcf1" ...). Throws RunTimeError.
 [[nodiscard]] std::unique_ptr<SideFile> MakeSpoolFile(FileSystem& files, const std::string& chartFileName);
 
 /// What became of a run's points.

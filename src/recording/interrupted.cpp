@@ -42,8 +42,8 @@ void AddRowFile(FileSystem& files, InterruptedRecording& found, RowFile file, st
   found.rowFiles.push_back(std::move(file));
 }
 
-std::optional<InterruptedRecording> JournalAt(FileSystem& files, const CodePage& codePage,
-                                              const std::string& chartFile, int number, std::uint64_t limit) {
+std::optional<InterruptedRecording> JournalAt(FileSystem& files, const CodePage& codePage, const std::string& chartFile,
+                                              int number, std::uint64_t limit) {
   InterruptedRecording found;
   found.chartFile = chartFile;
   found.journalFile = SideFileName(chartFile, kJournalEnding, number);

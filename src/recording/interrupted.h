@@ -41,8 +41,8 @@ inline constexpr std::uint64_t kGlanceBytes = 64'000'000;
                                                            const std::string& chartFile,
                                                            std::uint64_t limit = kNoSurveyLimit);
 
-/// The chart files of a folder beside which there is a journal or a spool file, each once, in order. Throws RunTimeError
-/// when the folder cannot be read.
+/// The chart files of a folder beside which there is a journal or a spool file, each once, in order. Throws
+/// RunTimeError when the folder cannot be read.
 [[nodiscard]] std::vector<std::string> InterruptedChartFiles(FileSystem& files, const std::string& folder);
 
 /// Whether a recording of that chart file runs in this program or in another one. False where the folder takes no lock.

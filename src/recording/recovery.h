@@ -12,18 +12,18 @@
 namespace chartproject {
 
 struct RecoveryRequest {
-  std::string output{};      ///< the chart file to make; empty for the recording's own name where no file has it
-  bool besides = false;      ///< "NAME.recovered.cht" even where no file has the recording's own name
-  const ChartHeader* like = nullptr;   ///< header of a recording without a journal; may be null
+  std::string output{};  ///< the chart file to make; empty for the recording's own name where no file has it
+  bool besides = false;  ///< "NAME.recovered.cht" even where no file has the recording's own name
+  const ChartHeader* like = nullptr;  ///< header of a recording without a journal; may be null
   std::function<void()> keepAlive{};  ///< called every few megabytes; may be empty
 };
 
 struct RecoveryResult {
-  std::string chartFile;    ///< the file that holds the points now; empty when there was no point
-  std::int64_t points = 0;  ///< points in it, read back from it
+  std::string chartFile;       ///< the file that holds the points now; empty when there was no point
+  std::int64_t points = 0;     ///< points in it, read back from it
   std::int64_t malformed = 0;  ///< lines that are not points: a row that was cut, damage
-  bool wasWhole = false;  ///< the recording's own chart file holds all its points already: no file was made
-  bool leftBehind = false;  ///< journal or rows could not be removed
+  bool wasWhole = false;       ///< the recording's own chart file holds all its points already: no file was made
+  bool leftBehind = false;     ///< journal or rows could not be removed
 };
 
 /// The header of the recovered chart file: what the journal says, the end date and time of the last row. Without a

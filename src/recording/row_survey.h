@@ -17,9 +17,9 @@ struct RowSurvey {
   std::int64_t malformed = 0;  ///< lines that are neither points, comments nor empty; a torn last row is one
   std::string firstTime;       ///< hh:mm:ss, of the first point
   std::string lastTime;
-  int midnights = 0;         ///< times that went back by half a day or more: a new day began
-  int columns = 0;           ///< the last column that holds a value, 0 to 4
-  bool toTheEnd = true;      ///< false when reading ended at the limit
+  int midnights = 0;                             ///< times that went back by half a day or more: a new day began
+  int columns = 0;                               ///< the last column that holds a value, 0 to 4
+  bool toTheEnd = true;                          ///< false when reading ended at the limit
   std::uint64_t digest = 14695981039346656037U;  ///< FNV-1a of the points' lines, blanks at their ends left out
 
   [[nodiscard]] bool SamePoints(const RowSurvey& other) const noexcept {

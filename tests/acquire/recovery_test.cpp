@@ -118,13 +118,12 @@ TEST_F(RecoveryTest, ASpoolFileThatIsLostIsNoticedAndTheReportCountsWhatIsInTheC
   struct {
     void (*loss)(MemoryFileSystem&);
     const char* goesOn;
-    std::size_t rows;       ///< in the chart file
-    std::int64_t crashed;   ///< points that come back after a crash
-  } const losses[] = {
-      {[](MemoryFileSystem& files) { files.Remove(kSpool); }, "Test.cht.tcf0", 2501, 2},
-      {[](MemoryFileSystem& files) { files.Put(kSpool, "a stranger's"); }, "Test.cht.tcf1", 2501, 2},
-      {[](MemoryFileSystem& files) { files.Overwrite(kSpool, files.Bytes(kSpool).substr(0, 40)); }, "Test.cht.tcf1",
-       2499, 4}};
+    std::size_t rows;      ///< in the chart file
+    std::int64_t crashed;  ///< points that come back after a crash
+  } const losses[] = {{[](MemoryFileSystem& files) { files.Remove(kSpool); }, "Test.cht.tcf0", 2501, 2},
+                      {[](MemoryFileSystem& files) { files.Put(kSpool, "a stranger's"); }, "Test.cht.tcf1", 2501, 2},
+                      {[](MemoryFileSystem& files) { files.Overwrite(kSpool, files.Bytes(kSpool).substr(0, 40)); },
+                       "Test.cht.tcf1", 2499, 4}};
   for (const bool crash : {false, true}) {
     for (const auto& loss : losses) {
       Start(2501);
@@ -254,7 +253,8 @@ TEST_F(RecoveryTest, TheDialogOffersWhatWasInterrupted) {
   EXPECT_TRUE(fake.files.Has("C:\\p\\Third.cht.tcf0")) << "No is the answer";
   fake.dialogs.answers = {box_answer::kYes};
   form->recovery.cmdDiscard.Press();
-  EXPECT_THAT(Prompts(), ElementsAre("Delete the 1 points of C:\\p\\Third.cht?", "Delete the 1 points of C:\\p\\Third.cht?"));
+  EXPECT_THAT(Prompts(),
+              ElementsAre("Delete the 1 points of C:\\p\\Third.cht?", "Delete the 1 points of C:\\p\\Third.cht?"));
   EXPECT_FALSE(fake.files.Has("C:\\p\\Third.cht.tcf0") || offer.picInterrupted.Visible());
   EXPECT_TRUE(fake.files.Has("C:\\p\\Other.cht.tcf0"));
 }

@@ -64,8 +64,8 @@ void AcquireForm::Connect() {
 
 void AcquireForm::PlaceControls() {
   LayoutBox buttons = Row({panel.ButtonsLayout(), Space(), Cell(cmdViewChart), Cell(cmdReset), Cell(cmdOK)});
-  SetLayout(Column({recovery.Layout(), file.Layout(), drive.Layout(), timing.Layout(), trigger.Layout(), panel.WordsLayout(), Space(0, 1),
-                    panel.ProgressLayout(), std::move(buttons)}));
+  SetLayout(Column({recovery.Layout(), file.Layout(), drive.Layout(), timing.Layout(), trigger.Layout(),
+                    panel.WordsLayout(), Space(0, 1), panel.ProgressLayout(), std::move(buttons)}));
 }
 
 void AcquireForm::OnLoad() {

@@ -22,8 +22,8 @@ RecoverySection::RecoverySection(Form& form, Component& component) : Section(for
 }
 
 LayoutBox RecoverySection::Layout() {
-  return Collapsing(Group(picInterrupted, Row({Cell(lblInterrupted, 1), Cell(cmdRecover), Cell(cmdLater),
-                                               Cell(cmdDiscard)})));
+  return Collapsing(
+      Group(picInterrupted, Row({Cell(lblInterrupted, 1), Cell(cmdRecover), Cell(cmdLater), Cell(cmdDiscard)})));
 }
 
 /// Buttons that are not shown have no captions: they would take access keys from the fields.
@@ -59,14 +59,12 @@ void RecoverySection::ShowNext() {
       points_ += one.rows.points;
       toTheEnd = toTheEnd && one.rows.toTheEnd;
       if (!moment.empty()) continue;
-      moment = one.journal && one.journal->begun
-                   ? MomentText(*one.journal->begun, ports.clock.LocalNow(), ports.locale)
-                   : one.rows.firstTime;
+      moment = one.journal && one.journal->begun ? MomentText(*one.journal->begun, ports.clock.LocalNow(), ports.locale)
+                                                 : one.rows.firstTime;
     }
     if (points_ == 0 || IsBeingRecorded(ports.files, chartFile)) continue;
     const Text text = toTheEnd ? Text::kRecordingWasCut : Text::kRecordingWasCutMore;
-    lblInterrupted.SetCaption(
-        FillIn(Say(text), {moment, FormatGrouped(static_cast<double>(points_), Numbers())}));
+    lblInterrupted.SetCaption(FillIn(Say(text), {moment, FormatGrouped(static_cast<double>(points_), Numbers())}));
     lblInterrupted.SetToolTipText(chartFile);
     break;
   }
@@ -104,8 +102,8 @@ void RecoverySection::cmdLater_Click() {
 void RecoverySection::cmdDiscard_Click() {
   if (chartFiles_.empty()) return;
   const std::string& chartFile = chartFiles_.front();
-  const std::string question = FillIn(Say(Text::kDiscardQuestion),
-                                      {FormatGrouped(static_cast<double>(points_), Numbers()), chartFile});
+  const std::string question =
+      FillIn(Say(Text::kDiscardQuestion), {FormatGrouped(static_cast<double>(points_), Numbers()), chartFile});
   if (ShowMessage(component_, question, box_style::kYesNo + box_style::kQuestion, component_.helpFile) !=
       box_answer::kYes) {
     return;

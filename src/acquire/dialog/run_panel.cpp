@@ -32,7 +32,8 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
 
 // Start and Trigger, and their words, share one place: only one of each is ever visible.
 LayoutBox RunPanel::WordsLayout() {
-  return Column({Cell(lblEstimate, 1), Cell(lblHint, 1), Collapsing(Cell(lblNotice, 1)), Stack({Cell(lblStart, 1), Cell(lblTrigger, 1)})});
+  return Column({Cell(lblEstimate, 1), Cell(lblHint, 1), Collapsing(Cell(lblNotice, 1)),
+                 Stack({Cell(lblStart, 1), Cell(lblTrigger, 1)})});
 }
 
 LayoutBox RunPanel::ButtonsLayout() {

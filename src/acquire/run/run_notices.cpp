@@ -19,8 +19,8 @@ void AddNotice(std::string& notices, const std::string& notice) {
 std::string RecoveryNotice(const Environment& environment, const RecoveryResult& result) {
   if (result.chartFile.empty()) return {};
   if (result.wasWhole) return FillIn(LoadMessage(environment, Text::kRecordingWasWhole), {result.chartFile});
-  std::string notice = FillIn(LoadMessage(environment, Text::kPointsRecovered),
-                              {std::to_string(result.points), result.chartFile});
+  std::string notice =
+      FillIn(LoadMessage(environment, Text::kPointsRecovered), {std::to_string(result.points), result.chartFile});
   if (result.malformed > 0) {
     notice += " " + FillIn(LoadMessage(environment, Text::kLinesLeftOut), {std::to_string(result.malformed)});
   }
@@ -40,7 +40,8 @@ std::string RunNotice(const Environment& environment, const AcquisitionRun& run)
                               {lost->Description(environment.language), run.Spool().Name()}));
   }
   if (const auto& fault = run.JournalFault()) {
-    AddNotice(notices, FillIn(LoadMessage(environment, Text::kCrashWouldLose), {fault->Description(environment.language)}));
+    AddNotice(notices,
+              FillIn(LoadMessage(environment, Text::kCrashWouldLose), {fault->Description(environment.language)}));
   }
   return notices;
 }

@@ -31,8 +31,8 @@ class Win32SideFile : public SideFile {
 
   std::string target_;
   std::string name_;
-  std::string shownName_;  ///< for errors
-  FileIdentity own_;       ///< when it was made
+  std::string shownName_;       ///< for errors
+  FileIdentity own_;            ///< when it was made
   std::uint64_t appended_ = 0;  ///< bytes appended so far: the file's length
   ULONGLONG flushed_ = 0;       ///< moment of the last flush; 0 before the first
   bool kept_ = false;

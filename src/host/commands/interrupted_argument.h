@@ -11,9 +11,9 @@ namespace chartproject {
 
 /// What a name means that is given as a chart file.
 struct InterruptedArgument {
-  std::string chartFile;                       ///< of the recording
+  std::string chartFile;                         ///< of the recording
   std::vector<InterruptedRecording> recordings;  ///< what is left beside the chart file; empty for a plain chart file
-  bool running = false;                        ///< it is being recorded now
+  bool running = false;                          ///< it is being recorded now
   bool noChartFile = false;  ///< the name is not that of a chart file: nothing has it, or it is a journal or spool file
 
   [[nodiscard]] bool Found() const noexcept { return !recordings.empty(); }
