@@ -34,11 +34,14 @@ std::unique_ptr<InputFile> OpenIfThere(FileSystem& files, const std::string& nam
   }
 }
 
-/// Adds a file's rows; a file without any stays in the list, so that it goes with its recording.
+/// Adds a file's rows. A file that holds something else, and not one point, is somebody's own: it is left out.
 void AddRowFile(FileSystem& files, InterruptedRecording& found, RowFile file, std::uint64_t limit) {
   const auto input = OpenIfThere(files, file.name);
   if (!input) return;
+  const std::int64_t before = found.rows.points;
   AddRows(found.rows, *input, file.first, limit);
+  const bool journal = file.name == found.journalFile;
+  if (!journal && found.rows.points == before && input->Identity().size > 0) return;
   found.rowFiles.push_back(std::move(file));
 }
 

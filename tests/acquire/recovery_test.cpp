@@ -231,6 +231,11 @@ TEST_F(RecoveryTest, StrangeJournalsAreLeftAloneAndTheirValuesChecked) {
   EXPECT_EQ(journal.header.DriveAddress, "03");
   EXPECT_EQ(journal.header.ScanTime, "") << "the line was cut";
   EXPECT_EQ(found[0].rows.points, 3);
+  // A journal leads to no deletion of a file that holds something else.
+  fake.files.Put(kSpool, "the user's own");
+  EXPECT_EQ(RecoverAll().at(0).chartFile, "");
+  EXPECT_EQ(fake.files.Bytes(kSpool), "the user's own");
+  EXPECT_FALSE(fake.files.Has(kJournal));
   for (const char* name : {"a.cht.tcf0", "a.cht.tcf12", "a.cht.recording", "a.cht.recording3"})
     EXPECT_EQ(ChartFileOf(name), "a.cht") << name;
   for (const char* name : {"a.cht", "a.cht.tcf", "a.recordings", "a.cht.tcf0.txt", "a.tcf1234", "123"})
