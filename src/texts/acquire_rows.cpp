@@ -81,6 +81,7 @@ constexpr auto kRows = std::to_array<TextRow>({
      "Borrar los puntos del registro interrumpido"},
     {Text::kDiscardQuestion, "Apagar os %1 pontos de %2?", "Delete the %1 points of %2?",
      "¿Borrar los %1 puntos de %2?"},
+    {Text::kSimulatedTitle, "%1 - drives simulados", "%1 - simulated drives", "%1 - drives simulados"},
 });
 static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
 

@@ -152,6 +152,7 @@ enum class Text : std::uint16_t {
   kDiscard,
   kDiscardTip,
   kDiscardQuestion,  ///< "Delete the %1 points of %2?"
+  kSimulatedTitle,  ///< "%1 - simulated drives"  %1 the dialog's title
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -174,6 +175,7 @@ enum class Text : std::uint16_t {
   kCursorPoint,          ///< "Cursor %1: point %2, %3"
   kCursorDifference,     ///< "Difference: %1 points, %2"
   kChartTip,             ///< how to place and remove the cursors
+  kSimulatedValues,      ///< the recording's values come from simulated drives
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
@@ -198,6 +200,7 @@ enum class Text : std::uint16_t {
   kHelpTitle,
   kHelpFileMissing,
   kHelpFileUnreadable,
+  kStartRecent,  ///< caption of the start window's list of charts
 
   // Drives and driver files (drive_rows.cpp).
   kDriverLineError,      ///< %1 line, %2 file
@@ -256,6 +259,31 @@ enum class Text : std::uint16_t {
   kSideFileLost,     ///< %1 a file of the program that another program removed, replaced or cut
   kReadBackDiffers,  ///< %1 file whose rows are not those that were written
   kFileIsThere,      ///< %1 a file that is not written over
+  kReplacedByAnother,   ///< "%1 was replaced by another file."
+  kLinkNotFollowed,     ///< %1 is a symbolic link
+  kLinkOfAnotherUser,   ///< %1 is one of another user in a shared folder
+  kOfAnotherUser,       ///< "%1 belongs to another user."
+  kFileOfSeveralNames,  ///< %1 file that hard links name too
+  kKeptByStickyFolder,  ///< "%1 cannot be replaced: ...", as the next ones
+  kMarkedImmutable,
+  kFolderMarkedImmutable,
+  kMarkedReadOnly,
+  kClipboardNotEmptied,
+  kClipboardRefused,
+  kNoDefaultPrinter,
+  kPrinterNotReached,  ///< %1 printer, %2 reason
+  kDocumentNotBegun,   ///< %1 printer, %2 reason
+  kPageNotTaken,       ///< %1 printer
+  kNoDocument,
+  kTextNotPrinted,
+  kPictureNotPrinted,
+  kNoMemoryForPicture,
+  kFileDialogFailed,  ///< %1 the system's number
+  kSheetCountUnknown,
+  kCellUnreadable,
+  kApplicationBusy,
+  kDriveLinkNotMade,  ///< %1 class, %2 reason
+  kDriveLinkNoId,     ///< %1 text of the registry
 
   kCount
 };
