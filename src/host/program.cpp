@@ -64,8 +64,8 @@ struct RawOptions {
 std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
   for (const auto make : {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand,
-                          MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand, MakeExportCommand,
-                          MakeDescribeCommand, MakeStartCommand}) {
+                          MakeRecoverCommand, MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand,
+                          MakeExportCommand, MakeDescribeCommand, MakeStartCommand}) {
     commands.push_back(make());
   }
   return commands;
