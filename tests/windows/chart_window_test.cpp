@@ -79,7 +79,7 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   form.Press("cmdUpdateChart");
   EXPECT_TRUE(WaitFor([&form] { return !form.Enabled("cmdUpdateChart"); }));
 
-  PostMessageW(form.Control("mscChart1"), WM_MOUSEMOVE, 0, MAKELPARAM(300, 150));
+  form.PointAt("mscChart1");
   EXPECT_TRUE(WaitFor([&] { return form.Text("mscChart1").starts_with("Point "); }))
       << "the chart's name is its readout";
 

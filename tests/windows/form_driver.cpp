@@ -130,7 +130,7 @@ void FormDriver::Keys(const std::vector<WORD>& keys) const {
   PressKeys(window_, keys);
 }
 
-void FormDriver::Wheel(const std::string& name, int notches) const {
+void FormDriver::PointAt(const std::string& name) const {
   RECT place;
   GetWindowRect(Control(name), &place);
   const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
@@ -144,6 +144,10 @@ void FormDriver::Wheel(const std::string& name, int notches) const {
     return still > 10;
   })) << "the pointer does not stay over "
       << name;
+}
+
+void FormDriver::Wheel(const std::string& name, int notches) const {
+  PointAt(name);
   INPUT turn{};
   turn.type = INPUT_MOUSE;
   turn.mi.dwFlags = MOUSEEVENTF_WHEEL;

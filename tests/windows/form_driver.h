@@ -42,6 +42,8 @@ class FormDriver {
   [[nodiscard]] bool GetsFocus(const std::string& name) const;
   /// As PressKeys.
   void Keys(const std::vector<WORD>& keys) const;
+  /// Moves the mouse over the middle of a control, and waits until it stays there.
+  void PointAt(const std::string& name) const;
   /// Turns the mouse wheel over a control. @param notches positive away from the user
   void Wheel(const std::string& name, int notches) const;
   void Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
