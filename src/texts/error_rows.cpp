@@ -79,6 +79,11 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kFileTooLarge, "%1: o arquivo tem %2 MB; um arquivo desse tipo tem no máximo %3 MB.",
      "%1: the file has %2 MB; a file of this kind has at most %3 MB.",
      "%1: el archivo tiene %2 MB; un archivo de este tipo tiene como máximo %3 MB."},
+    {Text::kNotACompanion, "%1 já existe, não foi escrito por este programa e ficou como estava.",
+     "%1 exists already, was not written by this program and was left as it was.",
+     "%1 ya existe, no fue escrito por este programa y quedó como estaba."},
+    {Text::kCompanionLine, "%1, linha %2: não compreendida", "%1, line %2: not understood",
+     "%1, línea %2: no se entiende"},
 });
 static_assert(InOrder(kRows, Text::kDialogAlreadyOpen), "every text has its row, in the order of the enumeration");
 

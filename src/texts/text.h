@@ -137,6 +137,11 @@ enum class Text : std::uint16_t {
   kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
+  kReadingsFailed,       ///< "%1: %2 of %3 readings failed, last: %4"  %1 parameter, %4 the reason
+  kFailedBetween,        ///< "(points %1 to %2)", after kReadingsFailed
+  kPointsComeLate,       ///< while it happens: every %1 instead of %2
+  kPaceSlipped,          ///< afterwards: %1 mean, %2 asked, %3 shortest, %4 longest
+  kCompanionNotWritten,  ///< "... could not be noted: %1"
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -237,7 +242,9 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
-  kFileTooLarge,  ///< %1 file, %2 its size and %3 the largest size in MB
+  kFileTooLarge,   ///< %1 file, %2 its size and %3 the largest size in MB
+  kNotACompanion,  ///< %1 file
+  kCompanionLine,  ///< %1 file, %2 line
 
   kCount
 };
