@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::int64_t kLastPoint = 2'000'000'000;
 constexpr std::int64_t kLongestTime = std::int64_t{1} << 52U;  // milliseconds: exact as a floating-point number
-constexpr std::size_t kMostRangesRead = kMostFailedRanges * kColumnCount;
 
 constexpr std::array<std::pair<ReadFailure, std::string_view>, 7> kCodes{{
     {ReadFailure::kNoAnswer, "no-answer"},
@@ -92,12 +91,12 @@ bool CompanionReader::TakeFailed(std::string_view line) {
   if (!ReadNumber(TakeWord(line), first, kLastPoint, last)) return false;
   if (!ReadNumber(TakeWord(line), 1, last - first + 1, failed)) return false;
   const auto* const code = std::ranges::find(kCodes, TakeWord(line), &std::pair<ReadFailure, std::string_view>::second);
-  if (code == kCodes.end() || readings.Ranges().size() >= kMostRangesRead) return false;
+  if (code == kCodes.end()) return false;
   companion_.parameters[at] = static_cast<int>(parameter);
   readings.Append({static_cast<std::int32_t>(first),
                    static_cast<std::int32_t>(last),
                    static_cast<std::int32_t>(failed),
-                   {code->first, VisibleText(line)}});
+                   {code->first, std::string(line)}});
   return true;
 }
 

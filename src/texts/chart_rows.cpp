@@ -51,6 +51,9 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kChartTip, "Clique: primeiro cursor; Shift e clique: segundo cursor; Esc: remove os cursores",
      "Click: first cursor; Shift and click: second cursor; Esc: removes the cursors",
      "Clic: primer cursor; Mayús y clic: segundo cursor; Esc: quita los cursores"},
+    {Text::kValueNotRead, "%1 (não lido: %2)", "%1 (not read: %2)", "%1 (no leído: %2)"},
+    {Text::kCompanionNotRead, "As leituras que falharam não são conhecidas: %1",
+     "The failed readings are not known: %1", "Las lecturas fallidas no se conocen: %1"},
 });
 static_assert(InOrder(kRows, Text::kExportStopped), "every text has its row, in the order of the enumeration");
 

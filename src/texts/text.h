@@ -164,6 +164,8 @@ enum class Text : std::uint16_t {
   kCursorPoint,          ///< "Cursor %1: point %2, %3"
   kCursorDifference,     ///< "Difference: %1 points, %2"
   kChartTip,             ///< how to place and remove the cursors
+  kValueNotRead,         ///< "%1 (not read: %2)"  %2 the reason
+  kCompanionNotRead,     ///< %1 the reason, with the file
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
