@@ -23,8 +23,9 @@ inline constexpr std::size_t kMostTimeKnots = 2000;
 /// doubled and they are joined.
 class PointTimes {
  public:
+  PointTimes() : PointTimes(1) {}
   /// @param tolerance at first; in milliseconds, 1 or more
-  explicit PointTimes(std::int64_t tolerance = 1) : tolerance_(tolerance), within_(tolerance) {}
+  explicit PointTimes(std::int64_t tolerance) : tolerance_(tolerance), within_(tolerance) {}
   /// As they were kept before, see Knots and Within; in ascending order.
   PointTimes(std::vector<TimeKnot> knots, std::int64_t within);
 
