@@ -304,7 +304,7 @@ TEST_F(WaitingLinkTest, TheProgressAreaAndTheCompanionSayWhatFailedAndHowLateThe
   RunUntil(milliseconds(12'500));  // two readings of 300 ms: every fourth tick
   EXPECT_EQ(form->panel.lblTrouble.Caption(),
             "P005: 2 of 30 readings failed, last: no answer\n"
-            "Points come later than asked: every 593 ms instead of 200 ms");
+            "Points come later than asked: every 600 ms instead of 200 ms");
   RunToEnd();
   EXPECT_FALSE(form->panel.picProgress.Visible());
   const std::string readings = fake.files.Bytes(std::string(kChart) + ".readings");
