@@ -398,7 +398,7 @@ TEST_F(ChartWindowTest, ACompanionShadesFailedPointsAndGivesRealTimes) {
     EXPECT_THAT(form.mscChart1.Model().series[0].failed, IsEmpty());
     EXPECT_THAT(
         form.rtfInfo.Text(),
-        EndsWith("\r\nThe failed readings are not known: /data/Test.cht.readings, line 19: not understood\r\n"));
+        EndsWith("\r\nThe failed readings are not known: /data/Test.cht.readings, line 21: not understood\r\n"));
   });
 }
 
