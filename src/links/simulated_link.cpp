@@ -84,6 +84,7 @@ class SimulatedLink : public DriveLink {
   void CloseLink() override {}
   double GetValue() override { return value_; }
   std::string GetText() override { return text_; }
+  [[nodiscard]] bool Simulated() const noexcept override { return true; }
 
  private:
   static int Decimals(std::int16_t value) { return std::clamp<int>(value, 0, kMostDecimals); }

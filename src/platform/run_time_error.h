@@ -76,6 +76,7 @@ class RunTimeError : public std::runtime_error {
  private:
   static std::vector<std::string> InAllLanguages(Text text, std::initializer_list<std::string> values) {
     std::vector<std::string> descriptions;
+    descriptions.reserve(std::size(kLanguages));
     for (const LanguageRow& row : kLanguages) descriptions.push_back(FillIn(TextIn(row.language, text), values));
     return descriptions;
   }
@@ -90,6 +91,13 @@ class NotARegularFile : public RunTimeError {
  public:
   explicit NotARegularFile(const std::string& name)
       : RunTimeError(error_number::kPathFileAccess, Text::kNotARegularFile, {name}) {}
+};
+
+/// A side file that was removed, replaced or cut by somebody else. What was appended before may be gone.
+class SideFileLost : public RunTimeError {
+ public:
+  explicit SideFileLost(const std::string& name)
+      : RunTimeError(error_number::kPathFileAccess, Text::kSideFileLost, {name}) {}
 };
 
 /// An exception as a run-time error: itself when it is one, else 440 with its text.

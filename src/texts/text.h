@@ -137,6 +137,22 @@ enum class Text : std::uint16_t {
   kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
+  kCrashWouldLose,       ///< "A crash of the program would lose the points: %1"  %1 the reason
+  kSpoolGoesOn,          ///< "%1 The points go on in %2."  %1 what became of the file before
+  kPointsMissing,        ///< "%1 point(s) were taken, %2 of them are in %3."
+  kRecordingWasCut,      ///< "A recording of %1 was interrupted after %2 points."
+  kRecordingWasCutMore,  ///< the same of a recording with more than %2 points
+  kPointsRecovered,      ///< "%1 point(s) of the interrupted recording are in %2."
+  kRecordingWasWhole,    ///< "%1 holds all points; what was left beside it was removed."
+  kLinesLeftOut,         ///< "%1 line(s) are not points."
+  kRecover,              ///< buttons beside kRecordingWasCut
+  kRecoverTip,
+  kRecoverLater,
+  kRecoverLaterTip,
+  kDiscard,
+  kDiscardTip,
+  kDiscardQuestion,      ///< "Delete the %1 points of %2?"
+  kSimulatedTitle,       ///< "%1 - simulated drives"  %1 the dialog's title
   kReadingsFailed,       ///< "%1: %2 of %3 readings failed, last: %4"  %1 parameter, %4 the reason
   kFailedBetween,        ///< "(points %1 to %2)", after kReadingsFailed
   kPointsComeLate,       ///< while it happens: every %1 instead of %2
@@ -164,6 +180,7 @@ enum class Text : std::uint16_t {
   kCursorPoint,          ///< "Cursor %1: point %2, %3"
   kCursorDifference,     ///< "Difference: %1 points, %2"
   kChartTip,             ///< how to place and remove the cursors
+  kSimulatedValues,      ///< the recording's values come from simulated drives
   kValueNotRead,         ///< "%1 (not read: %2)"  %2 the reason
   kCompanionNotRead,     ///< %1 the reason, with the file
 
@@ -190,6 +207,7 @@ enum class Text : std::uint16_t {
   kHelpTitle,
   kHelpFileMissing,
   kHelpFileUnreadable,
+  kStartRecent,  ///< caption of the start window's list of charts
 
   // Drives and driver files (drive_rows.cpp).
   kDriverLineError,      ///< %1 line, %2 file
@@ -244,9 +262,37 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
-  kFileTooLarge,   ///< %1 file, %2 its size and %3 the largest size in MB
-  kNotACompanion,  ///< %1 file
-  kCompanionLine,  ///< %1 file, %2 line
+  kFileTooLarge,        ///< %1 file, %2 its size and %3 the largest size in MB
+  kSideFileLost,        ///< %1 a file of the program that another program removed, replaced or cut
+  kReadBackDiffers,     ///< %1 file whose rows are not those that were written
+  kFileIsThere,         ///< %1 a file that is not written over
+  kReplacedByAnother,   ///< "%1 was replaced by another file."
+  kLinkNotFollowed,     ///< %1 is a symbolic link
+  kLinkOfAnotherUser,   ///< %1 is one of another user in a shared folder
+  kOfAnotherUser,       ///< "%1 belongs to another user."
+  kFileOfSeveralNames,  ///< %1 file that hard links name too
+  kKeptByStickyFolder,  ///< "%1 cannot be replaced: ...", as the next ones
+  kMarkedImmutable,
+  kFolderMarkedImmutable,
+  kMarkedReadOnly,
+  kClipboardNotEmptied,
+  kClipboardRefused,
+  kNoDefaultPrinter,
+  kPrinterNotReached,  ///< %1 printer, %2 reason
+  kDocumentNotBegun,   ///< %1 printer, %2 reason
+  kPageNotTaken,       ///< %1 printer
+  kNoDocument,
+  kTextNotPrinted,
+  kPictureNotPrinted,
+  kNoMemoryForPicture,
+  kFileDialogFailed,  ///< %1 the system's number
+  kSheetCountUnknown,
+  kCellUnreadable,
+  kApplicationBusy,
+  kDriveLinkNotMade,  ///< %1 class, %2 reason
+  kDriveLinkNoId,     ///< %1 text of the registry
+  kNotACompanion,     ///< %1 file
+  kCompanionLine,     ///< %1 file, %2 line
 
   kCount
 };

@@ -36,6 +36,7 @@ constexpr auto kRows = std::to_array<TextRow>({
      "No se encontró el archivo de ayuda %1."},
     {Text::kHelpFileUnreadable, "O arquivo de ajuda %1 não pode ser mostrado aqui.",
      "The help file %1 cannot be shown here.", "El archivo de ayuda %1 no se puede mostrar aquí."},
+    {Text::kStartRecent, "Gráficos recentes", "Recent charts", "Gráficos recientes"},
 });
 static_assert(InOrder(kRows, Text::kStartDrives), "every text has its row, in the order of the enumeration");
 

@@ -154,7 +154,9 @@ BOOL CALLBACK Inspect(HWND control, LPARAM unfit) {
   ReleaseDC(control, dc);
   const bool decorated = std::wstring_view(type) == L"Button" || std::wstring_view(type) == L"ComboBox";
   OffsetRect(&needed, place.left + (decorated ? 16 : 0), place.top);
-  const bool scrolls = std::wstring_view(type) == L"Edit" || std::wstring_view(type).starts_with(L"Rich");
+  const bool elided =
+      std::wstring_view(type) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_ELLIPSISMASK) != 0;
+  const bool scrolls = elided || std::wstring_view(type) == L"Edit" || std::wstring_view(type).starts_with(L"Rich");
   for (const auto& [inner, outer] : {std::pair(scrolls ? place : needed, place), std::pair(place, window)}) {
     RECT both;
     UnionRect(&both, &inner, &outer);
@@ -192,8 +194,10 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
       form.Capture(picture + language.second + ".png");
       RECT place;
       GetWindowRect(form.Window(), &place);
-      SendMessageW(form.Window(), WM_DPICHANGED, MAKELONG(120, 120), reinterpret_cast<LPARAM>(&place));
-      inspect("cmdStart");
+      for (const int dots : {96, 144, 192, 120}) {
+        SendMessageW(form.Window(), WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
+        inspect("cmdStart");
+      }
       form.Choose("cboTriggerMode", 0);
       form.Choose("cboTimeBetweenPointsUnit", 2);
       form.Choose("cboEvent", 2);  // the longest

@@ -3,6 +3,7 @@
 
 #include "acquire/dialog/drive_section.h"
 #include "acquire/dialog/file_section.h"
+#include "acquire/dialog/recovery_section.h"
 #include "acquire/dialog/run_panel.h"
 #include "acquire/dialog/timing_section.h"
 #include "acquire/dialog/trigger_section.h"
@@ -30,6 +31,7 @@ class AcquireForm : public Form {
   CommandButton cmdViewChart{*this, "cmdViewChart"};
   CommandButton cmdReset{*this, "cmdReset"};
   CommandButton cmdOK{*this, "cmdOK"};
+  RecoverySection recovery{*this, component_};
 
   RunController controller;
 
@@ -55,6 +57,9 @@ class AcquireForm : public Form {
   void ResetForm(NamedBy by = NamedBy::kChoice);
   void FileNameChanged(NamedBy by);
   void ShowHeaderInForm();
+  [[nodiscard]] bool Simulated() const;
+  /// Remembers whether the recording that has ended came from simulated drives.
+  void NoteSource();
   void UpdateViewChartButton();
   [[nodiscard]] std::optional<std::string> Missing() const;
   void UpdateStartButtons();

@@ -10,6 +10,11 @@
 
 namespace chartproject {
 
+AcquisitionRun::AcquisitionRun(Component& component)
+    : component_(component),
+      journal_(component.ports.files, component.ports.codePage),
+      spool_(component.ports.files, journal_) {}
+
 std::string AcquisitionRun::Reserve(const std::string& fileName) {
   FileSystem& files = component_.ports.files;
   fileLock_.reset();  // drop the lock of a reservation that was never started
@@ -18,6 +23,7 @@ std::string AcquisitionRun::Reserve(const std::string& fileName) {
   LockAttempt attempt = files.Lock(targetFile_);
   if (!attempt.lock) return attempt.heldBy;
   ChartFileWriter(files, component_.ports.codePage).CheckTarget(targetFile_);
+  leftovers_ = RecoverLeftovers(component_.ports, targetFile_);
   fileLock_ = std::move(attempt.lock);
   return {};
 }
@@ -32,11 +38,12 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   failed_ = {};
   pace_ = {};
   companionFailure_.clear();
+  journal_.Begin(targetFile_, header_, plan_.millisecondsBetweenPoints);
   state_ = RunState::kArmed;
 }
 
 void AcquisitionRun::BeginSampling() {
-  spool_.reset();
+  spool_.End();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 0, PointRow{});
   point_ = PointRow{};
   pace_ = Pace(plan_.millisecondsBetweenPoints, component_.ports.clock.Now());
@@ -100,6 +107,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
   if (number == 1) {
     header_.StartDate = locale.DateText(now);
     header_.StartTime = point_.time;
+    journal_.NoteFirstPoint(header_, now, RowsInMemory());
   }
   if (number == plan_.numberOfPoints) {
     header_.EndDate = locale.DateText(now);
@@ -107,6 +115,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
   }
   if (RowsInMemory()) {
     std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
+    journal_.KeepRows(std::span(rows_).first(static_cast<std::size_t>(number)));
   } else {
     KeepInSpool();
   }
@@ -122,10 +131,9 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
 
 void AcquisitionRun::KeepInSpool() {
   FileSystem& files = component_.ports.files;
-  if (!spool_) spool_ = MakeSpoolFile(files, targetFile_);
   rowLine_.clear();
   AppendRowLine(rowLine_, point_);
-  freeSpace_ = spool_->AppendAndMeasure(component_.ports.codePage.Encode(rowLine_)).totalFree;
+  freeSpace_ = spool_.Append(targetFile_, component_.ports.codePage.Encode(rowLine_)).totalFree;
   // The spool file is on the disk of its chart file, but the dialog may show another file meanwhile.
   if (component_.strChartFileName != plan_.fileName) {
     freeSpace_ = files.SpaceFor(component_.strChartFileName).totalFree;
@@ -161,18 +169,29 @@ void AcquisitionRun::SaveReadings() {
   }
 }
 
+ChartWriteResult AcquisitionRun::WriteChartFile(const std::function<void()>& keepAlive) {
+  const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
+  const std::string& rescueFolder = component_.settings.strFolder;
+  if (!RowsInMemory()) {
+    return writer.WriteSpool(targetFile_, header_, {spool_.Files(), counter_}, rescueFolder, keepAlive);
+  }
+  return writer.WriteRows(targetFile_, header_, rows_, rescueFolder,
+                          [this] { return journal_.FileWithRows(counter_); });
+}
+
 ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   ChartWriteResult result;
   if (state_ != RunState::kFinished) return result;
   if (counter_ > 0) {
-    const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
     component_.chartHeader = header_;
-    const std::string& rescueFolder = component_.settings.strFolder;
-    result = RowsInMemory() ? writer.WriteRows(targetFile_, header_, rows_, rescueFolder)
-                            : writer.WriteSpool(targetFile_, header_, *spool_, rescueFolder, keepAlive);
+    result = WriteChartFile(keepAlive);
     if (result.kind != ChartWriteResult::Kind::kFailed) SaveReadings();
   }
-  spool_.reset();
+  // The spool file goes first: while the journal is there, what is left is known as one recording.
+  spool_.End();
+  const bool memoryKeptElsewhere = RowsInMemory() && result.keptFile != journal_.FileWithRows(counter_);
+  const bool complete = result.kind == ChartWriteResult::Kind::kWritten || counter_ == 0;
+  journal_.End(!complete && !memoryKeptElsewhere);
   rows_ = {};
   fileLock_.reset();
   state_ = RunState::kIdle;

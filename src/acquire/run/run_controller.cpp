@@ -2,7 +2,9 @@
 #include "acquire/run/run_controller.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "acquire/run/run_notices.h"
 #include "acquire/run/run_texts.h"
 #include "acquire/run/trouble_text.h"
 #include "common/environment/language.h"
@@ -57,11 +59,13 @@ void RunController::Watch(const RunPlan& plan, const WatchedEvent& event) {
   display_.ShowArmed();
   display_.ShowLamp(true);
   ShowWatch({});
+  ShowNotice();
   tmrEventTrigger.SetInterval(SamplingInterval());
   tmrEventTrigger.SetEnabled(true);
 }
 
 void RunController::Arm(const RunPlan& plan) {
+  shownNotice_.clear();
   run_.Arm(plan);
   (void)component_.ports.keyboard.EscapePressed();  // an Esc from before the run is not meant for it
   tmrMonitorEsc.SetEnabled(true);
@@ -82,6 +86,7 @@ void RunController::BeginSampling() {
   lastPointAt_ = samplingBegan_;
   shownSeconds_ = -1;
   ShowRunTimes();
+  ShowNotice();
   tmrAcquire.SetEnabled(true);
 }
 
@@ -125,6 +130,7 @@ void RunController::tmrAcquire_Tick() {
     lastPointAt_ = component_.ports.clock.Now();
     display_.ShowProgress(run_.Counter(), run_.Plan().numberOfPoints);
     display_.ShowTrouble(TroubleText(component_, run_, lastPointAt_));
+    ShowNotice();
     if (pointTaken) pointTaken(run_);
   }
   ShowRunTimes();
@@ -151,6 +157,14 @@ void RunController::ShowRunTimes() {
       FillIn(LoadMessage(component_, Text::kElapsedAndEnd),
              {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
   display_.ShowTrouble(TroubleText(component_, run_, now));
+}
+
+void RunController::ShowNotice() {
+  std::string notice = RunNotice(component_, run_);
+  if (notice == shownNotice_) return;
+  shownNotice_ = std::move(notice);
+  display_.ShowNotice(shownNotice_);
+  if (noticed && !shownNotice_.empty()) noticed(shownNotice_);
 }
 
 void RunController::tmrEventTrigger_Tick() {
@@ -276,6 +290,7 @@ void RunController::ReportWriting(const ChartWriteResult& result) {
     const std::string lost = FillIn(LoadMessage(component_, Text::kPointsLost), {std::to_string(lastRun_.points)});
     Warn(result.reason + (kept.empty() ? ". " + lost : kept));
   }
+  if (const std::string missing = MissingPointsNotice(component_, lastRun_); !missing.empty()) Warn(missing);
   if (!lastRun_.companionFailure.empty()) {
     Warn(FillIn(LoadMessage(component_, Text::kCompanionNotWritten), {lastRun_.companionFailure}));
   }

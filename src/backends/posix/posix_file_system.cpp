@@ -6,6 +6,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -51,7 +52,7 @@ void PosixFileSystem::Append(const std::string& name, std::string_view bytes) {
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, name);
   if (status.st_nlink > 1) {
-    throw RunTimeError(error_number::kPathFileAccess, name + ": a file of several names, which is not written to");
+    throw RunTimeError(error_number::kPathFileAccess, Text::kFileOfSeveralNames, {name});
   }
   AppendWhole(file, bytes, name);
   if (file.Close() != 0) throw DeviceError(errno, name);
@@ -77,15 +78,28 @@ void PosixFileSystem::CheckOwned(const std::string& name) {
   struct stat status {};
   if (lstat(PosixPath(name).c_str(), &status) != 0) return;
   if (S_ISLNK(status.st_mode)) {
-    throw RunTimeError(error_number::kPermissionDenied, name + ": a symbolic link, which is not followed here");
+    throw RunTimeError(error_number::kPermissionDenied, Text::kLinkNotFollowed, {name});
   }
   if (status.st_uid != geteuid()) {
-    throw RunTimeError(error_number::kPermissionDenied, name + ": belongs to another user");
+    throw RunTimeError(error_number::kPermissionDenied, Text::kOfAnotherUser, {name});
   }
 }
 
 void PosixFileSystem::Delete(const std::string& name) {
   if (unlink(PosixPath(name).c_str()) != 0) throw FileError(errno, name);
+}
+
+std::vector<std::string> PosixFileSystem::FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  const std::string path = folder.empty() ? "." : PosixPath(folder);
+  for (std::filesystem::directory_iterator at(path, error), end; !error && at != end; at.increment(error)) {
+    std::error_code unknown;  // of an entry that goes at this moment
+    if (!at->is_directory(unknown)) names.push_back(at->path().filename().string());
+  }
+  if (error) throw FolderError(error.value(), folder);
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 void PosixFileSystem::MakeFolder(const std::string& name) {

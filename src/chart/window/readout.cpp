@@ -104,9 +104,8 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
   const std::string time = TimeBetween(first.number, second.number, header, times, format);
   lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference), {std::to_string(points), time})});
   for (std::size_t s = 0; s < first.values.size() && s < second.values.size() && s < names.size(); ++s) {
-    lines.push_back({names[s] + ": " + CursorValueText(first, s, format) + " \xE2\x86\x92 " +
-                         CursorValueText(second, s, format) + " (" +
-                         DifferenceText(first.values[s], second.values[s], format) + ")",
+    lines.push_back({names[s] + ": " + CursorValueText(first, s, format) + " -> " + CursorValueText(second, s, format) +
+                         " (" + DifferenceText(first.values[s], second.values[s], format) + ")",
                      static_cast<int>(s)});
   }
   return lines;

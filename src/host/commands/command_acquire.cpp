@@ -11,6 +11,7 @@
 #include "host/commands/progress.h"
 #include "host/commands/run_report.h"
 #include "host/session/session.h"
+#include "host/window/recent_charts.h"
 #include "recording/trigger_events.h"
 
 namespace chartproject {
@@ -51,6 +52,10 @@ class HeadlessRecording {
     if (form == nullptr) return;
     form->controller.pointTaken = [this](const AcquisitionRun& run) {
       progress_.Show(run.Counter(), run.Plan().numberOfPoints);
+    };
+    form->controller.noticed = [this](const std::string& notice) {
+      progress_.EndLine();
+      session_.Err() << notice << "\n" << std::flush;
     };
     form->runEnded = [this](const RunReport& report) {
       report_ = report;
@@ -111,6 +116,7 @@ class HeadlessRecording {
     } else {
       PrintRunSentences(session_.Out(), report_, session_.ThePorts().locale.Numbers());
     }
+    if (inFile && written.rows < report_.points) return ExitCode::kRunTimeError;
     if (report_.end == RunEnd::kComplete) {
       if (inFile) return ExitCode::kDone;
       return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
@@ -142,14 +148,15 @@ class AcquireCommand : public Command {
         ->delimiter(',')
         ->expected(1, kMostGiven)
         ->type_name("P[,P...]");
-    app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)");
-    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)");
+    app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)")
+        ->type_name("ADDRESS");
+    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)")->type_name("N");
     app->add_option("--every", every_, "time between points: 200ms to 65535ms, 1s to 65s, or hh:mm:ss (default: 1s)")
         ->type_name("TIME");
     app->add_option("--trigger", request_.trigger, "record when an event occurs, one of: " + EventCodes())
         ->type_name("CODE");
-    app->add_option("--compare", request_.compare, "parameter that a PXXX event compares");
-    app->add_option("--content", request_.content, "value that a PXXX event compares with");
+    app->add_option("--compare", request_.compare, "parameter that a PXXX event compares")->type_name("PARAMETER");
+    app->add_option("--content", request_.content, "value that a PXXX event compares with")->type_name("VALUE");
     app->add_flag("--json", request_.json, "the report at the end as one JSON object");
     return app;
   }
@@ -165,6 +172,7 @@ class AcquireCommand : public Command {
       }
       if (request_.json) throw RefusedError("acquire: --json goes with --file and --parameters");
       session.UseDesktop(DesktopMode::kScreen);
+      RememberAllCharts(session.Instance().State());
       session.Instance().AcquireVar();
       return ExitCode::kDone;
     }

@@ -9,6 +9,7 @@
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
+#include "host/commands/interrupted_argument.h"
 #include "host/commands/progress.h"
 #include "host/session/session.h"
 #include "host/session/visible_output.h"
@@ -34,10 +35,11 @@ class ExportCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("export", "Write the points of a chart file into a workbook");
-    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("FILE", file_, "chart file")->type_name("")->required();
     app->add_option("--output", output_,
                     "workbook to write; its ending chooses the format: .xls, .xlsx (the modern workbook) or .csv (text "
-                    "with the locale's list and decimal separators) [default: FILE.xls]");
+                    "with the locale's list and decimal separators) [default: FILE.xls]")
+        ->type_name("WORKBOOK");
     return app;
   }
 
@@ -45,6 +47,7 @@ class ExportCommand : public Command {
     Component& component = session.Instance().State();
     component.strChartFileName = FullName(file_);
     const std::string output = output_.empty() ? component.strChartFileName + ".xls" : FullName(output_);
+    RefuseInterrupted(component.ports, component.strChartFileName);
     RefuseOutputOnto(component.strChartFileName, output);
     if (!output_.empty()) RequireEnding();
     component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));

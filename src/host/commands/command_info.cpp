@@ -9,6 +9,7 @@
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
 #include "host/commands/companion_json.h"
+#include "host/commands/interrupted_argument.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
 #include "recording/companion_texts.h"
@@ -56,15 +57,20 @@ class InfoCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("info", "Show the header of a chart file and count its rows");
-    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("FILE", file_, "chart file")->type_name("")->required();
     app->add_flag("--json", json_, "as one JSON object");
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    const InterruptedArgument interrupted = LookForInterrupted(session.ThePorts(), FullName(file_));
+    if (interrupted.Found() && interrupted.noChartFile) {
+      PrintInterrupted(interrupted, session.Out());
+      return ExitCode::kDone;
+    }
     const ChartInfo info = ReadInfo(session.ThePorts(), FullName(file_));
     if (json_) {
-      PrintJson(info, session.Out());
+      PrintJson(info, interrupted, session.Out());
     } else {
       for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
       session.Out() << "Rows: " << info.rows << "\n";
@@ -74,12 +80,35 @@ class InfoCommand : public Command {
         session.Out() << line << "\n";
       if (!info.fault.empty())
         session.Out() << "The failed readings are not known: " << VisibleText(info.fault) << "\n";
+      if (interrupted.Found()) session.Out() << "Beside it: " << interrupted.Sentence() << "\n";
     }
     return ExitCode::kDone;
   }
 
  private:
-  void PrintJson(const ChartInfo& info, std::ostream& out) const {
+  static nlohmann::ordered_json InterruptedJson(const InterruptedArgument& interrupted) {
+    nlohmann::ordered_json part;
+    part["file"] = interrupted.chartFile;
+    part["points"] = interrupted.Points();
+    part["running"] = interrupted.running;
+    part["firstTime"] = interrupted.recordings.front().rows.firstTime;
+    part["lastTime"] = interrupted.recordings.back().rows.lastTime;
+    part["command"] = interrupted.Command();
+    return part;
+  }
+
+  void PrintInterrupted(const InterruptedArgument& interrupted, std::ostream& out) const {
+    if (!json_) {
+      out << interrupted.Sentence() << "\n";
+      return;
+    }
+    nlohmann::ordered_json document;
+    document["file"] = file_;
+    document["interrupted"] = InterruptedJson(interrupted);
+    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  }
+
+  void PrintJson(const ChartInfo& info, const InterruptedArgument& interrupted, std::ostream& out) const {
     nlohmann::ordered_json header;
     for (const HeaderKey& line : kHeaderKeys) header[Label(line)] = info.header.*line.field;
     nlohmann::ordered_json document;
@@ -89,6 +118,7 @@ class InfoCommand : public Command {
     document["malformedLines"] = info.malformed;
     AddCompanion(document, info.companion);
     if (!info.fault.empty()) document["failedReadingsUnknown"] = info.fault;
+    if (interrupted.Found()) document["interrupted"] = InterruptedJson(interrupted);
     // Names that are not valid UTF-8 must not stop the output.
     out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
   }

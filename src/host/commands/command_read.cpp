@@ -18,8 +18,8 @@ class ReadCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("read", "Read parameters of a drive once");
-    app->add_option("ADDRESS", address_, "drive address, 1 to 30")->required();
-    app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999: 5 or P005")->required();
+    app->add_option("ADDRESS", address_, "drive address, 1 to 30")->type_name("")->required();
+    app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999: 5 or P005")->type_name("")->required();
     return app;
   }
 

@@ -32,7 +32,7 @@ std::string_view EndCode(RunEnd end) {
 }  // namespace
 
 void PrintRunSentences(std::ostream& out, const RunReport& report, const NumberFormat& numbers) {
-  if (PointsInFile(report)) out << report.points << " points in " << VisibleText(report.fileName) << "\n";
+  if (PointsInFile(report)) out << report.written.rows << " points in " << VisibleText(report.fileName) << "\n";
   for (const std::string& line : CompanionLines(Language::kEnglish, numbers, report.readings)) out << line << "\n";
 }
 
@@ -42,6 +42,7 @@ void PrintRunJson(std::ostream& out, const RunReport& report) {
   document["points"] = report.points;
   document["end"] = EndCode(report.end);
   document["inFile"] = PointsInFile(report);
+  document["rows"] = PointsInFile(report) ? static_cast<std::int64_t>(report.written.rows) : 0;
   document["keptFile"] = report.written.keptFile;
   document["reason"] = report.written.reason;
   AddCompanion(document, report.readings);
