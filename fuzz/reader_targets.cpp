@@ -1,4 +1,6 @@
 // Files of the project folder: any content is read or refused with a run-time error.
+#include <cmath>
+
 #include "backends/posix/posix_settings_store.h"
 #include "bytes_file.h"
 #include "common/environment/settings_io.h"
@@ -8,6 +10,7 @@
 #include "drive/driver_file.h"
 #include "drive/unit_codes.h"
 #include "links/scenario_script.h"
+#include "recording/companion_texts.h"
 #include "recording/field_value.h"
 #include "recording/recovery.h"
 #include "support/error_of.h"
@@ -90,6 +93,32 @@ void Scenario(std::string_view bytes) {
       Require(script.DelayAt(1, moment) >= 0 && script.LatenessBetween(1, -1, moment) >= 0);
       const std::string* const text = script.TextAt(1, 5, moment);
       Require(text == nullptr || bytes.find(*text) != std::string_view::npos);
+    }
+  });
+}
+
+void CompanionFile(std::string_view bytes) {
+  FakePorts fakes;
+  const std::string chart = "/a.cht";
+  fakes.files.Put(CompanionName(chart), std::string(bytes));
+  ChartHeader header;  // of the dates and times that the corpus has
+  header.StartDate = header.EndDate = "31/01/2026";
+  header.StartTime = "08:00:01";
+  header.EndTime = "08:00:10";
+  (void)ErrorOf([&] {
+    const auto companion = LoadCompanion(fakes.files, chart, header);
+    if (!companion) return;
+    for (const double point : {-1e9, 1.0, 1.5, 2e9}) Require(std::isfinite(companion->times.ElapsedAt(point)));
+    (void)CompanionLines(Language::kEnglish, fakes.locale.Numbers(), *companion);
+    if (!companion->IsNeeded()) return;
+    // What was read is written and read again without a change.
+    fakes.files.Delete(CompanionName(chart));
+    SaveCompanion(fakes.files, fakes.codePage, chart, header, *companion);
+    const auto again = LoadCompanion(fakes.files, chart, header);
+    Require(again && again->points == companion->points);
+    for (std::size_t column = 0; column < again->failed.size(); ++column) {
+      Require(again->failed[column].Count() == companion->failed[column].Count());
+      Require(again->failed[column].LastReason() == companion->failed[column].LastReason());
     }
   });
 }

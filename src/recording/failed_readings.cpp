@@ -2,6 +2,7 @@
 #include "recording/failed_readings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/values/text.h"
 
@@ -24,17 +25,18 @@ std::string ShownDetail(std::string_view detail) {
 }  // namespace
 
 void FailedColumn::Note(std::int32_t point, const ReadOutcome& reason) {
-  Append({point, point, 1, {reason.failure, ShownDetail(reason.detail)}});
+  Append({point, point, 1, reason});
 }
 
-void FailedColumn::Append(const FailedRange& range) {
+void FailedColumn::Append(FailedRange range) {
   count_ += range.failed;
+  range.reason.detail = ShownDetail(range.reason.detail);
   if (!ranges_.empty() && ranges_.back().last + 1 == range.first && ranges_.back().reason == range.reason) {
     ranges_.back().last = range.last;
     ranges_.back().failed += range.failed;
     return;
   }
-  ranges_.push_back(range);
+  ranges_.push_back(std::move(range));
   if (ranges_.size() > kMostFailedRanges) JoinNeighbours();
 }
 

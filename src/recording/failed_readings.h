@@ -31,7 +31,7 @@ class FailedColumn {
   /// @param point later than the point before
   void Note(std::int32_t point, const ReadOutcome& reason);
   /// As Note, of a range that comes after those so far.
-  void Append(const FailedRange& range);
+  void Append(FailedRange range);
 
   [[nodiscard]] std::int64_t Count() const noexcept { return count_; }
   [[nodiscard]] std::int32_t FirstPoint() const noexcept { return ranges_.empty() ? 0 : ranges_.front().first; }

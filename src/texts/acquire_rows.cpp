@@ -82,6 +82,18 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kDiscardQuestion, "Apagar os %1 pontos de %2?", "Delete the %1 points of %2?",
      "¿Borrar los %1 puntos de %2?"},
     {Text::kSimulatedTitle, "%1 - drives simulados", "%1 - simulated drives", "%1 - drives simulados"},
+    {Text::kReadingsFailed, "%1: %2 de %3 leituras falharam, a última: %4", "%1: %2 of %3 readings failed, last: %4",
+     "%1: %2 de %3 lecturas fallaron, la última: %4"},
+    {Text::kFailedBetween, "(pontos %1 a %2)", "(points %1 to %2)", "(puntos %1 a %2)"},
+    {Text::kPointsComeLate, "Os pontos chegam mais tarde que o pedido: a cada %1 em vez de %2",
+     "Points come later than asked: every %1 instead of %2",
+     "Los puntos llegan más tarde que lo pedido: cada %1 en lugar de %2"},
+    {Text::kPaceSlipped, "Tempo real entre pontos: %1 em vez de %2 (de %3 a %4)",
+     "Real time between points: %1 instead of %2 (from %3 to %4)",
+     "Tiempo real entre puntos: %1 en lugar de %2 (de %3 a %4)"},
+    {Text::kCompanionNotWritten, "As leituras que falharam e os tempos reais não puderam ser anotados: %1",
+     "The failed readings and the real times could not be noted: %1",
+     "Las lecturas fallidas y los tiempos reales no se pudieron anotar: %1"},
 });
 static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
 

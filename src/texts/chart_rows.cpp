@@ -53,6 +53,9 @@ constexpr auto kRows = std::to_array<TextRow>({
      "Clic: primer cursor; Mayús y clic: segundo cursor; Esc: quita los cursores"},
     {Text::kSimulatedValues, "Os valores são de drives simulados.", "The values come from simulated drives.",
      "Los valores son de drives simulados."},
+    {Text::kValueNotRead, "%1 (não lido: %2)", "%1 (not read: %2)", "%1 (no leído: %2)"},
+    {Text::kCompanionNotRead, "As leituras que falharam não são conhecidas: %1",
+     "The failed readings are not known: %1", "Las lecturas fallidas no se conocen: %1"},
 });
 static_assert(InOrder(kRows, Text::kExportStopped), "every text has its row, in the order of the enumeration");
 

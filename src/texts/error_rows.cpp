@@ -145,6 +145,11 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kDriveLinkNoId, "O registro indica um link de drives que não é um id de classe: %1",
      "The registry names a drive link that is not a class id: %1",
      "El registro indica un enlace de drives que no es un id de clase: %1"},
+    {Text::kNotACompanion, "%1 já existe, não foi escrito por este programa e ficou como estava.",
+     "%1 exists already, was not written by this program and was left as it was.",
+     "%1 ya existe, no fue escrito por este programa y quedó como estaba."},
+    {Text::kCompanionLine, "%1, linha %2: não compreendida", "%1, line %2: not understood",
+     "%1, línea %2: no se entiende"},
 });
 static_assert(InOrder(kRows, Text::kDialogAlreadyOpen), "every text has its row, in the order of the enumeration");
 

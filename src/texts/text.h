@@ -151,8 +151,13 @@ enum class Text : std::uint16_t {
   kRecoverLaterTip,
   kDiscard,
   kDiscardTip,
-  kDiscardQuestion,  ///< "Delete the %1 points of %2?"
-  kSimulatedTitle,  ///< "%1 - simulated drives"  %1 the dialog's title
+  kDiscardQuestion,      ///< "Delete the %1 points of %2?"
+  kSimulatedTitle,       ///< "%1 - simulated drives"  %1 the dialog's title
+  kReadingsFailed,       ///< "%1: %2 of %3 readings failed, last: %4"  %1 parameter, %4 the reason
+  kFailedBetween,        ///< "(points %1 to %2)", after kReadingsFailed
+  kPointsComeLate,       ///< while it happens: every %1 instead of %2
+  kPaceSlipped,          ///< afterwards: %1 mean, %2 asked, %3 shortest, %4 longest
+  kCompanionNotWritten,  ///< "... could not be noted: %1"
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -176,6 +181,8 @@ enum class Text : std::uint16_t {
   kCursorDifference,     ///< "Difference: %1 points, %2"
   kChartTip,             ///< how to place and remove the cursors
   kSimulatedValues,      ///< the recording's values come from simulated drives
+  kValueNotRead,         ///< "%1 (not read: %2)"  %2 the reason
+  kCompanionNotRead,     ///< %1 the reason, with the file
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
@@ -255,10 +262,10 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
-  kFileTooLarge,     ///< %1 file, %2 its size and %3 the largest size in MB
-  kSideFileLost,     ///< %1 a file of the program that another program removed, replaced or cut
-  kReadBackDiffers,  ///< %1 file whose rows are not those that were written
-  kFileIsThere,      ///< %1 a file that is not written over
+  kFileTooLarge,        ///< %1 file, %2 its size and %3 the largest size in MB
+  kSideFileLost,        ///< %1 a file of the program that another program removed, replaced or cut
+  kReadBackDiffers,     ///< %1 file whose rows are not those that were written
+  kFileIsThere,         ///< %1 a file that is not written over
   kReplacedByAnother,   ///< "%1 was replaced by another file."
   kLinkNotFollowed,     ///< %1 is a symbolic link
   kLinkOfAnotherUser,   ///< %1 is one of another user in a shared folder
@@ -284,6 +291,8 @@ enum class Text : std::uint16_t {
   kApplicationBusy,
   kDriveLinkNotMade,  ///< %1 class, %2 reason
   kDriveLinkNoId,     ///< %1 text of the registry
+  kNotACompanion,     ///< %1 file
+  kCompanionLine,     ///< %1 file, %2 line
 
   kCount
 };

@@ -297,6 +297,34 @@ TEST_F(WaitingLinkTest, EscAndTheCloseBoxEndARecordingAndAWatchWhileTheLinkWaits
   }
 }
 
+TEST_F(WaitingLinkTest, TheProgressAreaAndTheCompanionSayWhatFailedAndHowLateThePointsCame) {
+  Record("at 0 01 P003 1\nat 500 01 P005 2\nat 3000 01 slow 300\n", 30);
+  RunUntil(milliseconds(200));
+  EXPECT_EQ(form->panel.lblTrouble.Caption(), "P005: 1 of 1 readings failed, last: no answer");
+  EXPECT_TRUE(form->panel.lblTrouble.Visible());
+  RunUntil(milliseconds(12'500));  // two readings of 300 ms: every fourth tick
+  EXPECT_EQ(form->panel.lblTrouble.Caption(),
+            "P005: 2 of 30 readings failed, last: no answer\n"
+            "Points come later than asked: every 600 ms instead of 200 ms");
+  RunToEnd();
+  EXPECT_FALSE(form->panel.picProgress.Visible());
+  const std::string readings = fake.files.Bytes(std::string(kChart) + ".readings");
+  EXPECT_THAT(readings, HasSubstr("\r\n2 P005 1 2 2 no-answer\r\n"));
+  EXPECT_THAT(readings, HasSubstr("Asked=200\r\nShortest=200\r\nMean=407\r\nLongest=600\r\nLatest=6000\r\n"));
+  EXPECT_THAT(readings, HasSubstr("\r\n1 0\r\n15 2800\r\n30 11800\r\n"));
+  EXPECT_EQ(form->LastRun().readings.pace.longest, 600);
+  Record("at 0 01 P003 1\nat 0 01 P005 2\n", 3);
+  RunToEnd();
+  EXPECT_FALSE(form->panel.lblTrouble.Visible());
+  EXPECT_FALSE(fake.files.Has(std::string(kChart) + ".readings")) << "the next recording of the name has no failures";
+  fake.files.Put(std::string(kChart) + ".readings", "notes");
+  Record("at 0 01 P003 1\n", 3);
+  RunToEnd();
+  EXPECT_THAT(Prompts(),
+              ElementsAre("The failed readings and the real times could not be noted: C:\\p\\Test.cht.readings"
+                          " exists already, was not written by this program and was left as it was."));
+}
+
 TEST_F(WaitingLinkTest, CountsFailedReadingsByColumnWithTheirReasons) {
   Record("at 0 01 P003 1\nat 800 01 P005 2\nat 1500 01 fails 3\nat 1700 01 answers\n", 12);
   RunToEnd();

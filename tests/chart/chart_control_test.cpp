@@ -169,5 +169,22 @@ TEST(ReadoutTest, WritesPointsAndTheDifferenceOfTwo) {
                           "2|P003: 5 -> 2 (-3)"));
 }
 
+TEST(ReadoutTest, NamesReadingsThatFailedAndCountsRealTimes) {
+  FakePorts fakes;
+  Environment environment{fakes.ports, fakes.forms};
+  environment.language = Language::kEnglish;
+  ChartHeader header;
+  header.ScanTime = "1";
+  header.Unit = "s";
+  const PointReading first{12, "10:15:02", {0, 7}, {"no answer", ""}};
+  const PointReading second{40, "10:15:30", {3, 1}, {"", ""}};
+  const PointTimes times({{1, 0}, {20, 38'000}, {100, 118'000}}, 5);
+  EXPECT_THAT(Texts(PointReadout(environment, first, {"P001", "P002"})),
+              ElementsAre("-1|Point 12, 10:15:02", "0|P001: 0 (not read: no answer)", "1|P002: 7"));
+  EXPECT_THAT(Texts(CursorReadout(environment, header, {first, second}, {"P001", "P002"}, &times)),
+              ElementsAre("-1|Cursor 1: point 12, 10:15:02", "-1|Cursor 2: point 40, 10:15:30",
+                          "-1|Difference: 28 points, 00:00:36", "0|P001: 0! -> 3 (+3)", "1|P002: 7 -> 1 (-6)"));
+}
+
 }  // namespace
 }  // namespace chartproject

@@ -210,6 +210,29 @@ TEST(ChartScene, GridPensOfAnAxisShowAndHideItsLines) {
   EXPECT_EQ(count(1, 1, 1), 25 + levels);
 }
 
+TEST_P(EveryType, FailedRowsAreShadedOverTheWallBeforeTheSeriesAndNothingElseChanges) {
+  ChartModel model = ModelOf(GetParam(), {Wave(100, 5, 0), Wave(100, 5, 1)});
+  const ChartScene whole = Build(model);
+  model.series[0].failed = {{10, 19}, {50, 50}};
+  model.series[1].failed = {{15, 24}};
+  const ChartScene chart = Build(model);
+  const Plot& plot = chart.plot;
+  std::vector<Rect> bands;
+  std::vector<Rect> strips;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    if (shape.kind != SceneShape::Kind::kRectangle) continue;
+    if (shape.box.height == plot.front.height && shape.fill.alpha < 255) bands.push_back(shape.box);
+    if (shape.box.height == 4) strips.push_back(shape.box);
+  }
+  const double shift = plot.depthX;
+  ASSERT_EQ(bands.size(), 2U) << "ranges that overlap are one band";
+  EXPECT_EQ(bands[0].x, std::floor(plot.Edge(10)) + shift);
+  EXPECT_EQ(bands[0].Right(), std::ceil(plot.Edge(25)) + shift);
+  EXPECT_EQ(bands[1].x, std::floor(plot.Edge(50)) + shift);
+  EXPECT_EQ(strips.size(), 3U);
+  EXPECT_EQ(chart.scene.Shapes().size(), whole.scene.Shapes().size() + bands.size() + strips.size());
+}
+
 TEST(ChartScene, FindsTheRowUnderAPoint) {
   const ChartScene chart = Build(ModelOf(3, {Wave(25, 1, 0)}));
   const Rect& front = chart.plot.front;

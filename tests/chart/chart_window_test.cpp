@@ -378,6 +378,42 @@ TEST_F(ChartWindowTest, TheWindowMayMoveOnOrCloseDuringALongJump) {
   });
 }
 
+TEST_F(ChartWindowTest, ACompanionShadesFailedPointsAndGivesRealTimes) {
+  Put("100", 100);
+  const std::string companion =
+      "[CHART READINGS]\r\nStart Date=\r\nStart Time=\r\nEnd Date=\r\nEnd Time=\r\nPoints=100\r\n[FAILED]\r\n"
+      "1 P003 3 4 2 no-answer\r\n1 P003 24 90 67 checksum\r\n2 P005 200 200 1 no-answer\r\n[PACE]\r\nAsked=1000\r\n"
+      "Shortest=1000\r\nMean=2000\r\nLongest=3000\r\nLatest=99000\r\n[TIMES]\r\nWithin=5\r\n1 0\r\n100 198000\r\n";
+  fakes.files.Put(std::string(kFile) + ".readings", companion);
+  Show([&](ChartForm& form) {
+    const auto rows = [&form](std::size_t series) {
+      std::vector<std::pair<int, int>> found;
+      for (const RowRange& range : form.mscChart1.Model().series[series].failed)
+        found.emplace_back(range.first, range.last);
+      return found;
+    };
+    EXPECT_THAT(rows(0), ElementsAre(std::pair(2, 3), std::pair(23, 24)));
+    EXPECT_THAT(rows(1), IsEmpty());
+    EXPECT_THAT(form.rtfInfo.Text(),
+                EndsWith("End Time : \r\n\r\nP003: 69 of 100 readings failed, last: bad checksum (points 3 to 90)\r\n"
+                         "P005: 1 of 200 readings failed, last: no answer (points 200 to 200)\r\n"
+                         "Real time between points: 2.00 s instead of 1.00 s (from 1.00 s to 3.00 s)\r\n"));
+    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 3);
+    form.scroll.hsbGraph.SetValue(60);
+    EXPECT_THAT(rows(0), ElementsAre(std::pair(0, 24)));
+    form.mscChart1.SetCursor(MeasuringCursor::kSecond, 70);
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 67 points, 00:02:14");
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 3! -> 70! (+67)");
+  });
+  fakes.files.Put(std::string(kFile) + ".readings", companion + "100 x\r\n");
+  Show([&](ChartForm& form) {
+    EXPECT_THAT(form.mscChart1.Model().series[0].failed, IsEmpty());
+    EXPECT_THAT(
+        form.rtfInfo.Text(),
+        EndsWith("\r\nThe failed readings are not known: /data/Test.cht.readings, line 21: not understood\r\n"));
+  });
+}
+
 TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
   Put("100", 100);
   Show([&](ChartForm& form) {

@@ -1,6 +1,8 @@
 // Start, Trigger and their hints; the lamp of the watch; the area that shows a recording's progress.
 #include "acquire/dialog/run_panel.h"
 
+#include <algorithm>
+
 #include "forms/form_host.h"
 
 namespace chartproject {
@@ -24,6 +26,8 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
   lblNotice.SetVisible(false);
   imgTrigger1.SetVisible(false);
   picProgress.SetVisible(false);
+  lblTrouble.SetVisible(false);
+  lblTrouble.SetWordWrap(true);
   // Enter presses the one that is visible.
   cmdStart.SetDefault(true);
   cmdTrigger.SetDefault(true);
@@ -41,9 +45,10 @@ LayoutBox RunPanel::ButtonsLayout() {
 }
 
 LayoutBox RunPanel::ProgressLayout() {
-  return Collapsing(
-      Group(picProgress, Column({Row({Cell(lblAcquiring), Cell(lblProgress, 1)}), Cell(prgProgress, 1),
-                                 Row({Cell(lblRunTimes, 1), Cell(lblTimeBetweenPointsPB), Cell(lblElapsedTime)})})));
+  return Collapsing(Group(
+      picProgress,
+      Column({Row({Cell(lblAcquiring), Cell(lblProgress, 1)}), Cell(prgProgress, 1),
+              Row({Cell(lblRunTimes, 1), Cell(lblTimeBetweenPointsPB), Cell(lblElapsedTime)}), Cell(lblTrouble, 1)})));
 }
 
 void RunPanel::HideStartButtons(bool visible) {
@@ -81,6 +86,7 @@ bool RunPanel::LampLit() const {
 void RunPanel::ShowSampling() {
   dialog_.lockSetupFields(false);
   lblHint.SetCaption("");
+  ShowTrouble({});
   ShowProgressArea(true);
   prgProgress.SetRange(0, kProgressSteps);
   prgProgress.SetValue(0);
@@ -98,6 +104,16 @@ void RunPanel::ShowStopwatch(const std::string& elapsed) {
 
 void RunPanel::ShowRunTimes(const std::string& text) {
   lblRunTimes.SetCaption(text);
+}
+
+/// The line takes room only while there is something to say.
+void RunPanel::ShowTrouble(const std::string& text) {
+  const bool otherLines = std::ranges::count(text, '\n') != std::ranges::count(lblTrouble.Caption(), '\n');
+  const bool appears = lblTrouble.Visible() == text.empty();
+  lblTrouble.SetCaption(text);
+  if (!appears && !otherLines) return;
+  lblTrouble.SetVisible(!text.empty());
+  form_.LayoutChanged();
 }
 
 void RunPanel::ShowNotice(const std::string& text) {

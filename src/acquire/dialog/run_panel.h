@@ -37,6 +37,7 @@ class RunPanel : public Section, public RunDisplay {
   Label lblRunTimes{form_, "lblRunTimes"};
   Label lblTimeBetweenPointsPB{form_, "lblTimeBetweenPointsPB"};
   Label lblElapsedTime{form_, "lblElapsedTime"};
+  Label lblTrouble{form_, "lblTrouble"};  ///< readings that fail, points that come late
 
   [[nodiscard]] LayoutBox WordsLayout();
   /// The start buttons and the lamp; the dialog's other buttons share their line.
@@ -58,6 +59,7 @@ class RunPanel : public Section, public RunDisplay {
   void ShowProgress(std::int64_t counter, std::int64_t total) override;
   void ShowStopwatch(const std::string& elapsed) override;
   void ShowRunTimes(const std::string& text) override;
+  void ShowTrouble(const std::string& text) override;
   void ShowNotice(const std::string& text) override;
   void ShowSaving() override;
   void KeepAwake() override;

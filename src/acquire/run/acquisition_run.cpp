@@ -1,6 +1,7 @@
 // The recording: points are read, kept in memory or spooled, and written to the chart file at the end.
 #include "acquire/run/acquisition_run.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "common/values/numbers.h"
@@ -35,6 +36,8 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   end_ = RunEnd::kNone;
   failureReason_.clear();
   failed_ = {};
+  pace_ = {};
+  companionFailure_.clear();
   journal_.Begin(targetFile_, header_, plan_.millisecondsBetweenPoints);
   state_ = RunState::kArmed;
 }
@@ -43,6 +46,7 @@ void AcquisitionRun::BeginSampling() {
   spool_.End();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 0, PointRow{});
   point_ = PointRow{};
+  pace_ = Pace(plan_.millisecondsBetweenPoints, component_.ports.clock.Now());
   for (std::string* text : {&header_.StartDate, &header_.StartTime, &header_.EndDate, &header_.EndTime}) text->clear();
   state_ = RunState::kSampling;
 }
@@ -50,9 +54,10 @@ void AcquisitionRun::BeginSampling() {
 void AcquisitionRun::TakePoint() {
   if (state_ != RunState::kSampling || reading_) return;
   const DateTime now = component_.ports.clock.LocalNow();
+  const Instant at = component_.ports.clock.Now();
   const std::uint32_t run = serial_;
   try {
-    if (ReadPoint(now)) KeepPoint(now);
+    if (ReadPoint(now)) KeepPoint(now, at);
   } catch (const RunTimeError& error) {
     if (serial_ != run) return;  // this read belongs to a run that was stopped meanwhile; the next run reads again
     // The link itself or the spool file failed: this point is lost, those before it are not.
@@ -96,7 +101,7 @@ void AcquisitionRun::NoteFailures() {
   }
 }
 
-void AcquisitionRun::KeepPoint(const DateTime& now) {
+void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
   const std::int32_t number = counter_ + 1;
   Locale& locale = component_.ports.locale;
   if (number == 1) {
@@ -116,6 +121,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
   }
   counter_ = number;
   NoteFailures();
+  pace_.Note(number, at);
   if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
     Stop(RunEnd::kDiskSpace);
   } else if (number == plan_.numberOfPoints) {
@@ -149,6 +155,20 @@ void AcquisitionRun::FinishAs(RunEnd reason) {
   state_ = RunState::kFinished;
 }
 
+Companion AcquisitionRun::Readings() const {
+  Companion companion{.points = counter_, .failed = failed_, .pace = pace_.Summary(), .times = pace_.Times()};
+  std::ranges::copy(plan_.columns, companion.parameters.begin());
+  return companion;
+}
+
+void AcquisitionRun::SaveReadings() {
+  try {
+    SaveCompanion(component_.ports.files, component_.ports.codePage, targetFile_, header_, Readings());
+  } catch (const RunTimeError& error) {
+    companionFailure_ = error.Description(component_.language);
+  }
+}
+
 ChartWriteResult AcquisitionRun::WriteChartFile(const std::function<void()>& keepAlive) {
   const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
   const std::string& rescueFolder = component_.settings.strFolder;
@@ -165,6 +185,7 @@ ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   if (counter_ > 0) {
     component_.chartHeader = header_;
     result = WriteChartFile(keepAlive);
+    if (result.kind != ChartWriteResult::Kind::kFailed) SaveReadings();
   }
   // The spool file goes first: while the journal is there, what is left is known as one recording.
   spool_.End();

@@ -11,8 +11,8 @@
 #include "drive/parameter_read.h"
 #include "recording/chart_file.h"
 #include "recording/chart_file_writer.h"
+#include "recording/companion.h"
 #include "recording/component.h"
-#include "recording/failed_readings.h"
 #include "recording/journal.h"
 #include "recording/recovery.h"
 #include "recording/run_spool.h"
@@ -98,12 +98,18 @@ class AcquisitionRun {
 
   /// Readings of the points taken that failed; also one with which the link object failed, which ended the run.
   [[nodiscard]] const FailedReadings& Failed() const noexcept { return failed_; }
+  [[nodiscard]] const Pace& Timing() const noexcept { return pace_; }
+  /// What the chart file cannot say of the points taken.
+  [[nodiscard]] Companion Readings() const;
+  /// Why the companion could not be saved when the run was closed; empty when there was no failure.
+  [[nodiscard]] const std::string& CompanionFailure() const noexcept { return companionFailure_; }
 
  private:
   [[nodiscard]] bool ReadPoint(const DateTime& now);
   [[nodiscard]] ColumnReading ReadInto(std::size_t column);
   void NoteFailures();
-  void KeepPoint(const DateTime& now);
+  void KeepPoint(const DateTime& now, Instant at);
+  void SaveReadings();
   void KeepInSpool();
   [[nodiscard]] ChartWriteResult WriteChartFile(const std::function<void()>& keepAlive);
   void FinishAs(RunEnd reason);
@@ -124,6 +130,8 @@ class AcquisitionRun {
   PointRow point_;                                  ///< the point being taken
   std::array<ReadOutcome, kColumnCount> outcomes_;  ///< of its readings
   FailedReadings failed_;
+  Pace pace_;
+  std::string companionFailure_;
   std::vector<PointRow> rows_;   ///< by point number minus 1; empty in spool mode
   std::string rowLine_;          ///< the row being spooled; kept for its capacity
   std::uint64_t freeSpace_ = 0;  ///< bytes, when it was last asked

@@ -6,6 +6,7 @@
 
 #include "acquire/run/run_notices.h"
 #include "acquire/run/run_texts.h"
+#include "acquire/run/trouble_text.h"
 #include "common/environment/language.h"
 #include "common/message_box.h"
 #include "common/sounds.h"
@@ -128,6 +129,7 @@ void RunController::tmrAcquire_Tick() {
     if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
     lastPointAt_ = component_.ports.clock.Now();
     display_.ShowProgress(run_.Counter(), run_.Plan().numberOfPoints);
+    display_.ShowTrouble(TroubleText(component_, run_, lastPointAt_));
     ShowNotice();
     if (pointTaken) pointTaken(run_);
   }
@@ -154,6 +156,7 @@ void RunController::ShowRunTimes() {
   display_.ShowRunTimes(
       FillIn(LoadMessage(component_, Text::kElapsedAndEnd),
              {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
+  display_.ShowTrouble(TroubleText(component_, run_, now));
 }
 
 void RunController::ShowNotice() {
@@ -265,7 +268,9 @@ void RunController::Finish() {
   StopTimers();
   display_.ShowLamp(false);
   display_.ShowSaving();
-  lastRun_ = {run_.End(), run_.Counter(), run_.Plan().fileName, run_.Close([this] { display_.KeepAwake(); })};
+  lastRun_ = {run_.End(),           run_.Counter(),
+              run_.Plan().fileName, run_.Close([this] { display_.KeepAwake(); }),
+              run_.Readings(),      run_.CompanionFailure()};
   display_.ShowIdle();
   PlayWave(component_, kCompleteSound);
   ReportWriting(lastRun_.written);
@@ -286,6 +291,9 @@ void RunController::ReportWriting(const ChartWriteResult& result) {
     Warn(result.reason + (kept.empty() ? ". " + lost : kept));
   }
   if (const std::string missing = MissingPointsNotice(component_, lastRun_); !missing.empty()) Warn(missing);
+  if (!lastRun_.companionFailure.empty()) {
+    Warn(FillIn(LoadMessage(component_, Text::kCompanionNotWritten), {lastRun_.companionFailure}));
+  }
 }
 
 }  // namespace chartproject

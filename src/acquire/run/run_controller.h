@@ -17,6 +17,8 @@ struct RunReport {
   std::int32_t points = 0;  ///< points taken
   std::string fileName;     ///< the chart file
   ChartWriteResult written;
+  Companion readings;            ///< readings that failed, the real pace
+  std::string companionFailure;  ///< see AcquisitionRun::CompanionFailure
 };
 
 /// What shows a recording to the user.
@@ -36,6 +38,8 @@ class RunDisplay {
   virtual void ShowProgress(std::int64_t counter, std::int64_t total) = 0;
   virtual void ShowStopwatch(const std::string& elapsed) = 0;
   virtual void ShowRunTimes(const std::string& text) = 0;
+  /// Readings that fail and points that come late, one a line; empty when there are none.
+  virtual void ShowTrouble(const std::string& text) = 0;
   /// What else the user should know while the recording runs, one a line; empty for nothing.
   virtual void ShowNotice(const std::string& text) = 0;
   /// The chart file is being written; the fields stay locked.

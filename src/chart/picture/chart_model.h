@@ -36,12 +36,19 @@ inline constexpr std::array<Color, 4> kSeriesColors = {FromBgr(kSeriesColorNumbe
                                                        FromBgr(kSeriesColorNumbers[2]),
                                                        FromBgr(kSeriesColorNumbers[3])};
 
+/// Rows of the chart, counted from 0.
+struct RowRange {
+  int first = 0;
+  int last = 0;
+};
+
 struct ChartSeries {
   std::string label;           ///< its name in the legend
   std::vector<double> values;  ///< one a row; NaN (or an infinity) is a gap
   Color color;
-  bool showLine = true;     ///< lines between the points; the outline of bars and areas
-  bool showMarker = false;  ///< a mark at each point, of the series' own shape
+  bool showLine = true;            ///< lines between the points; the outline of bars and areas
+  bool showMarker = false;         ///< a mark at each point, of the series' own shape
+  std::vector<RowRange> failed{};  ///< rows whose readings failed; ascending
 };
 
 /// Divisions of the category axis: ticks and labels are at the rows 0, n, 2n, ..., each with its own n.

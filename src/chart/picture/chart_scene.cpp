@@ -6,6 +6,7 @@
 
 #include "chart/picture/chart_frame.h"
 #include "chart/picture/chart_layout.h"
+#include "chart/picture/failed_rows.h"
 #include "chart/picture/flat_series.h"
 #include "chart/picture/series_path.h"
 #include "chart/picture/solid_series.h"
@@ -25,6 +26,7 @@ ChartScene BuildChartScene(const ChartModel& model, Size size, const Canvas& can
   constexpr double kDenseColumn = 3;
   if (Is3d(model.kind) && IsDense(chart.plot, kDenseColumn)) chart.plot.depthRows = RowsByHeight(model);
   DrawChartBackground(model, layout, size, chart.scene);
+  DrawFailedRows(model, chart.plot, chart.scene);
   Is3d(model.kind) ? DrawSolidSeries(model, chart.plot, chart.scene) : DrawFlatSeries(model, chart.plot, chart.scene);
   DrawChartAxes(model, layout, size, canvas, chart.scene);
   return chart;

@@ -15,6 +15,7 @@ struct ChartLook {
   bool grid = false;
   bool lines = true;
   bool markers = false;
+  bool failures = true;                                       ///< readings that failed are shaded
   std::array<std::int16_t, kColumnCount> scales{1, 1, 1, 1};  ///< multipliers of the series, 1 to 32767
 };
 

@@ -2,6 +2,7 @@
 #include "chart/view/chart_view.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 #include "chart/view/info_text.h"
@@ -10,6 +11,7 @@
 #include "common/error_log.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
+#include "recording/companion_texts.h"
 
 namespace chartproject {
 namespace {
@@ -31,6 +33,17 @@ void ChartView::Open(const std::string& fileName) {
   fault_ = {};
   pointsPerDivision_ = shownPointsPerDivision_ = 1;
   ScrollTo(source_.FirstLine());
+  LoadReadings();
+}
+
+/// A companion that cannot be used is a notice: the chart is worth showing without it.
+void ChartView::LoadReadings() {
+  companion_.reset();
+  try {
+    companion_ = LoadCompanion(ports_.files, FileName(), header_);
+  } catch (const RunTimeError& error) {
+    notices_.push_back({Text::kCompanionNotRead, error.Description()});
+  }
 }
 
 std::int16_t ChartView::DriveAddress() const {
@@ -139,7 +152,33 @@ bool ChartView::ReturnIntoFile() {
 }
 
 ChartModel ChartView::Model(const ChartLook& look) const {
-  return BuildChart(slice_, {seriesCount_, shownPointsPerDivision_, FirstLine()}, look);
+  ChartModel model = BuildChart(slice_, {seriesCount_, shownPointsPerDivision_, FirstLine()}, look);
+  for (std::size_t s = 0; look.failures && s < model.series.size(); ++s) model.series[s].failed = FailedRows(s);
+  return model;
+}
+
+std::vector<RowRange> ChartView::FailedRows(std::size_t series) const {
+  std::vector<RowRange> rows;
+  if (!companion_ || slice_.RowCount() == 0) return rows;
+  const std::int64_t first = std::int64_t{1} + slice_.startLine - FirstLine();
+  const std::int64_t last = first + slice_.RowCount() - 1;
+  for (const FailedRange& range : companion_->failed.at(series).Ranges()) {
+    const std::int64_t from = std::max<std::int64_t>(range.first, first);
+    const std::int64_t to = std::min<std::int64_t>(range.last, last);
+    if (from <= to) rows.push_back({static_cast<int>(from - first), static_cast<int>(to - first)});
+  }
+  return rows;
+}
+
+std::optional<ReadOutcome> ChartView::Failure(int series, std::int64_t point) const {
+  if (!companion_ || point > companion_->points) return std::nullopt;
+  const FailedRange* const range =
+      companion_->failed.at(static_cast<std::size_t>(series)).Find(static_cast<std::int32_t>(point));
+  return range == nullptr ? std::nullopt : std::optional(range->reason);
+}
+
+const PointTimes* ChartView::RealTimes() const noexcept {
+  return companion_ && companion_->times.Known() ? &companion_->times : nullptr;
 }
 
 ViewedSeries ChartView::Series(int series) const {
@@ -166,6 +205,10 @@ std::string ChartView::Info(const Environment& environment) const {
   }
   // Of a slice that was never shown, the reason is.
   if (fault_.number > 0 && slice_.RowCount() == 0) lines.push_back(FaultText(environment));
+  if (companion_) {
+    std::ranges::copy(CompanionLines(environment.language, ports_.locale.Numbers(), *companion_),
+                      std::back_inserter(lines));
+  }
   return InfoText(environment, FileName(), header_, lines);
 }
 

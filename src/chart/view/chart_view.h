@@ -12,6 +12,7 @@
 #include "chart/view/chart_building.h"
 #include "chart/view/scroll_range.h"
 #include "common/environment/language.h"
+#include "recording/companion.h"
 
 namespace chartproject {
 
@@ -86,6 +87,11 @@ class ChartView {
   [[nodiscard]] ChartModel Model(const ChartLook& look) const;
   /// @param series counted from 0, less than kColumnCount; one above P has no texts
   [[nodiscard]] ViewedSeries Series(int series) const;
+  /// Why the reading of a point failed; nothing when it did not, as far as is known.
+  /// @param series counted from 0; @param point its number in the file, from 1
+  [[nodiscard]] std::optional<ReadOutcome> Failure(int series, std::int64_t point) const;
+  /// The real times of the points; null when they are those of the header.
+  [[nodiscard]] const PointTimes* RealTimes() const noexcept;
   /// The header in the user's words, with notices of where header and points disagree.
   [[nodiscard]] std::string Info(const Environment& environment) const;
   /// What is wrong with the line of Fault(), in the user's words.
@@ -104,6 +110,8 @@ class ChartView {
   /// Lines from the first point to the last one.
   [[nodiscard]] std::int32_t LinesOf(const PointCount& count) const;
   void Take(Slice slice);
+  void LoadReadings();
+  [[nodiscard]] std::vector<RowRange> FailedRows(std::size_t series) const;
 
   const Ports& ports_;
   ChartHeader& header_;
@@ -112,6 +120,7 @@ class ChartView {
   Slice slice_;
   MalformedLine fault_;
   std::vector<Notice> notices_;  ///< about the file as a whole
+  std::optional<Companion> companion_;
   std::int32_t points_ = 0;
   int seriesCount_ = 0;
   std::int32_t start_ = 0;

@@ -26,7 +26,9 @@ void ChartControl::SetNumberFormat(const NumberFormat& format) {
 Bitmap ChartControl::CopyPicture(PictureRenderer& renderer, double scale) {
   const Size placed{Place().width, Place().height};
   const bool hasPlace = placed.width >= 1 && placed.height >= 1;
-  return DrawPicture(model_, format_, hasPlace ? placed : PreferredSize(), scale, renderer);
+  ChartModel page = model_;
+  for (ChartSeries& series : page.series) series.failed.clear();
+  return DrawPicture(page, format_, hasPlace ? placed : PreferredSize(), scale, renderer);
 }
 
 void ChartControl::Paint(Canvas& canvas) {

@@ -43,6 +43,22 @@ std::string DifferenceText(double from, double to, const NumberFormat& format) {
   return (difference > 0 ? "+" : "") + DoubleText(difference + 0.0, format);
 }
 
+std::string TimeBetween(std::int64_t first, std::int64_t second, const ChartHeader& header, const PointTimes* times,
+                        const NumberFormat& format) {
+  if (times != nullptr) {
+    const double from = times->ElapsedAt(static_cast<double>(first));
+    return TimeText((times->ElapsedAt(static_cast<double>(second)) - from) / 1000, format);
+  }
+  const auto scan = ScanSeconds(header, format);
+  return scan ? TimeText(*scan * static_cast<double>(second - first), format) : kNoReading;
+}
+
+/// The value at a cursor; one that was not read is marked, as there is no room for its reason.
+std::string CursorValueText(const PointReading& point, std::size_t series, const NumberFormat& format) {
+  const bool failed = series < point.failures.size() && !point.failures[series].empty();
+  return ValueText(point.values[series], format) + (failed ? "!" : "");
+}
+
 }  // namespace
 
 PointReading ReadPoint(const Slice& slice, int row, std::int32_t firstLine, int series) {
@@ -61,14 +77,18 @@ std::vector<ReadoutLine> PointReadout(const Environment& environment, const Poin
   lines.push_back({FillIn(LoadMessage(environment, Text::kReadoutPoint),
                           {std::to_string(point.number), environment.ports.codePage.Decode(point.time)})});
   for (std::size_t s = 0; s < point.values.size() && s < names.size(); ++s) {
-    lines.push_back({names[s] + ": " + ValueText(point.values[s], format), static_cast<int>(s)});
+    const std::string value = ValueText(point.values[s], format);
+    const bool failed = s < point.failures.size() && !point.failures[s].empty();
+    const std::string shown =
+        failed ? FillIn(LoadMessage(environment, Text::kValueNotRead), {value, point.failures[s]}) : value;
+    lines.push_back({names[s] + ": " + shown, static_cast<int>(s)});
   }
   return lines;
 }
 
 std::vector<ReadoutLine> CursorReadout(const Environment& environment, const ChartHeader& header,
                                        const std::array<std::optional<PointReading>, 2>& cursors,
-                                       const std::vector<std::string>& names) {
+                                       const std::vector<std::string>& names, const PointTimes* times) {
   const NumberFormat& format = environment.ports.locale.Numbers();
   std::vector<ReadoutLine> lines;
   for (std::size_t which = 0; which < cursors.size(); ++which) {
@@ -81,13 +101,11 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
   const PointReading& first = *cursors[0];
   const PointReading& second = *cursors[1];
   const std::int64_t points = second.number - first.number;
-  const auto scan = ScanSeconds(header, format);
-  const std::string time = scan ? TimeText(*scan * static_cast<double>(points), format) : kNoReading;
+  const std::string time = TimeBetween(first.number, second.number, header, times, format);
   lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference), {std::to_string(points), time})});
   for (std::size_t s = 0; s < first.values.size() && s < second.values.size() && s < names.size(); ++s) {
-    lines.push_back({names[s] + ": " + ValueText(first.values[s], format) + " -> " +
-                         ValueText(second.values[s], format) + " (" +
-                         DifferenceText(first.values[s], second.values[s], format) + ")",
+    lines.push_back({names[s] + ": " + CursorValueText(first, s, format) + " -> " + CursorValueText(second, s, format) +
+                         " (" + DifferenceText(first.values[s], second.values[s], format) + ")",
                      static_cast<int>(s)});
   }
   return lines;

@@ -11,6 +11,7 @@
 #include "chart/window/chart_overlay.h"
 #include "common/environment/environment.h"
 #include "recording/chart_header.h"
+#include "recording/point_times.h"
 
 namespace chartproject {
 
@@ -19,6 +20,7 @@ struct PointReading {
   std::int64_t number = 0;  ///< counted from 1 in the file
   std::string time;         ///< as the file has it
   std::vector<double> values;
+  std::vector<std::string> failures{};  ///< by series: why its reading failed; empty where it did not
 };
 
 /// The point of a row of the slice, counted from 0. @param firstLine line of the file's first point
@@ -28,11 +30,12 @@ struct PointReading {
 [[nodiscard]] std::vector<ReadoutLine> PointReadout(const Environment& environment, const PointReading& point,
                                                     const std::vector<std::string>& names);
 
-/// The cursors that are set; when both are, also the difference (second minus first) in points, in time (points times
-/// scan time) and in the value of each series.
+/// The cursors that are set; when both are, also the difference (second minus first) in points, in time (the real
+/// one where `times` is known, else points times scan time) and in the value of each series.
 [[nodiscard]] std::vector<ReadoutLine> CursorReadout(const Environment& environment, const ChartHeader& header,
                                                      const std::array<std::optional<PointReading>, 2>& cursors,
-                                                     const std::vector<std::string>& names);
+                                                     const std::vector<std::string>& names,
+                                                     const PointTimes* times = nullptr);
 
 /// Seconds between two points from the header's scan time; nothing when it cannot be read.
 [[nodiscard]] std::optional<double> ScanSeconds(const ChartHeader& header, const NumberFormat& format);

@@ -20,7 +20,12 @@ std::vector<std::string> ReadoutSection::Names() const {
 }
 
 PointReading ReadoutSection::Point(int row) const {
-  return ReadPoint(view_.Shown(), row, view_.FirstLine(), view_.SeriesCount());
+  PointReading point = ReadPoint(view_.Shown(), row, view_.FirstLine(), view_.SeriesCount());
+  for (int s = 0; s < view_.SeriesCount(); ++s) {
+    const auto failure = view_.Failure(s, point.number);
+    point.failures.push_back(failure ? FailureText(env_.language, *failure) : std::string());
+  }
+  return point;
 }
 
 void ReadoutSection::PointerRowChanged() {
@@ -39,7 +44,7 @@ void ReadoutSection::CursorsChanged() {
     const auto row = chart_.CursorRow(which);
     if (row && *row < view_.Shown().RowCount()) cursor = Point(*row);
   }
-  chart_.SetCursorReadout(CursorReadout(env_, header_, cursors_, Names()));
+  chart_.SetCursorReadout(CursorReadout(env_, header_, cursors_, Names(), view_.RealTimes()));
 }
 
 void ReadoutSection::ForgetCursors() {

@@ -22,6 +22,7 @@ struct AcquireRequest {
   std::string trigger;  ///< event code; empty for a manual start
   std::string compare;  ///< parameter of the comparison events, which need it
   std::string content;  ///< comparison value
+  bool json = false;    ///< how the end is reported
 };
 
 /// A step of the dialog ended in a run-time error, which a message box has shown already.

@@ -4,12 +4,12 @@
 
 #include "backends/posix/keyboard_signals.h"
 #include "common/environment/language.h"
-#include "common/values/text.h"
 #include "drive/drive_models.h"
 #include "drive/driver_file.h"
 #include "host/commands/acquire_request.h"
 #include "host/commands/command.h"
 #include "host/commands/progress.h"
+#include "host/commands/run_report.h"
 #include "host/session/session.h"
 #include "host/window/recent_charts.h"
 #include "recording/trigger_events.h"
@@ -111,7 +111,11 @@ class HeadlessRecording {
   [[nodiscard]] ExitCode Outcome() {
     const ChartWriteResult& written = report_.written;
     const bool inFile = written.kind == ChartWriteResult::Kind::kWritten;
-    if (inFile) session_.Out() << written.rows << " points in " << VisibleText(report_.fileName) << "\n";
+    if (request_.json) {
+      PrintRunJson(session_.Out(), report_);
+    } else {
+      PrintRunSentences(session_.Out(), report_, session_.ThePorts().locale.Numbers());
+    }
     if (inFile && written.rows < report_.points) return ExitCode::kRunTimeError;
     if (report_.end == RunEnd::kComplete) {
       if (inFile) return ExitCode::kDone;
@@ -153,6 +157,7 @@ class AcquireCommand : public Command {
         ->type_name("CODE");
     app->add_option("--compare", request_.compare, "parameter that a PXXX event compares")->type_name("PARAMETER");
     app->add_option("--content", request_.content, "value that a PXXX event compares with")->type_name("VALUE");
+    app->add_flag("--json", request_.json, "the report at the end as one JSON object");
     return app;
   }
 
@@ -165,6 +170,7 @@ class AcquireCommand : public Command {
            {&request_.address, &request_.points, &every_, &request_.trigger, &request_.compare, &request_.content}) {
         if (!option->empty()) throw RefusedError("acquire: in the dialog all is chosen there; leave the options out");
       }
+      if (request_.json) throw RefusedError("acquire: --json goes with --file and --parameters");
       session.UseDesktop(DesktopMode::kScreen);
       RememberAllCharts(session.Instance().State());
       session.Instance().AcquireVar();

@@ -4,11 +4,15 @@
 #include <ostream>
 #include <string>
 
+#include "common/values/text.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
+#include "host/commands/companion_json.h"
 #include "host/commands/interrupted_argument.h"
 #include "host/session/session.h"
+#include "platform/run_time_error.h"
+#include "recording/companion_texts.h"
 #include "recording/point_reader.h"
 
 namespace chartproject {
@@ -19,6 +23,8 @@ struct ChartInfo {
   ChartHeader header;
   std::int64_t rows = 0;       ///< well-formed rows
   std::int64_t malformed = 0;  ///< other lines among them that are neither empty nor comments
+  Companion companion;         ///< empty without one
+  std::string fault;           ///< why the companion cannot be used
 };
 
 /// A header line's key as a label, without its "=".
@@ -39,6 +45,11 @@ ChartInfo ReadInfo(Ports& ports, const std::string& name) {
   ChartInfo info;
   ReadHeaderOf(ports, name, info.header);
   CountRows(ports.files, name, info);
+  try {
+    info.companion = LoadCompanion(ports.files, name, info.header).value_or(Companion{});
+  } catch (const RunTimeError& error) {
+    info.fault = error.Description();
+  }
   return info;
 }
 
@@ -64,6 +75,11 @@ class InfoCommand : public Command {
       for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
       session.Out() << "Rows: " << info.rows << "\n";
       if (info.malformed > 0) session.Out() << "Malformed lines: " << info.malformed << "\n";
+      const NumberFormat& numbers = session.ThePorts().locale.Numbers();
+      for (const auto& line : CompanionLines(Language::kEnglish, numbers, info.companion))
+        session.Out() << line << "\n";
+      if (!info.fault.empty())
+        session.Out() << "The failed readings are not known: " << VisibleText(info.fault) << "\n";
       if (interrupted.Found()) session.Out() << "Beside it: " << interrupted.Sentence() << "\n";
     }
     return ExitCode::kDone;
@@ -100,6 +116,8 @@ class InfoCommand : public Command {
     document["header"] = header;
     document["rows"] = info.rows;
     document["malformedLines"] = info.malformed;
+    AddCompanion(document, info.companion);
+    if (!info.fault.empty()) document["failedReadingsUnknown"] = info.fault;
     if (interrupted.Found()) document["interrupted"] = InterruptedJson(interrupted);
     // Names that are not valid UTF-8 must not stop the output.
     out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";

@@ -50,7 +50,9 @@ class PrintCommand : public Command {
     LoadChosenSlice(view, component.strChartFileName, choice);
     NameSeries(view, component);
     ChartPage page = view.Page(component, choice.look);
-    page.picture = DrawPicture(view.Model(choice.look), component.ports.locale.Numbers(), kPictureSize, kPictureScale,
+    ChartLook look = choice.look;
+    look.failures = false;  // the page is a document of the chart file alone
+    page.picture = DrawPicture(view.Model(look), component.ports.locale.Numbers(), kPictureSize, kPictureScale,
                                *desktop.Forms().Pictures());
     page.showStatus = [&session](const std::string& text) {
       if (!text.empty()) session.Err() << text << "\n";

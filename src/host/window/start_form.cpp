@@ -52,9 +52,9 @@ void StartForm::PlaceControls() {
   LayoutBox buttons = Column({Cell(cmdAcquire), Cell(cmdOpenChart), Cell(cmdHelp), Space(0, 1), Cell(cmdClose)});
   std::vector<LayoutBox> recent;
   for (CommandButton& button : cmdRecent) recent.push_back(Collapsing(Cell(button, 1)));
-  SetLayout(
-      Column({recovery.Layout(), Row({std::move(drives), std::move(buttons)}), Collapsing(Group(fraRecent, Column(std::move(recent)))),
-              Collapsing(Cell(lblNote, 1)), Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
+  SetLayout(Column({recovery.Layout(), Row({std::move(drives), std::move(buttons)}),
+                    Collapsing(Group(fraRecent, Column(std::move(recent)))), Collapsing(Cell(lblNote, 1)),
+                    Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
 }
 
 void StartForm::Connect() {

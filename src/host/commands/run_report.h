@@ -1,0 +1,16 @@
+// The end of a recording on the command line: as sentences, or as one JSON object.
+#pragma once
+
+#include <ostream>
+
+#include "acquire/run/run_controller.h"
+
+namespace chartproject {
+
+/// The points and their file, when they are in it; columns with failed readings; the pace, when it slipped.
+void PrintRunSentences(std::ostream& out, const RunReport& report, const NumberFormat& numbers);
+
+/// One object: "file", "points", "end", "inFile", "keptFile", "reason", "failedReadings", "interval".
+void PrintRunJson(std::ostream& out, const RunReport& report);
+
+}  // namespace chartproject
