@@ -111,6 +111,15 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kVirtualClockWithDrives, "O relógio virtual só serve com drives simulados ou um cenário.",
      "The virtual clock goes with simulated drives or a scenario only.",
      "El reloj virtual solo sirve con drives simulados o un escenario."},
+    {Text::kDriveAddressTaken, "O endereço %1 já tem um drive: %2. Remova-o antes.",
+     "The address %1 has a drive already: %2. Remove it first.",
+     "La dirección %1 ya tiene un drive: %2. Elimínelo antes."},
+    {Text::kDriveModelUnknown, "O modelo \"%1\" não é conhecido; os modelos são %2.",
+     "The model \"%1\" is not known; the models are %2.", "El modelo \"%1\" no es conocido; los modelos son %2."},
+    {Text::kModelWithoutDriver, "Não há um driver para o modelo %1 em %2.",
+     "There is no driver file for the model %1 in %2.", "No hay un driver para el modelo %1 en %2."},
+    {Text::kNoDriveAtAddress, "Não há um drive no endereço %1.", "There is no drive at address %1.",
+     "No hay un drive en la dirección %1."},
 });
 static_assert(InOrder(kRows, Text::kDialogAlreadyOpen), "every text has its row, in the order of the enumeration");
 

@@ -183,6 +183,30 @@ enum class Text : std::uint16_t {
   kHelpTitle,
   kHelpFileMissing,
   kHelpFileUnreadable,
+  kStartLink,  ///< "Drives:", before the choice of the next three
+  kStartLinkSimulated,
+  kStartLinkSerial,
+  kStartLinkNetwork,
+  kStartPort,
+  kStartHost,
+  kStartSpeed,
+  kStartParity,
+  kStartParityNone,
+  kStartParityEven,
+  kStartParityOdd,
+  kStartTest,
+  kStartAddDrive,
+  kStartRemoveDrive,
+  kStartOpenProject,
+  kStartAddress,
+  kStartModel,
+  kStartTag,
+  kStartAdd,
+  kStartTestNobody,  ///< no drive answers
+  kStartTestDrive,   ///< %1 address, %2 model, %3 "answers" or the reason
+  kStartAnswers,
+  kStartProjectFiles,   ///< "Projects", before the pattern in the file dialog
+  kStartSimulatedNote,  ///< "simulated drives"
 
   // Drives and driver files (drive_rows.cpp).
   kDriverLineError,      ///< %1 line, %2 file
@@ -262,6 +286,10 @@ enum class Text : std::uint16_t {
   kTraceNotWritten,  ///< %1 file
   kTraceWithoutLine,
   kVirtualClockWithDrives,
+  kDriveAddressTaken,   ///< %1 address, %2 drive file
+  kDriveModelUnknown,   ///< %1 model, %2 list of models
+  kModelWithoutDriver,  ///< %1 model, %2 folder
+  kNoDriveAtAddress,    ///< %1 address
 
   kCount
 };

@@ -26,11 +26,16 @@ struct ProjectReport {
   std::vector<ReplacedSetting> replaced;  ///< settings of another project that now point at this one
 };
 
+enum class DrivesOfProject {
+  kSimulated,  ///< one of each simulated model
+  kNone        ///< the user adds drives; driver files of the shipped models are there
+};
+
 /// Makes the project in a folder, which need not exist, and stores the settings. No file that is there is written over.
 /// Settings are stored last: when a file cannot be written they stay as they were. Throws RunTimeError;
 /// 70 when a folder in it is a link or belongs to another user, and then nothing was written.
 /// @param folder absolute, or seen from the current folder
 ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const CodePage& codePage,
-                          const std::string& folder);
+                          const std::string& folder, DrivesOfProject drives = DrivesOfProject::kSimulated);
 
 }  // namespace chartproject
