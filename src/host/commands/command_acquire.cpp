@@ -9,6 +9,7 @@
 #include "drive/driver_file.h"
 #include "host/commands/acquire_request.h"
 #include "host/commands/command.h"
+#include "host/commands/plan_test.h"
 #include "host/commands/progress.h"
 #include "host/session/session.h"
 #include "recording/trigger_events.h"
@@ -146,10 +147,12 @@ class AcquireCommand : public Command {
         ->type_name("CODE");
     app->add_option("--compare", request_.compare, "parameter that a PXXX event compares");
     app->add_option("--content", request_.content, "value that a PXXX event compares with");
+    app->add_flag("--test", test_, "record nothing: read the plan once, and say how long a point takes");
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    if (test_) return Test(session);
     if (request_.fileName.empty() != request_.parameters.empty()) {
       throw RefusedError("acquire: give both --file and --parameters, or none of them for the dialog");
     }
@@ -177,8 +180,15 @@ class AcquireCommand : public Command {
   [[nodiscard]] bool OutputIsItsResult() const override { return false; }
 
  private:
+  ExitCode Test(Session& session) {
+    if (request_.parameters.empty()) throw RefusedError("acquire: --test needs --parameters");
+    if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
+    return TestPlan(session, request_);
+  }
+
   AcquireRequest request_;
   std::string every_;
+  bool test_ = false;
 };
 
 }  // namespace
