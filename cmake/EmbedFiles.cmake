@@ -2,11 +2,11 @@
 set(CHARTPROJECT_EMBED_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/embed_files.cmake")
 
 # chartproject_embed(TARGET FOLDER HEADER FUNCTION)
-# Adds a source to TARGET that defines FUNCTION, declared in HEADER: it lists the files of FOLDER (scripts excepted) with
-# their bytes. A changed, new or removed file regenerates the source.
+# Adds a source to TARGET that defines FUNCTION, declared in HEADER: it lists the files of FOLDER with their bytes, except
+# scripts and what is only installed (desktop/, service/). A changed, new or removed file regenerates the source.
 function(chartproject_embed target folder header function)
   file(GLOB_RECURSE names CONFIGURE_DEPENDS RELATIVE "${folder}" "${folder}/*")
-  list(FILTER names EXCLUDE REGEX "\\.py$")
+  list(FILTER names EXCLUDE REGEX "\\.py$|^(desktop|service)/")
   list(TRANSFORM names PREPEND "${folder}/" OUTPUT_VARIABLE files)
   set(source "${CMAKE_CURRENT_BINARY_DIR}/embedded_${function}.cpp")
   # The script reads the names from a file whose change regenerates the source, too.

@@ -24,24 +24,35 @@ function(chartproject_idl name idl)
   add_custom_target(idl_${name} DEPENDS ${outputs})
 endfunction()
 
-# chartproject_com_server(NAME TITLE text TYPE_LIBRARY idl-name SOURCES file... DEPENDS target... [MANIFEST file])
-# NAME.dll with one class: its sources define what server_module.h asks for.
-function(chartproject_com_server name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TITLE;TYPE_LIBRARY;MANIFEST" "SOURCES;DEPENDS")
+# chartproject_com_server(TARGET TITLE text TYPE_LIBRARY idl-name SOURCES file... DEPENDS target... [MANIFEST file]
+#                         [NAME name] [FOLDER folder])
+# NAME.dll (default: the target's name) with one class, in a folder of the build (default: package): its sources define
+# what server_module.h asks for.
+function(chartproject_com_server target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TITLE;TYPE_LIBRARY;MANIFEST;NAME;FOLDER" "SOURCES;DEPENDS")
   set(manifest "")
   if(arg_MANIFEST)
-    set(manifest "2 24 \"${CMAKE_CURRENT_SOURCE_DIR}/${arg_MANIFEST}\"")
+    cmake_path(ABSOLUTE_PATH arg_MANIFEST BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
+    set(manifest "2 24 \"${arg_MANIFEST}\"")
   endif()
-  set(resources "${CMAKE_CURRENT_BINARY_DIR}/${name}.rc")
+  set(name "${target}")
+  if(arg_NAME)
+    set(name "${arg_NAME}")
+  endif()
+  set(folder "${CMAKE_BINARY_DIR}/package")
+  if(arg_FOLDER)
+    set(folder "${CMAKE_BINARY_DIR}/${arg_FOLDER}")
+  endif()
+  set(embedded "${CHARTPROJECT_IDL_OUT}/${arg_TYPE_LIBRARY}.tlb" ${arg_MANIFEST})
+  set(resources "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
   configure_file("${CHARTPROJECT_IDL_DIR}/server.rc.in" "${resources}" @ONLY)
-  set_source_files_properties("${resources}" PROPERTIES
-    OBJECT_DEPENDS "${CHARTPROJECT_IDL_OUT}/${arg_TYPE_LIBRARY}.tlb;${CMAKE_CURRENT_SOURCE_DIR}/${arg_MANIFEST}")
-  add_library(${name} SHARED ${arg_SOURCES} "${CHARTPROJECT_IDL_DIR}/server_module.cpp"
+  set_source_files_properties("${resources}" PROPERTIES OBJECT_DEPENDS "${embedded}")
+  add_library(${target} SHARED ${arg_SOURCES} "${CHARTPROJECT_IDL_DIR}/server_module.cpp"
                              "${CHARTPROJECT_IDL_DIR}/server.def" "${resources}")
-  set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/package"
-                                           RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/package")
-  target_include_directories(${name} PRIVATE "${CHARTPROJECT_IDL_OUT}")
-  target_link_libraries(${name} PRIVATE ${arg_DEPENDS} chartproject_warnings)
-  target_link_options(${name} PRIVATE -s)
-  add_dependencies(${name} idl_stdole idl_${arg_TYPE_LIBRARY})
+  set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME "${name}" LIBRARY_OUTPUT_DIRECTORY "${folder}"
+                                             RUNTIME_OUTPUT_DIRECTORY "${folder}" ARCHIVE_OUTPUT_DIRECTORY "${folder}")
+  target_include_directories(${target} PRIVATE "${CHARTPROJECT_IDL_OUT}")
+  target_link_libraries(${target} PRIVATE ${arg_DEPENDS} chartproject_warnings)
+  target_link_options(${target} PRIVATE -s)
+  add_dependencies(${target} idl_stdole idl_${arg_TYPE_LIBRARY})
 endfunction()

@@ -10,8 +10,8 @@ If Err.Number <> 0 Then
   architecture = "x86"
   architecture = CreateObject("WScript.Shell").Environment("Process").Item("PROCESSOR_ARCHITECTURE")
   If architecture <> "x86" Then
-    hint = "A 64-bit script host cannot load this 32-bit component." & vbCrLf & _
-           "Use %SystemRoot%\SysWOW64\cscript """ & WScript.ScriptFullName & """"
+    hint = hint & vbCrLf & "For a 64-bit script host it must be registered with its surrogate. Else" & vbCrLf & _
+           "use %SystemRoot%\SysWOW64\cscript """ & WScript.ScriptFullName & """"
   End If
   WScript.Echo hint
   WScript.Quit 1

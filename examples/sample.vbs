@@ -15,7 +15,7 @@ Set shell = CreateObject("WScript.Shell")
 If shell.Environment("Process").Item("PROCESSOR_ARCHITECTURE") <> "x86" Then UseOtherHost
 Set files = CreateObject("Scripting.FileSystemObject")
 home = files.GetParentFolderName(WScript.ScriptFullName)
-folder = home & "\sample"
+folder = OwnSample(home & "\sample")
 before = folder & "\settings_before.txt"
 choice = "view"
 If WScript.Arguments.Count > 0 Then choice = LCase(WScript.Arguments(0))
@@ -29,7 +29,7 @@ Else
   Fail "Usage: sample.vbs [view | acquire | restore] [yes]"
 End If
 
-' A 64-bit script host, which a double click starts on a 64-bit Windows, cannot load the 32-bit component.
+' A 64-bit script host, which a double click starts on a 64-bit Windows, would need the component's surrogate.
 Sub UseOtherHost()
   Dim command, at
   command = """" & shell.ExpandEnvironmentStrings("%SystemRoot%\SysWOW64\wscript.exe") & """ """ & _
@@ -39,6 +39,23 @@ Sub UseOtherHost()
   Next
   WScript.Quit shell.Run(command, 1, True)
 End Sub
+
+' The sample itself where the user may write; else his own copy of it, which is made at first.
+Function OwnSample(given)
+  Dim probe, mine
+  OwnSample = given
+  On Error Resume Next
+  probe = given & "\" & files.GetTempName
+  files.CreateTextFile(probe).Close
+  If Err.Number = 0 Then
+    files.DeleteFile probe
+    Exit Function
+  End If
+  On Error GoTo 0
+  mine = shell.ExpandEnvironmentStrings("%LOCALAPPDATA%\ChartProject sample")
+  If Not files.FolderExists(mine) Then files.CopyFolder given, mine
+  OwnSample = mine
+End Function
 
 Sub Fail(text)
   WScript.Echo text

@@ -67,6 +67,8 @@ class Control {
   [[nodiscard]] const std::string& Caption() const;
   void SetCaption(std::string_view caption);
 
+  /// What the control shows, in words, where that is not text that the system can read; empty for most types.
+  [[nodiscard]] virtual std::string SpokenWords() const { return {}; }
   [[nodiscard]] const std::string& ToolTipText() const noexcept { return toolTipText_; }
   void SetToolTipText(std::string_view text);
 

@@ -115,6 +115,9 @@ class ComboBox : public Control {
   /// click still selects them, so that the form can say why not. @param available one for each item; empty for all
   void SetAvailable(std::vector<bool> available);
   [[nodiscard]] bool IsAvailable(int index) const;
+  /// Whether items may become unavailable; a back end asks before it makes the list.
+  [[nodiscard]] bool GreysItems() const noexcept { return greysItems_; }
+  void SetGreysItems(bool greys) noexcept { greysItems_ = greys; }
   /// The next available item before (direction -1) or after (+1) an index; the index itself when there is none.
   [[nodiscard]] int NextAvailable(int index, int direction) const;
 
@@ -124,6 +127,7 @@ class ComboBox : public Control {
   std::vector<std::string> items_;
   std::vector<bool> available_;
   int listIndex_ = -1;
+  bool greysItems_ = false;
 };
 
 /// Shared by the types that hold a text which the user may edit.

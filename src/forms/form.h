@@ -71,6 +71,9 @@ class Form {
   void SetHelpContextId(int context) noexcept { helpContextId_ = context; }
   /// Runs when the user asks for help (F1).
   Event helpRequested;
+  /// Runs with the full name of a file that the user dropped onto the window. A window takes files only while this is
+  /// set; of several it takes the first.
+  std::function<void(const std::string& fileName)> fileDropped;
 
   /// Place and size of the window in twips.
   [[nodiscard]] double Left() const noexcept { return left_; }

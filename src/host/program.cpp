@@ -1,6 +1,7 @@
 // The command line: global options, commands, and the exit code for each way a command can end.
 #include "host/program.h"
 
+#include <filesystem>
 #include <iostream>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "common/values/text.h"
 #include "host/commands/arguments.h"
 #include "host/commands/command.h"
+#include "host/manual/version.h"
 #include "host/session/session.h"
 #include "host/session/visible_output.h"
 #include "platform/run_time_error.h"
@@ -18,9 +20,23 @@ namespace chartproject {
 namespace {
 
 constexpr const char* kFooter =
-    "Without a command the start window opens.\n"
+    "Without a command the start window opens, with a chart file (FILE.cht) its chart.\n"
     "\n"
     "Message boxes go to standard error as \"[Kestrel v5.60] TEXT\"; questions are answered by --answer.\n"
+    "\n"
+    "Examples:\n"
+    "  chartproject init ~/drives\n"
+    "     makes a project with simulated drives\n"
+    "  chartproject acquire --address 1 --parameters 2,3 --points 100 --every 200ms --file pump.cht\n"
+    "     records a hundred points of two parameters\n"
+    "  chartproject view pump.cht\n"
+    "     shows them\n"
+    "\n"
+    "Files:\n"
+    "  ~/.config/Kestrel v5.60.ini\n"
+    "     the settings; in $XDG_CONFIG_HOME where that is set, or in the folder of --profile\n"
+    "  FILE.cht\n"
+    "     a recording: header and points, plain text\n"
     "\n"
     "Exit codes:\n"
     "  0  done\n"
@@ -50,7 +66,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
   for (const auto make : {MakeInitCommand, MakeSettingsCommand, MakePortsCommand, MakeScanCommand, MakeDrivesCommand,
                           MakeReadCommand, MakeAcquireCommand, MakeInfoCommand, MakeViewCommand, MakeRenderCommand,
-                          MakePrintCommand, MakeExportCommand, MakeStartCommand}) {
+                          MakePrintCommand, MakeExportCommand, MakeDescribeCommand, MakeStartCommand}) {
     commands.push_back(make());
   }
   return commands;
@@ -130,12 +146,25 @@ ExitCode RunCommand(Command& command, const RawOptions& raw, std::ostream& out, 
   return code;
 }
 
+/// What a command did not take comes here as well, and so does a command that is misspelt.
+void CheckChart(const CLI::App& app, const std::vector<std::string>& charts) {
+  if (charts.empty()) return;
+  if (charts.size() > 1 || !app.get_subcommands().empty()) throw CLI::ExtrasError(app.get_name(), charts);
+  const std::string& name = charts.front();
+  std::error_code ignored;
+  if (!ToUpperAscii(name).ends_with(".CHT") && !std::filesystem::exists(FullName(name), ignored)) {
+    throw RefusedError("\"" + name + "\" is neither a command nor a file; \"chartproject --help\" lists the commands");
+  }
+}
+
 ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
   CLI::App app("Records and shows trend data of industrial drives.", "chartproject");
-  app.set_version_flag("--version", std::string("ChartProject ") + CHARTPROJECT_VERSION);
+  app.set_version_flag("--version", VersionLine());
   app.require_subcommand(0, 1);
   RawOptions raw;
   AddGlobalOptions(app, raw);
+  std::vector<std::string> charts;
+  const CLI::Option* const chart = app.add_option("FILE", charts, "chart file to show, as view does")->type_name("");
 
   const auto commands = AllCommands();
   std::vector<CLI::App*> subcommands;
@@ -146,11 +175,13 @@ ExitCode ParseAndRun(int argc, const char* const* argv, std::ostream& out, std::
   for (CLI::App* const subcommand : app.get_subcommands({})) subcommand->fallthrough()->footer(kCommandFooter);
   try {
     app.parse(argc, argv);
+    CheckChart(app, charts);
   } catch (const CLI::ParseError& error) {
     const bool asked = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success);
     app.exit(error, out, err);
     return asked ? ExitCode::kDone : ExitCode::kRefused;
   }
+  if (chart->count() > 0) return RunCommand(*MakeViewOf(charts.front()), raw, out, err);
   for (std::size_t at = 0; at < commands.size(); ++at) {
     if (subcommands[at] == nullptr || subcommands[at]->parsed()) return RunCommand(*commands[at], raw, out, err);
   }

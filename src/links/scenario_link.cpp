@@ -58,6 +58,7 @@ class ScenarioLink : public DriveLink {
     return IsNumeric(text_, kComma) ? ToDouble(text_, kComma) : 0;
   }
   std::string GetText() override { return text_; }
+  [[nodiscard]] bool Simulated() const noexcept override { return true; }
 
  private:
   /// False when the reading is not wanted any more.

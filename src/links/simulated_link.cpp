@@ -50,6 +50,7 @@ class SimulatedLink : public DriveLink {
   void CloseLink() override {}
   double GetValue() override { return value_.number; }
   std::string GetText() override { return value_.text; }
+  [[nodiscard]] bool Simulated() const noexcept override { return true; }
 
  private:
   [[nodiscard]] std::optional<double> StoredValue(std::int16_t address, std::string_view modelCode,

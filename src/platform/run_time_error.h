@@ -76,6 +76,7 @@ class RunTimeError : public std::runtime_error {
  private:
   static std::vector<std::string> InAllLanguages(Text text, std::initializer_list<std::string> values) {
     std::vector<std::string> descriptions;
+    descriptions.reserve(std::size(kLanguages));
     for (const LanguageRow& row : kLanguages) descriptions.push_back(FillIn(TextIn(row.language, text), values));
     return descriptions;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -50,10 +51,21 @@ class SpreadsheetApplication {
   virtual void Quit() = 0;
 };
 
-/// What a workbook can hold; nothing where the application alone knows.
+/// Bytes that the parts of a workbook take at most on the disk, in the file or in a working file.
+struct WorkbookSizes {
+  std::uint64_t row = 0;         ///< beside its cells
+  std::uint64_t number = 0;      ///< a cell's number
+  std::uint64_t text = 0;        ///< a cell's text, beside its letters
+  std::uint64_t letter = 0;      ///< a letter beyond ASCII; others take one
+  std::uint64_t mostGrowth = 0;  ///< no row of a chart file grows to as many times its bytes
+  unsigned diskPercent = 100;    ///< on the disk when the workbook is made, in percent of the sum of the parts
+};
+
+/// What a workbook can hold and takes; nothing where the application alone knows.
 struct WorkbookLimits {
-  std::uint64_t bytes = 0;  ///< largest size of the workbook
-  int sheets = 0;           ///< largest number of sheets
+  std::uint64_t bytes = std::numeric_limits<std::uint64_t>::max();  ///< largest size of the workbook
+  int sheets = std::numeric_limits<int>::max();                     ///< largest number of sheets
+  WorkbookSizes sizes{};
 };
 
 /// Finds or starts the spreadsheet application of the class "Excel.Application".

@@ -52,6 +52,7 @@ constexpr auto kRows = std::to_array<TextRow>({
      "Name a new chart file in the project folder", "Nombrar un archivo de gráfico nuevo en la carpeta del proyecto"},
     {Text::kBrowseTip, "Procurar um arquivo de gráfico existente", "Look for an existing chart file",
      "Buscar un archivo de gráfico existente"},
+    {Text::kSimulatedTitle, "%1 - drives simulados", "%1 - simulated drives", "%1 - drives simulados"},
 });
 static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
 

@@ -36,7 +36,7 @@ constexpr auto kRows = std::to_array<TextRow>({
      "The file continues after point %1, the last one its header announces.",
      "El archivo continúa después del punto %1, el último que indica el encabezado."},
     {Text::kUnknownPoints, "O cabeçalho não indica um número de pontos; o arquivo contém %1.",
-     "The header names no number of points; the file holds %1.",
+     "The header does not name a number of points; the file holds %1.",
      "El encabezado no indica un número de puntos; el archivo contiene %1."},
     {Text::kUnknownSeries, "O cabeçalho não indica de 1 a 4 parâmetros; %1 colunas do arquivo são mostradas.",
      "The header does not name 1 to 4 parameters; %1 columns of the file are shown.",
@@ -51,6 +51,8 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kChartTip, "Clique: primeiro cursor; Shift e clique: segundo cursor; Esc: remove os cursores",
      "Click: first cursor; Shift and click: second cursor; Esc: removes the cursors",
      "Clic: primer cursor; Mayús y clic: segundo cursor; Esc: quita los cursores"},
+    {Text::kSimulatedValues, "Os valores são de drives simulados.", "The values come from simulated drives.",
+     "Los valores son de drives simulados."},
 });
 static_assert(InOrder(kRows, Text::kExportStopped), "every text has its row, in the order of the enumeration");
 

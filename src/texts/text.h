@@ -137,6 +137,7 @@ enum class Text : std::uint16_t {
   kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
+  kSimulatedTitle,  ///< "%1 - simulated drives"  %1 the dialog's title
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -159,6 +160,7 @@ enum class Text : std::uint16_t {
   kCursorPoint,          ///< "Cursor %1: point %2, %3"
   kCursorDifference,     ///< "Difference: %1 points, %2"
   kChartTip,             ///< how to place and remove the cursors
+  kSimulatedValues,      ///< the recording's values come from simulated drives
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
@@ -183,30 +185,7 @@ enum class Text : std::uint16_t {
   kHelpTitle,
   kHelpFileMissing,
   kHelpFileUnreadable,
-  kStartLink,  ///< "Drives:", before the choice of the next three
-  kStartLinkSimulated,
-  kStartLinkSerial,
-  kStartLinkNetwork,
-  kStartPort,
-  kStartHost,
-  kStartSpeed,
-  kStartParity,
-  kStartParityNone,
-  kStartParityEven,
-  kStartParityOdd,
-  kStartTest,
-  kStartAddDrive,
-  kStartRemoveDrive,
-  kStartOpenProject,
-  kStartAddress,
-  kStartModel,
-  kStartTag,
-  kStartAdd,
-  kStartTestNobody,  ///< no drive answers
-  kStartTestDrive,   ///< %1 address, %2 model, %3 "answers" or the reason
-  kStartAnswers,
-  kStartProjectFiles,   ///< "Projects", before the pattern in the file dialog
-  kStartSimulatedNote,  ///< "simulated drives"
+  kStartRecent,  ///< caption of the start window's list of charts
 
   // Drives and driver files (drive_rows.cpp).
   kDriverLineError,      ///< %1 line, %2 file
@@ -272,7 +251,32 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
-  kFileTooLarge,      ///< %1 file, %2 its size and %3 the largest size in MB
+  kFileTooLarge,        ///< %1 file, %2 its size and %3 the largest size in MB
+  kReplacedByAnother,   ///< "%1 was replaced by another file."
+  kLinkNotFollowed,     ///< %1 is a symbolic link
+  kLinkOfAnotherUser,   ///< %1 is one of another user in a shared folder
+  kOfAnotherUser,       ///< "%1 belongs to another user."
+  kFileOfSeveralNames,  ///< %1 file that hard links name too
+  kKeptByStickyFolder,  ///< "%1 cannot be replaced: ...", as the next ones
+  kMarkedImmutable,
+  kFolderMarkedImmutable,
+  kMarkedReadOnly,
+  kClipboardNotEmptied,
+  kClipboardRefused,
+  kNoDefaultPrinter,
+  kPrinterNotReached,  ///< %1 printer, %2 reason
+  kDocumentNotBegun,   ///< %1 printer, %2 reason
+  kPageNotTaken,       ///< %1 printer
+  kNoDocument,
+  kTextNotPrinted,
+  kPictureNotPrinted,
+  kNoMemoryForPicture,
+  kFileDialogFailed,  ///< %1 the system's number
+  kSheetCountUnknown,
+  kCellUnreadable,
+  kApplicationBusy,
+  kDriveLinkNotMade,  ///< %1 class, %2 reason
+  kDriveLinkNoId,     ///< %1 text of the registry
   kLinkKeyUnknown,    ///< %1 link, %2 key, %3 list of the keys
   kLinkValueRefused,  ///< %1 link, %2 key, %3 value, %4 what it takes
   kLinkWithoutPort,   ///< %1 link

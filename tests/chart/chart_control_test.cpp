@@ -165,8 +165,8 @@ TEST(ReadoutTest, WritesPointsAndTheDifferenceOfTwo) {
               ElementsAre("-1|Cursor 1: point 12, 10:15:02"));
   EXPECT_THAT(Texts(CursorReadout(environment, header, {first, second}, names)),
               ElementsAre("-1|Cursor 1: point 12, 10:15:02", "-1|Cursor 2: point 40, 10:15:30",
-                          "-1|Difference: 28 points, 00:00:28", "0|P001: 0,1 → 0,3 (+0,2)", "1|P002: -- → 1 (--)",
-                          "2|P003: 5 → 2 (-3)"));
+                          "-1|Difference: 28 points, 00:00:28", "0|P001: 0,1 -> 0,3 (+0,2)", "1|P002: -- -> 1 (--)",
+                          "2|P003: 5 -> 2 (-3)"));
 }
 
 }  // namespace

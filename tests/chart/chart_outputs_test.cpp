@@ -220,13 +220,21 @@ TEST_F(ExcelExportTest, CanBeGivenUpAndRefusesWhatDoesNotFit) {
   log.calls.clear();
   fakes.dialogs.boxes.clear();
   fakes.files.Put(target, "old");
-  fakes.spreadsheets.limits = WorkbookLimits{(20 + 21 + 18) * 1000 + 1, 10};
+  constexpr WorkbookSizes kSizes{20, 18, 13, 2, 8, 200};
+  fakes.spreadsheets.limits = WorkbookLimits{(20 + 21 + 18) * 1000 + 1, 10, kSizes};
   EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kTooLarge);
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr("1,000 points would fit")));
   EXPECT_THAT(log.calls, IsEmpty());
   EXPECT_EQ(fakes.files.Bytes(target), "old");
   EXPECT_THAT(busy, ElementsAre(true, false));
-  fakes.spreadsheets.limits = WorkbookLimits{1'000'000'000, 1};
+  fakes.files.space.availableToUser = 2 * (20 + 21 + 18) * 20'000 - 103;
+  fakes.spreadsheets.limits = WorkbookLimits{.sizes = kSizes};
+  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kTooLarge);
+  EXPECT_THAT(fakes.dialogs.TakePrompts(),
+              ElementsAre("The workbook needs 2.25 MB; the disk has 2.25 MB free. Nothing was written."));
+  EXPECT_EQ(fakes.files.Bytes(target), "old");
+  fakes.files.space.availableToUser += 100;  // and the bytes of the old one
+  fakes.spreadsheets.limits = WorkbookLimits{1'000'000'000, 1, kSizes};
   EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kDeclined);  // fits; the overwrite is declined
 }
 

@@ -93,8 +93,9 @@ TEST_P(EveryType, TextsNeverOverlapAtAnySizeAndData) {
       std::vector<Rect> boxes;
       for (const SceneText& text : chart.scene.Texts()) {
         const Rect box = canvas.BoxOf(text);
-        EXPECT_TRUE(box.x >= 0 && box.y >= 0 && box.Right() <= size.width && box.Bottom() <= size.height)
-            << text.text << " at " << size.width;
+        EXPECT_GE(std::min(box.x, box.y), 0) << text.text << " at " << size.width;
+        EXPECT_LE(box.Right(), size.width) << text.text;
+        EXPECT_LE(box.Bottom(), size.height) << text.text << " at " << size.width;
         for (const Rect& other : boxes) {
           EXPECT_FALSE(box.x < other.Right() && other.x < box.Right() && box.y < other.Bottom() &&
                        other.y < box.Bottom())
@@ -112,7 +113,9 @@ TEST_P(EveryType, ShapesStayInsideTheChart) {
   const ChartScene chart = Build(ModelOf(GetParam(), {Wave(25, 100, 0), {Wave(25, 60, 1)}, Wave(25, 1e300, 2)}));
   for (const SceneShape& shape : chart.scene.Shapes()) {
     for (const PointF& point : chart.scene.Points(shape)) {
-      EXPECT_TRUE(point.x >= 0 && point.x <= 640 && point.y >= 0 && point.y <= 360) << point.x << " " << point.y;
+      EXPECT_GE(std::min(point.x, point.y), 0) << point.x << " " << point.y;
+      EXPECT_LE(point.x, 640);
+      EXPECT_LE(point.y, 360);
     }
   }
 }

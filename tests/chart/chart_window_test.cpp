@@ -58,6 +58,14 @@ struct ChartWindowTest : ::testing::Test {
   bool shown = false;
 };
 
+TEST_F(ChartWindowTest, SaysThatItsValuesWereSimulated) {
+  Put("100", 100);
+  component.simulatedRecordings.insert(kFile);
+  Show([](ChartForm& form) {
+    EXPECT_THAT(form.rtfInfo.Text(), EndsWith("\r\n\r\nThe values come from simulated drives.\r\n"));
+  });
+}
+
 TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
   Put("100", 100);
   Show([&](ChartForm& form) {
@@ -71,8 +79,9 @@ TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
     EXPECT_EQ(model.backdrop, (Color{255, 255, 230}));
     EXPECT_EQ(Column(form, 1).back(), -25);
     EXPECT_EQ(form.series.lblPXXX1.Caption(), "P003");
-    EXPECT_TRUE(form.scales.txtScale2.Enabled() && !form.scales.txtScale3.Enabled() &&
-                !form.scales.cmdUpdateChart.Enabled());
+    EXPECT_TRUE(form.scales.txtScale2.Enabled());
+    EXPECT_FALSE(form.scales.txtScale3.Enabled());
+    EXPECT_FALSE(form.scales.cmdUpdateChart.Enabled());
     EXPECT_EQ(form.Caption(), "Chart File - Test.cht");
     EXPECT_EQ(form.switches.cboChartType.Text(), "2D Line");
   });
@@ -102,7 +111,8 @@ TEST_F(ChartWindowTest, SetsUpScrollBarAndSliderByTheNumberOfPoints) {
     Put(std::to_string(points), rows);
     Show([&, last = points, wanted = usable, numbers = range](ChartForm& form) {
       HScrollBar& bar = form.scroll.hsbGraph;
-      EXPECT_TRUE(bar.Visible() == wanted && form.scroll.lblPointsPerDivision.Visible() == wanted) << last;
+      EXPECT_EQ(bar.Visible(), wanted) << last;
+      EXPECT_EQ(form.scroll.lblPointsPerDivision.Visible(), wanted) << last;
       EXPECT_EQ(form.scroll.sldPointsPerDivision.Enabled(), wanted) << last;
       if (!wanted) return;
       EXPECT_EQ(std::tuple(bar.Maximum(), bar.SmallChange(), bar.LargeChange()), numbers) << last;
@@ -210,7 +220,8 @@ TEST_F(ChartWindowTest, SwitchesSurviveSlicesAndAreSaved) {
     form.scroll.hsbGraph.SetValue(10);
     const ChartModel& model = form.mscChart1.Model();
     EXPECT_EQ(std::tuple(model.categoryGrid, model.secondValueGrid, model.kind), std::tuple(1, 1, ChartKind::k3dStep));
-    EXPECT_TRUE(model.series[1].showMarker && !model.series[0].showLine);
+    EXPECT_TRUE(model.series[1].showMarker);
+    EXPECT_FALSE(model.series[0].showLine);
     form.PlaceChangedByUser(300, 450, 15000, 12000);
     form.output.cmdOK.Press();
   });
@@ -264,7 +275,7 @@ TEST_F(ChartWindowTest, SaysWhereHeaderAndPointsDisagree) {
       {"10", 12, "2", 12, "The file continues after point 10, the last one its header announces."},
       {"20", 12, "2", 12, "The file holds 12 points; its header names 20."},
       {"1000", 25, "2", 25, "The file holds 25 points; its header names 1000."},
-      {"many", 40, "2", 25, "The header names no number of points; the file holds 40."},
+      {"many", 40, "2", 25, "The header does not name a number of points; the file holds 40."},
       {"40", 40, "7", 25, "The header does not name 1 to 4 parameters; 2 columns of the file are shown."}};
   for (const auto& [points, rows, parameters, shownRows, notice] : cases) {
     Put(points, rows, parameters);
@@ -286,7 +297,8 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
     Put(named, 100);
     Show([&](ChartForm& form) {
       if (form.scroll.hsbGraph.Maximum() == 15) form.scroll.hsbGraph.SetValue(15);
-      EXPECT_TRUE(form.scroll.hsbGraph.Visible() && form.mscChart1.KeyPressed(Key::kEnd, false)) << named;
+      EXPECT_TRUE(form.scroll.hsbGraph.Visible()) << named;
+      EXPECT_TRUE(form.mscChart1.KeyPressed(Key::kEnd, false)) << named;
       EXPECT_EQ(form.scroll.hsbGraph.Maximum(), 75);
       EXPECT_EQ(FirstLabel(form), 76);
       EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("continues after point " + std::string(named)));
@@ -373,7 +385,7 @@ TEST_F(ChartWindowTest, ReadsOutThePointerAndTheCursors) {
     form.scroll.hsbGraph.SetValue(60);
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 70);
     EXPECT_EQ(form.mscChart1.CursorReadout().at(2).text, "Difference: 65 points, 00:01:05");
-    EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 → 70 (+65)");
+    EXPECT_EQ(form.mscChart1.CursorReadout().at(3).text, "P003: 5 -> 70 (+65)");
   });
 }
 

@@ -60,7 +60,8 @@ TEST_F(SliceReaderTest, OpensAHeaderAndReadsSlicesByLine) {
   EXPECT_EQ(source.NamedSeries(), 2);
   const Slice first = Read(0, 25).slice;
   EXPECT_EQ(first.RowCount(), 25);
-  EXPECT_TRUE(first.moreFollow && !first.endOfFile);
+  EXPECT_TRUE(first.moreFollow);
+  EXPECT_FALSE(first.endOfFile);
   const SliceReading last = Read(28, 25);
   EXPECT_THAT(last.slice.values[0], ElementsAre(29, 30));
   EXPECT_THAT(last.slice.values[1], ElementsAre(-29, -30));

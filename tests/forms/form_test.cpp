@@ -7,6 +7,7 @@
 #include "forms/access_keys.h"
 #include "forms/controls.h"
 #include "forms/layout.h"
+#include "forms/spoken_name.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -51,6 +52,20 @@ struct FormTest : ::testing::Test {
   FakePorts fakes;
   SampleForm form{fakes};
 };
+
+TEST_F(FormTest, ScreenReadersHearCaptionsLabelsOrToolTips) {
+  Label label(form, "lblScale");
+  TextBox first(form, "txtScale1");
+  UpDown arrows(form, "updScale1");
+  TextBox second(form, "txtScale2");
+  label.SetCaption("&Scale");
+  arrows.SetBuddy(&first);
+  form.text.SetToolTipText("How many");
+  form.button.SetCaption("&Close");
+  const std::pair<Control*, const char*> names[] = {
+      {&form.button, "Close"}, {&form.text, "How many"}, {&first, "Scale"}, {&second, "Scale 2"}, {&arrows, "Scale"}};
+  for (const auto& [control, name] : names) EXPECT_EQ(SpokenName(*control), name) << control->Name();
+}
 
 TEST_F(FormTest, PropertiesRaiseTheirEventsOnChangeOnlyAndReentrantly) {
   form.combo.click = form.Log("click");

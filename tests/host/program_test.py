@@ -235,7 +235,7 @@ class ProgramTest(ProgramCase):
         self.put("victim/.profile", "mine")
         (self.folder / "made").mkdir()
         os.symlink("../victim", self.folder / "made/programs")
-        self.assertIn("made/programs: a symbolic link", self.run_program("init", "made", expected=1).stderr)
+        self.assertIn("made/programs is a symbolic link", self.run_program("init", "made", expected=2).stderr)
         self.assertEqual(os.listdir(self.folder / "victim"), [".profile"])
         os.symlink("victim/.profile", self.folder / "Kestrel.log")
         self.put("KRA09V240E.wcd", "touch /tmp/hurt\r\n")
@@ -325,6 +325,19 @@ class ProgramTest(ProgramCase):
         self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n  ' 1#2#3####\r\n08:0")
         self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
 
+    def test_what_is_not_a_command_is_a_chart_file_or_refused(self):
+        for arguments, code, words in (
+                (["--version"], 0, "ChartProject "),
+                (["inof"], 2, '"inof" is neither a command nor a file; '),
+                (["gone.cht"], 1, "There is no display to show windows on."),
+                (["info", "one.cht", "two.cht"], 2, "The following argument was not expected: two.cht"),
+                (["describe", "addresses"], 0, "1\tKRA-09 \n2\tTSR-05 \n"),
+                (["describe", "parameters"], 0, "3\tMotor current\n5\tMotor frequency\n12\tInputs\n"),
+                (["describe", "man"], 0, "\n.SS read \\fIADDRESS\\fR \\fIPARAMETER\\fR...\n"),
+                (["describe", "bash"], 0, "acquire:--address) _chartproject_listed addresses; return ;;\n")):
+            done = self.run_program(*arguments, expected=code)
+            self.assertIn(words, done.stdout + done.stderr)
+
     def test_drives_without_numbers_without_model_and_without_file(self):
         self.put("drive01.txt", "Type=KRA-02\r\n")
         self.put("KRA02E.wcd", "\r\n#1#x#\r\n#P1000" + 13 * "#")
@@ -367,6 +380,16 @@ class ProgramTest(ProgramCase):
             self.assertGreaterEqual(spooled.count(b"\r\n"), reported)
             self.assertTrue(spooled.endswith(b"####\r\n"), "the last row is whole")
             self.assertFalse((self.folder / "run.cht").exists())
+
+    def test_a_killed_export_leaves_nothing(self):
+        self.acquire(20000, expected=0)
+        before = sorted(os.listdir(self.folder))
+        for name in ("run.xls", "run.xlsx", "run.csv"):
+            child, progress = self.start("export", "run.cht", "--output", name, "--answer", "yes", clock="virtual")
+            next(progress)
+            child.kill()
+            child.wait(10)
+            self.assertEqual(sorted(os.listdir(self.folder)), before, name)
 
     def test_a_full_disk_ends_a_recording_and_keeps_its_rows(self):
         done = self.acquire(5000, limits=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (50000, 50000)))

@@ -38,7 +38,8 @@ MAY_USE = {
     "host/project": ["links"],
     "host/session": ["component", "links/serial", "backends/headless", "backends/spreadsheet", "backends/qt/forms"],
     "host/window": ["host/session", "host/project"],
-    "host/commands": ["host/window"],
+    "host/manual": [],
+    "host/commands": ["host/window", "host/manual"],
     "host": ["host/commands"],
 }
 CORE = {"texts", "platform", "forms", "common", "drive", "recording", "acquire", "chart", "component"}

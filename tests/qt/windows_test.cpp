@@ -4,10 +4,13 @@
 #include <sys/stat.h>
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QUrl>
 #include <QWidget>
 #include <cctype>
 #include <filesystem>
@@ -48,16 +51,44 @@ TEST(HelpPageTest, ShowsNothingButRegularFilesOfItsFolder) {
         std::string("pipe.png"), std::string("large.png"), std::string("/dev/zero"),
         std::string("https://example.org/"), std::string("none.html"), std::string("pictures")}) {
     const QUrl url(QString::fromStdString(name));
-    EXPECT_FALSE(page.loadResource(QTextDocument::ImageResource, url).isValid()) << name;
+    EXPECT_FALSE(page.loadResource(QTextDocument::StyleSheetResource, url).isValid()) << name;
     follow(name);
     EXPECT_THAT(refused, ElementsAre(name));
     refused.clear();
   }
-  EXPECT_EQ(page.loadResource(QTextDocument::ImageResource, QUrl("pictures/a.png")).toByteArray(),
+  EXPECT_EQ(page.loadResource(QTextDocument::StyleSheetResource, QUrl("pictures/a.png")).toByteArray(),
             "help/pictures/a.png");
   for (const char* name : {"#91", "page.html#91", "inside.html"}) follow(name);
   EXPECT_THAT(refused, IsEmpty());
   EXPECT_EQ(page.toPlainText(), "help/page.html");
+}
+
+TEST(HelpPageTest, ShowsPicturesOfItsFolderAndOnlyTheNamesOfOthers) {
+  const TemporaryFolder folder;
+  const QString at = QString::fromStdString(folder.Path());
+  std::filesystem::create_directories(folder / "help");
+  const auto save = [&](const char* name, Qt::GlobalColor color) {
+    QImage picture(16, 16, QImage::Format_RGB32);
+    picture.fill(color);
+    ASSERT_TRUE(picture.save(at + name));
+  };
+  save("/secret.png", Qt::red);
+  save("/help/own.png", Qt::green);
+  HelpPage page([](const QString&) {});
+  const QString text = "<img src='" + at + "/secret.png'><img src='../secret.png'><br><img src='own.png'>";
+  ASSERT_TRUE(page.Show(text.toUtf8(), at + "/help"));
+  page.resize(600, 200);
+  const QImage seen = page.grab().toImage();
+  int red = 0;
+  int green = 0;
+  for (int i = 0; i < seen.width() * seen.height(); ++i) {
+    const QColor color = seen.pixelColor(i % seen.width(), i / seen.width());
+    red += color == Qt::red ? 1 : 0;
+    green += color == Qt::green ? 1 : 0;
+  }
+  EXPECT_EQ(red, 0);
+  const double scale = seen.devicePixelRatio();
+  EXPECT_EQ(green, 16 * 16 * scale * scale);
 }
 
 struct AcquireWindowTest : ::testing::Test {
@@ -226,6 +257,42 @@ TEST_F(StartWindowTest, LanguageAndSoundTakeEffectAtOnceAndAreSaved) {
   instance.Release();
   EXPECT_EQ(outside.fakes.settings.values["MyConf"]["strLanguage"], "Spanish");
   EXPECT_EQ(outside.fakes.settings.values["MyConf"]["strSound"], "No");
+}
+
+TEST_F(StartWindowTest, RecentChartsAreOnButtonsAndADroppedFileOpens) {
+  const std::string chart = "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=1\r\nPXXX1=003\r\n[TIME/CONTENT]\r\n";
+  for (const char* name : {"/data/A & B.cht", "/data/Dropped.cht"})
+    outside.fakes.files.Put(name, chart + "08:00:00#1#####\r\n");
+  auto& stored = outside.fakes.settings.values["MyCharts"];
+  stored = {{"strRecent1", "/data/gone.cht"}, {"strRecent2", "/data/A & B.cht"}};
+  const auto chartIsUp = [](const std::string& name) {
+    const QWidget* window = QApplication::activeWindow();
+    return window != nullptr && window->objectName() == "frmChart" && window->windowTitle().contains(name.c_str());
+  };
+  user.Do([&] {
+    EXPECT_EQ(form.cmdRecent[0].Caption(), "&1  A && B.cht");
+    EXPECT_FALSE(form.cmdRecent[1].Visible());
+    EXPECT_THAT(CutTexts(user.Window()), IsEmpty());
+    SendKey("alt+1");
+  });
+  user.Until("the recent chart", [&] { return chartIsUp("A & B"); }).Then([] {
+    QApplication::activeWindow()->close();
+  });
+  user.Do([&] {
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/data/Dropped.cht")});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&user.Window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&user.Window(), &drop);
+  });
+  user.Until("the dropped chart", [&] { return chartIsUp("Dropped"); }).Then([] {
+    QApplication::activeWindow()->close();
+  });
+  user.Key("Escape").GoThrough();
+  EXPECT_EQ(stored["strRecent1"], "/data/Dropped.cht");
+  EXPECT_EQ(stored["strRecent2"], "/data/A & B.cht");
 }
 
 constexpr int kPoints = 40000;

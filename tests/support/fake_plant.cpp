@@ -31,6 +31,7 @@ class FakeLink : public DriveLink {
   void CloseLink() override { plant_.Note("close"); }
   double GetValue() override { return LeadingNumber(text_); }
   std::string GetText() override { return text_; }
+  [[nodiscard]] bool Simulated() const noexcept override { return plant_.simulated; }
 
  private:
   FakePlant& plant_;

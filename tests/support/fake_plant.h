@@ -23,6 +23,7 @@ struct FakePlant : DriveLinkFactory {
   std::set<int> silent;                             ///< parameters that do not answer
   ReadOutcome failure{ReadFailure::kNoAnswer, {}};  ///< why they do not
   std::string failAt;                               ///< the step, or the first word of it, that fails
+  bool simulated = false;                           ///< the drives are said to be simulated
   std::function<void()> whileReading;               ///< what happens while a drive is read
   /// "create", "open", "read ADDRESS MODEL PARAMETER unit CODE", "tell P210 2", "close", "destroy"
   std::vector<std::string> steps;

@@ -71,7 +71,7 @@ class MemorySideFile : public SideFile {
   }
   std::unique_ptr<InputFile> OpenForReading() override { return std::make_unique<MemoryInput>(files_, node_); }
   DiskSpace AppendAndMeasure(std::string_view bytes) override {
-    if (!HasItsName()) throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
+    if (!HasItsName()) throw RunTimeError(error_number::kPathFileAccess, Text::kReplacedByAnother, {name_});
     files_.Append(name_, bytes);
     return files_.SpaceFor(name_);
   }

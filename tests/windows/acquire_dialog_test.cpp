@@ -18,7 +18,7 @@ class AcquireDialog : public ::testing::Test {
  protected:
   void SetUp() override {
     SetEnvironmentVariableA("CHARTPROJECT_SCENARIO", (TestFolder() + "\\plant.txt").c_str());
-    SetEnvironmentVariableA("CHARTPROJECT_CLOCK", "virtual 2026-01-31 08:00:00");
+    SetEnvironmentVariableA("CHARTPROJECT_CLOCK", "2026-01-31 08:00:00");
   }
   void TearDown() override {
     SetEnvironmentVariableA("CHARTPROJECT_SCENARIO", nullptr);

@@ -79,6 +79,10 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   form.Press("cmdUpdateChart");
   EXPECT_TRUE(WaitFor([&form] { return !form.Enabled("cmdUpdateChart"); }));
 
+  PostMessageW(form.Control("mscChart1"), WM_MOUSEMOVE, 0, MAKELPARAM(300, 150));
+  EXPECT_TRUE(WaitFor([&] { return form.Text("mscChart1").starts_with("Point "); }))
+      << "the chart's name is its readout";
+
   const long checked = form.Send("chkGrid", BM_GETCHECK);
   form.Press("chkGrid");
   EXPECT_TRUE(WaitFor([&] { return form.Send("chkGrid", BM_GETCHECK) == 1 - checked; }));

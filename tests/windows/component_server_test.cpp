@@ -197,7 +197,8 @@ TEST(ComponentServer, TwoLivingObjectsAndTheHostKeepEachOthersSettings) {
   ComRef<_ChartClass> older = Create();
   StoreConf(L"strLanguage", L"Spanish");
   ComRef<_ChartClass> newer = Create();
-  ASSERT_TRUE(older && newer);
+  ASSERT_TRUE(older);
+  ASSERT_TRUE(newer);
   StoreConf(L"intTrials", L"9");
   newer.Reset();
   older.Reset();

@@ -161,7 +161,7 @@ TEST_F(HostsDriveLink, OnesThatFailEndTheCallWithTheirError) {
   } cases[] = {
       {win32::IdText(kNobody), goodInterface, S_OK, 0x800A01AD,
        "206E3F9D8103} cannot be created: the class is not registered"},
-      {L"COM1", goodInterface, S_OK, 0x800A01AD, "The registry names a drive link that is no class id: COM1"},
+      {L"COM1", goodInterface, S_OK, 0x800A01AD, "The registry names a drive link that is not a class id: COM1"},
       {goodClass, win32::IdText(kNobody), S_OK, 0x800A01AD,
        "206E3F9D8101} cannot be created: it has no interface {5A1F4E0C"},
       {goodClass, goodInterface, E_ACCESSDENIED, 0x80070005, "OpenLink: The line is in use"},

@@ -1,6 +1,6 @@
 ' Opens the dialog, or a chart file, as a host does. Arguments: perhaps a language to be set first, perhaps a file.
 Option Explicit
-Dim component, shell, given
+Dim component, shell, given, file
 On Error Resume Next
 Set given = WScript.Arguments
 If given.Count > 0 Then
@@ -9,7 +9,8 @@ If given.Count > 0 Then
 End If
 Set component = CreateObject("ChartProject.ChartClass")
 If Err.Number <> 0 Then WScript.Quit 1
-If given.Count < 2 Then component.AcquireVar Else component.CreateChart given(1)
+If given.Count > 1 Then file = given(1)
+If given.Count < 2 Then component.AcquireVar Else component.CreateChart file
 If Err.Number <> 0 Then
   WScript.Echo Err.Number & " " & Err.Description
   WScript.Quit 2

@@ -192,8 +192,10 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
       form.Capture(picture + language.second + ".png");
       RECT place;
       GetWindowRect(form.Window(), &place);
-      SendMessageW(form.Window(), WM_DPICHANGED, MAKELONG(120, 120), reinterpret_cast<LPARAM>(&place));
-      inspect("cmdStart");
+      for (const int dots : {96, 144, 192, 120}) {
+        SendMessageW(form.Window(), WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
+        inspect("cmdStart");
+      }
       form.Choose("cboTriggerMode", 0);
       form.Choose("cboTimeBetweenPointsUnit", 2);
       form.Choose("cboEvent", 2);  // the longest

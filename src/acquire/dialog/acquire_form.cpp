@@ -7,6 +7,7 @@
 #include "common/message_box.h"
 #include "common/sounds.h"
 #include "common/values/text.h"
+#include "forms/flag_scope.h"
 
 namespace chartproject {
 
@@ -55,9 +56,11 @@ void AcquireForm::Connect() {
   On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
   controller.runEnded = [this](const RunReport& report) {
+    NoteSource();
     file.NoteRecording();
     UpdateViewChartButton();
     UpdateStartButtons();
+    if (component_.chartRecorded) component_.chartRecorded(component_, report.fileName);
     if (runEnded) runEnded(report);
   };
 }
@@ -70,10 +73,14 @@ void AcquireForm::PlaceControls() {
 
 void AcquireForm::OnLoad() {
   TranslateForm(*this, component_);
+  if (Simulated()) SetCaption(FillIn(LoadMessage(component_, Text::kSimulatedTitle), {Caption()}));
   file.Translate();
   ResetForm();
   // A chart file that cannot be read is reported, and the dialog opens all the same.
-  RunHandler("FileNameChanged", [this] { file.NameFile(JoinPath(component_.settings.strFolder, "Test.cht")); });
+  RunHandler("FileNameChanged", [this] {
+    const FlagScope opening(trigger.opening);
+    file.NameFile(JoinPath(component_.settings.strFolder, "Test.cht"));
+  });
   LayoutChanged();  // the window's width, which its place depends on, follows from the texts
   SetHeight(kSetUpHeight);
   for (Control* control : Controls()) {
@@ -133,6 +140,18 @@ void AcquireForm::ShowHeaderInForm() {
   drive.ShowHeader(header);
   timing.ShowHeader(header);
   trigger.ShowHeader(header);
+}
+
+bool AcquireForm::Simulated() const {
+  return component_.driveLink && component_.driveLink->Simulated();
+}
+
+void AcquireForm::NoteSource() {
+  if (Simulated()) {
+    component_.simulatedRecordings.insert(component_.strChartFileName);
+  } else {
+    component_.simulatedRecordings.erase(component_.strChartFileName);
+  }
 }
 
 void AcquireForm::UpdateViewChartButton() {

@@ -55,6 +55,9 @@ class AcquireForm : public Form {
   void ResetForm(NamedBy by = NamedBy::kChoice);
   void FileNameChanged(NamedBy by);
   void ShowHeaderInForm();
+  [[nodiscard]] bool Simulated() const;
+  /// Remembers whether the recording that has ended came from simulated drives.
+  void NoteSource();
   void UpdateViewChartButton();
   [[nodiscard]] std::optional<std::string> Missing() const;
   void UpdateStartButtons();

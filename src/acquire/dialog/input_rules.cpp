@@ -60,6 +60,20 @@ bool EndsInDecimalSign(std::string_view text, const NumberFormat& format) {
   return text.ends_with(format.decimalSeparator);
 }
 
+std::string RoundedEntry::Typed(const std::string& text, Instant now) {
+  const bool continues = !rounded_.empty() && now - at_ < kSameBurst && text.starts_with(rounded_) &&
+                         text.find_first_not_of("0123456789", rounded_.size()) == std::string::npos;
+  if (continues) return typed_ + text.substr(rounded_.size());
+  rounded_.clear();
+  return text;
+}
+
+void RoundedEntry::Round(std::string typed, std::string rounded, Instant now) {
+  typed_ = std::move(typed);
+  rounded_ = std::move(rounded);
+  at_ = now;
+}
+
 double EstimateBytes(std::int32_t points, int parameterCount) {
   const auto v = static_cast<float>(points);
   const auto bytes = static_cast<float>(2.0 * (350.0 + v * 15.0 + v * (5.0 * parameterCount)));

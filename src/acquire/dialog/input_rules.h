@@ -1,11 +1,13 @@
 // The rules of the dialog's typed fields, as pure functions: text in, verdict and corrected text out.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/clock.h"
 #include "platform/locale.h"
 
 namespace chartproject {
@@ -40,6 +42,23 @@ struct NumberCheck {
 /// True for a text that ends in the locale's decimal sign: a number that is being typed. It is rounded with the next
 /// letter or on lost focus; rounding it at once would turn 12.6 into 126.
 [[nodiscard]] bool EndsInDecimalSign(std::string_view text, const NumberFormat& format);
+
+/// Letters that follow each other within this time are one entry.
+inline constexpr Instant kSameBurst = std::chrono::seconds(1);
+
+/// Keeps what was typed of a number that is already rounded: the 5 of 12.65 arrives when the field shows 13.
+class RoundedEntry {
+ public:
+  /// The number that is being typed.
+  /// @param text the field's: the rounded number with further digits stands for what was typed with those digits
+  [[nodiscard]] std::string Typed(const std::string& text, Instant now);
+  void Round(std::string typed, std::string rounded, Instant now);
+
+ private:
+  std::string typed_;
+  std::string rounded_;  ///< empty when nothing was rounded, or something else was typed since
+  Instant at_{};
+};
 
 /// Bytes that a chart file needs on its disk, twice its size so that the spool file has room beside it:
 /// 2 x (350 + 15 a point + 5 a value). Reckoned in single precision and taken with its seven digits.

@@ -82,13 +82,13 @@ TextControl& TimingSection::TimeField() {
   return txtTimeBetweenPoints;
 }
 
-NumberCheck TimingSection::CheckTime() const {
-  return CheckTimeBetweenPoints(txtTimeBetweenPoints.Text(), Unit().value_or(TimeUnit::kSeconds), Numbers());
+NumberCheck TimingSection::CheckTime(const std::string& text) const {
+  return CheckTimeBetweenPoints(text, Unit().value_or(TimeUnit::kSeconds), Numbers());
 }
 
 std::int64_t TimingSection::MillisecondsBetweenPoints() const {
   if (SpacedByStopwatch()) return std::int64_t{1000} * ClockTimeSeconds(mebTimeBetweenPoints.Text());
-  const NumberCheck check = CheckTime();
+  const NumberCheck check = CheckTime(txtTimeBetweenPoints.Text());
   if (check.verdict != Verdict::kAccept && check.verdict != Verdict::kLetStand) return 0;
   return Unit() == TimeUnit::kSeconds ? std::int64_t{1000} * check.value : check.value;
 }
@@ -96,7 +96,7 @@ std::int64_t TimingSection::MillisecondsBetweenPoints() const {
 std::string TimingSection::Estimate() const {
   const NumberCheck points = CheckNumberOfPoints(txtNumberOfPoints.Text(), Numbers());
   const bool timed = SpacedByStopwatch() ? CheckClockTime(mebTimeBetweenPoints.Text()) == ClockTimeFault::kNone
-                                         : CheckTime().verdict == Verdict::kAccept;
+                                         : CheckTime(txtTimeBetweenPoints.Text()).verdict == Verdict::kAccept;
   if (points.verdict != Verdict::kAccept || !timed) return {};
   const std::int64_t seconds = (MillisecondsBetweenPoints() * points.value + 999) / 1000;
   return FillIn(Say(Text::kRunEstimate),
@@ -164,10 +164,13 @@ void TimingSection::Round(TextControl& field, const NumberCheck& check) {
 
 void TimingSection::txtNumberOfPoints_Change() {
   if (component_.strChartFileName.empty()) return;
-  const NumberCheck check = CheckNumberOfPoints(txtNumberOfPoints.Text(), Numbers());
+  const Instant now = component_.ports.clock.Now();
+  const std::string typed = pointsEntry_.Typed(txtNumberOfPoints.Text(), now);
+  const NumberCheck check = CheckNumberOfPoints(typed, Numbers());
   if (check.verdict == Verdict::kAccept) {
     const std::string whole = std::to_string(check.value);
-    if (txtNumberOfPoints.Text() != whole && !EndsInDecimalSign(txtNumberOfPoints.Text(), Numbers())) {
+    if (txtNumberOfPoints.Text() != whole && !EndsInDecimalSign(typed, Numbers())) {
+      pointsEntry_.Round(typed, whole, now);
       txtNumberOfPoints.SetText(whole);  // comes back here
       return;
     }
@@ -192,10 +195,13 @@ void TimingSection::txtTimeBetweenPoints_Change() {
   if (SpacedByStopwatch()) return;  // hidden, the masked box holds the time
   std::string accepted = txtTimeBetweenPoints.Text();
   if (!emptyingTime_) {
-    const NumberCheck check = CheckTime();
+    const Instant now = component_.ports.clock.Now();
+    const std::string typed = timeEntry_.Typed(accepted, now);
+    const NumberCheck check = CheckTime(typed);
     if (check.verdict == Verdict::kAccept || check.verdict == Verdict::kLetStand) {
       accepted = std::to_string(check.value);
-      if (txtTimeBetweenPoints.Text() != accepted && !EndsInDecimalSign(txtTimeBetweenPoints.Text(), Numbers())) {
+      if (txtTimeBetweenPoints.Text() != accepted && !EndsInDecimalSign(typed, Numbers())) {
+        timeEntry_.Round(typed, accepted, now);
         txtTimeBetweenPoints.SetText(accepted);  // comes back here
         return;
       }
@@ -212,9 +218,9 @@ void TimingSection::txtTimeBetweenPoints_Change() {
 }
 
 void TimingSection::txtTimeBetweenPoints_LostFocus() {
-  if (!SpacedByStopwatch()) Round(txtTimeBetweenPoints, CheckTime());
+  if (!SpacedByStopwatch()) Round(txtTimeBetweenPoints, CheckTime(txtTimeBetweenPoints.Text()));
   if (Unit() != TimeUnit::kMilliseconds || txtTimeBetweenPoints.Text().empty()) return;
-  if (CheckTime().verdict == Verdict::kAccept) return;
+  if (CheckTime(txtTimeBetweenPoints.Text()).verdict == Verdict::kAccept) return;
   {
     // Emptied first, so that a start cannot use the refused value while the message is up.
     const FlagScope emptying(emptyingTime_);

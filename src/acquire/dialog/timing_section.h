@@ -46,7 +46,7 @@ class TimingSection : public Section {
  private:
   [[nodiscard]] std::optional<TimeUnit> Unit() const;
   [[nodiscard]] TextControl& TimeField();
-  [[nodiscard]] NumberCheck CheckTime() const;
+  [[nodiscard]] NumberCheck CheckTime(const std::string& text) const;
   [[nodiscard]] std::int64_t MillisecondsBetweenPoints() const;
   [[nodiscard]] bool RoomFor(std::int32_t points) const;
   [[nodiscard]] bool PointsHold();
@@ -67,6 +67,8 @@ class TimingSection : public Section {
   const DriveSection& drive_;
   std::string lastAcceptedPoints_;
   std::string lastAcceptedTime_;
+  RoundedEntry pointsEntry_;
+  RoundedEntry timeEntry_;
   std::optional<Instant> timeRefusedAt_;  ///< when the box of a refused hh:mm:ss time was closed
   bool puttingBack_ = false;              ///< an accepted text comes back; it is not refused again
   bool emptyingTime_ = false;             ///< the ms rule empties the field; nothing is put back

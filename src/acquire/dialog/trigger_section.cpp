@@ -22,6 +22,7 @@ TriggerSection::TriggerSection(Form& form, Component& component, const DriveSect
   lblPXXX.SetTag(TextNumber(Text::kParameter));
   lblContent.SetTag(TextNumber(Text::kContent));
   lblPXXXName.SetElided(true);
+  cboEvent.SetGreysItems(true);
   Connect(cboTriggerMode.click, cboTriggerMode, "Click", this, &TriggerSection::cboTriggerMode_Click);
   Connect(cboEvent.click, cboEvent, "Click", this, &TriggerSection::cboEvent_Click);
   Connect(cboPXXX.click, cboPXXX, "Click", this, &TriggerSection::cboPXXX_Click);
@@ -129,7 +130,7 @@ void TriggerSection::cboTriggerMode_Click() {
 void TriggerSection::cboEvent_Click() {
   const TriggerEvent event = ChosenEvent();
   const bool available = EventAvailable(event, drive_.SelectedModel());
-  if (!available) {
+  if (!available && !opening) {
     ShowMessage(component_, Say(Text::kEventNotAvailable), box_style::kExclamation, component_.helpFile, kHelpContext);
   }
   if (IsCompareEvent(event)) {
@@ -170,7 +171,6 @@ void TriggerSection::SetContent(const std::string& text) {
 }
 
 bool TriggerSection::ContinuesRefusedContent() const {
-  constexpr Instant kSameBurst = std::chrono::seconds(1);
   return !refusedContent_.empty() && !txtContent.Text().empty() &&
          component_.ports.clock.Now() - refusedAt_ < kSameBurst;
 }

@@ -24,6 +24,9 @@ class TriggerSection : public Section {
   TextBox txtContent{form_, "txtContent"};
   Label lblPXXXName{form_, "lblPXXXName"};  ///< name of the parameter in cboPXXX
 
+  /// While the dialog is made: an event that the drive does not offer is left unchosen without a box.
+  bool opening = false;
+
   [[nodiscard]] LayoutBox Layout();
   void Reset();
   void ShowHeader(const ChartHeader& header);

@@ -3,10 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "acquire/dialog/acquire_form.h"
-#include "common/values/numbers.h"
+#include "common/stored_place.h"
 #include "forms/form_host.h"
 #include "recording/component.h"
 
@@ -18,17 +17,10 @@ constexpr std::string_view kConfSection = "MyConf";
 /// Shared with the host's error form.
 constexpr std::string_view kMaximizedKey = "strMaximizedfrmErr";
 
-/// A stored coordinate in twips; in the middle of the screen when nothing usable is stored. A place off every screen
-/// is corrected by the back end, which knows all screens.
+/// In the middle of the screen when nothing usable is stored. A place off every screen is corrected by the back end,
+/// which knows all screens.
 double Coordinate(Component& component, const Form& form, std::string_view key, double extent, double screen) {
-  const double centred = std::max(0.0, (screen - extent) / 2);
-  const NumberFormat& format = component.ports.locale.Numbers();
-  const auto stored = component.ports.settings.Read(form.Name(), key);
-  return stored && IsNumeric(*stored, format) ? ToDouble(*stored, format) : centred;
-}
-
-std::string WholeTwips(double twips) {
-  return std::to_string(std::llround(twips));
+  return StoredTwips(component, form.Name(), key, std::max(0.0, (screen - extent) / 2));
 }
 
 }  // namespace

@@ -118,7 +118,7 @@ class PosixOutputFile : public OutputFile {
     throw NotARegularFile(name);
   }
   if (reason == ELOOP && (flags & O_NOFOLLOW) != 0) {
-    throw RunTimeError(error_number::kPathFileAccess, name + ": a symbolic link, which is not followed here");
+    throw RunTimeError(error_number::kPathFileAccess, Text::kLinkNotFollowed, {name});
   }
   throw FileError(reason, name);
 }

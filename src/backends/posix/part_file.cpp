@@ -14,7 +14,8 @@ std::string CheckedTarget(const std::string& target) {
 }  // namespace
 
 PartFile::PartFile(const std::string& target, const FileRights& rights)
-    : target_(target), file_({.target = CheckedTarget(target), .ending = ".part", .rights = rights}) {}
+    : target_(target),
+      file_({.target = CheckedTarget(target), .ending = ".part", .rights = rights}, PosixSideFile::Naming::kAtTheEnd) {}
 
 void PartFile::Commit() {
   file_.Flush();

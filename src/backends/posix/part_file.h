@@ -1,4 +1,4 @@
-// A file on its way: written beside its target under another name, and given the target's name when it is complete.
+// A file on its way: written in the folder of its target, and given the target's name when it is complete.
 #pragma once
 
 #include <string>
@@ -7,7 +7,8 @@
 
 namespace chartproject {
 
-/// A side file "NAME.part" of an output. Removes what it wrote unless it was committed.
+/// The side file of an output. It has no name until it is complete, so that a killed program leaves nothing; where the
+/// file system has no such files it is "NAME.part". Removes what it wrote unless it was committed.
 class PartFile {
  public:
   /// @param target the final name, for example "Test.cht.xls"; when it is a link, the file that it leads to

@@ -51,7 +51,7 @@ void PosixFileSystem::Append(const std::string& name, std::string_view bytes) {
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, name);
   if (status.st_nlink > 1) {
-    throw RunTimeError(error_number::kPathFileAccess, name + ": a file of several names, which is not written to");
+    throw RunTimeError(error_number::kPathFileAccess, Text::kFileOfSeveralNames, {name});
   }
   AppendWhole(file, bytes, name);
   if (file.Close() != 0) throw DeviceError(errno, name);
@@ -77,10 +77,10 @@ void PosixFileSystem::CheckOwned(const std::string& name) {
   struct stat status {};
   if (lstat(PosixPath(name).c_str(), &status) != 0) return;
   if (S_ISLNK(status.st_mode)) {
-    throw RunTimeError(error_number::kPermissionDenied, name + ": a symbolic link, which is not followed here");
+    throw RunTimeError(error_number::kPermissionDenied, Text::kLinkNotFollowed, {name});
   }
   if (status.st_uid != geteuid()) {
-    throw RunTimeError(error_number::kPermissionDenied, name + ": belongs to another user");
+    throw RunTimeError(error_number::kPermissionDenied, Text::kOfAnotherUser, {name});
   }
 }
 

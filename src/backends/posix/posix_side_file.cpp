@@ -38,6 +38,17 @@ Descriptor MakeFile(const SideFileRequest& request, const std::string& target, m
   }
 }
 
+std::string PathOf(const Descriptor& file) {
+  return "/proc/self/fd/" + std::to_string(file.Number());
+}
+
+/// A file without a name in the target's folder; a negative number where the system has none, or no way to open and
+/// name one.
+Descriptor MakeNamelessFile(const std::string& target, mode_t mode) {
+  Descriptor file(open(FolderOf(target).c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, mode));
+  return file.Number() >= 0 && access(PathOf(file).c_str(), W_OK) == 0 ? std::move(file) : Descriptor(-1);
+}
+
 /// Owner and group only as far as this user may give them; a group that stays another one gets what all others get.
 void GiveRights(const Descriptor& file, const FileRights& rights, const struct stat& own) {
   mode_t mode = rights.mode & kRightsMask;
@@ -53,8 +64,12 @@ void GiveRights(const Descriptor& file, const FileRights& rights, const struct s
   [[maybe_unused]] const int set = fchmod(file.Number(), mode);
 }
 
-RunTimeError Protected(const std::string& name, const char* why) {
-  return RunTimeError(error_number::kPermissionDenied, name + ": cannot be replaced, " + why);
+RunTimeError Protected(const std::string& name, Text text) {
+  return RunTimeError(error_number::kPermissionDenied, text, {name});
+}
+
+RunTimeError Replaced(const std::string& name) {
+  return RunTimeError(error_number::kPathFileAccess, Text::kReplacedByAnother, {name});
 }
 
 /// Attributes that keep even the superuser from replacing a file.
@@ -66,11 +81,12 @@ bool IsFixed(int folder, const char* path, int flags) {
 
 }  // namespace
 
-PosixSideFile::PosixSideFile(const SideFileRequest& request)
-    : target_(PosixPath(request.target)), file_([&] {
+PosixSideFile::PosixSideFile(const SideFileRequest& request, Naming naming)
+    : target_(PosixPath(request.target)), ending_(request.ending), file_([&] {
         const FileRights rights = request.rights.known ? request.rights : RightsOfPosix(target_);
-        Descriptor file =
-            MakeFile(request, target_, rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode, name_);
+        const mode_t mode = rights.known || request.ownerOnly ? kOwnerOnly : kDefaultMode;
+        Descriptor nameless(naming == Naming::kAtTheEnd ? MakeNamelessFile(target_, mode) : Descriptor(-1));
+        Descriptor file = nameless.Number() >= 0 ? std::move(nameless) : MakeFile(request, target_, mode, name_);
         if (fstat(file.Number(), &own_) == 0 && rights.known) GiveRights(file, rights, own_);
         return file;
       }()) {
@@ -111,31 +127,37 @@ DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
   Descriptor file = OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, shownName_);
-  if (!IsOwn(status)) {
-    throw RunTimeError(error_number::kPathFileAccess, shownName_ + ": was replaced by another file");
-  }
+  if (!IsOwn(status)) throw Replaced(shownName_);
   AppendWhole(file, bytes, shownName_);
   const DiskSpace space = SpaceOfOpenFile(file, shownName_);
   if (file.Close() != 0) throw DeviceError(errno, shownName_);
   return space;
 }
 
+void PosixSideFile::TakeName() {
+  for (int n = 0;;) {
+    const std::string name = SideFileName(target_, ending_, n);
+    if (linkat(AT_FDCWD, PathOf(file_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      name_ = name;
+      return;
+    }
+    if (errno != EEXIST || ++n == kMostSideNames) throw FileError(errno, shownName_);
+  }
+}
+
 void PosixSideFile::ReplaceTarget() {
   CheckReplaceablePosix(target_);
-  if (!HasItsName()) {
-    throw RunTimeError(error_number::kPathFileAccess, name_ + ": was replaced by another file");
-  }
+  if (name_.empty()) TakeName();
+  if (!HasItsName()) throw Replaced(name_);
   if (std::rename(name_.c_str(), target_.c_str()) != 0) throw FileError(errno, shownName_);
   kept_ = true;
   struct stat status {};
-  if (lstat(target_.c_str(), &status) != 0 || !IsOwn(status)) {
-    throw RunTimeError(error_number::kPathFileAccess, target_ + ": was replaced by another file");
-  }
+  if (lstat(target_.c_str(), &status) != 0 || !IsOwn(status)) throw Replaced(target_);
   SyncFolder(FolderOf(target_));
 }
 
 std::string PosixSideFile::PathOfOpenFile() const {
-  const std::string path = "/proc/self/fd/" + std::to_string(file_.Number());
+  const std::string path = PathOf(file_);
   return access(path.c_str(), W_OK) == 0 ? path : name_;
 }
 
@@ -154,8 +176,7 @@ std::string ResolveLinkPosix(const std::string& name) {
     struct stat folder {};
     const bool shared = stat(FolderOf(path).c_str(), &folder) == 0 && (folder.st_mode & kSharedFolder) != 0;
     if (shared && status.st_uid != geteuid() && status.st_uid != 0 && status.st_uid != folder.st_uid) {
-      throw RunTimeError(error_number::kPermissionDenied,
-                         path + ": a symbolic link of another user in a shared folder, which is not followed");
+      throw RunTimeError(error_number::kPermissionDenied, Text::kLinkOfAnotherUser, {path});
     }
     std::string leadsTo(PATH_MAX, '\0');
     const ssize_t length = readlink(path.c_str(), leadsTo.data(), leadsTo.size());
@@ -180,10 +201,10 @@ void CheckReplaceablePosix(const std::string& name) {
   const bool sticky = stat(above.c_str(), &folder) == 0 && (folder.st_mode & S_ISVTX) != 0;
   const uid_t user = geteuid();
   if (sticky && user != 0 && status.st_uid != user && folder.st_uid != user) {
-    throw Protected(name, "it belongs to another user and its folder has the sticky bit");
+    throw Protected(name, Text::kKeptByStickyFolder);
   }
-  if (IsFixed(file.Number(), "", AT_EMPTY_PATH)) throw Protected(name, "it is marked immutable or append-only");
-  if (IsFixed(AT_FDCWD, above.c_str(), 0)) throw Protected(name, "its folder is marked immutable or append-only");
+  if (IsFixed(file.Number(), "", AT_EMPTY_PATH)) throw Protected(name, Text::kMarkedImmutable);
+  if (IsFixed(AT_FDCWD, above.c_str(), 0)) throw Protected(name, Text::kFolderMarkedImmutable);
 }
 
 FileRights RightsOfPosix(const std::string& name) {

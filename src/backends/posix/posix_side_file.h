@@ -10,8 +10,15 @@ namespace chartproject {
 /// Holds its file open all the time, so that no other file can come to have its number.
 class PosixSideFile : public SideFile {
  public:
+  /// When the file comes to have a name.
+  enum class Naming {
+    kAtOnce,
+    /// When it replaces its target: until then it goes however the program ends. At once on a file system that has no
+    /// files without a name.
+    kAtTheEnd,
+  };
   /// Makes the file. Throws RunTimeError.
-  explicit PosixSideFile(const SideFileRequest& request);
+  explicit PosixSideFile(const SideFileRequest& request, Naming naming = Naming::kAtOnce);
   PosixSideFile(const PosixSideFile&) = delete;
   PosixSideFile& operator=(const PosixSideFile&) = delete;
   ~PosixSideFile() override;
@@ -31,9 +38,12 @@ class PosixSideFile : public SideFile {
 
  private:
   [[nodiscard]] bool IsOwn(const struct stat& status) const;
+  /// Gives a file without a name the first one that is free.
+  void TakeName();
 
   std::string target_;
-  std::string name_;
+  std::string ending_;
+  std::string name_;       ///< empty before the file has one
   std::string shownName_;  ///< for errors
   struct stat own_ {};     ///< when it was made; set while file_ is
   Descriptor file_;

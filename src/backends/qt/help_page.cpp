@@ -4,6 +4,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
 
 namespace chartproject {
 
@@ -36,10 +39,26 @@ bool HelpPage::Show(const QByteArray& bytes, const QString& folder) {
   return true;
 }
 
-QVariant HelpPage::loadResource(int /*type*/, const QUrl& name) {
-  if (!name.isRelative()) return {};
-  const auto bytes = ReadHelpFile(folder_, name.path());
-  return bytes ? QVariant(*bytes) : QVariant();
+QVariant HelpPage::loadResource(int type, const QUrl& name) {
+  const auto bytes = name.isRelative() ? ReadHelpFile(folder_, name.path()) : std::nullopt;
+  if (type != QTextDocument::ImageResource) return bytes ? QVariant(*bytes) : QVariant();
+  // Without an image of ours the toolkit would open the name itself.
+  const QImage picture = bytes ? QImage::fromData(*bytes) : QImage();
+  return picture.isNull() ? NameAsPicture(name.toDisplayString()) : picture;
+}
+
+/// What is shown in the place of a picture that may not be, or cannot be, shown.
+QImage HelpPage::NameAsPicture(const QString& name) const {
+  constexpr int kWidest = 400;
+  const QFontMetrics metrics(font());
+  const QString text = metrics.elidedText(name, Qt::ElideMiddle, kWidest);
+  QImage picture(std::max(1, metrics.horizontalAdvance(text)), metrics.height(), QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setFont(font());
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(0, metrics.ascent(), text);
+  return picture;
 }
 
 void HelpPage::Follow(const QUrl& target) {

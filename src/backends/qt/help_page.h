@@ -1,6 +1,7 @@
 // Files of one help folder as pages: what a page may show and lead to.
 #pragma once
 
+#include <QImage>
 #include <QTextBrowser>
 #include <functional>
 #include <optional>
@@ -21,11 +22,13 @@ class HelpPage : public QTextBrowser {
   /// @param folder where the page's pictures and links are looked up
   /// False, and nothing changed, when the bytes are not a text.
   [[nodiscard]] bool Show(const QByteArray& bytes, const QString& folder);
-  /// What the page asks for while it is laid out; only files of its folder are given.
+  /// What the page asks for while it is laid out; only files of its folder are given. A picture that is not given is
+  /// shown as its name.
   QVariant loadResource(int type, const QUrl& name) override;
 
  private:
   void Follow(const QUrl& target);
+  [[nodiscard]] QImage NameAsPicture(const QString& name) const;
 
   std::function<void(const QString&)> refused_;
   QString folder_;

@@ -13,22 +13,30 @@ QtKeyboard::QtKeyboard() {
 }
 
 bool QtKeyboard::EscapePressed() {
-  return std::exchange(pressed_, false) || down_;
+  const bool reported = std::exchange(pressed_, false) || down_;
+  spent_ = spent_ || (reported && down_);
+  return reported;
 }
 
 bool QtKeyboard::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::ShortcutOverride:  // comes before the press, also when a widget takes the key for itself
     case QEvent::KeyPress:
-      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) down_ = pressed_ = true;
+      if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) break;
+      if (static_cast<QKeyEvent*>(event)->isAutoRepeat() && spent_) {
+        event->accept();
+        return true;
+      }
+      down_ = pressed_ = true;
+      spent_ = false;
       break;
     case QEvent::KeyRelease: {
       const auto* key = static_cast<QKeyEvent*>(event);
-      if (key->key() == Qt::Key_Escape && !key->isAutoRepeat()) down_ = false;
+      if (key->key() == Qt::Key_Escape && !key->isAutoRepeat()) down_ = spent_ = false;
       break;
     }
     case QEvent::ApplicationDeactivate:  // the release will go to another program
-      down_ = false;
+      down_ = spent_ = false;
       break;
     default:
       break;

@@ -20,6 +20,7 @@ class QtKeyboard : public QObject, public Keyboard {
  private:
   bool down_ = false;
   bool pressed_ = false;
+  bool spent_ = false;  ///< the press was reported: its repetitions, until the key is let go, press no button
 };
 
 }  // namespace chartproject

@@ -44,7 +44,7 @@ class EmbeddedSpreadsheet : public SpreadsheetApplication {
 
   void AddSheetAfter(int sheet) override {
     if (sheet != SheetCount())
-      throw RunTimeError(error_number::kApplicationDefined, "Sheets are added behind the last one");
+      throw RunTimeError(error_number::kApplicationDefined, "Sheets are added after the last one");
     names_.push_back("Sheet" + std::to_string(names_.size() + 1));
   }
 
@@ -162,8 +162,17 @@ std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::
 }
 
 std::optional<WorkbookLimits> EmbeddedSpreadsheets::Limits(const std::string& targetName) const {
-  if (HasEnding(targetName, ".csv") || HasEnding(targetName, ".xlsx")) return std::nullopt;
-  return WorkbookLimits{kLargestBiff8Workbook, kMostBiff8Sheets};
+  WorkbookLimits limits;
+  if (HasEnding(targetName, ".csv")) {  // separators and a line end; quotes, which few texts need, are not counted
+    limits.sizes = {.row = 6, .letter = 3, .mostGrowth = 4};
+  } else if (HasEnding(targetName, ".xlsx")) {  // XML in a working file, and what is left of it in the packed one
+    limits.sizes = {.row = 41, .number = 51, .text = 50, .letter = 3, .mostGrowth = 32, .diskPercent = 120};
+  } else {  // records: all of them first in a working file, then in the workbook
+    limits = {kLargestBiff8Workbook, kMostBiff8Sheets, {.row = 20, .number = 18, .text = 13, .letter = 2}};
+    limits.sizes.mostGrowth = 8;
+    limits.sizes.diskPercent = 200;
+  }
+  return limits;
 }
 
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 #include "backends/win32/win32_file_system.h"
 
 #include <utility>
+#include <vector>
 
 #include "backends/win32/com_module.h"
 #include "backends/win32/disk_space.h"
@@ -21,6 +22,43 @@ namespace {
 
 [[nodiscard]] bool IsFolder(DWORD attributes) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+/// Information of a token or a file that the system gives in a size of its own; empty when it gives none.
+template <typename Ask>
+std::vector<unsigned char> Asked(const Ask& ask) {
+  DWORD size = 0;
+  ask(nullptr, 0, &size);
+  std::vector<unsigned char> bytes(size);
+  if (size == 0 || ask(bytes.data(), size, &size) == 0) bytes.clear();
+  return bytes;
+}
+
+/// Whether the calling user owns a file, or the group does to which his files belong (the administrators'). True on a
+/// disk that keeps no owners.
+bool OwnedByUser(const std::wstring& path) {
+  const auto security = Asked([&path](unsigned char* bytes, DWORD room, DWORD* size) {
+    return GetFileSecurityW(path.c_str(), OWNER_SECURITY_INFORMATION, bytes, room, size);
+  });
+  PSID owner = nullptr;
+  BOOL defaulted = FALSE;
+  if (security.empty() ||
+      GetSecurityDescriptorOwner(const_cast<unsigned char*>(security.data()), &owner, &defaulted) == 0 ||
+      owner == nullptr) {
+    return true;
+  }
+  HANDLE token = nullptr;
+  if (OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token) == 0) return false;
+  const auto read = [token](TOKEN_INFORMATION_CLASS kind) {
+    return Asked([token, kind](unsigned char* bytes, DWORD room, DWORD* size) {
+      return GetTokenInformation(token, kind, bytes, room, size);
+    });
+  };
+  const auto user = read(TokenUser);
+  const auto newFiles = read(TokenOwner);
+  CloseHandle(token);
+  return (!user.empty() && EqualSid(owner, reinterpret_cast<const TOKEN_USER*>(user.data())->User.Sid) != 0) ||
+         (!newFiles.empty() && EqualSid(owner, reinterpret_cast<const TOKEN_OWNER*>(newFiles.data())->Owner) != 0);
 }
 
 class Win32FileLock : public FileLock {
@@ -69,6 +107,16 @@ std::string Win32FileSystem::ResolveLink(const std::string& name) {
 
 void Win32FileSystem::CheckReplaceable(const std::string& name) {
   CheckReplaceableWin32(name);
+}
+
+void Win32FileSystem::CheckOwned(const std::string& name) {
+  const std::wstring path = ToWide(name);
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return;
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+    throw RunTimeError(error_number::kPermissionDenied, Text::kLinkNotFollowed, {name});
+  }
+  if (!OwnedByUser(path)) throw RunTimeError(error_number::kPermissionDenied, Text::kOfAnotherUser, {name});
 }
 
 LockAttempt Win32FileSystem::Lock(const std::string& name) {

@@ -18,8 +18,7 @@ class Win32FileSystem : public FileSystem {
   void CheckReplaceable(const std::string& name) override;
   /// A side file takes the access rights of its target itself.
   [[nodiscard]] FileRights RightsOf(const std::string& /*name*/) override { return {}; }
-  /// Projects are made by the program of other systems only.
-  void CheckOwned(const std::string& /*name*/) override {}
+  void CheckOwned(const std::string& name) override;
   [[nodiscard]] LockAttempt Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
   void MakeFolder(const std::string& name) override;

@@ -96,8 +96,9 @@ FileIdentity IdentityOf(HANDLE file, const std::string& name) {
 void RefuseLink(HANDLE file, const std::string& name) {
   BY_HANDLE_FILE_INFORMATION info;
   if (GetFileInformationByHandle(file, &info) == 0) ThrowFileError(GetLastError(), name);
-  if ((info.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 && info.nNumberOfLinks <= 1) return;
-  throw RunTimeError(error_number::kPathFileAccess, name + ": a link, which is not followed here");
+  const bool link = (info.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  if (!link && info.nNumberOfLinks <= 1) return;
+  throw RunTimeError(error_number::kPathFileAccess, link ? Text::kLinkNotFollowed : Text::kFileOfSeveralNames, {name});
 }
 
 void AppendWhole(HANDLE file, std::string_view bytes, const std::string& name) {

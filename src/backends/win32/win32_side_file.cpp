@@ -28,7 +28,7 @@ bool SameFile(const FileIdentity& one, const FileIdentity& other) {
 }
 
 RunTimeError Replaced(const std::string& name) {
-  return RunTimeError(error_number::kPathFileAccess, name + ": was replaced by another file");
+  return RunTimeError(error_number::kPathFileAccess, Text::kReplacedByAnother, {name});
 }
 
 }  // namespace
@@ -98,7 +98,7 @@ void CheckReplaceableWin32(const std::string& name) {
     throw RunTimeError(error_number::kPathFileAccess, Text::kIsAFolder, {name});
   }
   if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-    throw RunTimeError(error_number::kPermissionDenied, name + ": cannot be replaced, it is read-only");
+    throw RunTimeError(error_number::kPermissionDenied, Text::kMarkedReadOnly, {name});
   }
   (void)OpenOnDisk(name, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING);
 }

@@ -22,8 +22,6 @@ constexpr int kFirstSheetPoints = kEndRow - kFirstPointRow;
 constexpr int kSheetPoints = kEndRow - 1;
 /// Lines between two reports while a cell takes microseconds; a separate application takes far longer.
 constexpr std::int64_t kLinesBetweenProgress = 4096;
-/// A workbook of limited size is on the disk twice for a moment: as its rows, and as the file made from them.
-constexpr std::uint64_t kCopies = 2;
 const std::string kRoutine = "cmdExport_Click";
 
 /// Thrown out of the writing when the user cancels it.
@@ -63,12 +61,16 @@ bool IsPlain(std::string_view bytes) {
   return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
 }
 
-/// The most bytes that a value takes in a workbook: a number, or a text of one or two bytes a character.
-std::uint64_t LargestCell(std::string_view text) {
-  constexpr std::uint64_t kNumberRecord = 18;
-  constexpr std::uint64_t kTextRecord = 13;
-  const std::uint64_t bytesEach = IsPlain(text) ? 1 : 2;
-  return text.empty() ? 0 : std::max<std::uint64_t>(kNumberRecord, kTextRecord + bytesEach * text.size());
+/// The most bytes that a value takes in a workbook: as a number, or as a text.
+std::uint64_t LargestCell(const WorkbookSizes& sizes, std::string_view text) {
+  const std::uint64_t letter = IsPlain(text) ? 1 : sizes.letter;
+  return text.empty() ? 0 : std::max<std::uint64_t>(sizes.number, sizes.text + letter * text.size());
+}
+
+/// What a workbook of this sum of parts takes on the disk.
+std::uint64_t DiskBytes(const WorkbookSizes& sizes, std::uint64_t parts) {
+  constexpr std::uint64_t kWhole = 100;
+  return parts / kWhole * sizes.diskPercent;
 }
 
 /// How large a workbook can become at most.
@@ -80,21 +82,20 @@ struct Extent {
 
 /// Measures point by point, unless the file is so small that nothing can be wrong: then nothing.
 std::optional<Extent> Measure(Component& component, const ExportRequest& request, const WorkbookLimits& limits,
-                              std::uint64_t diskBytes) {
-  constexpr std::uint64_t kRowRecord = 20;
-  constexpr std::uint64_t kMostGrowth =
-      8;  // a row of one-character values grows to less than this many times its bytes
+                              std::uint64_t space) {
+  const WorkbookSizes& sizes = limits.sizes;
   const std::int64_t mostInSheets = kFirstSheetPoints + static_cast<std::int64_t>(limits.sheets - 1) * kSheetPoints;
   const std::uint64_t fileBytes = component.ports.files.OpenForReading(request.chartFile)->Identity().size;
   constexpr std::uint64_t kShortestRow = 7;
-  if (fileBytes * kMostGrowth < std::min(limits.bytes, diskBytes) &&
+  const std::uint64_t most = fileBytes * sizes.mostGrowth;
+  if (most < limits.bytes && DiskBytes(sizes, most) < space &&
       fileBytes / kShortestRow < static_cast<std::uint64_t>(mostInSheets)) {
     return std::nullopt;
   }
   Extent extent;
   const Lines lines = ForEachPoint(component, request, kLinesBetweenProgress, [&](const ChartRow& row, std::int64_t) {
-    extent.bytes += kRowRecord + LargestCell(row.time);
-    for (const std::string_view value : row.values) extent.bytes += LargestCell(value);
+    extent.bytes += sizes.row + LargestCell(sizes, row.time);
+    for (const std::string_view value : row.values) extent.bytes += LargestCell(sizes, value);
     if (extent.bytes < limits.bytes && extent.fitting < mostInSheets) ++extent.fitting;
   });
   extent.points = lines.points;
@@ -216,10 +217,11 @@ class Export {
     if (const auto limits = applications.Limits(target_)) {
       ShowBusy(true);  // a long file takes its time to be measured
       const std::uint64_t space = SpaceForTarget();
-      const auto extent = Measure(component_, request_, *limits, space / kCopies);
+      const auto extent = Measure(component_, request_, *limits, space);
       ShowBusy(false);
       if (extent && extent->fitting < extent->points) return RefuseSize(extent->fitting);
-      if (extent && extent->bytes * kCopies > space) return RefuseSpace(extent->bytes * kCopies, space);
+      const std::uint64_t needed = extent ? DiskBytes(limits->sizes, extent->bytes) : 0;
+      if (needed > space) return RefuseSpace(needed, space);
     }
     const FileRights rights = files.RightsOf(place_);
     if (files.FileExists(place_)) {
@@ -277,8 +279,8 @@ class Export {
   /// Free bytes where the workbook goes, with those of the old one, which is deleted first.
   std::uint64_t SpaceForTarget() {
     FileSystem& files = component_.ports.files;
-    const std::uint64_t old = files.FileExists(target_) ? files.OpenForReading(target_)->Identity().size : 0;
-    return files.SpaceFor(target_).availableToUser + old;
+    const std::uint64_t old = files.FileExists(place_) ? files.OpenForReading(place_)->Identity().size : 0;
+    return files.SpaceFor(place_).availableToUser + old;
   }
 
   ExportOutcome RefuseSpace(std::uint64_t needed, std::uint64_t space) {

@@ -40,6 +40,7 @@ std::int16_t ChartView::DriveAddress() const {
 void ChartView::NameSeries(Component& component) {
   const std::int16_t address = DriveAddress();
   names_ = &component.parameterTables.At(address);
+  if (component.simulatedRecordings.contains(FileName())) notices_.push_back({Text::kSimulatedValues, ""});
   try {
     LoadDriverFile(component, address);
   } catch (const RunTimeError& error) {

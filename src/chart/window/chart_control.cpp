@@ -52,6 +52,15 @@ void ChartControl::SetCursorReadout(std::vector<ReadoutLine> lines) {
   InvalidateOverlay();
 }
 
+std::string ChartControl::SpokenWords() const {
+  std::string words;
+  for (const auto* box : {&readout_, &cursorReadout_}) {
+    if (box == &readout_ && !pointerRow_) continue;
+    for (const ReadoutLine& line : *box) words += (words.empty() ? "" : "; ") + line.text;
+  }
+  return words;
+}
+
 std::optional<std::int64_t> ChartControl::CursorLabel(MeasuringCursor which) const noexcept {
   return cursors_[static_cast<std::size_t>(which)];
 }

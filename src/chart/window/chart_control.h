@@ -38,6 +38,8 @@ class ChartControl : public DrawnControl {
   void Paint(Canvas& canvas) override;
   void PaintOverlay(Canvas& canvas) override;
   [[nodiscard]] Size PreferredSize() const override { return {640, 360}; }
+  /// The boxes of pointer and cursors, line by line.
+  [[nodiscard]] std::string SpokenWords() const override;
 
   // Readout and cursors. ---------------------------------------------------------------------------------------------
   /// The row under the mouse pointer.

@@ -1,9 +1,8 @@
 // Which control is where in the chart window, and where the window is on the screen.
 #include <algorithm>
-#include <cmath>
 
 #include "chart/window/chart_form.h"
-#include "common/values/numbers.h"
+#include "common/stored_place.h"
 #include "forms/form_host.h"
 
 namespace chartproject {
@@ -24,10 +23,6 @@ constexpr int kScaleCharacters = 6;
 /// Size of the window before the user gave it another.
 constexpr double kFirstWidth = 1000 * kTwipsPerPixel;
 constexpr double kFirstHeight = 700 * kTwipsPerPixel;
-
-std::string WholeTwips(double twips) {
-  return std::to_string(std::llround(twips));
-}
 
 }  // namespace
 
@@ -60,10 +55,8 @@ void ChartForm::PlaceControls() {
 }
 
 void ChartForm::RestorePlace() {
-  const NumberFormat& format = component_.ports.locale.Numbers();
-  const auto stored = [&](std::string_view key, double otherwise) {
-    const auto text = component_.ports.settings.Read(Name(), key);
-    return text && IsNumeric(*text, format) ? ToDouble(*text, format) : otherwise;
+  const auto stored = [this](std::string_view key, double otherwise) {
+    return StoredTwips(component_, Name(), key, otherwise);
   };
   const Size screen = component_.forms.ScreenSize();
   SetWidth(std::clamp(stored("Width", kFirstWidth), 0.0, screen.width));

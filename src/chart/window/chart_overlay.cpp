@@ -13,6 +13,7 @@ namespace {
 constexpr Color kBoxFill = {255, 255, 255, 236};
 constexpr Color kBoxEdge = {150, 150, 142};
 constexpr Color kBoxText = {40, 40, 38};
+constexpr Color kTransparent = {0, 0, 0, 0};
 constexpr Color kPointerColor = {120, 120, 112};
 constexpr std::array<Color, 2> kCursorColors = {Color{20, 92, 160}, Color{168, 84, 16}};
 constexpr double kPadding = 6;
@@ -80,7 +81,9 @@ void DrawPointer(int row, const ChartModel& model, const Plot& plot, Scene& scen
     if (!std::isfinite(value)) continue;
     const double depth = Is3d(model.kind) ? DepthOfSeries(plot, column, count).front : 0;
     const PointF at = plot.At({plot.X(row), plot.Y(value)}, depth);
-    scene.Ellipse({at.x - 3.5, at.y - 3.5, 7, 7}, series.color, {.color = {255, 255, 255}, .width = 1.5});
+    // A ring: what is in it, a marker for one, stays to be seen.
+    scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = {255, 255, 255}, .width = 3});
+    scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = EdgeTone(series.color), .width = 1.5});
   }
 }
 

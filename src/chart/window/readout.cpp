@@ -85,7 +85,7 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
   const std::string time = scan ? TimeText(*scan * static_cast<double>(points), format) : kNoReading;
   lines.push_back({FillIn(LoadMessage(environment, Text::kCursorDifference), {std::to_string(points), time})});
   for (std::size_t s = 0; s < first.values.size() && s < second.values.size() && s < names.size(); ++s) {
-    lines.push_back({names[s] + ": " + ValueText(first.values[s], format) + " \xE2\x86\x92 " +
+    lines.push_back({names[s] + ": " + ValueText(first.values[s], format) + " -> " +
                          ValueText(second.values[s], format) + " (" +
                          DifferenceText(first.values[s], second.values[s], format) + ")",
                      static_cast<int>(s)});

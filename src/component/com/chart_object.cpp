@@ -7,8 +7,9 @@
 #include "backends/win32/com/automation_object.h"
 #include "backends/win32/com/com_error.h"
 #include "backends/win32/com/server_module.h"
-#include "backends/win32/com/win32_environment.h"
+#include "backends/win32/forms/dpi_scope.h"
 #include "component/chart_class.h"
+#include "component/com/substitutes.h"
 #include "links/com/com_drive_link.h"
 
 #include <chart_project.h>
@@ -41,7 +42,7 @@ class Apartment {
   [[nodiscard]] Component& State() noexcept { return *state_; }
 
  private:
-  Win32Environment environment_;
+  Win32Environment environment_{TheSubstitutes()};
   ComDriveLinkFactory links_{CLSID_ChartClass, environment_.SimulatedClock()};
   std::unique_ptr<Component> state_ = TheProcess().NewState(environment_.GetPorts(), environment_.Forms(), links_);
 };
@@ -52,10 +53,12 @@ class ChartObject final : public AutomationObject<_ChartClass> {
 
   HRESULT STDMETHODCALLTYPE AcquireVar() noexcept override {
     const ComRef<_ChartClass> self(this);  // the host may let go of the object while the dialog is up
+    const DpiScope ownResolution;
     return Guarded(InterfaceId(), [this] { chart_.AcquireVar(); });
   }
   HRESULT STDMETHODCALLTYPE CreateChart(BSTR strFileName) noexcept override {
     const ComRef<_ChartClass> self(this);
+    const DpiScope ownResolution;
     return Guarded(InterfaceId(), [this, strFileName] { chart_.CreateChart(BstrToUtf8(strFileName)); });
   }
 
@@ -66,6 +69,9 @@ class ChartObject final : public AutomationObject<_ChartClass> {
 
 }  // namespace
 
+/// Never changed: it names the surrogate of every installed version.
+constexpr GUID kSurrogateId{0x5A1C07E4, 0x93B2, 0x4D6F, {0xA8, 0x1E, 0x2C, 0x70, 0xD9, 0x46, 0x3B, 0x15}};
+
 ServerDescription DescribeServer() {
   return {CLSID_ChartClass,
           LIBID_ChartProject,
@@ -73,7 +79,8 @@ ServerDescription DescribeServer() {
           L"_ChartClass",
           L"ChartProject: recording and charts of drives",
           L"ChartProject.ChartClass",
-          {{kDriveLinkClassValue, IdText(StandInClass())}, {kDriveLinkInterfaceValue, IdText(DriveLinkInterface())}}};
+          {{kDriveLinkClassValue, IdText(StandInClass())}, {kDriveLinkInterfaceValue, IdText(DriveLinkInterface())}},
+          kSurrogateId};
 }
 
 /// Starts an instance of the component.

@@ -36,13 +36,16 @@ bool ParseSwitch(const std::string& text, const std::string& option) {
 
 void ChartPictureOptions::AddTo(CLI::App& command) {
   command.add_option("--type", type_, "0 and 1 bars, 2 and 3 lines, 4 and 5 areas, 6 and 7 steps; even numbers in 3D")
+      ->type_name("0|1|2|3|4|5|6|7")
       ->capture_default_str();
-  command.add_option("--first", first_, "first point shown, counted from 1")->capture_default_str();
-  command.add_option("--points-per-division", division_, "points in each of the 25 divisions")->capture_default_str();
-  command.add_option("--scale", scales_, "multiplier of each series, for example 1,10");
-  command.add_option("--grid", grid_, "on or off")->capture_default_str();
-  command.add_option("--markers", markers_, "on or off")->capture_default_str();
-  command.add_option("--lines", lines_, "on or off")->capture_default_str();
+  command.add_option("--first", first_, "first point shown, counted from 1")->type_name("N")->capture_default_str();
+  command.add_option("--points-per-division", division_, "points in each of the 25 divisions")
+      ->type_name("N")
+      ->capture_default_str();
+  command.add_option("--scale", scales_, "multiplier of each series, for example 1,10")->type_name("N[,N...]");
+  command.add_option("--grid", grid_, "lines of the grid")->type_name("on|off")->capture_default_str();
+  command.add_option("--markers", markers_, "a marker at each point")->type_name("on|off")->capture_default_str();
+  command.add_option("--lines", lines_, "the lines of line charts")->type_name("on|off")->capture_default_str();
 }
 
 ChartPictureOptions::Choice ChartPictureOptions::Parse() const {

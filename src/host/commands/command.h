@@ -39,6 +39,10 @@ class RefusedError : public std::runtime_error {
 [[nodiscard]] std::unique_ptr<Command> MakeRenderCommand();
 [[nodiscard]] std::unique_ptr<Command> MakePrintCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeExportCommand();
+/// What runs when a chart file is named without a command: as `view FILE`.
+[[nodiscard]] std::unique_ptr<Command> MakeViewOf(const std::string& file);
+/// Made for scripts: --help does not list it.
+[[nodiscard]] std::unique_ptr<Command> MakeDescribeCommand();
 /// What runs without a command: the start window. It adds no subcommand.
 [[nodiscard]] std::unique_ptr<Command> MakeStartCommand();
 

@@ -12,6 +12,7 @@
 #include "host/commands/plan_test.h"
 #include "host/commands/progress.h"
 #include "host/session/session.h"
+#include "host/window/recent_charts.h"
 #include "recording/trigger_events.h"
 
 namespace chartproject {
@@ -139,14 +140,15 @@ class AcquireCommand : public Command {
         ->delimiter(',')
         ->expected(1, kMostGiven)
         ->type_name("P[,P...]");
-    app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)");
-    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)");
+    app->add_option("--address", request_.address, "drive address, 1 to 30 (default: the project's selected drive)")
+        ->type_name("ADDRESS");
+    app->add_option("--points", request_.points, "number of points, 1 to 2000000000 (default: 5)")->type_name("N");
     app->add_option("--every", every_, "time between points: 200ms to 65535ms, 1s to 65s, or hh:mm:ss (default: 1s)")
         ->type_name("TIME");
     app->add_option("--trigger", request_.trigger, "record when an event occurs, one of: " + EventCodes())
         ->type_name("CODE");
-    app->add_option("--compare", request_.compare, "parameter that a PXXX event compares");
-    app->add_option("--content", request_.content, "value that a PXXX event compares with");
+    app->add_option("--compare", request_.compare, "parameter that a PXXX event compares")->type_name("PARAMETER");
+    app->add_option("--content", request_.content, "value that a PXXX event compares with")->type_name("VALUE");
     app->add_flag("--test", test_, "record nothing: read the plan once, and say how long a point takes");
     return app;
   }
@@ -162,6 +164,7 @@ class AcquireCommand : public Command {
         if (!option->empty()) throw RefusedError("acquire: in the dialog all is chosen there; leave the options out");
       }
       session.UseDesktop(DesktopMode::kScreen);
+      RememberAllCharts(session.Instance().State());
       session.Instance().AcquireVar();
       return ExitCode::kDone;
     }

@@ -34,10 +34,11 @@ class ExportCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("export", "Write the points of a chart file into a workbook");
-    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("FILE", file_, "chart file")->type_name("")->required();
     app->add_option("--output", output_,
                     "workbook to write; its ending chooses the format: .xls, .xlsx (the modern workbook) or .csv (text "
-                    "with the locale's list and decimal separators) [default: FILE.xls]");
+                    "with the locale's list and decimal separators) [default: FILE.xls]")
+        ->type_name("WORKBOOK");
     return app;
   }
 

@@ -45,7 +45,7 @@ class InfoCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("info", "Show the header of a chart file and count its rows");
-    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("FILE", file_, "chart file")->type_name("")->required();
     app->add_flag("--json", json_, "as one JSON object");
     return app;
   }

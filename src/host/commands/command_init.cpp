@@ -15,13 +15,15 @@ class InitCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("init", "Make a ready project with six simulated drives in a folder");
-    app->add_option("FOLDER", folder_, "the project's folder; files that are there stay as they are")->required();
+    app->add_option("FOLDER", folder_, "the project's folder; files that are there stay as they are")
+        ->type_name("")
+        ->required();
     return app;
   }
 
   ExitCode Run(Session& session) override {
     Ports& ports = session.ThePorts();
-    const ProjectReport report = MakeProject(ports.files, ports.settings, ports.codePage, FullName(folder_));
+    const ProjectReport report = Make(ports);
     std::ostream& out = session.Out();
     out << "Project in " << VisibleText(report.folder) << ": " << report.written.size() << " files made";
     if (!report.unchanged.empty()) out << ", " << report.unchanged.size() << " were there already";
@@ -34,6 +36,14 @@ class InitCommand : public Command {
   }
 
  private:
+  [[nodiscard]] ProjectReport Make(Ports& ports) const {
+    try {
+      return MakeProject(ports.files, ports.settings, ports.codePage, FullName(folder_));
+    } catch (const ForeignFolder& error) {
+      throw RefusedError(error.Description());
+    }
+  }
+
   std::string folder_;
 };
 

@@ -25,10 +25,10 @@ class PrintCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("print", "Print the chart of a chart file with its header");
-    app->add_option("FILE", file_, "chart file")->required();
-    app->add_option("--output", output_, "PDF file to write [default: the system's default printer]");
-    app->add_option("--paper", paper_,
-                    "A3, A4, A5, Letter or Legal [default: the printer's own, or that of the country]");
+    app->add_option("FILE", file_, "chart file")->type_name("")->required();
+    app->add_option("--output", output_, "PDF file to write [default: the system's default printer]")->type_name("PDF");
+    app->add_option("--paper", paper_, "size of the paper [default: the printer's own, or that of the country]")
+        ->type_name("A3|A4|A5|Letter|Legal");
     options_.AddTo(*app);
     return app;
   }

@@ -19,12 +19,12 @@ class ReadCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("read", "Read parameters of a drive, once or again and again");
-    app->add_option("ADDRESS", address_, "drive address, 1 to 30")->required();
-    app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999: 5 or P005")->required();
+    app->add_option("ADDRESS", address_, "drive address, 1 to 30")->type_name("")->required();
+    app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999: 5 or P005")->type_name("")->required();
     watch_ = app->add_option("--watch", seconds_, "read again every so many seconds, 1 to 3600 (default: 1)")
                  ->expected(0, 1)
-                 ->type_name("[SECONDS]");
-    app->add_option("--times", times_, "end --watch after so many rounds (default: Ctrl-C ends it)");
+                 ->type_name("SECONDS");
+    app->add_option("--times", times_, "end --watch after so many rounds (default: Ctrl-C ends it)")->type_name("N");
     return app;
   }
 

@@ -19,10 +19,10 @@ class RenderCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("render", "Draw the chart of a chart file into a PNG file");
-    app->add_option("FILE", file_, "chart file")->required();
-    app->add_option("--output", output_, "picture file to write")->required();
+    app->add_option("FILE", file_, "chart file")->type_name("")->required();
+    app->add_option("--output", output_, "picture file to write")->type_name("PNG")->required();
     options_.AddTo(*app);
-    app->add_option("--size", size_, "width and height in pixels")->capture_default_str();
+    app->add_option("--size", size_, "width and height in pixels")->type_name("WIDTHxHEIGHT")->capture_default_str();
     return app;
   }
 

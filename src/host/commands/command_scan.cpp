@@ -37,8 +37,8 @@ class ScanCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("scan", "Find the drives of a line: which addresses answer");
-    app->add_option("--from", from_, "first address (default: 1)");
-    app->add_option("--to", to_, "last address (default: 30)");
+    app->add_option("--from", from_, "first address (default: 1)")->type_name("N");
+    app->add_option("--to", to_, "last address (default: 30)")->type_name("N");
     app->add_flag("--try", try_, "try all speeds and parities, the most usual first, until a drive answers");
     return app;
   }

@@ -58,8 +58,9 @@ class SettingsCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("settings", "List the settings, show one, or set one");
-    app->add_option("SECTION.KEY", name_, "for example MyConf.strLanguage");
-    value_ = app->add_option("VALUE", text_, "new value (English, Portuguese, Spanish; Yes, No; a number; a folder)");
+    app->add_option("SECTION.KEY", name_, "for example MyConf.strLanguage")->type_name("");
+    value_ = app->add_option("VALUE", text_, "new value (English, Portuguese, Spanish; Yes, No; a number; a folder)")
+                 ->type_name("");
     return app;
   }
 

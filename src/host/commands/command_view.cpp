@@ -1,11 +1,12 @@
 // view FILE: the chart window.
 #include <exception>
+#include <utility>
 
-#include "chart/window/show_chart.h"
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
 #include "host/session/session.h"
+#include "host/window/recent_charts.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -14,13 +15,16 @@ namespace {
 
 class ViewCommand : public Command {
  public:
+  explicit ViewCommand(std::string file = {}) : file_(std::move(file)) {}
+
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("view", "Show a chart file in the chart window");
-    app->add_option("FILE", file_, "chart file")->required();
+    app->add_option("FILE", file_, "chart file [default: asks for one]")->type_name("");
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    if (file_.empty()) return AskAndShow(session);
     const std::string name = FullName(file_);
     (void)session.ThePorts().files.ResolveLink(name);  // refuses a device or a pipe before a window comes up
     session.UseDesktop(DesktopMode::kScreen);
@@ -34,13 +38,22 @@ class ViewCommand : public Command {
     }
     Component& component = session.Instance().State();
     component.strChartFileName = name;
-    const bool shown = ShowChart(component, name);
+    const bool shown = ShowAndRemember(component, name);
     session.Release();
     if (fault) std::rethrow_exception(fault);
     return shown ? ExitCode::kDone : ExitCode::kRunTimeError;
   }
 
  private:
+  static ExitCode AskAndShow(Session& session) {
+    session.UseDesktop(DesktopMode::kScreen);
+    Component& component = session.Instance().State();
+    const auto name = AskForChart(component);
+    if (!name) return ExitCode::kDone;
+    component.strChartFileName = *name;
+    return ShowAndRemember(component, *name) ? ExitCode::kDone : ExitCode::kRunTimeError;
+  }
+
   std::string file_;
 };
 
@@ -48,6 +61,10 @@ class ViewCommand : public Command {
 
 std::unique_ptr<Command> MakeViewCommand() {
   return std::make_unique<ViewCommand>();
+}
+
+std::unique_ptr<Command> MakeViewOf(const std::string& file) {
+  return std::make_unique<ViewCommand>(file);
 }
 
 }  // namespace chartproject

@@ -105,16 +105,17 @@ bool TestDrive(Session& session, Component& component, int address) {
 void DrivesActions::AddTo(CLI::App& drives) {
   drives.require_subcommand(0, 1);
   add_ = drives.add_subcommand("add", "Add a drive to the project, with driver files of a model that ships");
-  add_->add_option("ADDRESS", address_, "drive address, 1 to 30")->required();
-  add_->add_option("MODEL", model_, "for example KRA-09")->required();
-  add_->add_option("--firmware", firmware_, "firmware version (default: that of the model's driver files)");
-  add_->add_option("--tag", tag_, "what the drive is called in the plant");
+  add_->add_option("ADDRESS", address_, "drive address, 1 to 30")->type_name("")->required();
+  add_->add_option("MODEL", model_, "for example KRA-09")->type_name("")->required();
+  add_->add_option("--firmware", firmware_, "firmware version (default: that of the model's driver files)")
+      ->type_name("VERSION");
+  add_->add_option("--tag", tag_, "what the drive is called in the plant")->type_name("TEXT");
   remove_ = drives.add_subcommand("remove", "Take a drive out of the project; its files stay");
-  remove_->add_option("ADDRESS", address_, "drive address, 1 to 30")->required();
+  remove_->add_option("ADDRESS", address_, "drive address, 1 to 30")->type_name("")->required();
   test_ = drives.add_subcommand("test", "Ask each drive of the project, or one, for a parameter");
-  test_->add_option("ADDRESS", address_, "drive address, 1 to 30");
+  test_->add_option("ADDRESS", address_, "drive address, 1 to 30")->type_name("");
   check_ = drives.add_subcommand("check", "Check a driver file: all complaints in one list");
-  check_->add_option("FILE", file_, "driver file (.wcd)")->required();
+  check_->add_option("FILE", file_, "driver file (.wcd)")->type_name("")->required();
   for (CLI::App* const action : {add_, remove_, test_, check_}) action->fallthrough();
 }
 

@@ -62,9 +62,13 @@ ProjectFiles AllFiles(const CodePage& codePage, DrivesOfProject drives) {
 /// A folder from elsewhere may hold links that lead out of it. Each name on the way from the project's folder to the
 /// file is checked; the folder itself was named by the user and may be a link.
 void CheckPlace(FileSystem& files, const std::string& folder, const std::string& file) {
-  files.CheckOwned(files.ResolveLink(folder));
-  for (std::size_t slash = file.find('/'); slash != std::string::npos; slash = file.find('/', slash + 1)) {
-    files.CheckOwned(JoinPath(folder, file.substr(0, slash)));
+  try {
+    files.CheckOwned(files.ResolveLink(folder));
+    for (std::size_t slash = file.find('/'); slash != std::string::npos; slash = file.find('/', slash + 1)) {
+      files.CheckOwned(JoinPath(folder, file.substr(0, slash)));
+    }
+  } catch (const RunTimeError& error) {
+    throw ForeignFolder(error);
   }
 }
 

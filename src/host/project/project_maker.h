@@ -6,6 +6,7 @@
 
 #include "platform/code_page.h"
 #include "platform/file_system.h"
+#include "platform/run_time_error.h"
 #include "platform/settings_store.h"
 
 namespace chartproject {
@@ -26,6 +27,12 @@ struct ProjectReport {
   std::vector<ReplacedSetting> replaced;  ///< settings of another project that now point at this one
 };
 
+/// The project's folder, or one in it, is a link or belongs to another user.
+class ForeignFolder : public RunTimeError {
+ public:
+  explicit ForeignFolder(const RunTimeError& reason) : RunTimeError(reason) {}
+};
+
 enum class DrivesOfProject {
   kSimulated,  ///< one of each simulated model
   kNone        ///< the user adds drives; driver files of the shipped models are there
@@ -33,7 +40,7 @@ enum class DrivesOfProject {
 
 /// Makes the project in a folder, which need not exist, and stores the settings. No file that is there is written over.
 /// Settings are stored last: when a file cannot be written they stay as they were. Throws RunTimeError;
-/// 70 when a folder in it is a link or belongs to another user, and then nothing was written.
+/// ForeignFolder before anything was written.
 /// @param folder absolute, or seen from the current folder
 ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const CodePage& codePage,
                           const std::string& folder, DrivesOfProject drives = DrivesOfProject::kSimulated);

@@ -1,5 +1,4 @@
-// The program's windows, when it was built with them. Which body is built is chosen by the CMake option
-// CHARTPROJECT_QT: desktop_qt.cpp or desktop_none.cpp.
+// The program's windows. Its two bodies make two programs: desktop_qt.cpp and, without windows, desktop_none.cpp.
 #pragma once
 
 #include <functional>

@@ -1,11 +1,10 @@
 // The program's stand-in for the drive host's main window.
 #include "host/window/start_form.h"
 
-#include <array>
-
 #include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/form_appearance.h"
+#include "common/values/text.h"
 #include "forms/form_host.h"
 
 namespace chartproject {
@@ -13,6 +12,20 @@ namespace chartproject {
 namespace {
 
 constexpr int kDriveLineWidth = 46;
+constexpr std::size_t kMostOfName = 40;  // characters; the tool tip has the full name
+
+/// The file's name on a button: "&" would mark an access key, and a long name would widen the window.
+std::string ButtonName(const std::string& fileName) {
+  const std::string name = VisibleText(fileName.substr(fileName.find_last_of('/') + 1));
+  std::string shown;
+  std::size_t characters = 0;
+  for (const char c : name) {
+    const bool begins = (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+    if (begins && ++characters > kMostOfName) return shown + "...";
+    shown += c == '&' ? "&&" : std::string(1, c);
+  }
+  return shown;
+}
 
 }  // namespace
 
@@ -35,9 +48,12 @@ void StartForm::PlaceControls() {
   cmdAcquire.SetDefault(true);
   cmdClose.SetCancel(true);
   LayoutBox drives = Stretched(Group(fraDrives, Column({Cell(rtfDrives, 1, 1), Cell(lblProject, 1)})), 1, 1);
-  LayoutBox buttons = Column({Cell(cmdAcquire), Cell(cmdOpenChart), Space(0, 1), Cell(cmdClose)});
-  SetLayout(Column({Row({std::move(drives), std::move(buttons)}), Collapsing(Cell(lblNote, 1)),
-                    Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
+  LayoutBox buttons = Column({Cell(cmdAcquire), Cell(cmdOpenChart), Cell(cmdHelp), Space(0, 1), Cell(cmdClose)});
+  std::vector<LayoutBox> recent;
+  for (CommandButton& button : cmdRecent) recent.push_back(Collapsing(Cell(button, 1)));
+  SetLayout(
+      Column({Row({std::move(drives), std::move(buttons)}), Collapsing(Group(fraRecent, Column(std::move(recent)))),
+              Collapsing(Cell(lblNote, 1)), Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
 }
 
 void StartForm::Connect() {
@@ -47,6 +63,12 @@ void StartForm::Connect() {
   cboLanguage.click = {"cboLanguage_Click", [this] { cboLanguage_Click(); }};
   chkSound.click = {"chkSound_Click", [this] { chkSound_Click(); }};
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, 0); }};
+  cmdHelp.click = helpRequested;
+  for (std::size_t i = 0; i < cmdRecent.size(); ++i) {
+    cmdRecent.at(i).click = {cmdRecent.at(i).Name() + "_Click", [this, i] { OpenChart(std::string(recent_.at(i))); }};
+  }
+  fileDropped = [this](const std::string& fileName) { OpenChart(fileName); };
+  RememberAllCharts(component_);
 }
 
 void StartForm::OnLoad() {
@@ -59,6 +81,7 @@ void StartForm::OnLoad() {
   lblProject.SetCaption(settings.strFolder);
   lblNote.SetVisible(!madeIn_.empty());
   ShowTexts();
+  ShowRecent();
   LayoutChanged();
   const Size screen = component_.forms.ScreenSize();
   SetLeft((screen.width - Width()) / 2);
@@ -72,7 +95,9 @@ void StartForm::ShowTexts() {
   fraDrives.SetCaption(text(Text::kStartDrives));
   cmdAcquire.SetCaption(text(Text::kStartAcquire));
   cmdOpenChart.SetCaption(text(Text::kStartOpenChart));
+  cmdHelp.SetCaption(text(Text::kBoxHelp));
   cmdClose.SetCaption(text(Text::kStartClose));
+  fraRecent.SetCaption(text(Text::kStartRecent));
   lblLanguage.SetCaption(text(Text::kStartLanguage));
   chkSound.SetCaption(text(Text::kStartSound));
   lblNote.SetCaption(FillIn(text(Text::kStartProjectMade), {madeIn_}));
@@ -104,13 +129,32 @@ void StartForm::chkSound_Click() {
 void StartForm::cmdAcquire_Click() {
   lblNote.SetVisible(false);  // said once
   instance_.AcquireVar();
+  ShowRecent();
 }
 
 void StartForm::cmdOpenChart_Click() {
   lblNote.SetVisible(false);
-  const auto fileName = component_.ports.dialogs.ShowOpenFile(
-      {component_.settings.strFolder, LoadMessage(component_, Text::kStartChartFiles) + " (*.cht)|*.cht", 1, 4096});
-  if (fileName) instance_.CreateChart(*fileName);
+  const auto fileName = AskForChart(component_);
+  if (fileName) OpenChart(*fileName);
+}
+
+void StartForm::OpenChart(const std::string& fileName) {
+  lblNote.SetVisible(false);
+  RememberChart(component_, fileName);
+  ShowRecent();
+  instance_.CreateChart(fileName);
+}
+
+void StartForm::ShowRecent() {
+  recent_ = RecentCharts(component_.ports);
+  for (std::size_t i = 0; i < cmdRecent.size(); ++i) {
+    const bool there = i < recent_.size();
+    cmdRecent.at(i).SetVisible(there);
+    if (!there) continue;
+    cmdRecent.at(i).SetCaption("&" + std::to_string(i + 1) + "  " + ButtonName(recent_[i]));
+    cmdRecent.at(i).SetToolTipText(recent_[i]);
+  }
+  fraRecent.SetVisible(!recent_.empty());
 }
 
 }  // namespace chartproject

@@ -1,11 +1,13 @@
 // frmStart, the window that opens when the program is started without a command: drives, recording, charts, language.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "component/chart_class.h"
 #include "forms/controls.h"
 #include "forms/form.h"
+#include "host/window/recent_charts.h"
 
 namespace chartproject {
 
@@ -18,7 +20,12 @@ class StartForm : public Form {
   // Controls, in tab order. ------------------------------------------------------------------------------------------
   CommandButton cmdAcquire{*this, "cmdAcquire"};
   CommandButton cmdOpenChart{*this, "cmdOpenChart"};
+  CommandButton cmdHelp{*this, "cmdHelp"};
   CommandButton cmdClose{*this, "cmdClose"};
+  std::array<CommandButton, kRecentCharts> cmdRecent{
+      CommandButton{*this, "cmdRecent1"}, CommandButton{*this, "cmdRecent2"}, CommandButton{*this, "cmdRecent3"},
+      CommandButton{*this, "cmdRecent4"}};
+  Frame fraRecent{*this, "fraRecent"};
   Frame fraDrives{*this, "fraDrives"};
   RichTextBox rtfDrives{*this, "rtfDrives"};
   Label lblProject{*this, "lblProject"};
@@ -40,10 +47,14 @@ class StartForm : public Form {
   void chkSound_Click();
   void cmdAcquire_Click();
   void cmdOpenChart_Click();
+  void OpenChart(const std::string& fileName);
+  /// The charts that can be opened again, each on its button.
+  void ShowRecent();
 
   ChartClass& instance_;
   Component& component_;
   std::string madeIn_;
+  std::vector<std::string> recent_;  ///< full names, as on the buttons
 };
 
 }  // namespace chartproject

@@ -26,6 +26,7 @@ struct IgnoredOutput {
 
 class ComDriveLink : public DriveLink {
  public:
+  /// @param time null for a link to drives  @param clock the virtual clock; null for the real one
   ComDriveLink(ComRef<_DriveLink> link, ComRef<ISimulatedTime> time, VirtualClock* clock, bool standIn)
       : link_(std::move(link)), time_(std::move(time)), clock_(clock), standIn_(standIn) {}
 
@@ -74,6 +75,7 @@ class ComDriveLink : public DriveLink {
     RequireSuccess(link_->GetText(fetched.Receive()), "GetText");
     return fetched.Utf8();
   }
+  [[nodiscard]] bool Simulated() const noexcept override { return static_cast<bool>(time_); }
 
  private:
   /// What the statuses of a host's link mean, apart from success, is not known here.
@@ -83,14 +85,14 @@ class ComDriveLink : public DriveLink {
   }
 
   void TellTime() {
-    if (!time_) return;
+    if (!time_ || clock_ == nullptr) return;
     const auto now = std::chrono::duration<double, std::milli>(clock_->Now()).count();
     RequireSuccess(time_->SetTime(now), "SetTime");
   }
 
   /// The virtual clock goes on by what a slow drive took.
   void TakeTime() {
-    if (!time_) return;
+    if (!time_ || clock_ == nullptr) return;
     double milliseconds = 0;
     RequireSuccess(time_->GetTime(&milliseconds), "GetTime");
     clock_->AdvanceTo(std::chrono::duration_cast<Instant>(std::chrono::duration<double, std::milli>(milliseconds)));
@@ -103,8 +105,7 @@ class ComDriveLink : public DriveLink {
 };
 
 [[noreturn]] void ThrowCannotCreate(const GUID& classId, const std::string& reason) {
-  throw RunTimeError(error_number::kCannotCreateObject,
-                     "The drive link " + ToUtf8(IdText(classId)) + " cannot be created: " + reason);
+  throw RunTimeError(error_number::kCannotCreateObject, Text::kDriveLinkNotMade, {ToUtf8(IdText(classId)), reason});
 }
 
 }  // namespace
@@ -125,8 +126,7 @@ GUID ComDriveLinkFactory::Configured(const wchar_t* value, const GUID& otherwise
   if (!text || text->empty()) return otherwise;
   GUID id;
   if (FAILED(CLSIDFromString(text->c_str(), &id))) {
-    throw RunTimeError(error_number::kCannotCreateObject,
-                       "The registry names a drive link that is no class id: " + ToUtf8(*text));
+    throw RunTimeError(error_number::kCannotCreateObject, Text::kDriveLinkNoId, {ToUtf8(*text)});
   }
   return id;
 }
@@ -142,7 +142,8 @@ std::unique_ptr<DriveLink> ComDriveLinkFactory::Create(const LinkWait& /*wait*/)
   const HRESULT found = object->QueryInterface(interfaceId, link.ReceiveUntyped());
   if (FAILED(found)) ThrowCannotCreate(classId, "it has no interface " + ToUtf8(IdText(interfaceId)));
   ComRef<ISimulatedTime> time;
-  if (simulatedClock_ != nullptr && FAILED(object->QueryInterface(IID_ISimulatedTime, time.ReceiveUntyped()))) {
+  const HRESULT simulated = object->QueryInterface(IID_ISimulatedTime, time.ReceiveUntyped());
+  if (simulatedClock_ != nullptr && FAILED(simulated)) {
     ThrowCannotCreate(classId, "the virtual clock needs a simulated link");
   }
   return std::make_unique<ComDriveLink>(std::move(link), std::move(time), simulatedClock_,

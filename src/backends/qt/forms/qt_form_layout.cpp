@@ -147,6 +147,7 @@ void QtFormView::ArrangeControls() {
 }
 
 void QtFormView::Show() {
+  NameWidgets();
   closing_ = false;
   UpdateLayout();
   window_->setWindowModality(Qt::ApplicationModal);

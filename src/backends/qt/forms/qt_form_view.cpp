@@ -11,6 +11,7 @@
 #include "backends/qt/qt_text.h"
 #include "forms/controls.h"
 #include "forms/flag_scope.h"
+#include "forms/spoken_name.h"
 
 namespace chartproject {
 
@@ -48,6 +49,7 @@ void QtFormView::ControlChanged(Control& control, Property property) {
     return;
   }
   widget->Show(property);
+  if (property == Property::kOverlay) widget->Widget().setAccessibleName(ToQt(SpokenName(control)));
   const bool mayMoveOthers =
       property == Property::kCaption || property == Property::kVisible || property == Property::kList;
   // A caption shows at once where its room is there already; its access key follows with the layout.
@@ -197,6 +199,19 @@ void QtFormView::CloseRequested() {
   if (closing_) return;
   DeliverFocusLeave();
   if (form_.IsLoaded()) form_.CloseByUser();
+}
+
+void QtFormView::NameWidgets() {
+  for (const auto& each : widgets_) {
+    if (!each->Model().HasCaption()) each->Widget().setAccessibleName(ToQt(SpokenName(each->Model())));
+  }
+}
+
+void QtFormView::FileDropped(const QString& fileName) {
+  if (!TakesFiles()) return;
+  DeliverFocusLeave();
+  if (!form_.IsLoaded()) return;
+  form_.RunHandler("Form_FileDropped", [this, name = FromQt(fileName)] { form_.fileDropped(name); });
 }
 
 QWidget& QtFormView::Window() const {

@@ -61,6 +61,9 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   void PlaceChanged();
   void StateChanged();
   void CloseRequested();
+  /// Whether the form wants files that are dropped onto it, now.
+  [[nodiscard]] bool TakesFiles() const { return !closing_ && form_.fileDropped != nullptr; }
+  void FileDropped(const QString& fileName);
   /// Enter, Esc and F1 where no control used them. @return true when the form did
   bool KeyPressed(int key, QWidget* focus);
   bool PressButton(bool (*isMeant)(const Control& control));
@@ -69,6 +72,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   /// The user, or the form, chose where the focus is.
   void FocusTaken();
   void FocusLeft(QObject* widget, bool byMouse);
+  void NameWidgets();
   void DeliverFocusLeave();
   [[nodiscard]] ControlWidget* Find(const Control& control) const;
   [[nodiscard]] Control* ControlOf(const QObject* widget) const;

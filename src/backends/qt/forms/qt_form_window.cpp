@@ -4,6 +4,9 @@
 #include <QCloseEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
 
 #include "backends/qt/forms/qt_form_view.h"
 
@@ -11,7 +14,20 @@ namespace chartproject {
 
 FormWindow::FormWindow(QtFormView& view) : view_(view) {
   setAttribute(Qt::WA_QuitOnClose, false);
+  setAcceptDrops(true);
 }
+
+namespace {
+
+/// The first file of this machine that a drag brings; empty when it brings none.
+QString FileOf(const QDropEvent& event) {
+  for (const QUrl& url : event.mimeData()->urls()) {
+    if (url.isLocalFile()) return url.toLocalFile();
+  }
+  return {};
+}
+
+}  // namespace
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut || event->type() == QEvent::FocusIn) {
@@ -51,6 +67,16 @@ void FormWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) view_.StateChanged();
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) view_.UpdateLayoutSoon();
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (view_.TakesFiles() && !FileOf(*event).isEmpty()) event->acceptProposedAction();
+}
+
+void FormWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  // Later: what the form opens must not hold up the program that the file is dragged from.
+  QTimer::singleShot(0, this, [this, file = FileOf(*event)] { view_.FileDropped(file); });
 }
 
 }  // namespace chartproject

@@ -28,8 +28,7 @@ bool IsUnknownLocale(HRESULT result) {
 
 void RequireAnswer(HRESULT result, const wchar_t* name) {
   if (!IsBusy(result)) return RequireSuccess(result, ToUtf8(name).c_str());
-  throw RunTimeError(ErrorNumber(result),
-                     "The application is busy: leave the cell that is being edited and close its boxes");
+  throw RunTimeError(ErrorNumber(result), Text::kApplicationBusy);
 }
 
 void Forget(const EXCEPINFO& exception) {
@@ -44,8 +43,8 @@ void Forget(const EXCEPINFO& exception) {
   const std::string source = BstrToUtf8(exception.bstrSource);
   Forget(exception);
   const int number = exception.wCode != 0 ? exception.wCode : ErrorNumber(exception.scode);
-  throw RunTimeError(number, description.empty() ? ToUtf8(name) + " failed" : description,
-                     source.empty() ? "Excel.Application" : source);
+  if (description.empty()) throw RunTimeError(number, Text::kApplicationFailed, {ToUtf8(name)});
+  throw RunTimeError(number, description, source.empty() ? "Excel.Application" : source);
 }
 
 }  // namespace
@@ -79,7 +78,7 @@ std::vector<DISPID> AutomationClient::IdsOf(IDispatch* object, const MemberName&
     return object->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()), locale, ids.data());
   });
   if (result == DISP_E_UNKNOWNNAME) {
-    throw RunTimeError(error_number::kPropertyNotSupported, ToUtf8(name.text) + ": the object has no such member");
+    throw RunTimeError(error_number::kPropertyNotSupported, Text::kApplicationMember, {ToUtf8(name.text)});
   }
   RequireAnswer(result, name.text);
   return ids;
@@ -125,7 +124,7 @@ void AutomationClient::Set(IDispatch* object, MemberName& name, ComVariant value
 ComRef<IDispatch> AutomationClient::Fetch(IDispatch* object, MemberName& name, AutomationArguments arguments) {
   const ComVariant result = Invoke(object, name, arguments, DISPATCH_METHOD | DISPATCH_PROPERTYGET);
   if (result.Value().vt != VT_DISPATCH || result.Value().pdispVal == nullptr) {
-    throw RunTimeError(kObjectRequired, ToUtf8(name.text) + " gave no object");
+    throw RunTimeError(kObjectRequired, Text::kWithoutObject, {ToUtf8(name.text)});
   }
   return ComRef<IDispatch>(result.Value().pdispVal);
 }

@@ -22,6 +22,36 @@ struct Entry {
   std::wstring value;
 };
 
+/// Which of the two registries of a 64-bit Windows: that of the calling program, or the one of 64-bit programs.
+enum class View : REGSAM { kOwn = 0, k64Bit = KEY_WOW64_64KEY };
+
+bool On64BitWindows() noexcept {
+  BOOL emulated = FALSE;
+  return IsWow64Process(GetCurrentProcess(), &emulated) != 0 && emulated != FALSE;
+}
+
+std::vector<View> ViewsOf(const ServerDescription& server) {
+  if (server.surrogateId && On64BitWindows()) return {View::kOwn, View::k64Bit};
+  return {View::kOwn};
+}
+
+/// The keys below the classes, each with all that is below it.
+std::vector<std::wstring> KeysOf(const ServerDescription& server) {
+  std::vector<std::wstring> keys{L"CLSID\\" + IdText(server.classId), server.progId, server.progId + L".1",
+                                 L"TypeLib\\" + IdText(server.libraryId), L"Interface\\" + IdText(server.interfaceId)};
+  if (server.surrogateId) keys.push_back(L"AppID\\" + IdText(*server.surrogateId));
+  return keys;
+}
+
+/// A 64-bit host cannot load the DLL: where the class has an application with an empty DllSurrogate, the system loads
+/// it into a process of its own and passes the calls on.
+void AddSurrogate(const ServerDescription& server, std::vector<Entry>& entries) {
+  const std::wstring id = IdText(*server.surrogateId);
+  entries.push_back({L"CLSID\\" + IdText(server.classId), L"AppID", id});
+  entries.push_back({L"AppID\\" + id, L"", server.progId});
+  entries.push_back({L"AppID\\" + id, L"DllSurrogate", L""});
+}
+
 std::vector<Entry> EntriesOf(const ServerDescription& server) {
   const std::wstring classKey = L"CLSID\\" + IdText(server.classId);
   const std::wstring libraryKey = L"TypeLib\\" + IdText(server.libraryId) + L"\\1.0";
@@ -53,19 +83,27 @@ std::vector<Entry> EntriesOf(const ServerDescription& server) {
   };
 }
 
-LSTATUS Store(HKEY root, const Entry& entry, bool keepExisting) {
+LSTATUS Store(HKEY root, const Entry& entry, bool keepExisting, View view = View::kOwn) {
   OwnedKey key;
-  const LSTATUS opened = RegCreateKeyExW(root, (kClasses + entry.key).c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE,
-                                         nullptr, key.Receive(), nullptr);
+  const REGSAM access = KEY_READ | KEY_WRITE | static_cast<REGSAM>(view);
+  const LSTATUS opened =
+      RegCreateKeyExW(root, (kClasses + entry.key).c_str(), 0, nullptr, 0, access, nullptr, key.Receive(), nullptr);
   if (opened != ERROR_SUCCESS) return opened;
   if (keepExisting && ReadRegistryText(key.Get(), entry.name)) return ERROR_SUCCESS;
   return WriteRegistryText(key.Get(), entry.name, entry.value);
 }
 
 LSTATUS StoreAll(HKEY root, const ServerDescription& server) {
-  for (const Entry& entry : EntriesOf(server)) {
-    const LSTATUS status = Store(root, entry, false);
-    if (status != ERROR_SUCCESS) return status;
+  const std::vector<View> views = ViewsOf(server);
+  for (const View view : views) {
+    std::vector<Entry> entries = EntriesOf(server);
+    if (views.size() > 1) AddSurrogate(server, entries);
+    const std::wstring inProcess = L"CLSID\\" + IdText(server.classId) + L"\\InprocServer32";
+    for (const Entry& entry : entries) {
+      if (view == View::k64Bit && entry.key == inProcess) continue;
+      const LSTATUS status = Store(root, entry, false, view);
+      if (status != ERROR_SUCCESS) return status;
+    }
   }
   for (const ClassValue& value : server.classValues) {
     const LSTATUS status = Store(root, {L"CLSID\\" + IdText(server.classId), value.name, value.value}, true);
@@ -85,16 +123,22 @@ std::vector<Entry> SitesValues(HKEY root, const ServerDescription& server) {
   return entries;
 }
 
+LSTATUS Remove(HKEY root, const std::wstring& key, View view) {
+  const auto flag = static_cast<REGSAM>(view);
+  OwnedKey opened;
+  LSTATUS status = RegOpenKeyExW(root, key.c_str(), 0, KEY_ALL_ACCESS | flag, opened.Receive());
+  if (status == ERROR_SUCCESS) status = RegDeleteTreeW(opened.Get(), nullptr);
+  return status == ERROR_SUCCESS ? RegDeleteKeyExW(root, key.c_str(), flag, 0) : status;
+}
+
 LSTATUS RemoveAll(HKEY root, const ServerDescription& server) {
   const std::vector<Entry> kept = SitesValues(root, server);
   LSTATUS worst = ERROR_SUCCESS;
-  for (const std::wstring& key :
-       {L"CLSID\\" + IdText(server.classId), server.progId, server.progId + L".1",
-        L"TypeLib\\" + IdText(server.libraryId), L"Interface\\" + IdText(server.interfaceId)}) {
-    const std::wstring path = kClasses + key;
-    LSTATUS status = RegDeleteTreeW(root, path.c_str());
-    if (status == ERROR_SUCCESS) status = RegDeleteKeyW(root, path.c_str());
-    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) worst = status;
+  for (const View view : ViewsOf(server)) {
+    for (const std::wstring& key : KeysOf(server)) {
+      const LSTATUS status = Remove(root, kClasses + key, view);
+      if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) worst = status;
+    }
   }
   for (const Entry& entry : kept) {
     const LSTATUS status = Store(root, entry, true);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "backends/win32/com/win32_spreadsheet.h"
 #include "backends/win32/drawing/win32_clipboard.h"
@@ -20,11 +22,15 @@
 
 namespace chartproject::win32 {
 
-/// The environment variable CHARTPROJECT_CLOCK, "virtual" or "virtual 2026-01-31 08:00:00", replaces the clock by one
-/// that jumps from tick to tick: recordings of simulated drives take no time, and the same one is made every time.
+/// What takes the place of the system's clock and printer: nothing in the component, something where it is tested.
+struct Substitutes {
+  std::optional<DateTime> start;  ///< a clock that begins then and jumps from tick to tick; none: the system's clock
+  std::wstring printTo;           ///< file that takes the printer's data; empty: the printer itself
+};
+
 class Win32Environment {
  public:
-  Win32Environment();
+  explicit Win32Environment(Substitutes substitutes);
 
   [[nodiscard]] Ports& GetPorts() noexcept { return ports_; }
   [[nodiscard]] FormHost& Forms() noexcept { return forms_; }

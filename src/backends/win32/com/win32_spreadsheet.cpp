@@ -19,7 +19,7 @@ class ExcelApplication : public SpreadsheetApplication {
   int SheetCount() override {
     ComVariant count = client_.Call(Sheets().Get(), {L"Count"});
     if (FAILED(VariantChangeType(count.Get(), count.Get(), 0, VT_I4))) {
-      throw RunTimeError(error_number::kTypeMismatch, "The number of sheets is no number");
+      throw RunTimeError(error_number::kTypeMismatch, Text::kSheetCountUnknown);
     }
     return count.Value().lVal;
   }
@@ -46,7 +46,7 @@ class ExcelApplication : public SpreadsheetApplication {
     if (value.Value().vt == VT_EMPTY || value.Value().vt == VT_NULL) return {};
     // By the user's locale, as the cell shows it.
     if (FAILED(VariantChangeTypeEx(value.Get(), value.Get(), LOCALE_USER_DEFAULT, 0, VT_BSTR))) {
-      throw RunTimeError(error_number::kTypeMismatch, "A cell's value cannot be read as text");
+      throw RunTimeError(error_number::kTypeMismatch, Text::kCellUnreadable);
     }
     return win32::BstrToUtf8(value.Value().bstrVal);
   }
@@ -68,7 +68,7 @@ class ExcelApplication : public SpreadsheetApplication {
 
  private:
   [[nodiscard]] static IDispatch* Required(IDispatch* object) {
-    if (object == nullptr) throw RunTimeError(error_number::kObjectNotSet, "There is no workbook yet");
+    if (object == nullptr) throw RunTimeError(error_number::kObjectNotSet, Text::kNoWorkbook);
     return object;
   }
   [[nodiscard]] ComRef<IDispatch> Workbooks() { return client_.Fetch(application_.Get(), {L"workbooks"}); }

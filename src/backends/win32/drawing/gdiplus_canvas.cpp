@@ -103,6 +103,16 @@ void GdiplusCanvas::DrawPolygon(std::span<const PointF> points, Color fill, cons
   graphics_.DrawPolygon(GdiplusPen(outline).Get(), polygon.data(), static_cast<INT>(polygon.size()));
 }
 
+void GdiplusCanvas::FillCrisp(std::span<const PointF> points, Color fill) {
+  if (points.size() < 3) return;
+  const std::vector<gp::PointF> polygon = ToGdiplus(points);
+  const gp::SolidBrush brush(ToGdiplus(fill));
+  const gp::SmoothingMode before = graphics_.GetSmoothingMode();
+  graphics_.SetSmoothingMode(gp::SmoothingModeNone);
+  graphics_.FillPolygon(&brush, polygon.data(), static_cast<INT>(polygon.size()));
+  graphics_.SetSmoothingMode(before);
+}
+
 void GdiplusCanvas::DrawEllipse(const Rect& box, Color fill, const Pen& outline) {
   const gp::SolidBrush brush(ToGdiplus(fill));
   graphics_.FillEllipse(&brush, ToGdiplus(box));

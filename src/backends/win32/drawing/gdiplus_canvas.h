@@ -34,6 +34,7 @@ class GdiplusCanvas : public Canvas {
   void DrawLine(PointF from, PointF to, const Pen& pen) override;
   void DrawPolyline(std::span<const PointF> points, const Pen& pen) override;
   void DrawPolygon(std::span<const PointF> points, Color fill, const Pen& outline) override;
+  void FillCrisp(std::span<const PointF> points, Color fill) override;
   void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override;
   void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override;
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;

@@ -13,7 +13,7 @@ namespace {
 
 using OwnedMemory = Owned<HGLOBAL, GlobalFree>;
 
-[[noreturn]] void ThrowClipboardError(const char* what) {
+[[noreturn]] void ThrowClipboardError(Text what) {
   throw RunTimeError(error_number::kClipboard, what);
 }
 
@@ -21,7 +21,7 @@ using OwnedMemory = Owned<HGLOBAL, GlobalFree>;
 class RequiredClipboard : public OpenedClipboard {
  public:
   explicit RequiredClipboard(HWND owner) : OpenedClipboard(owner) {
-    if (!*this) ThrowClipboardError("The clipboard is in use by another program");
+    if (!*this) ThrowClipboardError(Text::kClipboardInUse);
   }
 };
 
@@ -94,7 +94,7 @@ HWND Win32Clipboard::Owner() {
 
 void Win32Clipboard::Clear() {
   const RequiredClipboard opened(Owner());
-  if (EmptyClipboard() == 0) ThrowClipboardError("The clipboard cannot be emptied");
+  if (EmptyClipboard() == 0) ThrowClipboardError(Text::kClipboardNotEmptied);
 }
 
 void Win32Clipboard::SetPicture(const Bitmap& picture) {
@@ -105,7 +105,7 @@ void Win32Clipboard::SetPicture(const Bitmap& picture) {
   {
     const LockedMemory locked(memory.Get());
     auto* bytes = static_cast<char*>(locked.Get());
-    if (bytes == nullptr) ThrowClipboardError("There is no memory for the picture");
+    if (bytes == nullptr) ThrowClipboardError(Text::kNoMemoryForPicture);
     std::memcpy(bytes, &header, sizeof header);
     for (std::size_t row = 0; row < rows; ++row) {
       const std::uint32_t* from = picture.pixels.data() + (rows - 1 - row) * static_cast<std::size_t>(picture.width);
@@ -114,7 +114,7 @@ void Win32Clipboard::SetPicture(const Bitmap& picture) {
   }
   const RequiredClipboard opened(Owner());
   EmptyClipboard();
-  if (SetClipboardData(CF_DIB, memory.Get()) == nullptr) ThrowClipboardError("The clipboard did not take the picture");
+  if (SetClipboardData(CF_DIB, memory.Get()) == nullptr) ThrowClipboardError(Text::kClipboardRefused);
   memory.Release();  // the clipboard's own from here on
 }
 

@@ -2,6 +2,7 @@
 #include "backends/win32/drawing/win32_printer.h"
 
 #include <cmath>
+#include <optional>
 #include <vector>
 
 #include "backends/win32/system_error.h"
@@ -17,8 +18,8 @@ namespace {
 constexpr double kCentimetresPerInch = 2.54;
 constexpr int kIconPixels = 32;  // of a screen of 96 to the inch, not the user's: paper is always the same
 
-[[noreturn]] void ThrowPrinterError(const std::string& what) {
-  throw RunTimeError(error_number::kPrinter, what);
+[[noreturn]] void ThrowPrinterError(Text what, std::initializer_list<std::string> values = {}) {
+  throw RunTimeError(error_number::kPrinter, what, values);
 }
 
 /// The system's reason for the last failure, to be appended; empty when it gave none.
@@ -36,11 +37,18 @@ std::wstring DefaultPrinter() {
   return name;
 }
 
-/// Where to print, for tests and unattended hosts: the text of CHARTPROJECT_PRINT_TO, a file for the printer's data.
-std::wstring OutputFile() {
-  std::wstring name(GetEnvironmentVariableW(L"CHARTPROJECT_PRINT_TO", nullptr, 0), L'\0');
-  name.resize(GetEnvironmentVariableW(L"CHARTPROJECT_PRINT_TO", name.data(), static_cast<DWORD>(name.size())));
-  return name;
+/// Whether a printer is one that makes a file and asks for its name, without a proposal.
+bool AsksForFile(const std::wstring& printer) {
+  HANDLE queue = nullptr;
+  if (OpenPrinterW(std::wstring(printer).data(), &queue, nullptr) == 0) return false;
+  DWORD size = 0;
+  GetPrinterW(queue, 2, nullptr, 0, &size);
+  std::vector<BYTE> bytes(size);
+  const bool known = size > 0 && GetPrinterW(queue, 2, bytes.data(), size, &size) != 0;
+  ClosePrinter(queue);
+  if (!known) return false;
+  const wchar_t* port = reinterpret_cast<const PRINTER_INFO_2W*>(bytes.data())->pPortName;
+  return port != nullptr && (std::wstring(port) == L"PORTPROMPT:" || std::wstring(port) == L"FILE:");
 }
 
 }  // namespace
@@ -48,12 +56,20 @@ std::wstring OutputFile() {
 bool Win32Printer::StartDocument(const std::string& title) {
   AbandonDocument();
   const std::wstring name = DefaultPrinter();
-  if (name.empty()) ThrowPrinterError("There is no default printer: choose one in the system's settings");
+  if (name.empty()) ThrowPrinterError(Text::kNoDefaultPrinter);
   name_ = ToUtf8(name);
   printer_ = OwnedDc(CreateDCW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
-  if (!printer_) ThrowPrinterError(name_ + " cannot be reached" + Reason(GetLastError()));
+  if (!printer_) ThrowPrinterError(Text::kPrinterNotReached, {name_, Reason(GetLastError())});
   const std::wstring wideTitle = ToWide(title);
-  const std::wstring output = OutputFile();
+  std::wstring output = printTo_;
+  if (output.empty() && askForFile_ && AsksForFile(name)) {
+    const auto chosen = askForFile_(proposal_);
+    if (!chosen) {
+      AbandonDocument();
+      return false;
+    }
+    output = ToWide(*chosen);
+  }
   if (!output.empty()) {
     name_ += " (" + ToUtf8(output) + ")";
     DeleteFileW(output.c_str());  // a longer one would keep its end after the new data
@@ -67,7 +83,7 @@ bool Win32Printer::StartDocument(const std::string& title) {
     // A printer that writes files asks for their name in between.
     const DWORD error = GetLastError();
     if (error != ERROR_CANCELLED && error != ERROR_PRINT_CANCELLED) {
-      ThrowPrinterError(name_ + " did not begin the document" + Reason(error));
+      ThrowPrinterError(Text::kDocumentNotBegun, {name_, Reason(error)});
     }
     AbandonDocument();
     return false;
@@ -79,7 +95,7 @@ bool Win32Printer::StartDocument(const std::string& title) {
 }
 
 HDC Win32Printer::Require() const {
-  if (!printer_) ThrowPrinterError("No document is being printed");
+  if (!printer_) ThrowPrinterError(Text::kNoDocument);
   return printer_.Get();
 }
 
@@ -129,7 +145,7 @@ void Win32Printer::PrintText(std::string_view text, double x, double y, const Pr
   const std::wstring wide = ToWide(text);
   SetTextColor(Require(), static_cast<COLORREF>(font.color));
   if (TextOutW(Require(), DotsX(x), DotsY(y), wide.data(), static_cast<int>(wide.size())) == 0 && !wide.empty()) {
-    ThrowPrinterError("The printer did not take a text");
+    ThrowPrinterError(Text::kTextNotPrinted);
   }
   TEXTMETRICW metrics;
   GetTextMetricsW(Require(), &metrics);
@@ -156,7 +172,7 @@ void Win32Printer::PaintPicture(const Bitmap& picture, double x, double y, doubl
   const int top = DotsY(y);
   if (StretchDIBits(Require(), left, top, DotsX(x + width) - left, DotsY(y + height) - top, 0, 0, picture.width,
                     picture.height, picture.pixels.data(), &info, DIB_RGB_COLORS, SRCCOPY) <= 0) {
-    ThrowPrinterError("The printer did not take the picture");
+    ThrowPrinterError(Text::kPictureNotPrinted);
   }
 }
 
@@ -178,7 +194,7 @@ void Win32Printer::PaintPictureFile(const std::string& fileName, double x, doubl
   void* pixels = nullptr;
   const OwnedDc memory(CreateCompatibleDC(nullptr));
   const OwnedBitmap bitmap(CreateDIBSection(memory.Get(), &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
-  if (!memory || !bitmap) ThrowPrinterError("There is no memory for the icon");
+  if (!memory || !bitmap) ThrowPrinterError(Text::kNoMemoryForPicture);
   const SelectScope selected(memory.Get(), bitmap.Get());
   PatBlt(memory.Get(), 0, 0, kIconPixels, kIconPixels, WHITENESS);
   DrawIconEx(memory.Get(), 0, 0, icon.Get(), kIconPixels, kIconPixels, 0, nullptr, DI_NORMAL);
@@ -193,7 +209,7 @@ void Win32Printer::PaintPictureFile(const std::string& fileName, double x, doubl
 }
 
 void Win32Printer::EndDocument() {
-  if (EndPage(Require()) <= 0 || EndDoc(Require()) <= 0) ThrowPrinterError(name_ + " did not take the page");
+  if (EndPage(Require()) <= 0 || EndDoc(Require()) <= 0) ThrowPrinterError(Text::kPageNotTaken, {name_});
   printer_ = OwnedDc();
 }
 

@@ -1,6 +1,11 @@
 // One page on the system's default printer, by GDI, in centimetres.
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
 #include "backends/win32/handles.h"
 #include "platform/printer.h"
 
@@ -8,6 +13,15 @@ namespace chartproject::win32 {
 
 class Win32Printer : public Printer {
  public:
+  /// Asks for a file's name, given a proposal; nothing when the user names none.
+  using AskForFile = std::function<std::optional<std::string>(const std::string& proposal)>;
+
+  /// @param askForFile for a printer that makes a file, in place of its own question, which proposes no name
+  /// @param printTo file that takes the printer's data; empty: the printer itself
+  explicit Win32Printer(AskForFile askForFile = {}, std::wstring printTo = {})
+      : askForFile_(std::move(askForFile)), printTo_(std::move(printTo)) {}
+  void ProposeFile(const std::string& fileName) override { proposal_ = fileName; }
+  /// False when the user named no file for a printer that makes one.
   [[nodiscard]] bool StartDocument(const std::string& title) override;
   [[nodiscard]] PageArea Page() const override;
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
@@ -26,7 +40,10 @@ class Win32Printer : public Printer {
   [[nodiscard]] int DotsY(double centimetres) const;
   [[nodiscard]] OwnedFont MakeFont(const PrintFont& font) const;
 
-  std::string name_;  ///< of the printer, and of the file that replaces it
+  AskForFile askForFile_;
+  std::wstring printTo_;
+  std::string proposal_;  ///< name for a printer that makes a file
+  std::string name_;      ///< of the printer, and of the file that replaces it
   OwnedDc printer_;
   double y_ = 0;
   double lineHeight_ = 0;  ///< of the last font

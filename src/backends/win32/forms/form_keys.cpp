@@ -155,6 +155,8 @@ bool FormKeys::AccessKeyPressed(const MSG& message) {
     } else {
       focus_.Enter(*widget);
       focus_.SettleBefore(*control);
+      // What the user left was refused, and has the focus again: nothing happens over the refusal.
+      if (control->TabStop() && GetFocus() != widget->Window()) return true;
       widget->Command(BN_CLICKED);
     }
     return true;

@@ -28,6 +28,8 @@ void ToolTips::Show(const Widget& widget) {
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  // Below a picture: at the pointer it would hide what is pointed at.
+  if (dynamic_cast<const DrawnControl*>(&widget.Owner()) != nullptr) tool.uFlags |= TTF_CENTERTIP;
   tool.hwnd = context_.formWindow;
   tool.uId = reinterpret_cast<UINT_PTR>(widget.Window());
   tool.lpszText = text.data();

@@ -22,6 +22,13 @@ SIZE MeasureText(const WidgetContext& context, std::wstring_view text, int width
   return {box.right, box.bottom};
 }
 
+void PaintFocus(HWND window, HDC dc) {
+  if (GetFocus() != window) return;
+  RECT edge;
+  GetClientRect(window, &edge);
+  FrameRect(dc, &edge, GetSysColorBrush(COLOR_HIGHLIGHT));
+}
+
 int LineHeight(const WidgetContext& context) {
   return MeasureText(context, L"Xg", 0, false).cy;
 }

@@ -35,6 +35,8 @@ struct WidgetContext {
 /// Size of a text in dots. @param width limit for wrapping; 0 measures lines as they are
 /// @param prefix "&" marks an access key and is not shown
 [[nodiscard]] SIZE MeasureText(const WidgetContext& context, std::wstring_view text, int width, bool prefix);
+/// A frame in the system's colour of what is selected, around a window that has the focus.
+void PaintFocus(HWND window, HDC dc);
 /// Height of a line of text in dots.
 [[nodiscard]] int LineHeight(const WidgetContext& context);
 
@@ -64,6 +66,8 @@ class Widget {
   virtual void Command(WORD /*code*/) {}
   virtual LRESULT Notify(const NMHDR& /*header*/) { return 0; }
   virtual void Scroll(WORD /*code*/) {}
+  /// An item of a list that is not drawn by the system.
+  virtual void DrawItem(const DRAWITEMSTRUCT& /*item*/) {}
   /// Colours of a static window; null leaves the form's.
   virtual HBRUSH Background(HDC /*dc*/) { return nullptr; }
   /// A message of the window itself, before it handles it; true when that is settled.

@@ -74,6 +74,7 @@ void DrawnWidget::Paint() {
   const SelectScope copySelected(buffer.Get(), copy.Get());
   BitBlt(buffer.Get(), 0, 0, size.cx, size.cy, picture.Get(), 0, 0, SRCCOPY);
   Draw(buffer.Get(), size.cx, size.cy, [this](Canvas& canvas) { drawn_.PaintOverlay(canvas); });
+  if (drawn_.TabStop()) PaintFocus(Window(), buffer.Get());
   BitBlt(screen, 0, 0, size.cx, size.cy, buffer.Get(), 0, 0, SRCCOPY);
 }
 

@@ -70,10 +70,12 @@ class ComboBoxWidget : public Widget {
   [[nodiscard]] Size PreferredSize() const override;
   void Place(const RECT& place) override;
   void Command(WORD code) override;
+  void DrawItem(const DRAWITEMSTRUCT& item) override;
   bool Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) override;
   bool Wheel(int notches) override;
 
  private:
+  bool StepPassed(WPARAM key);
   void ShowList();
   void Typed(wchar_t character);
   [[nodiscard]] int Find(int after, const std::wstring& start) const;
@@ -167,6 +169,7 @@ class ScrollBarWidget : public Widget {
   void Apply(Property property) override;
   [[nodiscard]] Size PreferredSize() const override;
   void Scroll(WORD code) override;
+  bool Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) override;
   bool Wheel(int notches) override;
 
  private:

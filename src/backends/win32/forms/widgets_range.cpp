@@ -158,6 +158,17 @@ void ScrollBarWidget::Scroll(WORD code) {
   }
 }
 
+/// Shows when it has the focus, which the system's own bar hardly does.
+bool ScrollBarWidget::Message(UINT message, WPARAM word, LPARAM data, LRESULT& result) {
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) InvalidateRect(Window(), nullptr, FALSE);
+  if (message != WM_PAINT) return false;
+  result = DefSubclassProc(Window(), message, word, data);
+  const HDC dc = GetDC(Window());
+  PaintFocus(Window(), dc);
+  ReleaseDC(Window(), dc);
+  return true;
+}
+
 bool ScrollBarWidget::Wheel(int notches) {
   MoveTo(Mirror(bar_.Value()) - notches * bar_.SmallChange());
   return true;

@@ -26,6 +26,7 @@ DWORD LabelStyle(const Label& label, bool accessKey) {
       break;
   }
   if (!label.WordWrap()) style |= SS_CENTERIMAGE;
+  if (label.Elided()) style |= SS_ENDELLIPSIS;
   if (!accessKey) style |= SS_NOPREFIX;
   if (label.BorderStyle() != 0) style |= WS_BORDER;
   return style;
@@ -41,7 +42,7 @@ void LabelWidget::Apply(Property property) {
 }
 
 void LabelWidget::ApplyStyle() {
-  constexpr LONG_PTR kOurs = SS_NOTIFY | SS_TYPEMASK | SS_CENTERIMAGE | SS_NOPREFIX | WS_BORDER;
+  constexpr LONG_PTR kOurs = SS_NOTIFY | SS_TYPEMASK | SS_CENTERIMAGE | SS_ELLIPSISMASK | SS_NOPREFIX | WS_BORDER;
   const LONG_PTR before = GetWindowLongPtrW(Window(), GWL_STYLE);
   const LONG_PTR after = (before & ~kOurs) | static_cast<LONG_PTR>(LabelStyle(label_, HasAccessKey()));
   if (before == after) return;
@@ -53,6 +54,7 @@ void LabelWidget::ApplyStyle() {
 Size LabelWidget::PreferredSize() const {
   const SIZE text = CaptionSize();
   const int least = LineHeight(Context()) + 2;
+  if (label_.Elided()) return FromDots({0, least});
   // A wrapping label takes the width that is there; a word or two is the least that makes sense.
   const LONG width = label_.WordWrap() ? std::min<LONG>(text.cx, least * 6) : text.cx;
   return FromDots({width + 2, std::max<LONG>(label_.WordWrap() ? 0 : text.cy, least)});
@@ -125,12 +127,53 @@ void CheckBoxWidget::Command(WORD code) {
 }
 
 ComboBoxWidget::ComboBoxWidget(ComboBox& box, WidgetContext& context)
-    : Widget(box, context, L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL), box_(box) {}
+    : Widget(box, context, L"COMBOBOX",
+             CBS_DROPDOWNLIST | WS_VSCROLL | (box.GreysItems() ? CBS_OWNERDRAWFIXED | CBS_HASSTRINGS : 0U)),
+      box_(box) {}
 
 void ComboBoxWidget::Apply(Property property) {
   if (property == Property::kList) ShowList();
   if (property == Property::kListIndex) SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(box_.ListIndex()), 0);
+  if (property == Property::kAvailability) InvalidateRect(Window(), nullptr, TRUE);
   Widget::Apply(property);
+}
+
+/// An item that is not available is grey, as it is on the other platform.
+void ComboBoxWidget::DrawItem(const DRAWITEMSTRUCT& item) {
+  const bool selected = (item.itemState & ODS_SELECTED) != 0;
+  const int index = static_cast<int>(item.itemID);
+  const bool grey = (item.itemState & ODS_DISABLED) != 0 || !box_.IsAvailable(index);
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, GetSysColor(grey ? COLOR_GRAYTEXT : selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  RECT place = item.rcItem;
+  place.left += Context().Dots(3);
+  DrawTextW(item.hDC, ToWide(box_.List(index)).c_str(), -1, &place, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+}
+
+/// Arrow keys of the closed list pass what is not available.
+bool ComboBoxWidget::StepPassed(WPARAM key) {
+  if (SendMessageW(Window(), CB_GETDROPPEDSTATE, 0, 0) != 0 || GetKeyState(VK_MENU) < 0) return false;
+  int target = -1;
+  switch (key) {
+    case VK_UP:
+      target = box_.NextAvailable(box_.ListIndex(), -1);
+      break;
+    case VK_DOWN:
+      target = box_.NextAvailable(box_.ListIndex(), 1);
+      break;
+    case VK_HOME:
+      target = box_.NextAvailable(-1, 1);
+      break;
+    case VK_END:
+      target = box_.NextAvailable(box_.ListCount(), -1);
+      break;
+    default:
+      return false;
+  }
+  if (target >= 0 && target < box_.ListCount() && box_.IsAvailable(target)) box_.SetListIndex(target);
+  return true;
 }
 
 /// Lists grow item by item: only what is new is handed over.
@@ -162,6 +205,10 @@ Size ComboBoxWidget::PreferredSize() const {
 
 /// The window's height is that of the open list; closed, it is in the middle of its place.
 void ComboBoxWidget::Place(const RECT& place) {
+  if (box_.GreysItems()) {  // lists that are not drawn by the system do not follow the font
+    const LPARAM height = LineHeight(Context()) + 2;
+    for (const int which : {-1, 0}) SendMessageW(Window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(which), height);
+  }
   const int line = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
   const int closed = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0)) + 6;
   RECT open = place;
@@ -199,6 +246,10 @@ void ComboBoxWidget::Typed(wchar_t character) {
 }
 
 bool ComboBoxWidget::Message(UINT message, WPARAM word, LPARAM /*data*/, LRESULT& result) {
+  if (message == WM_KEYDOWN && box_.GreysItems() && StepPassed(word)) {
+    result = 0;
+    return true;
+  }
   if (message != WM_CHAR || word < L' ') return false;
   Typed(static_cast<wchar_t>(word));
   result = 0;

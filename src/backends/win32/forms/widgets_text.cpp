@@ -49,6 +49,7 @@ void EditWidget::Apply(Property property) {
     const auto last = static_cast<DWORD>(text.size());
     SendMessageW(Window(), EM_SETSEL, std::min(start, last), static_cast<LPARAM>(std::min(end, last)));
   }
+  if (property == Property::kSelection) SendMessageW(Window(), EM_SETSEL, 0, -1);
   Widget::Apply(property);
 }
 

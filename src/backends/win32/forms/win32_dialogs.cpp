@@ -39,6 +39,10 @@ std::wstring FilterList(const std::string& filter) {
   return list + std::wstring(2, L'\0');
 }
 
+[[noreturn]] void ThrowDialogFailure(DWORD failure) {
+  throw RunTimeError(error_number::kInvalidProcedureCall, Text::kFileDialogFailed, {std::to_string(failure)});
+}
+
 }  // namespace
 
 std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
@@ -59,6 +63,23 @@ std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
   }
   const int answer = MessageBoxIndirectW(&box);
   return answer == 0 ? box_answer::kNo : static_cast<std::int16_t>(answer);
+}
+
+std::optional<std::string> AskForNewFile(const std::string& proposal) {
+  const ThemedControls themed;
+  std::vector<wchar_t> name(32768, L'\0');
+  const std::wstring proposed = ToWide(proposal);
+  std::copy_n(proposed.begin(), std::min(proposed.size(), name.size() - 1), name.begin());
+  OPENFILENAMEW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = WindowToOwn();
+  dialog.lpstrFile = name.data();
+  dialog.nMaxFile = static_cast<DWORD>(name.size());
+  dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+  if (GetSaveFileNameW(&dialog) != 0) return ToUtf8(name.data());
+  const DWORD failure = CommDlgExtendedError();
+  if (failure == 0) return std::nullopt;  // cancelled
+  ThrowDialogFailure(failure);
 }
 
 std::string Win32Dialogs::ShowInputBox(const InputBoxRequest& request) {
@@ -82,8 +103,7 @@ std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& req
   if (GetOpenFileNameW(&dialog) != 0) return ToUtf8(name.data());
   const DWORD failure = CommDlgExtendedError();
   if (failure == 0) return std::nullopt;  // cancelled
-  throw RunTimeError(error_number::kInvalidProcedureCall,
-                     "The system could not show its file dialog (error " + std::to_string(failure) + ")");
+  ThrowDialogFailure(failure);
 }
 
 }  // namespace chartproject::win32

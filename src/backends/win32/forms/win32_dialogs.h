@@ -18,4 +18,7 @@ class Win32Dialogs : public Dialogs {
   Help& help_;
 };
 
+/// The file that the user names in the system's dialog for a new file; nothing when he cancels.
+[[nodiscard]] std::optional<std::string> AskForNewFile(const std::string& proposal);
+
 }  // namespace chartproject::win32

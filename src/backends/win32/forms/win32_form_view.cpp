@@ -14,9 +14,10 @@ namespace chartproject::win32 {
 
 namespace {
 
-constexpr Property kShownProperties[] = {
-    Property::kList,    Property::kListIndex, Property::kRange,       Property::kValue,   Property::kText,
-    Property::kCaption, Property::kColor,     Property::kToolTipText, Property::kEnabled, Property::kVisible};
+constexpr Property kShownProperties[] = {Property::kList,    Property::kListIndex,   Property::kRange,
+                                         Property::kValue,   Property::kText,        Property::kCaption,
+                                         Property::kColor,   Property::kToolTipText, Property::kEnabled,
+                                         Property::kVisible, Property::kAvailability};
 
 bool Within(const Control& control, const Control& container) {
   for (const Control* at = &control; at != nullptr; at = at->Container()) {
@@ -27,6 +28,15 @@ bool Within(const Control& control, const Control& container) {
 
 Win32FormView* StoredView(HWND form) {
   return reinterpret_cast<Win32FormView*>(GetWindowLongPtrW(form, GWLP_USERDATA));
+}
+
+/// A host in another process (the class in the system's surrogate) has the foreground, and may keep it: then the
+/// window comes above the others without it.
+void ComeToFront(HWND window) {
+  if (SetForegroundWindow(window) != 0) return;
+  for (const HWND place : {HWND_TOPMOST, HWND_NOTOPMOST}) {
+    SetWindowPos(window, place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
 }
 
 /// The form around a window; null when it is not one of ours.
@@ -91,6 +101,7 @@ void Win32FormView::ControlChanged(Control& control, Property property) {
     return;
   }
   widget->Apply(property);
+  if (property == Property::kOverlay) names_.Show(*widget);
   if (property != Property::kCaption || !control.HasCaption()) return;
   widgets_.ShowCaptions(&control);
   // A text that outgrew its place moves the others.
@@ -151,7 +162,8 @@ void Win32FormView::Show() {
   }
   modal_.emplace(window);
   place_.Show();
-  SetForegroundWindow(window);
+  names_.Show(widgets_);
+  ComeToFront(window);
   focus_.PutBack();
   UpdateWindow(window);
 }
@@ -216,6 +228,11 @@ std::optional<LRESULT> Win32FormView::InputMessage(UINT message, WPARAM word, LP
       Widget* widget = widgets_.Of(header.hwndFrom);
       return widget == nullptr ? 0 : widget->Notify(header);
     }
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(data);
+      if (Widget* widget = widgets_.Of(item.hwndItem)) widget->DrawItem(item);
+      return TRUE;
+    }
     case WM_HSCROLL:
     case WM_VSCROLL:
       if (Widget* widget = widgets_.Of(reinterpret_cast<HWND>(data))) {
@@ -261,6 +278,9 @@ std::optional<LRESULT> Win32FormView::WindowMessage(UINT message, WPARAM word, L
       place_.DpiChanged(LOWORD(word), *reinterpret_cast<const RECT*>(data));
       toolTips_.LimitWidth();
       return 0;
+    case WM_SYSCOLORCHANGE:
+      ShowSystemColors();
+      return 0;
     case WM_ENDSESSION:
       if (word == FALSE) return 0;  // somebody objected
       host_.EndSession();
@@ -271,6 +291,16 @@ std::optional<LRESULT> Win32FormView::WindowMessage(UINT message, WPARAM word, L
     default:
       return std::nullopt;
   }
+}
+
+/// Another scheme of colours, high contrast for one: controls that keep colours get the new ones.
+void Win32FormView::ShowSystemColors() {
+  for (const auto& [control, widget] : widgets_.All()) {
+    SendMessageW(widget->Window(), WM_SYSCOLORCHANGE, 0, 0);
+    widget->Apply(Property::kEnabled);
+    widget->Apply(Property::kContent);
+  }
+  RedrawWindow(context_.formWindow, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 /// The window was destroyed with its owner. Without a window nobody could end the form or its work.

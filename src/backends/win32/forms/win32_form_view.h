@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "backends/win32/forms/accessible_names.h"
 #include "backends/win32/forms/form_keys.h"
 #include "backends/win32/forms/form_pictures.h"
 #include "backends/win32/forms/form_place.h"
@@ -46,6 +47,7 @@ class Win32FormView : public FormView {
   std::optional<LRESULT> InputMessage(UINT message, WPARAM word, LPARAM data);
   std::optional<LRESULT> WindowMessage(UINT message, WPARAM word, LPARAM data);
   bool ControlMessage(Widget& widget, UINT message, WPARAM word, LPARAM data, LRESULT& result);
+  void ShowSystemColors();
   LRESULT WindowGone();
 
   Form& form_;
@@ -58,6 +60,7 @@ class Win32FormView : public FormView {
   FormPlace place_{form_, context_, widgets_, layout_};
   FormPictures pictures_{form_};
   ToolTips toolTips_{context_};
+  AccessibleNames names_;
   std::optional<ModalScope> modal_;  ///< while the form is shown
 };
 

@@ -1,0 +1,127 @@
+# What scripts/test-package checks in its root. Sourced by it: inside, as_user, make_layer, fail, $root, $log, $version.
+
+# Runs a command, shows what it wrote when it failed.
+check() {
+  local what=$1
+  shift
+  "$@" >"$log" 2>&1 || { tail -30 "$log" >&2; fail "failed: $what"; }
+  echo "ok: $what"
+}
+# as_user, and the standard output is exactly this.
+prints() {
+  local out
+  out=$(as_user "$1") || { echo "it ended with $?" >&2; return 1; }
+  [ "$out" = "$2" ] || { printf 'it wrote\n%s\ninstead of\n%s\n' "$out" "$2" >&2; return 1; }
+}
+# as_user, and the standard output or error has this in it.
+mentions() { { as_user "$1" 2>&1 || true; } | tee "$log.mentions" | grep -qF -- "$2" || { cat "$log.mentions" >&2; return 1; }; }
+begins_with() { [ "$(head -c ${#2} "$root/home/user/$1")" = "$2" ]; }
+now() { date +%s%N; }
+
+# Waits for a visible window of a title, takes its picture, and closes it.
+# Sets $milliseconds from $1 to the window.
+see_window() {
+  local begin=$1 title=$2 picture=$3 window= until=$((SECONDS + 60))
+  until window=$(xdotool search --onlyvisible --name "$title" 2>/dev/null | head -1) && [ -n "$window" ]; do
+    [ $SECONDS -lt $until ] || { echo "no window \"$title\"" >&2; return 1; }
+  done
+  milliseconds=$((($(now) - begin) / 1000000))
+  # Shown is not yet painted: the picture counts when two in a row are the same and more than one colour.
+  local before= picture_now=
+  until [ -n "$before" ] && [ "$before" = "$picture_now" ]; do
+    [ $SECONDS -lt $until ] || { echo "the window is never painted" >&2; return 1; }
+    before=$picture_now
+    import -window "$window" "$picture"
+    [ "$(identify -format %k "$picture")" -gt 8 ] && picture_now=$(identify -format '%#' "$picture")
+  done
+  kill -TERM "$(xdotool getwindowpid "$window")" # closes its windows, as their user would
+  while xdotool getwindowname "$window" >/dev/null 2>&1; do
+    [ $SECONDS -lt $until ] || { echo "the window stays" >&2; return 1; }
+  done
+}
+opens() {
+  local command=$1 begin
+  shift
+  begin=$(now)
+  as_user "$command" &
+  see_window "$begin" "$@" && wait $!
+}
+
+echo "== chartproject-headless, on a machine without a display"
+make_layer headless
+check "installs" inside apt-get -q -y install "/packages/chartproject-headless_${version}_amd64.deb"
+check "brings no Qt and no X" bash -c "! ls '$root'/usr/lib/x86_64-linux-gnu | grep -qE 'libQt|libX11'"
+check "makes a project" mentions "chartproject init drives" "files made."
+check "records" prints "chartproject --clock virtual acquire --address 1 --parameters 2,3 --points 3000 --every 1s --file run.cht" \
+  "3000 points in /home/user/run.cht"
+check "exports" as_user "chartproject --answer yes export run.cht --output run.xlsx"
+check "says what it cannot do" mentions "chartproject view run.cht" "built without windows"
+check "gives way to the other package" inside apt-get -q -y --no-install-recommends install "/packages/chartproject_${version}_amd64.deb"
+check "and is gone" bash -c "! chroot '$root' dpkg-query -s chartproject-headless 2>/dev/null | grep -q 'ok installed'"
+
+echo "== chartproject, nothing else installed"
+make_layer windows
+inside sh -c "dpkg-query -W -f '\${Package}\n' | sort" >"$log.before"
+check "installs" inside apt-get -q -y --no-install-recommends install "/packages/chartproject_${version}_amd64.deb"
+check "says its version" mentions "chartproject --version" "ChartProject $version"
+check "first start" opens chartproject "^ChartProject$" build/test-package/first_start.png
+echo "   start window after $milliseconds ms"
+check "which made a project" test -d "$root/home/user/ChartProject/projects"
+begin=$(now)
+check "records" prints "chartproject --clock virtual acquire --address 1 --parameters 2,3 --points 3000 --every 1s --file pump.cht" \
+  "3000 points in /home/user/pump.cht"
+check "renders without a display" as_user "DISPLAY= chartproject render pump.cht --points-per-division 19 --output pump.png"
+echo "   first recording and picture after $((($(now) - begin) / 1000000)) ms"
+check "a PNG file" begins_with pump.png $'\x89PNG'
+check "prints to PDF" as_user "DISPLAY= chartproject print pump.cht --output pump.pdf"
+check "a PDF file" begins_with pump.pdf %PDF-
+check "exports" as_user "chartproject --answer yes export pump.cht --output pump.xlsx"
+check "a workbook" begins_with pump.xlsx PK
+check "opens a chart by its name" opens "chartproject pump.cht" "pump" build/test-package/view.png
+echo "   chart window after $milliseconds ms"
+
+echo "== on a desktop"
+check "its tools" inside apt-get -q -y --no-install-recommends install bash-completion desktop-file-utils libglib2.0-bin man-db \
+  shared-mime-info systemd zsh
+as_user "cp pump.cht unnamed; printf '[INFO]\nname=x\n' >other"
+kind() { prints "gio info -a standard::content-type $1 | sed -n 's/.*content-type: //p'" "$2"; }
+check "knows a chart by its name" kind pump.cht application/x-chartproject-trend
+check "knows a chart by its content" kind unnamed application/x-chartproject-trend
+check "takes no other file for one" kind other text/plain
+check "gio open shows the chart" opens "gio open pump.cht" "pump" build/test-package/double_click.png
+check "the action Record" opens "chartproject acquire" "." build/test-package/record.png
+check "manual" mentions "MANWIDTH=100 man chartproject" "EXIT CODES"
+check "manual without warnings" prints "man --warnings -E UTF-8 -Tutf8 -Z chartproject 2>&1 >/dev/null" ""
+bash_completes() {
+  prints ". /usr/share/bash-completion/bash_completion; _completion_loader chartproject; COMP_WORDS=($1); \
+COMP_CWORD=\$((\${#COMP_WORDS[@]} - 1)); COMP_LINE='$1'; COMP_POINT=\${#COMP_LINE}; _chartproject 2>/dev/null; \
+echo \"\${COMPREPLY[*]}\"" "$2"
+}
+check "bash completes a command" bash_completes "chartproject acq" acquire
+check "bash completes a chart file" bash_completes "chartproject info pu" pump.cht
+check "bash completes an option" bash_completes "chartproject acquire --para" --parameters
+check "bash completes an address" bash_completes "chartproject read 1" 1
+check "bash completes a parameter" bash_completes "chartproject read 1 10" "10 100 101 102 103 104"
+check "bash completes a list of parameters" bash_completes "chartproject acquire --address 1 --parameters 3,9" 3,9
+check "zsh completes a command and an option" prints "zsh -f -c '
+  zmodload zsh/zpty; zpty shell zsh -f -i
+  zpty -w shell \"PS1=; autoload compinit; compinit -D -u; echo rea\"dy; zpty -r shell out \"*ready*\"
+  zpty -w -n shell \$\"chartproject acq\t--para\t\"; zpty -r shell out \"*acquire*--parameters*\"; echo completed'" completed
+check "the service is well-formed" inside systemd-analyze verify /lib/systemd/system/chartproject-record@press.service
+check "and locked up" inside systemd-analyze security --offline=yes --threshold=15 /lib/systemd/system/chartproject-record@press.service
+check "the service's recording" as_user "mkdir -p state; set -a; . /usr/share/doc/chartproject/examples/example.conf
+  STATE_DIRECTORY=\$PWD/state OPTIONS='--clock virtual' /usr/libexec/chartproject/record press
+  test \$(grep -c '#' state/press-*.cht) = 86400"
+
+echo "== and away"
+inside dpkg-query -L chartproject | while read -r name; do [ -d "$root$name" ] || echo "$name"; done >"$log.files"
+(cd "$root/home/user" && find . -type f -exec sha256sum {} + | sort) >"$log.mine"
+inside sh -c 'ln -s /lib/systemd/system/chartproject-record@.service /etc/systemd/system/chartproject-record@press.service'
+check "purge" inside apt-get -q -y purge chartproject
+left() {
+  while read -r name; do [ ! -e "$root$name" ] || echo "$name"; done <"$log.files"
+  (cd "$root" && find . -xdev -iname '*chartproject*' -not -path './home/*' -not -path './packages/*' -not -path './var/cache/*')
+}
+check "leaves none of its files" bash -c "[ -z '$(left)' ] || { echo '$(left)'; false; }"
+check "leaves every file of the user" bash -c "(cd '$root/home/user' && find . -type f -exec sha256sum {} + | sort) | cmp - '$log.mine'"
+echo "the packages are fine"
