@@ -47,7 +47,8 @@ constexpr const char* kFooter =
     "     no file was written";
 
 constexpr const char* kCommandFooter =
-    "The program's own options (--profile, --link, --clock, --start, --answer, --quiet) go before the command or\n"
+    "The program's own options (--profile, --link, --trace, --clock, --start, --answer, --quiet) go before the command "
+    "or\n"
     "after it; \"chartproject --help\" explains them.";
 
 /// The global options as they are parsed.
