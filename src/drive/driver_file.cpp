@@ -152,19 +152,29 @@ void LoadDriverFile(DriveContext& context, std::int16_t address) {
               box_style::kCritical, context.helpFile, kLineErrorHelpContext);
 }
 
-std::string DriverFileName(DriveContext& context, std::int16_t address) {
-  const DriveRecord& drive = context.driveTable.At(address);
-  const std::string model = RemoveFirst(drive.Type, "-");
-  const std::string version = RemoveFirst(RemoveFirst(drive.FirmwareVersion, "."), ",");
-  const std::string ending = context.settings.strLanguage.substr(0, 1) + ".wcd";
+std::vector<std::string> DriverFileNames(const std::string& model, std::string_view firmwareVersion,
+                                         const std::string& ending) {
+  const std::string version = RemoveFirst(RemoveFirst(firmwareVersion, "."), ",");
+  std::vector<std::string> names;
   std::string opened = version;
   for (std::size_t open = 0; open <= 2 && open <= version.size(); ++open) {
     if (open > 0) opened[version.size() - open] = 'X';
-    std::string candidate = JoinPath(context.settings.strDrivers, model);
-    candidate.append("V").append(opened).append(ending);
-    if (context.ports.files.FileExists(candidate)) return candidate;
+    names.push_back(model);
+    names.back().append("V").append(opened).append(ending);
   }
-  return JoinPath(context.settings.strDrivers, model + ending);
+  names.push_back(model + ending);
+  return names;
+}
+
+std::string DriverFileName(DriveContext& context, std::int16_t address) {
+  const DriveRecord& drive = context.driveTable.At(address);
+  const std::vector<std::string> names = DriverFileNames(RemoveFirst(drive.Type, "-"), drive.FirmwareVersion,
+                                                         context.settings.strLanguage.substr(0, 1) + ".wcd");
+  for (const std::string& name : names) {
+    std::string fileName = JoinPath(context.settings.strDrivers, name);
+    if (context.ports.files.FileExists(fileName)) return fileName;
+  }
+  return JoinPath(context.settings.strDrivers, names.back());
 }
 
 std::string RemoveFirst(std::string_view text, std::string_view piece) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "drive/parameter_tables.h"
 #include "platform/locale.h"
@@ -44,6 +45,11 @@ class DriverFileParser {
 /// one by one, and the loading goes on. Throws RunTimeError 53 naming the file when there is none, and what the parser
 /// throws, with the file and the line.
 void LoadDriverFile(DriveContext& context, std::int16_t address);
+
+/// Names that the driver file of a model may have, in the order in which they are tried. @param model without its "-"
+/// @param ending letter of the language and ".wcd"
+[[nodiscard]] std::vector<std::string> DriverFileNames(const std::string& model, std::string_view firmwareVersion,
+                                                       const std::string& ending);
 
 /// Full name of the driver file of a drive address (0 to 30): the one for its exact firmware version, else the one for
 /// a version whose last or last two characters are left open ("X", "XX"), else the model's own, there or not.

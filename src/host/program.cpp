@@ -47,13 +47,15 @@ constexpr const char* kFooter =
     "     no file was written";
 
 constexpr const char* kCommandFooter =
-    "The program's own options (--profile, --link, --clock, --start, --answer, --quiet) go before the command or\n"
+    "The program's own options (--profile, --link, --trace, --clock, --start, --answer, --quiet) go before the command "
+    "or\n"
     "after it; \"chartproject --help\" explains them.";
 
 /// The global options as they are parsed.
 struct RawOptions {
   std::string profile;
-  std::string link = "sim";
+  std::string link;
+  std::string trace;
   std::string clock = "real";
   std::string answer = "no";
   std::string start;
@@ -63,9 +65,10 @@ struct RawOptions {
 /// In the order of the help text; the last one runs when none is named.
 std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
-  for (const auto make : {MakeInitCommand, MakeSettingsCommand, MakeDrivesCommand, MakeReadCommand, MakeAcquireCommand,
-                          MakeRecoverCommand, MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand,
-                          MakeExportCommand, MakeDescribeCommand, MakeStartCommand}) {
+  for (const auto make : {MakeInitCommand, MakeSettingsCommand, MakePortsCommand, MakeScanCommand, MakeDrivesCommand,
+                          MakeReadCommand, MakeAcquireCommand, MakeRecoverCommand, MakeInfoCommand, MakeViewCommand,
+                          MakeRenderCommand, MakePrintCommand, MakeExportCommand, MakeDescribeCommand,
+                          MakeStartCommand}) {
     commands.push_back(make());
   }
   return commands;
@@ -74,9 +77,14 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
 void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_option("--profile", raw.profile, "Folder that keeps the settings (default: the user's configuration folder)")
       ->type_name("DIR");
-  app.add_option("--link", raw.link,
-                 "Drives: sim (simulated machines, the default) or scenario:FILE (replays a script)")
-      ->type_name("sim|scenario:FILE");
+  app.add_option(
+         "--link", raw.link,
+         "Drives: sim (simulated machines), scenario:FILE (replays a script), modbus:PORT?KEY=VALUE&... (a "
+         "serial line) or modbus-tcp:HOST:PORT?... (a network); docs/links.md has the keys (default: the setting "
+         "MyLink.strLink, else sim)")
+      ->type_name("LINK");
+  app.add_option("--trace", raw.trace, "File for every frame of the line in hexadecimal digits; - for standard error")
+      ->type_name("FILE");
   app.add_option("--clock", raw.clock,
                  "real (default), or virtual: jumps from tick to tick, so that hours take moments")
       ->check(CLI::IsMember({"real", "virtual"}).description(""))
@@ -89,15 +97,37 @@ void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
   app.add_flag("--quiet", raw.quiet, "No progress on standard error; messages and errors stay");
 }
 
+/// The link with full names, because dialogs change the current folder.
+std::string CheckedLink(const std::string& link) {
+  constexpr std::string_view kScenario = "scenario:";
+  if (link.starts_with(kScenario) && link.size() > kScenario.size()) {
+    return std::string(kScenario) + FullName(link.substr(kScenario.size()));
+  }
+  if (IsLineText(link)) {
+    try {
+      LineSettings defaults;
+      defaults.port = "/dev/ttyS0";  // the settings may name another one
+      (void)ParseLineText(link, defaults);
+    } catch (const RunTimeError& error) {
+      throw RefusedError("--link: " + error.Description());
+    }
+    if (!link.starts_with(kSerialScheme)) return link;
+    const std::size_t end = std::min(link.find('?'), link.size());
+    const std::string port = link.substr(kSerialScheme.size(), end - kSerialScheme.size());
+    return std::string(kSerialScheme) + FullName(port) + link.substr(end);
+  }
+  if (!link.empty() && link != kSimulatedLink) {
+    throw RefusedError("--link: \"" + link +
+                       "\" is not a drive link; use sim, scenario:FILE, modbus:PORT or modbus-tcp:HOST:PORT");
+  }
+  return link;
+}
+
 GlobalOptions ReadGlobalOptions(const RawOptions& raw) {
   GlobalOptions options;
   options.profileFolder = FullName(raw.profile);
-  constexpr std::string_view kScenario = "scenario:";
-  if (raw.link.starts_with(kScenario) && raw.link.size() > kScenario.size()) {
-    options.link = std::string(kScenario) + FullName(raw.link.substr(kScenario.size()));
-  } else if (raw.link != "sim") {
-    throw RefusedError("--link: \"" + raw.link + "\" is not a drive link; use sim or scenario:FILE");
-  }
+  options.link = CheckedLink(raw.link);
+  options.trace = raw.trace == "-" ? raw.trace : FullName(raw.trace);
   options.clock = raw.clock == "virtual" ? ClockChoice::kVirtual : ClockChoice::kReal;
   options.answerYes = raw.answer == "yes";
   options.quiet = raw.quiet;

@@ -25,6 +25,19 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kReadPortGone, "a porta sumiu", "the port is gone", "el puerto desapareció"},
     {Text::kReadStatus, "estado %1", "status %1", "estado %1"},
     {Text::kReadBroken, "a comunicação falhou", "the link failed", "la comunicación falló"},
+    {Text::kReadForeign, "chegou outra resposta, que não foi pedida", "another answer came, which was not asked for",
+     "llegó otra respuesta, que no se había pedido"},
+    {Text::kExceptionFunction, "função desconhecida", "unknown function", "función desconocida"},
+    {Text::kExceptionAddress, "o parâmetro não existe", "there is no such parameter", "no existe el parámetro"},
+    {Text::kExceptionValue, "valor inválido", "invalid value", "valor no válido"},
+    {Text::kExceptionDevice, "falha do drive", "failure of the drive", "fallo del drive"},
+    {Text::kExceptionLater, "a resposta demora", "the answer takes longer", "la respuesta tarda"},
+    {Text::kExceptionBusy, "drive ocupado", "the drive is busy", "drive ocupado"},
+    {Text::kExceptionMemory, "erro de memória do drive", "memory error of the drive", "error de memoria del drive"},
+    {Text::kExceptionPath, "o gateway não tem caminho", "the gateway has no path", "la pasarela no tiene camino"},
+    {Text::kExceptionTarget, "o drive não responde ao gateway", "the drive does not answer the gateway",
+     "el drive no responde a la pasarela"},
+    {Text::kExceptionCode, "exceção %1", "exception %1", "excepción %1"},
 });
 static_assert(InOrder(kRows, Text::kDriverLineError), "every text has its row, in the order of the enumeration");
 

@@ -222,6 +222,17 @@ enum class Text : std::uint16_t {
   kReadPortGone,
   kReadStatus,  ///< "status %1"
   kReadBroken,
+  kReadForeign,        ///< after "no answer": what came was an answer to something else
+  kExceptionFunction,  ///< why a drive refused, in brackets after that; from here to kExceptionCode
+  kExceptionAddress,
+  kExceptionValue,
+  kExceptionDevice,
+  kExceptionLater,
+  kExceptionBusy,
+  kExceptionMemory,
+  kExceptionPath,
+  kExceptionTarget,
+  kExceptionCode,  ///< %1 number of an exception without a name
 
   // Descriptions of run-time errors (error_rows.cpp).
   kDialogAlreadyOpen,
@@ -293,6 +304,23 @@ enum class Text : std::uint16_t {
   kDriveLinkNoId,     ///< %1 text of the registry
   kNotACompanion,     ///< %1 file
   kCompanionLine,     ///< %1 file, %2 line
+  kLinkKeyUnknown,    ///< %1 link, %2 key, %3 list of the keys
+  kLinkValueRefused,  ///< %1 link, %2 key, %3 value, %4 what it takes
+  kLinkWithoutPort,   ///< %1 link
+  kPortNotOpened,     ///< %1 port or host, %2 the system's reason
+  kNotASerialPort,    ///< %1 file
+  kPortTaken,         ///< %1 port
+  kPortNotAllowed,    ///< %1 port, %2 group that may open it
+  kHostNotFound,      ///< %1 host
+  kBuiltWithoutSerial,
+  kTraceOfOthers,    ///< %1 file that is there
+  kTraceNotWritten,  ///< %1 file
+  kTraceWithoutLine,
+  kVirtualClockWithDrives,
+  kDriveAddressTaken,   ///< %1 address, %2 drive file
+  kDriveModelUnknown,   ///< %1 model, %2 list of models
+  kModelWithoutDriver,  ///< %1 model, %2 folder
+  kNoDriveAtAddress,    ///< %1 address
 
   kCount
 };

@@ -30,6 +30,8 @@ class RefusedError : public std::runtime_error {
 [[nodiscard]] std::unique_ptr<Command> MakeInitCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeSettingsCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeDrivesCommand();
+[[nodiscard]] std::unique_ptr<Command> MakePortsCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeScanCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeReadCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeAcquireCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeInfoCommand();

@@ -8,6 +8,7 @@
 #include "drive/driver_file.h"
 #include "host/commands/acquire_request.h"
 #include "host/commands/command.h"
+#include "host/commands/plan_test.h"
 #include "host/commands/progress.h"
 #include "host/commands/run_report.h"
 #include "host/session/session.h"
@@ -158,10 +159,12 @@ class AcquireCommand : public Command {
     app->add_option("--compare", request_.compare, "parameter that a PXXX event compares")->type_name("PARAMETER");
     app->add_option("--content", request_.content, "value that a PXXX event compares with")->type_name("VALUE");
     app->add_flag("--json", request_.json, "the report at the end as one JSON object");
+    app->add_flag("--test", test_, "record nothing: read the plan once, and say how long a point takes");
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    if (test_) return Test(session);
     if (request_.fileName.empty() != request_.parameters.empty()) {
       throw RefusedError("acquire: give both --file and --parameters, or none of them for the dialog");
     }
@@ -191,8 +194,15 @@ class AcquireCommand : public Command {
   [[nodiscard]] bool OutputIsItsResult() const override { return false; }
 
  private:
+  ExitCode Test(Session& session) {
+    if (request_.parameters.empty()) throw RefusedError("acquire: --test needs --parameters");
+    if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
+    return TestPlan(session, request_);
+  }
+
   AcquireRequest request_;
   std::string every_;
+  bool test_ = false;
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// drives [--json]: the drive table of the project.
+// drives [--json]: the drive table of the project; drives add, remove, test, check.
 #include <algorithm>
 #include <array>
 #include <nlohmann/json.hpp>
@@ -7,6 +7,7 @@
 
 #include "common/values/numbers.h"
 #include "host/commands/command.h"
+#include "host/commands/drives_actions.h"
 #include "host/session/session.h"
 
 namespace chartproject {
@@ -39,10 +40,12 @@ class DrivesCommand : public Command {
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("drives", "Show the drives of the project");
     app->add_flag("--json", json_, "as a JSON array");
+    actions_.AddTo(*app);
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    if (actions_.Given()) return actions_.Run(session);
     const Component& component = session.Instance().State();
     std::vector<const DriveRecord*> drives;
     for (int address = 1; address <= kLastDriveAddress; ++address) {
@@ -108,6 +111,7 @@ class DrivesCommand : public Command {
   }
 
   bool json_ = false;
+  DrivesActions actions_;
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// read ADDRESS PARAMETER...: reads parameters of one drive once.
+// read ADDRESS PARAMETER... [--watch [SECONDS]]: reads parameters of one drive, once or again and again.
 #include <ostream>
 
 #include "common/values/numbers.h"
@@ -8,6 +8,7 @@
 #include "drive/parameter_read.h"
 #include "host/commands/arguments.h"
 #include "host/commands/command.h"
+#include "host/commands/watched_values.h"
 #include "host/session/session.h"
 
 namespace chartproject {
@@ -17,9 +18,13 @@ namespace {
 class ReadCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
-    CLI::App* app = program.add_subcommand("read", "Read parameters of a drive once");
+    CLI::App* app = program.add_subcommand("read", "Read parameters of a drive, once or again and again");
     app->add_option("ADDRESS", address_, "drive address, 1 to 30")->type_name("")->required();
     app->add_option("PARAMETER", parameters_, "parameter numbers, 0 to 999: 5 or P005")->type_name("")->required();
+    watch_ = app->add_option("--watch", seconds_, "read again every so many seconds, 1 to 3600 (default: 1)")
+                 ->expected(0, 1)
+                 ->type_name("SECONDS");
+    app->add_option("--times", times_, "end --watch after so many rounds (default: Ctrl-C ends it)")->type_name("N");
     return app;
   }
 
@@ -36,7 +41,17 @@ class ReadCommand : public Command {
     }
     component.currentDrive = static_cast<std::int16_t>(address);
     LoadDriverFile(component, component.currentDrive);
-    return ReadAll(session, component, numbers);
+    if (watch_->count() == 0) return ReadAll(session, component, numbers);
+    constexpr int kLongest = 3600;
+    constexpr int kMostTimes = 1'000'000'000;
+    WatchPlan plan{numbers, std::chrono::seconds(1), 0};
+    if (!seconds_.empty()) plan.every = std::chrono::seconds(ParseNumber(seconds_, "--watch", 1, kLongest));
+    if (!times_.empty()) plan.times = ParseNumber(times_, "--times", 1, kMostTimes);
+    DriveLinkSession link(component);
+    link.Open();
+    const ExitCode code = WatchValues(session, component, plan);
+    link.Close();
+    return code;
   }
 
  private:
@@ -59,6 +74,9 @@ class ReadCommand : public Command {
 
   std::string address_;
   std::vector<std::string> parameters_;
+  CLI::Option* watch_ = nullptr;
+  std::string seconds_;
+  std::string times_;
 };
 
 }  // namespace

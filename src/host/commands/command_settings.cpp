@@ -70,6 +70,7 @@ class SettingsCommand : public Command {
       List(session, store);
       return ExitCode::kDone;
     }
+    if (name_ == LinkSettingName()) return ShowOrSetLink(session, store);
     const NamedSetting found = Find(name_);
     if (value_->count() == 0) {
       session.Out() << StoredText(store, found) << "\n";
@@ -84,6 +85,25 @@ class SettingsCommand : public Command {
     for (const NamedSetting& setting : AllSettings()) {
       session.Out() << setting.Name() << "=" << StoredText(store, setting) << "\n";
     }
+    session.Out() << LinkSettingName() << "=" << StoredLink(store) << "\n";
+  }
+
+  /// The choice of drives is the program's own setting, which the component does not have.
+  static std::string LinkSettingName() { return std::string(kLinkSection) + "." + kLinkKey; }
+
+  ExitCode ShowOrSetLink(Session& session, SettingsStore& store) const {
+    if (value_->count() == 0) {
+      session.Out() << StoredLink(store) << "\n";
+      return ExitCode::kDone;
+    }
+    try {
+      session.Links().Choose(text_);
+    } catch (const RunTimeError& error) {
+      throw RefusedError(LinkSettingName() + ": " + error.Description());
+    }
+    const std::array setting{StoredSetting{kLinkKey, text_}};
+    store.Write(kLinkSection, setting);
+    return ExitCode::kDone;
   }
 
   void Set(Session& session, SettingsStore& store, const NamedSetting& found) const {

@@ -1,24 +1,15 @@
 // Without a command: the start window, over a project that the first start makes.
-#include <cstdlib>
-
 #include "common/environment/language.h"
 #include "common/message_box.h"
-#include "common/values/text.h"
 #include "host/commands/command.h"
 #include "host/project/project_maker.h"
+#include "host/session/project_folder.h"
 #include "host/session/session.h"
 #include "host/window/start_form.h"
 
 namespace chartproject {
 
 namespace {
-
-/// Beside the settings where a profile was named, else where the user looks for files of his own.
-std::string FirstProjectFolder(const GlobalOptions& options) {
-  if (!options.profileFolder.empty()) return JoinPath(options.profileFolder, "Project");
-  const char* const home = std::getenv("HOME");
-  return JoinPath(home == nullptr || *home == '\0' ? "/tmp" : home, "ChartProject");
-}
 
 class StartCommand : public Command {
  public:

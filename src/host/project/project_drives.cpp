@@ -1,11 +1,13 @@
 // Texts of the drive files and driver files.
 #include "host/project/project_drives.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
 #include "common/values/numbers.h"
 #include "common/values/text.h"
+#include "drive/drive_models.h"
 #include "drive/drive_status.h"
 #include "drive/driver_file.h"
 #include "drive/unit_codes.h"
@@ -34,7 +36,7 @@ struct DriverLanguage {
   std::array<std::string_view, 5> statusBits;  ///< lines under the status word
 };
 
-constexpr std::array kLanguages{
+constexpr std::array kDriverLanguages{
     DriverLanguage{'P',
                    "Portuguese",
                    &ParameterKind::portuguese,
@@ -121,20 +123,50 @@ std::string DriveFileName(std::string_view folder, const ProjectDrive& drive) {
   return std::string(folder) + "/drive" + FormatDigits(drive.address, 2) + ".drv";
 }
 
+std::string DriveFileText(const ProjectDrive& drive) {
+  const std::array<std::pair<std::string_view, std::string_view>, 7> fields{
+      {{"Type", drive.model},
+       {"Firmware Version", drive.firmwareVersion},
+       {"Nominal Voltage", drive.nominalVoltage},
+       {"Nominal Current", drive.nominalCurrent},
+       {"Tag", drive.tag},
+       {"Commercial Reference", drive.commercialReference},
+       {"Serial Number", drive.serialNumber}}};
+  std::string text;
+  for (const auto& [key, value] : fields) {
+    if (!value.empty()) text.append(key).append("=").append(value).append(kLineEnd);
+  }
+  return text;
+}
+
+std::string ShippedFirmware(std::string_view model) {
+  const auto found = std::ranges::find(kDrives, model, &ProjectDrive::model);
+  return found == kDrives.end() ? std::string() : std::string(found->firmwareVersion);
+}
+
+ProjectFiles DriverFilesOf(std::string_view folder, std::string_view model, std::string_view firmwareVersion,
+                           const CodePage& codePage) {
+  ProjectFiles files;
+  if (SimulatedParameters(model).empty()) return files;
+  const ProjectDrive drive{.model = model, .firmwareVersion = firmwareVersion};
+  const std::string stem =
+      std::string(folder) + "/" + RemoveFirst(model, "-") + "V" + RemoveFirst(firmwareVersion, ".");
+  for (const DriverLanguage& language : kDriverLanguages) {
+    files.push_back({stem + language.letter + ".wcd", codePage.Encode(DriverText(drive, language))});
+  }
+  return files;
+}
+
+std::string ModelNames() {
+  std::string names;
+  for (const DriveModel& model : kDriveModels) names.append(names.empty() ? "" : ", ").append(model.name);
+  return names;
+}
+
 ProjectFiles MakeDriveFiles(std::string_view folder, const CodePage& codePage) {
   ProjectFiles files;
   for (const ProjectDrive& drive : kDrives) {
-    const std::array<std::pair<std::string_view, std::string_view>, 7> fields{
-        {{"Type", drive.model},
-         {"Firmware Version", drive.firmwareVersion},
-         {"Nominal Voltage", drive.nominalVoltage},
-         {"Nominal Current", drive.nominalCurrent},
-         {"Tag", drive.tag},
-         {"Commercial Reference", drive.commercialReference},
-         {"Serial Number", drive.serialNumber}}};
-    std::string text;
-    for (const auto& [key, value] : fields) text.append(key).append("=").append(value).append(kLineEnd);
-    files.push_back({DriveFileName(folder, drive), codePage.Encode(text)});
+    files.push_back({DriveFileName(folder, drive), codePage.Encode(DriveFileText(drive))});
   }
   return files;
 }
@@ -142,10 +174,8 @@ ProjectFiles MakeDriveFiles(std::string_view folder, const CodePage& codePage) {
 ProjectFiles MakeDriverFiles(std::string_view folder, const CodePage& codePage) {
   ProjectFiles files;
   for (const ProjectDrive& drive : kDrives) {
-    const std::string stem =
-        std::string(folder) + "/" + RemoveFirst(drive.model, "-") + "V" + RemoveFirst(drive.firmwareVersion, ".");
-    for (const DriverLanguage& language : kLanguages) {
-      files.push_back({stem + language.letter + ".wcd", codePage.Encode(DriverText(drive, language))});
+    for (ProjectFile& file : DriverFilesOf(folder, drive.model, drive.firmwareVersion, codePage)) {
+      files.push_back(std::move(file));
     }
   }
   return files;

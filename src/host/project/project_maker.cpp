@@ -43,12 +43,17 @@ std::string ReadWhole(FileSystem& files, const std::string& name, std::size_t mo
   return bytes;
 }
 
-ProjectFiles AllFiles(const CodePage& codePage) {
+std::span<const ProjectDrive> DrivesFor(DrivesOfProject drives) {
+  return drives == DrivesOfProject::kSimulated ? ProjectDrives() : std::span<const ProjectDrive>();
+}
+
+ProjectFiles AllFiles(const CodePage& codePage, DrivesOfProject drives) {
   ProjectFiles all{
-      {kMainFile, "Kestrel project\r\nName=Demo\r\nDrives=" + std::to_string(ProjectDrives().size()) + "\r\n"},
+      {kMainFile, "Kestrel project\r\nName=Demo\r\nDrives=" + std::to_string(DrivesFor(drives).size()) + "\r\n"},
       {"programs/README.txt", "Programs of the drive host, and its run-time error log, are kept here.\r\n"}};
   for (ProjectFiles files :
-       {MakeDriveFiles(kProjectFolder, codePage), MakeDriverFiles("drivers", codePage), MakeAssetFiles()}) {
+       {drives == DrivesOfProject::kSimulated ? MakeDriveFiles(kProjectFolder, codePage) : ProjectFiles(),
+        MakeDriverFiles("drivers", codePage), MakeAssetFiles()}) {
     std::ranges::move(files, std::back_inserter(all));
   }
   return all;
@@ -83,15 +88,16 @@ void WriteFile(FileSystem& files, const ProjectFile& file, ProjectReport& report
   report.written.push_back(name);
 }
 
-std::vector<StoredSetting> ProjectSettings(const std::string& folder) {
-  std::vector<StoredSetting> settings{{"intSelectedDrive", std::to_string(ProjectDrives().front().address)},
+std::vector<StoredSetting> ProjectSettings(const std::string& folder, DrivesOfProject drives) {
+  const std::span<const ProjectDrive> made = DrivesFor(drives);
+  std::vector<StoredSetting> settings{{"intSelectedDrive", made.empty() ? "0" : std::to_string(made.front().address)},
                                       {"strMainFile", JoinPath(folder, kMainFile)},
                                       {"strFolder", JoinPath(folder, kProjectFolder)},
                                       {"strName", "Demo"},
                                       {"strVersion", "1.00"}};
   for (int address = 1; address <= kDriveFileCount; ++address) {
     std::string name = kNoDriveFile;
-    for (const ProjectDrive& drive : ProjectDrives()) {
+    for (const ProjectDrive& drive : made) {
       if (drive.address == address) name = JoinPath(folder, DriveFileName(kProjectFolder, drive));
     }
     settings.push_back({"strDriveFile" + FormatDigits(address, 2), name});
@@ -126,12 +132,12 @@ void StoreSettings(SettingsStore& store, const std::string& section, const std::
 }  // namespace
 
 ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const CodePage& codePage,
-                          const std::string& folder) {
+                          const std::string& folder, DrivesOfProject drives) {
   ProjectReport report;
   report.folder = AbsoluteFolder(files, folder);
-  for (const ProjectFile& file : AllFiles(codePage)) CheckPlace(files, report.folder, file.name);
-  for (const ProjectFile& file : AllFiles(codePage)) WriteFile(files, file, report);
-  StoreSettings(settings, "MyProject", ProjectSettings(report.folder), report);
+  for (const ProjectFile& file : AllFiles(codePage, drives)) CheckPlace(files, report.folder, file.name);
+  for (const ProjectFile& file : AllFiles(codePage, drives)) WriteFile(files, file, report);
+  StoreSettings(settings, "MyProject", ProjectSettings(report.folder, drives), report);
   StoreSettings(settings, "MyKestrel", FolderSettings(report.folder), report);
   return report;
 }

@@ -33,11 +33,16 @@ class ForeignFolder : public RunTimeError {
   explicit ForeignFolder(const RunTimeError& reason) : RunTimeError(reason) {}
 };
 
+enum class DrivesOfProject {
+  kSimulated,  ///< one of each simulated model
+  kNone        ///< the user adds drives; driver files of the shipped models are there
+};
+
 /// Makes the project in a folder, which need not exist, and stores the settings. No file that is there is written over.
 /// Settings are stored last: when a file cannot be written they stay as they were. Throws RunTimeError;
 /// ForeignFolder before anything was written.
 /// @param folder absolute, or seen from the current folder
 ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const CodePage& codePage,
-                          const std::string& folder);
+                          const std::string& folder, DrivesOfProject drives = DrivesOfProject::kSimulated);
 
 }  // namespace chartproject

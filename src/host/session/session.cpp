@@ -12,7 +12,6 @@
 #include "backends/posix/posix_locale.h"
 #include "backends/posix/posix_settings_store.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
-#include "host/session/drive_links.h"
 
 namespace chartproject {
 
@@ -37,18 +36,15 @@ struct SessionClock {
 }  // namespace
 
 struct Session::Outside {
-  Outside(const GlobalOptions& options, std::ostream& err)
+  Outside(const GlobalOptions& options, std::ostream& err, std::function<Language()> language)
       : clock(options),
         settings(files, options.profileFolder.empty() ? PosixSettingsStore::UserFolder() : options.profileFolder),
         dialogs(err, options.answerYes, kApplicationTitle),
         forms(*clock.clock, clock.wait),
-        link(options.link) {
+        links(options.link.empty() ? StoredLink(settings) : options.link,
+              {files, settings, *clock.clock, clock.wait, locale, std::move(language), options.trace,
+               options.clock == ClockChoice::kReal}) {
     settings.lineSkipped = [&err](const std::string& sentence) { err << "chartproject: " << sentence << std::endl; };
-  }
-
-  DriveLinkFactory& Links() {
-    if (!links) links = MakeDriveLinks(link, files, *clock.clock, clock.wait, locale);
-    return *links;
   }
 
   PosixFileSystem files;
@@ -64,21 +60,24 @@ struct Session::Outside {
   NoPrinter printer;
   EmbeddedSpreadsheets spreadsheets{locale};
   HeadlessFormHost forms;
-  std::string link;
-  std::unique_ptr<DriveLinkFactory> links;
+  ChosenLinks links;
 };
 
 Session::Session(const GlobalOptions& options, std::ostream& out, std::ostream& err)
-    : options_(options), out_(out), err_(err), outside_(std::make_unique<Outside>(options, err)) {}
+    : options_(options),
+      out_(out),
+      err_(err),
+      outside_(std::make_unique<Outside>(options, err, [this] { return CurrentLanguage(); })) {}
 
 Session::~Session() = default;
 
+Language Session::CurrentLanguage() {
+  if (instance_) return instance_->State().language;  // what was chosen since is not in the store yet
+  return LanguageNamed(outside_->settings.Read("MyConf", "strLanguage").value_or("")).value_or(Language::kEnglish);
+}
+
 Desktop& Session::UseDesktop(DesktopMode mode) {
-  const auto language = [this] {
-    if (instance_) return instance_->State().language;  // what was chosen since is not in the store yet
-    return LanguageNamed(outside_->settings.Read("MyConf", "strLanguage").value_or("")).value_or(Language::kEnglish);
-  };
-  desktop_ = OpenDesktop(mode, *outside_->clock.clock, language);
+  desktop_ = OpenDesktop(mode, *outside_->clock.clock, [this] { return CurrentLanguage(); });
   onScreen_ = mode == DesktopMode::kScreen;
   ports_.reset();
   return *desktop_;
@@ -110,8 +109,9 @@ ConsoleDialogs& Session::Console() noexcept {
   return outside_->dialogs;
 }
 
-DriveLinkFactory& Session::Links() {
-  return outside_->Links();
+ChosenLinks& Session::Links() {
+  if (!options_.link.empty()) outside_->links.Make();
+  return outside_->links;
 }
 
 ChartClass& Session::Instance() {

@@ -10,6 +10,7 @@
 #include "backends/posix/console_dialogs.h"
 #include "component/chart_class.h"
 #include "host/session/desktop.h"
+#include "host/session/drive_links.h"
 #include "platform/ports.h"
 
 namespace chartproject {
@@ -27,7 +28,8 @@ enum class ClockChoice { kReal, kVirtual };
 /// The options that come before the command.
 struct GlobalOptions {
   std::string profileFolder;  ///< full name; empty for the user's configuration folder
-  std::string link = "sim";   ///< "sim" or "scenario:FILE"
+  std::string link;           ///< "sim", "scenario:FILE" or the text of a line; empty for the stored choice
+  std::string trace;          ///< file of the line's frames, "-" for the standard error; empty for none
   ClockChoice clock = ClockChoice::kReal;
   std::optional<DateTime> start;  ///< local time at which a virtual clock starts; the real time when not given
   bool answerYes = false;         ///< the answer to every question
@@ -57,8 +59,9 @@ class Session {
   [[nodiscard]] HeadlessFormHost& Headless() noexcept;
   [[nodiscard]] ConsoleDialogs& Console() noexcept;
 
-  /// The drive links by --link, made with the first call. Throws RunTimeError for a scenario that cannot be read.
-  [[nodiscard]] DriveLinkFactory& Links();
+  /// The drive links by --link or by the stored choice. Those of --link are checked with the first call: throws as
+  /// MakeDriveLinks does.
+  [[nodiscard]] ChosenLinks& Links();
   /// The instance of the component; made with the first call. Throws RunTimeError.
   [[nodiscard]] ChartClass& Instance();
   /// Releases the instance, if there is one: settings are saved. The next call of Instance makes a new one.
@@ -66,6 +69,7 @@ class Session {
 
  private:
   struct Outside;
+  [[nodiscard]] Language CurrentLanguage();
   GlobalOptions options_;
   std::ostream& out_;
   std::ostream& err_;

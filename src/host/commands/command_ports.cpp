@@ -1,0 +1,42 @@
+// ports: the serial ports of this machine.
+#include <ostream>
+
+#include "common/values/text.h"
+#include "host/commands/command.h"
+#include "links/serial/port_list.h"
+
+namespace chartproject {
+
+namespace {
+
+std::string StateOf(const SerialPort& port) {
+  if (!port.user.empty()) return "in use by " + port.user;
+  if (port.allowed) return "free";
+  return "may not be opened: join the group \"" + port.group + "\" (sudo usermod -aG " + port.group +
+         " $USER) and log in again";
+}
+
+class PortsCommand : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program) override {
+    return program.add_subcommand("ports", "List the serial ports, with names that last when a converter is replugged");
+  }
+
+  ExitCode Run(Session& session) override {
+    const std::vector<SerialPort> ports = ListSerialPorts();
+    for (const SerialPort& port : ports) {
+      session.Out() << VisibleText(port.name) << "  " << VisibleText(StateOf(port)) << "\n";
+      if (!port.lasting.empty()) session.Out() << "    " << VisibleText(port.lasting) << "\n";
+    }
+    if (ports.empty()) session.Err() << "There is no serial port. Is the converter plugged in?\n";
+    return ports.empty() ? ExitCode::kRunTimeError : ExitCode::kDone;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakePortsCommand() {
+  return std::make_unique<PortsCommand>();
+}
+
+}  // namespace chartproject
