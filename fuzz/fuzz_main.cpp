@@ -14,17 +14,12 @@ struct Target {
   std::string_view name;
   void (*feed)(std::string_view);
 };
-constexpr Target kTargets[] = {{"drive", fuzz::Drive},
-                               {"driver", fuzz::Driver},
-                               {"scenario", fuzz::Scenario},
-                               {"settings", fuzz::Settings},
-                               {"number", fuzz::Number},
-                               {"visible", fuzz::Visible},
-                               {"access_keys", fuzz::AccessKeys},
-                               {"layout", fuzz::Layout},
-                               {"csv", fuzz::Csv},
-                               {"xls", fuzz::Xls},
-                               {"xlsx", fuzz::Xlsx}};
+constexpr Target kTargets[] = {{"drive", fuzz::Drive},       {"driver", fuzz::Driver},
+                               {"scenario", fuzz::Scenario}, {"settings", fuzz::Settings},
+                               {"number", fuzz::Number},     {"journal", fuzz::Journal},
+                               {"visible", fuzz::Visible},   {"access_keys", fuzz::AccessKeys},
+                               {"layout", fuzz::Layout},     {"csv", fuzz::Csv},
+                               {"xls", fuzz::Xls},           {"xlsx", fuzz::Xlsx}};
 
 const Target* chosen = nullptr;
 

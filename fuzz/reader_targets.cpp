@@ -9,6 +9,7 @@
 #include "drive/unit_codes.h"
 #include "links/scenario_script.h"
 #include "recording/field_value.h"
+#include "recording/recovery.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -54,6 +55,27 @@ void Driver(std::string_view bytes) {
     const bool other = line.starts_with('#') && CountChar(line, '#') != 14 && line.find('=') == std::string::npos;
     Require(!parser.TakeLine(line) || !other);
   });
+}
+
+void Journal(std::string_view bytes) {
+  FakePorts fakes;
+  const std::string journal(bytes);
+  const std::string own = "08:00:00#1#####\r\n";
+  fakes.files.Put("/a.cht.recording", journal);
+  fakes.files.Put("/a.cht", "the user's own");
+  fakes.files.Put("/a.cht.tcf1", own);
+  const auto found = FindBeside(fakes.files, fakes.codePage, "/a.cht");
+  for (const InterruptedRecording& recording : found) {
+    for (const RowFile& file : recording.rowFiles) Require(file.name.starts_with("/a.cht."));
+  }
+  const auto results = RecoverBeside(fakes.ports, "/a.cht", {});
+  std::int64_t points = 0;
+  for (const RecoveryResult& result : results.value()) points += result.points;
+  std::int64_t expected = 0;
+  for (const InterruptedRecording& recording : found) expected += recording.rows.points;
+  Require(points == expected && points > 0);
+  Require(fakes.files.Bytes("/a.cht") == "the user's own");
+  Require(found.front().journal || fakes.files.Bytes("/a.cht.recording") == journal);
 }
 
 void Scenario(std::string_view bytes) {

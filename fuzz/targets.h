@@ -11,6 +11,7 @@ void Driver(std::string_view bytes);    ///< a driver file
 void Scenario(std::string_view bytes);  ///< a scenario
 void Settings(std::string_view bytes);  ///< the file of the settings
 void Number(std::string_view bytes);    ///< a number; the first byte chooses the locale
+void Journal(std::string_view bytes);   ///< the journal of an interrupted recording, and its recovery
 void Visible(std::string_view bytes);   ///< any text on its way to a terminal
 
 // Forms (form_targets.cpp).

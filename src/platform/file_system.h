@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/side_file.h"
 
@@ -98,6 +99,8 @@ class FileSystem {
   /// that died holds nothing.
   [[nodiscard]] virtual LockAttempt Lock(const std::string& name) = 0;
   virtual void Delete(const std::string& name) = 0;
+  /// The names, without the folder and in order, of the files of a folder; the folders in it are left out.
+  [[nodiscard]] virtual std::vector<std::string> FilesIn(const std::string& folder) = 0;
   /// Makes a folder and the folders above it; no error when it is there.
   virtual void MakeFolder(const std::string& name) = 0;
   [[nodiscard]] virtual std::string CurrentFolder() = 0;

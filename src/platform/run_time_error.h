@@ -93,6 +93,13 @@ class NotARegularFile : public RunTimeError {
       : RunTimeError(error_number::kPathFileAccess, Text::kNotARegularFile, {name}) {}
 };
 
+/// A side file that was removed, replaced or cut by somebody else. What was appended before may be gone.
+class SideFileLost : public RunTimeError {
+ public:
+  explicit SideFileLost(const std::string& name)
+      : RunTimeError(error_number::kPathFileAccess, Text::kSideFileLost, {name}) {}
+};
+
 /// An exception as a run-time error: itself when it is one, else 440 with its text.
 [[nodiscard]] inline RunTimeError AsRunTimeError(const std::exception& error) {
   const auto* const known = dynamic_cast<const RunTimeError*>(&error);

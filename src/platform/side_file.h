@@ -58,10 +58,15 @@ class SideFile {
   [[nodiscard]] virtual std::unique_ptr<OutputFile> OpenForWriting() = 0;
   [[nodiscard]] virtual std::unique_ptr<InputFile> OpenForReading() = 0;
   /// Opens the file, appends the bytes in one write, and closes it again: the bytes are with the system when the call
-  /// returns, so a crash of the program afterwards loses none of them. @return the disk's sizes afterwards
+  /// returns, so a crash of the program afterwards loses none of them. A call that comes a second or more after the
+  /// last flush also hands them to the disk with the file's entry, so that a power cut loses a second at most.
+  /// Throws SideFileLost when the name is gone, belongs to another file, or the file's length has changed.
+  /// @return the disk's sizes afterwards
   virtual DiskSpace AppendAndMeasure(std::string_view bytes) = 0;
   /// Takes the target's name in one atomic step; a file that had it is replaced.
   virtual void ReplaceTarget() = 0;
+  /// Takes the target's name in one atomic step unless something has that name. @return false when something has
+  [[nodiscard]] virtual bool TakeTarget() = 0;
   /// The file stays when this object goes.
   virtual void Keep() noexcept = 0;
 };

@@ -1,10 +1,13 @@
 // Chart files are written beside their name and renamed when complete; rows are never dropped with a failed write.
 #include "recording/chart_file_writer.h"
 
+#include <algorithm>
+#include <ranges>
 #include <vector>
 
 #include "common/values/text.h"
 #include "platform/run_time_error.h"
+#include "recording/row_survey.h"
 
 namespace chartproject {
 
@@ -13,7 +16,6 @@ namespace {
 constexpr std::size_t kBlockSize = 65'536;
 constexpr std::size_t kKeepAliveBytes = 4'000'000;
 constexpr int kRescueNames = 10;
-constexpr std::string_view kUnfinishedEnding = ".new";
 
 /// A value text may hold anything the link gives; these three would break the row.
 void AppendField(std::string& line, std::string_view text) {
@@ -34,30 +36,6 @@ void WriteRowLines(OutputFile& file, const CodePage& codePage, std::span<const P
     lines.clear();
   }
   file.Write(codePage.Encode(lines));
-}
-
-/// Copies the spool file's whole lines. An end without a line end is a row that a full disk cut short: it is left out.
-void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& keepAlive) {
-  std::vector<char> block(kBlockSize);
-  std::string pending;
-  std::size_t copied = 0;
-  while (const std::size_t count = from.Read(block)) {
-    copied += count;
-    if (copied >= kKeepAliveBytes && keepAlive) {
-      keepAlive();
-      copied = 0;
-    }
-    const std::string_view bytes(block.data(), count);
-    const std::size_t lastEnd = bytes.rfind('\n');
-    if (lastEnd == std::string_view::npos) {
-      pending += bytes;
-      continue;
-    }
-    if (!pending.empty()) to.Write(pending);
-    to.Write(bytes.substr(0, lastEnd + 1));
-    pending = bytes.substr(lastEnd + 1);
-  }
-  if (SplitRow(pending)) to.Write(pending + std::string(kLineEnd));
 }
 
 /// Saves rows in the first file that can be made, for a later look: beside the chart file, in `folder`, or in the
@@ -86,7 +64,57 @@ std::string RescueRows(FileSystem& files, const std::string& chartFileName, cons
   return {};
 }
 
+/// Opens the spool files that can be read, one after the other. One that was removed is left out: the count of the rows
+/// that are read back then says that points are missing.
+void ForEachPart(const SpooledRows& spool, const std::function<void(InputFile&)>& use) {
+  for (const auto& part : spool.files) {
+    std::unique_ptr<InputFile> file;
+    try {
+      file = part->OpenForReading();
+    } catch (const RunTimeError&) {
+      if (spool.files.size() == 1) throw;
+      continue;
+    }
+    use(*file);
+  }
+}
+
+/// The points of the new file, read back from it. Throws when they are not those of the spool files.
+std::int64_t ReadBack(SideFile& fresh, const SpooledRows& spool, const std::function<void()>& keepAlive) {
+  const RowSurvey written = SurveyChartFile(*fresh.OpenForReading(), keepAlive);
+  if (written.points >= spool.points) return written.points;
+  RowSurvey spooled;
+  ForEachPart(spool, [&](InputFile& file) { AddRows(spooled, file, {1, 0}, kNoSurveyLimit, keepAlive); });
+  if (!written.SamePoints(spooled)) {
+    throw RunTimeError(error_number::kDeviceIo, Text::kReadBackDiffers, {fresh.Name()});
+  }
+  return written.points;
+}
+
 }  // namespace
+
+void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& keepAlive) {
+  std::vector<char> block(kBlockSize);
+  std::string pending;
+  std::size_t copied = 0;
+  while (const std::size_t count = from.Read(block)) {
+    copied += count;
+    if (copied >= kKeepAliveBytes && keepAlive) {
+      keepAlive();
+      copied = 0;
+    }
+    const std::string_view bytes(block.data(), count);
+    const std::size_t lastEnd = bytes.rfind('\n');
+    if (lastEnd == std::string_view::npos) {
+      pending += bytes;
+      continue;
+    }
+    if (!pending.empty()) to.Write(pending);
+    to.Write(bytes.substr(0, lastEnd + 1));
+    pending = bytes.substr(lastEnd + 1);
+  }
+  if (SplitRow(pending)) to.Write(pending + std::string(kLineEnd));
+}
 
 std::string HeaderLines(const ChartHeader& header) {
   std::string lines = "[INFO]";
@@ -116,8 +144,15 @@ std::string SpoolFileName(const std::string& chartFileName) {
 
 std::unique_ptr<SideFile> MakeSpoolFile(FileSystem& files, const std::string& chartFileName) {
   const std::string name = SpoolFileName(chartFileName);
-  if (files.FileExists(name)) files.Delete(name);
-  return files.MakeSideFile({.target = chartFileName, .ending = kSpoolEnding, .names = 1});
+  bool holdsPoints = false;
+  if (files.FileExists(name)) {
+    RowSurvey rows;
+    AddRows(rows, *files.OpenForReading(name), {1, 0}, kBlockSize);
+    holdsPoints = rows.points > 0;
+    if (!holdsPoints) files.Delete(name);
+  }
+  return files.MakeSideFile(
+      {.target = chartFileName, .ending = kSpoolEnding, .names = holdsPoints ? kMostSideNames : 1});
 }
 
 void ChartFileWriter::CheckTarget(const std::string& fileName) const {
@@ -126,7 +161,8 @@ void ChartFileWriter::CheckTarget(const std::string& fileName) const {
 }
 
 ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const ChartHeader& header,
-                                            std::span<const PointRow> rows, const std::string& rescueFolder) const {
+                                            std::span<const PointRow> rows, const std::string& rescueFolder,
+                                            const std::function<std::string()>& journal) const {
   ChartWriteResult result;
   try {
     const auto fresh = files_.MakeSideFile({.target = fileName, .ending = kUnfinishedEnding});
@@ -134,19 +170,24 @@ ChartWriteResult ChartFileWriter::WriteRows(const std::string& fileName, const C
     file->Write(codePage_.Encode(HeaderLines(header)));
     WriteRowLines(*file, codePage_, rows);
     file->FlushAndClose();
+    result.rows = SurveyChartFile(*fresh->OpenForReading()).points;
+    const auto taken = std::ranges::count_if(rows, [](const PointRow& row) { return !row.time.empty(); });
+    if (result.rows != taken) throw RunTimeError(error_number::kDeviceIo, Text::kReadBackDiffers, {fileName});
     fresh->ReplaceTarget();
     result.kind = ChartWriteResult::Kind::kWritten;
   } catch (const std::exception& error) {
     result.kind = ChartWriteResult::Kind::kFailed;
     result.reason = error.what();
+    if (journal) result.keptFile = journal();
+    if (!result.keptFile.empty()) return result;
     result.keptFile =
         RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) { WriteRowLines(file, codePage_, rows); });
   }
   return result;
 }
 
-ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const ChartHeader& header, SideFile& spool,
-                                             const std::string& rescueFolder,
+ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const ChartHeader& header,
+                                             const SpooledRows& spool, const std::string& rescueFolder,
                                              const std::function<void()>& keepAlive) const {
   ChartWriteResult result;
   try {
@@ -155,8 +196,9 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
     file->Write(codePage_.Encode(HeaderLines(header)));
     result.freeSpace = files_.SpaceFor(fileName).totalFree;
     const bool roomForRows = result.freeSpace >= kReservedSpace;
-    if (roomForRows) CopyLines(*spool.OpenForReading(), *file, keepAlive);
+    if (roomForRows) ForEachPart(spool, [&](InputFile& part) { CopyLines(part, *file, keepAlive); });
     file->FlushAndClose();
+    if (roomForRows) result.rows = ReadBack(*fresh, spool, keepAlive);
     fresh->ReplaceTarget();
     result.kind = roomForRows ? ChartWriteResult::Kind::kWritten : ChartWriteResult::Kind::kRowsInSpool;
   } catch (const std::exception& error) {
@@ -164,11 +206,12 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
     result.reason = error.what();
   }
   if (result.kind == ChartWriteResult::Kind::kWritten) return result;
-  spool.Keep();
+  for (const auto& part : spool.files) part->Keep();
   // A spool file whose name was taken still holds its rows, but only while this program has it open.
+  const bool named = std::ranges::all_of(spool.files, [](const auto& part) { return part->HasItsName(); });
   result.keptFile =
-      spool.HasItsName() ? spool.Name() : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
-        CopyLines(*spool.OpenForReading(), file, keepAlive);
+      named ? spool.files.back()->Name() : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
+        ForEachPart(spool, [&](InputFile& part) { CopyLines(part, file, keepAlive); });
       });
   return result;
 }

@@ -25,6 +25,14 @@ struct PointRow {
   std::array<std::string, kColumnCount> values;
 };
 
+/// The program's ending of a file that will replace another one when it is complete.
+inline constexpr std::string_view kUnfinishedEnding = ".new";
+
+/// Copies a file's whole lines from its current place on, unchanged. An end without a line end is a row that was cut
+/// short: it is left out unless it is a whole row. Throws RunTimeError.
+/// @param keepAlive called every few megabytes; may be empty
+void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& keepAlive);
+
 /// Lines 1 to 20 of a chart file with their line ends (UTF-8).
 [[nodiscard]] std::string HeaderLines(const ChartHeader& header);
 
@@ -34,7 +42,8 @@ void AppendRowLine(std::string& lines, const PointRow& row);
 /// The spool file that belongs to a chart file.
 inline constexpr std::string_view kSpoolEnding = ".tcf0";
 [[nodiscard]] std::string SpoolFileName(const std::string& chartFileName);
-/// Makes it; one that is already there is deleted. Throws RunTimeError.
+/// Makes it; one that is already there is deleted, but points that came there since the start are not: the new file
+/// then has the next free name (".tcf1" ...). Throws RunTimeError.
 [[nodiscard]] std::unique_ptr<SideFile> MakeSpoolFile(FileSystem& files, const std::string& chartFileName);
 
 /// What became of a run's points.
@@ -48,7 +57,14 @@ struct ChartWriteResult {
   Kind kind = Kind::kNothing;
   std::string keptFile;         ///< the file that holds the rows when the chart file does not; empty: they are lost
   std::uint64_t freeSpace = 0;  ///< bytes, of kRowsInSpool
+  std::int64_t rows = 0;        ///< points in the chart file, read back from it, of kWritten
   std::string reason;           ///< the system's, of kFailed
+};
+
+/// The rows of a recording that spooled them.
+struct SpooledRows {
+  std::span<const std::unique_ptr<SideFile>> files;  ///< at least one; one that cannot be read any more is left out
+  std::int64_t points = 0;                           ///< points taken
 };
 
 /// Writes chart files beside their final name and renames them when they are complete and flushed, so that an existing
@@ -63,13 +79,15 @@ class ChartFileWriter {
 
   /// Writes header and rows. When that fails the rows are saved beside the target, or else in `rescueFolder`, or else
   /// in the folder for temporary files.
+  /// @param journal asked after a failure: a file that holds the rows already; may be empty, as its answer may be
   [[nodiscard]] ChartWriteResult WriteRows(const std::string& fileName, const ChartHeader& header,
-                                           std::span<const PointRow> rows, const std::string& rescueFolder) const;
+                                           std::span<const PointRow> rows, const std::string& rescueFolder,
+                                           const std::function<std::string()>& journal = {}) const;
 
-  /// Writes the header and copies the spool file's lines after it. The spool file is kept unless that was done.
+  /// Writes the header and copies the lines of the spool files after it. They are kept unless that was done.
   /// @param keepAlive called every few megabytes, so that a window stays awake; may be empty
-  [[nodiscard]] ChartWriteResult WriteSpool(const std::string& fileName, const ChartHeader& header, SideFile& spool,
-                                            const std::string& rescueFolder,
+  [[nodiscard]] ChartWriteResult WriteSpool(const std::string& fileName, const ChartHeader& header,
+                                            const SpooledRows& spool, const std::string& rescueFolder,
                                             const std::function<void()>& keepAlive = {}) const;
 
  private:

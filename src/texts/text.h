@@ -137,6 +137,21 @@ enum class Text : std::uint16_t {
   kNewFile,            ///< caption of the button that asks for a new file's name
   kNewFileTip,
   kBrowseTip,
+  kCrashWouldLose,       ///< "A crash of the program would lose the points: %1"  %1 the reason
+  kSpoolGoesOn,          ///< "%1 The points go on in %2."  %1 what became of the file before
+  kPointsMissing,        ///< "%1 point(s) were taken, %2 of them are in %3."
+  kRecordingWasCut,      ///< "A recording of %1 was interrupted after %2 points."
+  kRecordingWasCutMore,  ///< the same of a recording with more than %2 points
+  kPointsRecovered,      ///< "%1 point(s) of the interrupted recording are in %2."
+  kRecordingWasWhole,    ///< "%1 holds all points; what was left beside it was removed."
+  kLinesLeftOut,         ///< "%1 line(s) are not points."
+  kRecover,              ///< buttons beside kRecordingWasCut
+  kRecoverTip,
+  kRecoverLater,
+  kRecoverLaterTip,
+  kDiscard,
+  kDiscardTip,
+  kDiscardQuestion,  ///< "Delete the %1 points of %2?"
   kSimulatedTitle,  ///< "%1 - simulated drives"  %1 the dialog's title
 
   // The chart window, its page and its export (chart_rows.cpp).
@@ -251,7 +266,10 @@ enum class Text : std::uint16_t {
   kApplicationFailed,
   kWithoutObject,
   kNoWorkbook,
-  kFileTooLarge,        ///< %1 file, %2 its size and %3 the largest size in MB
+  kFileTooLarge,     ///< %1 file, %2 its size and %3 the largest size in MB
+  kSideFileLost,     ///< %1 a file of the program that another program removed, replaced or cut
+  kReadBackDiffers,  ///< %1 file whose rows are not those that were written
+  kFileIsThere,      ///< %1 a file that is not written over
   kReplacedByAnother,   ///< "%1 was replaced by another file."
   kLinkNotFollowed,     ///< %1 is a symbolic link
   kLinkOfAnotherUser,   ///< %1 is one of another user in a shared folder

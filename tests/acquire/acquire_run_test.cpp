@@ -63,7 +63,7 @@ TEST_F(AcquireRunTest, MoreThan2500PointsAreSpooled) {
     Start(points);
     fake.files.appendCount = 0;
     RunToEnd();
-    EXPECT_EQ(fake.files.appendCount, points == 2500 ? 0 : 2501);
+    EXPECT_EQ(fake.files.appendCount, points == 2500 ? 2500 : 2502) << "rows, and the journal of a spooled run";
     const auto rows = Rows();
     ASSERT_EQ(rows.size(), static_cast<std::size_t>(points));
     EXPECT_EQ(rows[0].substr(8), "#50#####");
@@ -322,18 +322,23 @@ TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
     fake.files.Break("rename", error_number::kPermissionDenied);
     RunToEnd();
     fake.files.Mend();
-    EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. Points were saved on file: " + std::string(kSpool)));
-    EXPECT_EQ(std::ranges::count(fake.files.Bytes(kSpool), '\n'), points);
+    const std::string kept = points == 4 ? "C:\\p\\Test.cht.recording" : kSpool;
+    EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. Points were saved on file: " + kept));
     EXPECT_FALSE(fake.files.Has(kChart));
-    fake.files.Delete(kSpool);
+    const auto results = RecoverBeside(fake.ports, kChart, {});
+    ASSERT_EQ(results.value().size(), 1U);
+    EXPECT_EQ(results->front().points, points);
+    EXPECT_EQ(Rows().size(), static_cast<std::size_t>(points));
+    fake.files.Delete(kChart);
   }
 }
 
 TEST_F(AcquireRunTest, PointsThatCannotBeKeptAnywhereAreCounted) {
   Start(4);
   RunUntil(seconds(3));
-  fake.files.Break("create", error_number::kDiskFull);
+  fake.files.Break("", error_number::kDiskFull);
   RunToEnd();
+  EXPECT_EQ(form->panel.lblNotice.Caption(), "");
   EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. 4 point(s) could not be saved anywhere and are lost."));
 }
 

@@ -381,6 +381,42 @@ class ProgramTest(ProgramCase):
             self.assertTrue(spooled.endswith(b"####\r\n"), "the last row is whole")
             self.assertFalse((self.folder / "run.cht").exists())
 
+    def test_an_interrupted_recording_is_named_and_comes_back_once(self):
+        name = str(self.folder / "run.cht")
+        for points in (2500, 100000000):
+            child, progress = self.start("acquire", "--parameters", "3,5", "--points", points, "--file", "run.cht",
+                                         "--every", "200ms", clock="real")
+            reported = next(count for count in progress if count >= 3)
+            running = self.run_program("recover", "run.cht", expected=1)
+            self.assertEqual(running.stderr, f"{name} is being recorded; it is left alone\nnothing to recover\n")
+            child.kill()
+            child.wait(10)
+            for left in ("run.cht", "run.cht.recording"):
+                info = json.loads(self.run_program("info", left, "--json", expected=0).stdout)["interrupted"]
+                self.assertGreaterEqual(info["points"], reported)
+                self.assertEqual((info["command"], info["running"]), (f'chartproject recover "{name}"', False))
+                self.assertIn(f"{name} is an interrupted recording of {info['points']} points",
+                              self.run_program("export", left, expected=1).stderr)
+            listed = json.loads(self.run_program("recover", "--list", "--json", expected=0).stdout)
+            self.assertEqual([(one["file"], one["plannedPoints"]) for one in listed], [(name, str(points))])
+            back = self.run_program("recover", expected=0).stdout
+            self.assertEqual(back, f"{info['points']} point(s) of the interrupted recording are in {name}.\n")
+            self.assertIn(f"Rows: {info['points']}\n", self.run_program("info", "run.cht", expected=0).stdout)
+            self.assertEqual(self.run_program("recover", expected=1).stderr, "nothing to recover\n")
+            (self.folder / "run.cht").unlink()
+
+    def test_recover_refuses_what_would_replace_or_guess(self):
+        self.put("old.cht.tcf0", "08:00:00#1#2####\r\n08:00:01#1#2####\r\n08:00:02#1")
+        self.put("there.cht", "[INFO]\r\nDrive Address=07\r\n\r\n[TIME/CONTENT]\r\n")
+        self.run_program("recover", "--discard", expected=2)
+        self.run_program("recover", "old.cht", "--output", "there.cht", expected=2)
+        back = self.run_program("recover", "old.cht.tcf0", "--like", "there.cht", "--output", "new.cht", expected=0)
+        self.assertTrue(back.stdout.startswith("2 point(s)") and "1 line(s) are not points." in back.stdout)
+        self.assertIn("Drive Address: 07\n", self.run_program("info", "new.cht", expected=0).stdout)
+        self.assertFalse((self.folder / "old.cht.tcf0").exists())
+        self.put("old.cht.tcf0", "08:00:00#1#2####\r\n")
+        self.assertIn("old.cht: 1 points deleted", self.run_program("recover", "old.cht", "--discard").stdout)
+
     def test_a_killed_export_leaves_nothing(self):
         self.acquire(20000, expected=0)
         before = sorted(os.listdir(self.folder))

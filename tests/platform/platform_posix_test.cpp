@@ -11,6 +11,8 @@
 
 #include <array>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <thread>
 
@@ -201,6 +203,34 @@ TEST_F(PosixFileSystemTest, ASideFileThatWasReplacedIsNeitherReadNorWrittenNorDe
     EXPECT_EQ(FileBytes(folder / "private"), "key");
     std::filesystem::remove(name);
   }
+}
+
+TEST_F(PosixFileSystemTest, ASideFileThatWasRemovedOrCutIsReportedAsLost) {
+  const std::string name = folder / "a.cht.tcf0";
+  const std::function<void()> losses[] = {[&] { std::filesystem::remove(name); },
+                                          [&] { std::filesystem::resize_file(name, 2); },
+                                          [&] { std::ofstream(name, std::ios::app) << "a stranger's"; }};
+  for (const auto& lose : losses) {
+    auto side = files.MakeSideFile({.target = folder / "a.cht", .ending = ".tcf0", .names = 1});
+    side->AppendAndMeasure("row\r\n");
+    lose();
+    EXPECT_THROW(side->AppendAndMeasure("more"), SideFileLost);
+  }
+}
+
+TEST_F(PosixFileSystemTest, TakeTargetNeverReplacesAndFilesInListsFilesOnly) {
+  auto side = files.MakeSideFile({.target = folder / "a.cht", .ending = ".new"});
+  side->AppendAndMeasure("fresh");
+  PutFile(folder / "a.cht", "the user's own");
+  std::filesystem::create_directory(folder / "b");
+  EXPECT_FALSE(side->TakeTarget());
+  EXPECT_EQ(FileBytes(folder / "a.cht"), "the user's own");
+  EXPECT_EQ(files.FilesIn(folder.Path()), (std::vector<std::string>{"a.cht", "a.cht.new"}));
+  std::filesystem::remove(folder / "a.cht");
+  EXPECT_TRUE(side->TakeTarget());
+  side.reset();
+  EXPECT_EQ(FileBytes(folder / "a.cht"), "fresh");
+  EXPECT_EQ(ErrorOf([&] { (void)files.FilesIn(folder / "none"); }, "none"), 76);
 }
 
 TEST_F(PosixFileSystemTest, LinksAreResolvedUnlessAStrangerMadeThem) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "common/values/text.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -71,8 +72,9 @@ class MemorySideFile : public SideFile {
   }
   std::unique_ptr<InputFile> OpenForReading() override { return std::make_unique<MemoryInput>(files_, node_); }
   DiskSpace AppendAndMeasure(std::string_view bytes) override {
-    if (!HasItsName()) throw RunTimeError(error_number::kPathFileAccess, Text::kReplacedByAnother, {name_});
+    if (!HasItsName() || node_->bytes.size() != appended_) throw SideFileLost(shown_);
     files_.Append(name_, bytes);
+    appended_ += bytes.size();
     return files_.SpaceFor(name_);
   }
   void ReplaceTarget() override {
@@ -80,12 +82,19 @@ class MemorySideFile : public SideFile {
     files_.Rename(name_, target_);
     kept_ = true;
   }
+  bool TakeTarget() override {
+    files_.Ask("rename", name_, shown_);
+    if (files_.FileExists(target_)) return false;
+    files_.Rename(name_, target_);
+    return kept_ = true;
+  }
   void Keep() noexcept override { kept_ = true; }
 
  private:
   MemoryFileSystem& files_;
   std::string target_, name_, shown_;
   std::shared_ptr<MemoryFileSystem::Node> node_;
+  std::size_t appended_ = 0;
   bool kept_ = false;
 };
 
@@ -188,6 +197,16 @@ void MemoryFileSystem::Delete(const std::string& name) {
   Ask("delete", name);
   NodeOf(name);
   nodes_.erase(Key(name));
+}
+
+std::vector<std::string> MemoryFileSystem::FilesIn(const std::string& folder) {
+  Ask("list", folder);
+  std::vector<std::string> names;
+  for (const auto& [name, node] : nodes_) {
+    const std::string base(BaseName(name));
+    if (Key(JoinPath(folder, base)) == name) names.push_back(base);
+  }
+  return names;
 }
 
 void MemoryFileSystem::Rename(const std::string& from, const std::string& to) {

@@ -58,6 +58,7 @@ class MemoryFileSystem : public FileSystem {
   [[nodiscard]] std::string TemporaryFolder() override { return "/tmp"; }
   [[nodiscard]] LockAttempt Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
+  [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder) override;
   void Remove(const std::string& name) { nodes_.erase(Key(name)); }
   void Rename(const std::string& from, const std::string& to);
   void MakeFolder(const std::string& name) override { folders.insert(Key(name)); }

@@ -154,7 +154,9 @@ BOOL CALLBACK Inspect(HWND control, LPARAM unfit) {
   ReleaseDC(control, dc);
   const bool decorated = std::wstring_view(type) == L"Button" || std::wstring_view(type) == L"ComboBox";
   OffsetRect(&needed, place.left + (decorated ? 16 : 0), place.top);
-  const bool scrolls = std::wstring_view(type) == L"Edit" || std::wstring_view(type).starts_with(L"Rich");
+  const bool elided =
+      std::wstring_view(type) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_ELLIPSISMASK) != 0;
+  const bool scrolls = elided || std::wstring_view(type) == L"Edit" || std::wstring_view(type).starts_with(L"Rich");
   for (const auto& [inner, outer] : {std::pair(scrolls ? place : needed, place), std::pair(place, window)}) {
     RECT both;
     UnionRect(&both, &inner, &outer);

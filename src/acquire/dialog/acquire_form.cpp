@@ -67,20 +67,22 @@ void AcquireForm::Connect() {
 
 void AcquireForm::PlaceControls() {
   LayoutBox buttons = Row({panel.ButtonsLayout(), Space(), Cell(cmdViewChart), Cell(cmdReset), Cell(cmdOK)});
-  SetLayout(Column({file.Layout(), drive.Layout(), timing.Layout(), trigger.Layout(), panel.WordsLayout(), Space(0, 1),
-                    panel.ProgressLayout(), std::move(buttons)}));
+  SetLayout(Column({recovery.Layout(), file.Layout(), drive.Layout(), timing.Layout(), trigger.Layout(),
+                    panel.WordsLayout(), Space(0, 1), panel.ProgressLayout(), std::move(buttons)}));
 }
 
 void AcquireForm::OnLoad() {
   TranslateForm(*this, component_);
   if (Simulated()) SetCaption(FillIn(LoadMessage(component_, Text::kSimulatedTitle), {Caption()}));
   file.Translate();
+  recovery.Translate();
   ResetForm();
   // A chart file that cannot be read is reported, and the dialog opens all the same.
   RunHandler("FileNameChanged", [this] {
     const FlagScope opening(trigger.opening);
     file.NameFile(JoinPath(component_.settings.strFolder, "Test.cht"));
   });
+  recovery.Look(component_.settings.strFolder);
   LayoutChanged();  // the window's width, which its place depends on, follows from the texts
   SetHeight(kSetUpHeight);
   for (Control* control : Controls()) {
@@ -184,6 +186,7 @@ void AcquireForm::LockSetupFields(bool enabled) {
                                                         &drive.picNumberOfParameters, &timing.picTime}) {
     group->SetEnabled(enabled);
   }
+  recovery.SetEnabled(enabled);
   (trigger.ByEvent() ? panel.cmdTrigger : panel.cmdStart).SetEnabled(enabled);
   for (CommandButton* button : {&cmdOK, &cmdReset, &cmdViewChart}) button->SetEnabled(enabled);
 }

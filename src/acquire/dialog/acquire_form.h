@@ -3,6 +3,7 @@
 
 #include "acquire/dialog/drive_section.h"
 #include "acquire/dialog/file_section.h"
+#include "acquire/dialog/recovery_section.h"
 #include "acquire/dialog/run_panel.h"
 #include "acquire/dialog/timing_section.h"
 #include "acquire/dialog/trigger_section.h"
@@ -30,6 +31,7 @@ class AcquireForm : public Form {
   CommandButton cmdViewChart{*this, "cmdViewChart"};
   CommandButton cmdReset{*this, "cmdReset"};
   CommandButton cmdOK{*this, "cmdOK"};
+  RecoverySection recovery{*this, component_};
 
   RunController controller;
 

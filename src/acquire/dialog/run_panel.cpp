@@ -20,7 +20,8 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
   for (Label* label : {&lblStart, &lblTrigger}) label->SetTag(TextNumber(Text::kEscCancelsTip));
   lblAcquiring.SetTag(TextNumber(Text::kAcquiringData));
   lblTimeBetweenPointsPB.SetTag(TextNumber(Text::kTimeAmongPoints));
-  for (Label* label : {&lblHint, &lblEstimate, &lblStart, &lblTrigger}) label->SetWordWrap(true);
+  for (Label* label : {&lblHint, &lblEstimate, &lblNotice, &lblStart, &lblTrigger}) label->SetWordWrap(true);
+  lblNotice.SetVisible(false);
   imgTrigger1.SetVisible(false);
   picProgress.SetVisible(false);
   // Enter presses the one that is visible.
@@ -31,7 +32,8 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
 
 // Start and Trigger, and their words, share one place: only one of each is ever visible.
 LayoutBox RunPanel::WordsLayout() {
-  return Column({Cell(lblEstimate, 1), Cell(lblHint, 1), Stack({Cell(lblStart, 1), Cell(lblTrigger, 1)})});
+  return Column({Cell(lblEstimate, 1), Cell(lblHint, 1), Collapsing(Cell(lblNotice, 1)),
+                 Stack({Cell(lblStart, 1), Cell(lblTrigger, 1)})});
 }
 
 LayoutBox RunPanel::ButtonsLayout() {
@@ -98,6 +100,14 @@ void RunPanel::ShowRunTimes(const std::string& text) {
   lblRunTimes.SetCaption(text);
 }
 
+void RunPanel::ShowNotice(const std::string& text) {
+  lblNotice.SetCaption(text);
+  const bool visible = !text.empty();
+  if (lblNotice.Visible() == visible) return;
+  lblNotice.SetVisible(visible);
+  form_.LayoutChanged();
+}
+
 void RunPanel::ShowSaving() {
   form_.SetPointer(MousePointer::kHourglass);
   lblProgress.SetCaption(Say(Text::kSaving));
@@ -109,6 +119,7 @@ void RunPanel::KeepAwake() {
 }
 
 void RunPanel::ShowIdle() {
+  ShowNotice({});
   lblProgress.SetCaption("");
   dialog_.lockSetupFields(true);
   dialog_.showHint();

@@ -23,6 +23,7 @@ class RunPanel : public Section, public RunDisplay {
 
   Label lblHint{form_, "lblHint"};          ///< why there is no Start, what a start replaces, what is waited for
   Label lblEstimate{form_, "lblEstimate"};  ///< how long the run will last, how large its file will be
+  Label lblNotice{form_, "lblNotice"};      ///< what else the user should know of the recording that runs
   CommandButton cmdStart{form_, "cmdStart"};
   Label lblStart{form_, "lblStart"};
   CommandButton cmdTrigger{form_, "cmdTrigger"};
@@ -57,6 +58,7 @@ class RunPanel : public Section, public RunDisplay {
   void ShowProgress(std::int64_t counter, std::int64_t total) override;
   void ShowStopwatch(const std::string& elapsed) override;
   void ShowRunTimes(const std::string& text) override;
+  void ShowNotice(const std::string& text) override;
   void ShowSaving() override;
   void KeepAwake() override;
   void ShowIdle() override;

@@ -9,6 +9,11 @@
 
 namespace chartproject {
 
+AcquisitionRun::AcquisitionRun(Component& component)
+    : component_(component),
+      journal_(component.ports.files, component.ports.codePage),
+      spool_(component.ports.files, journal_) {}
+
 std::string AcquisitionRun::Reserve(const std::string& fileName) {
   FileSystem& files = component_.ports.files;
   fileLock_.reset();  // drop the lock of a reservation that was never started
@@ -17,6 +22,7 @@ std::string AcquisitionRun::Reserve(const std::string& fileName) {
   LockAttempt attempt = files.Lock(targetFile_);
   if (!attempt.lock) return attempt.heldBy;
   ChartFileWriter(files, component_.ports.codePage).CheckTarget(targetFile_);
+  leftovers_ = RecoverLeftovers(component_.ports, targetFile_);
   fileLock_ = std::move(attempt.lock);
   return {};
 }
@@ -29,11 +35,12 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   end_ = RunEnd::kNone;
   failureReason_.clear();
   failed_ = {};
+  journal_.Begin(targetFile_, header_, plan_.millisecondsBetweenPoints);
   state_ = RunState::kArmed;
 }
 
 void AcquisitionRun::BeginSampling() {
-  spool_.reset();
+  spool_.End();
   rows_.assign(RowsInMemory() ? static_cast<std::size_t>(plan_.numberOfPoints) : 0, PointRow{});
   point_ = PointRow{};
   for (std::string* text : {&header_.StartDate, &header_.StartTime, &header_.EndDate, &header_.EndTime}) text->clear();
@@ -95,6 +102,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
   if (number == 1) {
     header_.StartDate = locale.DateText(now);
     header_.StartTime = point_.time;
+    journal_.NoteFirstPoint(header_, now, RowsInMemory());
   }
   if (number == plan_.numberOfPoints) {
     header_.EndDate = locale.DateText(now);
@@ -102,6 +110,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
   }
   if (RowsInMemory()) {
     std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
+    journal_.KeepRows(std::span(rows_).first(static_cast<std::size_t>(number)));
   } else {
     KeepInSpool();
   }
@@ -116,10 +125,9 @@ void AcquisitionRun::KeepPoint(const DateTime& now) {
 
 void AcquisitionRun::KeepInSpool() {
   FileSystem& files = component_.ports.files;
-  if (!spool_) spool_ = MakeSpoolFile(files, targetFile_);
   rowLine_.clear();
   AppendRowLine(rowLine_, point_);
-  freeSpace_ = spool_->AppendAndMeasure(component_.ports.codePage.Encode(rowLine_)).totalFree;
+  freeSpace_ = spool_.Append(targetFile_, component_.ports.codePage.Encode(rowLine_)).totalFree;
   // The spool file is on the disk of its chart file, but the dialog may show another file meanwhile.
   if (component_.strChartFileName != plan_.fileName) {
     freeSpace_ = files.SpaceFor(component_.strChartFileName).totalFree;
@@ -141,17 +149,28 @@ void AcquisitionRun::FinishAs(RunEnd reason) {
   state_ = RunState::kFinished;
 }
 
+ChartWriteResult AcquisitionRun::WriteChartFile(const std::function<void()>& keepAlive) {
+  const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
+  const std::string& rescueFolder = component_.settings.strFolder;
+  if (!RowsInMemory()) {
+    return writer.WriteSpool(targetFile_, header_, {spool_.Files(), counter_}, rescueFolder, keepAlive);
+  }
+  return writer.WriteRows(targetFile_, header_, rows_, rescueFolder,
+                          [this] { return journal_.FileWithRows(counter_); });
+}
+
 ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   ChartWriteResult result;
   if (state_ != RunState::kFinished) return result;
   if (counter_ > 0) {
-    const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
     component_.chartHeader = header_;
-    const std::string& rescueFolder = component_.settings.strFolder;
-    result = RowsInMemory() ? writer.WriteRows(targetFile_, header_, rows_, rescueFolder)
-                            : writer.WriteSpool(targetFile_, header_, *spool_, rescueFolder, keepAlive);
+    result = WriteChartFile(keepAlive);
   }
-  spool_.reset();
+  // The spool file goes first: while the journal is there, what is left is known as one recording.
+  spool_.End();
+  const bool memoryKeptElsewhere = RowsInMemory() && result.keptFile != journal_.FileWithRows(counter_);
+  const bool complete = result.kind == ChartWriteResult::Kind::kWritten || counter_ == 0;
+  journal_.End(!complete && !memoryKeptElsewhere);
   rows_ = {};
   fileLock_.reset();
   state_ = RunState::kIdle;

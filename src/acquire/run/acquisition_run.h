@@ -13,6 +13,9 @@
 #include "recording/chart_file_writer.h"
 #include "recording/component.h"
 #include "recording/failed_readings.h"
+#include "recording/journal.h"
+#include "recording/recovery.h"
+#include "recording/run_spool.h"
 
 namespace chartproject {
 
@@ -46,10 +49,12 @@ inline constexpr std::int32_t kMemoryLimit = 2500;
 /// States: kIdle -> Arm -> kArmed -> BeginSampling -> kSampling -> last point or Stop -> kFinished -> Close -> kIdle.
 class AcquisitionRun {
  public:
-  explicit AcquisitionRun(Component& component) : component_(component) {}
+  explicit AcquisitionRun(Component& component);
 
   /// Takes a chart file for the next run until Close; the file is not touched. A link is followed now, once.
-  /// Throws RunTimeError when no file can be made there, or the one that is there cannot be replaced.
+  /// Points that an interrupted recording left beside it become a chart file of their own first, see Leftovers().
+  /// Throws RunTimeError when no file can be made there, when the one that is there cannot be replaced, or when such
+  /// points cannot be brought back.
   /// @return empty; or the lock file by which another recording has the chart file
   [[nodiscard]] std::string Reserve(const std::string& fileName);
   /// From kIdle. The component's chart header, filled in before, is the recording's from here on.
@@ -80,6 +85,12 @@ class AcquisitionRun {
   /// Number of the last point taken; 0 before the first.
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
+  /// What became of the points that were left beside the chart file, as found by the last Reserve.
+  [[nodiscard]] const std::vector<RecoveryResult>& Leftovers() const noexcept { return leftovers_; }
+  /// Why a crash would lose points now; nothing while it would not.
+  [[nodiscard]] const std::optional<RunTimeError>& JournalFault() const noexcept { return journal_.Fault(); }
+  /// Set while the rows are in more than one file, because somebody removed, replaced or cut the one before.
+  [[nodiscard]] const RunSpool& Spool() const noexcept { return spool_; }
   /// Free bytes found when the run ended with RunEnd::kDiskSpace.
   [[nodiscard]] std::uint64_t FreeSpace() const noexcept { return freeSpace_; }
   /// The system's reason for RunEnd::kFailed; empty when the watch for the event failed.
@@ -94,6 +105,7 @@ class AcquisitionRun {
   void NoteFailures();
   void KeepPoint(const DateTime& now);
   void KeepInSpool();
+  [[nodiscard]] ChartWriteResult WriteChartFile(const std::function<void()>& keepAlive);
   void FinishAs(RunEnd reason);
 
   Component& component_;
@@ -104,8 +116,10 @@ class AcquisitionRun {
   ChartHeader header_;  ///< a copy: the component's header may change to another file during the recording
   std::uint32_t serial_ = 0;
   bool reading_ = false;
-  std::string targetFile_;           ///< the plan's file, or the one that it leads to as a link
-  std::unique_ptr<SideFile> spool_;  ///< from the first point on
+  std::string targetFile_;  ///< the plan's file, or the one that it leads to as a link
+  std::vector<RecoveryResult> leftovers_;
+  RecordingJournal journal_;
+  RunSpool spool_;
   std::int32_t counter_ = 0;
   PointRow point_;                                  ///< the point being taken
   std::array<ReadOutcome, kColumnCount> outcomes_;  ///< of its readings

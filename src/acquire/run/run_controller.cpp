@@ -2,7 +2,9 @@
 #include "acquire/run/run_controller.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "acquire/run/run_notices.h"
 #include "acquire/run/run_texts.h"
 #include "common/environment/language.h"
 #include "common/message_box.h"
@@ -56,11 +58,13 @@ void RunController::Watch(const RunPlan& plan, const WatchedEvent& event) {
   display_.ShowArmed();
   display_.ShowLamp(true);
   ShowWatch({});
+  ShowNotice();
   tmrEventTrigger.SetInterval(SamplingInterval());
   tmrEventTrigger.SetEnabled(true);
 }
 
 void RunController::Arm(const RunPlan& plan) {
+  shownNotice_.clear();
   run_.Arm(plan);
   (void)component_.ports.keyboard.EscapePressed();  // an Esc from before the run is not meant for it
   tmrMonitorEsc.SetEnabled(true);
@@ -81,6 +85,7 @@ void RunController::BeginSampling() {
   lastPointAt_ = samplingBegan_;
   shownSeconds_ = -1;
   ShowRunTimes();
+  ShowNotice();
   tmrAcquire.SetEnabled(true);
 }
 
@@ -123,6 +128,7 @@ void RunController::tmrAcquire_Tick() {
     if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
     lastPointAt_ = component_.ports.clock.Now();
     display_.ShowProgress(run_.Counter(), run_.Plan().numberOfPoints);
+    ShowNotice();
     if (pointTaken) pointTaken(run_);
   }
   ShowRunTimes();
@@ -148,6 +154,14 @@ void RunController::ShowRunTimes() {
   display_.ShowRunTimes(
       FillIn(LoadMessage(component_, Text::kElapsedAndEnd),
              {DurationText(seconds), MomentText(LaterBy(today, remaining), today, component_.ports.locale)}));
+}
+
+void RunController::ShowNotice() {
+  std::string notice = RunNotice(component_, run_);
+  if (notice == shownNotice_) return;
+  shownNotice_ = std::move(notice);
+  display_.ShowNotice(shownNotice_);
+  if (noticed && !shownNotice_.empty()) noticed(shownNotice_);
 }
 
 void RunController::tmrEventTrigger_Tick() {
@@ -271,6 +285,7 @@ void RunController::ReportWriting(const ChartWriteResult& result) {
     const std::string lost = FillIn(LoadMessage(component_, Text::kPointsLost), {std::to_string(lastRun_.points)});
     Warn(result.reason + (kept.empty() ? ". " + lost : kept));
   }
+  if (const std::string missing = MissingPointsNotice(component_, lastRun_); !missing.empty()) Warn(missing);
 }
 
 }  // namespace chartproject

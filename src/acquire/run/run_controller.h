@@ -36,6 +36,8 @@ class RunDisplay {
   virtual void ShowProgress(std::int64_t counter, std::int64_t total) = 0;
   virtual void ShowStopwatch(const std::string& elapsed) = 0;
   virtual void ShowRunTimes(const std::string& text) = 0;
+  /// What else the user should know while the recording runs, one a line; empty for nothing.
+  virtual void ShowNotice(const std::string& text) = 0;
   /// The chart file is being written; the fields stay locked.
   virtual void ShowSaving() = 0;
   virtual void KeepAwake() = 0;
@@ -62,6 +64,8 @@ class RunController {
 
   /// Called after each point.
   std::function<void(const AcquisitionRun&)> pointTaken;
+  /// Called when there is something else that the user should know, see RunNotice.
+  std::function<void(const std::string&)> noticed;
   /// Called after each recording, when its file is written and the display is idle again.
   std::function<void(const RunReport&)> runEnded;
 
@@ -96,6 +100,7 @@ class RunController {
   [[nodiscard]] bool KeepsWatching();
   void ShowWatch(const std::string& reading);
   void ShowRunTimes();
+  void ShowNotice();
   void StopTimers();
   void End(RunEnd reason);
   void Finish();
@@ -112,6 +117,7 @@ class RunController {
   DateTime armedAt_;  ///< of the watch
   bool testingEvent_ = false;
   std::uint32_t readingRun_ = 0;  ///< the run for which the link was last asked
+  std::string shownNotice_;
   Stopwatch stopwatch_;
   Instant samplingBegan_{};
   Instant lastPointAt_{};           ///< the moment of the last point; that of the start before the first

@@ -6,6 +6,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -86,6 +87,19 @@ void PosixFileSystem::CheckOwned(const std::string& name) {
 
 void PosixFileSystem::Delete(const std::string& name) {
   if (unlink(PosixPath(name).c_str()) != 0) throw FileError(errno, name);
+}
+
+std::vector<std::string> PosixFileSystem::FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  const std::string path = folder.empty() ? "." : PosixPath(folder);
+  for (std::filesystem::directory_iterator at(path, error), end; !error && at != end; at.increment(error)) {
+    std::error_code unknown;  // of an entry that goes at this moment
+    if (!at->is_directory(unknown)) names.push_back(at->path().filename().string());
+  }
+  if (error) throw FolderError(error.value(), folder);
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 void PosixFileSystem::MakeFolder(const std::string& name) {

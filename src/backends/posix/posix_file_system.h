@@ -19,6 +19,7 @@ class PosixFileSystem : public FileSystem {
   void CheckOwned(const std::string& name) override;
   [[nodiscard]] LockAttempt Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
+  [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder) override;
   void MakeFolder(const std::string& name) override;
   [[nodiscard]] std::string CurrentFolder() override;
   void ChangeFolder(const std::string& name) override;

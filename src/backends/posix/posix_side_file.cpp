@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <utility>
@@ -124,14 +125,32 @@ std::unique_ptr<InputFile> PosixSideFile::OpenForReading() {
 }
 
 DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
-  Descriptor file = OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
+  Descriptor file = [this] {
+    try {
+      return OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
+    } catch (const RunTimeError&) {
+      if (!HasItsName()) throw SideFileLost(shownName_);
+      throw;
+    }
+  }();
   struct stat status {};
   if (fstat(file.Number(), &status) != 0) throw FileError(errno, shownName_);
-  if (!IsOwn(status)) throw Replaced(shownName_);
+  if (!IsOwn(status) || status.st_size != appended_) throw SideFileLost(shownName_);
   AppendWhole(file, bytes, shownName_);
+  appended_ += static_cast<off_t>(bytes.size());
+  FlushNowAndThen(file);
   const DiskSpace space = SpaceOfOpenFile(file, shownName_);
   if (file.Close() != 0) throw DeviceError(errno, shownName_);
   return space;
+}
+
+void PosixSideFile::FlushNowAndThen(const Descriptor& file) {
+  const auto now = std::chrono::steady_clock::now();
+  const bool first = flushed_ == std::chrono::steady_clock::time_point{};
+  if (!first && now - flushed_ < kFlushInterval) return;
+  flushed_ = now;
+  if (fdatasync(file.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) throw DeviceError(errno, shownName_);
+  if (first) SyncFolder(FolderOf(name_));
 }
 
 void PosixSideFile::TakeName() {
@@ -154,6 +173,33 @@ void PosixSideFile::ReplaceTarget() {
   struct stat status {};
   if (lstat(target_.c_str(), &status) != 0 || !IsOwn(status)) throw Replaced(target_);
   SyncFolder(FolderOf(target_));
+}
+
+bool PosixSideFile::TakeTarget() {
+  if (name_.empty()) {
+    // A file without a name takes one that is free, or none.
+    if (linkat(AT_FDCWD, PathOf(file_).c_str(), AT_FDCWD, target_.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+      if (errno == EEXIST) return false;
+      throw FileError(errno, shownName_);
+    }
+    kept_ = true;
+    SyncFolder(FolderOf(target_));
+    return true;
+  }
+  if (!HasItsName()) throw SideFileLost(name_);
+  if (renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE) != 0) {
+    if (errno == EEXIST) return false;
+    if (errno != EINVAL && errno != ENOSYS) throw FileError(errno, shownName_);
+    // A file system without that kind of renaming: a second name, then without the first.
+    if (link(name_.c_str(), target_.c_str()) != 0) {
+      if (errno == EEXIST) return false;
+      throw FileError(errno, shownName_);
+    }
+    unlink(name_.c_str());
+  }
+  kept_ = true;
+  SyncFolder(FolderOf(target_));
+  return true;
 }
 
 std::string PosixSideFile::PathOfOpenFile() const {

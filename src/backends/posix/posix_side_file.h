@@ -3,9 +3,14 @@
 
 #include <sys/stat.h>
 
+#include <chrono>
+
 #include "backends/posix/open_file.h"
 
 namespace chartproject {
+
+/// Appended rows wait this long at most before the disk receives them.
+inline constexpr std::chrono::seconds kFlushInterval{1};
 
 /// Holds its file open all the time, so that no other file can come to have its number.
 class PosixSideFile : public SideFile {
@@ -29,6 +34,7 @@ class PosixSideFile : public SideFile {
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading() override;
   DiskSpace AppendAndMeasure(std::string_view bytes) override;
   void ReplaceTarget() override;
+  [[nodiscard]] bool TakeTarget() override;
   void Keep() noexcept override { kept_ = true; }
 
   /// A name that leads to the open file itself, for libraries that open by name; the file's name without /proc.
@@ -38,6 +44,7 @@ class PosixSideFile : public SideFile {
 
  private:
   [[nodiscard]] bool IsOwn(const struct stat& status) const;
+  void FlushNowAndThen(const Descriptor& file);
   /// Gives a file without a name the first one that is free.
   void TakeName();
 
@@ -47,6 +54,8 @@ class PosixSideFile : public SideFile {
   std::string shownName_;  ///< for errors
   struct stat own_ {};     ///< when it was made; set while file_ is
   Descriptor file_;
+  off_t appended_ = 0;  ///< bytes appended so far: the file's length
+  std::chrono::steady_clock::time_point flushed_{};
   bool numbersLast_ = true;  ///< false on a file system that returns a new inode number on every stat
   bool kept_ = false;
 };

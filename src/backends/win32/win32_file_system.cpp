@@ -1,6 +1,7 @@
 // Files and folders by the system's own functions.
 #include "backends/win32/win32_file_system.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -139,6 +140,23 @@ LockAttempt Win32FileSystem::Lock(const std::string& name) {
 
 void Win32FileSystem::Delete(const std::string& name) {
   if (DeleteFileW(ToWide(name).c_str()) == 0) ThrowFileError(GetLastError(), name);
+}
+
+std::vector<std::string> Win32FileSystem::FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  WIN32_FIND_DATAW found;
+  const std::string pattern = (folder.empty() ? "." : folder) + "\\*";
+  const HANDLE search = FindFirstFileW(ToWide(pattern).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) {
+    const DWORD code = GetLastError();
+    ThrowFileError(code == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : code, folder);
+  }
+  do {
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(ToUtf8(found.cFileName));
+  } while (FindNextFileW(search, &found) != 0);
+  FindClose(search);
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 void Win32FileSystem::MakeFolder(const std::string& name) {

@@ -130,4 +130,14 @@ void MoveOver(const std::string& from, const std::string& to) {
   }
 }
 
+bool MoveToFreeName(const std::string& from, const std::string& to) {
+  for (int tries = 0; MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(), MOVEFILE_WRITE_THROUGH) == 0; ++tries) {
+    const DWORD code = GetLastError();
+    if (code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS) return false;
+    if (code != ERROR_SHARING_VIOLATION || tries >= kFilePatience) ThrowFileError(code, to);
+    Sleep(kFileRetryMilliseconds);
+  }
+  return true;
+}
+
 }  // namespace chartproject::win32

@@ -34,5 +34,7 @@ void AppendWhole(HANDLE file, std::string_view bytes, const std::string& name);
 
 /// Gives a file another name in one atomic step, replacing a file that has that name. Throws RunTimeError.
 void MoveOver(const std::string& from, const std::string& to);
+/// The same, but false, and no change, when something has that name.
+[[nodiscard]] bool MoveToFreeName(const std::string& from, const std::string& to);
 
 }  // namespace chartproject::win32

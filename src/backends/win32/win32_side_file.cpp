@@ -27,10 +27,6 @@ bool SameFile(const FileIdentity& one, const FileIdentity& other) {
   return one.volume == other.volume && one.index == other.index;
 }
 
-RunTimeError Replaced(const std::string& name) {
-  return RunTimeError(error_number::kPathFileAccess, Text::kReplacedByAnother, {name});
-}
-
 }  // namespace
 
 Win32SideFile::Win32SideFile(const SideFileRequest& request) : target_(request.target) {
@@ -55,7 +51,7 @@ Win32SideFile::~Win32SideFile() {
 
 OwnedFile Win32SideFile::OpenOwn(DWORD access, DWORD share) const {
   OwnedFile file = OpenOnDisk(name_, access, share, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, kFilePatience);
-  if (!SameFile(IdentityOf(file.Get(), shownName_), own_)) throw Replaced(shownName_);
+  if (!SameFile(IdentityOf(file.Get(), shownName_), own_)) throw SideFileLost(shownName_);
   return file;
 }
 
@@ -78,15 +74,36 @@ std::unique_ptr<InputFile> Win32SideFile::OpenForReading() {
 
 DiskSpace Win32SideFile::AppendAndMeasure(std::string_view bytes) {
   {
-    const OwnedFile file = OpenOwn(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
+    const OwnedFile file = [this] {
+      try {
+        return OpenOwn(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
+      } catch (const RunTimeError& error) {
+        if (error.Number() == error_number::kFileNotFound) throw SideFileLost(shownName_);
+        throw;
+      }
+    }();
+    if (IdentityOf(file.Get(), shownName_).size != appended_) throw SideFileLost(shownName_);
     AppendWhole(file.Get(), bytes, shownName_);
+    appended_ += bytes.size();
+    const ULONGLONG now = GetTickCount64();
+    if (flushed_ == 0 || now - flushed_ >= kFlushMilliseconds) {
+      flushed_ = now;
+      if (FlushFileBuffers(file.Get()) == 0) ThrowFileError(GetLastError(), shownName_);
+    }
   }
   return MeasureDiskSpace(name_);
 }
 
+bool Win32SideFile::TakeTarget() {
+  if (!HasItsName()) throw SideFileLost(name_);
+  if (!MoveToFreeName(name_, target_)) return false;
+  kept_ = true;
+  return true;
+}
+
 void Win32SideFile::ReplaceTarget() {
   CheckReplaceableWin32(target_);
-  if (!HasItsName()) throw Replaced(name_);
+  if (!HasItsName()) throw SideFileLost(name_);
   MoveOver(name_, target_);
   kept_ = true;
 }

@@ -5,6 +5,9 @@
 
 namespace chartproject::win32 {
 
+/// Appended rows wait this long at most before the disk receives them.
+inline constexpr ULONGLONG kFlushMilliseconds = 1000;
+
 /// Known by volume and number, which the system does not give to another file soon.
 class Win32SideFile : public SideFile {
  public:
@@ -20,6 +23,7 @@ class Win32SideFile : public SideFile {
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading() override;
   DiskSpace AppendAndMeasure(std::string_view bytes) override;
   void ReplaceTarget() override;
+  [[nodiscard]] bool TakeTarget() override;
   void Keep() noexcept override { kept_ = true; }
 
  private:
@@ -27,8 +31,10 @@ class Win32SideFile : public SideFile {
 
   std::string target_;
   std::string name_;
-  std::string shownName_;  ///< for errors
-  FileIdentity own_;       ///< when it was made
+  std::string shownName_;       ///< for errors
+  FileIdentity own_;            ///< when it was made
+  std::uint64_t appended_ = 0;  ///< bytes appended so far: the file's length
+  ULONGLONG flushed_ = 0;       ///< moment of the last flush; 0 before the first
   bool kept_ = false;
 };
 

@@ -35,6 +35,7 @@ class RefusedError : public std::runtime_error {
 [[nodiscard]] std::unique_ptr<Command> MakeReadCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeAcquireCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeInfoCommand();
+[[nodiscard]] std::unique_ptr<Command> MakeRecoverCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeViewCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeRenderCommand();
 [[nodiscard]] std::unique_ptr<Command> MakePrintCommand();

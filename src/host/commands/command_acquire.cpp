@@ -54,6 +54,10 @@ class HeadlessRecording {
     form->controller.pointTaken = [this](const AcquisitionRun& run) {
       progress_.Show(run.Counter(), run.Plan().numberOfPoints);
     };
+    form->controller.noticed = [this](const std::string& notice) {
+      progress_.EndLine();
+      session_.Err() << notice << "\n" << std::flush;
+    };
     form->runEnded = [this](const RunReport& report) {
       report_ = report;
       ended_ = true;
@@ -108,7 +112,8 @@ class HeadlessRecording {
   [[nodiscard]] ExitCode Outcome() {
     const ChartWriteResult& written = report_.written;
     const bool inFile = written.kind == ChartWriteResult::Kind::kWritten;
-    if (inFile) session_.Out() << report_.points << " points in " << VisibleText(report_.fileName) << "\n";
+    if (inFile) session_.Out() << written.rows << " points in " << VisibleText(report_.fileName) << "\n";
+    if (inFile && written.rows < report_.points) return ExitCode::kRunTimeError;
     if (report_.end == RunEnd::kComplete) {
       if (inFile) return ExitCode::kDone;
       return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;

@@ -9,6 +9,7 @@
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
+#include "host/commands/interrupted_argument.h"
 #include "host/commands/progress.h"
 #include "host/session/session.h"
 #include "host/session/visible_output.h"
@@ -46,6 +47,7 @@ class ExportCommand : public Command {
     Component& component = session.Instance().State();
     component.strChartFileName = FullName(file_);
     const std::string output = output_.empty() ? component.strChartFileName + ".xls" : FullName(output_);
+    RefuseInterrupted(component.ports, component.strChartFileName);
     RefuseOutputOnto(component.strChartFileName, output);
     if (!output_.empty()) RequireEnding();
     component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));

@@ -7,6 +7,7 @@
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
+#include "host/commands/interrupted_argument.h"
 #include "host/session/session.h"
 #include "recording/point_reader.h"
 
@@ -51,19 +52,47 @@ class InfoCommand : public Command {
   }
 
   ExitCode Run(Session& session) override {
+    const InterruptedArgument interrupted = LookForInterrupted(session.ThePorts(), FullName(file_));
+    if (interrupted.Found() && interrupted.noChartFile) {
+      PrintInterrupted(interrupted, session.Out());
+      return ExitCode::kDone;
+    }
     const ChartInfo info = ReadInfo(session.ThePorts(), FullName(file_));
     if (json_) {
-      PrintJson(info, session.Out());
+      PrintJson(info, interrupted, session.Out());
     } else {
       for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
       session.Out() << "Rows: " << info.rows << "\n";
       if (info.malformed > 0) session.Out() << "Malformed lines: " << info.malformed << "\n";
+      if (interrupted.Found()) session.Out() << "Beside it: " << interrupted.Sentence() << "\n";
     }
     return ExitCode::kDone;
   }
 
  private:
-  void PrintJson(const ChartInfo& info, std::ostream& out) const {
+  static nlohmann::ordered_json InterruptedJson(const InterruptedArgument& interrupted) {
+    nlohmann::ordered_json part;
+    part["file"] = interrupted.chartFile;
+    part["points"] = interrupted.Points();
+    part["running"] = interrupted.running;
+    part["firstTime"] = interrupted.recordings.front().rows.firstTime;
+    part["lastTime"] = interrupted.recordings.back().rows.lastTime;
+    part["command"] = interrupted.Command();
+    return part;
+  }
+
+  void PrintInterrupted(const InterruptedArgument& interrupted, std::ostream& out) const {
+    if (!json_) {
+      out << interrupted.Sentence() << "\n";
+      return;
+    }
+    nlohmann::ordered_json document;
+    document["file"] = file_;
+    document["interrupted"] = InterruptedJson(interrupted);
+    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  }
+
+  void PrintJson(const ChartInfo& info, const InterruptedArgument& interrupted, std::ostream& out) const {
     nlohmann::ordered_json header;
     for (const HeaderKey& line : kHeaderKeys) header[Label(line)] = info.header.*line.field;
     nlohmann::ordered_json document;
@@ -71,6 +100,7 @@ class InfoCommand : public Command {
     document["header"] = header;
     document["rows"] = info.rows;
     document["malformedLines"] = info.malformed;
+    if (interrupted.Found()) document["interrupted"] = InterruptedJson(interrupted);
     // Names that are not valid UTF-8 must not stop the output.
     out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
   }

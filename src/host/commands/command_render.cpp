@@ -5,6 +5,7 @@
 #include "host/commands/chart_argument.h"
 #include "host/commands/chart_picture.h"
 #include "host/commands/command.h"
+#include "host/commands/interrupted_argument.h"
 #include "host/session/png_file.h"
 #include "host/session/session.h"
 
@@ -31,6 +32,7 @@ class RenderCommand : public Command {
     const Size size = ParseSize();
     const std::string chartFile = FullName(file_);
     const std::string output = FullName(output_);
+    RefuseInterrupted(session.ThePorts(), chartFile);
     RefuseOutputOnto(chartFile, output);
     RefuseOutputOntoRecording(session.ThePorts(), output);
     PictureRenderer& renderer = *session.UseDesktop(DesktopMode::kOffscreen).Forms().Pictures();

@@ -5,6 +5,7 @@
 #include "host/commands/arguments.h"
 #include "host/commands/chart_argument.h"
 #include "host/commands/command.h"
+#include "host/commands/interrupted_argument.h"
 #include "host/session/session.h"
 #include "host/window/recent_charts.h"
 #include "platform/run_time_error.h"
@@ -27,6 +28,7 @@ class ViewCommand : public Command {
     if (file_.empty()) return AskAndShow(session);
     const std::string name = FullName(file_);
     (void)session.ThePorts().files.ResolveLink(name);  // refuses a device or a pipe before a window comes up
+    RefuseInterrupted(session.ThePorts(), name);
     session.UseDesktop(DesktopMode::kScreen);
     // The window shows its user why a file cannot be shown; a script learns it from the exit code.
     std::exception_ptr fault;

@@ -31,6 +31,7 @@ std::string ButtonName(const std::string& fileName) {
 
 StartForm::StartForm(ChartClass& instance, std::string madeIn)
     : Form(instance.State().forms, "frmStart", MakeHandlerErrorReporter(instance.State())),
+      recovery(*this, instance.State()),
       instance_(instance),
       component_(instance.State()),
       madeIn_(std::move(madeIn)) {
@@ -52,7 +53,7 @@ void StartForm::PlaceControls() {
   std::vector<LayoutBox> recent;
   for (CommandButton& button : cmdRecent) recent.push_back(Collapsing(Cell(button, 1)));
   SetLayout(
-      Column({Row({std::move(drives), std::move(buttons)}), Collapsing(Group(fraRecent, Column(std::move(recent)))),
+      Column({recovery.Layout(), Row({std::move(drives), std::move(buttons)}), Collapsing(Group(fraRecent, Column(std::move(recent)))),
               Collapsing(Cell(lblNote, 1)), Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
 }
 
@@ -81,6 +82,7 @@ void StartForm::OnLoad() {
   lblProject.SetCaption(settings.strFolder);
   lblNote.SetVisible(!madeIn_.empty());
   ShowTexts();
+  recovery.Look(settings.strFolder);
   ShowRecent();
   LayoutChanged();
   const Size screen = component_.forms.ScreenSize();
@@ -91,6 +93,7 @@ void StartForm::OnLoad() {
 
 void StartForm::ShowTexts() {
   SetCaption("ChartProject");
+  recovery.Translate();
   const auto text = [this](Text which) { return LoadMessage(component_, which); };
   fraDrives.SetCaption(text(Text::kStartDrives));
   cmdAcquire.SetCaption(text(Text::kStartAcquire));
@@ -129,6 +132,7 @@ void StartForm::chkSound_Click() {
 void StartForm::cmdAcquire_Click() {
   lblNote.SetVisible(false);  // said once
   instance_.AcquireVar();
+  recovery.Look(component_.settings.strFolder);
   ShowRecent();
 }
 

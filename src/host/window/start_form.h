@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "acquire/dialog/recovery_section.h"
 #include "component/chart_class.h"
 #include "forms/controls.h"
 #include "forms/form.h"
@@ -33,6 +34,7 @@ class StartForm : public Form {
   Label lblLanguage{*this, "lblLanguage"};
   ComboBox cboLanguage{*this, "cboLanguage"};
   CheckBox chkSound{*this, "chkSound"};
+  RecoverySection recovery;
 
  protected:
   void OnLoad() override;

@@ -17,6 +17,8 @@ constexpr double kDrawnShrinks = 0.5;  // a picture may be made this much smalle
 /// The colour of a calm line on the forms' ground.
 COLORREF GroupLine() {
   const COLORREF ground = GetSysColor(COLOR_3DFACE);
+  constexpr int kDark = 3 * 0x40;  // as in schemes of high contrast: nothing darker would be seen
+  if (GetRValue(ground) + GetGValue(ground) + GetBValue(ground) < kDark) return GetSysColor(COLOR_WINDOWTEXT);
   const auto darker = [](BYTE part) { return static_cast<BYTE>(part * 100 / 115); };
   return RGB(darker(GetRValue(ground)), darker(GetGValue(ground)), darker(GetBValue(ground)));
 }
