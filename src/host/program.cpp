@@ -65,10 +65,10 @@ struct RawOptions {
 /// In the order of the help text; the last one runs when none is named.
 std::vector<std::unique_ptr<Command>> AllCommands() {
   std::vector<std::unique_ptr<Command>> commands;
-  for (const auto make : {MakeInitCommand, MakeSettingsCommand, MakePortsCommand, MakeScanCommand, MakeDrivesCommand,
-                          MakeReadCommand, MakeAcquireCommand, MakeRecoverCommand, MakeInfoCommand, MakeViewCommand,
-                          MakeRenderCommand, MakePrintCommand, MakeExportCommand, MakeDescribeCommand,
-                          MakeStartCommand}) {
+  for (const auto make :
+       {MakeInitCommand, MakeSettingsCommand, MakePortsCommand, MakeScanCommand, MakeDrivesCommand, MakeReadCommand,
+        MakeAcquireCommand, MakeRecoverCommand, MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand,
+        MakeExportCommand, MakeDescribeCommand, MakeStartCommand}) {
     commands.push_back(make());
   }
   return commands;
