@@ -142,13 +142,17 @@ int Descriptor::Close() noexcept {
 }
 
 Descriptor OpenRegular(const std::string& name, int flags) {
+  struct stat status {};
+  return OpenRegular(name, flags, status);
+}
+
+Descriptor OpenRegular(const std::string& name, int flags, struct stat& status) {
   int number = -1;
   do {
     number = open(PosixPath(name).c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, kFileMode);
   } while (number < 0 && errno == EINTR);
   if (number < 0) ThrowOpenError(errno, name, flags);
   Descriptor file(number);
-  struct stat status {};
   if (fstat(number, &status) != 0) throw FileError(errno, name);
   if (S_ISDIR(status.st_mode)) throw FileError(EISDIR, name);
   if (!S_ISREG(status.st_mode)) throw NotARegularFile(name);

@@ -34,6 +34,8 @@ class Descriptor {
 /// Opens a regular file; with O_NOFOLLOW a link is refused with 75. Throws NotARegularFile, RunTimeError.
 /// @param flags of open(2), without O_TRUNC: what is opened is known only afterwards
 [[nodiscard]] Descriptor OpenRegular(const std::string& name, int flags);
+/// The same. @param status receives what the system says of the opened file
+[[nodiscard]] Descriptor OpenRegular(const std::string& name, int flags, struct stat& status);
 
 /// Appends the bytes in one write; a part that fitted is taken back when the rest did not.
 /// @param file opened with O_APPEND; @param name for errors

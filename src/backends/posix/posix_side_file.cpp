@@ -125,16 +125,15 @@ std::unique_ptr<InputFile> PosixSideFile::OpenForReading() {
 }
 
 DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
-  Descriptor file = [this] {
+  struct stat status {};
+  Descriptor file = [&] {
     try {
-      return OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW);
+      return OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW, status);
     } catch (const RunTimeError&) {
       if (!HasItsName()) throw SideFileLost(shownName_);
       throw;
     }
   }();
-  struct stat status {};
-  if (fstat(file.Number(), &status) != 0) throw FileError(errno, shownName_);
   if (!IsOwn(status) || status.st_size != appended_) throw SideFileLost(shownName_);
   AppendWhole(file, bytes, shownName_);
   appended_ += static_cast<off_t>(bytes.size());
