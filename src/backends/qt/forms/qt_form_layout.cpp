@@ -13,6 +13,7 @@
 #include "forms/access_keys.h"
 #include "forms/controls.h"
 #include "forms/flag_scope.h"
+#include "forms/spoken_name.h"
 
 namespace chartproject {
 
@@ -147,7 +148,9 @@ void QtFormView::ArrangeControls() {
 }
 
 void QtFormView::Show() {
-  NameWidgets();
+  for (const auto& each : widgets_) {
+    if (!each->Model().HasCaption()) each->Widget().setAccessibleName(ToQt(SpokenName(each->Model())));
+  }
   closing_ = false;
   UpdateLayout();
   window_->setWindowModality(Qt::ApplicationModal);

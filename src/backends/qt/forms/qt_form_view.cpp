@@ -4,7 +4,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QIcon>
-#include <QPushButton>
 #include <QTimer>
 
 #include "backends/qt/forms/qt_form_window.h"
@@ -154,57 +153,10 @@ void QtFormView::DeliverFocusLeave() {
   for (QAbstractButton* button : window_->findChildren<QAbstractButton*>()) button->setDown(false);
 }
 
-bool QtFormView::KeyPressed(int key, QWidget* focus) {
-  if (closing_) return false;
-  if (key == Qt::Key_F1 && form_.helpRequested.handler) {
-    form_.RunHandler(form_.helpRequested.routine, form_.helpRequested.handler);
-    return true;
-  }
-  if (key == Qt::Key_Escape) {
-    return PressButton([](const Control& control) { return dynamic_cast<const CommandButton&>(control).IsCancel(); });
-  }
-  if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
-  if (auto* button = qobject_cast<QPushButton*>(focus)) {
-    button->click();
-    return true;
-  }
-  return PressButton([](const Control& control) { return dynamic_cast<const CommandButton&>(control).IsDefault(); });
-}
-
-bool QtFormView::PressButton(bool (*isMeant)(const Control& control)) {
-  for (Control* control : form_.Controls()) {
-    auto* button = dynamic_cast<CommandButton*>(control);
-    if (button == nullptr || !isMeant(*button)) continue;
-    if (!button->EffectivelyEnabled() || !button->EffectivelyVisible()) continue;
-    Take(*button, [button] { button->Press(); });
-    return true;
-  }
-  return false;
-}
-
-bool QtFormView::StepArrowsOf(QObject* field, int key) {
-  if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
-  const Control* control = ControlOf(field);
-  if (control == nullptr || closing_) return false;
-  for (Control* other : form_.Controls()) {
-    auto* arrows = dynamic_cast<UpDown*>(other);
-    if (arrows == nullptr || arrows->Buddy() != control) continue;
-    Take(*arrows, [arrows, key] { arrows->Step(key == Qt::Key_Up ? 1 : -1); });
-    return true;
-  }
-  return false;
-}
-
 void QtFormView::CloseRequested() {
   if (closing_) return;
   DeliverFocusLeave();
   if (form_.IsLoaded()) form_.CloseByUser();
-}
-
-void QtFormView::NameWidgets() {
-  for (const auto& each : widgets_) {
-    if (!each->Model().HasCaption()) each->Widget().setAccessibleName(ToQt(SpokenName(each->Model())));
-  }
 }
 
 void QtFormView::FileDropped(const QString& fileName) {

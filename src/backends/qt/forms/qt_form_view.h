@@ -64,15 +64,9 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   /// Whether the form wants files that are dropped onto it, now.
   [[nodiscard]] bool TakesFiles() const { return !closing_ && form_.fileDropped != nullptr; }
   void FileDropped(const QString& fileName);
-  /// Enter, Esc and F1 where no control used them. @return true when the form did
-  bool KeyPressed(int key, QWidget* focus);
-  bool PressButton(bool (*isMeant)(const Control& control));
-  /// Up and down keys in a field step the arrows beside it. @return true when there are any
-  bool StepArrowsOf(QObject* field, int key);
   /// The user, or the form, chose where the focus is.
   void FocusTaken();
   void FocusLeft(QObject* widget, bool byMouse);
-  void NameWidgets();
   void DeliverFocusLeave();
   [[nodiscard]] ControlWidget* Find(const Control& control) const;
   [[nodiscard]] Control* ControlOf(const QObject* widget) const;

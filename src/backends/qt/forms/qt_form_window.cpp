@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "backends/qt/forms/qt_form_keys.h"
 #include "backends/qt/forms/qt_form_view.h"
 
 namespace chartproject {
@@ -38,7 +39,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (!stays && event->type() == QEvent::FocusIn) view_.FocusTaken();
     if (!stays && event->type() == QEvent::FocusOut) view_.FocusLeft(watched, reason == Qt::MouseFocusReason);
   }
-  if (event->type() == QEvent::KeyPress && view_.StepArrowsOf(watched, static_cast<QKeyEvent*>(event)->key())) {
+  if (event->type() == QEvent::KeyPress && !view_.closing_ &&
+      StepArrows(view_.form_, view_, view_.ControlOf(watched), static_cast<QKeyEvent*>(event)->key())) {
     return true;
   }
   return QWidget::eventFilter(watched, event);
@@ -50,7 +52,8 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  if (!view_.KeyPressed(event->key(), focusWidget())) QWidget::keyPressEvent(event);
+  const bool used = !view_.closing_ && UseFormKey(view_.form_, view_, event->key(), focusWidget());
+  if (!used) QWidget::keyPressEvent(event);
 }
 
 void FormWindow::moveEvent(QMoveEvent* event) {
