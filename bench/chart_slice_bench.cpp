@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "backends/posix/posix_file_system.h"
+#include "backends/posix/files/posix_file_system.h"
 #include "chart/file/chart_source.h"
 #include "chart/view/scroll_range.h"
 #include "chart/window/chart_form.h"

@@ -9,8 +9,8 @@
 #include <fstream>
 
 #include "acquire/dialog/acquire_form.h"
-#include "backends/posix/posix_file_system.h"
-#include "recording/chart_file.h"
+#include "backends/posix/files/posix_file_system.h"
+#include "recording/file/chart_file.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

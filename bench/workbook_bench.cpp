@@ -15,14 +15,14 @@
 #include "backends/headless/code_page_1252.h"
 #include "backends/headless/headless_form_host.h"
 #include "backends/posix/console_dialogs.h"
+#include "backends/posix/files/posix_file_system.h"
 #include "backends/posix/keyboard_signals.h"
 #include "backends/posix/posix_clock.h"
-#include "backends/posix/posix_file_system.h"
 #include "backends/posix/posix_locale.h"
 #include "backends/posix/posix_settings_store.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 #include "chart/output/excel_export.h"
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Fuzz target: header, row place and rows of any file are read within their bounds.
 #include "backends/headless/code_page_1252.h"
 #include "bytes_file.h"
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using chartproject::BytesFile, chartproject::Require;

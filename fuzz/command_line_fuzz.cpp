@@ -1,7 +1,7 @@
 // Fuzz target: arguments, one a line, are parsed or refused; nothing is run.
 #include "bytes_file.h"
-#include "host/commands/arguments.h"
-#include "host/commands/command.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/command.h"
 
 namespace chartproject {
 namespace {

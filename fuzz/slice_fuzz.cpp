@@ -2,7 +2,7 @@
 // The first two bytes choose the slice, the third how much one read gives.
 #include "bytes_file.h"
 #include "chart/file/slice_reader.h"
-#include "recording/point_reader.h"
+#include "recording/file/point_reader.h"
 
 namespace chartproject {
 namespace {

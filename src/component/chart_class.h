@@ -4,7 +4,7 @@
 #include <string>
 
 #include "component/process_state.h"
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

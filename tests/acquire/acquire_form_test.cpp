@@ -4,7 +4,7 @@
 #include "common/values/text.h"
 #include "dialog_fixture.h"
 #include "forms/access_keys.h"
-#include "recording/trigger_events.h"
+#include "recording/file/trigger_events.h"
 #include "support/typing.h"
 
 namespace chartproject {

@@ -1,9 +1,9 @@
 // Reading chart files, good and bad, and writing them: exact bytes, and no row lost when a write fails.
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 
 #include "gmock/gmock.h"
-#include "recording/chart_file_writer.h"
-#include "recording/trigger_events.h"
+#include "recording/file/chart_file_writer.h"
+#include "recording/file/trigger_events.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

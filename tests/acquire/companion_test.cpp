@@ -1,13 +1,13 @@
 // What a chart file cannot say: ranges of failed points, the real times of points, and the companion file that keeps
 // both: its exact text, what it is recognised by, and which files it leaves alone.
-#include "recording/companion.h"
+#include "recording/companion/companion.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
 
-#include "recording/companion_reader.h"
-#include "recording/companion_texts.h"
+#include "recording/companion/companion_reader.h"
+#include "recording/companion/companion_texts.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
 

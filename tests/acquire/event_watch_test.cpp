@@ -5,7 +5,7 @@
 #include "dialog_fixture.h"
 #include "drive/parameter_read.h"
 #include "links/scenario_link.h"
-#include "recording/trigger_events.h"
+#include "recording/file/trigger_events.h"
 
 namespace chartproject {
 namespace {

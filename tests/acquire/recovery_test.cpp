@@ -1,12 +1,12 @@
 // Interrupted recordings: the journal beside a recording, what is found after a crash at any moment, and the chart file
 // that comes back. A crash is a copy of all files while the recording runs.
-#include "recording/recovery.h"
+#include "recording/journal/recovery.h"
 
 #include <algorithm>
 
 #include "dialog_fixture.h"
 #include "platform/run_time_error.h"
-#include "recording/journal.h"
+#include "recording/journal/journal.h"
 #include "support/error_of.h"
 
 namespace chartproject {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "chart/picture/category_axis.h"
-#include "chart/picture/value_axis.h"
+#include "chart/picture/geometry/category_axis.h"
+#include "chart/picture/geometry/value_axis.h"
 
 namespace chartproject {
 namespace {

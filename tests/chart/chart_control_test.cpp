@@ -1,13 +1,13 @@
 // The chart control: pointer, cursors, requests to paint, the copied picture;
 // its texts about points: times across midnight, differences, gaps, the scan time in its units.
-#include "chart/window/chart_control.h"
+#include "chart/window/control/chart_control.h"
 
 #include <gmock/gmock.h>
 
 #include <limits>
 
 #include "chart/recording_canvas.h"
-#include "chart/window/readout.h"
+#include "chart/window/control/readout.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

@@ -10,8 +10,8 @@
 #include <set>
 
 #include "chart/picture/chart_layout.h"
-#include "chart/picture/series_path.h"
-#include "chart/picture/series_style.h"
+#include "chart/picture/series/series_path.h"
+#include "chart/picture/series/series_style.h"
 #include "chart/recording_canvas.h"
 
 namespace chartproject {

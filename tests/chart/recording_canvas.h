@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "chart/picture/scene.h"
+#include "chart/picture/geometry/scene.h"
 #include "forms/picture_renderer.h"
 
 namespace chartproject::testing {

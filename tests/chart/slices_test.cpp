@@ -8,8 +8,8 @@
 #include "chart/file/chart_source.h"
 #include "chart/file/slice_reader.h"
 #include "chart/view/scroll_range.h"
-#include "recording/field_value.h"
-#include "recording/point_reader.h"
+#include "recording/file/field_value.h"
+#include "recording/file/point_reader.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

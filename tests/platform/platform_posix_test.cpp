@@ -1,4 +1,4 @@
-#include "backends/posix/posix_file_system.h"
+#include "backends/posix/files/posix_file_system.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -17,8 +17,8 @@
 #include <thread>
 
 #include "backends/headless/code_page_1252.h"
+#include "backends/posix/files/posix_path.h"
 #include "backends/posix/posix_locale.h"
-#include "backends/posix/posix_path.h"
 #include "backends/posix/posix_settings_store.h"
 #include "platform/temporary_folder.h"
 #include "support/error_of.h"

@@ -10,12 +10,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "backends/posix/posix_file_system.h"
+#include "backends/posix/files/posix_file_system.h"
 #include "backends/spreadsheet/biff8_records.h"
 #include "chart/output/excel_export.h"
 #include "platform/run_time_error.h"
 #include "platform/temporary_folder.h"
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"

@@ -5,9 +5,9 @@
 #include <optional>
 
 #include "backends/win32/drawing/win32_clipboard.h"
-#include "backends/win32/forms/widget.h"
 #include "backends/win32/registry_text.h"
 #include "backends/win32/wide_text.h"
+#include "backends/win32/widgets/widget.h"
 #include "windows/form_driver.h"
 
 #include <commctrl.h>

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "backends/win32/drawing/gdiplus_api.h"
-#include "backends/win32/forms/widget.h"
 #include "backends/win32/handles.h"
 #include "backends/win32/wide_text.h"
+#include "backends/win32/widgets/widget.h"
 
 #include <psapi.h>
 #include <winspool.h>

@@ -4,13 +4,13 @@
 #include <cstring>
 
 #include "backends/win32/com_module.h"
-#include "backends/win32/disk_space.h"
 #include "backends/win32/drawing/win32_clipboard.h"
 #include "backends/win32/drawing/win32_picture_renderer.h"
+#include "backends/win32/files/disk_space.h"
+#include "backends/win32/files/win32_file_system.h"
 #include "backends/win32/handles.h"
 #include "backends/win32/wide_text.h"
 #include "backends/win32/win32_code_page.h"
-#include "backends/win32/win32_file_system.h"
 #include "backends/win32/win32_locale.h"
 #include "backends/win32/win32_settings_store.h"
 #include "platform/run_time_error.h"

@@ -6,7 +6,7 @@
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "forms/flag_scope.h"
-#include "recording/chart_file_writer.h"
+#include "recording/file/chart_file_writer.h"
 
 namespace chartproject {
 

@@ -8,7 +8,7 @@
 #include "forms/form.h"
 #include "platform/dialogs.h"
 #include "platform/run_time_error.h"
-#include "recording/recovery.h"
+#include "recording/journal/recovery.h"
 
 namespace chartproject {
 

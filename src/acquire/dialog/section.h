@@ -10,7 +10,7 @@
 #include "common/form_translation.h"
 #include "forms/controls.h"
 #include "forms/form.h"
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

@@ -7,7 +7,7 @@
 #include "acquire/dialog/acquire_form.h"
 #include "common/stored_place.h"
 #include "forms/form_host.h"
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

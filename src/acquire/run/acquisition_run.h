@@ -9,13 +9,13 @@
 #include <vector>
 
 #include "drive/parameter_read.h"
-#include "recording/chart_file.h"
-#include "recording/chart_file_writer.h"
-#include "recording/companion.h"
-#include "recording/component.h"
-#include "recording/journal.h"
-#include "recording/recovery.h"
-#include "recording/run_spool.h"
+#include "recording/companion/companion.h"
+#include "recording/file/chart_file.h"
+#include "recording/file/chart_file_writer.h"
+#include "recording/file/component.h"
+#include "recording/journal/journal.h"
+#include "recording/journal/recovery.h"
+#include "recording/journal/run_spool.h"
 
 namespace chartproject {
 

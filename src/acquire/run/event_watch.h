@@ -5,7 +5,7 @@
 #include <string>
 
 #include "drive/drive_context.h"
-#include "recording/trigger_events.h"
+#include "recording/file/trigger_events.h"
 
 namespace chartproject {
 

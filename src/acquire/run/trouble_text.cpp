@@ -2,7 +2,7 @@
 #include "acquire/run/trouble_text.h"
 
 #include "common/environment/language.h"
-#include "recording/companion_texts.h"
+#include "recording/companion/companion_texts.h"
 
 namespace chartproject {
 

@@ -6,8 +6,8 @@
 #include <array>
 #include <utility>
 
-#include "backends/posix/posix_error.h"
-#include "backends/posix/posix_path.h"
+#include "backends/posix/files/posix_error.h"
+#include "backends/posix/files/posix_path.h"
 #include "backends/posix/settings_lock.h"
 #include "backends/posix/settings_text.h"
 #include "platform/run_time_error.h"

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "backends/posix/open_file.h"
+#include "backends/posix/files/open_file.h"
 
 namespace chartproject {
 

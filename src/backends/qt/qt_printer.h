@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-#include "backends/posix/part_file.h"
+#include "backends/posix/files/part_file.h"
 #include "platform/printer.h"
 
 namespace chartproject {

@@ -11,9 +11,9 @@
 #include <cstdlib>
 #include <vector>
 
-#include "backends/posix/part_file.h"
-#include "backends/posix/posix_error.h"
-#include "backends/posix/posix_path.h"
+#include "backends/posix/files/part_file.h"
+#include "backends/posix/files/posix_error.h"
+#include "backends/posix/files/posix_path.h"
 #include "backends/spreadsheet/biff8_records.h"
 #include "platform/run_time_error.h"
 

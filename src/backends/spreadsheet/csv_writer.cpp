@@ -6,8 +6,8 @@
 #include <charconv>
 #include <cstdio>
 
-#include "backends/posix/part_file.h"
-#include "backends/posix/posix_error.h"
+#include "backends/posix/files/part_file.h"
+#include "backends/posix/files/posix_error.h"
 
 namespace chartproject {
 

@@ -7,9 +7,9 @@
 
 #include <cerrno>
 
-#include "backends/posix/part_file.h"
-#include "backends/posix/posix_error.h"
-#include "backends/posix/posix_path.h"
+#include "backends/posix/files/part_file.h"
+#include "backends/posix/files/posix_error.h"
+#include "backends/posix/files/posix_path.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {

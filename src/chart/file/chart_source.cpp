@@ -6,7 +6,7 @@
 
 #include "common/values/numbers.h"
 #include "platform/run_time_error.h"
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 
 namespace chartproject {
 namespace {

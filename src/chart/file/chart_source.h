@@ -8,8 +8,8 @@
 
 #include "chart/file/slice_reader.h"
 #include "platform/ports.h"
-#include "recording/chart_header.h"
-#include "recording/point_reader.h"
+#include "recording/file/chart_header.h"
+#include "recording/file/point_reader.h"
 
 namespace chartproject {
 

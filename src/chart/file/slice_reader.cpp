@@ -1,8 +1,8 @@
 // From a line number to the values of the points that begin there.
 #include "chart/file/slice_reader.h"
 
-#include "recording/field_value.h"
-#include "recording/point_reader.h"
+#include "recording/file/field_value.h"
+#include "recording/file/point_reader.h"
 
 namespace chartproject {
 namespace {

@@ -9,7 +9,7 @@
 #include "chart/file/line_index.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 
 namespace chartproject {
 

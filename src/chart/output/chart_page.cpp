@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "chart/output/page_text.h"
-#include "chart/picture/chart_model.h"
+#include "chart/picture/geometry/chart_model.h"
 #include "common/environment/language.h"
 #include "common/error_log.h"
 #include "common/values/text.h"

@@ -9,7 +9,7 @@
 
 #include "platform/bitmap.h"
 #include "platform/printer.h"
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

@@ -10,7 +10,7 @@
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "platform/spreadsheet.h"
-#include "recording/point_reader.h"
+#include "recording/file/point_reader.h"
 
 namespace chartproject {
 

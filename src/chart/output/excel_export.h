@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

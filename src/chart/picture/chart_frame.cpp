@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "chart/picture/series_style.h"
+#include "chart/picture/series/series_style.h"
 
 namespace chartproject {
 namespace {

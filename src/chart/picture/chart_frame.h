@@ -2,7 +2,7 @@
 #pragma once
 
 #include "chart/picture/chart_layout.h"
-#include "chart/picture/scene.h"
+#include "chart/picture/geometry/scene.h"
 
 namespace chartproject {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "chart/picture/decimation.h"
+#include "chart/picture/geometry/decimation.h"
 
 namespace chartproject {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "chart/picture/category_axis.h"
-#include "chart/picture/chart_model.h"
-#include "chart/picture/plot.h"
+#include "chart/picture/geometry/category_axis.h"
+#include "chart/picture/geometry/chart_model.h"
+#include "chart/picture/geometry/plot.h"
 
 namespace chartproject {
 

@@ -6,10 +6,10 @@
 
 #include "chart/picture/chart_frame.h"
 #include "chart/picture/chart_layout.h"
-#include "chart/picture/failed_rows.h"
-#include "chart/picture/flat_series.h"
-#include "chart/picture/series_path.h"
-#include "chart/picture/solid_series.h"
+#include "chart/picture/series/failed_rows.h"
+#include "chart/picture/series/flat_series.h"
+#include "chart/picture/series/series_path.h"
+#include "chart/picture/series/solid_series.h"
 
 namespace chartproject {
 

@@ -3,9 +3,9 @@
 
 #include <optional>
 
-#include "chart/picture/chart_model.h"
-#include "chart/picture/plot.h"
-#include "chart/picture/scene.h"
+#include "chart/picture/geometry/chart_model.h"
+#include "chart/picture/geometry/plot.h"
+#include "chart/picture/geometry/scene.h"
 #include "forms/picture_renderer.h"
 #include "platform/locale.h"
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "chart/file/slice_reader.h"
-#include "chart/picture/chart_model.h"
+#include "chart/picture/geometry/chart_model.h"
 
 namespace chartproject {
 

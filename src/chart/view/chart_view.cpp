@@ -11,7 +11,7 @@
 #include "common/error_log.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
-#include "recording/companion_texts.h"
+#include "recording/companion/companion_texts.h"
 
 namespace chartproject {
 namespace {

@@ -12,7 +12,7 @@
 #include "chart/view/chart_building.h"
 #include "chart/view/scroll_range.h"
 #include "common/environment/language.h"
-#include "recording/companion.h"
+#include "recording/companion/companion.h"
 
 namespace chartproject {
 

@@ -3,7 +3,7 @@
 
 #include "common/environment/language.h"
 #include "common/values/text.h"
-#include "recording/chart_file.h"
+#include "recording/file/chart_file.h"
 
 namespace chartproject {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "common/environment/environment.h"
-#include "recording/chart_header.h"
+#include "recording/file/chart_header.h"
 
 namespace chartproject {
 

@@ -6,7 +6,7 @@
 #include "common/values/numbers.h"
 #include "drive/parameter_tables.h"
 #include "drive/unit_codes.h"
-#include "recording/field_value.h"
+#include "recording/file/field_value.h"
 
 namespace chartproject {
 

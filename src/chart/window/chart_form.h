@@ -4,17 +4,17 @@
 #include <string>
 
 #include "chart/view/chart_view.h"
-#include "chart/window/chart_control.h"
-#include "chart/window/output_section.h"
-#include "chart/window/reading_section.h"
-#include "chart/window/readout_section.h"
-#include "chart/window/scale_section.h"
-#include "chart/window/scroll_section.h"
-#include "chart/window/series_section.h"
-#include "chart/window/switches_section.h"
+#include "chart/window/control/chart_control.h"
+#include "chart/window/sections/output_section.h"
+#include "chart/window/sections/reading_section.h"
+#include "chart/window/sections/readout_section.h"
+#include "chart/window/sections/scale_section.h"
+#include "chart/window/sections/scroll_section.h"
+#include "chart/window/sections/series_section.h"
+#include "chart/window/sections/switches_section.h"
 #include "forms/controls.h"
 #include "forms/form.h"
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "recording/component.h"
+#include "recording/file/component.h"
 
 namespace chartproject {
 

@@ -7,7 +7,7 @@
 #include "backends/win32/com/automation_object.h"
 #include "backends/win32/com/com_error.h"
 #include "backends/win32/com/server_module.h"
-#include "backends/win32/forms/dpi_scope.h"
+#include "backends/win32/widgets/dpi_scope.h"
 #include "component/chart_class.h"
 #include "component/com/substitutes.h"
 #include "links/com/com_drive_link.h"

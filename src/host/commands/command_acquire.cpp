@@ -6,14 +6,14 @@
 #include "common/environment/language.h"
 #include "drive/drive_models.h"
 #include "drive/driver_file.h"
-#include "host/commands/acquire_request.h"
-#include "host/commands/command.h"
-#include "host/commands/plan_test.h"
-#include "host/commands/progress.h"
-#include "host/commands/run_report.h"
+#include "host/arguments/acquire_request.h"
+#include "host/arguments/command.h"
+#include "host/reports/plan_test.h"
+#include "host/reports/progress.h"
+#include "host/reports/run_report.h"
 #include "host/session/session.h"
 #include "host/window/recent_charts.h"
-#include "recording/trigger_events.h"
+#include "recording/file/trigger_events.h"
 
 namespace chartproject {
 

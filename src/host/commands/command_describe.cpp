@@ -5,13 +5,13 @@
 #include "common/environment/settings_table.h"
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
-#include "host/commands/arguments.h"
-#include "host/commands/command.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/command.h"
 #include "host/manual/completion.h"
 #include "host/manual/manual_page.h"
 #include "host/manual/version.h"
 #include "host/session/session.h"
-#include "recording/trigger_events.h"
+#include "recording/file/trigger_events.h"
 
 namespace chartproject {
 

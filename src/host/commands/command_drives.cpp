@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/values/numbers.h"
-#include "host/commands/command.h"
+#include "host/arguments/command.h"
 #include "host/commands/drives_actions.h"
 #include "host/session/session.h"
 

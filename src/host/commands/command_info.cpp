@@ -5,15 +5,15 @@
 #include <string>
 
 #include "common/values/text.h"
-#include "host/commands/arguments.h"
-#include "host/commands/chart_argument.h"
-#include "host/commands/command.h"
-#include "host/commands/companion_json.h"
-#include "host/commands/interrupted_argument.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/chart_argument.h"
+#include "host/arguments/command.h"
+#include "host/arguments/interrupted_argument.h"
+#include "host/reports/companion_json.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
-#include "recording/companion_texts.h"
-#include "recording/point_reader.h"
+#include "recording/companion/companion_texts.h"
+#include "recording/file/point_reader.h"
 
 namespace chartproject {
 

@@ -2,8 +2,8 @@
 #include <ostream>
 
 #include "common/values/text.h"
-#include "host/commands/arguments.h"
-#include "host/commands/command.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/command.h"
 #include "host/project/project_maker.h"
 #include "host/session/session.h"
 

@@ -2,7 +2,7 @@
 #include <ostream>
 
 #include "common/values/text.h"
-#include "host/commands/command.h"
+#include "host/arguments/command.h"
 #include "links/serial/port_list.h"
 
 namespace chartproject {

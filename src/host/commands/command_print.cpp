@@ -8,10 +8,10 @@
 #include "chart/picture/chart_scene.h"
 #include "common/error_log.h"
 #include "common/values/text.h"
-#include "host/commands/arguments.h"
-#include "host/commands/chart_argument.h"
-#include "host/commands/chart_picture.h"
-#include "host/commands/command.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/chart_argument.h"
+#include "host/arguments/command.h"
+#include "host/reports/chart_picture.h"
 #include "host/session/session.h"
 
 namespace chartproject {

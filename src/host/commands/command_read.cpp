@@ -6,9 +6,9 @@
 #include "drive/drive_link_session.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"
-#include "host/commands/arguments.h"
-#include "host/commands/command.h"
-#include "host/commands/watched_values.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/command.h"
+#include "host/reports/watched_values.h"
 #include "host/session/session.h"
 
 namespace chartproject {

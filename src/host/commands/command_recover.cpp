@@ -7,12 +7,12 @@
 
 #include "acquire/run/run_notices.h"
 #include "common/environment/language.h"
-#include "host/commands/arguments.h"
-#include "host/commands/chart_argument.h"
-#include "host/commands/command.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/chart_argument.h"
+#include "host/arguments/command.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
-#include "recording/recovery.h"
+#include "recording/journal/recovery.h"
 
 namespace chartproject {
 

@@ -1,11 +1,11 @@
 // render FILE --output PNG: the chart of a slice as a picture file, drawn without a display.
-#include "backends/posix/part_file.h"
+#include "backends/posix/files/part_file.h"
 #include "chart/picture/chart_scene.h"
-#include "host/commands/arguments.h"
-#include "host/commands/chart_argument.h"
-#include "host/commands/chart_picture.h"
-#include "host/commands/command.h"
-#include "host/commands/interrupted_argument.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/chart_argument.h"
+#include "host/arguments/command.h"
+#include "host/arguments/interrupted_argument.h"
+#include "host/reports/chart_picture.h"
 #include "host/session/png_file.h"
 #include "host/session/session.h"
 

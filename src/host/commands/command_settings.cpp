@@ -9,7 +9,7 @@
 
 #include "common/environment/language.h"
 #include "common/environment/settings_table.h"
-#include "host/commands/command.h"
+#include "host/arguments/command.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
 

@@ -1,7 +1,7 @@
 // Without a command: the start window, over a project that the first start makes.
 #include "common/environment/language.h"
 #include "common/message_box.h"
-#include "host/commands/command.h"
+#include "host/arguments/command.h"
 #include "host/project/project_maker.h"
 #include "host/session/project_folder.h"
 #include "host/session/session.h"

@@ -2,10 +2,10 @@
 #include <exception>
 #include <utility>
 
-#include "host/commands/arguments.h"
-#include "host/commands/chart_argument.h"
-#include "host/commands/command.h"
-#include "host/commands/interrupted_argument.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/chart_argument.h"
+#include "host/arguments/command.h"
+#include "host/arguments/interrupted_argument.h"
 #include "host/session/session.h"
 #include "host/window/recent_charts.h"
 #include "platform/run_time_error.h"

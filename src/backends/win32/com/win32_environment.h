@@ -5,15 +5,15 @@
 #include <optional>
 #include <string>
 
+#include "backends/win32/boxes/win32_dialogs.h"
+#include "backends/win32/boxes/win32_help.h"
 #include "backends/win32/com/win32_spreadsheet.h"
 #include "backends/win32/drawing/win32_clipboard.h"
 #include "backends/win32/drawing/win32_printer.h"
-#include "backends/win32/forms/win32_dialogs.h"
+#include "backends/win32/files/win32_file_system.h"
 #include "backends/win32/forms/win32_form_host.h"
-#include "backends/win32/forms/win32_help.h"
 #include "backends/win32/win32_clock.h"
 #include "backends/win32/win32_code_page.h"
-#include "backends/win32/win32_file_system.h"
 #include "backends/win32/win32_keyboard.h"
 #include "backends/win32/win32_locale.h"
 #include "backends/win32/win32_settings_store.h"

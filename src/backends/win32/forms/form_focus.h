@@ -1,7 +1,7 @@
 // The keyboard focus of one form: which control left it, which gets it back.
 #pragma once
 
-#include "backends/win32/forms/widget.h"
+#include "backends/win32/widgets/widget.h"
 
 namespace chartproject::win32 {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "backends/win32/forms/widget.h"
+#include "backends/win32/widgets/widget.h"
 
 namespace chartproject::win32 {
 

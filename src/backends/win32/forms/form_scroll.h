@@ -1,7 +1,7 @@
 // Scroll bars of a form whose content is larger than its window can be on a small screen.
 #pragma once
 
-#include "backends/win32/forms/widget.h"
+#include "backends/win32/widgets/widget.h"
 
 namespace chartproject::win32 {
 

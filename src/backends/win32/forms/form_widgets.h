@@ -4,7 +4,7 @@
 #include <map>
 #include <memory>
 
-#include "backends/win32/forms/widget.h"
+#include "backends/win32/widgets/widget.h"
 #include "forms/controls.h"
 
 #include <commctrl.h>

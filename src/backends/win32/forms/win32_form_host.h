@@ -5,8 +5,8 @@
 
 #include "backends/headless/virtual_clock.h"
 #include "backends/win32/drawing/win32_picture_renderer.h"
-#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/handles.h"
+#include "backends/win32/widgets/window_classes.h"
 #include "backends/win32/win32_keyboard.h"
 #include "forms/form_host.h"
 

@@ -3,12 +3,12 @@
 
 #include <utility>
 
+#include "backends/win32/boxes/win32_help.h"
 #include "backends/win32/com_module.h"
-#include "backends/win32/forms/themed_controls.h"
 #include "backends/win32/forms/win32_form_host.h"
-#include "backends/win32/forms/win32_help.h"
-#include "backends/win32/forms/window_classes.h"
 #include "backends/win32/wide_text.h"
+#include "backends/win32/widgets/themed_controls.h"
+#include "backends/win32/widgets/window_classes.h"
 
 namespace chartproject::win32 {
 

@@ -8,7 +8,7 @@
 #include "backends/win32/forms/form_pictures.h"
 #include "backends/win32/forms/form_place.h"
 #include "backends/win32/forms/modal_scope.h"
-#include "backends/win32/forms/tool_tips.h"
+#include "backends/win32/widgets/tool_tips.h"
 #include "forms/form_host.h"
 
 namespace chartproject::win32 {

@@ -1,0 +1,90 @@
+// The chart control `mscChart1`: one chart, drawn on Canvas, with readout and measuring cursors.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "chart/picture/geometry/chart_model.h"
+#include "chart/window/control/chart_overlay.h"
+#include "forms/controls.h"
+#include "forms/picture_renderer.h"
+#include "platform/locale.h"
+
+namespace chartproject {
+
+/// The two measuring cursors: a click places the first, a click with Shift the second.
+enum class MeasuringCursor { kFirst = 0, kSecond = 1 };
+
+/// Shows a chart model unchanged: the properties of a chart are fields of the model.
+class ChartControl : public DrawnControl {
+ public:
+  ChartControl(Form& form, std::string_view name);
+
+  /// Shows another chart. Cursors and number format stay.
+  void SetModel(ChartModel model);
+  [[nodiscard]] const ChartModel& Model() const noexcept { return model_; }
+  /// How value labels are written.
+  void SetNumberFormat(const NumberFormat& format);
+
+  // Picture. ---------------------------------------------------------------------------------------------------------
+  /// The chart alone, at its size on the form (its preferred size while it has none).
+  /// @param scale dots to the pixel: 1 for the screen's own, more for paper
+  [[nodiscard]] Bitmap CopyPicture(PictureRenderer& renderer, double scale = 1.0);
+  void Paint(Canvas& canvas) override;
+  void PaintOverlay(Canvas& canvas) override;
+  [[nodiscard]] Size PreferredSize() const override { return {640, 360}; }
+  /// The boxes of pointer and cursors, line by line.
+  [[nodiscard]] std::string SpokenWords() const override;
+
+  // Readout and cursors. ---------------------------------------------------------------------------------------------
+  /// The row under the mouse pointer.
+  [[nodiscard]] std::optional<int> PointerRow() const noexcept { return pointerRow_; }
+  /// Runs when PointerRow changes, also when the pointer leaves.
+  Event pointerRowChanged;
+  /// Lines of the box beside the pointer; drawn while there is a pointer row.
+  void SetReadout(std::vector<ReadoutLine> lines);
+  [[nodiscard]] const std::vector<ReadoutLine>& Readout() const noexcept { return readout_; }
+  /// Lines of the box for the cursors; drawn while a cursor is set.
+  void SetCursorReadout(std::vector<ReadoutLine> lines);
+  [[nodiscard]] const std::vector<ReadoutLine>& CursorReadout() const noexcept { return cursorReadout_; }
+
+  /// A cursor belongs to a row's label, so it stays at its point of the file while the rows change under it.
+  [[nodiscard]] std::optional<std::int64_t> CursorLabel(MeasuringCursor which) const noexcept;
+  /// The cursor's row; nothing when it is not set or its point is not among the rows.
+  [[nodiscard]] std::optional<int> CursorRow(MeasuringCursor which) const noexcept;
+  void SetCursor(MeasuringCursor which, std::optional<std::int64_t> label);
+  /// Runs when a cursor was placed, moved or taken away. Esc takes both away.
+  Event cursorsChanged;
+
+  /// Wheel steps and keys that the chart has no use for; the result says whether they were used.
+  std::function<bool(int notches)> wheel;
+  std::function<bool(Key key, bool shift)> key;
+
+  // Input from the back end. -----------------------------------------------------------------------------------------
+  [[nodiscard]] bool TabStop() const noexcept override { return true; }
+  void MouseMoved(const MouseInput& input) override;
+  void MouseLeft() override;
+  void MousePressed(const MouseInput& input) override;
+  bool WheelTurned(int notches) override;
+  bool KeyPressed(Key pressed, bool shift) override;
+
+ private:
+  void ModelChanged();
+  void MovePointer(std::optional<int> row);
+  [[nodiscard]] std::optional<int> RowAt(PointF at) const;
+
+  ChartModel model_;
+  NumberFormat format_;
+  std::optional<ChartScene> chart_;  ///< the scene last painted; nothing when it is out of date
+  std::optional<int> pointerRow_;
+  std::vector<ReadoutLine> readout_;
+  std::vector<ReadoutLine> cursorReadout_;
+  std::array<std::optional<std::int64_t>, 2> cursors_;
+};
+
+}  // namespace chartproject

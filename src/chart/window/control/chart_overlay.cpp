@@ -1,0 +1,133 @@
+// Pointer line, cursors and boxes.
+#include "chart/window/control/chart_overlay.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "chart/picture/series/series_style.h"
+#include "chart/picture/series/solid_series.h"
+
+namespace chartproject {
+namespace {
+
+constexpr Color kBoxFill = {255, 255, 255, 236};
+constexpr Color kBoxEdge = {150, 150, 142};
+constexpr Color kBoxText = {40, 40, 38};
+constexpr Color kTransparent = {0, 0, 0, 0};
+constexpr Color kPointerColor = {120, 120, 112};
+constexpr std::array<Color, 2> kCursorColors = {Color{20, 92, 160}, Color{168, 84, 16}};
+constexpr double kPadding = 6;
+constexpr double kSwatch = 8;
+constexpr double kEdge = 3;         ///< least distance of a box from the chart's edge
+constexpr double kPointerGap = 12;  ///< between the pointer's line and its box
+
+double LineX(const Plot& plot, int row) {
+  return std::floor(plot.X(row)) + 0.5;
+}
+
+Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canvas& canvas) {
+  Size size;
+  for (const ReadoutLine& line : lines) {
+    const Size text = canvas.MeasureText(line.text, font);
+    const double indent = line.series >= 0 ? kSwatch + 5 : 0;
+    size.width = std::max(size.width, std::ceil(text.width) + indent);
+    size.height += std::ceil(text.height);
+  }
+  return {size.width + 2 * kPadding, size.height + 2 * kPadding};
+}
+
+/// Moved into the chart; nothing when it is larger than the chart.
+std::optional<Rect> Inside(Rect box, Size chart) {
+  if (box.width > chart.width - 2 * kEdge || box.height > chart.height - 2 * kEdge) return std::nullopt;
+  box.x = std::clamp(box.x, kEdge, chart.width - kEdge - box.width);
+  box.y = std::clamp(box.y, kEdge, chart.height - kEdge - box.height);
+  return box;
+}
+
+bool Overlap(const Rect& a, const Rect& b) {
+  return a.x < b.Right() && b.x < a.Right() && a.y < b.Bottom() && b.y < a.Bottom();
+}
+
+void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const ChartModel& model, const Font& font,
+             const Canvas& canvas, Scene& scene) {
+  const double x = std::round(box.x) + 0.5;
+  double y = std::round(box.y) + 0.5;
+  const double right = x + box.width;
+  const double bottom = y + box.height;
+  scene.Polygon(std::array<PointF, 4>{{{x, y}, {right, y}, {right, bottom}, {x, bottom}}}, kBoxFill,
+                {.color = kBoxEdge});
+  y += kPadding;
+  for (const ReadoutLine& line : lines) {
+    const double height = std::ceil(canvas.MeasureText(line.text, font).height);
+    double left = x + kPadding;
+    if (line.series >= 0 && line.series < static_cast<int>(model.series.size())) {
+      const Color color = model.series[static_cast<std::size_t>(line.series)].color;
+      scene.Ellipse({left, y + (height - kSwatch) / 2, kSwatch, kSwatch}, color, {.color = EdgeTone(color)});
+      left += kSwatch + 5;
+    }
+    scene.Text({line.text, {left, y}, font, kBoxText, Align::kLeft});
+    y += height;
+  }
+}
+
+void DrawPointer(int row, const ChartModel& model, const Plot& plot, Scene& scene) {
+  const double x = LineX(plot, row);
+  scene.Line({x, plot.front.y}, {x, plot.front.Bottom()}, {.color = kPointerColor, .style = PenStyle::kDash});
+  if (Flat(model.kind) == ChartKind::k2dBar) return;
+  const int count = static_cast<int>(model.series.size());
+  for (int column = 0; column < count; ++column) {
+    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
+    const double value = series.values[static_cast<std::size_t>(row)];
+    if (!std::isfinite(value)) continue;
+    const double depth = Is3d(model.kind) ? DepthOfSeries(plot, column, count).front : 0;
+    const PointF at = plot.At({plot.X(row), plot.Y(value)}, depth);
+    // A ring: what is in it, a marker for one, stays to be seen.
+    scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = {255, 255, 255}, .width = 3});
+    scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = EdgeTone(series.color), .width = 1.5});
+  }
+}
+
+void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canvas& canvas, Scene& scene) {
+  const double x = LineX(chart.plot, row);
+  const Rect& front = chart.plot.front;
+  const Color color = kCursorColors[which];
+  scene.Line({x, front.y}, {x, front.Bottom()}, {.color = color, .width = 1.5});
+  const std::string name = which == 0 ? "1" : "2";
+  const Size text = canvas.MeasureText(name, chart.font);
+  scene.FillRect({x - text.width / 2 - 3, front.y - 1, text.width + 6, text.height}, color);
+  scene.Text({name, {x, front.y - 1}, chart.font, {255, 255, 255}, Align::kCenter});
+}
+
+}  // namespace
+
+Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const ChartScene& chart,
+                   const Canvas& canvas) {
+  Scene scene;
+  const Plot& plot = chart.plot;
+  const Rect& front = plot.front;
+  for (std::size_t which = 0; which < overlay.cursorRows.size(); ++which) {
+    if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
+  }
+  if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, plot, scene);
+
+  const bool pointerLeft = overlay.pointerRow && plot.X(*overlay.pointerRow) < front.x + front.width / 2;
+  const auto pointerBox = [&]() -> std::optional<Rect> {
+    if (!overlay.pointerRow || overlay.readout.empty()) return std::nullopt;
+    const Size size = BoxSize(overlay.readout, chart.font, canvas);
+    const double x = plot.X(*overlay.pointerRow);
+    const double beside = pointerLeft ? x + kPointerGap : x - kPointerGap - size.width;
+    return Inside({beside, front.y + kPadding, size.width, size.height}, chart.size);
+  }();
+  if (pointerBox) DrawBox(overlay.readout, *pointerBox, model, chart.font, canvas, scene);
+  if (overlay.cursorReadout.empty()) return scene;
+
+  const Size size = BoxSize(overlay.cursorReadout, chart.font, canvas);
+  const double x = pointerLeft ? front.Right() - size.width - kPadding : front.x + kPadding;
+  const auto box = Inside({x, front.Bottom() - size.height - kPadding, size.width, size.height}, chart.size);
+  if (box && !(pointerBox && Overlap(*box, *pointerBox))) {
+    DrawBox(overlay.cursorReadout, *box, model, chart.font, canvas, scene);
+  }
+  return scene;
+}
+
+}  // namespace chartproject

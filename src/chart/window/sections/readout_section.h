@@ -1,0 +1,36 @@
+// The values under the mouse pointer and at the measuring cursors.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "chart/view/chart_view.h"
+#include "chart/window/control/chart_control.h"
+#include "chart/window/control/readout.h"
+
+namespace chartproject {
+
+class ReadoutSection {
+ public:
+  /// @param chart,view,header outlive the section
+  ReadoutSection(ChartControl& chart, Environment& environment, const ChartView& view, const ChartHeader& header);
+  ReadoutSection(const ReadoutSection&) = delete;
+  ReadoutSection& operator=(const ReadoutSection&) = delete;
+
+  /// The row under the pointer is another one, or has other values.
+  void PointerRowChanged();
+  void ForgetCursors();
+
+ private:
+  void CursorsChanged();
+  [[nodiscard]] PointReading Point(int row) const;
+  [[nodiscard]] std::vector<std::string> Names() const;
+
+  ChartControl& chart_;
+  Environment& env_;
+  const ChartView& view_;
+  const ChartHeader& header_;
+  std::array<std::optional<PointReading>, 2> cursors_;
+};
+
+}  // namespace chartproject

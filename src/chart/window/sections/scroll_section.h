@@ -1,0 +1,53 @@
+// Moving the slice over the file: scroll bar, points per division, keys and wheel over the chart.
+#pragma once
+
+#include <functional>
+
+#include "chart/view/chart_view.h"
+#include "chart/window/sections/reading_section.h"
+#include "forms/controls.h"
+
+namespace chartproject {
+
+class ScrollSection {
+ public:
+  /// @param view,reading outlive the section; `reading` is not looked at before an event
+  ScrollSection(Form& form, Environment& environment, ChartView& view, const ReadingSection& reading);
+  ScrollSection(const ScrollSection&) = delete;
+  ScrollSection& operator=(const ScrollSection&) = delete;
+
+  HScrollBar hsbGraph;
+  Label lblPointsPerDivision;
+  Slider sldPointsPerDivision;
+
+  /// Reads the slice that was chosen and shows it; false when the chart stays as it was.
+  std::function<bool()> load;
+
+  /// For a file that was opened: at its first point, one point a division.
+  void Restart();
+  /// Range and steps of the bar for the file and the points per division.
+  void Prepare();
+  /// Bar and slider show the slice that is chosen.
+  void Follow();
+  /// The slider shows the points per division that are chosen.
+  void ShowPointsPerDivision();
+
+  /// Scrolls to a line, as near as the file has it. Throws RunTimeError.
+  void ScrollTo(std::int64_t startLine);
+  /// True for a key that scrolls.
+  bool ScrollByKey(Key key);
+  void ScrollByWheel(int notches);
+
+ private:
+  void hsbGraph_Change();
+  void sldPointsPerDivision_Change();
+  void ScrollToEnd();
+
+  Environment& env_;
+  ChartView& view_;
+  const ReadingSection& reading_;
+  bool quiet_ = false;     ///< bar and slider follow the slice instead of choosing it
+  bool deferred_ = false;  ///< the bar chooses the slice, the caller loads it
+};
+
+}  // namespace chartproject

@@ -1,0 +1,89 @@
+// Options to a slice, a slice to a chart.
+#include "host/reports/chart_picture.h"
+
+#include <limits>
+
+#include "acquire/dialog/input_rules.h"
+#include "common/values/numbers.h"
+#include "host/arguments/arguments.h"
+#include "host/arguments/chart_argument.h"
+#include "host/arguments/command.h"
+#include "platform/run_time_error.h"
+
+namespace chartproject {
+
+namespace {
+
+std::vector<std::string> SplitList(const std::string& text) {
+  std::vector<std::string> parts(1);
+  for (const char c : text) {
+    if (c == ',') {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  return parts;
+}
+
+bool ParseSwitch(const std::string& text, const std::string& option) {
+  if (text == "on") return true;
+  if (text == "off") return false;
+  throw RefusedError(option + ": on or off, not \"" + text + "\"");
+}
+
+}  // namespace
+
+void ChartPictureOptions::AddTo(CLI::App& command) {
+  command.add_option("--type", type_, "0 and 1 bars, 2 and 3 lines, 4 and 5 areas, 6 and 7 steps; even numbers in 3D")
+      ->type_name("0|1|2|3|4|5|6|7")
+      ->capture_default_str();
+  command.add_option("--first", first_, "first point shown, counted from 1")->type_name("N")->capture_default_str();
+  command.add_option("--points-per-division", division_, "points in each of the 25 divisions")
+      ->type_name("N")
+      ->capture_default_str();
+  command.add_option("--scale", scales_, "multiplier of each series, for example 1,10")->type_name("N[,N...]");
+  command.add_option("--grid", grid_, "lines of the grid")->type_name("on|off")->capture_default_str();
+  command.add_option("--markers", markers_, "a marker at each point")->type_name("on|off")->capture_default_str();
+  command.add_option("--lines", lines_, "the lines of line charts")->type_name("on|off")->capture_default_str();
+}
+
+ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
+  Choice choice;
+  ChartLook& look = choice.look;
+  look.kind = static_cast<ChartKind>(ParseNumber(type_, "--type", 0, kChartKindCount - 1));
+  choice.pointsPerDivision =
+      CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
+  choice.first = ParseNumber(first_, "--first", 1, kMostPoints);
+  look.grid = ParseSwitch(grid_, "--grid");
+  look.markers = ParseSwitch(markers_, "--markers");
+  look.lines = ParseSwitch(lines_, "--lines");
+  if (scales_.empty()) return choice;
+  const std::vector<std::string> scales = SplitList(scales_);
+  if (scales.size() > look.scales.size()) throw RefusedError("--scale: four numbers at most");
+  for (std::size_t s = 0; s < scales.size(); ++s) {
+    constexpr int kMostScale = std::numeric_limits<std::int16_t>::max();
+    look.scales[s] = CheckedInteger16(ParseNumber(scales[s], "--scale", 1, kMostScale));
+  }
+  return choice;
+}
+
+void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice) {
+  view.Open(fileName);
+  if (!view.HasPoints())
+    throw RunTimeError(error_number::kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
+  view.SetPointsPerDivision(choice.pointsPerDivision);
+  view.ScrollTo(std::int64_t{view.FirstLine()} + choice.first - 1);
+  if (view.Load() == SliceEnd::kMalformedLine) {
+    constexpr std::size_t kMostShown = 80;
+    throw RunTimeError(error_number::kInvalidFileFormat, Text::kLineIsNotAPoint,
+                       {fileName, std::to_string(view.Fault().number), view.Fault().text.substr(0, kMostShown)});
+  }
+  if (view.Shown().RowCount() == 0 && choice.first > 1) {
+    const std::int64_t held = view.Shown().lastLine - view.FirstLine() + 1;
+    throw RefusedError("--first: the file holds " + std::to_string(held) + " points, there is no point " +
+                       std::to_string(choice.first));
+  }
+}
+
+}  // namespace chartproject

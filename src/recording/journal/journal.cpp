@@ -1,0 +1,109 @@
+// Appends what is new; after a failure, all that the file lacks.
+#include "recording/journal/journal.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "common/values/text.h"
+#include "recording/file/row_survey.h"
+
+namespace chartproject {
+
+namespace {
+
+void AddLine(std::string& lines, std::string_view key, std::string_view value) {
+  lines.append(key).append(value).append(kLineEnd);
+}
+
+std::string MomentLine(const DateTime& moment) {
+  std::array<char, 80> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", moment.year, moment.month,
+                                   moment.day, moment.hour, moment.minute, moment.second);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+}  // namespace
+
+void RecordingJournal::Begin(const std::string& target, const ChartHeader& header,
+                             std::int64_t millisecondsBetweenPoints) {
+  End(false);
+  target_ = target;
+  AddLine(head_, journal_line::kMark, {});
+  AddLine(head_, journal_line::kVersion, {});
+  AddLine(head_, journal_line::kInterval, std::to_string(millisecondsBetweenPoints));
+  for (const HeaderKey& entry : kHeaderKeys) {
+    if (!(header.*entry.field).empty()) AddLine(head_, entry.key, header.*entry.field);
+  }
+  Save({});
+}
+
+void RecordingJournal::NoteFirstPoint(const ChartHeader& header, const DateTime& now, bool rowsHere) {
+  AddLine(head_, "Start Date=", header.StartDate);
+  AddLine(head_, "Start Time=", header.StartTime);
+  AddLine(head_, journal_line::kBegun, MomentLine(now));
+  if (rowsHere) AddLine(head_, kRowsMark, {});
+}
+
+void RecordingJournal::NoteSpool(int number) {
+  AddLine(head_, journal_line::kSpool, std::to_string(number));
+  Save({});
+}
+
+void RecordingJournal::NoteLostSpool(int number) {
+  AddLine(head_, journal_line::kLost, std::to_string(number));
+}
+
+void RecordingJournal::KeepRows(std::span<const PointRow> rows) {
+  Save(rows);
+}
+
+void RecordingJournal::Save(std::span<const PointRow> rows) {
+  if (target_.empty()) return;
+  try {
+    try {
+      SaveOnce(rows);
+    } catch (const SideFileLost&) {
+      file_.reset();  // deletes what is left of it, if it has its name; the new file holds everything
+      SaveOnce(rows);
+    }
+    fault_.reset();
+  } catch (const RunTimeError& error) {
+    fault_ = error;
+  }
+}
+
+void RecordingJournal::SaveOnce(std::span<const PointRow> rows) {
+  if (!file_) {
+    headSaved_ = 0;
+    rowsSaved_ = 0;
+    file_ = files_.MakeSideFile({.target = target_, .ending = kJournalEnding});
+  }
+  std::string lines = head_.substr(headSaved_);
+  for (std::size_t row = rowsSaved_; row < rows.size(); ++row) AppendRowLine(lines, rows[row]);
+  if (lines.empty()) return;
+  file_->AppendAndMeasure(codePage_.Encode(lines));
+  headSaved_ = head_.size();
+  rowsSaved_ = std::max(rowsSaved_, rows.size());
+}
+
+std::string RecordingJournal::FileWithRows(std::int64_t count) const {
+  try {
+    if (!file_ || !file_->HasItsName()) return {};
+    const auto file = file_->OpenForReading();
+    return SurveyChartFile(*file).points == count ? file_->Name() : std::string();
+  } catch (const RunTimeError&) {
+    return {};  // it does not hold the rows as far as anybody can see
+  }
+}
+
+void RecordingJournal::End(bool keep) {
+  if (file_ && keep) file_->Keep();
+  file_.reset();
+  target_.clear();
+  head_.clear();
+  fault_.reset();
+  headSaved_ = rowsSaved_ = 0;
+}
+
+}  // namespace chartproject

@@ -1,0 +1,70 @@
+// The journal of a recording: a small file beside the chart file that holds, while the recording runs, what is needed
+// to rebuild it after a crash.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/run_time_error.h"
+#include "recording/file/chart_file_writer.h"
+
+namespace chartproject {
+
+/// The journal of "a.cht" is "a.cht.recording", or "a.cht.recording1" ... where that name is taken.
+inline constexpr std::string_view kJournalEnding = ".recording";
+
+/// Lines of a journal. It begins with the mark and the version, then come header lines as in a chart file, as far as
+/// they are known; a later line holds over an earlier one. A recording in memory writes its rows after kRowsMark. A
+/// recording that spools names its spool files instead, each by the number in its name.
+namespace journal_line {
+inline constexpr std::string_view kMark = "[RECORDING]";
+inline constexpr std::string_view kVersion = "Journal=1";
+inline constexpr std::string_view kInterval = "Interval=";  ///< milliseconds between points
+inline constexpr std::string_view kBegun = "Begun=";        ///< local time of the first point, yyyy-mm-dd hh:mm:ss
+inline constexpr std::string_view kSpool = "Spool=";        ///< rows go on in the spool file of this number
+inline constexpr std::string_view kLost = "Lost=";          ///< the file of that number is not ours any more
+}  // namespace journal_line
+
+/// Writes the journal of one recording. Nothing throws: a journal that cannot be written does not end the recording,
+/// it is tried again with the next row, and Fault() is the reason meanwhile.
+class RecordingJournal {
+ public:
+  /// Both outlive the journal.
+  RecordingJournal(FileSystem& files, const CodePage& codePage) : files_(files), codePage_(codePage) {}
+
+  /// A new journal, for a recording that is armed. @param target the chart file, links resolved
+  void Begin(const std::string& target, const ChartHeader& header, std::int64_t millisecondsBetweenPoints);
+  /// The first point is being kept. @param rowsHere the rows will be written here, by KeepRows
+  void NoteFirstPoint(const ChartHeader& header, const DateTime& now, bool rowsHere);
+  /// The rows go on in the spool file of that number; a number that was lost may come again.
+  void NoteSpool(int number);
+  void NoteLostSpool(int number);
+  /// Writes the rows that it does not have yet. @param rows all rows taken so far
+  void KeepRows(std::span<const PointRow> rows);
+
+  /// Why a crash would lose points now; empty while it would not.
+  [[nodiscard]] const std::optional<RunTimeError>& Fault() const noexcept { return fault_; }
+  /// The file's name when it holds that many rows, read back; else empty.
+  [[nodiscard]] std::string FileWithRows(std::int64_t count) const;
+  /// Ends the journal. @param keep the file stays: the rows are not in the chart file
+  void End(bool keep);
+
+ private:
+  void Save(std::span<const PointRow> rows);
+  void SaveOnce(std::span<const PointRow> rows);
+
+  FileSystem& files_;
+  const CodePage& codePage_;
+  std::string target_;
+  std::string head_;  ///< all lines before the rows (UTF-8)
+  std::unique_ptr<SideFile> file_;
+  std::size_t headSaved_ = 0;  ///< bytes of head_ that are in the file
+  std::size_t rowsSaved_ = 0;
+  std::optional<RunTimeError> fault_;
+};
+
+}  // namespace chartproject
