@@ -103,11 +103,12 @@ std::optional<Extent> Measure(Component& component, const ExportRequest& request
 }
 
 /// A spreadsheet keeps so many digits of a number; with more it is a text, as a serial number is.
-constexpr int kMostDigits = 15;
+constexpr std::size_t kMostDigits = 15;
 
 /// Digits from the first that is not 0 on, an exponent's aside.
 bool HasTooManyDigits(std::string_view text) {
-  int digits = 0;
+  if (text.size() <= kMostDigits) return false;
+  std::size_t digits = 0;
   for (const char c : text.substr(0, text.find_first_of("eE"))) {
     if (c >= '0' && c <= '9' && (digits > 0 || c != '0')) ++digits;
   }
