@@ -7,6 +7,7 @@
 
 #include "forms/canvas.h"
 #include "forms/control.h"
+#include "forms/input.h"
 #include "forms/timer.h"
 
 namespace chartproject {
@@ -275,15 +276,6 @@ class UpDown : public RangeControl {
   bool syncBuddy_ = false;
 };
 
-/// A mouse or key event over an owner-drawn control.
-struct MouseInput {
-  PointF at;           ///< relative to the control
-  bool shift = false;  ///< Shift was down
-};
-
-/// Keys that an owner-drawn control may act on.
-enum class Key { kLeft, kRight, kPageUp, kPageDown, kHome, kEnd, kEscape };
-
 /// A control that paints itself through Canvas (the chart, the trigger lamp).
 class DrawnControl : public Control {
  public:
@@ -297,10 +289,18 @@ class DrawnControl : public Control {
   virtual void MouseMoved(const MouseInput& /*input*/) {}
   virtual void MouseLeft() {}
   virtual void MousePressed(const MouseInput& /*input*/) {}
-  /// @param notches wheel steps, positive away from the user; false leaves the wheel to the window
-  virtual bool WheelTurned(int /*notches*/) { return false; }
+  /// The second press of a double click; for most controls a press like any other.
+  virtual void MouseDoubleClicked(const MouseInput& input) { MousePressed(input); }
+  virtual void MouseReleased(const MouseInput& /*input*/) {}
+  /// False leaves the wheel to the window.
+  virtual bool WheelTurned(const WheelInput& /*input*/) { return false; }
   /// False leaves the key to the window.
-  virtual bool KeyPressed(Key /*key*/, bool /*shift*/) { return false; }
+  virtual bool KeyPressed(const KeyPress& /*press*/) { return false; }
+  virtual void KeyReleased(const KeyPress& /*press*/) {}
+  /// What a right click, the menu key and Shift+F10 offer; nothing for a control without a menu.
+  [[nodiscard]] virtual std::vector<MenuItem> ContextMenu() { return {}; }
+  /// The user chose the item with this id.
+  virtual void MenuChosen(int /*id*/) {}
   /// Asks the back end to paint again, soon.
   void Invalidate() { Changed(Property::kContent); }
   /// The same for the overlay alone.

@@ -183,6 +183,25 @@ enum class Text : std::uint16_t {
   kSimulatedValues,      ///< the recording's values come from simulated drives
   kValueNotRead,         ///< "%1 (not read: %2)"  %2 the reason
   kCompanionNotRead,     ///< %1 the reason, with the file
+  // The chart window's menu: its groups, its entries, the names of keys.
+  kMenuGo,
+  kMenuLook,
+  kActionDivisionBack,
+  kActionDivisionOn,
+  kActionPageBack,
+  kActionPageOn,
+  kActionFirstPoint,
+  kActionLastPoint,
+  kActionRemoveCursors,
+  kKeyShift,
+  kKeyLeft,
+  kKeyRight,
+  kKeyPageUp,
+  kKeyPageDown,
+  kKeyHome,
+  kKeyEnd,
+  kKeyBackspace,
+  kKeySpace,
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives

@@ -77,17 +77,17 @@ TEST_F(ChartControlTest, CursorsKeepTheirPointOfTheFileWhileTheRowsChange) {
 
 TEST_F(ChartControlTest, EscTakesTheCursorsAwayAndOtherKeysGoOn) {
   std::vector<Key> keys;
-  chart.key = [&](Key key, bool) {
-    keys.push_back(key);
-    return key == Key::kLeft;
+  chart.key = [&](const KeyPress& press) {
+    keys.push_back(press.key);
+    return press.key == Key::kLeft;
   };
   chart.SetCursor(kSecond, 110);
-  EXPECT_TRUE(chart.KeyPressed(Key::kEscape, false));
+  EXPECT_TRUE(chart.KeyPressed({.key = Key::kEscape}));
   EXPECT_EQ(chart.CursorLabel(kSecond), std::nullopt);
-  EXPECT_FALSE(chart.KeyPressed(Key::kEscape, false));
-  EXPECT_TRUE(chart.KeyPressed(Key::kLeft, false));
+  EXPECT_FALSE(chart.KeyPressed({.key = Key::kEscape}));
+  EXPECT_TRUE(chart.KeyPressed({.key = Key::kLeft}));
   EXPECT_THAT(keys, ElementsAre(Key::kEscape, Key::kLeft));
-  EXPECT_FALSE(chart.WheelTurned(1));
+  EXPECT_FALSE(chart.WheelTurned({.notches = 1}));
 }
 
 TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {

@@ -147,7 +147,7 @@ TEST_F(ChartWindowTest, KeysAndWheelScrollByDivisionsAlsoWhereTheBarIsCoarse) {
   Put("100000", 5000);
   Show([&](ChartForm& form) {
     const auto first = [&form](Key key) {
-      EXPECT_TRUE(form.mscChart1.KeyPressed(key, false));
+      EXPECT_TRUE(form.mscChart1.KeyPressed({.key = key}));
       return FirstLabel(form);
     };
     EXPECT_EQ(first(Key::kRight), 2);
@@ -155,7 +155,7 @@ TEST_F(ChartWindowTest, KeysAndWheelScrollByDivisionsAlsoWhereTheBarIsCoarse) {
     EXPECT_EQ(first(Key::kLeft), 25);
     EXPECT_EQ(first(Key::kPageUp), 1);
     EXPECT_EQ(first(Key::kPageUp), 1);
-    EXPECT_TRUE(form.mscChart1.WheelTurned(-2));
+    EXPECT_TRUE(form.mscChart1.WheelTurned({.notches = -2}));
     EXPECT_EQ(FirstLabel(form), 7);
     // The file ends before the points that its header names: from there on N is what the file holds.
     EXPECT_EQ(first(Key::kEnd), 4976);
@@ -166,12 +166,56 @@ TEST_F(ChartWindowTest, KeysAndWheelScrollByDivisionsAlsoWhereTheBarIsCoarse) {
   });
 }
 
+TEST_F(ChartWindowTest, TheMenuOffersEachActionWithItsKeyAndState) {
+  Put("100", 100);
+  Show([&](ChartForm& form) {
+    const auto lines = [&form] {
+      std::vector<std::string> all;
+      const auto add = [&all](const MenuItem& item, const std::string& indent, const auto& each) -> void {
+        const std::string state = std::string(item.enabled ? "" : " (off)") + (item.checked ? " (on)" : "");
+        all.push_back(indent + item.text + (item.key.empty() ? "" : " | " + item.key) + state);
+        for (const MenuItem& inner : item.items) each(inner, indent + " ", each);
+      };
+      for (const MenuItem& item : form.mscChart1.ContextMenu()) add(item, "", add);
+      return all;
+    };
+    const std::vector<std::string> expected{"Go",
+                                            " One division back | Left",
+                                            " One division on | Right",
+                                            " One page back | Page Up",
+                                            " One page on | Page Down",
+                                            " First point | Home",
+                                            " Last point | End",
+                                            "Look",
+                                            " Grid",
+                                            " Line (on)",
+                                            " Marker",
+                                            "",
+                                            "Remove the cursors | Esc (off)",
+                                            "",
+                                            "Export",
+                                            "Print"};
+    EXPECT_EQ(lines(), expected);
+    form.mscChart1.MenuChosen(static_cast<int>(ChartAction::kLastPoint) + 1);
+    EXPECT_EQ(FirstLabel(form), 76);
+    form.mscChart1.MenuChosen(static_cast<int>(ChartAction::kGrid) + 1);
+    EXPECT_EQ(form.switches.chkGrid.Value(), 1);
+    EXPECT_THAT(lines(), ::testing::Contains(" Grid (on)"));
+  });
+  // A key means one thing only.
+  for (const ChartActionRow& row : ChartActionRows()) {
+    const auto same = [&row](const ChartActionRow& other) { return other.key == row.key; };
+    EXPECT_TRUE(row.key.key == Key::kNone || std::ranges::count_if(ChartActionRows(), same) == 1)
+        << static_cast<int>(row.action);
+  }
+}
+
 TEST_F(ChartWindowTest, KeysAndWheelOverAFileThatIsGoneAreErrorsOfTheWindow) {
   Put("100", 100);
   Show([&](ChartForm& form) {
     fakes.files.Delete(kFile);
-    form.mscChart1.KeyPressed(Key::kRight, false);
-    form.mscChart1.WheelTurned(-1);
+    form.mscChart1.KeyPressed({.key = Key::kRight});
+    form.mscChart1.WheelTurned({.notches = -1});
     EXPECT_EQ(FirstLabel(form), 1);
   });
   EXPECT_THAT(fakes.files.Bytes("\\Kestrel.log"),
@@ -263,7 +307,7 @@ TEST_F(ChartWindowTest, CommentLinesAreNoFurtherPoints) {
   fakes.files.Append(kFile, "' a pause\r\n");
   for (int i = 0; i < 10; ++i) fakes.files.Append(kFile, "08:00:00#1#2####\r\n");
   Show([](ChartForm& form) {
-    form.mscChart1.KeyPressed(Key::kEnd, false);
+    form.mscChart1.KeyPressed({.key = Key::kEnd});
     EXPECT_EQ(FirstLabel(form), 7);
     EXPECT_THAT(form.rtfInfo.Text(), Not(HasSubstr("continues")));
   });
@@ -298,7 +342,7 @@ TEST_F(ChartWindowTest, PointsBehindThoseOfTheHeaderAreReached) {
     Show([&](ChartForm& form) {
       if (form.scroll.hsbGraph.Maximum() == 15) form.scroll.hsbGraph.SetValue(15);
       EXPECT_TRUE(form.scroll.hsbGraph.Visible()) << named;
-      EXPECT_TRUE(form.mscChart1.KeyPressed(Key::kEnd, false)) << named;
+      EXPECT_TRUE(form.mscChart1.KeyPressed({.key = Key::kEnd})) << named;
       EXPECT_EQ(form.scroll.hsbGraph.Maximum(), 75);
       EXPECT_EQ(FirstLabel(form), 76);
       EXPECT_THAT(form.rtfInfo.Text(), HasSubstr("continues after point " + std::string(named)));

@@ -372,6 +372,16 @@ TEST(ChartViewerTest, ReadsOutThePointerAndTwoCursors) {
   viewer.Close();
 }
 
+TEST(ChartViewerTest, TheMenuOpensByKeysAndItsEntriesAct) {
+  ChartViewer viewer("English");
+  // The second menu is "Look"; its first entry is the grid.
+  viewer.user.Key("shift+F10").Until("the menu", [] { return QApplication::activePopupWidget() != nullptr; }).Then([] {
+    for (const char* key : {"Down", "Down", "Right", "Return"}) SendKey(key);
+  });
+  viewer.user.Until("the grid", [&] { return viewer.form.mscChart1.Model().valueGrid != 0; });
+  viewer.Close();
+}
+
 TEST(ChartViewerTest, CutsNoTextInAnyLanguage) {
   for (const std::string language : {"English", "Portuguese", "Spanish"}) {
     ChartViewer viewer(language);

@@ -44,15 +44,21 @@ void ChartForm::ConnectSections() {
   scales.update = [this] { LoadSlice(); };
   switches.changed = [this] { ShowChart(); };
   // The file may have been deleted by now: an exception of these calls is an error of the window, too.
-  mscChart1.key = [this](Key key, bool /*shift*/) {
+  mscChart1.key = [this](const KeyPress& press) {
     bool used = true;
-    RunHandler("mscChart1_KeyDown", [&] { used = scroll.ScrollByKey(key); });
+    RunHandler("mscChart1_KeyDown", [&] { used = actions_.Press(press); });
     return used;
   };
-  mscChart1.wheel = [this](int notches) {
-    RunHandler("mscChart1_Wheel", [&] { scroll.ScrollByWheel(notches); });
+  mscChart1.wheel = [this](const WheelInput& input) {
+    RunHandler("mscChart1_Wheel", [&] { scroll.ScrollByWheel(input.notches); });
     return true;
   };
+  mscChart1.menu = [this] { return actions_.Menu(component_); };
+  mscChart1.menuChosen = [this](int id) { RunHandler("mscChart1_Menu", [&] { actions_.Choose(id); }); };
+  scroll.Offer(actions_);
+  switches.Offer(actions_);
+  readout_.Offer(actions_);
+  output.Offer(actions_);
 }
 
 void ChartForm::OnLoad() {

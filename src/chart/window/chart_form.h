@@ -4,6 +4,7 @@
 #include <string>
 
 #include "chart/view/chart_view.h"
+#include "chart/window/actions/chart_actions.h"
 #include "chart/window/control/chart_control.h"
 #include "chart/window/sections/output_section.h"
 #include "chart/window/sections/reading_section.h"
@@ -76,6 +77,7 @@ class ChartForm : public Form {
   /// N becomes what the file holds, where the slice shows another end. True when another slice has to be read then.
   bool MeasureFile();
 
+  ChartActions actions_;
   ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
 };
 

@@ -1,15 +1,22 @@
 // Controls that paint themselves: charts and lamps.
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "backends/qt/forms/qt_widgets.h"
 #include "backends/qt/qt_canvas.h"
+#include "backends/qt/qt_text.h"
 #include "forms/controls.h"
 
 namespace chartproject {
@@ -18,25 +25,36 @@ namespace {
 
 constexpr int kWheelNotch = 120;  ///< eighths of a degree
 
-std::optional<Key> ToKey(int key) {
-  switch (key) {
-    case Qt::Key_Left:
-      return Key::kLeft;
-    case Qt::Key_Right:
-      return Key::kRight;
-    case Qt::Key_PageUp:
-      return Key::kPageUp;
-    case Qt::Key_PageDown:
-      return Key::kPageDown;
-    case Qt::Key_Home:
-      return Key::kHome;
-    case Qt::Key_End:
-      return Key::kEnd;
-    case Qt::Key_Escape:
-      return Key::kEscape;
-    default:
-      return std::nullopt;
+constexpr std::array<std::pair<int, Key>, 9> kKeys{{{Qt::Key_Left, Key::kLeft},
+                                                    {Qt::Key_Right, Key::kRight},
+                                                    {Qt::Key_PageUp, Key::kPageUp},
+                                                    {Qt::Key_PageDown, Key::kPageDown},
+                                                    {Qt::Key_Home, Key::kHome},
+                                                    {Qt::Key_End, Key::kEnd},
+                                                    {Qt::Key_Escape, Key::kEscape},
+                                                    {Qt::Key_Backspace, Key::kBackspace},
+                                                    {Qt::Key_Space, Key::kSpace}}};
+
+/// Nothing for a key that no control acts on, and for those that Alt makes the window's.
+std::optional<KeyPress> PressOf(const QKeyEvent& event) {
+  if (event.modifiers().testFlag(Qt::AltModifier)) return std::nullopt;
+  KeyPress press{.shift = event.modifiers().testFlag(Qt::ShiftModifier),
+                 .control = event.modifiers().testFlag(Qt::ControlModifier)};
+  const int key = event.key();
+  if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) {
+    press.key = Key::kCharacter;
+    press.character = static_cast<char>(key);  // Qt's numbers are those of the characters
+    return press;
   }
+  const auto* const found = std::ranges::find(kKeys, key, &std::pair<int, Key>::first);
+  if (found == kKeys.end()) return std::nullopt;
+  press.key = found->second;
+  return press;
+}
+
+MouseButton ButtonOf(Qt::MouseButtons buttons) {
+  if (buttons.testFlag(Qt::LeftButton)) return MouseButton::kLeft;
+  return buttons.testFlag(Qt::MiddleButton) ? MouseButton::kMiddle : MouseButton::kNone;
 }
 
 /// Caches the painted chart; pointer moves repaint only the overlay. Qt paints into its own buffer, so nothing
@@ -76,29 +94,43 @@ class Surface : public QWidget {
     QWidget::changeEvent(event);
   }
   void mouseMoveEvent(QMouseEvent* event) override {
-    gate_.Run(control_, [&] { control_.MouseMoved(InputOf(*event)); });
+    const MouseInput input = InputOf(*event, event->buttons());
+    const auto move = [&] { control_.MouseMoved(input); };
+    input.button == MouseButton::kNone ? gate_.Run(control_, move) : gate_.Take(control_, move);
   }
   void leaveEvent(QEvent* /*event*/) override {
     gate_.Run(control_, [&] { control_.MouseLeft(); });
   }
-  void mousePressEvent(QMouseEvent* event) override {
-    if (event->button() != Qt::LeftButton) return;
-    gate_.Take(control_, [&] { control_.MousePressed(InputOf(*event)); });
+  void mousePressEvent(QMouseEvent* event) override { TakeButton(*event, &DrawnControl::MousePressed); }
+  void mouseDoubleClickEvent(QMouseEvent* event) override { TakeButton(*event, &DrawnControl::MouseDoubleClicked); }
+  void mouseReleaseEvent(QMouseEvent* event) override { TakeButton(*event, &DrawnControl::MouseReleased); }
+  void contextMenuEvent(QContextMenuEvent* event) override {
+    OpenMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos() : mapToGlobal(rect().center()));
   }
   void wheelEvent(QWheelEvent* event) override {
     turned_ += event->angleDelta().y();
     const int notches = turned_ / kWheelNotch;
     turned_ -= notches * kWheelNotch;
     bool used = notches == 0;
-    if (notches != 0) gate_.Take(control_, [&] { used = control_.WheelTurned(notches); });
+    const WheelInput input{.notches = notches,
+                           .at = {event->position().x(), event->position().y()},
+                           .shift = event->modifiers().testFlag(Qt::ShiftModifier),
+                           .control = event->modifiers().testFlag(Qt::ControlModifier)};
+    if (notches != 0) gate_.Take(control_, [&] { used = control_.WheelTurned(input); });
     event->setAccepted(used);
   }
   void keyPressEvent(QKeyEvent* event) override {
-    bool used = false;
-    if (const auto key = ToKey(event->key())) {
-      gate_.Take(control_, [&] { used = control_.KeyPressed(*key, event->modifiers().testFlag(Qt::ShiftModifier)); });
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+      return OpenMenu(mapToGlobal(rect().center()));
     }
+    bool used = false;
+    if (const auto press = PressOf(*event)) gate_.Take(control_, [&] { used = control_.KeyPressed(*press); });
     event->setAccepted(used);
+  }
+  void keyReleaseEvent(QKeyEvent* event) override {
+    const auto press = event->isAutoRepeat() ? std::nullopt : PressOf(*event);
+    if (press) gate_.Take(control_, [&] { control_.KeyReleased(*press); });
+    event->setAccepted(press.has_value());
   }
 
  private:
@@ -108,8 +140,44 @@ class Surface : public QWidget {
     QtCanvas canvas(painter, {static_cast<double>(width()), static_cast<double>(height())});
     gate_.Run(control_, [&] { action(canvas); });
   }
-  static MouseInput InputOf(const QMouseEvent& event) {
-    return {{event.position().x(), event.position().y()}, event.modifiers().testFlag(Qt::ShiftModifier)};
+  static MouseInput InputOf(const QMouseEvent& event, Qt::MouseButtons buttons) {
+    return {.at = {event.position().x(), event.position().y()},
+            .shift = event.modifiers().testFlag(Qt::ShiftModifier),
+            .control = event.modifiers().testFlag(Qt::ControlModifier),
+            .button = ButtonOf(buttons)};
+  }
+  void TakeButton(const QMouseEvent& event, void (DrawnControl::*input)(const MouseInput&)) {
+    const MouseInput taken = InputOf(event, event.button());
+    if (taken.button != MouseButton::kNone) gate_.Take(control_, [&] { (control_.*input)(taken); });
+  }
+  /// The menu goes with its closing; the window's own loop turns meanwhile.
+  void OpenMenu(QPoint at) {
+    std::vector<MenuItem> items;
+    gate_.Take(control_, [&] { items = control_.ContextMenu(); });
+    if (items.empty()) return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    FillMenu(*menu, items);
+    menu->popup(at);
+  }
+  void FillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
+    for (const MenuItem& item : items) {
+      if (item.text.empty()) {
+        menu.addSeparator();
+        continue;
+      }
+      const QString text = ToQt(item.text).replace(QLatin1Char('&'), QLatin1String("&&"));
+      if (!item.items.empty()) {
+        FillMenu(*menu.addMenu(text), item.items);
+        continue;
+      }
+      QAction* action = menu.addAction(item.key.empty() ? text : text + QLatin1Char('\t') + ToQt(item.key));
+      action->setEnabled(item.enabled);
+      action->setCheckable(item.checked);
+      action->setChecked(item.checked);
+      connect(action, &QAction::triggered, this,
+              [this, id = item.id] { gate_.Take(control_, [&] { control_.MenuChosen(id); }); });
+    }
   }
 
   DrawnControl& control_;

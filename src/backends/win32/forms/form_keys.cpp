@@ -101,7 +101,7 @@ bool FormKeys::EscapePressed(const MSG& message) {
   if (repeated || keyboard_.TookEscapeOf(message.time)) return true;
   if (const Widget* widget = widgets_.Of(GetFocus())) {
     auto* drawn = dynamic_cast<DrawnControl*>(&widget->Owner());
-    if (drawn != nullptr && drawn->KeyPressed(Key::kEscape, false)) return true;
+    if (drawn != nullptr && drawn->KeyPressed({.key = Key::kEscape})) return true;
   }
   return PressButtonWith(&CommandButton::IsCancel);
 }

@@ -206,7 +206,11 @@ class DrawnWidget : public Widget {
   void PaintPicture(HDC dc, int width, int height);
   void Draw(HDC dc, int width, int height, const std::function<void(Canvas&)>& paint);
   void MouseMoved(LPARAM data, WPARAM keys);
-  [[nodiscard]] MouseInput InputAt(LPARAM data, WPARAM keys) const;
+  [[nodiscard]] PointF PointAt(POINT dots) const;
+  [[nodiscard]] MouseInput InputAt(LPARAM data, WPARAM keys, MouseButton button) const;
+  void ButtonPressed(const MouseInput& input, bool twice);
+  void ButtonReleased(const MouseInput& input);
+  void OpenMenu(LPARAM data);
   bool KeyPressed(WPARAM virtualKey);
   DrawnControl& drawn_;
   SIZE pictureSize_{};

@@ -14,9 +14,10 @@ namespace {
 std::mutex mutex;
 int users = 0;
 
-void Register(const wchar_t* name, WNDPROC procedure, HBRUSH ground) noexcept {
+void Register(const wchar_t* name, WNDPROC procedure, HBRUSH ground, UINT style) noexcept {
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
+  description.style = style;
   description.lpfnWndProc = procedure;
   description.hInstance = ThisModule();
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -36,8 +37,8 @@ BOOL CALLBACK TakeForm(HWND window, LPARAM found) noexcept {
 WindowClasses::WindowClasses(WNDPROC formProcedure) {
   const std::lock_guard lock(mutex);
   if (users++ > 0) return;
-  Register(kFormClass, formProcedure, GetSysColorBrush(COLOR_3DFACE));
-  Register(kDrawnClass, DefWindowProcW, nullptr);
+  Register(kFormClass, formProcedure, GetSysColorBrush(COLOR_3DFACE), 0);
+  Register(kDrawnClass, DefWindowProcW, nullptr, CS_DBLCLKS);
 }
 
 WindowClasses::~WindowClasses() {

@@ -102,21 +102,30 @@ void ChartControl::MouseLeft() {
 }
 
 void ChartControl::MousePressed(const MouseInput& input) {
+  if (input.button == MouseButton::kMiddle) return;
   const auto row = RowAt(input.at);
   if (row) SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, model_.firstRowLabel + *row);
 }
 
-bool ChartControl::WheelTurned(int notches) {
-  return wheel && wheel(notches);
+bool ChartControl::WheelTurned(const WheelInput& input) {
+  return wheel && wheel(input);
 }
 
-bool ChartControl::KeyPressed(Key pressed, bool shift) {
-  if (pressed == Key::kEscape && (cursors_[0] || cursors_[1])) {
+bool ChartControl::KeyPressed(const KeyPress& press) {
+  if (press.key == Key::kEscape && (cursors_[0] || cursors_[1])) {
     SetCursor(MeasuringCursor::kFirst, std::nullopt);
     SetCursor(MeasuringCursor::kSecond, std::nullopt);
     return true;
   }
-  return key && key(pressed, shift);
+  return key && key(press);
+}
+
+std::vector<MenuItem> ChartControl::ContextMenu() {
+  return menu ? menu() : std::vector<MenuItem>();
+}
+
+void ChartControl::MenuChosen(int id) {
+  if (menuChosen) menuChosen(id);
 }
 
 }  // namespace chartproject

@@ -62,16 +62,21 @@ class ChartControl : public DrawnControl {
   Event cursorsChanged;
 
   /// Wheel steps and keys that the chart has no use for; the result says whether they were used.
-  std::function<bool(int notches)> wheel;
-  std::function<bool(Key key, bool shift)> key;
+  std::function<bool(const WheelInput& input)> wheel;
+  std::function<bool(const KeyPress& press)> key;
+  /// The chart's menu, and the item of it that the user chose.
+  std::function<std::vector<MenuItem>()> menu;
+  std::function<void(int id)> menuChosen;
 
   // Input from the back end. -----------------------------------------------------------------------------------------
   [[nodiscard]] bool TabStop() const noexcept override { return true; }
   void MouseMoved(const MouseInput& input) override;
   void MouseLeft() override;
   void MousePressed(const MouseInput& input) override;
-  bool WheelTurned(int notches) override;
-  bool KeyPressed(Key pressed, bool shift) override;
+  bool WheelTurned(const WheelInput& input) override;
+  bool KeyPressed(const KeyPress& press) override;
+  [[nodiscard]] std::vector<MenuItem> ContextMenu() override;
+  void MenuChosen(int id) override;
 
  private:
   void ModelChanged();

@@ -19,6 +19,13 @@ OutputSection::OutputSection(Form& form, Component& component, const ChartView& 
   Connect(cmdOK.click, cmdOK, "Click", this, &OutputSection::cmdOK_Click);
 }
 
+void OutputSection::Offer(ChartActions& actions) {
+  for (const auto& [action, button] :
+       {std::pair(ChartAction::kExport, &cmdExport), std::pair(ChartAction::kPrint, &cmdPrint)}) {
+    actions.Set(action, {[button = button] { button->Press(); }, [button = button] { return button->Enabled(); }});
+  }
+}
+
 void OutputSection::cmdExport_Click() {
   if (reading_.Busy()) return;
   ExportRequest request;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "chart/view/chart_view.h"
+#include "chart/window/actions/chart_actions.h"
 #include "chart/window/sections/reading_section.h"
 #include "forms/controls.h"
 #include "recording/file/component.h"
@@ -19,6 +20,7 @@ class OutputSection {
   CommandButton cmdPrint;
   CommandButton cmdOK;
 
+  void Offer(ChartActions& actions);
   /// The user left the window by its print button.
   [[nodiscard]] bool PrintRequested() const noexcept { return printRequested_; }
 

@@ -47,6 +47,13 @@ void ReadoutSection::CursorsChanged() {
   chart_.SetCursorReadout(CursorReadout(env_, header_, cursors_, Names(), view_.RealTimes()));
 }
 
+void ReadoutSection::Offer(ChartActions& actions) {
+  const auto any = [this] {
+    return chart_.CursorLabel(MeasuringCursor::kFirst) || chart_.CursorLabel(MeasuringCursor::kSecond);
+  };
+  actions.Set(ChartAction::kRemoveCursors, {[this] { ForgetCursors(); }, any});
+}
+
 void ReadoutSection::ForgetCursors() {
   chart_.SetCursor(MeasuringCursor::kFirst, std::nullopt);
   chart_.SetCursor(MeasuringCursor::kSecond, std::nullopt);

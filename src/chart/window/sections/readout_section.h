@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "chart/view/chart_view.h"
+#include "chart/window/actions/chart_actions.h"
 #include "chart/window/control/chart_control.h"
 #include "chart/window/control/readout.h"
 
@@ -20,6 +21,7 @@ class ReadoutSection {
   /// The row under the pointer is another one, or has other values.
   void PointerRowChanged();
   void ForgetCursors();
+  void Offer(ChartActions& actions);
 
  private:
   void CursorsChanged();

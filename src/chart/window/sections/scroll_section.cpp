@@ -130,31 +130,17 @@ void ScrollSection::ScrollToEnd() {
   if (view_.Points() > known) ScrollTo(std::int64_t{view_.FirstLine()} + view_.Points());
 }
 
-bool ScrollSection::ScrollByKey(Key key) {
-  const std::int64_t division = view_.PointsPerDivision();
-  const std::int64_t page = division * (kDivisions - 1);
-  switch (key) {
-    case Key::kLeft:
-      ScrollTo(view_.StartLine() - division);
-      return true;
-    case Key::kRight:
-      ScrollTo(view_.StartLine() + division);
-      return true;
-    case Key::kPageUp:
-      ScrollTo(view_.StartLine() - page);
-      return true;
-    case Key::kPageDown:
-      ScrollTo(view_.StartLine() + page);
-      return true;
-    case Key::kHome:
-      ScrollTo(view_.FirstLine());
-      return true;
-    case Key::kEnd:
-      ScrollToEnd();
-      return true;
-    default:
-      return false;
-  }
+void ScrollSection::Offer(ChartActions& actions) {
+  const auto usable = [this] { return hsbGraph.Enabled(); };
+  const auto offer = [&](ChartAction action, std::function<void()> run) {
+    actions.Set(action, {std::move(run), usable});
+  };
+  offer(ChartAction::kDivisionBack, [this] { ScrollBy(-view_.PointsPerDivision()); });
+  offer(ChartAction::kDivisionOn, [this] { ScrollBy(view_.PointsPerDivision()); });
+  offer(ChartAction::kPageBack, [this] { ScrollBy(-Page()); });
+  offer(ChartAction::kPageOn, [this] { ScrollBy(Page()); });
+  offer(ChartAction::kFirstPoint, [this] { ScrollTo(view_.FirstLine()); });
+  offer(ChartAction::kLastPoint, [this] { ScrollToEnd(); });
 }
 
 void ScrollSection::ScrollByWheel(int notches) {

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "chart/view/chart_view.h"
+#include "chart/window/actions/chart_actions.h"
 #include "chart/window/sections/reading_section.h"
 #include "forms/controls.h"
 
@@ -32,16 +33,19 @@ class ScrollSection {
   /// The slider shows the points per division that are chosen.
   void ShowPointsPerDivision();
 
+  /// Adds the actions that scroll to those of the window.
+  void Offer(ChartActions& actions);
   /// Scrolls to a line, as near as the file has it. Throws RunTimeError.
   void ScrollTo(std::int64_t startLine);
-  /// True for a key that scrolls.
-  bool ScrollByKey(Key key);
   void ScrollByWheel(int notches);
 
  private:
   void hsbGraph_Change();
   void sldPointsPerDivision_Change();
   void ScrollToEnd();
+  void ScrollBy(std::int64_t points) { ScrollTo(view_.StartLine() + points); }
+  /// Points of a page: one division less than the slice has.
+  [[nodiscard]] std::int64_t Page() const { return std::int64_t{view_.PointsPerDivision()} * (kDivisions - 1); }
 
   Environment& env_;
   ChartView& view_;

@@ -55,6 +55,15 @@ void SwitchesSection::Save() {
   settings.intChartType = CheckedInteger16(cboChartType.ListIndex());
 }
 
+void SwitchesSection::Offer(ChartActions& actions) {
+  const std::initializer_list<std::pair<ChartAction, CheckBox*>> boxes{
+      {ChartAction::kGrid, &chkGrid}, {ChartAction::kLines, &chkLine}, {ChartAction::kMarkers, &chkMarker}};
+  for (const auto& [action, box] : boxes) {
+    const auto checked = [box = box] { return box->Value() == 1; };
+    actions.Set(action, {[box = box, checked] { box->SetValue(checked() ? 0 : 1); }, {}, checked});
+  }
+}
+
 void SwitchesSection::Fill(ChartLook& look) const {
   if (cboChartType.ListIndex() >= 0) look.kind = static_cast<ChartKind>(cboChartType.ListIndex());
   if (chkGrid.Value() != 2) look.grid = chkGrid.Value() == 1;

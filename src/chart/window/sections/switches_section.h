@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "chart/view/chart_building.h"
+#include "chart/window/actions/chart_actions.h"
 #include "common/environment/environment.h"
 #include "forms/controls.h"
 
@@ -29,6 +30,7 @@ class SwitchesSection {
   /// Check boxes and chart type as they were when a chart window was closed last.
   void ApplySaved();
   void Save();
+  void Offer(ChartActions& actions);
   /// The look that the switches show. A grey grid box leaves the grid as it is.
   void Fill(ChartLook& look) const;
 
