@@ -55,7 +55,11 @@ endif()
 # Debian packages: scripts/package-linux runs cpack.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME chartproject)
-set(CPACK_PACKAGE_CONTACT "ChartProject developers <developers@chartproject.invalid>")
+# A name ending in ".invalid" belongs to nobody for ever: the project has no mailbox, and the field needs an address.
+# Who gives packages to others puts an address here at which they are heard.
+set(CHARTPROJECT_CONTACT "ChartProject developers <developers@chartproject.invalid>"
+    CACHE STRING "Who answers for the Debian packages: a name and an address")
+set(CPACK_PACKAGE_CONTACT "${CHARTPROJECT_CONTACT}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "recorder of trend data of industrial drives")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
