@@ -166,17 +166,17 @@ inside dpkg-query -L chartproject | while read -r name; do [ -d "$root$name" ] |
 mine() { (cd "$root" && find home/user var/lib/chartproject -type f -exec sha256sum {} + | sort); }
 mine >"$log.mine"
 inside sh -c 'ln -s /lib/systemd/system/chartproject-record@.service /etc/systemd/system/chartproject-record@press.service'
-# Nothing of the package is left; $1: what only a purge removes.
+# None of the package's files is left; after a purge no file anywhere that has its name, caches of others apart.
 none_left() {
   local left
   left=$(while read -r name; do [ ! -e "$root$name" ] || echo "$name"; done <"$log.files"
-    cd "$root" && find . -xdev -iname '*chartproject*' -not -path './home/*' -not -path './packages/*' \
-      -not -path './var/cache/apt/*' -not -path './var/lib/chartproject*' -not -path "./$1")
+    [ "$1" = remove ] || (cd "$root" && find . -xdev -iname '*chartproject*' -not -path './home/*' -not -path './packages/*' \
+      -not -path './var/cache/*' -not -path './var/lib/chartproject*'))
   [ -z "$left" ] || { echo "$left"; return 1; }
 }
-check "remove" inside apt-get -q -y remove chartproject
-check "leaves none of its files" none_left 'etc/systemd/system/chartproject-record@press.service'
-check "purge" inside apt-get -q -y purge chartproject
-check "leaves nothing" none_left -
+for step in remove purge; do
+  check "$step" inside apt-get -q -y "$step" chartproject
+  check "leaves none of its files" none_left "$step"
+done
 check "but every file of the user and of the recordings" bash -c "diff '$log.mine' - <<<'$(mine)'"
 echo "the packages are fine"
