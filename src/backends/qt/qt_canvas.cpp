@@ -67,15 +67,6 @@ void DrawBundle(QPainter& painter, std::span<const PointF> points, const QColor&
 
 }  // namespace
 
-QFont ToQFont(const Font& font) {
-  QFont result = QGuiApplication::font();
-  if (!font.family.empty()) result.setFamily(ToQt(font.family));
-  result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * 96.0 / 72.0))));
-  result.setBold(font.bold);
-  result.setItalic(font.italic);
-  return result;
-}
-
 QImage ToQImage(const Bitmap& bitmap) {
   if (bitmap.Empty()) return {};
   QImage image(bitmap.width, bitmap.height, QImage::Format_ARGB32);
@@ -105,8 +96,18 @@ Bitmap FromQImage(const QImage& source) {
   return bitmap;
 }
 
-QtCanvas::QtCanvas(QPainter& painter, Size extent) : painter_(painter), extent_(extent) {
+QtCanvas::QtCanvas(QPainter& painter, Size extent, double textScale)
+    : painter_(painter), extent_(extent), textScale_(textScale) {
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+}
+
+QFont QtCanvas::FontOf(const Font& font) const {
+  QFont result = QGuiApplication::font();
+  if (!font.family.empty()) result.setFamily(ToQt(font.family));
+  result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * textScale_ * 96.0 / 72.0))));
+  result.setBold(font.bold);
+  result.setItalic(font.italic);
+  return result;
 }
 
 void QtCanvas::Smooth(bool smooth) {
@@ -161,7 +162,7 @@ void QtCanvas::DrawEllipse(const Rect& box, Color fill, const Pen& outline) {
 }
 
 void QtCanvas::DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) {
-  const QFont qFont = ToQFont(font);
+  const QFont qFont = FontOf(font);
   const QFontMetricsF metrics(qFont);
   const QString qText = ToQt(text);
   double x = at.x;
@@ -173,7 +174,7 @@ void QtCanvas::DrawText(std::string_view text, PointF at, const Font& font, Colo
 }
 
 Size QtCanvas::MeasureText(std::string_view text, const Font& font) const {
-  const QFontMetricsF metrics(ToQFont(font));
+  const QFontMetricsF metrics(FontOf(font));
   return {metrics.horizontalAdvance(ToQt(text)), metrics.height()};
 }
 

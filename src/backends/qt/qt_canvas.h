@@ -13,8 +13,9 @@ namespace chartproject {
 
 class QtCanvas : public Canvas {
  public:
-  /// @param painter open while the canvas is used; @param extent size of the surface in its own pixels
-  QtCanvas(QPainter& painter, Size extent);
+  /// @param painter open while the canvas is used @param extent size of the surface in its own pixels
+  /// @param textScale by how much text is larger than its font says, 1 in files and on paper
+  QtCanvas(QPainter& painter, Size extent, double textScale = 1);
 
   [[nodiscard]] Size Extent() const override { return extent_; }
   void FillRect(const Rect& rect, Color color) override;
@@ -29,9 +30,12 @@ class QtCanvas : public Canvas {
  private:
   /// Switches the smoothing of edges, which the painter does slowly, also for shapes that need none.
   void Smooth(bool smooth);
+  /// Sizes follow the canvas' 96 pixels to the inch, at every resolution of the screen.
+  [[nodiscard]] QFont FontOf(const Font& font) const;
 
   QPainter& painter_;
   Size extent_;
+  double textScale_;
   bool smooth_ = true;
 };
 
@@ -41,8 +45,6 @@ class QtPictureRenderer : public PictureRenderer {
   [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
 };
 
-/// A font of the canvas: sizes follow its 96 pixels to the inch, at every resolution of the screen.
-[[nodiscard]] QFont ToQFont(const Font& font);
 [[nodiscard]] QImage ToQImage(const Bitmap& bitmap);
 [[nodiscard]] Bitmap FromQImage(const QImage& image);
 

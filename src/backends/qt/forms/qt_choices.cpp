@@ -34,8 +34,8 @@ class ButtonWidget : public ControlWidget {
   }
   void ShowCaption(const QString& caption) override { widget_.setText(caption); }
   [[nodiscard]] QSize Preferred() const override {
-    const QSize hint = widget_.sizeHint();
-    return {std::max(hint.width(), kLeastButtonWidth), FieldHeight()};
+    const int width = widget_.sizeHint().width() + 2 * widget_.fontMetrics().averageCharWidth();
+    return {std::max(width, kLeastButtonWidth), FieldHeight()};
   }
 
  private:

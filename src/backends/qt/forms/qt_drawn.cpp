@@ -1,5 +1,6 @@
 // Controls that paint themselves: charts and lamps.
 #include <QContextMenuEvent>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -55,6 +56,12 @@ std::optional<KeyPress> PressOf(const QKeyEvent& event) {
 MouseButton ButtonOf(Qt::MouseButtons buttons) {
   if (buttons.testFlag(Qt::LeftButton)) return MouseButton::kLeft;
   return buttons.testFlag(Qt::MiddleButton) ? MouseButton::kMiddle : MouseButton::kNone;
+}
+
+/// A chart's text grows with the text around it, and is never smaller than in a picture file.
+double TextScale(const QWidget& widget) {
+  constexpr double kUsual = 12;  // pixels of a font of 9 points, the one that charts are laid out for
+  return std::max(1.0, QFontInfo(widget.font()).pixelSize() / kUsual);
 }
 
 /// Caches the painted chart; pointer moves repaint only the overlay. Qt paints into its own buffer, so nothing
@@ -137,7 +144,7 @@ class Surface : public QWidget {
   template <typename Action>
   void Draw(QPaintDevice& device, Action action) {
     QPainter painter(&device);
-    QtCanvas canvas(painter, {static_cast<double>(width()), static_cast<double>(height())});
+    QtCanvas canvas(painter, {static_cast<double>(width()), static_cast<double>(height())}, TextScale(*this));
     gate_.Run(control_, [&] { action(canvas); });
   }
   static MouseInput InputOf(const QMouseEvent& event, Qt::MouseButtons buttons) {

@@ -113,13 +113,20 @@ class Panel : public QFrame {
       return;
     }
     QPainter painter(this);
-    const QColor ground = palette().color(QPalette::Window);
-    painter.setPen(ground.darker(115));
-    painter.setBrush(ground.darker(102));
+    painter.setPen(Shade(0.13));
+    painter.setBrush(Shade(0.02));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
 
  private:
+  /// The ground with a share of the text's colour, which is seen in light and in dark colours.
+  [[nodiscard]] QColor Shade(double share) const {
+    const QColor ground = palette().color(QPalette::Window);
+    const QColor text = palette().color(QPalette::WindowText);
+    const auto mixed = [share](int from, int to) { return static_cast<int>(std::lround(from + (to - from) * share)); };
+    return {mixed(ground.red(), text.red()), mixed(ground.green(), text.green()), mixed(ground.blue(), text.blue())};
+  }
+
   const PictureBox& picture_;
 };
 
