@@ -113,9 +113,8 @@ class Panel : public QFrame {
       return;
     }
     QPainter painter(this);
-    painter.setPen(Shade(0.13));
-    painter.setBrush(Shade(0.02));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.fillRect(rect(), Shade(0.13));  // a pen would lose its edge where a dot of the screen is not a whole one
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), Shade(0.02));
   }
 
  private:
