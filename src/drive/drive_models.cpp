@@ -11,6 +11,12 @@ const DriveModel* FindDriveModel(std::string_view name) {
   return found == kDriveModels.end() ? nullptr : found;
 }
 
+const DriveModel* FindModelIn(std::string_view text) {
+  const auto* const found = std::ranges::find_if(
+      kDriveModels, [text](const DriveModel& m) { return text.find(m.name) != std::string_view::npos; });
+  return found == kDriveModels.end() ? nullptr : found;
+}
+
 bool ShowsValues(std::string_view name) {
   const DriveModel* const model = FindDriveModel(name);
   return model != nullptr && model->display != ValueDisplay::kNothing;

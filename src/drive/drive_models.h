@@ -37,6 +37,9 @@ inline constexpr std::array kDriveModels{
 /// Null for a name that is not in the table.
 [[nodiscard]] const DriveModel* FindDriveModel(std::string_view name);
 
+/// The first model whose name a text holds, for example what a drive says of itself; null for none.
+[[nodiscard]] const DriveModel* FindModelIn(std::string_view text);
+
 /// False for a model whose numbers are all shown as nothing: those of kNothing, and every unknown name.
 [[nodiscard]] bool ShowsValues(std::string_view name);
 

@@ -52,7 +52,7 @@ constexpr auto kKinds = std::to_array<ParameterKind>({
     {"Armature voltage", "Tensão de armadura", "Tensión de armadura", "VoltageF0", "V", kOutputVoltage, 0, -600, 600},
     {"Armature current", "Corrente de armadura", "Corriente de armadura", "CurrentF1", "A", kCurrent, 0, -1000, 1000},
     {"Field current", "Corrente de campo", "Corriente de campo", "CurrentF2", "A", kSetting, 1.85, 0, 30},
-    {"Position", "Posição", "Posición", "DirectF3", "rev", kPosition, 0, -32768, 32767},
+    {"Position", "Posição", "Posición", "GainF3", "rev", kPosition, 0, -32768, 32767},
     {"Acceleration time", "Tempo de aceleração", "Tiempo de aceleración", "TimeF1", "s", kSetting, 5, 0, 999},
     {"Deceleration time", "Tempo de desaceleração", "Tiempo de desaceleración", "TimeF1", "s", kSetting, 4, 0, 999},
     {"Second acceleration time", "Segundo tempo de aceleração", "Segundo tiempo de aceleración", "TimeF1", "s",

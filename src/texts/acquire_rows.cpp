@@ -94,6 +94,17 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kCompanionNotWritten, "As leituras que falharam e os tempos reais não puderam ser anotados: %1",
      "The failed readings and the real times could not be noted: %1",
      "Las lecturas fallidas y los tiempos reales no se pudieron anotar: %1"},
+    {Text::kPointTakes, "Um ponto leva %1 dos seus %2 ms.", "A point takes %1 of your %2 ms.",
+     "Un punto toma %1 de sus %2 ms."},
+    {Text::kPointTakesTooLong, "Um ponto leva %1 ms, mais que os seus %2 ms: os pontos chegarão tarde.",
+     "A point takes %1 ms, more than your %2 ms: points will come late.",
+     "Un punto toma %1 ms, más que sus %2 ms: los puntos llegarán tarde."},
+    {Text::kTimePoint, "Testar", "Test", "Probar"},
+    {Text::kTimePointTip, "Ler um ponto uma vez, sem registrar, para ver quanto tempo leva",
+     "Read one point, without recording, to see how long it takes",
+     "Leer un punto una vez, sin registrar, para ver cuánto tarda"},
+    {Text::kTimingPoint, "Lendo um ponto ... (Esc para)", "Reading a point ... (Esc stops)",
+     "Leyendo un punto ... (Esc detiene)"},
 });
 static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
 

@@ -191,6 +191,8 @@ constexpr auto kRows = std::to_array<TextRow>({
      "There is no driver file for the model %1 in %2.", "No hay un driver para el modelo %1 en %2."},
     {Text::kNoDriveAtAddress, "Não há um drive no endereço %1.", "There is no drive at address %1.",
      "No hay un drive en la dirección %1."},
+    {Text::kNotAProject, "%1 não é um projeto que este programa fez.", "%1 is not a project that this program made.",
+     "%1 no es un proyecto que este programa hizo."},
 });
 static_assert(InOrder(kRows, Text::kDialogAlreadyOpen), "every text has its row, in the order of the enumeration");
 

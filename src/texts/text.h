@@ -158,6 +158,11 @@ enum class Text : std::uint16_t {
   kPointsComeLate,       ///< while it happens: every %1 instead of %2
   kPaceSlipped,          ///< afterwards: %1 mean, %2 asked, %3 shortest, %4 longest
   kCompanionNotWritten,  ///< "... could not be noted: %1"
+  kPointTakes,           ///< "A point takes %1 of your %2 ms."
+  kPointTakesTooLong,    ///< the same of a point that takes longer than the time between points
+  kTimePoint,            ///< caption of the button that reads a point to time it
+  kTimePointTip,
+  kTimingPoint,  ///< while it is read
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -227,6 +232,48 @@ enum class Text : std::uint16_t {
   kHelpFileMissing,
   kHelpFileUnreadable,
   kStartRecent,  ///< caption of the start window's list of charts
+  kLinkDrives,   ///< the line of the start window that chooses the drives
+  kLinkSimulated,
+  kLinkSerial,
+  kLinkNetwork,
+  kLinkPort,
+  kLinkAnotherPort,
+  kLinkLookAgain,
+  kLinkOtherPort,
+  kLinkHost,
+  kLinkSpeed,
+  kLinkParity,
+  kParityEven,
+  kParityNone,
+  kParityOdd,
+  kLinkTest,
+  kLinkTestTip,
+  kLinkStop,
+  kLinkPortMissing,
+  kLinkHostMissing,
+  kLinkNoPorts,
+  kLinkAsking,
+  kLinkStopped,
+  kLinkAnswer,  ///< %1 addresses, each with the name that the drive gives itself
+  kLinkNobody,
+  kLinkNotInProject,  ///< %1 addresses, as in the next one
+  kLinkNoAnswer,
+  kPortInUse,  ///< %1 port, %2 program
+  kStartAddDrive,
+  kStartRemoveDrive,
+  kStartOpenProject,
+  kStartProjectFiles,  ///< before the pattern in the file dialog
+  kAddDrive,           ///< title of the window that adds a drive
+  kDriveModel,         ///< fields of that window
+  kFirmwareVersion,
+  kDriveTag,
+  kAdd,
+  kRemoveDrive,  ///< title of the window that removes drives
+  kDrive,
+  kAllDrives,
+  kRemove,
+  kDriveAdded,    ///< %1 address, %2 drive file
+  kDriveRemoved,  ///< %1 drive files
 
   // Drives and driver files (drive_rows.cpp).
   kDriverLineError,      ///< %1 line, %2 file
@@ -340,6 +387,7 @@ enum class Text : std::uint16_t {
   kDriveModelUnknown,   ///< %1 model, %2 list of models
   kModelWithoutDriver,  ///< %1 model, %2 folder
   kNoDriveAtAddress,    ///< %1 address
+  kNotAProject,         ///< %1 file
 
   kCount
 };

@@ -325,6 +325,42 @@ TEST_F(WaitingLinkTest, TheProgressAreaAndTheCompanionSayWhatFailedAndHowLateThe
                           " exists already, was not written by this program and was left as it was."));
 }
 
+TEST_F(WaitingLinkTest, APointIsReadOnceToSayHowLongItTakes) {
+  const auto time = [this](const std::string& script, bool stopped) {
+    fake.files.Put("plant.txt", script);
+    form.reset();
+    component.driveLink = PlayScenario();
+    Open();
+    component.driveLink->OpenLink();
+    Choose(form->drive.cboNumberOfParameters, "2");
+    Choose(form->drive.cboPXXX2, "005");
+    Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+    form->timing.txtTimeBetweenPoints.SetText("200");
+    bool locked = false;
+    fake.forms.onKeepAlive = [&] {
+      locked = !form->timing.picTime.Enabled() && !form->panel.cmdStart.Enabled() && !form->cmdOK.Enabled();
+      if (stopped) fake.keyboard.escape = true;
+    };
+    form->timing.cmdTimePoint.Press();
+    fake.forms.onKeepAlive = nullptr;
+    EXPECT_TRUE(locked);
+    EXPECT_TRUE(form->panel.cmdStart.Enabled() && form->panel.cmdStart.Visible());
+    return form->panel.lblHint.Caption();
+  };
+  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 P005 2\nat 0 01 slow 90\n", false), "A point takes 180 of your 200 ms.");
+  form->timing.txtTimeBetweenPoints.SetText("300");
+  EXPECT_EQ(form->panel.lblHint.Caption(), "") << "what was found is outdated";
+  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 slow 150\n", false),
+            "P005 no answer\nA point takes 300 ms, more than your 200 ms: points will come late.");
+  const Instant before = fake.clock.Now();
+  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 slow 60000\n", true), "");
+  EXPECT_LE(fake.clock.Now(), before + milliseconds(200));
+  EXPECT_FALSE(fake.files.Has(kChart));
+  form->drive.cboDriveAddress.SetListIndex(-1);
+  form->drive.cboNumberOfParameters.SetListIndex(-1);
+  EXPECT_FALSE(form->timing.cmdTimePoint.Enabled());
+}
+
 TEST_F(WaitingLinkTest, CountsFailedReadingsByColumnWithTheirReasons) {
   Record("at 0 01 P003 1\nat 800 01 P005 2\nat 1500 01 fails 3\nat 1700 01 answers\n", 12);
   RunToEnd();

@@ -10,6 +10,7 @@
 #include "drive/drive_status.h"
 #include "drive/unit_codes.h"
 #include "links/scenario_link.h"
+#include "links/shown_value.h"
 #include "links/simulated_link.h"
 #include "links/simulated_parameters.h"
 #include "support/error_of.h"
@@ -175,6 +176,9 @@ TEST_F(SimulatedTest, EveryModelsParametersAnswerInTheDecimalsOfTheirUnitAndMove
       ASSERT_NE(code, kUnknownUnitCode) << parameter.kind;
       const std::string text = Read(model, parameter.number, code);
       texts.insert(text);
+      if (FindParameterKind(parameter.kind)->low < 0) {
+        EXPECT_LT(ValueWriter(fakes.locale).WriteRegister(0xFFFF, code).number, 0) << "signed on a line: " << parameter.kind;
+      }
       if (code > 72) continue;
       EXPECT_EQ(ToDouble(text, fakes.locale.numbers), link->GetValue()) << model << parameter.number;
       const std::size_t point = text.find('.');

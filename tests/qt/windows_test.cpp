@@ -216,7 +216,10 @@ struct StartWindowTest : ::testing::Test {
   ProcessState process;
   std::unique_ptr<Component> shared = process.NewState(outside.ports, outside.host, links);
   ChartClass instance{*shared, process};
-  StartForm form{instance, made.folder};
+  ChosenLinks chosen{"sim",
+                     {outside.fakes.files, outside.fakes.settings, outside.clock, [](Instant) {}, outside.fakes.locale,
+                      [] { return Language::kEnglish; }, {}, true}};
+  StartForm form{instance, made.folder, {chosen, [] { return std::vector<SerialPort>(); }, {}}};
   User user{form};
 
   /// The dialog that the start window opened, once it has the focus.

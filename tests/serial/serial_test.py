@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Runs the built program on real terminals: a scripted line that misbehaves, and drives by pymodbus.
-Usage: serial_test.py PROGRAM [unittest arguments]"""
+Usage: serial_test.py PROGRAM SLAVE [unittest arguments]   SLAVE: modbus_slave of this folder"""
 import os, pathlib, signal, socket, subprocess, sys, tempfile, time, unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import slaves
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
+SLAVE = os.path.abspath(sys.argv.pop(1))
 ENVIRONMENT = {**os.environ, "LC_ALL": "C"}
 SPEED = "baud=38400&parity=none"  # a pseudo-terminal keeps no parity
 
@@ -195,6 +196,19 @@ class OtherPeoplesDrives(SerialCase):
         link = f"modbus:{self.port}?{SPEED}&timeout=200"
         self.until_it_answers(link)
         self.six_steps(link, '02  38400 8N1  "Pymodbus"\n')
+
+    def test_of_the_server_of_libmodbus_with_a_second_master(self):
+        self.addCleanup(self.end, slaves.start_pair(self.port, self.folder / "drives"))
+        self.addCleanup(self.end, subprocess.Popen([SLAVE, self.folder / "drives", "2"]))
+        link = f"modbus:{self.port}?{SPEED}&timeout=200"
+        self.until_it_answers(link)
+        self.six_steps(link, '02  38400 8N1  "180LMB3.1.6"\n')
+        other = subprocess.run(["mbpoll", "-m", "rtu", "-a", "2", "-b", "38400", "-P", "none", "-0", "-r", "3", "-c", "3",
+                                "-1", str(self.port)], capture_output=True, text=True, check=False).stdout
+        self.assertEqual([line.split()[-1] for line in other.splitlines() if line.startswith("[")],
+                         ["2003", "2004", "2005"])
+        self.assertIn("refused by the drive (there is no such parameter)",
+                      self.run_program("read", 2, 3, link=link + "&offset=997", expected=1))
 
     def test_over_a_network(self):
         with socket.socket() as free:

@@ -49,6 +49,7 @@ void AcquireForm::NumberTexts() {
 void AcquireForm::Connect() {
   drive.parametersListed = [this](std::optional<std::int16_t> address) { trigger.ListParameters(address); };
   drive.countChosen = [this] { timing.CheckPoints(); };
+  On(timing.cmdTimePoint.click, timing.cmdTimePoint, "Click", &AcquireForm::cmdTimePoint_Click);
   On(panel.cmdStart.click, panel.cmdStart, "Click", &AcquireForm::cmdStart_Click);
   On(panel.cmdTrigger.click, panel.cmdTrigger, "Click", &AcquireForm::cmdTrigger_Click);
   On(cmdViewChart.click, cmdViewChart, "Click", &AcquireForm::cmdViewChart_Click);
@@ -173,6 +174,7 @@ void AcquireForm::UpdateStartButtons() {
   const std::string notice = drive.Notice();
   panel.lblHint.SetCaption(missing ? *missing : notice.empty() ? file.TargetNote() : notice);
   panel.lblEstimate.SetCaption(timing.Estimate());
+  timing.cmdTimePoint.SetEnabled(!drive.Missing() && !timing.Missing());
   panel.ShowStopwatchField(timing.SpacedByStopwatch());
   if (missing) {
     panel.HideStartButtons(false);
@@ -221,6 +223,30 @@ void AcquireForm::FillChartHeader(const RunPlan& plan) {
   drive.FillHeader(header, plan);
   timing.FillHeader(header);
   trigger.FillHeader(header);
+}
+
+/// The fields are locked meanwhile, since the window takes input while a drive is slow. What was found stays in the
+/// hint until something is changed.
+void AcquireForm::cmdTimePoint_Click() {
+  if (drive.Missing() || !timing.Holds()) return;
+  RunPlan plan;
+  drive.FillPlan(plan);
+  timing.FillPlan(plan);
+  const std::string hint = panel.lblHint.Caption();
+  panel.lblHint.SetCaption(LoadMessage(component_, Text::kTimingPoint));
+  LockSetupFields(false);
+  std::optional<PlanTiming> found;
+  try {
+    found = controller.Time(plan);
+  } catch (...) {
+    LockSetupFields(true);
+    panel.lblHint.SetCaption(hint);
+    throw;
+  }
+  LockSetupFields(true);
+  panel.lblHint.SetCaption(found ? PlanTimingText(component_, *found) : hint);
+  LayoutChanged();
+  timing.cmdTimePoint.SetFocus();
 }
 
 void AcquireForm::cmdStart_Click() {

@@ -68,6 +68,7 @@ class AcquireForm : public Form {
   [[nodiscard]] bool ReserveFile(const std::string& fileName);
   void ReadRecordingThere(NamedBy by);
   void FillChartHeader(const RunPlan& plan);
+  void cmdTimePoint_Click();
   void cmdStart_Click();
   void cmdTrigger_Click();
   void cmdReset_Click();

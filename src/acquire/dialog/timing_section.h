@@ -25,6 +25,7 @@ class TimingSection : public Section {
   MaskEdBox mebTimeBetweenPoints{form_, "mebTimeBetweenPoints", "##:##:##"};
   ComboBox cboTimeBetweenPointsUnit{form_, "cboTimeBetweenPointsUnit"};
   Label lblTimeBetweenPointsRange{form_, "lblTimeBetweenPointsRange"};
+  CommandButton cmdTimePoint{form_, "cmdTimePoint"};  ///< reads a point to see how long it takes
 
   [[nodiscard]] LayoutBox Layout();
   void Reset();

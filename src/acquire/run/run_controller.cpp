@@ -64,6 +64,15 @@ void RunController::Watch(const RunPlan& plan, const WatchedEvent& event) {
   tmrEventTrigger.SetEnabled(true);
 }
 
+std::optional<PlanTiming> RunController::Time(const RunPlan& plan) {
+  if (run_.State() != RunState::kIdle || LinkInUse()) return std::nullopt;
+  (void)component_.ports.keyboard.EscapePressed();  // one from before is not meant for it
+  const FlagScope timing(timing_);
+  timingWanted_ = true;
+  PlanTiming result = TimePlan(component_, plan);
+  return std::exchange(timingWanted_, false) ? std::optional(std::move(result)) : std::nullopt;
+}
+
 void RunController::Arm(const RunPlan& plan) {
   shownNotice_.clear();
   run_.Arm(plan);
@@ -92,14 +101,14 @@ void RunController::BeginSampling() {
 
 /// A link that waits for its drive with a message loop lets the timers through, also those of a run begun meanwhile.
 bool RunController::LinkInUse() const {
-  return testingEvent_ || run_.Reading();
+  return testingEvent_ || timing_ || run_.Reading();
 }
 
 /// What a link that waits asks for: the user's input is taken meanwhile, and no timer ticks. Esc and the close box end
 /// the recording at once; the link then gives its reading up.
 bool RunController::ReadingIsWanted() {
   form_.Host().KeepAlive();
-  const auto wanted = [this] { return run_.Active() && run_.Serial() == readingRun_; };
+  const auto wanted = [this] { return timing_ ? timingWanted_ : run_.Active() && run_.Serial() == readingRun_; };
   if (wanted()) form_.RunHandler("LinkWait", [this] { WatchEsc(); });
   return wanted();
 }
@@ -232,6 +241,7 @@ void RunController::tmrEscReleased_Tick() {
 }
 
 void RunController::Stop() {
+  timingWanted_ = false;
   if (!run_.Active()) return;
   PlayWave(component_, kCompleteSound);
   End(RunEnd::kStopped);

@@ -6,6 +6,7 @@
 
 #include "acquire/run/acquisition_run.h"
 #include "acquire/run/event_watch.h"
+#include "acquire/run/plan_timing.h"
 #include "acquire/run/stopwatch.h"
 #include "forms/timer.h"
 
@@ -84,7 +85,10 @@ class RunController {
   void Start(const RunPlan& plan);
   /// Watches for the event and starts when it occurs.
   void Watch(const RunPlan& plan, const WatchedEvent& event);
-  /// Ends a recording or a watch as Esc does: the points taken are kept. Nothing when there is none.
+  /// Reads a point of a plan to time it, recording nothing. Nothing when Esc or Stop ended it, or while the link is in
+  /// use. Throws what TimePlan throws.
+  [[nodiscard]] std::optional<PlanTiming> Time(const RunPlan& plan);
+  /// Ends a recording, a watch or a timing as Esc does: the points taken are kept. Nothing when there is none.
   void Stop();
   /// No timer ticks any more: the form is closing.
   void StopAllTimers();
@@ -120,6 +124,8 @@ class RunController {
   WatchedEvent watchedEvent_;
   DateTime armedAt_;  ///< of the watch
   bool testingEvent_ = false;
+  bool timing_ = false;           ///< a point is read to time it
+  bool timingWanted_ = false;     ///< until Esc or Stop
   std::uint32_t readingRun_ = 0;  ///< the run for which the link was last asked
   std::string shownNotice_;
   Stopwatch stopwatch_;

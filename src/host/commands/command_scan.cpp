@@ -16,21 +16,12 @@ namespace chartproject {
 
 namespace {
 
-/// The model that a drive's own name holds; empty when it holds none.
-std::string ModelIn(const std::string& name) {
-  for (const DriveModel& model : kDriveModels) {
-    if (name.find(model.name) != std::string::npos) return std::string(model.name);
-  }
-  return {};
-}
-
 std::string DriveLine(const FoundDrive& drive) {
   std::string line = FormatDigits(drive.address, 2);
   if (!drive.settings.network) line += "  " + SpeedText(drive.settings);
   if (drive.name.empty()) return line;
-  const std::string model = ModelIn(drive.name);
-  line += "  " + (model.empty() ? "" : model + "  ") + "\"" + VisibleText(drive.name) + "\"";
-  return line;
+  if (const DriveModel* const model = FindModelIn(drive.name)) line.append("  ").append(model->name);
+  return line + "  \"" + VisibleText(drive.name) + "\"";
 }
 
 class ScanCommand : public Command {

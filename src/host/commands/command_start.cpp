@@ -1,9 +1,8 @@
 // Without a command: the start window, over a project that the first start makes.
-#include "common/environment/language.h"
-#include "common/message_box.h"
 #include "host/arguments/command.h"
 #include "host/project/project_maker.h"
 #include "host/session/project_folder.h"
+#include "host/session/serial_links.h"
 #include "host/session/session.h"
 #include "host/window/start_form.h"
 
@@ -24,18 +23,12 @@ class StartCommand : public Command {
       made = MakeProject(ports.files, ports.settings, ports.codePage, FirstProjectFolder(session.Options()));
     }
     ChartClass& instance = session.Instance();
-    TellReplaced(instance.State(), made);
-    StartForm(instance, made.folder).ShowModal();
+    ShowReplacedSettings(instance.State(), made.replaced);
+    ChosenLinks& links = session.Links();
+    const LinkChoice choice{links, ListSerialPorts,
+                            [&links] { return MakeLinePorts(links.Surroundings().trace, links.Surroundings().clock); }};
+    StartForm(instance, made.folder, choice).ShowModal();
     return ExitCode::kDone;
-  }
-
- private:
-  /// Former values, so that whoever set them can set them again.
-  static void TellReplaced(Component& component, const ProjectReport& made) {
-    if (made.replaced.empty()) return;
-    std::string text = LoadMessage(component, Text::kStartSettingsReplaced) + "\r\n";
-    for (const ReplacedSetting& setting : made.replaced) text += "\r\n" + setting.name + "=" + setting.before;
-    ShowMessage(component, text, box_style::kInformation);
   }
 };
 

@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "common/environment/language.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "drive/drive_models.h"
+#include "drive/drive_table.h"
 #include "drive/driver_file.h"
 #include "host/project/project_drives.h"
 #include "platform/run_time_error.h"
@@ -21,6 +23,10 @@ constexpr const char* kNoDriveFile = "0";  // what the host leaves for an addres
 
 std::string KeyOf(int address) {
   return "strDriveFile" + FormatDigits(address, 2);
+}
+
+std::string FolderOf(const std::string& name) {
+  return name.substr(0, std::min(name.rfind('/'), name.size()));
 }
 
 [[noreturn]] void Refuse(Text text, std::initializer_list<std::string> values) {
@@ -62,6 +68,73 @@ void ProjectEdit::WriteNew(const std::string& name, const std::string& bytes) {
   made->Keep();
 }
 
+std::optional<MainFile> ProjectEdit::ReadMainFile(const std::string& name) {
+  constexpr std::size_t kMostBytes = 65536;
+  if (!files_.FileExists(name)) return std::nullopt;
+  const auto file = files_.OpenForReading(name);
+  std::string text(kMostBytes, '\0');
+  std::size_t size = 0;
+  while (const std::size_t more = file->Read(std::span(text).subspan(size))) size += more;
+  text.resize(size);
+  return ParseMainFile(codePage_.Decode(text));
+}
+
+/// Writes the list anew, with one address changed; address 0 for none.
+bool ProjectEdit::ListDrives(int address, const std::string& driveFile) {
+  const std::string name = store_.Read(kSection, "strMainFile").value_or("");
+  std::optional<MainFile> main = ReadMainFile(name);
+  if (!main) return false;
+  const std::string folder = FolderOf(name);
+  DriveFiles drives;
+  for (int at = 1; at <= kLastDriveAddress; ++at) {
+    const std::string file = at == address ? driveFile : DriveFileAt(at);
+    if (file.empty()) continue;
+    if (FolderOf(file) != folder) return false;
+    drives[at] = BaseName(file);
+  }
+  if (drives == main->drives) return true;
+  const auto made = files_.MakeSideFile({.target = files_.ResolveLink(name), .ending = ".new"});
+  const auto output = made->OpenForWriting();
+  output->Write(codePage_.Encode(MainFileText(main->name, drives)));
+  output->FlushAndClose();
+  made->ReplaceTarget();
+  return true;
+}
+
+std::vector<ReplacedSetting> ProjectEdit::Open(const std::string& mainFile) {
+  std::optional<MainFile> main = ReadMainFile(mainFile);
+  if (!main) Refuse(Text::kNotAProject, {mainFile});
+  const std::string folder = FolderOf(mainFile);
+  if (main->drives.empty()) {  // made before main files listed drives
+    for (int address = 1; address <= kLastDriveAddress; ++address) {
+      const std::string name = "drive" + FormatDigits(address, 2) + ".drv";
+      if (files_.FileExists(JoinPath(folder, name))) main->drives[address] = name;
+    }
+  }
+  const bool listed = !HasProject() || ListDrives(0, {});
+  std::vector<StoredSetting> settings{
+      {"intSelectedDrive", std::to_string(main->drives.empty() ? 0 : main->drives.begin()->first)},
+      {"strMainFile", mainFile},
+      {"strFolder", folder},
+      {"strName", main->name}};
+  for (int address = 1; address <= kLastDriveAddress; ++address) {
+    const auto file = main->drives.find(address);
+    settings.push_back({KeyOf(address), file == main->drives.end() ? kNoDriveFile : JoinPath(folder, file->second)});
+  }
+  std::vector<ReplacedSetting> replaced;
+  for (const StoredSetting& setting : settings) {
+    const std::string before = store_.Read(kSection, setting.key).value_or("");
+    if (!listed && !before.empty() && before != kNoDriveFile && before != setting.value) {
+      replaced.push_back({std::string(kSection) + "." + setting.key, before, setting.value});
+    }
+  }
+  store_.Write(kSection, settings);
+  // A project as this program makes it has its driver files, sounds and help two folders above.
+  const std::string root = FolderOf(FolderOf(folder));
+  if (files_.FolderExists(JoinPath(root, "drivers"))) store_.Write("MyKestrel", FolderSettings(root));
+  return replaced;
+}
+
 AddedDrive ProjectEdit::Add(const NewDrive& drive) {
   if (const std::string taken = DriveFileAt(drive.address); !taken.empty()) {
     Refuse(Text::kDriveAddressTaken, {FormatDigits(drive.address, 2), taken});
@@ -86,6 +159,7 @@ AddedDrive ProjectEdit::Add(const NewDrive& drive) {
   WriteNew(added.driveFile,
            codePage_.Encode(
                DriveFileText({.model = wanted.model, .firmwareVersion = wanted.firmwareVersion, .tag = wanted.tag})));
+  ListDrives(drive.address, added.driveFile);
   std::vector<StoredSetting> settings{{KeyOf(drive.address), added.driveFile}};
   const std::string selected = store_.Read(kSection, "intSelectedDrive").value_or("0");
   if (selected.empty() || selected == "0") settings.push_back({"intSelectedDrive", std::to_string(drive.address)});
@@ -96,6 +170,7 @@ AddedDrive ProjectEdit::Add(const NewDrive& drive) {
 std::string ProjectEdit::Remove(int address) {
   const std::string name = DriveFileAt(address);
   if (name.empty()) Refuse(Text::kNoDriveAtAddress, {FormatDigits(address, 2)});
+  ListDrives(address, {});
   const std::array setting{StoredSetting{KeyOf(address), kNoDriveFile}};
   store_.Write(kSection, setting);
   return name;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "host/project/main_file.h"
+#include "host/project/project_maker.h"
 #include "platform/code_page.h"
 #include "platform/file_system.h"
 #include "platform/settings_store.h"
@@ -23,7 +25,8 @@ struct AddedDrive {
   std::string firmwareVersion;
 };
 
-/// Where the current project keeps its things.
+/// Where the current project keeps its things. The settings name its drives; a main file that this program made lists
+/// them too, so that the project can be opened again after another one.
 class ProjectEdit {
  public:
   /// @param files,store,codePage outlive the edit
@@ -39,9 +42,16 @@ class ProjectEdit {
   /// Takes the drive out of the settings; its files stay. @return the drive's file. Throws RunTimeError when there is
   /// no drive at the address.
   std::string Remove(int address);
+  /// Makes another project the current one. Throws RunTimeError for a file that is not the main file of a project that
+  /// this program made; then the settings are as they were. @return the settings of a former project whose drives are
+  /// not listed in a main file, so that nothing of it is lost
+  std::vector<ReplacedSetting> Open(const std::string& mainFile);
 
  private:
   [[nodiscard]] std::string DriveFileAt(int address);
+  [[nodiscard]] std::optional<MainFile> ReadMainFile(const std::string& name);
+  /// False when the project's main file is not one of this program, or not beside its drives.
+  bool ListDrives(int address, const std::string& driveFile);
   [[nodiscard]] bool HasDriverFile(const std::string& folder, const NewDrive& drive);
   [[nodiscard]] std::string FreeName(const std::string& folder, int address);
   void WriteNew(const std::string& name, const std::string& bytes);

@@ -8,6 +8,7 @@
 #include "common/environment/settings.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
+#include "host/project/main_file.h"
 #include "host/project/project_assets.h"
 #include "host/project/project_drives.h"
 
@@ -47,9 +48,15 @@ std::span<const ProjectDrive> DrivesFor(DrivesOfProject drives) {
   return drives == DrivesOfProject::kSimulated ? ProjectDrives() : std::span<const ProjectDrive>();
 }
 
+DriveFiles DriveFilesFor(DrivesOfProject drives) {
+  DriveFiles files;
+  for (const ProjectDrive& drive : DrivesFor(drives)) files[drive.address] = BaseName(DriveFileName({}, drive));
+  return files;
+}
+
 ProjectFiles AllFiles(const CodePage& codePage, DrivesOfProject drives) {
   ProjectFiles all{
-      {kMainFile, "Kestrel project\r\nName=Demo\r\nDrives=" + std::to_string(DrivesFor(drives).size()) + "\r\n"},
+      {kMainFile, MainFileText("Demo", DriveFilesFor(drives))},
       {"programs/README.txt", "Programs of the drive host, and its run-time error log, are kept here.\r\n"}};
   for (ProjectFiles files :
        {drives == DrivesOfProject::kSimulated ? MakeDriveFiles(kProjectFolder, codePage) : ProjectFiles(),
@@ -105,19 +112,6 @@ std::vector<StoredSetting> ProjectSettings(const std::string& folder, DrivesOfPr
   return settings;
 }
 
-std::vector<StoredSetting> FolderSettings(const std::string& folder) {
-  constexpr std::array<std::array<const char*, 2>, 6> kFolders{{{"strBin", "programs"},
-                                                                {"strDrivers", "drivers"},
-                                                                {"strGraphics", "graphics"},
-                                                                {"strHelps", "help"},
-                                                                {"strProjects", "projects"},
-                                                                {"strMedia", "media"}}};
-  std::vector<StoredSetting> settings;
-  settings.reserve(kFolders.size());
-  for (const auto& [key, name] : kFolders) settings.push_back({key, JoinPath(folder, name)});
-  return settings;
-}
-
 void StoreSettings(SettingsStore& store, const std::string& section, const std::vector<StoredSetting>& settings,
                    ProjectReport& report) {
   for (const StoredSetting& setting : settings) {
@@ -130,6 +124,19 @@ void StoreSettings(SettingsStore& store, const std::string& section, const std::
 }
 
 }  // namespace
+
+std::vector<StoredSetting> FolderSettings(const std::string& folder) {
+  constexpr std::array<std::array<const char*, 2>, 6> kFolders{{{"strBin", "programs"},
+                                                                {"strDrivers", "drivers"},
+                                                                {"strGraphics", "graphics"},
+                                                                {"strHelps", "help"},
+                                                                {"strProjects", "projects"},
+                                                                {"strMedia", "media"}}};
+  std::vector<StoredSetting> settings;
+  settings.reserve(kFolders.size());
+  for (const auto& [key, name] : kFolders) settings.push_back({key, JoinPath(folder, name)});
+  return settings;
+}
 
 ProjectReport MakeProject(FileSystem& files, SettingsStore& settings, const CodePage& codePage,
                           const std::string& folder, DrivesOfProject drives) {

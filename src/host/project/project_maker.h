@@ -38,6 +38,10 @@ enum class DrivesOfProject {
   kNone        ///< the user adds drives; driver files of the shipped models are there
 };
 
+/// The settings of a project's folders.
+/// @param folder the project's, absolute
+[[nodiscard]] std::vector<StoredSetting> FolderSettings(const std::string& folder);
+
 /// Makes the project in a folder, which need not exist, and stores the settings. No file that is there is written over.
 /// Settings are stored last: when a file cannot be written they stay as they were. Throws RunTimeError;
 /// ForeignFolder before anything was written.

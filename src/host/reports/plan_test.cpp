@@ -4,11 +4,11 @@
 #include <ostream>
 
 #include "acquire/dialog/input_rules.h"
+#include "acquire/run/plan_timing.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "drive/drive_link_session.h"
 #include "drive/driver_file.h"
-#include "drive/parameter_read.h"
 #include "host/arguments/command.h"
 
 namespace chartproject {
@@ -36,26 +36,20 @@ ExitCode TestPlan(Session& session, const AcquireRequest& request) {
   }
   component.currentDrive = static_cast<std::int16_t>(address);
   LoadDriverFile(component, component.currentDrive);
-  std::vector<std::int16_t> numbers;
+  RunPlan plan;
+  plan.driveAddress = component.currentDrive;
+  plan.parameterCount = 0;
+  plan.millisecondsBetweenPoints = TimeOf(request.every).count();
   for (const std::string& text : request.parameters) {
-    numbers.push_back(static_cast<std::int16_t>(ParseParameter(text, "--parameters")));
+    const int parameter = ParseParameter(text, "--parameters");
+    plan.columns.at(static_cast<std::size_t>(plan.parameterCount++)) = static_cast<std::int16_t>(parameter);
   }
   DriveLinkSession link(component);
   link.Open();
-  ExitCode code = ExitCode::kDone;
-  const Instant begin = component.ports.clock.Now();
-  for (const std::int16_t number : numbers) {
-    const ColumnReading reading = ReadColumn(component, number);
-    if (reading.outcome.Answered()) continue;
-    code = ExitCode::kRunTimeError;
-    session.Out() << ParameterName(number) << " " << VisibleText(FailureText(component.language, reading.outcome))
-                  << "\n";
-  }
-  const auto taken = std::chrono::ceil<std::chrono::milliseconds>(component.ports.clock.Now() - begin);
+  const PlanTiming timing = TimePlan(component, plan);
   link.Close();
-  const std::chrono::milliseconds time = TimeOf(request.every);
-  session.Out() << "A point takes " << taken.count() << " of your " << time.count() << " ms.\n";
-  return taken > time ? ExitCode::kRunTimeError : code;
+  session.Out() << VisibleLines(PlanTimingText(component, timing)) << "\n";
+  return timing.failures.empty() && timing.taken <= timing.asked ? ExitCode::kDone : ExitCode::kRunTimeError;
 }
 
 }  // namespace chartproject

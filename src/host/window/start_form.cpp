@@ -2,10 +2,14 @@
 #include "host/window/start_form.h"
 
 #include "common/environment/language.h"
+#include "common/environment/settings_io.h"
 #include "common/error_log.h"
 #include "common/form_appearance.h"
+#include "common/message_box.h"
 #include "common/values/text.h"
+#include "drive/drive_models.h"
 #include "forms/form_host.h"
+#include "host/window/drive_forms.h"
 
 namespace chartproject {
 
@@ -29,8 +33,16 @@ std::string ButtonName(const std::string& fileName) {
 
 }  // namespace
 
-StartForm::StartForm(ChartClass& instance, std::string madeIn)
+void ShowReplacedSettings(Component& component, const std::vector<ReplacedSetting>& replaced) {
+  if (replaced.empty()) return;
+  std::string text = LoadMessage(component, Text::kStartSettingsReplaced) + "\r\n";
+  for (const ReplacedSetting& setting : replaced) text += "\r\n" + setting.name + "=" + setting.before;
+  ShowMessage(component, text, box_style::kInformation);
+}
+
+StartForm::StartForm(ChartClass& instance, std::string madeIn, LinkChoice choice)
     : Form(instance.State().forms, "frmStart", MakeHandlerErrorReporter(instance.State())),
+      link(*this, instance.State(), std::move(choice), [this](bool enabled) { SetOthersEnabled(enabled); }),
       recovery(*this, instance.State()),
       instance_(instance),
       component_(instance.State()),
@@ -49,10 +61,12 @@ void StartForm::PlaceControls() {
   cmdAcquire.SetDefault(true);
   cmdClose.SetCancel(true);
   LayoutBox drives = Stretched(Group(fraDrives, Column({Cell(rtfDrives, 1, 1), Cell(lblProject, 1)})), 1, 1);
-  LayoutBox buttons = Column({Cell(cmdAcquire), Cell(cmdOpenChart), Cell(cmdHelp), Space(0, 1), Cell(cmdClose)});
+  LayoutBox buttons =
+      Column({Cell(cmdAcquire), Cell(cmdOpenChart), Space(0, 0.5), Cell(cmdAddDrive), Cell(cmdRemoveDrive),
+              Cell(cmdOpenProject), Space(0, 0.5), Cell(cmdHelp), Cell(cmdClose)});
   std::vector<LayoutBox> recent;
   for (CommandButton& button : cmdRecent) recent.push_back(Collapsing(Cell(button, 1)));
-  SetLayout(Column({recovery.Layout(), Row({std::move(drives), std::move(buttons)}),
+  SetLayout(Column({recovery.Layout(), link.Layout(), Row({std::move(drives), std::move(buttons)}),
                     Collapsing(Group(fraRecent, Column(std::move(recent)))), Collapsing(Cell(lblNote, 1)),
                     Row({Cell(lblLanguage), Cell(cboLanguage), Space(), Cell(chkSound)})}));
 }
@@ -60,6 +74,9 @@ void StartForm::PlaceControls() {
 void StartForm::Connect() {
   cmdAcquire.click = {"cmdAcquire_Click", [this] { cmdAcquire_Click(); }};
   cmdOpenChart.click = {"cmdOpenChart_Click", [this] { cmdOpenChart_Click(); }};
+  On(cmdAddDrive.click, cmdAddDrive, "Click", &StartForm::cmdAddDrive_Click);
+  On(cmdRemoveDrive.click, cmdRemoveDrive, "Click", &StartForm::cmdRemoveDrive_Click);
+  On(cmdOpenProject.click, cmdOpenProject, "Click", &StartForm::cmdOpenProject_Click);
   cmdClose.click = {"cmdClose_Click", [this] { Unload(); }};
   cboLanguage.click = {"cboLanguage_Click", [this] { cboLanguage_Click(); }};
   chkSound.click = {"chkSound_Click", [this] { chkSound_Click(); }};
@@ -78,11 +95,9 @@ void StartForm::OnLoad() {
     if (settings.strLanguage == kLanguages[i].name) cboLanguage.SetListIndex(static_cast<int>(i));
   }
   chkSound.SetValue(settings.strSound == "No" ? 0 : 1);
-  rtfDrives.SetText(DriveLines());
-  lblProject.SetCaption(settings.strFolder);
-  lblNote.SetVisible(!madeIn_.empty());
   ShowTexts();
-  recovery.Look(settings.strFolder);
+  SayNote(madeIn_.empty() ? std::string() : FillIn(LoadMessage(component_, Text::kStartProjectMade), {madeIn_}));
+  ShowProject();
   ShowRecent();
   LayoutChanged();
   const Size screen = component_.forms.ScreenSize();
@@ -98,12 +113,18 @@ void StartForm::ShowTexts() {
   fraDrives.SetCaption(text(Text::kStartDrives));
   cmdAcquire.SetCaption(text(Text::kStartAcquire));
   cmdOpenChart.SetCaption(text(Text::kStartOpenChart));
+  cmdAddDrive.SetCaption(text(Text::kStartAddDrive));
+  cmdRemoveDrive.SetCaption(text(Text::kStartRemoveDrive));
+  cmdOpenProject.SetCaption(text(Text::kStartOpenProject));
   cmdHelp.SetCaption(text(Text::kBoxHelp));
   cmdClose.SetCaption(text(Text::kStartClose));
   fraRecent.SetCaption(text(Text::kStartRecent));
   lblLanguage.SetCaption(text(Text::kStartLanguage));
   chkSound.SetCaption(text(Text::kStartSound));
-  lblNote.SetCaption(FillIn(text(Text::kStartProjectMade), {madeIn_}));
+  if (lblNote.Visible() && !madeIn_.empty()) {
+    lblNote.SetCaption(FillIn(text(Text::kStartProjectMade), {madeIn_}));
+  }
+  link.Translate();
 }
 
 std::string StartForm::DriveLines() const {
@@ -130,23 +151,99 @@ void StartForm::chkSound_Click() {
 }
 
 void StartForm::cmdAcquire_Click() {
-  lblNote.SetVisible(false);  // said once
+  SayNote({});  // said once
+  if (!link.Apply()) return;
   instance_.AcquireVar();
   recovery.Look(component_.settings.strFolder);
   ShowRecent();
 }
 
 void StartForm::cmdOpenChart_Click() {
-  lblNote.SetVisible(false);
+  SayNote({});
   const auto fileName = AskForChart(component_);
   if (fileName) OpenChart(*fileName);
 }
 
 void StartForm::OpenChart(const std::string& fileName) {
-  lblNote.SetVisible(false);
+  SayNote({});
   RememberChart(component_, fileName);
   ShowRecent();
   instance_.CreateChart(fileName);
+}
+
+void StartForm::cmdAddDrive_Click() {
+  ChangeProject([this](ProjectEdit& edit) {
+    AddDriveForm::Proposal proposal;
+    if (const std::vector<FoundDrive> found = link.NewDrives(); !found.empty()) {
+      proposal.address = found.front().address;
+      if (const DriveModel* const model = FindModelIn(found.front().name)) proposal.model = model->name;
+    }
+    AddDriveForm form(component_, edit, proposal);
+    form.ShowModal();
+    return form.Done();
+  });
+}
+
+void StartForm::cmdRemoveDrive_Click() {
+  ChangeProject([this](ProjectEdit& edit) {
+    RemoveDriveForm form(component_, edit);
+    form.ShowModal();
+    return form.Done();
+  });
+}
+
+void StartForm::cmdOpenProject_Click() {
+  const auto fileName = component_.ports.dialogs.ShowOpenFile(
+      {component_.settings.strFolder, LoadMessage(component_, Text::kStartProjectFiles) + " (*.kpr)|*.kpr", 1, 4096});
+  if (!fileName) return;
+  ChangeProject([this, &fileName](ProjectEdit& edit) {
+    ShowReplacedSettings(component_, edit.Open(*fileName));
+    return std::string();
+  });
+}
+
+void StartForm::ChangeProject(const std::function<std::string(ProjectEdit&)>& change) {
+  madeIn_.clear();
+  SayNote({});
+  SaveProjectSettings(component_);
+  ProjectEdit edit(component_.ports.files, component_.ports.settings, component_.ports.codePage);
+  std::string note;
+  try {
+    note = change(edit);
+  } catch (const RunTimeError& error) {
+    ShowMessage(component_, error.Description(component_.language), box_style::kExclamation);
+  }
+  ReadProjectSettings(component_);
+  ReadFolderSettings(component_);
+  SetHelpFile(component_);
+  component_.driveTable.Clear();
+  LoadDriveInfo(component_, 0);
+  ShowProject();
+  SayNote(note);
+}
+
+void StartForm::ShowProject() {
+  rtfDrives.SetText(DriveLines());
+  lblProject.SetCaption(component_.settings.strFolder);
+  recovery.Look(component_.settings.strFolder);
+  cmdRemoveDrive.SetEnabled(!rtfDrives.Text().empty());
+}
+
+void StartForm::SayNote(const std::string& text) {
+  lblNote.SetCaption(text);
+  lblNote.SetVisible(!text.empty());
+  LayoutChanged();
+}
+
+void StartForm::SetOthersEnabled(bool enabled) {
+  for (Control* control : std::initializer_list<Control*>{&cmdAcquire, &cmdOpenChart, &cmdAddDrive, &cmdOpenProject,
+                                                          &fraRecent, &cboLanguage, &link.cboLink, &link.cboPort,
+                                                          &link.txtPort, &link.cboSpeed, &link.cboParity}) {
+    control->SetEnabled(enabled);
+  }
+  cmdRemoveDrive.SetEnabled(enabled && !rtfDrives.Text().empty());
+  recovery.SetEnabled(enabled);
+  cmdClose.SetCancel(enabled);  // Esc ends the test
 }
 
 void StartForm::ShowRecent() {

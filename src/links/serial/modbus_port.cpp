@@ -116,7 +116,7 @@ class ModbusPort : public LinePort {
     if (error == ECONNREFUSED && !HostResolves(settings_.port)) {
       throw RunTimeError(error_number::kDeviceIo, Text::kHostNotFound, {settings_.port});
     }
-    ThrowNotOpened(name, error);
+    ThrowNotOpened(name, error == EINPROGRESS ? ETIMEDOUT : error);  // its words for a host that says nothing
   }
 
   LineReply Exchange(std::span<const std::uint8_t> request, Milliseconds timeout, const Judge& judge) {
