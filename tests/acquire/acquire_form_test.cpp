@@ -379,7 +379,7 @@ TEST_F(AcquireFormTest, EveryFieldHasAnAccessKeyOfItsOwnAndEnterStarts) {
     }
     for (const Control* named : std::initializer_list<const Control*>{
              &form->file.fraFileName, &form->drive.lblParameters, &form->timing.lblTimeBetweenPoints,
-             &form->trigger.lblEvent, &form->trigger.lblPXXX, &form->trigger.lblContent}) {
+             &form->timing.cmdTimePoint, &form->trigger.lblEvent, &form->trigger.lblPXXX, &form->trigger.lblContent}) {
       EXPECT_TRUE(captions.contains(named)) << named->Caption();
     }
     EXPECT_TRUE(form->panel.cmdStart.IsDefault());

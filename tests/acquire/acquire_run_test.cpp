@@ -10,7 +10,7 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-using ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
+using ::testing::AllOf, ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty, ::testing::Not;
 
 class AcquireRunTest : public DialogTest {
  protected:
@@ -316,7 +316,9 @@ TEST_F(WaitingLinkTest, TheProgressAreaAndTheCompanionSayWhatFailedAndHowLateThe
   Record("at 0 01 P003 1\nat 0 01 P005 2\n", 3);
   RunToEnd();
   EXPECT_FALSE(form->panel.lblTrouble.Visible());
-  EXPECT_FALSE(fake.files.Has(std::string(kChart) + ".readings")) << "the next recording of the name has no failures";
+  EXPECT_THAT(fake.files.Bytes(std::string(kChart) + ".readings"),
+              AllOf(HasSubstr("[SOURCE]\r\nDrives=simulated\r\n"), Not(HasSubstr("[FAILED]"))))
+      << "the next recording of the name has no failures";
   fake.files.Put(std::string(kChart) + ".readings", "notes");
   Record("at 0 01 P003 1\n", 3);
   RunToEnd();

@@ -60,7 +60,9 @@ struct ChartWindowTest : ::testing::Test {
 
 TEST_F(ChartWindowTest, SaysThatItsValuesWereSimulated) {
   Put("100", 100);
-  component.simulatedRecordings.insert(kFile);
+  fakes.files.Put(std::string(kFile) + ".readings",
+                  "[CHART READINGS]\r\nStart Date=\r\nStart Time=\r\nEnd Date=\r\nEnd Time=\r\nPoints=100\r\n"
+                  "[SOURCE]\r\nDrives=simulated\r\n");
   Show([](ChartForm& form) {
     EXPECT_THAT(form.rtfInfo.Text(), EndsWith("\r\n\r\nThe values come from simulated drives.\r\n"));
   });

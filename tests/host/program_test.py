@@ -98,7 +98,7 @@ class ProgramTest(ProgramCase):
             done = self.acquire(points)
             self.assertEqual((done.returncode, done.stdout), (0, f"{points} points in {self.folder}/run.cht\n"))
             self.assertEqual((self.folder / "run.cht").read_bytes(), self.expected_file(points))
-            self.assertEqual(sorted(p.name for p in self.folder.glob("run.cht*")), ["run.cht"])
+            self.assertEqual(sorted(p.name for p in self.folder.glob("run.cht*")), ["run.cht", "run.cht.readings"])
 
     def test_readings_that_failed_and_points_that_came_late_are_reported_and_kept_beside_the_chart_file(self):
         self.put("ill.txt", "at 0 01 P003 1\nat 0 01 P005 2\nat 2500 01 fails 4 illegal address\n"
@@ -110,7 +110,7 @@ class ProgramTest(ProgramCase):
                          "Real time between points: 1.29 s instead of 1.00 s (from 1.00 s to 3.00 s)\n")
         self.assertEqual(sorted(p.name for p in self.folder.glob("run.cht*")), ["run.cht", "run.cht.readings"])
         info = self.run_program("info", "run.cht", expected=0).stdout
-        self.assertTrue(info.endswith("Rows: 8\n" + done.stdout.partition("\n")[2]), info)
+        self.assertTrue(info.endswith("Drives: simulated\nRows: 8\n" + done.stdout.partition("\n")[2]), info)
         told = json.loads(self.acquire(8, "--json", link="scenario:ill.txt", expected=0).stdout)
         failed = told["failedReadings"][1]
         self.assertEqual((told["points"], told["end"], told["inFile"]), (8, "complete", True))
@@ -119,10 +119,10 @@ class ProgramTest(ProgramCase):
         self.assertEqual(told["interval"], {"asked": 1000, "shortest": 1000, "mean": 1286, "longest": 3000,
                                             "latest": 2000, "slipped": True})
         info = json.loads(self.run_program("info", "run.cht", "--json").stdout)
-        self.assertEqual([info[key] for key in ("failedReadings", "interval")],
-                         [told[key] for key in ("failedReadings", "interval")])
+        for key in ("failedReadings", "interval", "simulated"):
+            self.assertEqual((key, info[key]), (key, told[key]))
         self.assertEqual(self.acquire(8, expected=0).stdout, f"8 points in {self.folder}/run.cht\n")
-        self.assertFalse((self.folder / "run.cht.readings").exists())
+        self.assertNotIn("[FAILED]", (self.folder / "run.cht.readings").read_text())
 
     def test_a_signal_ends_a_recording_as_esc_does(self):
         for number, reason in ((signal.SIGINT, "Ctrl-C"), (signal.SIGTERM, "SIGTERM")):
@@ -253,7 +253,7 @@ class ProgramTest(ProgramCase):
             self.assertEqual((self.folder / name).read_text(), "the user's")
         self.assertEqual(os.readlink(self.folder / "run.cht"), "real/run.cht")
         self.assertEqual((self.folder / "real/run.cht").stat().st_mode & 0o777, 0o600)
-        self.assertEqual(sorted(os.listdir(self.folder / "real")), ["old", "run.cht"])
+        self.assertEqual(sorted(os.listdir(self.folder / "real")), ["old", "run.cht", "run.cht.readings"])
 
     def test_a_project_from_elsewhere_leads_to_no_write_outside_of_it(self):
         self.put("victim/.profile", "mine")

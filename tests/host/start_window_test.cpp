@@ -151,7 +151,7 @@ TEST_F(StartWindow, DrivesAreRemovedAndWhoAnsweredIsProposed) {
   });
   EXPECT_EQ(form.rtfDrives.Text(), "");
   EXPECT_FALSE(form.cmdRemoveDrive.Enabled());
-  EXPECT_THAT(form.lblNote.Caption(), StartsWith("No longer in the project; the files stay: /home/Project/projects"));
+  EXPECT_THAT(form.lblNote.Caption(), StartsWith("No longer in the project; the files stay: drive01.drv, drive02.drv"));
   links.Choose("modbus:/dev/ttyUSB0?timeout=10");
   Choose(form.cboLanguage, "Español");
   Choose(form.cboLanguage, "English");
@@ -175,6 +175,8 @@ TEST_F(StartWindow, DrivesAreRemovedAndWhoAnsweredIsProposed) {
     window.cmdCancel.Press();
   });
   EXPECT_EQ(form.rtfDrives.Text(), "02\tLMX-01\t1.72\tMixer");
+  EXPECT_EQ(instance.State().settings.intSelectedDrive, 2) << "the dialog begins with a drive that is there";
+  EXPECT_EQ(form.link.lblLinkNote.Caption(), "These answer: 02, 05 (KRA-09 V2.40).\nNot in the project yet: 05.");
   EXPECT_EQ(fakes.files.Bytes("/home/Project/projects/demo/demo.kpr"),
             "Kestrel project\r\nName=Demo\r\nDrives=1\r\nDrive02=drive02-2.drv\r\n");
 }

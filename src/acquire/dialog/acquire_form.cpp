@@ -57,7 +57,6 @@ void AcquireForm::Connect() {
   On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
   controller.runEnded = [this](const RunReport& report) {
-    NoteSource();
     file.NoteRecording();
     UpdateViewChartButton();
     UpdateStartButtons();
@@ -76,6 +75,7 @@ void AcquireForm::OnLoad() {
   TranslateForm(*this, component_);
   if (Simulated()) SetCaption(FillIn(LoadMessage(component_, Text::kSimulatedTitle), {Caption()}));
   file.Translate();
+  timing.Translate();
   recovery.Translate();
   ResetForm();
   // A chart file that cannot be read is reported, and the dialog opens all the same.
@@ -147,14 +147,6 @@ void AcquireForm::ShowHeaderInForm() {
 
 bool AcquireForm::Simulated() const {
   return component_.driveLink && component_.driveLink->Simulated();
-}
-
-void AcquireForm::NoteSource() {
-  if (Simulated()) {
-    component_.simulatedRecordings.insert(component_.strChartFileName);
-  } else {
-    component_.simulatedRecordings.erase(component_.strChartFileName);
-  }
 }
 
 void AcquireForm::UpdateViewChartButton() {

@@ -13,8 +13,6 @@ TimingSection::TimingSection(Form& form, Component& component, const FileSection
   lblNumberOfPoints.SetTag(TextNumber(Text::kNumberOfPoints));
   lblNumberOfPointsRange.SetTag(TextNumber(Text::kPointsRange));
   lblTimeBetweenPoints.SetTag(TextNumber(Text::kTimeAmongPoints));
-  cmdTimePoint.SetTag(TextNumber(Text::kTimePoint));
-  cmdTimePoint.SetToolTipText(TextNumber(Text::kTimePointTip));
   mebTimeBetweenPoints.SetVisible(false);
   Connect(txtNumberOfPoints.change, txtNumberOfPoints, "Change", this, &TimingSection::txtNumberOfPoints_Change);
   Connect(txtNumberOfPoints.lostFocus, txtNumberOfPoints, "LostFocus", this,
@@ -38,6 +36,11 @@ LayoutBox TimingSection::Layout() {
       Column({Row({LineStart(lblNumberOfPoints), Cell(txtNumberOfPoints), Cell(lblNumberOfPointsRange, 1)}),
               Row({LineStart(lblTimeBetweenPoints), Stack({Cell(txtTimeBetweenPoints), Cell(mebTimeBetweenPoints)}),
                    Cell(cboTimeBetweenPointsUnit), Cell(lblTimeBetweenPointsRange, 1), Cell(cmdTimePoint)})}));
+}
+
+void TimingSection::Translate() {
+  cmdTimePoint.SetCaption(Say(Text::kTimePoint));
+  cmdTimePoint.SetToolTipText(Say(Text::kTimePointTip));
 }
 
 void TimingSection::Reset() {

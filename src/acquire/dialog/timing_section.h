@@ -28,6 +28,8 @@ class TimingSection : public Section {
   CommandButton cmdTimePoint{form_, "cmdTimePoint"};  ///< reads a point to see how long it takes
 
   [[nodiscard]] LayoutBox Layout();
+  /// Shows the texts of the button that has no number, in the user's language.
+  void Translate();
   void Reset();
   void ShowHeader(const ChartHeader& header);
   /// The points' part of a recording's plan and of its header.

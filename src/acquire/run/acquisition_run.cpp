@@ -37,6 +37,7 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   failureReason_.clear();
   failed_ = {};
   pace_ = {};
+  simulated_ = component_.driveLink && component_.driveLink->Simulated();
   companionFailure_.clear();
   journal_.Begin(targetFile_, header_, plan_.millisecondsBetweenPoints);
   state_ = RunState::kArmed;
@@ -158,6 +159,7 @@ void AcquisitionRun::FinishAs(RunEnd reason) {
 Companion AcquisitionRun::Readings() const {
   Companion companion{.points = counter_, .failed = failed_, .pace = pace_.Summary(), .times = pace_.Times()};
   std::ranges::copy(plan_.columns, companion.parameters.begin());
+  companion.simulated = simulated_;
   return companion;
 }
 

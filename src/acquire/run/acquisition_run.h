@@ -131,6 +131,7 @@ class AcquisitionRun {
   std::array<ReadOutcome, kColumnCount> outcomes_;  ///< of its readings
   FailedReadings failed_;
   Pace pace_;
+  bool simulated_ = false;  ///< the values come from no drive
   std::string companionFailure_;
   std::vector<PointRow> rows_;   ///< by point number minus 1; empty in spool mode
   std::string rowLine_;          ///< the row being spooled; kept for its capacity

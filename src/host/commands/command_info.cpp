@@ -73,6 +73,7 @@ class InfoCommand : public Command {
       PrintJson(info, interrupted, session.Out());
     } else {
       for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
+      if (info.companion.simulated) session.Out() << "Drives: simulated\n";
       session.Out() << "Rows: " << info.rows << "\n";
       if (info.malformed > 0) session.Out() << "Malformed lines: " << info.malformed << "\n";
       const NumberFormat& numbers = session.ThePorts().locale.Numbers();

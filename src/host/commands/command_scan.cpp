@@ -54,7 +54,8 @@ class ScanCommand : public Command {
  private:
   static ExitCode Search(Session& session, const ScanPlan& plan) {
     const LinkSurroundings& around = session.Links().Surroundings();
-    Progress progress(session.Err(), ProgressKindFor(session.Options().quiet));
+    Progress progress(session.Err(), ProgressKindFor(session.Options().quiet),
+                      {"address", "addresses"});
     if (!session.Options().quiet) {
       const auto seconds = std::chrono::ceil<std::chrono::seconds>(LongestScan(plan)).count();
       session.Err() << "This may take " << FormatSeconds(seconds) << "; Ctrl-C ends it.\n" << std::flush;

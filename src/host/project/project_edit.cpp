@@ -68,6 +68,14 @@ void ProjectEdit::WriteNew(const std::string& name, const std::string& bytes) {
   made->Keep();
 }
 
+int ProjectEdit::SelectedDrive() {
+  const std::string text = store_.Read(kSection, "intSelectedDrive").value_or("");
+  for (int address = 1; address <= kLastDriveAddress; ++address) {
+    if (text == std::to_string(address) && !DriveFileAt(address).empty()) return address;
+  }
+  return 0;
+}
+
 std::optional<MainFile> ProjectEdit::ReadMainFile(const std::string& name) {
   constexpr std::size_t kMostBytes = 65536;
   if (!files_.FileExists(name)) return std::nullopt;
@@ -161,8 +169,8 @@ AddedDrive ProjectEdit::Add(const NewDrive& drive) {
                DriveFileText({.model = wanted.model, .firmwareVersion = wanted.firmwareVersion, .tag = wanted.tag})));
   ListDrives(drive.address, added.driveFile);
   std::vector<StoredSetting> settings{{KeyOf(drive.address), added.driveFile}};
-  const std::string selected = store_.Read(kSection, "intSelectedDrive").value_or("0");
-  if (selected.empty() || selected == "0") settings.push_back({"intSelectedDrive", std::to_string(drive.address)});
+  // The dialog begins with the selected drive: it should be one that is there.
+  if (SelectedDrive() == 0) settings.push_back({"intSelectedDrive", std::to_string(drive.address)});
   store_.Write(kSection, settings);
   return added;
 }

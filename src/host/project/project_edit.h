@@ -49,6 +49,8 @@ class ProjectEdit {
 
  private:
   [[nodiscard]] std::string DriveFileAt(int address);
+  /// 0 when there is no such drive.
+  [[nodiscard]] int SelectedDrive();
   [[nodiscard]] std::optional<MainFile> ReadMainFile(const std::string& name);
   /// False when the project's main file is not one of this program, or not beside its drives.
   bool ListDrives(int address, const std::string& driveFile);

@@ -37,6 +37,7 @@ void AddCompanion(nlohmann::ordered_json& document, const Companion& companion) 
     if (companion.failed[index].Count() > 0) columns.push_back(ColumnJson(index, companion));
   }
   document["failedReadings"] = columns;
+  document["simulated"] = companion.simulated;
   document["interval"] = nullptr;
   const PaceSummary& pace = companion.pace;
   if (!pace.Known()) return;

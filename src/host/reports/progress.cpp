@@ -21,13 +21,13 @@ constexpr int kBarWidth = 24;
 
 }  // namespace
 
-std::string ProgressText(std::int64_t done, std::int64_t total, double rate) {
+std::string ProgressText(std::int64_t done, std::int64_t total, double rate, const std::string& many) {
   const std::int64_t percent = total > 0 ? done * 100 / total : 100;
   std::string text = std::to_string(done) + "/" + std::to_string(total) + " (" + std::to_string(percent) + " %)";
   if (rate > 0) {
     std::array<char, 64> speed{};
-    std::snprintf(speed.data(), speed.size(), rate < 100 ? ", %.1f points/s, " : ", %.0f points/s, ", rate);
-    text += speed.data() + FormatSeconds(std::llround(static_cast<double>(total - done) / rate)) + " left";
+    std::snprintf(speed.data(), speed.size(), rate < 100 ? ", %.1f " : ", %.0f ", rate);
+    text += speed.data() + many + "/s, " + FormatSeconds(std::llround(static_cast<double>(total - done) / rate)) + " left";
   }
   return text;
 }
@@ -59,10 +59,10 @@ void Progress::Show(std::int64_t done, std::int64_t total) {
   if (bar) {
     // Blanks at the end cover a longer line from before.
     RestartLine(out_);
-    out_ << "[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate) << "    ";
+    out_ << "[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate, words_.many) << "    ";
     lineOpen_ = true;
   } else {
-    out_ << "point " << ProgressText(done, total, rate) << "\n";
+    out_ << words_.one << " " << ProgressText(done, total, rate, words_.many) << "\n";
   }
   out_ << std::flush;
 }

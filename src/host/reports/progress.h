@@ -17,10 +17,17 @@ enum class ProgressKind {
 /// What standard error is good for.
 [[nodiscard]] ProgressKind ProgressKindFor(bool quiet);
 
+/// What is counted.
+struct ProgressWords {
+  std::string one = "point";
+  std::string many = "points";
+};
+
 /// Times are those of the real clock, also while the recording runs on another; the last point is always shown.
 class Progress {
  public:
-  Progress(std::ostream& out, ProgressKind kind) : out_(out), kind_(kind) {}
+  Progress(std::ostream& out, ProgressKind kind, ProgressWords words = {})
+      : out_(out), kind_(kind), words_(std::move(words)) {}
 
   /// @param done points taken so far, all of them kept already; @param total points of the recording
   void Show(std::int64_t done, std::int64_t total);
@@ -33,6 +40,7 @@ class Progress {
   using SteadyClock = std::chrono::steady_clock;
   std::ostream& out_;
   ProgressKind kind_;
+  ProgressWords words_;
   bool lineOpen_ = false;
   bool begun_ = false;
   SteadyClock::time_point begin_;  ///< of the first point
@@ -41,8 +49,9 @@ class Progress {
 };
 
 /// One state of progress as text: "1234/5000 (24 %), 5.0 points/s, 00:12:33 left".
-/// @param rate points a second; 0 while it is not known
-[[nodiscard]] std::string ProgressText(std::int64_t done, std::int64_t total, double rate);
+/// @param rate points a second; 0 while it is not known @param many the word for points
+[[nodiscard]] std::string ProgressText(std::int64_t done, std::int64_t total, double rate,
+                                       const std::string& many = "points");
 
 /// A bar of `width` characters that is full when all is done.
 [[nodiscard]] std::string ProgressBarText(std::int64_t done, std::int64_t total, int width);

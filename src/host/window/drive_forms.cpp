@@ -6,6 +6,7 @@
 #include "common/form_appearance.h"
 #include "common/message_box.h"
 #include "common/values/numbers.h"
+#include "common/values/text.h"
 #include "drive/drive_models.h"
 #include "forms/form_host.h"
 #include "host/project/project_drives.h"
@@ -118,7 +119,7 @@ void RemoveDriveForm::cmdRemove_Click() {
   const bool all = chosen >= addresses_.size();
   std::string files;
   for (std::size_t i = all ? 0 : chosen; i < (all ? addresses_.size() : chosen + 1); ++i) {
-    files += (files.empty() ? "" : ", ") + edit_.Remove(addresses_[i]);
+    files.append(files.empty() ? "" : ", ").append(BaseName(edit_.Remove(addresses_[i])));
   }
   done_ = FillIn(LoadMessage(component_, Text::kDriveRemoved), {files});
   Unload();

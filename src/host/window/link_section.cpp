@@ -45,6 +45,9 @@ LinkSection::LinkSection(Form& form, Component& component, LinkChoice choice, st
   for (Label* label : {&lblLink, &lblPort, &lblHost, &lblSpeed, &lblParity, &lblLinkNote}) label->SetBorderStyle(0);
   lblLinkNote.SetWordWrap(true);
   lblLinkNote.SetVisible(false);
+  cmdTestLink.SetVisible(false);
+  for (Control* control : FieldsOfALine()) control->SetVisible(false);
+  for (Control* control : {static_cast<Control*>(&lblHost), static_cast<Control*>(&txtPort)}) control->SetVisible(false);
   txtPort.SetWidthInCharacters(kNameWidth);
   Connect(cboLink.click, cboLink, "Click", this, &LinkSection::cboLink_Click);
   Connect(cboPort.click, cboPort, "Click", this, &LinkSection::cboPort_Click);
@@ -158,6 +161,10 @@ void LinkSection::FillParities() {
   cboParity.SetListIndex(chosen);
 }
 
+std::array<Control*, 6> LinkSection::FieldsOfALine() {
+  return {&lblPort, &cboPort, &lblSpeed, &cboSpeed, &lblParity, &cboParity};
+}
+
 void LinkSection::ShowFields() {
   const bool serial = Chosen() == Kind::kSerial;
   const bool network = Chosen() == Kind::kNetwork;
@@ -224,6 +231,7 @@ bool LinkSection::Apply() {
     choice_.links.Choose(*link);
     if (IsLineText(*link)) line_ = ParseLineText(*link, Defaults());
     found_.clear();
+    tested_ = false;
     Note({});
     const std::array stored{StoredSetting{kLinkKey, *link}};
     component_.ports.settings.Write(kLinkSection, stored);
@@ -287,6 +295,7 @@ void LinkSection::cmdTestLink_Click() {
 
 void LinkSection::Test() {
   found_.clear();
+  tested_ = false;
   const LineSettings line = ParseLineText(choice_.links.Link(), Defaults());
   BackgroundScan scan(choice_.makePorts(), choice_.links.Surroundings().clock);
   LinkWait wait;
@@ -303,6 +312,7 @@ void LinkSection::Test() {
   found_ = scan.State().found;
   std::string text = complete ? std::string() : Say(Text::kLinkStopped);
   if (complete || !found_.empty()) AddLine(text, TestResult(complete));
+  tested_ = complete;
   Note(text);
 }
 
@@ -325,6 +335,10 @@ std::string LinkSection::TestResult(bool complete) const {
   if (!others.empty()) AddLine(text, FillIn(Say(Text::kLinkNotInProject), {Joined(others)}));
   if (!silent.empty()) AddLine(text, FillIn(Say(Text::kLinkNoAnswer), {Joined(silent)}));
   return text;
+}
+
+void LinkSection::ProjectChanged() {
+  if (tested_) Note(TestResult(true));
 }
 
 std::vector<FoundDrive> LinkSection::NewDrives() const {

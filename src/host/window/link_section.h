@@ -1,7 +1,9 @@
 // The start window's line "Drives: simulated / serial port / network", with the test of who answers.
 #pragma once
 
+#include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,6 +49,8 @@ class LinkSection : public Section {
   [[nodiscard]] bool Apply();
   /// Ends a test that runs.
   void StopTest() noexcept { testWanted_ = false; }
+  /// Shows the result of the last test again, for a project whose drives have changed.
+  void ProjectChanged();
   /// The drives that answered in the last test and are not in the project.
   [[nodiscard]] std::vector<FoundDrive> NewDrives() const;
 
@@ -59,6 +63,7 @@ class LinkSection : public Section {
   void FillPorts();
   void FillSpeeds();
   void FillParities();
+  [[nodiscard]] std::array<Control*, 6> FieldsOfALine();
   void ShowFields();
   void Note(const std::string& text);
   [[nodiscard]] std::optional<std::string> ChosenLink();
@@ -75,6 +80,7 @@ class LinkSection : public Section {
   std::vector<std::string> ports_;  ///< names for a link, as in the list
   std::string other_;               ///< a link that has no fields
   std::vector<FoundDrive> found_;
+  bool tested_ = false;      ///< the last test was complete, and nothing was changed since
   bool showing_ = false;     ///< the program fills the fields
   bool testing_ = false;     ///< a test runs
   bool testWanted_ = false;  ///< until it is to end

@@ -95,10 +95,11 @@ void StartForm::OnLoad() {
     if (settings.strLanguage == kLanguages[i].name) cboLanguage.SetListIndex(static_cast<int>(i));
   }
   chkSound.SetValue(settings.strSound == "No" ? 0 : 1);
-  ShowTexts();
-  SayNote(madeIn_.empty() ? std::string() : FillIn(LoadMessage(component_, Text::kStartProjectMade), {madeIn_}));
+  // What collapses goes before the first layout, since a window that is once high stays so.
+  lblNote.SetVisible(!madeIn_.empty());
   ShowProject();
   ShowRecent();
+  ShowTexts();
   LayoutChanged();
   const Size screen = component_.forms.ScreenSize();
   SetLeft((screen.width - Width()) / 2);
@@ -219,6 +220,7 @@ void StartForm::ChangeProject(const std::function<std::string(ProjectEdit&)>& ch
   component_.driveTable.Clear();
   LoadDriveInfo(component_, 0);
   ShowProject();
+  link.ProjectChanged();
   SayNote(note);
 }
 

@@ -1,4 +1,4 @@
-// What a chart file cannot say of its recording: readings that failed, and the real times of its points.
+// What a chart file cannot say of its recording: readings that failed, the real times of its points, invented values.
 #pragma once
 
 #include <array>
@@ -20,10 +20,11 @@ struct Companion {
   std::array<int, kColumnCount> parameters{kUnusedParameter, kUnusedParameter, kUnusedParameter, kUnusedParameter};
   FailedReadings failed;
   PaceSummary pace;
-  PointTimes times;  ///< known when the pace slipped
+  PointTimes times;        ///< known when the pace slipped
+  bool simulated = false;  ///< no drive gave the values
 
   /// True when there is something that its chart file cannot say.
-  [[nodiscard]] bool IsNeeded() const noexcept { return AnyFailed(failed) || pace.Slipped(); }
+  [[nodiscard]] bool IsNeeded() const noexcept { return AnyFailed(failed) || pace.Slipped() || simulated; }
 };
 
 /// The companion's name sorts beside that of its chart file: "Test.cht.readings".

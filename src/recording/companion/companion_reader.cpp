@@ -48,8 +48,9 @@ std::string_view FailureCode(ReadFailure failure) noexcept {
 bool CompanionReader::TakeLine(std::string_view line) {
   if (line.empty() || line.front() == '\'') return true;
   if (line.front() == '[') {
-    constexpr std::array<std::pair<std::string_view, Taker>, 4> kSections{{
+    constexpr std::array<std::pair<std::string_view, Taker>, 5> kSections{{
         {kCompanionMark, &CompanionReader::TakeRecording},
+        {kSourceSection, &CompanionReader::TakeSource},
         {kFailedSection, &CompanionReader::TakeFailed},
         {kPaceSection, &CompanionReader::TakePace},
         {kTimesSection, &CompanionReader::TakeTime},
@@ -73,6 +74,12 @@ bool CompanionReader::TakeRecording(std::string_view line) {
   if (key == kRecordingKeys.end()) return false;
   ++matched_;
   other_ = other_ || Trim(AfterEquals(line)) != Trim(header_.*key->field);
+  return true;
+}
+
+/// Other sources may be named one day.
+bool CompanionReader::TakeSource(std::string_view line) {
+  companion_.simulated = companion_.simulated || line == kSimulatedLine;
   return true;
 }
 

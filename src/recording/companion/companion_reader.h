@@ -15,6 +15,8 @@ inline constexpr std::string_view kCompanionMark = "[CHART READINGS]";
 inline constexpr std::string_view kFailedSection = "[FAILED]";
 inline constexpr std::string_view kPaceSection = "[PACE]";
 inline constexpr std::string_view kTimesSection = "[TIMES]";
+inline constexpr std::string_view kSourceSection = "[SOURCE]";
+inline constexpr std::string_view kSimulatedLine = "Drives=simulated";
 inline constexpr std::string_view kPointsKey = "Points=";
 inline constexpr std::string_view kWithinKey = "Within=";
 inline constexpr std::size_t kLongestCompanionLine = 1024;
@@ -58,6 +60,7 @@ class CompanionReader {
 
  private:
   [[nodiscard]] bool TakeRecording(std::string_view line);
+  [[nodiscard]] bool TakeSource(std::string_view line);
   [[nodiscard]] bool TakeFailed(std::string_view line);
   [[nodiscard]] bool TakePace(std::string_view line);
   [[nodiscard]] bool TakeTime(std::string_view line);
