@@ -45,7 +45,7 @@ class Bench:
         print(f"{what}, as fast as it goes: {1000 * taken:.1f} ms a point, {1 / taken:.1f} points a second", flush=True)
 
     def record(self, every, points, keys=""):
-        text = self.run("--yes", "acquire", "--address", 1, "--parameters", ",".join(map(str, COLUMNS)), "--every", every,
+        text = self.run("acquire", "--address", 1, "--parameters", ",".join(map(str, COLUMNS)), "--every", every,
                         "--points", points, "--file", "run.cht", "--json", keys=keys)
         return json.loads(text)
 
