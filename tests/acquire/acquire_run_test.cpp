@@ -328,7 +328,7 @@ TEST_F(WaitingLinkTest, TheProgressAreaAndTheCompanionSayWhatFailedAndHowLateThe
 }
 
 TEST_F(WaitingLinkTest, APointIsReadOnceToSayHowLongItTakes) {
-  const auto time = [this](const std::string& script, bool stopped) {
+  const auto time = [this](const std::string& script, const std::function<void()>& meanwhile) {
     fake.files.Put("plant.txt", script);
     form.reset();
     component.driveLink = PlayScenario();
@@ -341,7 +341,7 @@ TEST_F(WaitingLinkTest, APointIsReadOnceToSayHowLongItTakes) {
     bool locked = false;
     fake.forms.onKeepAlive = [&] {
       locked = !form->timing.picTime.Enabled() && !form->panel.cmdStart.Enabled() && !form->cmdOK.Enabled();
-      if (stopped) fake.keyboard.escape = true;
+      if (meanwhile) meanwhile();
     };
     form->timing.cmdTimePoint.Press();
     fake.forms.onKeepAlive = nullptr;
@@ -349,18 +349,20 @@ TEST_F(WaitingLinkTest, APointIsReadOnceToSayHowLongItTakes) {
     EXPECT_TRUE(form->panel.cmdStart.Enabled() && form->panel.cmdStart.Visible());
     return form->panel.lblHint.Caption();
   };
-  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 P005 2\nat 0 01 slow 90\n", false), "A point takes 180 of your 200 ms.");
+  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 P005 2\nat 0 01 slow 90\n", {}), "A point takes 180 of your 200 ms.");
   form->timing.txtTimeBetweenPoints.SetText("300");
   EXPECT_EQ(form->panel.lblHint.Caption(), "") << "what was found is outdated";
-  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 slow 150\n", false),
+  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 slow 150\n", {}),
             "P005 no answer\nA point takes 300 ms, more than your 200 ms: points will come late.");
   const Instant before = fake.clock.Now();
-  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 slow 60000\n", true), "");
+  EXPECT_EQ(time("at 0 01 P003 1\nat 0 01 slow 60000\n", [this] { fake.keyboard.escape = true; }), "");
   EXPECT_LE(fake.clock.Now(), before + milliseconds(200));
   EXPECT_FALSE(fake.files.Has(kChart));
   form->drive.cboDriveAddress.SetListIndex(-1);
   form->drive.cboNumberOfParameters.SetListIndex(-1);
   EXPECT_FALSE(form->timing.cmdTimePoint.Enabled());
+  time("at 0 01 P003 1\nat 0 01 slow 60000\n", [this] { form->CloseByUser(); });
+  EXPECT_FALSE(form->IsLoaded());
 }
 
 TEST_F(WaitingLinkTest, CountsFailedReadingsByColumnWithTheirReasons) {

@@ -128,7 +128,10 @@ constexpr const char* kWhole =
     "1 0\r\n"
     "20 3800\r\n"
     "21 6000\r\n"
-    "40 9800\r\n";
+    "40 9800\r\n"
+    "\r\n"
+    "[SOURCE]\r\n"
+    "Drives=simulated\r\n";
 
 struct CompanionTest : ::testing::Test {
   CompanionTest() {
@@ -141,6 +144,7 @@ struct CompanionTest : ::testing::Test {
     companion.failed[0].Append({23, 24, 2, kRefused});
     companion.failed[3].Note(40, {ReadFailure::kStatus, "7"});
     companion.pace = {200, 200, 251, 2200, 2000};
+    companion.simulated = true;
     companion.times = PointTimes({{1, 0}, {20, 3800}, {21, 6000}, {40, 9800}}, 5);
   }
   void Save() { SaveCompanion(fake.files, fake.codePage, kChartName, header, companion); }
@@ -162,6 +166,7 @@ TEST_F(CompanionTest, IsATextThatDescribesItselfAndIsReadBackWhole) {
   EXPECT_EQ(read->parameters, (std::array{3, kUnusedParameter, kUnusedParameter, 12}));
   EXPECT_EQ(read->failed, companion.failed);
   EXPECT_EQ(read->pace, companion.pace);
+  EXPECT_TRUE(read->simulated);
   EXPECT_EQ(read->times.Knots(), companion.times.Knots());
   fake.files.Put(kName, std::string(kWhole) + "[LATER]\r\nanything\r\n");
   EXPECT_TRUE(Load()) << "a section of a later version";

@@ -104,6 +104,11 @@ TEST_F(StartWindow, AChoiceIsTakenWhenItIsCompleteAndStored) {
   Choose(form.cboLanguage, "Português");
   EXPECT_EQ(link.cboLink.Text(), "rede");
   EXPECT_EQ(link.txtPort.Text(), "plant:1502");
+  link.txtPort.SetText("[::1]");
+  EXPECT_TRUE(link.Apply());
+  Choose(form.cboLanguage, "English");
+  EXPECT_EQ(link.txtPort.Text(), "[::1]:502");
+  Choose(form.cboLanguage, "Português");
   Choose(link.cboLink, "simulados");
   EXPECT_EQ(Stored(), "sim");
 }

@@ -17,21 +17,27 @@ namespace {
 
 constexpr int kNameWidth = 30;  // characters
 
-struct Frame8 {
+struct LineFrame {
   Parity parity;
   int stopBits;
   Text words;
   const char* name;
 };
 constexpr std::array kFrames{
-    Frame8{Parity::kEven, 1, Text::kParityEven, "8E1"}, Frame8{Parity::kNone, 1, Text::kParityNone, "8N1"},
-    Frame8{Parity::kOdd, 1, Text::kParityOdd, "8O1"},   Frame8{Parity::kNone, 2, Text::kParityNone, "8N2"},
-    Frame8{Parity::kEven, 2, Text::kParityEven, "8E2"}, Frame8{Parity::kOdd, 2, Text::kParityOdd, "8O2"}};
+    LineFrame{Parity::kEven, 1, Text::kParityEven, "8E1"}, LineFrame{Parity::kNone, 1, Text::kParityNone, "8N1"},
+    LineFrame{Parity::kOdd, 1, Text::kParityOdd, "8O1"},   LineFrame{Parity::kNone, 2, Text::kParityNone, "8N2"},
+    LineFrame{Parity::kEven, 2, Text::kParityEven, "8E2"}, LineFrame{Parity::kOdd, 2, Text::kParityOdd, "8O2"}};
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string list;
   for (const std::string& word : words) list += (list.empty() ? "" : ", ") + word;
   return list;
+}
+
+/// As a link names it: an address with colons has brackets.
+std::string HostText(const LineSettings& line) {
+  const bool brackets = line.port.find(':') != std::string::npos;
+  return (brackets ? "[" + line.port + "]" : line.port) + ":" + line.service;
 }
 
 void AddLine(std::string& text, const std::string& line) {
@@ -96,7 +102,7 @@ void LinkSection::ShowLine(const std::string& link) {
   }
   FillSpeeds();
   FillParities();
-  txtPort.SetText(Chosen() == Kind::kNetwork ? line_.port + ":" + line_.service : std::string());
+  txtPort.SetText(Chosen() == Kind::kNetwork ? HostText(line_) : std::string());
   if (Chosen() == Kind::kSerial) FillPorts();
   ShowFields();
 }
@@ -153,7 +159,7 @@ void LinkSection::FillSpeeds() {
 void LinkSection::FillParities() {
   std::vector<std::string> items;
   int chosen = 0;
-  for (const Frame8& frame : kFrames) {
+  for (const LineFrame& frame : kFrames) {
     if (frame.parity == line_.parity && frame.stopBits == line_.stopBits) chosen = static_cast<int>(items.size());
     items.push_back(Say(frame.words) + " (" + frame.name + ")");
   }
@@ -214,7 +220,7 @@ std::optional<std::string> LinkSection::ChosenLink() {
   }
   if (line_.network) line.gap = Defaults().gap;
   line.baud = std::stoi(cboSpeed.Text());
-  const Frame8& frame = kFrames.at(static_cast<std::size_t>(cboParity.ListIndex()));
+  const LineFrame& frame = kFrames.at(static_cast<std::size_t>(cboParity.ListIndex()));
   line.parity = frame.parity;
   line.stopBits = frame.stopBits;
   return LineText(line, Defaults());

@@ -93,13 +93,13 @@ std::string CompanionText(const Companion& companion, const ChartHeader& header,
     AppendLine(text, std::string(key.key) + codePage.Decode(codePage.Encode(header.*key.field)));
   }
   AppendLine(text, std::string(kPointsKey) + std::to_string(companion.points));
+  if (AnyFailed(companion.failed)) AppendFailed(text, companion);
+  AppendPace(text, companion);
   if (companion.simulated) {
     AppendLine(text, "");
     AppendLine(text, kSourceSection);
     AppendLine(text, kSimulatedLine);
   }
-  if (AnyFailed(companion.failed)) AppendFailed(text, companion);
-  AppendPace(text, companion);
   return text;
 }
 
