@@ -10,7 +10,7 @@ silent  a drive that stops answering in the middle of a recording, and comes bac
 noise   records for MINUTES (default: 60) while 5 % of the answers are damaged and 5 % late. Each answer has a number of
         its own, so that a value from any other answer than the one that was asked for is seen
 """
-import json, os, pathlib, random, signal, subprocess, sys, tempfile, time
+import json, os, pathlib, random, subprocess, sys, tempfile, time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "serial"))
 import slaves
@@ -124,7 +124,7 @@ def noise(bench):
                                            "500ms", "--points", 1000000, "--file", "run.cht", "--json"), cwd=bench.folder,
                              stdout=subprocess.PIPE, text=True)
     time.sleep(minutes * 60)
-    child.send_signal(signal.SIGINT)
+    child.terminate()
     report = json.loads(child.communicate()[0])
     line.stop()
     failed = {entry["column"]: entry["failed"] for entry in report["failedReadings"]}
