@@ -57,6 +57,7 @@ void AcquireForm::Connect() {
   On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
   controller.runEnded = [this](const RunReport& report) {
+    NoteSource();
     file.NoteRecording();
     UpdateViewChartButton();
     UpdateStartButtons();
@@ -149,6 +150,14 @@ bool AcquireForm::Simulated() const {
   return component_.driveLink && component_.driveLink->Simulated();
 }
 
+void AcquireForm::NoteSource() {
+  if (Simulated()) {
+    component_.simulatedRecordings.insert(component_.strChartFileName);
+  } else {
+    component_.simulatedRecordings.erase(component_.strChartFileName);
+  }
+}
+
 void AcquireForm::UpdateViewChartButton() {
   cmdViewChart.SetVisible(file.Exists());
 }
@@ -203,6 +212,8 @@ bool AcquireForm::ReserveFile(const std::string& fileName) {
     if (heldBy.empty()) return true;
     ShowMessage(component_, FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {fileName, heldBy}),
                 box_style::kExclamation, component_.helpFile);
+  } catch (const RecoveryGivenUp&) {
+    return false;  // the display says so
   } catch (const RunTimeError& error) {
     file.WarnOf(error, Text::kNoRightToWrite);
   }

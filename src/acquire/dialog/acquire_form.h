@@ -58,6 +58,8 @@ class AcquireForm : public Form {
   void FileNameChanged(NamedBy by);
   void ShowHeaderInForm();
   [[nodiscard]] bool Simulated() const;
+  /// Remembers whether the recording that has ended came from simulated drives.
+  void NoteSource();
   void UpdateViewChartButton();
   [[nodiscard]] std::optional<std::string> Missing() const;
   void UpdateStartButtons();

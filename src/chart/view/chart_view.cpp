@@ -41,7 +41,6 @@ void ChartView::LoadReadings() {
   companion_.reset();
   try {
     companion_ = LoadCompanion(ports_.files, FileName(), header_);
-    if (companion_ && companion_->simulated) notices_.push_back({Text::kSimulatedValues, ""});
   } catch (const RunTimeError& error) {
     notices_.push_back({Text::kCompanionNotRead, error.Description()});
   }
@@ -54,6 +53,9 @@ std::int16_t ChartView::DriveAddress() const {
 void ChartView::NameSeries(Component& component) {
   const std::int16_t address = DriveAddress();
   names_ = &component.parameterTables.At(address);
+  if ((companion_ && companion_->simulated) || component.simulatedRecordings.contains(FileName())) {
+    notices_.push_back({Text::kSimulatedValues, ""});
+  }
   try {
     LoadDriverFile(component, address);
   } catch (const RunTimeError& error) {

@@ -52,11 +52,12 @@ class HeadlessRecording {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
     form->controller.pointTaken = [this](const AcquisitionRun& run) {
-      progress_.Show(run.Counter(), run.Plan().numberOfPoints);
+      progress_.Show(run.Kept(), run.Plan().numberOfPoints);
     };
     form->controller.noticed = [this](const std::string& notice) {
       progress_.EndLine();
       session_.Err() << notice << "\n" << std::flush;
+      KeyboardSignals::Watch();  // Ctrl-C ends what is going on, also before the first point
     };
     form->runEnded = [this](const RunReport& report) {
       report_ = report;

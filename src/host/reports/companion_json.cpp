@@ -38,6 +38,9 @@ void AddCompanion(nlohmann::ordered_json& document, const Companion& companion) 
   }
   document["failedReadings"] = columns;
   document["simulated"] = companion.simulated;
+  if (companion.recovered != Recovered::kNo) {
+    document["recovered"] = kRecoveredWords[static_cast<std::size_t>(companion.recovered)];
+  }
   document["interval"] = nullptr;
   const PaceSummary& pace = companion.pace;
   if (!pace.Known()) return;

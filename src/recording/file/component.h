@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "drive/drive_context.h"
@@ -19,6 +20,7 @@ struct Component : DriveContext {
   std::string timeText;              ///< the time between points as last checked
   std::string contentText;           ///< the comparison value as last checked
   ChartHeader chartHeader;
+  std::set<std::string> simulatedRecordings;  ///< files recorded from simulated drives while the component lives
   /// Shows a chart file in the chart window, which is a layer above; set when the component is created.
   std::function<void(Component&, const std::string&)> showChart;
   /// Called when a recording is in its chart file, with the file's full name; empty where nobody wants to know.

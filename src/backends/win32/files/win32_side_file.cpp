@@ -78,14 +78,17 @@ DiskSpace Win32SideFile::AppendAndMeasure(std::string_view bytes) {
       try {
         return OpenOwn(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
       } catch (const RunTimeError& error) {
-        if (error.Number() == error_number::kFileNotFound) throw SideFileLost(shownName_);
-        throw;
+        const bool gone =
+            error.Number() == error_number::kFileNotFound || error.Number() == error_number::kPathNotFound;
+        if (gone || dynamic_cast<const SideFileLost*>(&error) != nullptr) throw SideFileLost(shownName_);
+        throw SideFileAway(error);
       }
     }();
     if (IdentityOf(file.Get(), shownName_).size != appended_) throw SideFileLost(shownName_);
     AppendWhole(file.Get(), bytes, shownName_);
     appended_ += bytes.size();
     const ULONGLONG now = GetTickCount64();
+    written_ = now;
     if (flushed_ == 0 || now - flushed_ >= kFlushMilliseconds) {
       flushed_ = now;
       if (FlushFileBuffers(file.Get()) == 0) ThrowFileError(GetLastError(), shownName_);
