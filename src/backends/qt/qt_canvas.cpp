@@ -173,6 +173,16 @@ void QtCanvas::DrawText(std::string_view text, PointF at, const Font& font, Colo
   painter_.drawText(QPointF(x, at.y + metrics.ascent()), qText);
 }
 
+void QtCanvas::Clip(const Rect& box) {
+  painter_.save();
+  painter_.setClipRect(ToQRect(box), Qt::IntersectClip);
+}
+
+void QtCanvas::Unclip() {
+  painter_.restore();
+  smooth_ = painter_.testRenderHint(QPainter::Antialiasing);
+}
+
 Size QtCanvas::MeasureText(std::string_view text, const Font& font) const {
   const QFontMetricsF metrics(FontOf(font));
   return {metrics.horizontalAdvance(ToQt(text)), metrics.height()};

@@ -70,21 +70,29 @@ void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const Chart
   }
 }
 
-void DrawPointer(int row, const ChartModel& model, const Plot& plot, Scene& scene) {
-  const double x = LineX(plot, row);
-  scene.Line({x, plot.front.y}, {x, plot.front.Bottom()}, {.color = kPointerColor, .style = PenStyle::kDash});
-  if (Flat(model.kind) == ChartKind::k2dBar) return;
-  const int count = static_cast<int>(model.series.size());
-  for (int column = 0; column < count; ++column) {
-    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
+/// Rings around the points of a row in one lane.
+void DrawRings(int row, const ChartModel& model, const SceneLane& lane, Scene& scene) {
+  const Plot& plot = lane.plot;
+  const int count = static_cast<int>(lane.series.size());
+  for (int i = 0; i < count; ++i) {
+    const ChartSeries& series = model.series.at(static_cast<std::size_t>(lane.series[static_cast<std::size_t>(i)]));
     const double value = series.values[static_cast<std::size_t>(row)];
     if (!std::isfinite(value)) continue;
-    const double depth = Is3d(model.kind) ? DepthOfSeries(plot, column, count).front : 0;
+    const double depth = Is3d(model.kind) ? DepthOfSeries(plot, i, count).front : 0;
     const PointF at = plot.At({plot.X(row), plot.Y(value)}, depth);
+    if (!plot.axis.ends.empty && !plot.Reach().Contains(at)) continue;
     // A ring: what is in it, a marker for one, stays to be seen.
     scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = {255, 255, 255}, .width = 3});
     scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = EdgeTone(series.color), .width = 1.5});
   }
+}
+
+void DrawPointer(int row, const ChartModel& model, const ChartScene& chart, Scene& scene) {
+  const double x = LineX(chart.plot, row);
+  const Rect& front = chart.plot.front;
+  scene.Line({x, front.y}, {x, front.Bottom()}, {.color = kPointerColor, .style = PenStyle::kDash});
+  if (Flat(model.kind) == ChartKind::k2dBar) return;
+  for (const SceneLane& lane : chart.lanes) DrawRings(row, model, lane, scene);
 }
 
 void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canvas& canvas, Scene& scene) {
@@ -108,7 +116,7 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
   for (std::size_t which = 0; which < overlay.cursorRows.size(); ++which) {
     if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
   }
-  if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, plot, scene);
+  if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, chart, scene);
 
   const bool pointerLeft = overlay.pointerRow && plot.X(*overlay.pointerRow) < front.x + front.width / 2;
   const auto pointerBox = [&]() -> std::optional<Rect> {
