@@ -53,6 +53,7 @@ class RecordingCanvas : public Canvas {
 class RecordingPictures : public PictureRenderer {
  public:
   std::vector<std::string> texts;  ///< on the last picture
+  std::string PngBytes(const Bitmap& picture) override { return "PNG of " + std::to_string(picture.width); }
   Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override {
     RecordingCanvas canvas(size);
     paint(canvas);

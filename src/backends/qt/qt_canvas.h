@@ -45,6 +45,7 @@ class QtCanvas : public Canvas {
 class QtPictureRenderer : public PictureRenderer {
  public:
   [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
+  [[nodiscard]] std::string PngBytes(const Bitmap& picture) override;
 };
 
 [[nodiscard]] QImage ToQImage(const Bitmap& bitmap);

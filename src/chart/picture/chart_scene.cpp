@@ -20,13 +20,12 @@ std::optional<int> ChartScene::RowAt(PointF at) const {
   return std::min(plot.rows - 1, static_cast<int>((at.x - front.x) / plot.RowWidth()));
 }
 
-std::optional<std::size_t> ChartScene::ValueAxisAt(PointF at) const {
-  if (at.x < 0 || at.x >= plot.front.x) return std::nullopt;
-  for (std::size_t i = 0; i < lanes.size(); ++i) {
-    const Rect& front = lanes[i].plot.front;
-    if (at.y >= front.y && at.y <= front.Bottom()) return i;
+const SceneLane* ValueAxisAt(const std::vector<SceneLane>& lanes, PointF at) {
+  for (const SceneLane& lane : lanes) {
+    const Rect& front = lane.plot.front;
+    if (at.x >= 0 && at.x < front.x && at.y >= front.y && at.y <= front.Bottom()) return &lane;
   }
-  return std::nullopt;
+  return nullptr;
 }
 
 namespace {

@@ -27,9 +27,10 @@ struct ChartScene {
 
   /// The row whose slot holds a point of the plot (its depth included); nothing outside it.
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;
-  /// The lane whose value axis, left of the plot, is at a point; nothing for a point that is not over an axis.
-  [[nodiscard]] std::optional<std::size_t> ValueAxisAt(PointF at) const;
 };
+
+/// The lane whose value axis, left of its plot, is at a point; null for a point that is not over an axis.
+[[nodiscard]] const SceneLane* ValueAxisAt(const std::vector<SceneLane>& lanes, PointF at);
 
 /// Works the chart out; `canvas` only measures texts. The same model, size and measures give the same scene. The cost
 /// of painting it follows the size, not the number of rows.

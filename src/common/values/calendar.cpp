@@ -27,6 +27,15 @@ std::vector<int> ThreeNumbers(std::string_view text) {
   return numbers;
 }
 
+std::chrono::year_month_day ToDate(const DateTime& date) {
+  return {std::chrono::year(date.year), std::chrono::month(static_cast<unsigned>(date.month)),
+          std::chrono::day(static_cast<unsigned>(date.day))};
+}
+
+std::chrono::sys_days ToDays(const DateTime& date) {
+  return ToDate(date);
+}
+
 }  // namespace
 
 std::optional<DateTime> ParseDate(std::string_view text, const Locale& locale) {
@@ -40,20 +49,18 @@ std::optional<DateTime> ParseDate(std::string_view text, const Locale& locale) {
     field = numbers[i];
   }
   if (date.year < 100) date.year += 2000;
-  const std::chrono::year_month_day day{std::chrono::year(date.year),
-                                        std::chrono::month(static_cast<unsigned>(date.month)),
-                                        std::chrono::day(static_cast<unsigned>(date.day))};
-  return day.ok() ? std::optional(date) : std::nullopt;
+  return ToDate(date).ok() ? std::optional(date) : std::nullopt;
 }
 
 DateTime DaysAfter(const DateTime& date, std::int64_t days) {
-  const std::chrono::sys_days first =
-      std::chrono::year_month_day{std::chrono::year(date.year), std::chrono::month(static_cast<unsigned>(date.month)),
-                                  std::chrono::day(static_cast<unsigned>(date.day))};
-  const std::chrono::year_month_day day{first + std::chrono::days(days)};
+  const std::chrono::year_month_day day{ToDays(date) + std::chrono::days(days)};
   return {.year = static_cast<int>(day.year()),
           .month = static_cast<int>(static_cast<unsigned>(day.month())),
           .day = static_cast<int>(static_cast<unsigned>(day.day()))};
+}
+
+std::int64_t DaysBetween(const DateTime& from, const DateTime& to) {
+  return (ToDays(to) - ToDays(from)).count();
 }
 
 std::optional<double> SecondsOfClockText(std::string_view text) {

@@ -17,6 +17,9 @@ namespace chartproject {
 /// The day that is `days` after a date (before it where negative).
 [[nodiscard]] DateTime DaysAfter(const DateTime& date, std::int64_t days);
 
+/// From one date to another; negative when the other is earlier.
+[[nodiscard]] std::int64_t DaysBetween(const DateTime& from, const DateTime& to);
+
 /// Seconds since midnight of "hh:mm:ss", blanks around; nothing for any other text. Hours may have any number of
 /// digits, as in a time between points.
 [[nodiscard]] std::optional<double> SecondsOfClockText(std::string_view text);

@@ -18,11 +18,32 @@ constexpr Color kPointerColor = {120, 120, 112};
 constexpr std::array<Color, 2> kCursorColors = {Color{20, 92, 160}, Color{168, 84, 16}};
 constexpr double kPadding = 6;
 constexpr double kSwatch = 8;
+constexpr double kCellGap = 14;  ///< between two columns of a table
+constexpr Color kMarkColor = {24, 112, 60};
 constexpr double kEdge = 3;         ///< least distance of a box from the chart's edge
 constexpr double kPointerGap = 12;  ///< between the pointer's line and its box
 
 double LineX(const Plot& plot, int row) {
   return std::floor(plot.X(row)) + 0.5;
+}
+
+/// Widths of the table in a box: of its first column, and of each column of cells.
+struct TableWidths {
+  double text = 0;
+  std::vector<double> cells{};
+};
+
+TableWidths WidthsOf(const std::vector<ReadoutLine>& lines, const Font& font, const Canvas& canvas) {
+  TableWidths widths;
+  for (const ReadoutLine& line : lines) {
+    if (line.cells.empty()) continue;
+    widths.text = std::max(widths.text, std::ceil(canvas.MeasureText(line.text, font).width));
+    if (widths.cells.size() < line.cells.size()) widths.cells.resize(line.cells.size());
+    for (std::size_t i = 0; i < line.cells.size(); ++i) {
+      widths.cells[i] = std::max(widths.cells[i], std::ceil(canvas.MeasureText(line.cells[i], font).width));
+    }
+  }
+  return widths;
 }
 
 Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canvas& canvas) {
@@ -33,7 +54,10 @@ Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canv
     size.width = std::max(size.width, std::ceil(text.width) + indent);
     size.height += std::ceil(text.height);
   }
-  return {size.width + 2 * kPadding, size.height + 2 * kPadding};
+  const TableWidths widths = WidthsOf(lines, font, canvas);
+  double table = widths.text;
+  for (const double cell : widths.cells) table += kCellGap + cell;
+  return {std::max(size.width, table) + 2 * kPadding, size.height + 2 * kPadding};
 }
 
 /// Moved into the chart; nothing when it is larger than the chart.
@@ -57,6 +81,7 @@ void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const Chart
   scene.Polygon(std::array<PointF, 4>{{{x, y}, {right, y}, {right, bottom}, {x, bottom}}}, kBoxFill,
                 {.color = kBoxEdge});
   y += kPadding;
+  const TableWidths widths = WidthsOf(lines, font, canvas);
   for (const ReadoutLine& line : lines) {
     const double height = std::ceil(canvas.MeasureText(line.text, font).height);
     double left = x + kPadding;
@@ -66,6 +91,11 @@ void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const Chart
       left += kSwatch + 5;
     }
     scene.Text({line.text, {left, y}, font, kBoxText, Align::kLeft});
+    double end = x + kPadding + widths.text;
+    for (std::size_t i = 0; i < line.cells.size(); ++i) {
+      end += kCellGap + widths.cells[i];
+      scene.Text({line.cells[i], {end, y}, font, kBoxText, Align::kRight});
+    }
     y += height;
   }
 }
@@ -106,6 +136,19 @@ void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canva
   scene.Text({name, {x, front.y - 1}, chart.font, {255, 255, 255}, Align::kCenter});
 }
 
+/// The mark's line and, under the cursors' names, its own in a box that stays inside the chart.
+void DrawMark(int row, const std::string& text, const ChartModel& model, const ChartScene& chart, const Canvas& canvas,
+              Scene& scene) {
+  const double x = LineX(chart.plot, row);
+  const Rect& front = chart.plot.front;
+  scene.Line({x, front.y}, {x, front.Bottom()}, {.color = kMarkColor, .width = 1.5, .style = PenStyle::kDash});
+  const std::vector<ReadoutLine> lines{{text, -1, {}}};
+  const Size size = BoxSize(lines, chart.font, canvas);
+  const double top = front.y + canvas.MeasureText("1", chart.font).height + kEdge;
+  const auto box = Inside({x - size.width / 2, top, size.width, size.height}, chart.size);
+  if (box) DrawBox(lines, *box, model, chart.font, canvas, scene);
+}
+
 }  // namespace
 
 Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const ChartScene& chart,
@@ -116,6 +159,7 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
   for (std::size_t which = 0; which < overlay.cursorRows.size(); ++which) {
     if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
   }
+  if (overlay.markRow) DrawMark(*overlay.markRow, overlay.markText, model, chart, canvas, scene);
   if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, chart, scene);
 
   const bool pointerLeft = overlay.pointerRow && plot.X(*overlay.pointerRow) < front.x + front.width / 2;
