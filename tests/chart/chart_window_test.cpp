@@ -40,6 +40,7 @@ struct ChartWindowTest : ::testing::Test {
   void Show(const std::function<void(ChartForm&)>& user) {
     shown = false;
     fakes.forms.onShown = [&](Form& form) {
+      if (form.Name() != "frmChart") return asked(form);
       shown = true;
       user(static_cast<ChartForm&>(form));
       if (form.IsShown()) form.CloseByUser();
@@ -57,6 +58,7 @@ struct ChartWindowTest : ::testing::Test {
   FakePlant plant;
   Component component{fakes.ports, fakes.forms, plant};
   bool shown = false;
+  std::function<void(Form&)> asked;  ///< what a user does in a small window over the chart window
 };
 
 TEST_F(ChartWindowTest, SaysThatItsValuesWereSimulated) {
@@ -549,12 +551,12 @@ TEST_F(ChartWindowTest, MeasuresBetweenTheCursorsByKeysAndCopiesTheNumbers) {
     }
     EXPECT_TRUE(chart.KeyPressed(Typed("S")));
     EXPECT_THAT(readout(), ElementsAre("Cursor 1: point 13, 08:00:00", "Cursor 2: point 15, 08:00:00",
-                                       "Difference: 2 points, 00:00:02", "|P003|2", "Minimum|13|-15", "Maximum|15|-13",
-                                       "Mean|14|-14", "RMS|14,0238|14,0238", "Slope, per s|1|-1",
+                                       "Difference: 2 points, 00:00:02", "|P003|P999", "Minimum|13|-15",
+                                       "Maximum|15|-13", "Mean|14|-14", "RMS|14,0238|14,0238", "Slope, per s|1|-1",
                                        "Integral, x s|28|-28", "Crossings of the mean|1|1"));
     EXPECT_TRUE(chart.KeyPressed(Typed("^C")));
     EXPECT_THAT(fakes.clipboard.Text(), HasSubstr("P003: 13 -> 15 (+2)\r\n"));
-    EXPECT_THAT(fakes.clipboard.Text(), EndsWith("RMS\t14,023789311975\t14,023789311975\r\nSlope, per s\t1\t-1\r\n"
+    EXPECT_THAT(fakes.clipboard.Text(), EndsWith("RMS\t14,0237893119751\t14,0237893119751\r\nSlope, per s\t1\t-1\r\n"
                                                  "Integral, x s\t28\t-28\r\nCrossings of the mean\t1\t1\r\n"));
     chart.SetCursor(MeasuringCursor::kSecond, 50000);
     EXPECT_EQ(readout().back(), "Key S: statistics of 49.988 points");
@@ -571,23 +573,23 @@ TEST_F(ChartWindowTest, GoesToAPlaceAndFindsMarksAndNamesPoints) {
   Show([&](ChartForm& form) {
     ChartControl& chart = form.mscChart1;
     const auto answer = [&](std::string_view key, const std::function<void(Form&)>& user) {
-      fakes.forms.onShown = user;
+      asked = user;
       EXPECT_TRUE(chart.KeyPressed(Typed(key)));
     };
     const std::tuple<int, const char*, std::string> places[] = {{0, "500", "Point 500, 08:00:00"},
                                                                 {1, "00:01:40", "Point 101, 08:00:00"},
                                                                 {2, "08:05:00", "Point 301, 08:00:00"}};
     for (const auto& [unit, text, mark] : places) {
-      answer("^G", [unit = unit, text = text](Form& asked) {
-        auto& box = static_cast<GoToForm&>(asked);
+      answer("^G", [unit = unit, text = text](Form& window) {
+        auto& box = static_cast<GoToForm&>(window);
         box.cboUnit.SetListIndex(unit);
         box.txtPlace.SetText(text);
         box.cmdOK.Press();
       });
       EXPECT_EQ(chart.Mark()->text, mark);
     }
-    answer("^G", [](Form& asked) {
-      auto& box = static_cast<GoToForm&>(asked);
+    answer("^G", [](Form& window) {
+      auto& box = static_cast<GoToForm&>(window);
       for (const char* text : {"1001", "next"}) {
         box.txtPlace.SetText(text);
         box.cmdOK.Press();
@@ -598,16 +600,16 @@ TEST_F(ChartWindowTest, GoesToAPlaceAndFindsMarksAndNamesPoints) {
                                        "\"next\" cannot be read. Write for example 1000."));
     EXPECT_EQ(chart.Mark()->label, 301);
 
-    answer("^F", [](Form& asked) {
-      auto& box = static_cast<FindForm&>(asked);
+    answer("^F", [](Form& window) {
+      auto& box = static_cast<FindForm&>(window);
       box.cboSeries.SetListIndex(1);
       box.txtValue.SetText("-700.5");
       box.cmdNext.Press();
     });
-    EXPECT_EQ(chart.Mark()->text, "2 crosses -700.5 at point 701, 08:00:00");
+    EXPECT_EQ(chart.Mark()->text, "P999 crosses -700.5 at point 701, 08:00:00");
     EXPECT_EQ(FirstLabel(form), 689);
     EXPECT_TRUE(chart.KeyPressed(Typed("N")));
-    EXPECT_EQ(form.reading.lblStatus.Caption(), "Nothing found: Crossing of a value, 2");
+    EXPECT_EQ(form.reading.lblStatus.Caption(), "Nothing found: Crossing of a value, P999");
     EXPECT_EQ(chart.Mark()->label, 701);
     EXPECT_TRUE(chart.KeyPressed({.key = Key::kEscape}));
     EXPECT_FALSE(chart.Mark());
