@@ -136,7 +136,7 @@ void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canva
   scene.Text({name, {x, front.y - 1}, chart.font, {255, 255, 255}, Align::kCenter});
 }
 
-/// The mark's line and, under the cursors' names, its own in a box that stays inside the chart.
+/// The mark's line and, under the cursors' names, its own in a box beside the line.
 void DrawMark(int row, const std::string& text, const ChartModel& model, const ChartScene& chart, const Canvas& canvas,
               Scene& scene) {
   const double x = LineX(chart.plot, row);
@@ -145,7 +145,9 @@ void DrawMark(int row, const std::string& text, const ChartModel& model, const C
   const std::vector<ReadoutLine> lines{{text, -1, {}}};
   const Size size = BoxSize(lines, chart.font, canvas);
   const double top = front.y + canvas.MeasureText("1", chart.font).height + kEdge;
-  const auto box = Inside({x - size.width / 2, top, size.width, size.height}, chart.size);
+  const bool left = x < front.x + front.width / 2;
+  const double beside = left ? x + kPointerGap : x - kPointerGap - size.width;
+  const auto box = Inside({beside, top, size.width, size.height}, chart.size);
   if (box) DrawBox(lines, *box, model, chart.font, canvas, scene);
 }
 
