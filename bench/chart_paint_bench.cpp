@@ -1,5 +1,6 @@
-// Time to work out and paint a chart of 1280x720: how it grows with the points (it must not), with each type, and with
-// noise, the hardest picture to draw. Painted on an image in memory, as the windows are.
+// Time to work out and paint a chart of 1280x720, and of 1920x1080 with lanes and times: how it grows with the points
+// (it must not), with each type, and with noise, the hardest picture to draw. Painted on an image in memory, as the
+// windows are.
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -57,6 +58,34 @@ void TypeOf32750NoisyRows(benchmark::State& state) {
   PaintOnce(state, static_cast<int>(state.range(0)), 32750, true);
 }
 
+/// Four series of 32,750 points on a whole screen: the plain chart, a time of day over midnight, lanes, and both with a
+/// range of values that cuts the series off. @param range of the state: 0 to 3
+void WholeScreen(benchmark::State& state) {
+  constexpr Size kScreen = {1920, 1080};
+  const auto look = state.range(0);
+  ChartModel model = ModelOf(static_cast<int>(state.range(1)), 32750, state.range(2) != 0);
+  model.lanes = look >= 2;
+  if (look == 1 || look == 3) {
+    model.categoryUnit = CategoryUnit::kTimeOfDay;
+    model.rowTimes = {{0, 80e6}, {10000, 81e6}, {32749, 90e6}};
+    model.dateText = [](std::int64_t day) { return "2026-11-" + std::to_string(22 + day); };
+  }
+  for (ChartSeries& series : model.series) {
+    series.axisTitle = "Motor speed, rpm";
+    if (look == 3) series.range = ValueRange{70, 90, false};
+  }
+  QImage image(static_cast<int>(kScreen.width), static_cast<int>(kScreen.height), QImage::Format_ARGB32_Premultiplied);
+  for (auto step : state) {
+    QPainter painter(&image);
+    QtCanvas canvas(painter, kScreen);
+    PaintChart(model, {}, canvas);
+  }
+}
+
+BENCHMARK(WholeScreen)
+    ->ArgNames({"look", "type", "noise"})
+    ->ArgsProduct({{0, 1, 2, 3}, {3, 2}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(LineOfRows)->Arg(25)->Arg(250)->Arg(2500)->Arg(32750)->Unit(benchmark::kMillisecond);
 BENCHMARK(TypeOf32750Rows)->DenseRange(0, 7)->Unit(benchmark::kMillisecond);
 BENCHMARK(TypeOf32750NoisyRows)->DenseRange(0, 7)->Unit(benchmark::kMillisecond);

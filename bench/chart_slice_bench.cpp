@@ -10,6 +10,8 @@
 
 #include "backends/posix/files/posix_file_system.h"
 #include "chart/file/chart_source.h"
+#include "chart/measure/point_search.h"
+#include "chart/measure/range_statistics.h"
 #include "chart/view/scroll_range.h"
 #include "chart/window/chart_form.h"
 #include "support/fake_ports.h"
@@ -122,6 +124,38 @@ void LaterScroll(benchmark::State& state) {
   }
 }
 BENCHMARK(LaterScroll)->ArgName("D")->Arg(1)->Arg(100)->Arg(kMostPointsPerDivision)->Unit(benchmark::kMillisecond);
+
+/// Statistics over all the points of the file, its two passes included.
+void StatisticsOfTheFile(benchmark::State& state) {
+  Bench bench;
+  ChartView view(bench.component.ports, bench.component.chartHeader);
+  const std::string name = ChartFile(kLongFile);
+  view.Open(name);
+  for (auto _ : state) {
+    const auto numbers = MeasureRange(view.Source(), {1, kLongFile, view.SeriesCount(), &view.Clock(), view.Failed()},
+                                      bench.component.ports.locale.Numbers());
+    if (!numbers || numbers->at(0).count != kLongFile) state.SkipWithError("not all the points");
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * std::filesystem::file_size(name)));
+}
+BENCHMARK(StatisticsOfTheFile)->Unit(benchmark::kMillisecond);
+
+/// A search that finds nothing.
+void SearchOfTheFile(benchmark::State& state) {
+  Bench bench;
+  ChartView view(bench.component.ports, bench.component.chartHeader);
+  const std::string name = ChartFile(kLongFile);
+  view.Open(name);
+  const bool forward = state.range(0) != 0;
+  for (auto _ : state) {
+    const PointSearch search =
+        FindPoint(view.Source(), {SearchFor::kCrossing, 0, 1e9, forward}, forward ? 0 : kLongFile + 1, kLongFile,
+                  nullptr, bench.component.ports.locale.Numbers());
+    if (search.found) state.SkipWithError("found what is not there");
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * std::filesystem::file_size(name)));
+}
+BENCHMARK(SearchOfTheFile)->ArgName("forward")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 /// Runs last: what all of this has taken at most.
 void PeakMemory(benchmark::State& state) {

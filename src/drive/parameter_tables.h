@@ -12,7 +12,7 @@ namespace chartproject {
 inline constexpr int kParameterCount = 1000;
 inline constexpr int kNumberedTextCount = 30;
 
-/// One parameter line. The component itself uses present, name and unitCode; the rest is shared with the host's
+/// One parameter line. The component itself uses present, name, unit and unitCode; the rest is shared with the host's
 /// modules.
 struct ParameterEntry {
   bool present = false;
@@ -20,7 +20,7 @@ struct ParameterEntry {
   std::string name;
   std::string text3;
   std::string text4;
-  std::string text5;
+  std::string text5;          ///< its unit as users read it, for example "rpm"
   std::int16_t unitCode = 0;  ///< see UnitCode
   bool yesFlag = false;
   std::string text8;

@@ -62,6 +62,9 @@ class Canvas {
   virtual void DrawEllipse(const Rect& box, Color fill, const Pen& outline) = 0;
   /// Draws one line of text with its box's top at `at.y` and its left edge, middle or right edge at `at.x`.
   virtual void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) = 0;
+  /// Nothing is painted outside of a rectangle until Unclip; the two do not nest.
+  virtual void Clip(const Rect& box) = 0;
+  virtual void Unclip() = 0;
   [[nodiscard]] virtual Size MeasureText(std::string_view text, const Font& font) const = 0;
 };
 

@@ -49,6 +49,11 @@ class PictureBox : public Control {
   [[nodiscard]] bool HasColor() const noexcept { return hasColor_; }
   [[nodiscard]] Color BackColor() const noexcept { return backColor_; }
   void SetBackColor(Color color);
+  /// The user clicked on the swatch; nothing happens while it is disabled.
+  void Press() {
+    if (EffectivelyEnabled()) Raise(click);
+  }
+  Event click;
 
  private:
   bool hasColor_ = false;

@@ -1,7 +1,8 @@
-// Port: the picture on the clipboard.
+// Port: the picture or the text on the clipboard.
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "platform/bitmap.h"
 
@@ -13,6 +14,8 @@ class Clipboard {
   virtual ~Clipboard() = default;
   virtual void Clear() = 0;
   virtual void SetPicture(const Bitmap& picture) = 0;
+  /// @param text UTF-8; lines end with carriage return and line feed
+  virtual void SetText(const std::string& text) = 0;
   /// The picture on the clipboard, from any program; nothing when there is none.
   [[nodiscard]] virtual std::optional<Bitmap> Picture() = 0;
 };

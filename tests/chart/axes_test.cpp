@@ -6,6 +6,8 @@
 
 #include "chart/picture/geometry/category_axis.h"
 #include "chart/picture/geometry/value_axis.h"
+#include "recording/companion/point_clock.h"
+#include "support/fake_ports.h"
 
 namespace chartproject {
 namespace {
@@ -37,11 +39,11 @@ CategoryScale Divisions(int count) {
 
 TEST(CategoryAxis, OneTickAndOneLabelAtEachDivision) {
   const CategoryAxis axis = LayOut(15, 101, Divisions(5), 600);
-  EXPECT_THAT(axis.tickRows, ElementsAre(0, 5, 10));
+  EXPECT_THAT(axis.ticks, ElementsAre(0.5, 5.5, 10.5));
   EXPECT_THAT(Texts(axis), ElementsAre("101", "106", "111"));
   EXPECT_EQ(axis.labels[1].position, 5.5);
   EXPECT_EQ(LayOut(8, 1, {false, 4, 4, false}, 400).labels[1].position, 6) << "in the middle of its division";
-  EXPECT_TRUE(LayOutCategoryAxis({}, {1, 0, 0, TextWidth}).tickRows.empty());
+  EXPECT_TRUE(LayOutCategoryAxis({}, {1, 0, 0, TextWidth}).ticks.empty());
 }
 
 TEST(CategoryAxis, SkipsLabelsEvenlyWhenTheyWouldTouch) {
@@ -49,11 +51,11 @@ TEST(CategoryAxis, SkipsLabelsEvenlyWhenTheyWouldTouch) {
   EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 400)),
               ElementsAre("1", "3", "5", "7", "9", "11", "13", "15", "17", "19", "21", "23", "25"));
   EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 80)), ElementsAre("1", "8", "15", "22"));
-  EXPECT_THAT(LayOut(25, 1, Divisions(1), 80).tickRows.size(), 25);
+  EXPECT_THAT(LayOut(25, 1, Divisions(1), 80).ticks.size(), 25);
 }
 
 TEST(CategoryAxis, ChoosesRoundDivisionsByItself) {
-  EXPECT_THAT(LayOut(100, 1, {}, 400).tickRows, ElementsAre(0, 10, 20, 30, 40, 50, 60, 70, 80, 90));
+  EXPECT_THAT(LayOut(100, 1, {}, 400).ticks, ElementsAre(0.5, 10.5, 20.5, 30.5, 40.5, 50.5, 60.5, 70.5, 80.5, 90.5));
 }
 
 TEST(CategoryAxis, LabelsNeverTouchNorLeaveTheirRoom) {
@@ -72,6 +74,64 @@ TEST(CategoryAxis, LabelsNeverTouchNorLeaveTheirRoom) {
       }
     }
   }
+}
+
+TEST(TimeAxis, LabelsRoundMomentsAndWritesTheDateWhereMidnightPasses) {
+  using enum CategoryUnit;
+  constexpr double kHour = 3.6e6;
+  // Unit, moment of the first row, milliseconds a row, rows, width, labels with their dates.
+  const std::tuple<CategoryUnit, double, double, int, double, std::vector<std::string>> cases[] = {
+      {kElapsed, 0, 100, 26, 400, {"0.0 s", "0.5 s", "1.0 s", "1.5 s", "2.0 s", "2.5 s"}},
+      {kElapsed, 59999, 1, 3, 400, {"00:00:59,999", "00:01:00,000", "00:01:00,001"}},
+      {kElapsed, 100 * kHour, kHour, 25, 400, {"102:00:00", "108:00:00", "114:00:00", "120:00:00"}},
+      {kTimeOfDay,
+       23 * kHour + 58.6 * 60000,
+       1000,
+       150,
+       400,
+       {"23:59:00 day 0", "23:59:30", "00:00:00 day 1", "00:00:30"}},
+      {kTimeOfDay, 23 * kHour + 3599.9e3, 50, 5, 400, {"23:59:59.9 day 0", "00:00:00.0 day 1", "00:00:00.1"}},
+      {kTimeOfDay, 10 * kHour, 6 * kHour, 41, 400, {"day 2", "day 4", "day 6", "day 8", "day 10"}},
+      {kTimeOfDay, 10 * kHour, kHour, 2, 30, {}}};
+  for (const auto& [unit, start, between, rows, width, labels] : cases) {
+    ChartModel model;
+    model.rowCount = rows;
+    model.categoryUnit = unit;
+    model.rowTimes = {{0, start}, {static_cast<double>(rows - 1), start + between * (rows - 1)}};
+    model.dateText = [](std::int64_t day) { return "day " + std::to_string(day); };
+    const NumberFormat numbers{start == 59999 ? "," : ".", ""};
+    std::vector<std::string> texts;
+    for (const CategoryLabel& label : LayOutCategoryAxis(model, {width / rows, 30, 10, TextWidth, numbers}).labels) {
+      texts.push_back(label.text + (label.date.empty() ? "" : " " + label.date));
+    }
+    EXPECT_EQ(texts, labels) << start;
+  }
+}
+
+TEST(PointClock, CountsScanTimesOrTheRecordedPaceFromTheFirstPoint) {
+  FakePorts fakes;
+  ChartHeader header;
+  header.ScanTime = "0.1";
+  header.Unit = "s";
+  header.StartTime = "23:59:58";
+  header.StartDate = fakes.locale.DateText({.year = 2028, .month = 2, .day = 28});
+  const PointClock asked(header, nullptr, fakes.locale);
+  for (const double point : {1.0, 2.0, 4.0, 1000000007.0, 2000000000.0}) {
+    EXPECT_EQ(asked.ElapsedAt(point), (point - 1) * 100);
+    EXPECT_EQ(asked.PointAt((point - 1) * 100), point);
+  }
+  EXPECT_EQ(asked.FirstOfDay(), 86398000);
+  EXPECT_EQ(asked.DateText(2), fakes.locale.DateText({.year = 2028, .month = 3, .day = 1}));
+
+  const PointTimes pace({{1, 0}, {11, 1000}, {21, 6000}}, 1);
+  header.StartDate = "yesterday";
+  const PointClock real(header, &pace, fakes.locale);
+  EXPECT_EQ(real.ElapsedAt(16), 3500);
+  EXPECT_EQ(real.PointAt(8500), 26) << "the last piece goes on";
+  EXPECT_THAT(real.Knots(6, 12), ElementsAre(ClockKnot{6, 500}, ClockKnot{11, 1000}, ClockKnot{12, 1500}));
+  EXPECT_EQ(real.DateText(1), "+1 d");
+  header.ScanTime = "soon";
+  EXPECT_FALSE(PointClock(header, nullptr, fakes.locale).Known());
 }
 
 std::vector<std::string> Texts(const ValueAxis& axis, const NumberFormat& format) {
@@ -116,6 +176,23 @@ TEST(ValueAxis, TicksAreRoundAndEncloseTheData) {
     EXPECT_LE(axis.Minimum() - overshoot, std::max(low, -kLargestShown));
     EXPECT_GE(axis.Maximum() + overshoot, std::min(high, kLargestShown));
   }
+}
+
+TEST(ValueAxis, AFixedRangeIsShownAsItIsWithTheTicksInIt) {
+  const std::tuple<double, double, int, std::vector<std::string>> cases[] = {
+      {0.5, 4.5, 5, {"1", "2", "3", "4"}},
+      {-10, 10, 4, {"-10", "-5", "0", "5", "10"}},
+      {1.9, 2.1, 1, {"2.0"}},
+      {0, std::numeric_limits<double>::max(), 2, {"0", "5E+306", "1.0E+307"}}};
+  for (const auto& [low, high, steps, texts] : cases) {
+    const ValueAxis axis = FixedValueAxis({low, high, false}, steps);
+    EXPECT_EQ(Texts(axis, {}), texts);
+    EXPECT_EQ(axis.Minimum(), low);
+    EXPECT_EQ(axis.Maximum(), std::min(high, kLargestShown));
+  }
+  const ValueAxis narrow = FixedValueAxis({7, 7, false}, 3);
+  EXPECT_LT(narrow.Minimum(), 7);
+  EXPECT_GT(narrow.Maximum(), 7);
 }
 
 TEST(ValueAxis, WithoutDataGoesFromZeroToOne) {

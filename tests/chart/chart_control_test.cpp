@@ -1,6 +1,7 @@
 // The chart control: pointer, cursors, requests to paint, the copied picture;
 // its texts about points: times across midnight, differences, gaps, the scan time in its units.
 #include "chart/window/control/chart_control.h"
+#include "recording/companion/point_clock.h"
 
 #include <gmock/gmock.h>
 

@@ -85,6 +85,12 @@ TEST_P(EveryType, TextsNeverOverlapAtAnySizeAndData) {
   models[2].valueTitle = "Value";
   models[2].legendVisible = true;
   models[2].series[0].label = "P003";
+  models.push_back(models[0]);
+  models.back().lanes = true;
+  models.back().categoryUnit = CategoryUnit::kTimeOfDay;
+  models.back().rowTimes = {{0, 86390000}, {24, 86414000}};
+  models.back().dateText = [](std::int64_t day) { return "day " + std::to_string(day); };
+  for (ChartSeries& series : models.back().series) series.axisTitle = "Motor speed, rpm";
   for (const ChartModel& model : models) {
     for (const Size size : {Size{120, 90}, Size{200, 90}, Size{121, 333}, Size{320, 200}, Size{640, 360},
                             Size{1280, 720}, Size{2500, 1400}}) {
@@ -311,6 +317,51 @@ TEST(Plot, MovesAlongItsDepthAndDrawsWhatIsBeyondAnyScaleAtItsLimit) {
   EXPECT_EQ(plot.At({10, 20}, 0.5), (PointF{30, 10}));
   plot.axis = {.mantissa = 1, .exponent = 307, .firstTick = -1, .lastTick = 1};
   EXPECT_EQ(plot.Y(std::numeric_limits<double>::max()), 20);
+}
+
+TEST_P(EveryType, LanesHaveAnAxisEachAndHiddenSeriesNeither) {
+  ChartModel model = ModelOf(GetParam(), {{1, 2, 3}, {100, 300, 200}, {7, 7, 8}});
+  const auto tops = [](const ChartScene& chart) {
+    std::vector<double> maxima;
+    for (const SceneLane& lane : chart.lanes) maxima.push_back(lane.plot.axis.Maximum());
+    return maxima;
+  };
+  EXPECT_THAT(tops(Build(model)), ElementsAre(300));
+  model.series[1].visible = false;
+  EXPECT_THAT(tops(Build(model)), ElementsAre(8));
+  model.lanes = true;
+  const ChartScene lanes = Build(model);
+  EXPECT_THAT(tops(lanes), ElementsAre(3, 8));
+  EXPECT_THAT(lanes.lanes[1].series, ElementsAre(2));
+  const Rect& upper = lanes.lanes[0].plot.front;
+  const Rect& lower = lanes.lanes[1].plot.Reach();
+  EXPECT_LT(upper.Bottom(), lower.y);
+  EXPECT_EQ(upper.width, lanes.lanes[1].plot.front.width);
+  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, upper.y + 1}), &lanes.lanes[0]);
+  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, lower.Bottom() - 1}), &lanes.lanes[1]);
+  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x + 1, upper.y + 1}), nullptr);
+  for (ChartSeries& series : model.series) series.visible = false;
+  EXPECT_TRUE(Fills(Build(model), {SceneShape::Kind::kRectangle, SceneShape::Kind::kPolygon}).empty());
+}
+
+TEST_P(EveryType, AFixedRangeKeepsSeriesInsideThePlot) {
+  ChartModel model = ModelOf(GetParam(), {{-5, 1e300, 12.5, 3}});
+  model.valueRange = ValueRange{2.25, 13, false};
+  const ChartScene chart = Build(model);
+  EXPECT_EQ(chart.lanes[0].plot.Y(2.25), chart.plot.front.Bottom());
+  EXPECT_EQ(chart.lanes[0].plot.Y(13), chart.plot.front.y);
+  bool clipped = false;
+  for (const SceneShape& shape : chart.scene.Shapes()) {
+    if (shape.kind == SceneShape::Kind::kClip) {
+      EXPECT_EQ(shape.box.height, chart.plot.Reach().height);
+      clipped = true;
+    }
+    if (shape.kind == SceneShape::Kind::kUnclip) clipped = false;
+    for (const PointF& point : chart.scene.Points(shape)) {
+      EXPECT_TRUE(clipped || point.y >= 0) << point.y;
+      EXPECT_LT(std::abs(point.y), 5000);
+    }
+  }
 }
 
 }  // namespace

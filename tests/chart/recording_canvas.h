@@ -32,6 +32,8 @@ class RecordingCanvas : public Canvas {
   void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override {
     drawn.Text({std::string(text), at, font, color, align});
   }
+  void Clip(const Rect& box) override { drawn.Clip(box); }
+  void Unclip() override { drawn.Unclip(); }
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override {
     return {static_cast<double>(text.size()) * font.points * 0.8, font.points * 1.5};
   }
@@ -51,6 +53,7 @@ class RecordingCanvas : public Canvas {
 class RecordingPictures : public PictureRenderer {
  public:
   std::vector<std::string> texts;  ///< on the last picture
+  std::string PngBytes(const Bitmap& picture) override { return "PNG of " + std::to_string(picture.width); }
   Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override {
     RecordingCanvas canvas(size);
     paint(canvas);

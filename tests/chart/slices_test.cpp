@@ -7,6 +7,8 @@
 
 #include "chart/file/chart_source.h"
 #include "chart/file/slice_reader.h"
+#include "chart/measure/point_search.h"
+#include "chart/measure/range_statistics.h"
 #include "chart/view/scroll_range.h"
 #include "recording/file/field_value.h"
 #include "recording/file/point_reader.h"
@@ -190,6 +192,86 @@ TEST(ScrollRangeTest, MapsPositionsToPointsAndBack) {
     EXPECT_TRUE(maximum <= 0 || ScrollValue(start - 21, points, division, maximum) == value) << points;
   }
   EXPECT_THROW(static_cast<void>(SliceStart(2'147'483'647, 100, 1, 75, 75)), RunTimeError);
+}
+
+std::string ValueRows(const std::vector<std::string>& values) {
+  std::string rows;
+  for (const std::string& value : values) rows += "08:00:00#" + value + "#####\r\n";
+  return rows;
+}
+
+TEST_F(SliceReaderTest, MeasuresARangeOfTheFileWithoutGapsAndFailedReadings) {
+  Open(ValueRows({"100", "1", "4", "--", "3", "0", "9", "2", "100"}));
+  header.ScanTime = "500";
+  header.Unit = "ms";
+  const PointClock clock(header, nullptr, fakes.locale);
+  FailedReadings failed;
+  failed[0].Note(7, {ReadFailure::kNoAnswer, ""});
+  const auto measured = MeasureRange(source, {2, 8, 2, &clock, &failed}, {".", ","});
+  ASSERT_TRUE(measured);
+  const SeriesStatistics& numbers = measured->at(0);  // 1, 4, 3, 0, 2 at 0, 0.5, 1.5, 2 and 3 seconds
+  EXPECT_THAT((std::array{numbers.count, numbers.leftOut}), ElementsAre(5, 2));
+  EXPECT_THAT((std::array{numbers.minimum, numbers.maximum}), ElementsAre(0, 4));
+  EXPECT_EQ(numbers.mean, 2);
+  EXPECT_DOUBLE_EQ(numbers.rms, std::sqrt(6.0));
+  EXPECT_DOUBLE_EQ(numbers.slope, -1.5 / 5.7);
+  EXPECT_DOUBLE_EQ(numbers.integral, 1.25 + 0.75);
+  EXPECT_EQ(numbers.crossings, 2);
+  EXPECT_EQ(measured->at(1).rms, 0) << "an empty field is a zero";
+  const auto one = MeasureRange(source, {4, 4, 1, nullptr, nullptr}, {".", ","})->at(0);
+  EXPECT_THAT((std::array{one.count, one.leftOut}), ElementsAre(0, 1));
+  EXPECT_TRUE(std::isnan(one.mean));
+}
+
+TEST_F(SliceReaderTest, MeasuresMoreRowsThanItKeepsInTwoPassesAndGivesUpWhenAsked) {
+  constexpr std::int64_t kRows = 250'010;
+  std::string rows;
+  for (std::int64_t i = 0; i < kRows; ++i) rows += i % 2 == 0 ? "#100000.1#####\n" : "#100000.3#####\n";
+  Open(rows);
+  const auto numbers = MeasureRange(source, {1, kRows, 1, nullptr, nullptr}, {".", ","})->at(0);
+  EXPECT_DOUBLE_EQ(numbers.mean, 100000.2);
+  EXPECT_EQ(numbers.crossings, kRows - 1);
+  EXPECT_FALSE(
+      MeasureRange(source, {1, kRows, 1, nullptr, nullptr}, {".", ","}, [](double part) { return part < 0.6; }));
+  Open("#1#####\nrubbish\n");
+  EXPECT_THROW((void)MeasureRange(source, {1, 2, 1, nullptr, nullptr}, {".", ","}), RunTimeError);
+}
+
+TEST_F(SliceReaderTest, FindsCrossingsChangesGapsAndFailedReadingsInBothDirections) {
+  std::vector<std::string> values(70000, "5");
+  for (std::size_t i = 0; i < 3; ++i) values[i] = "--";
+  values[9] = "20";
+  for (std::size_t i = 65000; i < 69000; ++i) values[i] = "--";
+  for (std::size_t i = 69000; i < values.size(); ++i) values[i] = "30";
+  Open(ValueRows(values));
+  FailedReadings failed;
+  failed[0].Append({40, 49, 10, {ReadFailure::kChecksum, ""}});
+  using enum SearchFor;
+  constexpr std::int64_t kNone = 0;
+  const std::tuple<SearchFor, double, std::int64_t, std::int64_t, std::int64_t> cases[] = {
+      // What, value, from; found forwards, found backwards.
+      {kCrossing, 12, 5, 10, kNone},
+      {kCrossing, 12, 10, 11, kNone},
+      {kCrossing, 20, 11, 69001, 10},
+      {kCrossing, 12, 70001, kNone, 69001},
+      {kCrossing, 12, 66000, 69001, 11},
+      {kChange, 0, 12, 65001, 11},
+      {kGap, 0, 0, 1, kNone},
+      {kGap, 0, 69500, kNone, 65001},
+      {kGap, 0, 65001, kNone, 1},
+      {kFailed, 0, 39, 40, kNone},
+      {kFailed, 0, 45, kNone, 40},
+      {kFailed, 0, 40, kNone, kNone}};
+  for (const auto& [what, value, from, after, before] : cases) {
+    for (const bool forward : {true, false}) {
+      const PointSearch search = FindPoint(source, {what, 0, value, forward}, from, 70000, &failed, {".", ","});
+      EXPECT_EQ(search.found ? search.found->point : kNone, forward ? after : before)
+          << static_cast<int>(what) << " from " << from << " forward " << forward;
+    }
+  }
+  const auto texts = FindPoint(source, {kCrossing, 0, 12, false}, 70001, 70000, nullptr, {".", ","}).found;
+  EXPECT_EQ(texts->before + ">" + texts->text, "5>30");
+  EXPECT_TRUE(FindPoint(source, {kGap, 0, 0, false}, 60000, 70000, nullptr, {}, [](double) { return false; }).givenUp);
 }
 
 }  // namespace

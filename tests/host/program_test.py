@@ -486,7 +486,9 @@ class RenderTest(ProgramCase):
 
     def chart(self, name, values):
         rows = "".join(f"08:00:00#{v % 17}#####\r\n" if v >= 0 else "rubbish\r\n" for v in values)
-        self.put(name, "[INFO]\r\nNumber of Parameters=1\r\nNumber of Points=60\r\n[TIME/CONTENT]\r\n" + rows)
+        times = "" if name == "bad.cht" else "Scan Time=1\r\nUnit=s\r\nStart Time=23:59:30\r\n"
+        self.put(name, "[INFO]\r\nNumber of Parameters=1\r\nNumber of Points=60\r\n" + times +
+                 "[TIME/CONTENT]\r\n" + rows)
 
     def render(self, name, *options):
         done = self.run_program("render", name, "--output", "out.png", *options)
@@ -495,7 +497,8 @@ class RenderTest(ProgramCase):
     def test_draws_what_the_options_choose(self):
         pictures = {options: self.render("one.cht", *options)[1] for options in [
             *(("--type", str(kind)) for kind in range(8)), ("--grid", "on"), ("--markers", "on"), ("--lines", "off"),
-            ("--scale", "2"), ("--first", "2"), ("--points-per-division", "2"), ("--size", "640x480")]}
+            ("--scale", "2"), ("--first", "2"), ("--points-per-division", "2"), ("--axis", "elapsed"),
+            ("--axis", "time"), ("--lanes",), ("--legend",), ("--hide", "1"), ("--size", "640x480")]}
         for options, picture in pictures.items():
             size = (640, 480) if options[0] == "--size" else (1280, 720)
             self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n", options)
@@ -510,6 +513,8 @@ class RenderTest(ProgramCase):
                 ("one.cht", ("--first", "0"), 2, "--first"), ("one.cht", ("--first", "61"), 2, "60 points"),
                 ("one.cht", ("--points-per-division", "1311"), 2, "--points-per-division"),
                 ("one.cht", ("--scale", "1,x"), 2, "--scale"), ("one.cht", ("--grid", "yes"), 2, "--grid"),
+                ("one.cht", ("--axis", "days"), 2, "--axis"), ("one.cht", ("--hide", "5"), 2, "--hide"),
+                ("bad.cht", ("--axis", "time", "--first", "1"), 2, "--axis"),
                 ("none.cht", (), 1, "none.cht"), ("bad.cht", (), 1, "rubbish")]:
             done, _ = self.render(name, *options)
             self.assertEqual((done.returncode, text in done.stderr), (code, True), (options, done.stderr))

@@ -26,12 +26,24 @@ class NoHelp : public Help {
 /// A clipboard that only this process sees.
 class ProcessClipboard : public Clipboard {
  public:
-  void Clear() override { picture_.reset(); }
-  void SetPicture(const Bitmap& picture) override { picture_ = picture; }
+  void Clear() override {
+    picture_.reset();
+    text_.clear();
+  }
+  void SetPicture(const Bitmap& picture) override {
+    Clear();
+    picture_ = picture;
+  }
+  void SetText(const std::string& text) override {
+    Clear();
+    text_ = text;
+  }
   [[nodiscard]] std::optional<Bitmap> Picture() override { return picture_; }
+  [[nodiscard]] const std::string& Text() const noexcept { return text_; }
 
  private:
   std::optional<Bitmap> picture_;
+  std::string text_;
 };
 
 /// Every operation throws RunTimeError 482.

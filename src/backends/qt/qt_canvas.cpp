@@ -1,6 +1,7 @@
 // Drawing with QPainter.
 #include "backends/qt/qt_canvas.h"
 
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
@@ -10,6 +11,7 @@
 #include <cstring>
 
 #include "backends/qt/qt_text.h"
+#include "platform/run_time_error.h"
 
 namespace chartproject {
 
@@ -173,9 +175,29 @@ void QtCanvas::DrawText(std::string_view text, PointF at, const Font& font, Colo
   painter_.drawText(QPointF(x, at.y + metrics.ascent()), qText);
 }
 
+void QtCanvas::Clip(const Rect& box) {
+  painter_.save();
+  painter_.setClipRect(ToQRect(box), Qt::IntersectClip);
+}
+
+void QtCanvas::Unclip() {
+  painter_.restore();
+  smooth_ = painter_.testRenderHint(QPainter::Antialiasing);
+}
+
 Size QtCanvas::MeasureText(std::string_view text, const Font& font) const {
   const QFontMetricsF metrics(FontOf(font));
   return {metrics.horizontalAdvance(ToQt(text)), metrics.height()};
+}
+
+std::string QtPictureRenderer::PngBytes(const Bitmap& picture) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  if (!ToQImage(picture).save(&buffer, "PNG")) {
+    throw RunTimeError(error_number::kInvalidPicture, Text::kPictureNotWritten, {"PNG"});
+  }
+  return bytes.toStdString();
 }
 
 Bitmap QtPictureRenderer::Render(Size size, double scale, const std::function<void(Canvas&)>& paint) {

@@ -25,6 +25,8 @@ class QtCanvas : public Canvas {
   void FillCrisp(std::span<const PointF> points, Color fill) override;
   void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override;
   void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override;
+  void Clip(const Rect& box) override;
+  void Unclip() override;
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
 
  private:
@@ -43,6 +45,7 @@ class QtCanvas : public Canvas {
 class QtPictureRenderer : public PictureRenderer {
  public:
   [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
+  [[nodiscard]] std::string PngBytes(const Bitmap& picture) override;
 };
 
 [[nodiscard]] QImage ToQImage(const Bitmap& bitmap);

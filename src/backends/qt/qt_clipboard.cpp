@@ -6,6 +6,7 @@
 #include <QImage>
 
 #include "backends/qt/qt_canvas.h"
+#include "backends/qt/qt_text.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -26,6 +27,10 @@ void QtClipboard::Clear() {
 
 void QtClipboard::SetPicture(const Bitmap& picture) {
   SystemClipboard().setImage(ToQImage(picture));
+}
+
+void QtClipboard::SetText(const std::string& text) {
+  SystemClipboard().setText(ToQt(text).remove('\r'));
 }
 
 std::optional<Bitmap> QtClipboard::Picture() {

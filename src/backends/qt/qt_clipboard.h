@@ -9,6 +9,7 @@ class QtClipboard : public Clipboard {
  public:
   void Clear() override;
   void SetPicture(const Bitmap& picture) override;
+  void SetText(const std::string& text) override;
   [[nodiscard]] std::optional<Bitmap> Picture() override;
 };
 

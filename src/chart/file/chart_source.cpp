@@ -90,4 +90,28 @@ SliceReading ChartSource::Read(std::int32_t startLine, std::int32_t endLine, int
   return ReadSlice(*file, index_, startLine, endLine, columns, ports_.locale.Numbers(), progress);
 }
 
+bool ChartSource::ForEach(std::int64_t first, std::int64_t last, const PointTaker& take, const ScanProgress& progress) {
+  constexpr std::int64_t kLinesPerReport = 32768;
+  constexpr std::size_t kMostShown = 80;
+  if (!HasPoints()) return true;
+  const std::int64_t before = std::int64_t{firstLine_} - 1;
+  const auto file = ports_.files.OpenForReading(fileName_);
+  const LineSearch search = index_.Find(*file, before + first, progress);
+  if (search.end == LineSearchEnd::kGivenUp) return false;
+  PointReader points(*file, {search.place.line, search.place.offset});
+  points.SkipTo(before + first);
+  const double total = static_cast<double>(std::max<std::int64_t>(1, last - first + 1));
+  for (PointLine line; points.NextNumber() <= before + last && points.Next(line);) {
+    const std::int64_t point = line.number - before;
+    const bool report = point % kLinesPerReport == 0 && progress;
+    if (report && !progress(static_cast<double>(point - first) / total)) return false;
+    if (line.kind == LineKind::kMalformed) {
+      throw RunTimeError(error_number::kInvalidFileFormat, Text::kLineIsNotAPoint,
+                         {fileName_, std::to_string(line.number), std::string(line.text.substr(0, kMostShown))});
+    }
+    if (line.kind == LineKind::kPoint && !take(point, line.row)) return false;
+  }
+  return true;
+}
+
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +13,10 @@
 #include "recording/file/point_reader.h"
 
 namespace chartproject {
+
+/// Receives a point by its number, counted from 1; returning false ends the reading. The row's texts hold until it
+/// returns.
+using PointTaker = std::function<bool(std::int64_t point, const ChartRow& row)>;
 
 /// Between two reads the file is closed; each read finds out whether it is still the same one.
 class ChartSource {
@@ -43,6 +48,11 @@ class ChartSource {
   /// Throws RunTimeError when the file cannot be read.
   [[nodiscard]] SliceReading Read(std::int32_t startLine, std::int32_t endLine, int columns,
                                   const ScanProgress& progress = {});
+  /// Reads points one after the other, however many there are, up to the end of the file at most. False when `take` or
+  /// the progress function ended it. Throws RunTimeError 321 at a line that is not a point, and when the file cannot be
+  /// read.
+  /// @param first,last numbers of points
+  bool ForEach(std::int64_t first, std::int64_t last, const PointTaker& take, const ScanProgress& progress = {});
 
  private:
   [[nodiscard]] std::uint64_t HeaderPrint(InputFile& file) const;

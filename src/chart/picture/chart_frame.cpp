@@ -80,15 +80,14 @@ void DrawLevel(const Plot& plot, double y, const Pen& pen, Scene& scene) {
   }
 }
 
-void DrawGrid(const ChartModel& model, const ChartLayout& layout, Scene& scene) {
-  const Plot& plot = layout.plot;
+void DrawGrid(const ChartModel& model, const CategoryAxis& categories, const Plot& plot, Scene& scene) {
   const Color color = Darker(model.backdrop, 0.14);
   const Pen valuePen{.color = color, .style = StyleOf(model.valueGrid != 0 ? model.valueGrid : model.secondValueGrid)};
   for (int i = 0; i < plot.axis.TickCount(); ++i) DrawLevel(plot, Crisp(plot.Y(plot.axis.Tick(i))), valuePen, scene);
 
   const Pen rowPen{.color = color, .style = StyleOf(model.categoryGrid)};
-  for (const int row : layout.categories.tickRows) {
-    const double x = Crisp(plot.X(row));
+  for (const double position : categories.ticks) {
+    const double x = Crisp(plot.Edge(position));
     const PointF floor{x, plot.front.Bottom()};
     const PointF top{x, plot.front.y};
     if (plot.depthX > 0) {
@@ -97,7 +96,7 @@ void DrawGrid(const ChartModel& model, const ChartLayout& layout, Scene& scene) 
       scene.Line(floor, top, rowPen);
     }
   }
-  if (plot.axis.firstTick < 0 && plot.axis.lastTick > 0) {
+  if (plot.axis.Minimum() < 0 && plot.axis.Maximum() > 0) {
     DrawLevel(plot, Crisp(plot.BaseY()), {.color = Darker(model.backdrop, 0.42)}, scene);
   }
 }
@@ -118,7 +117,8 @@ void DrawTitles(const ChartModel& model, const ChartLayout& layout, Size size, c
 void DrawLegend(const ChartModel& model, const ChartLayout& layout, Scene& scene) {
   if (!layout.legend) return;
   double y = layout.legend->y;
-  for (const ChartSeries& series : model.series) {
+  for (const int column : VisibleSeries(model)) {
+    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
     const Rect swatch{layout.legend->x, y + (layout.textHeight - kSwatchSize) / 2, kSwatchSize, kSwatchSize};
     scene.FillRect(swatch, series.color);
     StrokeRect(swatch, {.color = EdgeTone(series.color)}, scene);
@@ -127,34 +127,53 @@ void DrawLegend(const ChartModel& model, const ChartLayout& layout, Scene& scene
   }
 }
 
-}  // namespace
-
-void DrawChartBackground(const ChartModel& model, const ChartLayout& layout, Size size, Scene& scene) {
-  DrawBackdrop(model, size, scene);
-  DrawWalls(model, layout.plot, scene);
-  DrawGrid(model, layout, scene);
-}
-
-void DrawChartAxes(const ChartModel& model, const ChartLayout& layout, Size size, const Canvas& canvas, Scene& scene) {
-  const Plot& plot = layout.plot;
+/// The lines of a lane's axes, its ticks and their texts, and its title with the colour of its series.
+void DrawValueAxis(const ChartModel& model, const ChartLayout& layout, const ChartLane& lane, const Canvas& canvas,
+                   Scene& scene) {
+  const Plot& plot = lane.plot;
   const Pen pen{.color = kAxisColor};
   const double left = plot.front.x - 0.5;
   const double bottom = plot.front.Bottom() + 0.5;
   scene.Line({left, plot.front.y}, {left, bottom}, pen);
   scene.Line({left, bottom}, {plot.front.Right(), bottom}, pen);
-  for (const int row : layout.categories.tickRows) {
-    const double x = Crisp(plot.X(row));
-    scene.Line({x, bottom}, {x, bottom + kTickLength}, pen);
-  }
-  for (std::size_t i = 0; i < layout.valueTexts.size(); ++i) {
+  for (std::size_t i = 0; i < lane.valueTexts.size(); ++i) {
     const double y = plot.Y(plot.axis.Tick(static_cast<int>(i)));
     scene.Line({left - kTickLength, Crisp(y)}, {left, Crisp(y)}, pen);
     const PointF at{plot.front.x - kTickLength - kTickGap, std::round(y - layout.textHeight / 2)};
-    scene.Text({layout.valueTexts[i], at, layout.font, kTextColor, Align::kRight});
+    scene.Text({lane.valueTexts[i], at, layout.font, kTextColor, Align::kRight});
+  }
+  const double room = plot.front.width - kSwatchSize - kTickGap;
+  if (lane.title.empty() || canvas.MeasureText(lane.title, layout.font).width > room) return;
+  const Color color = model.series[static_cast<std::size_t>(lane.series.front())].color;
+  const Rect swatch{plot.front.x, std::round(lane.titleY + (layout.textHeight - kSwatchSize) / 2), kSwatchSize,
+                    kSwatchSize};
+  scene.FillRect(swatch, color);
+  StrokeRect({swatch.x + 0.5, swatch.y + 0.5, kSwatchSize - 1, kSwatchSize - 1}, {.color = EdgeTone(color)}, scene);
+  scene.Text({lane.title, {swatch.Right() + kTickGap + 2, lane.titleY}, layout.font, kTextColor, Align::kLeft});
+}
+
+}  // namespace
+
+void DrawChartBackground(const ChartModel& model, const ChartLayout& layout, Size size, Scene& scene) {
+  DrawBackdrop(model, size, scene);
+  for (const ChartLane& lane : layout.lanes) {
+    DrawWalls(model, lane.plot, scene);
+    DrawGrid(model, layout.categories, lane.plot, scene);
+  }
+}
+
+void DrawChartAxes(const ChartModel& model, const ChartLayout& layout, Size size, const Canvas& canvas, Scene& scene) {
+  for (const ChartLane& lane : layout.lanes) DrawValueAxis(model, layout, lane, canvas, scene);
+  const Rect& lowest = layout.lanes.back().plot.front;
+  for (const double position : layout.categories.ticks) {
+    const double x = Crisp(layout.plot.Edge(position));
+    scene.Line({x, lowest.Bottom() + 0.5}, {x, lowest.Bottom() + 0.5 + kTickLength}, {.color = kAxisColor});
   }
   for (const CategoryLabel& label : layout.categories.labels) {
-    const PointF at{plot.Edge(label.position), plot.front.Bottom() + kTickLength + kTickGap};
+    const PointF at{layout.plot.Edge(label.position), lowest.Bottom() + kTickLength + kTickGap};
     scene.Text({label.text, at, layout.font, kTextColor, Align::kCenter});
+    if (label.date.empty()) continue;
+    scene.Text({label.date, {at.x, at.y + layout.textHeight}, layout.font, kTextColor, Align::kCenter});
   }
   if (layout.hasTitles) DrawTitles(model, layout, size, canvas, scene);
   DrawLegend(model, layout, scene);

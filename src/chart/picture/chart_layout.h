@@ -11,10 +11,19 @@
 
 namespace chartproject {
 
-struct ChartLayout {
+/// One value axis with the series that belong to it.
+struct ChartLane {
   Plot plot;
-  CategoryAxis categories;
+  std::vector<int> series;              ///< columns of the model
   std::vector<std::string> valueTexts;  ///< one a tick of the value axis; empty where there is no room for them
+  std::string title{};                  ///< above it, in the tone of its series; empty where lanes are not shown
+  double titleY = 0;
+};
+
+struct ChartLayout {
+  Plot plot;                     ///< of all lanes together; its value axis is the first lane's
+  std::vector<ChartLane> lanes;  ///< from top to bottom, one at least
+  CategoryAxis categories;
   Font font;
   Font titleFont;
   double textHeight = 0;
@@ -30,7 +39,7 @@ inline constexpr double kTickGap = 3.0;      ///< between a tick and its label
 inline constexpr double kSwatchSize = 10.0;  ///< of the legend
 
 /// Lays a chart out in `size`. Where room is short, titles and legend are left out first, then labels; nothing
-/// overlaps. The plot's front has whole coordinates, so that grid lines and bars are crisp.
+/// overlaps. The plots' fronts have whole coordinates, so that grid lines and bars are crisp.
 [[nodiscard]] ChartLayout LayOutChart(const ChartModel& model, Size size, const Canvas& canvas,
                                       const NumberFormat& format);
 

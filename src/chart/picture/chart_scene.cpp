@@ -20,14 +20,38 @@ std::optional<int> ChartScene::RowAt(PointF at) const {
   return std::min(plot.rows - 1, static_cast<int>((at.x - front.x) / plot.RowWidth()));
 }
 
+const SceneLane* ValueAxisAt(const std::vector<SceneLane>& lanes, PointF at) {
+  for (const SceneLane& lane : lanes) {
+    const Rect& front = lane.plot.front;
+    if (at.x >= 0 && at.x < front.x && at.y >= front.y && at.y <= front.Bottom()) return &lane;
+  }
+  return nullptr;
+}
+
+namespace {
+
+/// The series of a lane over the failed rows' bands. @param model of those series alone
+void DrawLane(const ChartModel& model, Plot& plot, Scene& scene) {
+  constexpr double kDenseColumn = 3;
+  if (Is3d(model.kind) && IsDense(plot, kDenseColumn)) plot.depthRows = RowsByHeight(model);
+  DrawFailedRows(model, plot, scene);
+  const bool clipped = !plot.axis.ends.empty;
+  if (clipped) scene.Clip(plot.Reach());
+  Is3d(model.kind) ? DrawSolidSeries(model, plot, scene) : DrawFlatSeries(model, plot, scene);
+  if (clipped) scene.Unclip();
+}
+
+}  // namespace
+
 ChartScene BuildChartScene(const ChartModel& model, Size size, const Canvas& canvas, const NumberFormat& format) {
   const ChartLayout layout = LayOutChart(model, size, canvas, format);
-  ChartScene chart{.size = size, .font = layout.font, .plot = layout.plot, .scene = {}};
-  constexpr double kDenseColumn = 3;
-  if (Is3d(model.kind) && IsDense(chart.plot, kDenseColumn)) chart.plot.depthRows = RowsByHeight(model);
+  ChartScene chart{.size = size, .font = layout.font, .plot = layout.plot, .lanes = {}, .scene = {}};
   DrawChartBackground(model, layout, size, chart.scene);
-  DrawFailedRows(model, chart.plot, chart.scene);
-  Is3d(model.kind) ? DrawSolidSeries(model, chart.plot, chart.scene) : DrawFlatSeries(model, chart.plot, chart.scene);
+  for (const ChartLane& lane : layout.lanes) {
+    chart.lanes.push_back({lane.plot, lane.series});
+    const bool whole = lane.series.size() == model.series.size();
+    DrawLane(whole ? model : PartOf(model, lane.series), chart.lanes.back().plot, chart.scene);
+  }
   DrawChartAxes(model, layout, size, canvas, chart.scene);
   return chart;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "chart/picture/geometry/chart_model.h"
 #include "chart/picture/geometry/plot.h"
@@ -11,15 +12,25 @@
 
 namespace chartproject {
 
+/// Series that share a value axis.
+struct SceneLane {
+  Plot plot;
+  std::vector<int> series;  ///< columns of the model, in the order of drawing
+};
+
 struct ChartScene {
   Size size;
-  Font font;  ///< of the labels
-  Plot plot;
+  Font font;                     ///< of the labels
+  Plot plot;                     ///< over all lanes: for the place of rows
+  std::vector<SceneLane> lanes;  ///< from top to bottom, one at least
   Scene scene;
 
   /// The row whose slot holds a point of the plot (its depth included); nothing outside it.
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;
 };
+
+/// The lane whose value axis, left of its plot, is at a point; null for a point that is not over an axis.
+[[nodiscard]] const SceneLane* ValueAxisAt(const std::vector<SceneLane>& lanes, PointF at);
 
 /// Works the chart out; `canvas` only measures texts. The same model, size and measures give the same scene. The cost
 /// of painting it follows the size, not the number of rows.

@@ -47,6 +47,13 @@ ChartModel BuildChart(const Slice& slice, const ChartExtent& extent, const Chart
   ShowGrid(model, look.grid);
   ShowMarkers(model, look.markers);
   ShowLines(model, look.lines);
+  model.lanes = look.lanes;
+  model.legendVisible = look.legend;
+  model.valueRange = look.valueRange;
+  for (std::size_t column = 0; column < model.series.size(); ++column) {
+    model.series[column].visible = !look.hidden[column];
+    model.series[column].range = look.laneRanges[column];
+  }
   return model;
 }
 

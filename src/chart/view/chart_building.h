@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "chart/file/slice_reader.h"
 #include "chart/picture/geometry/chart_model.h"
@@ -15,8 +16,14 @@ struct ChartLook {
   bool grid = false;
   bool lines = true;
   bool markers = false;
-  bool failures = true;                                       ///< readings that failed are shaded
-  std::array<std::int16_t, kColumnCount> scales{1, 1, 1, 1};  ///< multipliers of the series, 1 to 32767
+  CategoryUnit axis = CategoryUnit::kPoints;  ///< points where the file does not have the times
+  bool lanes = false;                         ///< one value axis a series
+  bool legend = false;                        ///< names of the series beside the plot
+  std::array<bool, kColumnCount> hidden{};    ///< series that are not drawn
+  std::optional<ValueRange> valueRange{};     ///< of the common axis; nothing for that of the data
+  std::array<std::optional<ValueRange>, kColumnCount> laneRanges{};  ///< of the lanes
+  bool failures = true;                                              ///< readings that failed are shaded
+  std::array<std::int16_t, kColumnCount> scales{1, 1, 1, 1};         ///< multipliers of the series, 1 to 32767
 };
 
 /// What a chart shows of its slice.

@@ -34,6 +34,7 @@ void ChartView::Open(const std::string& fileName) {
   pointsPerDivision_ = shownPointsPerDivision_ = 1;
   ScrollTo(source_.FirstLine());
   LoadReadings();
+  clock_ = PointClock(header_, RealTimes(), ports_.locale);
 }
 
 /// A companion that cannot be used is a notice: the chart is worth showing without it.
@@ -156,7 +157,39 @@ bool ChartView::ReturnIntoFile() {
 ChartModel ChartView::Model(const ChartLook& look) const {
   ChartModel model = BuildChart(slice_, {seriesCount_, shownPointsPerDivision_, FirstLine()}, look);
   for (std::size_t s = 0; look.failures && s < model.series.size(); ++s) model.series[s].failed = FailedRows(s);
+  CountTimes(AxisFor(look.axis), model);
+  TitleSeries(look, model);
   return model;
+}
+
+/// "P002 Motor speed" in the legend; "Motor speed, rpm", with the scale where it is not 1, over a lane.
+void ChartView::TitleSeries(const ChartLook& look, ChartModel& model) const {
+  for (std::size_t s = 0; s < model.series.size(); ++s) {
+    const ViewedSeries viewed = Series(static_cast<int>(s));
+    const std::string number = viewed.number.empty() ? std::to_string(s + 1) : viewed.number;
+    const std::string name = viewed.name.value_or("");
+    model.series[s].label = number + (name.empty() ? "" : " " + name);
+    std::string& title = model.series[s].axisTitle;
+    title = name.empty() ? number : name;
+    if (!viewed.unit.empty()) title += ", " + viewed.unit;
+    if (look.scales[s] != 1) title += " \u00D7 " + std::to_string(look.scales[s]);
+  }
+}
+
+CategoryUnit ChartView::AxisFor(CategoryUnit wanted) const noexcept {
+  if (wanted == CategoryUnit::kPoints || !clock_.Known()) return CategoryUnit::kPoints;
+  return clock_.FirstOfDay() ? wanted : CategoryUnit::kElapsed;
+}
+
+void ChartView::CountTimes(CategoryUnit unit, ChartModel& model) const {
+  model.categoryUnit = unit;
+  if (unit == CategoryUnit::kPoints) return;
+  const double first = static_cast<double>(model.firstRowLabel);
+  const double origin = unit == CategoryUnit::kTimeOfDay ? clock_.FirstOfDay().value_or(0) : 0;
+  for (const ClockKnot& knot : clock_.Knots(first, first + std::max(1, model.rowCount - 1))) {
+    model.rowTimes.push_back({knot.point - first, knot.milliseconds + origin});
+  }
+  model.dateText = [clock = clock_](std::int64_t day) { return clock.DateText(day); };
 }
 
 std::vector<RowRange> ChartView::FailedRows(std::size_t series) const {
@@ -187,9 +220,12 @@ ViewedSeries ChartView::Series(int series) const {
   if (series >= seriesCount_) return {};
   const std::string& text = header_.*kParameterNumbers.at(static_cast<std::size_t>(series));
   const NumberFormat& format = ports_.locale.Numbers();
-  ViewedSeries viewed{HeaderParameterName(text, format), std::nullopt};
+  ViewedSeries viewed{HeaderParameterName(text, format), std::nullopt, {}};
   const auto parameter = HeaderParameter(text, format);
-  if (parameter && names_ != nullptr) viewed.name = names_->At(*parameter).name;
+  if (parameter && names_ != nullptr) {
+    viewed.name = names_->At(*parameter).name;
+    viewed.unit = names_->At(*parameter).text5;
+  }
   return viewed;
 }
 

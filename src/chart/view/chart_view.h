@@ -13,6 +13,7 @@
 #include "chart/view/scroll_range.h"
 #include "common/environment/language.h"
 #include "recording/companion/companion.h"
+#include "recording/companion/point_clock.h"
 
 namespace chartproject {
 
@@ -26,6 +27,7 @@ struct MalformedLine {
 struct ViewedSeries {
   std::string number;               ///< as in "P005"; empty when the header names none
   std::optional<std::string> name;  ///< from the drive's parameter tables; nothing when the header's text names none
+  std::string unit{};               ///< from the same tables, for example "rpm"; empty where it is not known
 };
 
 /// A slice is chosen by ScrollTo and SetPointsPerDivision, and shown once Load has read it.
@@ -90,6 +92,15 @@ class ChartView {
   /// Why the reading of a point failed; nothing when it did not, as far as is known.
   /// @param series counted from 0; @param point its number in the file, from 1
   [[nodiscard]] std::optional<ReadOutcome> Failure(int series, std::int64_t point) const;
+  /// The file, for what is read beyond the slice.
+  [[nodiscard]] ChartSource& Source() noexcept { return source_; }
+  /// Readings that failed; null where none are known.
+  [[nodiscard]] const FailedReadings* Failed() const noexcept { return companion_ ? &companion_->failed : nullptr; }
+  /// The times of the points, see PointClock::Known.
+  [[nodiscard]] const PointClock& Clock() const noexcept { return clock_; }
+  /// What the category axis can count of what was asked for: points where the times are not known, and the time since
+  /// the first point where only the time of day is not.
+  [[nodiscard]] CategoryUnit AxisFor(CategoryUnit wanted) const noexcept;
   /// The real times of the points; null when they are those of the header.
   [[nodiscard]] const PointTimes* RealTimes() const noexcept;
   /// The header in the user's words, with notices of where header and points disagree.
@@ -111,6 +122,8 @@ class ChartView {
   [[nodiscard]] std::int32_t LinesOf(const PointCount& count) const;
   void Take(Slice slice);
   void LoadReadings();
+  void TitleSeries(const ChartLook& look, ChartModel& model) const;
+  void CountTimes(CategoryUnit unit, ChartModel& model) const;
   [[nodiscard]] std::vector<RowRange> FailedRows(std::size_t series) const;
 
   const Ports& ports_;
@@ -121,6 +134,7 @@ class ChartView {
   MalformedLine fault_;
   std::vector<Notice> notices_;  ///< about the file as a whole
   std::optional<Companion> companion_;
+  PointClock clock_;
   std::int32_t points_ = 0;
   int seriesCount_ = 0;
   std::int32_t start_ = 0;

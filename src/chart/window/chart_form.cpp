@@ -1,6 +1,7 @@
 // The chart window: files, slices, and what its sections ask for.
 #include "chart/window/chart_form.h"
 
+#include "chart/window/find_forms.h"
 #include "common/environment/language.h"
 #include "common/environment/settings_io.h"
 #include "common/error_log.h"
@@ -50,7 +51,9 @@ void ChartForm::ConnectSections() {
     return used;
   };
   mscChart1.wheel = [this](const WheelInput& input) {
-    RunHandler("mscChart1_Wheel", [&] { scroll.ScrollByWheel(input.notches); });
+    RunHandler("mscChart1_Wheel", [&] {
+      if (!axes_.ZoomByWheel(input)) scroll.ScrollByWheel(input.notches);
+    });
     return true;
   };
   mscChart1.menu = [this] { return actions_.Menu(component_); };
@@ -59,6 +62,31 @@ void ChartForm::ConnectSections() {
   switches.Offer(actions_);
   readout_.Offer(actions_);
   output.Offer(actions_);
+  OfferSearches();
+}
+
+void ChartForm::OfferSearches() {
+  axes_.Offer(actions_);
+  measure_.Offer(actions_);
+  search_.Offer(actions_);
+  axes_.changed = [this] { ShowChart(); };
+  measure_.show = search_.show = [this](std::int64_t point) { ShowPoint(point); };
+  search_.askPlace = [this] {
+    GoToForm form(component_, view_.Clock(), view_.Points(), view_.AxisFor(axes_.Unit()));
+    form.ShowModal();
+    return form.Point();
+  };
+  search_.askQuery = [this](const PointQuery& last) {
+    FindForm form(component_, readout_.Names(), last);
+    form.ShowModal();
+    return form.Query();
+  };
+}
+
+void ChartForm::ShowPoint(std::int64_t point) {
+  const ChartModel& model = mscChart1.Model();
+  if (point >= model.firstRowLabel && point - model.firstRowLabel < model.rowCount) return;
+  scroll.ScrollTo(std::int64_t{view_.FirstLine()} + point - 1 - view_.Length() / 2);
 }
 
 void ChartForm::OnLoad() {
@@ -73,6 +101,7 @@ void ChartForm::OnLoad() {
     if (control->TypeName() == "Label") static_cast<Label*>(control)->SetBorderStyle(0);
   }
   series.Prepare();
+  axes_.Prepare();
   LoadPictures();
   RestorePlace();
 }
@@ -97,6 +126,7 @@ bool ChartForm::OnQueryClose() {
 
 void ChartForm::OnUnload() {
   switches.Save();
+  axes_.Save();
   SaveConfSettings(component_);
   SavePlace();
   PlayClosingSound(component_);
@@ -136,6 +166,9 @@ void ChartForm::ShowFile(const std::string& strFileName) {
     view_.CountPoints(reading.Progress());
   }
   readout_.ForgetCursors();
+  axes_.Restart();
+  measure_.Restart();
+  search_.Restart();
   scroll.Restart();
   if (!LoadSlice()) {
     // The first slice cannot be shown, but the header can, over an empty chart without a grid.
@@ -191,6 +224,7 @@ void ChartForm::ShowSlice() {
 
 void ChartForm::ShowChart() {
   switches.Fill(look_);
+  axes_.Fill(look_);
   mscChart1.SetModel(view_.Model(look_));
 }
 

@@ -6,11 +6,14 @@
 #include "chart/view/chart_view.h"
 #include "chart/window/actions/chart_actions.h"
 #include "chart/window/control/chart_control.h"
+#include "chart/window/sections/axes_section.h"
+#include "chart/window/sections/measure_section.h"
 #include "chart/window/sections/output_section.h"
 #include "chart/window/sections/reading_section.h"
 #include "chart/window/sections/readout_section.h"
 #include "chart/window/sections/scale_section.h"
 #include "chart/window/sections/scroll_section.h"
+#include "chart/window/sections/search_section.h"
 #include "chart/window/sections/series_section.h"
 #include "chart/window/sections/switches_section.h"
 #include "forms/controls.h"
@@ -37,7 +40,7 @@ class ChartForm : public Form {
   ScrollSection scroll{*this, component_, view_, reading};
   ScaleSection scales{*this, component_};
   SwitchesSection switches{*this, component_};
-  OutputSection output{*this, component_, view_, reading};
+  OutputSection output{*this, component_, view_, mscChart1, reading};
   ReadingSection reading{*this, component_};
 
   /// Reads the header, checks the drive, finds the points and shows the first slice. An error is logged and shown.
@@ -62,6 +65,7 @@ class ChartForm : public Form {
  private:
   void NumberTexts();
   void ConnectSections();
+  void OfferSearches();
   void PlaceControls();
   void LoadPictures();
   void RestorePlace();
@@ -74,11 +78,16 @@ class ChartForm : public Form {
   void ShowSlice();
   /// The chart in the look of the switches.
   void ShowChart();
+  /// Scrolls until a point is among the rows, in their middle where the file allows it.
+  void ShowPoint(std::int64_t point);
   /// N becomes what the file holds, where the slice shows another end. True when another slice has to be read then.
   bool MeasureFile();
 
   ChartActions actions_;
   ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
+  AxesSection axes_{component_, view_, mscChart1, series};
+  MeasureSection measure_{component_, view_, mscChart1, reading, readout_};
+  SearchSection search_{component_, view_, mscChart1, reading, readout_};
 };
 
 }  // namespace chartproject

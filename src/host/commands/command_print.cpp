@@ -6,7 +6,6 @@
 
 #include "chart/output/chart_page.h"
 #include "chart/picture/chart_scene.h"
-#include "common/error_log.h"
 #include "common/values/text.h"
 #include "host/arguments/arguments.h"
 #include "host/arguments/chart_argument.h"
@@ -50,7 +49,7 @@ class PrintCommand : public Command {
 
     ChartView view(component.ports, component.chartHeader);
     LoadChosenSlice(view, component.strChartFileName, choice);
-    NameSeries(view, component);
+    NameSeriesIfKnown(view, component);
     ChartPage page = view.Page(component, choice.look);
     ChartLook look = choice.look;
     look.failures = false;  // the page is a document of the chart file alone
@@ -74,15 +73,6 @@ class PrintCommand : public Command {
       if (ToUpperAscii(paper_) == name) return size;
     }
     throw RefusedError("--paper: A3, A4, A5, Letter or Legal, not \"" + paper_ + "\"");
-  }
-
-  /// A file of a drive that the project does not have is printed with the parameters' numbers alone.
-  static void NameSeries(ChartView& view, Component& component) {
-    try {
-      if (!component.driveTable.At(view.DriveAddress()).Type.empty()) view.NameSeries(component);
-    } catch (const RunTimeError& error) {
-      NoteRunTimeError(component, "NameSeries", error);  // an address outside the table
-    }
   }
 
   std::string file_;

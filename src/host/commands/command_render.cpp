@@ -40,6 +40,7 @@ class RenderCommand : public Command {
     ChartHeader header;
     ChartView view(ports, header);
     LoadChosenSlice(view, chartFile, choice);
+    if (choice.look.lanes || choice.look.legend) NameSeriesIfKnown(view, session.Instance().State());
     const std::string png = PngBytes(DrawPicture(view.Model(choice.look), ports.locale.Numbers(), size, 1, renderer));
     // A picture that had the name is there until the new one is complete.
     PartFile part(output);

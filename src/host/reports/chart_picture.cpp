@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "acquire/dialog/input_rules.h"
+#include "common/error_log.h"
 #include "common/values/numbers.h"
 #include "host/arguments/arguments.h"
 #include "host/arguments/chart_argument.h"
@@ -32,6 +33,13 @@ bool ParseSwitch(const std::string& text, const std::string& option) {
   throw RefusedError(option + ": on or off, not \"" + text + "\"");
 }
 
+CategoryUnit ParseAxis(const std::string& text) {
+  if (text == "points") return CategoryUnit::kPoints;
+  if (text == "elapsed") return CategoryUnit::kElapsed;
+  if (text == "time") return CategoryUnit::kTimeOfDay;
+  throw RefusedError("--axis: points, elapsed or time, not \"" + text + "\"");
+}
+
 }  // namespace
 
 void ChartPictureOptions::AddTo(CLI::App& command) {
@@ -45,6 +53,13 @@ void ChartPictureOptions::AddTo(CLI::App& command) {
   command.add_option("--scale", scales_, "multiplier of each series, for example 1,10")->type_name("N[,N...]");
   command.add_option("--grid", grid_, "lines of the grid")->type_name("on|off")->capture_default_str();
   command.add_option("--markers", markers_, "a marker at each point")->type_name("on|off")->capture_default_str();
+  command.add_option("--axis", axis_, "what the category axis counts")
+      ->type_name("points|elapsed|time")
+      ->capture_default_str();
+  command.add_flag("--lanes", lanes_, "one value axis for each series, one below the other");
+  command.add_option("--hide", hidden_, "series that are left out, counted from 1, for example 2,3")
+      ->type_name("N[,N...]");
+  command.add_flag("--legend", legend_, "names of the series beside the chart");
   command.add_option("--lines", lines_, "the lines of line charts")->type_name("on|off")->capture_default_str();
 }
 
@@ -58,6 +73,14 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   look.grid = ParseSwitch(grid_, "--grid");
   look.markers = ParseSwitch(markers_, "--markers");
   look.lines = ParseSwitch(lines_, "--lines");
+  look.axis = ParseAxis(axis_);
+  look.lanes = lanes_;
+  look.legend = legend_;
+  if (!hidden_.empty()) {
+    for (const std::string& series : SplitList(hidden_)) {
+      look.hidden.at(static_cast<std::size_t>(ParseNumber(series, "--hide", 1, kColumnCount) - 1)) = true;
+    }
+  }
   if (scales_.empty()) return choice;
   const std::vector<std::string> scales = SplitList(scales_);
   if (scales.size() > look.scales.size()) throw RefusedError("--scale: four numbers at most");
@@ -72,6 +95,9 @@ void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPi
   view.Open(fileName);
   if (!view.HasPoints())
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
+  if (view.AxisFor(choice.look.axis) != choice.look.axis) {
+    throw RefusedError("--axis: the header of the file does not say the times of its points");
+  }
   view.SetPointsPerDivision(choice.pointsPerDivision);
   view.ScrollTo(std::int64_t{view.FirstLine()} + choice.first - 1);
   if (view.Load() == SliceEnd::kMalformedLine) {
@@ -83,6 +109,14 @@ void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPi
     const std::int64_t held = view.Shown().lastLine - view.FirstLine() + 1;
     throw RefusedError("--first: the file holds " + std::to_string(held) + " points, there is no point " +
                        std::to_string(choice.first));
+  }
+}
+
+void NameSeriesIfKnown(ChartView& view, Component& component) {
+  try {
+    if (!component.driveTable.At(view.DriveAddress()).Type.empty()) view.NameSeries(component);
+  } catch (const RunTimeError& error) {
+    NoteRunTimeError(component, "NameSeries", error);  // an address outside the table
   }
 }
 

@@ -30,11 +30,19 @@ class ChartPictureOptions {
   std::string grid_ = "off";
   std::string markers_ = "off";
   std::string lines_ = "on";
+  std::string axis_ = "points";
+  std::string hidden_;
+  bool lanes_ = false;
+  bool legend_ = false;
 };
 
 /// Opens a chart file in a view and loads the chosen slice. @param fileName full name
 /// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a first point that the
-/// file does not have.
+/// file does not have, or an axis of times that it does not say.
 void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice);
+
+/// Names the series by the drive's parameters; a file of a drive that the project does not have keeps their numbers
+/// alone.
+void NameSeriesIfKnown(ChartView& view, Component& component);
 
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
 #include <algorithm>
@@ -104,9 +105,16 @@ class FrameWidget : public ControlWidget {
 /// A swatch of one colour, or a group that looks like a frame without title.
 class Panel : public QFrame {
  public:
-  explicit Panel(const PictureBox& picture) : picture_(picture) {}
+  Panel(PictureBox& picture, InputGate& gate) : picture_(picture), gate_(gate) {}
 
  protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    if (!picture_.HasColor() || event->button() != Qt::LeftButton) {
+      QFrame::mousePressEvent(event);
+      return;
+    }
+    gate_.Take(picture_, [this] { picture_.Press(); });
+  }
   void paintEvent(QPaintEvent* event) override {
     if (picture_.HasColor()) {
       QFrame::paintEvent(event);
@@ -126,7 +134,8 @@ class Panel : public QFrame {
     return {mixed(ground.red(), text.red()), mixed(ground.green(), text.green()), mixed(ground.blue(), text.blue())};
   }
 
-  const PictureBox& picture_;
+  PictureBox& picture_;
+  InputGate& gate_;
 };
 
 class PictureBoxWidget : public ControlWidget {
@@ -183,9 +192,9 @@ std::unique_ptr<ControlWidget> MakeFrame(Control& control, InputGate& /*gate*/) 
   return std::make_unique<FrameWidget>(control, *new QGroupBox);
 }
 
-std::unique_ptr<ControlWidget> MakePictureBox(Control& control, InputGate& /*gate*/) {
+std::unique_ptr<ControlWidget> MakePictureBox(Control& control, InputGate& gate) {
   auto& picture = dynamic_cast<PictureBox&>(control);
-  return std::make_unique<PictureBoxWidget>(picture, *new Panel(picture));
+  return std::make_unique<PictureBoxWidget>(picture, *new Panel(picture, gate));
 }
 
 std::unique_ptr<ControlWidget> MakeProgressBar(Control& control, InputGate& /*gate*/) {

@@ -130,6 +130,15 @@ void GdiplusCanvas::DrawText(std::string_view text, PointF at, const Font& font,
                        gp::StringFormat::GenericTypographic(), &brush);
 }
 
+void GdiplusCanvas::Clip(const Rect& box) {
+  unclipped_ = graphics_.Save();
+  graphics_.SetClip(ToGdiplus(box), gp::CombineModeIntersect);
+}
+
+void GdiplusCanvas::Unclip() {
+  graphics_.Restore(unclipped_);
+}
+
 Size GdiplusCanvas::MeasureText(std::string_view text, const Font& font) const {
   const std::wstring wide = ToWide(text);
   gp::StringFormat format(gp::StringFormat::GenericTypographic());

@@ -37,12 +37,15 @@ class GdiplusCanvas : public Canvas {
   void FillCrisp(std::span<const PointF> points, Color fill) override;
   void DrawEllipse(const Rect& box, Color fill, const Pen& outline) override;
   void DrawText(std::string_view text, PointF at, const Font& font, Color color, Align align) override;
+  void Clip(const Rect& box) override;
+  void Unclip() override;
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
 
  private:
   Gdiplus::Graphics& graphics_;
   GdiplusFonts& fonts_;
   Size extent_;
+  Gdiplus::GraphicsState unclipped_{};  ///< from Clip to Unclip
 };
 
 }  // namespace chartproject::win32

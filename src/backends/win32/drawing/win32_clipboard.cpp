@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "backends/win32/drawing/clipboard_access.h"
+#include "backends/win32/wide_text.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject::win32 {
@@ -115,6 +116,21 @@ void Win32Clipboard::SetPicture(const Bitmap& picture) {
   const RequiredClipboard opened(Owner());
   EmptyClipboard();
   if (SetClipboardData(CF_DIB, memory.Get()) == nullptr) ThrowClipboardError(Text::kClipboardRefused);
+  memory.Release();  // the clipboard's own from here on
+}
+
+void Win32Clipboard::SetText(const std::string& text) {
+  const std::wstring wide = ToWide(text);
+  const std::size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
+  OwnedMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+  {
+    const LockedMemory locked(memory.Get());
+    if (locked.Get() == nullptr) ThrowClipboardError(Text::kClipboardRefused);
+    std::memcpy(locked.Get(), wide.c_str(), bytes);
+  }
+  const RequiredClipboard opened(Owner());
+  EmptyClipboard();
+  if (SetClipboardData(CF_UNICODETEXT, memory.Get()) == nullptr) ThrowClipboardError(Text::kClipboardRefused);
   memory.Release();  // the clipboard's own from here on
 }
 

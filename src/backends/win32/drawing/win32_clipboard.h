@@ -1,4 +1,4 @@
-// Pictures on the system's clipboard, as device-independent bitmaps.
+// The system's clipboard: pictures as device-independent bitmaps, and texts.
 #pragma once
 
 #include "backends/win32/handles.h"
@@ -10,6 +10,7 @@ class Win32Clipboard : public Clipboard {
  public:
   void Clear() override;
   void SetPicture(const Bitmap& picture) override;
+  void SetText(const std::string& text) override;
   [[nodiscard]] std::optional<Bitmap> Picture() override;
 
  private:

@@ -10,6 +10,7 @@ class Win32PictureRenderer : public PictureRenderer {
  public:
   explicit Win32PictureRenderer(GdiplusFonts& fonts) : fonts_(fonts) {}
   [[nodiscard]] Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override;
+  [[nodiscard]] std::string PngBytes(const Bitmap& picture) override;
 
  private:
   GdiplusFonts& fonts_;

@@ -36,6 +36,7 @@ class SwatchWidget : public Widget {
   void Apply(Property property) override;
   [[nodiscard]] Size PreferredSize() const override;
   HBRUSH Background(HDC dc) override;
+  void Command(WORD code) override;
 
  private:
   PictureBox& box_;

@@ -97,6 +97,10 @@ HBRUSH SwatchWidget::Background(HDC /*dc*/) {
   return box_.EffectivelyEnabled() ? brush_.Get() : nullptr;
 }
 
+void SwatchWidget::Command(WORD code) {
+  if (code == STN_CLICKED) box_.Press();
+}
+
 ButtonWidget::ButtonWidget(CommandButton& button, WidgetContext& context)
     : Widget(button, context, L"BUTTON", button.IsDefault() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), button_(button) {}
 

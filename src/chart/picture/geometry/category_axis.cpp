@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "chart/picture/geometry/time_axis.h"
+
 namespace chartproject {
 namespace {
 
@@ -29,6 +31,7 @@ std::int64_t RoundStride(std::int64_t rows) {
 }  // namespace
 
 CategoryAxis LayOutCategoryAxis(const ChartModel& model, const CategoryRoom& room) {
+  if (model.categoryUnit != CategoryUnit::kPoints) return LayOutTimeAxis(model, room);
   CategoryAxis axis;
   const int rows = model.rowCount;
   if (rows <= 0) return axis;
@@ -46,14 +49,14 @@ CategoryAxis LayOutCategoryAxis(const ChartModel& model, const CategoryRoom& roo
     tickStride = EvenStride(scale.divisionsPerTick, room.rowWidth, kTickDistance);
   }
 
-  for (std::int64_t row = 0; row < rows; row += tickStride) axis.tickRows.push_back(static_cast<int>(row));
+  for (std::int64_t row = 0; row < rows; row += tickStride) axis.ticks.push_back(static_cast<double>(row) + 0.5);
   const double offset = scale.automatic || scale.labelTick ? 0.5 : 0.5 * std::max(1, scale.divisionsPerLabel);
   for (std::int64_t row = 0; row < rows; row += labelStride) {
     const double position = static_cast<double>(row) + offset;
     const double half = room.textWidth(text(row)) / 2;
     const bool fits =
         position * room.rowWidth + room.leftRoom >= half && (rows - position) * room.rowWidth + room.rightRoom >= half;
-    if (fits) axis.labels.push_back({position, text(row)});
+    if (fits) axis.labels.push_back({position, text(row), {}});
   }
   return axis;
 }

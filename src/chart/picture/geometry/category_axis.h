@@ -1,4 +1,4 @@
-// The category axis: which rows carry a tick and which a label, so that labels never touch.
+// The category axis: where it has a tick and where a label, so that labels never touch.
 #pragma once
 
 #include <cstdint>
@@ -8,16 +8,18 @@
 #include <vector>
 
 #include "chart/picture/geometry/chart_model.h"
+#include "platform/locale.h"
 
 namespace chartproject {
 
 struct CategoryLabel {
   double position = 0;  ///< in rows from the axis' start; the middle of row r is r + 0.5
   std::string text;
+  std::string date{};  ///< under the text: where an axis of times begins, and where midnight passes
 };
 
 struct CategoryAxis {
-  std::vector<int> tickRows;
+  std::vector<double> ticks;  ///< positions as those of labels
   std::vector<CategoryLabel> labels;
 };
 
@@ -27,9 +29,11 @@ struct CategoryRoom {
   double leftRoom = 0;   ///< pixels that a label may reach out to the left of the axis' start
   double rightRoom = 0;  ///< and to the right of its end
   std::function<double(std::string_view)> textWidth;
+  NumberFormat numbers{};  ///< of times
 };
 
-/// One tick at each division, and one label where the labels fit; otherwise every second, third, ... one evenly.
+/// One tick at each division, and one label where the labels fit; otherwise every second, third, ... one evenly. Where
+/// the model counts times, see LayOutTimeAxis.
 [[nodiscard]] CategoryAxis LayOutCategoryAxis(const ChartModel& model, const CategoryRoom& room);
 
 }  // namespace chartproject

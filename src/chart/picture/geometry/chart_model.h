@@ -3,9 +3,12 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "chart/picture/geometry/value_axis.h"
 #include "forms/canvas.h"
 #include "texts/text.h"
 
@@ -49,6 +52,10 @@ struct ChartSeries {
   bool showLine = true;            ///< lines between the points; the outline of bars and areas
   bool showMarker = false;         ///< a mark at each point, of the series' own shape
   std::vector<RowRange> failed{};  ///< rows whose readings failed; ascending
+  bool visible = true;
+  std::string axisTitle{};            ///< over its lane: name and unit
+  std::optional<ValueRange> range{};  ///< that its lane shows; nothing where the data chooses it
+  int shape = -1;                     ///< of its markers; -1 for that of its column
 };
 
 /// Divisions of the category axis: ticks and labels are at the rows 0, n, 2n, ..., each with its own n.
@@ -57,6 +64,19 @@ struct CategoryScale {
   int divisionsPerLabel = 1;
   int divisionsPerTick = 1;
   bool labelTick = false;  ///< labels are at the ticks, not between them
+};
+
+/// What the category axis counts.
+enum class CategoryUnit : std::uint8_t {
+  kPoints,    ///< the points' numbers in the file
+  kElapsed,   ///< the time since the file's first point
+  kTimeOfDay  ///< the clock's time, with the date where midnight passes
+};
+
+/// The moment of a row; between two of them the rows are evenly spaced.
+struct RowTime {
+  double row = 0;
+  double milliseconds = 0;  ///< since the first point; of a time of day since midnight before the first point
 };
 
 struct ChartModel {
@@ -74,9 +94,20 @@ struct ChartModel {
   FrameStyle frame = FrameStyle::kNone;
   CategoryScale categoryScale;
   std::int64_t firstRowLabel = 1;  ///< row r is labelled firstRowLabel + r
+  CategoryUnit categoryUnit = CategoryUnit::kPoints;
+  std::vector<RowTime> rowTimes;                          ///< two at least where the axis counts times; ascending
+  std::function<std::string(std::int64_t day)> dateText;  ///< date of a day, counted from that of the first point
   int rowCount = 0;
+  bool lanes = false;                      ///< each visible series has a value axis and a part of the height for itself
+  std::optional<ValueRange> valueRange{};  ///< that the common axis shows; nothing where the data chooses it
   std::vector<ChartSeries> series;
 };
+
+/// Columns of the series that are to be seen.
+[[nodiscard]] std::vector<int> VisibleSeries(const ChartModel& model);
+
+/// The model of some of its series alone. @param columns ascending
+[[nodiscard]] ChartModel PartOf(const ChartModel& model, const std::vector<int>& columns);
 
 /// The name of a chart type, for the user.
 [[nodiscard]] constexpr Text ChartTypeName(ChartKind kind) noexcept {

@@ -28,7 +28,14 @@ struct Plot {
   [[nodiscard]] double Y(double value) const noexcept {
     const double low = axis.Minimum();
     const double share = (std::clamp(value, -kLargestShown, kLargestShown) - low) / (axis.Maximum() - low);
-    return front.Bottom() - share * front.height;
+    const double y = front.Bottom() - share * front.height;
+    // Where the axis has ends of its own a value may be far outside; surfaces are slow with very large coordinates.
+    constexpr double kFar = 4096;
+    return axis.ends.empty ? y : std::clamp(y, front.y - kFar, front.Bottom() + kFar);
+  }
+  /// What series may cover: the front plane and the depth over it.
+  [[nodiscard]] Rect Reach() const noexcept {
+    return {front.x, front.y - depthY, front.width + depthX, front.height + depthY};
   }
   /// The height from which bars and areas rise: zero, or the end of the axis that is nearest to it.
   [[nodiscard]] double BaseY() const noexcept { return Y(std::clamp(0.0, axis.Minimum(), axis.Maximum())); }

@@ -39,6 +39,19 @@ void Scene::Ellipse(const Rect& box, Color fill, const Pen& outline) {
   shapes_.push_back(shape);
 }
 
+void Scene::Clip(const Rect& box) {
+  SceneShape shape;
+  shape.kind = SceneShape::Kind::kClip;
+  shape.box = box;
+  shapes_.push_back(shape);
+}
+
+void Scene::Unclip() {
+  SceneShape shape;
+  shape.kind = SceneShape::Kind::kUnclip;
+  shapes_.push_back(shape);
+}
+
 SceneShape& Scene::AddPoints(SceneShape::Kind kind, std::span<const PointF> points, const Pen& pen) {
   SceneShape shape;
   shape.kind = kind;
@@ -67,6 +80,12 @@ void Scene::Paint(Canvas& canvas) const {
         break;
       case SceneShape::Kind::kEllipse:
         canvas.DrawEllipse(shape.box, shape.fill, shape.pen);
+        break;
+      case SceneShape::Kind::kClip:
+        canvas.Clip(shape.box);
+        break;
+      case SceneShape::Kind::kUnclip:
+        canvas.Unclip();
         break;
     }
   }

@@ -11,11 +11,11 @@
 namespace chartproject {
 
 struct SceneShape {
-  enum class Kind : std::uint8_t { kRectangle, kPolyline, kPolygon, kCrisp, kEllipse };
+  enum class Kind : std::uint8_t { kRectangle, kPolyline, kPolygon, kCrisp, kEllipse, kClip, kUnclip };
   Kind kind = Kind::kPolyline;
   Color fill;
   Pen pen;
-  Rect box;               ///< of rectangles and ellipses
+  Rect box;               ///< of rectangles, ellipses and clips
   std::size_t first = 0;  ///< points of polylines and polygons, in the scene's points
   std::size_t count = 0;
 };
@@ -39,6 +39,9 @@ class Scene {
   /// See Canvas::FillCrisp.
   void Crisp(std::span<const PointF> points, Color fill);
   void Ellipse(const Rect& box, Color fill, const Pen& outline);
+  /// Nothing is painted outside of a rectangle from here to Unclip; texts are not affected.
+  void Clip(const Rect& box);
+  void Unclip();
   void Text(SceneText text) { texts_.push_back(std::move(text)); }
 
   [[nodiscard]] const std::vector<SceneShape>& Shapes() const noexcept { return shapes_; }

@@ -98,6 +98,26 @@ ValueAxis ChooseValueAxis(const ValueRange& range, bool withZero, int maximumSte
   }
 }
 
+ValueAxis FixedValueAxis(const ValueRange& range, int maximumSteps) {
+  ValueRange ends{std::clamp(range.minimum, -kLargestShown, kLargestShown),
+                  std::clamp(range.maximum, -kLargestShown, kLargestShown), false};
+  const double largest = std::max({std::abs(ends.minimum), std::abs(ends.maximum), kSmallestShown});
+  if (!(ends.maximum - ends.minimum >= kNarrowestShare * largest)) {
+    const double middle = ends.minimum / 2 + ends.maximum / 2;
+    ends.minimum = middle - kNarrowestShare * largest;
+    ends.maximum = middle + kNarrowestShare * largest;
+  }
+  ValueAxis axis;
+  axis.ends = ends;
+  const double width = ends.maximum - ends.minimum;
+  axis.exponent = ExponentOf(width / std::max(maximumSteps, 1));
+  while (width / Multiple(1, axis.mantissa, axis.exponent) > maximumSteps) NextStep(axis);
+  const double step = Multiple(1, axis.mantissa, axis.exponent);
+  axis.firstTick = static_cast<std::int64_t>(std::ceil(ends.minimum / step - kLogarithmNoise));
+  axis.lastTick = static_cast<std::int64_t>(std::floor(ends.maximum / step + kLogarithmNoise));
+  return axis;
+}
+
 std::string TickText(const ValueAxis& axis, int i, const NumberFormat& format) {
   const double value = axis.Tick(i);
   if (axis.firstTick + i == 0) return "0";

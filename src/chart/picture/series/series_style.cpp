@@ -25,10 +25,10 @@ double Luminance(Color color) noexcept {
   return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
 }
 
-void DrawMarker(int column, PointF at, double size, Color color, Scene& scene) {
+void DrawMarker(int shape, PointF at, double size, Color color, Scene& scene) {
   const double r = size / 2;
   const Pen edge{.color = EdgeTone(color), .width = 1};
-  switch (column % 4) {
+  switch (shape % 4) {
     case 0:
       scene.Ellipse({at.x - r, at.y - r, size, size}, color, edge);
       break;
@@ -53,7 +53,7 @@ void DrawMarker(int column, PointF at, double size, Color color, Scene& scene) {
 }
 
 /// Markers as the only sign of the points: in each narrow column the least and the greatest, one when they touch.
-void DrawDenseMarkers(const ChartSeries& series, int column, const Plot& plot, const MarkerPlace& place, Scene& scene) {
+void DrawDenseMarkers(const ChartSeries& series, int shape, const Plot& plot, const MarkerPlace& place, Scene& scene) {
   constexpr double kSize = 4;
   const int columns = std::max(1, static_cast<int>(plot.front.width / kSize));
   for (int step = 0; step < columns; ++step) {
@@ -62,8 +62,8 @@ void DrawDenseMarkers(const ChartSeries& series, int column, const Plot& plot, c
     const double x = plot.front.x + (step + 0.5) * plot.front.width / columns + place.shiftX;
     const double low = plot.Y(range.minimum);
     const double high = plot.Y(range.maximum);
-    DrawMarker(column, plot.At({x, low}, place.depth), kSize, series.color, scene);
-    if (low - high > kSize / 2) DrawMarker(column, plot.At({x, high}, place.depth), kSize, series.color, scene);
+    DrawMarker(shape, plot.At({x, low}, place.depth), kSize, series.color, scene);
+    if (low - high > kSize / 2) DrawMarker(shape, plot.At({x, high}, place.depth), kSize, series.color, scene);
   }
 }
 
@@ -95,12 +95,13 @@ Color EdgeTone(Color color) noexcept {
 void DrawMarkers(const ChartModel& model, int column, const Plot& plot, const MarkerPlace& place, Scene& scene) {
   const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
   if (!series.showMarker || plot.rows == 0) return;
+  const int shape = series.shape >= 0 ? series.shape : column;
   const double size = std::min(plot.front.width, plot.front.height) < 150 ? 5 : 7;
   const double distance = size + 1;  // every point has its marker unless markers would overlap
   const bool pointsShow =
       series.showLine || Flat(model.kind) == ChartKind::k2dBar || Flat(model.kind) == ChartKind::k2dArea;
   if (!pointsShow && plot.RowWidth() < size) {
-    DrawDenseMarkers(series, column, plot, place, scene);
+    DrawDenseMarkers(series, shape, plot, place, scene);
     return;
   }
   const auto stride = pointsShow ? std::max(std::int64_t{1}, std::int64_t(std::ceil(distance / plot.RowWidth()))) : 1;
@@ -109,7 +110,7 @@ void DrawMarkers(const ChartModel& model, int column, const Plot& plot, const Ma
     const double value = series.values[static_cast<std::size_t>(row)];
     if (!std::isfinite(value)) continue;
     const PointF at{plot.X(static_cast<int>(row)) + place.shiftX, plot.Y(value)};
-    DrawMarker(column, plot.At(at, place.depth), size, series.color, scene);
+    DrawMarker(shape, plot.At(at, place.depth), size, series.color, scene);
   }
 }
 

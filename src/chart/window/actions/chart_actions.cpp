@@ -13,6 +13,19 @@ constexpr KeyPress Plain(Key key) {
   return {.key = key};
 }
 
+constexpr KeyPress Control(Key key, bool shift = false) {
+  return {.key = key, .shift = shift, .control = true};
+}
+
+/// A letter or a digit.
+constexpr KeyPress Typed(char character) {
+  return {.key = Key::kCharacter, .character = character};
+}
+
+constexpr KeyPress ControlTyped(char character, bool shift = false) {
+  return {.key = Key::kCharacter, .shift = shift, .control = true, .character = character};
+}
+
 using enum ChartAction;
 constexpr auto kRows = std::to_array<ChartActionRow>({
     {kDivisionBack, ActionGroup::kGo, Text::kActionDivisionBack, Plain(Key::kLeft)},
@@ -21,10 +34,37 @@ constexpr auto kRows = std::to_array<ChartActionRow>({
     {kPageOn, ActionGroup::kGo, Text::kActionPageOn, Plain(Key::kPageDown)},
     {kFirstPoint, ActionGroup::kGo, Text::kActionFirstPoint, Plain(Key::kHome)},
     {kLastPoint, ActionGroup::kGo, Text::kActionLastPoint, Plain(Key::kEnd)},
+    {kGoTo, ActionGroup::kGo, Text::kActionGoTo, ControlTyped('G')},
+    {kFind, ActionGroup::kGo, Text::kActionFind, ControlTyped('F')},
+    {kFindNext, ActionGroup::kGo, Text::kActionFindNext, Typed('N')},
+    {kFindPrevious,
+     ActionGroup::kGo,
+     Text::kActionFindPrevious,
+     {.key = Key::kCharacter, .shift = true, .character = 'N'}},
     {kGrid, ActionGroup::kLook, Text::kGrid},
     {kLines, ActionGroup::kLook, Text::kLine},
     {kMarkers, ActionGroup::kLook, Text::kMarker},
+    {kAxisPoints, ActionGroup::kLook, Text::kActionAxisPoints, Typed('P')},
+    {kAxisElapsed, ActionGroup::kLook, Text::kActionAxisElapsed, Typed('E')},
+    {kAxisTime, ActionGroup::kLook, Text::kActionAxisTime, Typed('T')},
+    {kLanes, ActionGroup::kLook, Text::kActionLanes, Typed('L')},
+    {kValuesIn, ActionGroup::kLook, Text::kActionValuesIn, Typed('I')},
+    {kValuesOut, ActionGroup::kLook, Text::kActionValuesOut, Typed('O')},
+    {kFixRange, ActionGroup::kLook, Text::kActionFixRange, Typed('K')},
+    {kAutomaticRange, ActionGroup::kLook, Text::kActionAutomaticRange, Typed('A')},
+    {kSeries1, ActionGroup::kLook, Text::kActionSeries1, Typed('1')},
+    {kSeries2, ActionGroup::kLook, Text::kActionSeries2, Typed('2')},
+    {kSeries3, ActionGroup::kLook, Text::kActionSeries3, Typed('3')},
+    {kSeries4, ActionGroup::kLook, Text::kActionSeries4, Typed('4')},
+    {kFirstCursorBack, ActionGroup::kMeasure, Text::kActionFirstCursorBack, Control(Key::kLeft)},
+    {kFirstCursorOn, ActionGroup::kMeasure, Text::kActionFirstCursorOn, Control(Key::kRight)},
+    {kSecondCursorBack, ActionGroup::kMeasure, Text::kActionSecondCursorBack, Control(Key::kLeft, true)},
+    {kSecondCursorOn, ActionGroup::kMeasure, Text::kActionSecondCursorOn, Control(Key::kRight, true)},
+    {kStatistics, ActionGroup::kMeasure, Text::kActionStatistics, Typed('S')},
+    {kCopyNumbers, ActionGroup::kMeasure, Text::kActionCopyNumbers, ControlTyped('C')},
     {kRemoveCursors, ActionGroup::kMeasure, Text::kActionRemoveCursors, Plain(Key::kEscape)},
+    {kCopyPicture, ActionGroup::kOutput, Text::kActionCopyPicture, ControlTyped('C', true)},
+    {kSavePicture, ActionGroup::kOutput, Text::kActionSavePicture, ControlTyped('S')},
     {kExport, ActionGroup::kOutput, Text::kExport},
     {kPrint, ActionGroup::kOutput, Text::kPrint},
 });
@@ -38,8 +78,9 @@ constexpr bool InOrder() {
 static_assert(InOrder(), "every action has its row, in the order of the enumeration");
 
 /// Groups that open from one entry; the actions of the others are in the menu itself.
-constexpr std::array<std::pair<ActionGroup, Text>, 2> kTitles{
-    {{ActionGroup::kGo, Text::kMenuGo}, {ActionGroup::kLook, Text::kMenuLook}}};
+constexpr std::array<std::pair<ActionGroup, Text>, 3> kTitles{{{ActionGroup::kGo, Text::kMenuGo},
+                                                               {ActionGroup::kLook, Text::kMenuLook},
+                                                               {ActionGroup::kMeasure, Text::kMenuMeasure}}};
 
 constexpr std::array<std::pair<Key, Text>, 8> kKeyNames{{{Key::kLeft, Text::kKeyLeft},
                                                          {Key::kRight, Text::kKeyRight},

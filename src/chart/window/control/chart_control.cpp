@@ -34,13 +34,18 @@ Bitmap ChartControl::CopyPicture(PictureRenderer& renderer, double scale) {
 void ChartControl::Paint(Canvas& canvas) {
   const Size size = canvas.Extent();
   if (!chart_ || !(chart_->size == size)) chart_ = BuildChartScene(model_, size, canvas, format_);
+  lanes_ = chart_->lanes;
   chart_->scene.Paint(canvas);
 }
 
 void ChartControl::PaintOverlay(Canvas& canvas) {
   if (!chart_) return;
-  const ChartOverlay overlay{
+  ChartOverlay overlay{
       pointerRow_, {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)}, readout_, cursorReadout_};
+  if (mark_) {
+    overlay.markRow = RowOf(mark_->label);
+    overlay.markText = mark_->text;
+  }
   BuildOverlay(overlay, model_, *chart_, canvas).Paint(canvas);
 }
 
@@ -58,8 +63,12 @@ std::string ChartControl::SpokenWords() const {
   std::string words;
   for (const auto* box : {&readout_, &cursorReadout_}) {
     if (box == &readout_ && !pointerRow_) continue;
-    for (const ReadoutLine& line : *box) words += (words.empty() ? "" : "; ") + line.text;
+    for (const ReadoutLine& line : *box) {
+      words += (words.empty() ? "" : "; ") + line.text;
+      for (const std::string& cell : line.cells) words += " " + cell;
+    }
   }
+  if (mark_) words += (words.empty() ? "" : "; ") + mark_->text;
   return words;
 }
 
@@ -69,8 +78,17 @@ std::optional<std::int64_t> ChartControl::CursorLabel(MeasuringCursor which) con
 
 std::optional<int> ChartControl::CursorRow(MeasuringCursor which) const noexcept {
   const auto label = CursorLabel(which);
-  if (!label || *label < model_.firstRowLabel || *label - model_.firstRowLabel >= model_.rowCount) return std::nullopt;
-  return static_cast<int>(*label - model_.firstRowLabel);
+  return label ? RowOf(*label) : std::nullopt;
+}
+
+std::optional<int> ChartControl::RowOf(std::int64_t label) const noexcept {
+  if (label < model_.firstRowLabel || label - model_.firstRowLabel >= model_.rowCount) return std::nullopt;
+  return static_cast<int>(label - model_.firstRowLabel);
+}
+
+void ChartControl::SetMark(std::optional<ChartMark> mark) {
+  mark_ = std::move(mark);
+  InvalidateOverlay();
 }
 
 void ChartControl::SetCursor(MeasuringCursor which, std::optional<std::int64_t> label) {
@@ -112,6 +130,10 @@ bool ChartControl::WheelTurned(const WheelInput& input) {
 }
 
 bool ChartControl::KeyPressed(const KeyPress& press) {
+  if (press.key == Key::kEscape && mark_) {
+    SetMark(std::nullopt);
+    return true;
+  }
   if (press.key == Key::kEscape && (cursors_[0] || cursors_[1])) {
     SetCursor(MeasuringCursor::kFirst, std::nullopt);
     SetCursor(MeasuringCursor::kSecond, std::nullopt);

@@ -20,6 +20,13 @@ namespace chartproject {
 /// The two measuring cursors: a click places the first, a click with Shift the second.
 enum class MeasuringCursor { kFirst = 0, kSecond = 1 };
 
+/// A named point of the chart.
+struct ChartMark {
+  std::int64_t label = 0;  ///< of its row
+  std::string text;
+  friend bool operator==(const ChartMark&, const ChartMark&) = default;
+};
+
 /// Shows a chart model unchanged: the properties of a chart are fields of the model.
 class ChartControl : public DrawnControl {
  public:
@@ -61,6 +68,13 @@ class ChartControl : public DrawnControl {
   /// Runs when a cursor was placed, moved or taken away. Esc takes both away.
   Event cursorsChanged;
 
+  /// A point that was looked for, marked until another one is; the text names it. Nothing takes the mark away.
+  void SetMark(std::optional<ChartMark> mark);
+  [[nodiscard]] const std::optional<ChartMark>& Mark() const noexcept { return mark_; }
+
+  /// The chart's parts with their value axes, as they were painted last; none before.
+  [[nodiscard]] const std::vector<SceneLane>& Lanes() const noexcept { return lanes_; }
+
   /// Wheel steps and keys that the chart has no use for; the result says whether they were used.
   std::function<bool(const WheelInput& input)> wheel;
   std::function<bool(const KeyPress& press)> key;
@@ -82,6 +96,8 @@ class ChartControl : public DrawnControl {
   void ModelChanged();
   void MovePointer(std::optional<int> row);
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;
+  /// The row that has a label; nothing when it is not among the rows.
+  [[nodiscard]] std::optional<int> RowOf(std::int64_t label) const noexcept;
 
   ChartModel model_;
   NumberFormat format_;
@@ -90,6 +106,8 @@ class ChartControl : public DrawnControl {
   std::vector<ReadoutLine> readout_;
   std::vector<ReadoutLine> cursorReadout_;
   std::array<std::optional<std::int64_t>, 2> cursors_;
+  std::optional<ChartMark> mark_;
+  std::vector<SceneLane> lanes_;
 };
 
 }  // namespace chartproject

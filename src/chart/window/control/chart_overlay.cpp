@@ -18,11 +18,32 @@ constexpr Color kPointerColor = {120, 120, 112};
 constexpr std::array<Color, 2> kCursorColors = {Color{20, 92, 160}, Color{168, 84, 16}};
 constexpr double kPadding = 6;
 constexpr double kSwatch = 8;
+constexpr double kCellGap = 14;  ///< between two columns of a table
+constexpr Color kMarkColor = {24, 112, 60};
 constexpr double kEdge = 3;         ///< least distance of a box from the chart's edge
 constexpr double kPointerGap = 12;  ///< between the pointer's line and its box
 
 double LineX(const Plot& plot, int row) {
   return std::floor(plot.X(row)) + 0.5;
+}
+
+/// Widths of the table in a box: of its first column, and of each column of cells.
+struct TableWidths {
+  double text = 0;
+  std::vector<double> cells{};
+};
+
+TableWidths WidthsOf(const std::vector<ReadoutLine>& lines, const Font& font, const Canvas& canvas) {
+  TableWidths widths;
+  for (const ReadoutLine& line : lines) {
+    if (line.cells.empty()) continue;
+    widths.text = std::max(widths.text, std::ceil(canvas.MeasureText(line.text, font).width));
+    if (widths.cells.size() < line.cells.size()) widths.cells.resize(line.cells.size());
+    for (std::size_t i = 0; i < line.cells.size(); ++i) {
+      widths.cells[i] = std::max(widths.cells[i], std::ceil(canvas.MeasureText(line.cells[i], font).width));
+    }
+  }
+  return widths;
 }
 
 Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canvas& canvas) {
@@ -33,7 +54,10 @@ Size BoxSize(const std::vector<ReadoutLine>& lines, const Font& font, const Canv
     size.width = std::max(size.width, std::ceil(text.width) + indent);
     size.height += std::ceil(text.height);
   }
-  return {size.width + 2 * kPadding, size.height + 2 * kPadding};
+  const TableWidths widths = WidthsOf(lines, font, canvas);
+  double table = widths.text;
+  for (const double cell : widths.cells) table += kCellGap + cell;
+  return {std::max(size.width, table) + 2 * kPadding, size.height + 2 * kPadding};
 }
 
 /// Moved into the chart; nothing when it is larger than the chart.
@@ -57,6 +81,7 @@ void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const Chart
   scene.Polygon(std::array<PointF, 4>{{{x, y}, {right, y}, {right, bottom}, {x, bottom}}}, kBoxFill,
                 {.color = kBoxEdge});
   y += kPadding;
+  const TableWidths widths = WidthsOf(lines, font, canvas);
   for (const ReadoutLine& line : lines) {
     const double height = std::ceil(canvas.MeasureText(line.text, font).height);
     double left = x + kPadding;
@@ -66,25 +91,38 @@ void DrawBox(const std::vector<ReadoutLine>& lines, const Rect& box, const Chart
       left += kSwatch + 5;
     }
     scene.Text({line.text, {left, y}, font, kBoxText, Align::kLeft});
+    double end = x + kPadding + widths.text;
+    for (std::size_t i = 0; i < line.cells.size(); ++i) {
+      end += kCellGap + widths.cells[i];
+      scene.Text({line.cells[i], {end, y}, font, kBoxText, Align::kRight});
+    }
     y += height;
   }
 }
 
-void DrawPointer(int row, const ChartModel& model, const Plot& plot, Scene& scene) {
-  const double x = LineX(plot, row);
-  scene.Line({x, plot.front.y}, {x, plot.front.Bottom()}, {.color = kPointerColor, .style = PenStyle::kDash});
-  if (Flat(model.kind) == ChartKind::k2dBar) return;
-  const int count = static_cast<int>(model.series.size());
-  for (int column = 0; column < count; ++column) {
-    const ChartSeries& series = model.series[static_cast<std::size_t>(column)];
+/// Rings around the points of a row in one lane.
+void DrawRings(int row, const ChartModel& model, const SceneLane& lane, Scene& scene) {
+  const Plot& plot = lane.plot;
+  const int count = static_cast<int>(lane.series.size());
+  for (int i = 0; i < count; ++i) {
+    const ChartSeries& series = model.series.at(static_cast<std::size_t>(lane.series[static_cast<std::size_t>(i)]));
     const double value = series.values[static_cast<std::size_t>(row)];
     if (!std::isfinite(value)) continue;
-    const double depth = Is3d(model.kind) ? DepthOfSeries(plot, column, count).front : 0;
+    const double depth = Is3d(model.kind) ? DepthOfSeries(plot, i, count).front : 0;
     const PointF at = plot.At({plot.X(row), plot.Y(value)}, depth);
+    if (!plot.axis.ends.empty && !plot.Reach().Contains(at)) continue;
     // A ring: what is in it, a marker for one, stays to be seen.
     scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = {255, 255, 255}, .width = 3});
     scene.Ellipse({at.x - 5.5, at.y - 5.5, 11, 11}, kTransparent, {.color = EdgeTone(series.color), .width = 1.5});
   }
+}
+
+void DrawPointer(int row, const ChartModel& model, const ChartScene& chart, Scene& scene) {
+  const double x = LineX(chart.plot, row);
+  const Rect& front = chart.plot.front;
+  scene.Line({x, front.y}, {x, front.Bottom()}, {.color = kPointerColor, .style = PenStyle::kDash});
+  if (Flat(model.kind) == ChartKind::k2dBar) return;
+  for (const SceneLane& lane : chart.lanes) DrawRings(row, model, lane, scene);
 }
 
 void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canvas& canvas, Scene& scene) {
@@ -98,6 +136,21 @@ void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canva
   scene.Text({name, {x, front.y - 1}, chart.font, {255, 255, 255}, Align::kCenter});
 }
 
+/// The mark's line and, under the cursors' names, its own in a box beside the line.
+void DrawMark(int row, const std::string& text, const ChartModel& model, const ChartScene& chart, const Canvas& canvas,
+              Scene& scene) {
+  const double x = LineX(chart.plot, row);
+  const Rect& front = chart.plot.front;
+  scene.Line({x, front.y}, {x, front.Bottom()}, {.color = kMarkColor, .width = 1.5, .style = PenStyle::kDash});
+  const std::vector<ReadoutLine> lines{{text, -1, {}}};
+  const Size size = BoxSize(lines, chart.font, canvas);
+  const double top = front.y + canvas.MeasureText("1", chart.font).height + kEdge;
+  const bool left = x < front.x + front.width / 2;
+  const double beside = left ? x + kPointerGap : x - kPointerGap - size.width;
+  const auto box = Inside({beside, top, size.width, size.height}, chart.size);
+  if (box) DrawBox(lines, *box, model, chart.font, canvas, scene);
+}
+
 }  // namespace
 
 Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const ChartScene& chart,
@@ -108,7 +161,8 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
   for (std::size_t which = 0; which < overlay.cursorRows.size(); ++which) {
     if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
   }
-  if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, plot, scene);
+  if (overlay.markRow) DrawMark(*overlay.markRow, overlay.markText, model, chart, canvas, scene);
+  if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, chart, scene);
 
   const bool pointerLeft = overlay.pointerRow && plot.X(*overlay.pointerRow) < front.x + front.width / 2;
   const auto pointerBox = [&]() -> std::optional<Rect> {

@@ -13,7 +13,8 @@ namespace chartproject {
 /// One line of a box that the chart shows over itself.
 struct ReadoutLine {
   std::string text;
-  int series = -1;  ///< column whose colour is shown before the text; -1 for none
+  int series = -1;                   ///< column whose colour is shown before the text; -1 for none
+  std::vector<std::string> cells{};  ///< columns of a table after the text, to the right; lines with cells share widths
 };
 
 struct ChartOverlay {
@@ -21,6 +22,8 @@ struct ChartOverlay {
   std::array<std::optional<int>, 2> cursorRows;
   std::vector<ReadoutLine> readout;        ///< beside the pointer's line
   std::vector<ReadoutLine> cursorReadout;  ///< in a corner, away from the pointer
+  std::optional<int> markRow{};
+  std::string markText{};  ///< in a box at the mark's line
 };
 
 /// The overlay's shapes, for a chart that is already painted. Boxes stay inside the chart; one that is larger than the

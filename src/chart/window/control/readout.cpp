@@ -1,35 +1,16 @@
 // Readings of points as lines of text.
 #include "chart/window/control/readout.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "common/environment/language.h"
 #include "common/values/numbers.h"
-#include "common/values/text.h"
-#include "platform/run_time_error.h"
+#include "recording/companion/point_clock.h"
 
 namespace chartproject {
 namespace {
 
 constexpr const char* kNoReading = "--";
-
-/// Seconds since midnight of "hh:mm:ss"; nothing for any other text.
-std::optional<double> SecondsOfDay(std::string_view text) {
-  text = Trim(text);
-  std::array<int, 3> parts{};
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    const auto result = std::from_chars(at, end, parts[i]);
-    if (result.ec != std::errc() || parts[i] < 0) return std::nullopt;
-    at = result.ptr;
-    const bool last = i + 1 == parts.size();
-    if (last ? at != end : (at == end || *at != ':')) return std::nullopt;
-    ++at;
-  }
-  return parts[0] * 3600.0 + parts[1] * 60.0 + parts[2];
-}
 
 std::string ValueText(double value, const NumberFormat& format) {
   return std::isnan(value) ? kNoReading : DoubleText(value, format);
@@ -109,16 +90,6 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
                      static_cast<int>(s)});
   }
   return lines;
-}
-
-std::optional<double> ScanSeconds(const ChartHeader& header, const NumberFormat& format) {
-  if (header.Unit == "hh:mm:ss") return SecondsOfDay(header.ScanTime);
-  try {
-    const double time = ToDouble(header.ScanTime, format);
-    return header.Unit == "ms" ? time / 1000 : time;
-  } catch (const RunTimeError&) {
-    return std::nullopt;
-  }
 }
 
 std::string TimeText(double seconds, const NumberFormat& format) {

@@ -37,9 +37,6 @@ struct PointReading {
                                                      const std::vector<std::string>& names,
                                                      const PointTimes* times = nullptr);
 
-/// Seconds between two points from the header's scan time; nothing when it cannot be read.
-[[nodiscard]] std::optional<double> ScanSeconds(const ChartHeader& header, const NumberFormat& format);
-
 /// "hh:mm:ss", or "0.4 s" for less than a minute that is not whole; with a sign where it is negative. The times of day
 /// of a file are whole seconds, too coarse for points that follow each other faster.
 [[nodiscard]] std::string TimeText(double seconds, const NumberFormat& format);

@@ -1,8 +1,9 @@
-// The buttons that leave the chart window: export, print, close.
+// What leaves the chart window: export, print, picture; and its close button.
 #pragma once
 
 #include "chart/view/chart_view.h"
 #include "chart/window/actions/chart_actions.h"
+#include "chart/window/control/chart_control.h"
 #include "chart/window/sections/reading_section.h"
 #include "forms/controls.h"
 #include "recording/file/component.h"
@@ -11,8 +12,8 @@ namespace chartproject {
 
 class OutputSection {
  public:
-  /// @param component,view,reading outlive the section; `reading` is not looked at before an event
-  OutputSection(Form& form, Component& component, const ChartView& view, ReadingSection& reading);
+  /// @param component,view,chart,reading outlive the section; `reading` is not looked at before an event
+  OutputSection(Form& form, Component& component, const ChartView& view, ChartControl& chart, ReadingSection& reading);
   OutputSection(const OutputSection&) = delete;
   OutputSection& operator=(const OutputSection&) = delete;
 
@@ -28,10 +29,14 @@ class OutputSection {
   void cmdExport_Click();
   void cmdPrint_Click();
   void cmdOK_Click();
+  [[nodiscard]] Bitmap Picture();
+  void CopyPicture();
+  void SavePicture();
 
   Form& form_;
   Component& component_;
   const ChartView& view_;
+  ChartControl& chart_;
   ReadingSection& reading_;
   bool printRequested_ = false;
 };

@@ -44,7 +44,17 @@ void ReadoutSection::CursorsChanged() {
     const auto row = chart_.CursorRow(which);
     if (row && *row < view_.Shown().RowCount()) cursor = Point(*row);
   }
-  chart_.SetCursorReadout(CursorReadout(env_, header_, cursors_, Names(), view_.RealTimes()));
+  std::vector<ReadoutLine> lines = CursorLines();
+  const std::vector<ReadoutLine> other = instead ? instead() : std::vector<ReadoutLine>();
+  if (!other.empty()) {
+    std::erase_if(lines, [](const ReadoutLine& line) { return line.series >= 0; });
+    lines.insert(lines.end(), other.begin(), other.end());
+  }
+  chart_.SetCursorReadout(std::move(lines));
+}
+
+std::vector<ReadoutLine> ReadoutSection::CursorLines() const {
+  return CursorReadout(env_, header_, cursors_, Names(), view_.RealTimes());
 }
 
 void ReadoutSection::Offer(ChartActions& actions) {

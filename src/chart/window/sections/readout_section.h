@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "chart/view/chart_view.h"
@@ -21,12 +22,19 @@ class ReadoutSection {
   /// The row under the pointer is another one, or has other values.
   void PointerRowChanged();
   void ForgetCursors();
+  /// The box of the cursors says what is known now.
+  void CursorsChanged();
+  /// What it says of the points of the cursors, values included.
+  [[nodiscard]] std::vector<ReadoutLine> CursorLines() const;
+  /// Names of the series, for example "P005".
+  [[nodiscard]] std::vector<std::string> Names() const;
+
+  /// Lines that take the place of the values in the cursors' box; none leave it as it is.
+  std::function<std::vector<ReadoutLine>()> instead;
   void Offer(ChartActions& actions);
 
  private:
-  void CursorsChanged();
   [[nodiscard]] PointReading Point(int row) const;
-  [[nodiscard]] std::vector<std::string> Names() const;
 
   ChartControl& chart_;
   Environment& env_;

@@ -42,4 +42,11 @@ void SeriesSection::Show(const ChartView& view) {
   }
 }
 
+void SeriesSection::ShowHidden(const std::array<bool, kColumnCount>& hidden) {
+  constexpr Color kNoColor{236, 236, 232};
+  for (std::size_t s = 0; s < rows.size(); ++s) {
+    rows[s].swatch->SetBackColor(hidden[s] ? kNoColor : kSeriesColors[s]);
+  }
+}
+
 }  // namespace chartproject

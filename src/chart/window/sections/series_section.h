@@ -28,6 +28,8 @@ class SeriesSection {
   /// Gives the swatches their colours.
   void Prepare();
   void Show(const ChartView& view);
+  /// Swatches of hidden series lose their colour.
+  void ShowHidden(const std::array<bool, kColumnCount>& hidden);
 };
 
 }  // namespace chartproject
