@@ -3,7 +3,7 @@
 
 usage: read_back.py CHARTFILE WORKBOOK   (exit 0: every cell of every reader is right)
 """
-import csv, glob, itertools, math, os, re, subprocess, sys, tempfile, zipfile
+import csv, glob, itertools, math, os, subprocess, sys, tempfile
 
 import xlrd
 
@@ -84,20 +84,12 @@ def problems(wanted, found, names):
 
 def look(workbook):
     """Bold labels, frozen rows, column widths of the first sheet."""
-    if workbook.endswith(".xls"):
-        book = xlrd.open_workbook(workbook, formatting_info=True)
-        sheet = book.sheet_by_index(0)
-        bold = [row + 1 for row in range(sheet.nrows)
-                if book.font_list[book.xf_list[sheet.cell_xf_index(row, 0)].font_index].weight == 700]
-        widths = [sheet.colinfo_map[column].width // 256 for column in range(5)]
-        return bold, sheet.panes_are_frozen, sheet.horz_split_pos, widths
-    with zipfile.ZipFile(workbook) as file:
-        sheet = file.read("xl/worksheets/sheet1.xml").decode()
-    style = re.search(r'<c r="A21" s="(\d+)"', sheet)[1]
-    bold = sorted({int(row) for row in re.findall(r'<c r="[A-Z](\d+)" s="' + style, sheet)})
-    widths = [int(float(width)) for width in re.findall(r'<col [^>]*width="([\d.]+)"', sheet)]
-    pane = re.search(r'<pane [^>]*ySplit="(\d+)"[^>]*state="frozen"', sheet)
-    return bold, int(pane is not None), int(pane[1]), widths
+    book = xlrd.open_workbook(workbook, formatting_info=True)
+    sheet = book.sheet_by_index(0)
+    bold = [row + 1 for row in range(sheet.nrows)
+            if book.font_list[book.xf_list[sheet.cell_xf_index(row, 0)].font_index].weight == 700]
+    widths = [sheet.colinfo_map[column].width // 256 for column in range(5)]
+    return bold, sheet.panes_are_frozen, sheet.horz_split_pos, widths
 
 
 def main():
@@ -105,8 +97,6 @@ def main():
     wanted = expected_sheets(chart_file)
     right = workbook.endswith(".csv") or look(workbook)[:3] == ([21], 1, 21) and min(look(workbook)[3]) >= 16
     readers = (by_xlrd, by_gnumeric, by_libreoffice)
-    if workbook.endswith(".xlsx"):
-        readers = (by_gnumeric, by_libreoffice)
     if workbook.endswith(".csv"):  # one text without sheets
         # An apostrophe keeps a formula a text there.
         readers = (lambda name, _folder: ([[[cell.removeprefix("'") for cell in row] for row in sheet]

@@ -92,7 +92,7 @@ TEST_F(SpreadsheetTest, RefusesCellsOfFinishedRows) {
 }
 
 TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
-  for (const char* name : {"gone.xls", "gone.xlsx", "gone.csv"}) {
+  for (const char* name : {"gone.xls", "gone.csv"}) {
     auto application = applications.Create(folder / name, {});
     application->AddWorkbook();
     for (int row = 1; row < 200; ++row) application->WriteText(1, row, 1, "text");
@@ -199,11 +199,9 @@ TEST_F(ReadBackTest, ACommaLocaleGivesTheSameCells) {
   EXPECT_EQ(ReadBack(folder / "full-stop.xls"), 0);
 }
 
-TEST_F(ReadBackTest, TheModernWorkbookAndThePlainTextHaveTheSameLayout) {
+TEST_F(ReadBackTest, ThePlainTextHasTheSameLayout) {
   WriteChart(70'000, '.');
-  ASSERT_EQ(Export(folder / "out.xlsx"), ExportOutcome::kSaved);
   ASSERT_EQ(Export(folder / "out.csv"), ExportOutcome::kSaved);
-  EXPECT_EQ(ReadBack(folder / "out.xlsx"), 0);
   EXPECT_EQ(ReadBack(folder / "out.csv"), 0);
 }
 

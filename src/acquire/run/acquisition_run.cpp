@@ -124,6 +124,7 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
     KeepInSpool();
   }
   counter_ = number;
+  lastTaken_ = now;
   pace_.Note(number, at);
   if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
     Stop(RunEnd::kDiskSpace);

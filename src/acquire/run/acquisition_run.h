@@ -87,6 +87,11 @@ class AcquisitionRun {
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
   /// Points that a crash leaves on the disk; as long as none can be kept there, those taken.
   [[nodiscard]] std::int32_t Kept() const noexcept;
+  /// The last point taken and when its reading began. Only while Counter() is more than 0 and the run is not closed.
+  [[nodiscard]] const PointRow& LastPoint() const {
+    return RowsInMemory() ? rows_.at(static_cast<std::size_t>(counter_) - 1) : point_;
+  }
+  [[nodiscard]] const DateTime& LastPointTaken() const noexcept { return lastTaken_; }
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
   /// What became of the points that were left beside the chart file, as found by the last Reserve.
   [[nodiscard]] const std::vector<RecoveryResult>& Leftovers() const noexcept { return leftovers_; }
@@ -133,6 +138,7 @@ class AcquisitionRun {
   RecordingJournal journal_;
   RunSpool spool_;
   std::int32_t counter_ = 0;
+  DateTime lastTaken_;                              ///< of the last point
   PointRow point_;                                  ///< the point being taken
   std::array<ReadOutcome, kColumnCount> outcomes_;  ///< of its readings
   FailedReadings failed_;

@@ -7,7 +7,6 @@
 
 #include "backends/spreadsheet/biff8_writer.h"
 #include "backends/spreadsheet/csv_writer.h"
-#include "backends/spreadsheet/xlsx_writer.h"
 #include "platform/run_time_error.h"
 
 namespace chartproject {
@@ -153,8 +152,6 @@ std::unique_ptr<SpreadsheetApplication> EmbeddedSpreadsheets::Create(const std::
   std::unique_ptr<WorkbookWriter> writer;
   if (HasEnding(targetName, ".csv")) {
     writer = MakeCsvWriter(targetName, locale_.Numbers().decimalSeparator, rights);
-  } else if (HasEnding(targetName, ".xlsx")) {
-    writer = MakeXlsxWriter(targetName, rights);
   } else {
     writer = MakeBiff8Writer(targetName, rights);
   }
@@ -165,8 +162,6 @@ std::optional<WorkbookLimits> EmbeddedSpreadsheets::Limits(const std::string& ta
   WorkbookLimits limits;
   if (HasEnding(targetName, ".csv")) {  // separators and a line end; quotes, which few texts need, are not counted
     limits.sizes = {.row = 6, .letter = 3, .mostGrowth = 4};
-  } else if (HasEnding(targetName, ".xlsx")) {  // XML in a working file, and what is left of it in the packed one
-    limits.sizes = {.row = 41, .number = 51, .text = 50, .letter = 3, .mostGrowth = 32, .diskPercent = 120};
   } else {  // records: all of them first in a working file, then in the workbook
     limits = {kLargestBiff8Workbook, kMostBiff8Sheets, {.row = 20, .number = 18, .text = 13, .letter = 2}};
     limits.sizes.mostGrowth = 8;

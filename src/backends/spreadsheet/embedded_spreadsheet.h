@@ -1,7 +1,6 @@
 // The spreadsheet application of systems that have none to automate: it keeps the row at work and writes workbooks.
 #pragma once
 
-#include <array>
 #include <string_view>
 
 #include "platform/locale.h"
@@ -9,16 +8,12 @@
 
 namespace chartproject {
 
-/// The endings that choose a format.
-inline constexpr std::array<std::string_view, 3> kWorkbookEndings{".xls", ".xlsx", ".csv"};
-
 /// True for a name with the ending, in upper or lower case.
 [[nodiscard]] bool HasEnding(std::string_view name, std::string_view ending);
 
 /// Cells are written row by row: a cell of a row above the last one written, or of a sheet before it, is finished and
 /// refused with RunTimeError 1004. So a workbook of any size takes the memory of a few rows.
-/// The target's ending, in any case, chooses the format: ".csv" plain text, ".xlsx" the modern workbook, anything else
-/// the legacy one.
+/// The target's ending, in any case, chooses the format: ".csv" plain text, anything else the legacy workbook.
 class EmbeddedSpreadsheets : public SpreadsheetApplications {
  public:
   /// @param locale how entered values are read; outlives this object

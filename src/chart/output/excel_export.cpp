@@ -34,7 +34,7 @@ struct Lines {
   std::int64_t firstSkipped = 0;  ///< its number
 };
 
-/// Calls `take` for each point of a chart file, in order; reports progress every so many lines.
+/// Calls `take` for each point of the range, in order; reports progress every so many lines.
 template <typename Take>
 Lines ForEachPoint(Component& component, const ExportRequest& request, std::int64_t linesBetweenProgress, Take take) {
   const auto file = component.ports.files.OpenForReading(request.chartFile);
@@ -43,7 +43,10 @@ Lines ForEachPoint(Component& component, const ExportRequest& request, std::int6
   const auto first = LocateRows(*file);
   if (!first) return lines;
   PointReader points(*file, *first);
+  const auto skipping = [&](std::uint64_t offset) { return !request.progress || request.progress(offset, total); };
+  if (!points.SkipTo(first->line + request.range.first - 1, skipping)) throw GivenUp();
   for (PointLine line; points.Next(line);) {
+    if (line.number - first->line >= request.range.last) break;
     if (request.progress && line.number % linesBetweenProgress == 0 && !request.progress(line.offset, total)) {
       throw GivenUp();
     }

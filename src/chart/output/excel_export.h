@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "chart/plain/point_range.h"
 #include "recording/file/component.h"
 
 namespace chartproject {
@@ -22,6 +23,7 @@ struct ExportRequest {
   std::string chartFile;   ///< full name of the chart file
   std::string targetName;  ///< empty for the chart file's name with ".xls" appended
   ChartHeader header;      ///< as read from the chart file
+  PointRange range{};      ///< of its points
   /// Called now and then with the part done, in bytes of the chart file; false cancels the export. May be empty.
   std::function<bool(std::uint64_t done, std::uint64_t total)> progress{};
   /// Switches the busy pointer on and off. May be empty.

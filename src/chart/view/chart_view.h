@@ -2,6 +2,7 @@
 // page share it, so that they cannot disagree.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -65,6 +66,8 @@ class ChartView {
   [[nodiscard]] std::int32_t Length() const { return SliceLength(pointsPerDivision_); }
   /// Throws RunTimeError 6 for a line beyond 32 bits.
   void ScrollTo(std::int64_t startLine);
+  /// Makes the chosen slice shorter: it ends before a line, where it has as many.
+  void EndBefore(std::int64_t line) { end_ = static_cast<std::int32_t>(std::min<std::int64_t>(end_, line)); }
   /// The slice for a value of the scroll bar over the file. Throws RunTimeError 6.
   void ScrollToBarValue(int value, int maximum);
   [[nodiscard]] std::int16_t BarValue(int maximum) const;
@@ -94,6 +97,8 @@ class ChartView {
   [[nodiscard]] std::optional<ReadOutcome> Failure(int series, std::int64_t point) const;
   /// The file, for what is read beyond the slice.
   [[nodiscard]] ChartSource& Source() noexcept { return source_; }
+  /// What the file itself cannot say; null where it has no companion.
+  [[nodiscard]] const Companion* Readings() const noexcept { return companion_ ? &*companion_ : nullptr; }
   /// Readings that failed; null where none are known.
   [[nodiscard]] const FailedReadings* Failed() const noexcept { return companion_ ? &companion_->failed : nullptr; }
   /// The times of the points, see PointClock::Known.

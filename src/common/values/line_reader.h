@@ -36,6 +36,8 @@ class LineReader {
 
   /// False at the end of the file. Throws RunTimeError 57 on a device error.
   [[nodiscard]] bool Next(TextLine& line);
+  /// Byte offset in the file of the line that comes next.
+  [[nodiscard]] std::uint64_t NextOffset() const noexcept { return offset_; }
 
  private:
   bool Fill();

@@ -23,6 +23,7 @@ struct AcquireRequest {
   std::string compare;  ///< parameter of the comparison events, which need it
   std::string content;  ///< comparison value
   bool json = false;    ///< how the end is reported
+  bool rows = false;    ///< every point goes to standard output, too
 };
 
 /// A step of the dialog ended in a run-time error, which a message box has shown already.

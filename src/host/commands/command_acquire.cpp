@@ -1,8 +1,10 @@
 // acquire: records on the acquisition dialog without a window, or opens it in one.
 #include <exception>
+#include <optional>
 #include <ostream>
 
 #include "backends/posix/keyboard_signals.h"
+#include "backends/posix/posix_time_zone.h"
 #include "common/environment/language.h"
 #include "drive/drive_models.h"
 #include "drive/driver_file.h"
@@ -10,6 +12,7 @@
 #include "host/arguments/command.h"
 #include "host/reports/plan_test.h"
 #include "host/reports/progress.h"
+#include "host/reports/row_stream.h"
 #include "host/reports/run_report.h"
 #include "host/session/session.h"
 #include "host/window/recent_charts.h"
@@ -52,6 +55,7 @@ class HeadlessRecording {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
     form->controller.pointTaken = [this](const AcquisitionRun& run) {
+      if (rows_) rows_->Write(run);
       progress_.Show(run.Kept(), run.Plan().numberOfPoints);
     };
     form->controller.noticed = [this](const std::string& notice) {
@@ -71,6 +75,7 @@ class HeadlessRecording {
       if (!ShowsValues(model)) {
         session_.Err() << FillIn(LoadMessage(component, Text::kModelShowsNoNumbers), {model}) << "\n" << std::flush;
       }
+      if (request_.rows) rows_.emplace(session_.Out(), component, form->Run().Plan(), zone_);
       if (form->Run().State() == RunState::kArmed) progress_.Note("waiting for " + request_.trigger);
     } catch (const StepFailed&) {
       refusal_ = std::current_exception();
@@ -116,7 +121,8 @@ class HeadlessRecording {
     if (request_.json) {
       PrintRunJson(session_.Out(), report_);
     } else {
-      PrintRunSentences(session_.Out(), report_, session_.ThePorts().locale.Numbers());
+      // Standard output belongs to the rows.
+      PrintRunSentences(rows_ ? session_.Err() : session_.Out(), report_, session_.ThePorts().locale.Numbers());
     }
     if (inFile && written.rows < report_.points) return ExitCode::kRunTimeError;
     if (report_.end == RunEnd::kComplete) {
@@ -131,6 +137,8 @@ class HeadlessRecording {
   Session& session_;
   const AcquireRequest& request_;
   Progress progress_;
+  PosixTimeZone zone_;
+  std::optional<RowStream> rows_;
   RunReport report_;
   bool ended_ = false;
   bool failed_ = false;
@@ -160,6 +168,10 @@ class AcquireCommand : public Command {
     app->add_option("--compare", request_.compare, "parameter that a PXXX event compares")->type_name("PARAMETER");
     app->add_option("--content", request_.content, "value that a PXXX event compares with")->type_name("VALUE");
     app->add_flag("--json", request_.json, "the report at the end as one JSON object");
+    app->add_option("--rows", rows_,
+                    "- writes every point to standard output, too, the moment it is taken: one JSON object a line, as "
+                    "\"export --plain --format jsonl\" has them")
+        ->type_name("-");
     app->add_flag("--test", test_, "record nothing: read the plan once, and say how long a point takes");
     return app;
   }
@@ -175,6 +187,7 @@ class AcquireCommand : public Command {
         if (!option->empty()) throw RefusedError("acquire: in the dialog all is chosen there; leave the options out");
       }
       if (request_.json) throw RefusedError("acquire: --json goes with --file and --parameters");
+      if (!rows_.empty()) throw RefusedError("acquire: --rows goes with --file and --parameters");
       session.UseDesktop(DesktopMode::kScreen);
       RememberAllCharts(session.Instance().State());
       session.Instance().AcquireVar();
@@ -187,6 +200,14 @@ class AcquireCommand : public Command {
     if (compares && request_.compare.empty()) {
       throw RefusedError("acquire: a PXXX event needs --compare, the parameter that it watches");
     }
+    if (request_.fileName == "-") {
+      throw RefusedError(
+          "acquire: a recording needs a file, so that nothing is lost; --rows - writes its points to "
+          "standard output, too");
+    }
+    if (!rows_.empty() && rows_ != "-") throw RefusedError("--rows: only -, standard output");
+    if (!rows_.empty() && request_.json) throw RefusedError("acquire: --rows and --json both want standard output");
+    request_.rows = !rows_.empty();
     request_.fileName = FullName(request_.fileName);
     if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
     return HeadlessRecording(session, request_).Run();
@@ -203,6 +224,7 @@ class AcquireCommand : public Command {
 
   AcquireRequest request_;
   std::string every_;
+  std::string rows_;
   bool test_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include "common/values/numbers.h"
 #include "host/arguments/command.h"
 #include "host/commands/drives_actions.h"
+#include "host/reports/json_output.h"
 #include "host/session/session.h"
 
 namespace chartproject {
@@ -107,7 +108,7 @@ class DrivesCommand : public Command {
       nlohmann::ordered_json& entry = document.emplace_back();
       for (const Column& column : kColumns) entry[column.key] = drive->*column.field;
     }
-    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+    PrintDocument(out, document);
   }
 
   bool json_ = false;

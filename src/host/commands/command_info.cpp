@@ -1,6 +1,7 @@
-// info FILE [--json]: the header of a chart file and the number of its rows.
+// info FILE [--json]: the header of a chart file and the number of its rows; of a range also the statistics.
 #include <cstdint>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -9,7 +10,10 @@
 #include "host/arguments/chart_argument.h"
 #include "host/arguments/command.h"
 #include "host/arguments/interrupted_argument.h"
+#include "host/arguments/range_options.h"
 #include "host/reports/companion_json.h"
+#include "host/reports/json_output.h"
+#include "host/reports/range_report.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
 #include "recording/companion/companion_texts.h"
@@ -59,6 +63,10 @@ class InfoCommand : public Command {
     CLI::App* app = program.add_subcommand("info", "Show the header of a chart file and count its rows");
     app->add_option("FILE", file_, "chart file")->type_name("")->required();
     app->add_flag("--json", json_, "as one JSON object");
+    range_.AddTo(*app);
+    app->footer(
+        "With a range its statistics are shown, too: every value of the file counts, failed readings and gaps do "
+        "not.");
     return app;
   }
 
@@ -69,8 +77,10 @@ class InfoCommand : public Command {
       return ExitCode::kDone;
     }
     const ChartInfo info = ReadInfo(session.ThePorts(), FullName(file_));
+    std::optional<RangeReport> range;
+    if (range_.Given()) range = MeasureChosenRange(session.ThePorts(), FullName(file_), range_);
     if (json_) {
-      PrintJson(info, interrupted, session.Out());
+      PrintJson(info, interrupted, range, session.Out());
     } else {
       for (const HeaderKey& line : kHeaderKeys) session.Out() << Label(line) << ": " << info.header.*line.field << "\n";
       if (info.companion.simulated) session.Out() << "Drives: simulated\n";
@@ -82,6 +92,7 @@ class InfoCommand : public Command {
       if (!info.fault.empty())
         session.Out() << "The failed readings are not known: " << VisibleText(info.fault) << "\n";
       if (interrupted.Found()) session.Out() << "Beside it: " << interrupted.Sentence() << "\n";
+      if (range) PrintRange(*range, numbers, session.Out());
     }
     return ExitCode::kDone;
   }
@@ -106,10 +117,11 @@ class InfoCommand : public Command {
     nlohmann::ordered_json document;
     document["file"] = file_;
     document["interrupted"] = InterruptedJson(interrupted);
-    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+    PrintDocument(out, document);
   }
 
-  void PrintJson(const ChartInfo& info, const InterruptedArgument& interrupted, std::ostream& out) const {
+  void PrintJson(const ChartInfo& info, const InterruptedArgument& interrupted, const std::optional<RangeReport>& range,
+                 std::ostream& out) const {
     nlohmann::ordered_json header;
     for (const HeaderKey& line : kHeaderKeys) header[Label(line)] = info.header.*line.field;
     nlohmann::ordered_json document;
@@ -120,12 +132,13 @@ class InfoCommand : public Command {
     AddCompanion(document, info.companion);
     if (!info.fault.empty()) document["failedReadingsUnknown"] = info.fault;
     if (interrupted.Found()) document["interrupted"] = InterruptedJson(interrupted);
-    // Names that are not valid UTF-8 must not stop the output.
-    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+    if (range) AddRange(document, *range);
+    PrintDocument(out, document);
   }
 
   std::string file_;
   bool json_ = false;
+  RangeOptions range_;
 };
 
 }  // namespace

@@ -1,4 +1,5 @@
-// read ADDRESS PARAMETER... [--watch [SECONDS]]: reads parameters of one drive, once or again and again.
+// read ADDRESS PARAMETER... [--watch [SECONDS] | --json]: reads parameters of one drive, once or again and again.
+#include <algorithm>
 #include <ostream>
 
 #include "common/values/numbers.h"
@@ -8,8 +9,10 @@
 #include "drive/parameter_read.h"
 #include "host/arguments/arguments.h"
 #include "host/arguments/command.h"
+#include "host/reports/json_output.h"
 #include "host/reports/watched_values.h"
 #include "host/session/session.h"
+#include "recording/companion/companion_reader.h"
 
 namespace chartproject {
 
@@ -24,6 +27,7 @@ class ReadCommand : public Command {
     watch_ = app->add_option("--watch", seconds_, "read again every so many seconds, 1 to 3600 (default: 1)")
                  ->expected(0, 1)
                  ->type_name("SECONDS");
+    app->add_flag("--json", json_, "as one JSON object")->excludes(watch_);
     app->add_option("--times", times_, "end --watch after so many rounds (default: Ctrl-C ends it)")->type_name("N");
     return app;
   }
@@ -41,7 +45,16 @@ class ReadCommand : public Command {
     }
     component.currentDrive = static_cast<std::int16_t>(address);
     LoadDriverFile(component, component.currentDrive);
-    if (watch_->count() == 0) return ReadAll(session, component, numbers);
+    if (watch_->count() == 0) {
+      const std::vector<ColumnReading> readings = ReadAll(component, numbers);
+      if (json_) {
+        PrintJson(session, address, numbers, readings);
+      } else {
+        PrintLines(session, numbers, readings);
+      }
+      const bool all = std::ranges::all_of(readings, [](const auto& reading) { return reading.outcome.Answered(); });
+      return all ? ExitCode::kDone : ExitCode::kRunTimeError;
+    }
     constexpr int kLongest = 3600;
     constexpr int kMostTimes = 1'000'000'000;
     WatchPlan plan{numbers, std::chrono::seconds(1), 0};
@@ -55,25 +68,48 @@ class ReadCommand : public Command {
   }
 
  private:
-  static ExitCode ReadAll(Session& session, Component& component, const std::vector<std::int16_t>& numbers) {
+  static std::vector<ColumnReading> ReadAll(Component& component, const std::vector<std::int16_t>& numbers) {
     DriveLinkSession link(component);
     link.Open();
-    ExitCode code = ExitCode::kDone;
-    for (const std::int16_t number : numbers) {
-      const ColumnReading reading = ReadColumn(component, number);
-      if (!reading.outcome.Answered()) code = ExitCode::kRunTimeError;
+    std::vector<ColumnReading> readings;
+    for (const std::int16_t number : numbers) readings.push_back(ReadColumn(component, number));
+    link.Close();
+    return readings;
+  }
+
+  static void PrintLines(Session& session, const std::vector<std::int16_t>& numbers,
+                         const std::vector<ColumnReading>& readings) {
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      const ColumnReading& reading = readings[i];
       const std::string& shown = reading.text.empty() ? "no value shown" : reading.text;
-      session.Out() << ParameterName(number) << " "
+      session.Out() << ParameterName(numbers[i]) << " "
                     << VisibleText(reading.outcome.Answered() ? shown
                                                               : FailureText(Language::kEnglish, reading.outcome))
                     << "\n";
     }
-    link.Close();
-    return code;
+  }
+
+  static void PrintJson(Session& session, int address, const std::vector<std::int16_t>& numbers,
+                        const std::vector<ColumnReading>& readings) {
+    nlohmann::ordered_json document;
+    document["address"] = address;
+    nlohmann::ordered_json& list = document["readings"] = nlohmann::ordered_json::array();
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      const ReadOutcome& outcome = readings[i].outcome;
+      const bool answered = outcome.Answered();
+      nlohmann::ordered_json entry;
+      entry["parameter"] = ParameterName(numbers[i]);
+      entry["text"] = answered ? nlohmann::ordered_json(readings[i].text) : nullptr;
+      entry["reason"] = answered ? nullptr : nlohmann::ordered_json(FailureCode(outcome.failure));
+      entry["detail"] = answered ? nullptr : nlohmann::ordered_json(FailureText(Language::kEnglish, outcome));
+      list.push_back(std::move(entry));
+    }
+    PrintDocument(session.Out(), document);
   }
 
   std::string address_;
   std::vector<std::string> parameters_;
+  bool json_ = false;
   CLI::Option* watch_ = nullptr;
   std::string seconds_;
   std::string times_;

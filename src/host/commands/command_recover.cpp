@@ -10,6 +10,7 @@
 #include "host/arguments/arguments.h"
 #include "host/arguments/chart_argument.h"
 #include "host/arguments/command.h"
+#include "host/reports/json_output.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
 #include "recording/journal/recovery.h"
@@ -118,7 +119,7 @@ class RecoverCommand : public Command {
       if (recording.journalFile.empty()) session.Out() << ", without a journal";
       session.Out() << (listed.running ? ", being recorded\n" : "\n");
     }
-    if (json_) session.Out() << list.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+    if (json_) PrintDocument(session.Out(), list);
     if (all.empty()) session.Err() << "nothing to recover\n";
     return all.empty() ? ExitCode::kRunTimeError : ExitCode::kDone;
   }

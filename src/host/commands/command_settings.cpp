@@ -10,6 +10,7 @@
 #include "common/environment/language.h"
 #include "common/environment/settings_table.h"
 #include "host/arguments/command.h"
+#include "host/reports/json_output.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
 
@@ -61,12 +62,13 @@ class SettingsCommand : public Command {
     app->add_option("SECTION.KEY", name_, "for example MyConf.strLanguage")->type_name("");
     value_ = app->add_option("VALUE", text_, "new value (English, Portuguese, Spanish; Yes, No; a number; a folder)")
                  ->type_name("");
+    app->add_flag("--json", json_, "the list, or the one that is named, as one JSON object")->excludes(value_);
     return app;
   }
 
   ExitCode Run(Session& session) override {
     SettingsStore& store = session.ThePorts().settings;
-    if (name_.empty()) {
+    if (name_.empty() || json_) {
       List(session, store);
       return ExitCode::kDone;
     }
@@ -81,11 +83,21 @@ class SettingsCommand : public Command {
   }
 
  private:
-  static void List(Session& session, SettingsStore& store) {
-    for (const NamedSetting& setting : AllSettings()) {
-      session.Out() << setting.Name() << "=" << StoredText(store, setting) << "\n";
-    }
-    session.Out() << LinkSettingName() << "=" << StoredLink(store) << "\n";
+  /// All settings, or the one that is named.
+  void List(Session& session, SettingsStore& store) const {
+    nlohmann::ordered_json document = nlohmann::ordered_json::object();
+    const auto add = [&](const std::string& name, const std::string& text) {
+      if (!name_.empty() && name != name_) return;
+      if (json_) {
+        document[name] = text;
+      } else {
+        session.Out() << name << "=" << text << "\n";
+      }
+    };
+    if (!name_.empty() && name_ != LinkSettingName()) (void)Find(name_);  // refuses a name that is none
+    for (const NamedSetting& setting : AllSettings()) add(setting.Name(), StoredText(store, setting));
+    add(LinkSettingName(), StoredLink(store));
+    if (json_) PrintDocument(session.Out(), document);
   }
 
   /// The choice of drives is the program's own setting, which the component does not have.
@@ -120,6 +132,7 @@ class SettingsCommand : public Command {
 
   std::string name_;
   std::string text_;
+  bool json_ = false;
   CLI::Option* value_ = nullptr;
 };
 

@@ -40,16 +40,28 @@ CategoryUnit ParseAxis(const std::string& text) {
   throw RefusedError("--axis: points, elapsed or time, not \"" + text + "\"");
 }
 
+/// The fewest points a division with which a picture shows a range; 1 for one without an end.
+std::int16_t DivisionOf(const PointRange& range) {
+  if (!range.HasEnd()) return 1;
+  const std::int64_t division = (range.Count() + kDivisions - 1) / kDivisions;
+  if (division > kMostPointsPerDivision) {
+    throw RefusedError("a picture shows " + std::to_string(kDivisions * kMostPointsPerDivision) +
+                       " points at most, the range has " + std::to_string(range.Count()));
+  }
+  return CheckedInteger16(division);
+}
+
 }  // namespace
 
 void ChartPictureOptions::AddTo(CLI::App& command) {
   command.add_option("--type", type_, "0 and 1 bars, 2 and 3 lines, 4 and 5 areas, 6 and 7 steps; even numbers in 3D")
       ->type_name("0|1|2|3|4|5|6|7")
       ->capture_default_str();
-  command.add_option("--first", first_, "first point shown, counted from 1")->type_name("N")->capture_default_str();
-  command.add_option("--points-per-division", division_, "points in each of the 25 divisions")
-      ->type_name("N")
-      ->capture_default_str();
+  range_.AddTo(command, "25 divisions");
+  command
+      .add_option("--points-per-division", division_,
+                  "points in each of the 25 divisions [default: 1, or as few as show the range]")
+      ->type_name("N");
   command.add_option("--scale", scales_, "multiplier of each series, for example 1,10")->type_name("N[,N...]");
   command.add_option("--grid", grid_, "lines of the grid")->type_name("on|off")->capture_default_str();
   command.add_option("--markers", markers_, "a marker at each point")->type_name("on|off")->capture_default_str();
@@ -67,9 +79,11 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   Choice choice;
   ChartLook& look = choice.look;
   look.kind = static_cast<ChartKind>(ParseNumber(type_, "--type", 0, kChartKindCount - 1));
-  choice.pointsPerDivision =
-      CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
-  choice.first = ParseNumber(first_, "--first", 1, kMostPoints);
+  if (!division_.empty()) {
+    choice.pointsPerDivision =
+        CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
+  }
+  choice.range = range_;
   look.grid = ParseSwitch(grid_, "--grid");
   look.markers = ParseSwitch(markers_, "--markers");
   look.lines = ParseSwitch(lines_, "--lines");
@@ -98,17 +112,20 @@ void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPi
   if (view.AxisFor(choice.look.axis) != choice.look.axis) {
     throw RefusedError("--axis: the header of the file does not say the times of its points");
   }
-  view.SetPointsPerDivision(choice.pointsPerDivision);
-  view.ScrollTo(std::int64_t{view.FirstLine()} + choice.first - 1);
+  const PointRange range = choice.range.Resolve(view.Clock());
+  const std::int64_t begin = std::int64_t{view.FirstLine()} + range.first - 1;
+  view.SetPointsPerDivision(choice.pointsPerDivision.value_or(DivisionOf(range)));
+  view.ScrollTo(begin);
+  if (range.HasEnd()) view.EndBefore(begin + range.Count());
   if (view.Load() == SliceEnd::kMalformedLine) {
     constexpr std::size_t kMostShown = 80;
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kLineIsNotAPoint,
                        {fileName, std::to_string(view.Fault().number), view.Fault().text.substr(0, kMostShown)});
   }
-  if (view.Shown().RowCount() == 0 && choice.first > 1) {
+  if (view.Shown().RowCount() == 0 && range.first > 1) {
     const std::int64_t held = view.Shown().lastLine - view.FirstLine() + 1;
-    throw RefusedError("--first: the file holds " + std::to_string(held) + " points, there is no point " +
-                       std::to_string(choice.first));
+    throw RefusedError("--first, --from: the file holds " + std::to_string(held) + " points, there is no point " +
+                       std::to_string(range.first));
   }
 }
 

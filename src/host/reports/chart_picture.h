@@ -3,9 +3,11 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "chart/view/chart_view.h"
+#include "host/arguments/range_options.h"
 
 namespace chartproject {
 
@@ -17,15 +19,15 @@ class ChartPictureOptions {
   /// What the texts of the options mean. Throws RefusedError that names the option.
   struct Choice {
     ChartLook look;
-    std::int16_t pointsPerDivision = 1;
-    int first = 1;
+    std::optional<std::int16_t> pointsPerDivision{};  ///< nothing: as few as show the range
+    RangeOptions range{};
   };
   [[nodiscard]] Choice Parse() const;
 
  private:
   std::string type_ = "3";
-  std::string first_ = "1";
-  std::string division_ = "1";
+  RangeOptions range_;
+  std::string division_;
   std::string scales_;
   std::string grid_ = "off";
   std::string markers_ = "off";
@@ -37,8 +39,8 @@ class ChartPictureOptions {
 };
 
 /// Opens a chart file in a view and loads the chosen slice. @param fileName full name
-/// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a first point that the
-/// file does not have, or an axis of times that it does not say.
+/// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a range that the file
+/// does not have or that a picture cannot show, or an axis of times that the file does not say.
 void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice);
 
 /// Names the series by the drive's parameters; a file of a drive that the project does not have keeps their numbers

@@ -3,6 +3,7 @@
 
 #include "common/values/text.h"
 #include "host/reports/companion_json.h"
+#include "host/reports/json_output.h"
 #include "recording/companion/companion_texts.h"
 
 namespace chartproject {
@@ -46,8 +47,7 @@ void PrintRunJson(std::ostream& out, const RunReport& report) {
   document["keptFile"] = report.written.keptFile;
   document["reason"] = report.written.reason;
   AddCompanion(document, report.readings);
-  // Names that are not valid UTF-8 must not stop the output.
-  out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  PrintDocument(out, document);
 }
 
 }  // namespace chartproject

@@ -44,6 +44,8 @@ class PointClock {
 
   /// Milliseconds from midnight to the first point; nothing when the header's start time cannot be read.
   [[nodiscard]] std::optional<double> FirstOfDay() const noexcept { return firstOfDay_; }
+  /// The day of the first point; nothing when the header's start date cannot be read.
+  [[nodiscard]] std::optional<DateTime> FirstDate() const noexcept { return firstDate_; }
   /// The date of a day, counted from 0 for that of the first point, as the user writes dates; "+1 d" where the header's
   /// date cannot be read.
   [[nodiscard]] std::string DateText(std::int64_t day) const;

@@ -6,6 +6,8 @@
 namespace chartproject {
 namespace {
 
+constexpr std::int64_t kLinesPerReport = 65536;
+
 InputFile& Moved(InputFile& file, std::uint64_t offset) {
   file.Seek(offset);
   return file;
@@ -33,13 +35,16 @@ bool PointReader::Next(PointLine& line) {
   return true;
 }
 
-void PointReader::SkipTo(std::int64_t number) {
+bool PointReader::SkipTo(std::int64_t number, const CountProgress& progress) {
   TextLine passed;
-  while (next_ < number && lines_.Next(passed)) next_ = passed.number + 1;
+  while (next_ < number && lines_.Next(passed)) {
+    next_ = passed.number + 1;
+    if (progress && next_ % kLinesPerReport == 0 && !progress(lines_.NextOffset())) return false;
+  }
+  return true;
 }
 
 std::optional<PointCount> CountPoints(InputFile& file, const RowStart& first, const CountProgress& progress) {
-  constexpr std::int64_t kLinesPerReport = 65536;
   PointCount count;
   PointReader points(file, first);
   for (PointLine line; points.Next(line);) {

@@ -29,6 +29,9 @@ struct PointLine {
   std::uint64_t offset = 0;  ///< of the line's first byte in the file
 };
 
+/// Called at intervals with the offset reached; returning false stops the count.
+using CountProgress = std::function<bool(std::uint64_t offset)>;
+
 class PointReader {
  public:
   /// @param file outlives the reader; its position must not be changed from outside
@@ -38,7 +41,8 @@ class PointReader {
   /// False at the end of the file. Throws RunTimeError 57 on a device error.
   [[nodiscard]] bool Next(PointLine& line);
   /// Skips the lines before `number` without examining them.
-  void SkipTo(std::int64_t number);
+  /// @param progress called now and then; when it returns false, the skipping stops and the answer is false
+  bool SkipTo(std::int64_t number, const CountProgress& progress = {});
   /// Number of the line that comes next; at the end of the file one more than that of the last line.
   [[nodiscard]] std::int64_t NextNumber() const noexcept { return next_; }
 
@@ -53,9 +57,6 @@ struct PointCount {
   std::int64_t malformed = 0;
   std::int64_t lastLine = 0;  ///< number of the last point's line; 0 without a point
 };
-
-/// Called at intervals with the offset reached; returning false stops the count.
-using CountProgress = std::function<bool(std::uint64_t offset)>;
 
 /// Reads to the end of the file; nothing when the count was stopped. Throws RunTimeError 57 on a device error.
 [[nodiscard]] std::optional<PointCount> CountPoints(InputFile& file, const RowStart& first,

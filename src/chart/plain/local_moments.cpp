@@ -1,0 +1,17 @@
+// The distance from UTC, kept for a while.
+#include "chart/plain/local_moments.h"
+
+namespace chartproject {
+
+std::int64_t LocalMoments::Local(std::int64_t milliseconds) {
+  constexpr std::int64_t kMillisecondsPerSecond = 1000;
+  constexpr std::int64_t kSecondsPerQuarter = 15 * 60;
+  const std::int64_t quarter = StepsBelow(milliseconds, kSecondsPerQuarter * kMillisecondsPerSecond);
+  if (quarter != quarter_) {
+    ahead_ = zone_.OffsetAt(quarter * kSecondsPerQuarter) * kMillisecondsPerSecond;
+    quarter_ = quarter;
+  }
+  return milliseconds + ahead_;
+}
+
+}  // namespace chartproject

@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Tables, streams and workbooks as other programs read them. Usage: tables_test.py PROGRAM [unittest arguments]"""
+import io, json, subprocess, unittest, xml.etree.ElementTree as xml, zipfile
+
+from program_case import ProgramCase
+
+HEADS = ["time", "P003 Motor current", "P005 Motor frequency"]
+
+
+class TablesTest(ProgramCase):
+    def setUp(self):
+        super().setUp()
+        self.put("plant.txt", "at 0 01 P003 1.50\nat 0 01 P005 50.25\nat 3000 01 P005 -\nat 5000 01 P005 7\n")
+        self.acquire(10, expected=0)
+
+    def export(self, *options, code=0):
+        return self.run_program("--answer", "yes", "export", "run.cht", *options, expected=code)
+
+    def test_readers_of_tables_take_them_unchanged(self):
+        import pandas
+        text = self.export("--plain", "--output", "-").stdout
+        table = pandas.read_csv(io.StringIO(text), parse_dates=["time"])
+        self.assertEqual((list(table.columns), len(table)), (HEADS, 10))
+        self.assertEqual(str(table.time[0]), "2026-01-31 08:00:01+00:00")
+        self.assertEqual(list(table[HEADS[2]].isna()), [False] * 2 + [True] * 2 + [False] * 6)
+        self.assertEqual(table[HEADS[1]].dtype, float)
+        self.export("--plain", "--output", "run.tsv")
+        frame = pandas.read_csv(self.folder / "run.tsv", sep="\t", parse_dates=["time"])
+        self.assertTrue(frame.equals(table))
+        lines = [json.loads(line) for line in self.export("--plain", "--format", "jsonl", "--output", "-").stdout.split("\n")[:-1]]
+        self.assertEqual([list(lines[0]), lines[2][HEADS[2]], lines[9][HEADS[2]]], [HEADS, None, 7.0])
+        self.put("run.csv", text)
+        count = subprocess.run(["sqlite3", ":memory:", ".import --csv run.csv t",
+                                f'select count(*), max("{HEADS[1]}" + 0) from t'], cwd=self.folder, capture_output=True, text=True)
+        self.assertEqual(count.stdout.strip(), "10|1.5", count.stderr)
+        stats = subprocess.run(["gnuplot", "-e", "set datafile separator ','; stats 'run.csv' skip 1 using 3 nooutput; "
+                                "print STATS_records, STATS_max"], cwd=self.folder, capture_output=True, text=True)
+        self.assertEqual(stats.stderr.split(), ["8", "50.25"])
+
+    def test_rows_come_as_they_are_taken_and_the_file_all_the_same(self):
+        done = self.acquire(5, "--rows", "-", expected=0)
+        rows = [json.loads(line) for line in done.stdout.splitlines()]
+        self.assertEqual([row["time"] for row in rows], [f"2026-01-31T08:00:0{i}.000+00:00" for i in range(1, 6)])
+        self.assertEqual([row[HEADS[2]] for row in rows], [50.25, 50.25, None, None, 7])
+        self.assertIn("5 points in ", done.stderr)
+        self.assertIn("Rows: 5\n", self.run_program("info", "run.cht").stdout)
+        self.assertIn("--rows -", self.acquire(5, file="-", expected=2).stderr)
+
+    def test_a_range_by_number_or_by_time(self):
+        def times(*options):
+            return [line[17:19] for line in self.export("--plain", "--output", "-", *options).stdout.splitlines()[1:]]
+        self.assertEqual(times("--first", 3, "--points", 2), ["03", "04"])
+        self.assertEqual(times("--from", "08:00:09"), ["09", "10"])
+        self.assertEqual(times("--from", "2026-01-31 08:00:02", "--to", "+00:00:02.5"), ["02", "03"])
+        self.assertIn("Points 9 to 10\n", self.run_program("info", "run.cht", "--first", 9).stdout)
+        for options, part in ((("--first", 11), "no point of that range"), (("--from", "8"), "is not a time"),
+                              (("--from", "+00:01:00", "--points", 3), "no point of that range"),
+                              (("--from", "08:00:05", "--to", "08:00:04"), "no point of the recording lies between"),
+                              (("--first", 2, "--from", "08:00"), "both say where the points begin")):
+            done = self.export("--plain", "--output", "none.csv", *options, code=2)
+            self.assertIn(part, done.stderr)
+            self.assertFalse((self.folder / "none.csv").exists())
+
+    def test_a_workbook_with_charts_header_and_dated_points(self):
+        self.acquire(40000, expected=0)
+        self.export("--output", "run.xlsx", "--first", 2)
+        with zipfile.ZipFile(self.folder / "run.xlsx") as book:
+            sheets = [sheet.get("name") for sheet in xml.fromstring(book.read("xl/workbook.xml")).iter() if sheet.tag.endswith("}sheet")]
+            self.assertEqual(sheets, ["Charts", "Recording", "Points", "Chart data"])
+            self.assertEqual(sum(name.startswith("xl/charts/") for name in book.namelist()), 2)
+            rows = {number: [row for row in xml.fromstring(book.read(f"xl/worksheets/sheet{number}.xml")).iter()
+                             if row.tag.endswith("}row")] for number in (3, 4)}
+        first = [cell[0].text for cell in rows[3][1]]
+        self.assertEqual([float(text) for text in first], [46053 + 8 / 24 + 2 / 86400, 1.5, 50.25])
+        self.assertEqual((len(rows[3]), len(rows[3][2])), (40000, 2), "a gap is an empty cell")
+        self.assertTrue(20000 <= len(rows[4]) <= 30001, len(rows[4]))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
