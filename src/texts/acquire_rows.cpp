@@ -99,7 +99,7 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kPointTakesTooLong, "Um ponto leva %1 ms, mais que os seus %2 ms: os pontos chegarão tarde.",
      "A point takes %1 ms, more than your %2 ms: points will come late.",
      "Un punto toma %1 ms, más que sus %2 ms: los puntos llegarán tarde."},
-    {Text::kTimePoint, "Testar", "Test", "Probar"},
+    {Text::kTimePoint, "Fazer teste", "Test", "Probar"},
     {Text::kTimePointTip, "Ler um ponto uma vez, sem registrar, para ver quanto tempo leva",
      "Read one point, without recording, to see how long it takes",
      "Leer un punto una vez, sin registrar, para ver cuánto tarda"},
