@@ -13,9 +13,16 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kExportSkippedLines, "%1 linha(s) do arquivo não são pontos e ficaram de fora; a primeira é a linha %2.",
      "%1 line(s) are not data points and were skipped; the first is line %2.",
      "%1 línea(s) del archivo no son puntos y quedaron fuera; la primera es la línea %2."},
-    {Text::kExportTooLarge, "O arquivo tem mais pontos do que cabem em uma planilha deste formato. Caberiam %1 pontos.",
-     "The file has more points than a workbook of this format can hold. %1 points would fit.",
-     "El archivo tiene más puntos de los que caben en un libro de este formato. Cabrían %1 puntos."},
+    {Text::kExportTooLarge,
+     "O arquivo tem mais pontos do que cabem em uma planilha deste formato. Caberiam %1 pontos. O comando \"export\" "
+     "grava "
+     "também .xlsx e .csv, ou uma parte dos pontos (--first, --points).",
+     "The file has more points than a workbook of this format can hold. %1 points would fit. The command \"export\" "
+     "also "
+     "writes .xlsx and .csv, or a part of the points (--first, --points).",
+     "El archivo tiene más puntos de los que caben en un libro de este formato. Cabrían %1 puntos. El comando "
+     "\"export\" "
+     "graba también .xlsx y .csv, o una parte de los puntos (--first, --points)."},
     {Text::kExportNeedsSpace, "A planilha precisa de %1; o disco tem %2 livres. Nada foi gravado.",
      "The workbook needs %1; the disk has %2 free. Nothing was written.",
      "El libro necesita %1; el disco tiene %2 libres. No se grabó nada."},

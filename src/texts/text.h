@@ -162,11 +162,11 @@ enum class Text : std::uint16_t {
   kPointTakesTooLong,    ///< the same of a point that takes longer than the time between points
   kTimePoint,            ///< caption of the button that reads a point to time it
   kTimePointTip,
-  kTimingPoint,  ///< while it is read
-  kRecoveredTimes,       ///< of a recovered recording: the real times are not known
-  kRecoveredReadings,    ///< the same without a journal: neither are the failed readings
-  kRecoveryProgress,     ///< "Saving the points of the interrupted recording: %1 % (Esc: not now)"
-  kNotStarted,           ///< "Not started: the points of the interrupted recording beside %1 are as they were."
+  kTimingPoint,        ///< while it is read
+  kRecoveredTimes,     ///< of a recovered recording: the real times are not known
+  kRecoveredReadings,  ///< the same without a journal: neither are the failed readings
+  kRecoveryProgress,   ///< "Saving the points of the interrupted recording: %1 % (Esc: not now)"
+  kNotStarted,         ///< "Not started: the points of the interrupted recording beside %1 are as they were."
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."

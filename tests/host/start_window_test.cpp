@@ -32,9 +32,9 @@ struct ShortLine : LinePort {
 struct StartWindow : ::testing::Test {
   FakePorts fakes;
   PosixClock clock;  // the line's thread waits in real time
-  ChosenLinks links{"sim",
-                    {fakes.files, fakes.settings, clock, [](Instant) {}, fakes.locale,
-                     [] { return Language::kEnglish; }, {}, true}};
+  ChosenLinks links{
+      "sim",
+      {fakes.files, fakes.settings, clock, [](Instant) {}, fakes.locale, [] { return Language::kEnglish; }, {}, true}};
   std::vector<SerialPort> ports{{"/dev/ttyUSB0", "/dev/serial/by-id/usb-converter", true, "dialout", ""},
                                 {"/dev/ttyS0", "", true, "dialout", "other (12)"}};
   bool portGone = false;
@@ -42,13 +42,16 @@ struct StartWindow : ::testing::Test {
   ProcessState process;
   std::unique_ptr<Component> shared = process.NewState(fakes.ports, fakes.forms, links);
   ChartClass instance{*shared, process};
-  StartForm form{instance, "", {links, [this] { return ports; }, [this] {
-                                  return [this](const LineSettings&, const std::function<bool()>&) {
-                                    auto port = std::make_unique<ShortLine>();
-                                    port->gone = portGone;
-                                    return port;
-                                  };
-                                }}};
+  StartForm form{instance,
+                 "",
+                 {links, [this] { return ports; },
+                  [this] {
+                    return [this](const LineSettings&, const std::function<bool()>&) {
+                      auto port = std::make_unique<ShortLine>();
+                      port->gone = portGone;
+                      return port;
+                    };
+                  }}};
 
   StartWindow() { form.Load(); }
   void Choose(ComboBox& list, const std::string& item) {
@@ -167,8 +170,7 @@ TEST_F(StartWindow, DrivesAreRemovedAndWhoAnsweredIsProposed) {
     EXPECT_FALSE(window.cmdAdd.Enabled()) << "without a model";
     Choose(window.cboModel, "KRA-02");
     window.cmdAdd.Press();
-    EXPECT_THAT(fakes.dialogs.TakePrompts(),
-                ElementsAre(HasSubstr("There is no driver file for the model KRA-02")));
+    EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre(HasSubstr("There is no driver file for the model KRA-02")));
     EXPECT_TRUE(window.IsLoaded());
     Choose(window.cboModel, "LMX-01");
     EXPECT_EQ(window.txtFirmware.Text(), "1.72");

@@ -177,7 +177,8 @@ TEST_F(SimulatedTest, EveryModelsParametersAnswerInTheDecimalsOfTheirUnitAndMove
       const std::string text = Read(model, parameter.number, code);
       texts.insert(text);
       if (FindParameterKind(parameter.kind)->low < 0) {
-        EXPECT_LT(ValueWriter(fakes.locale).WriteRegister(0xFFFF, code).number, 0) << "signed on a line: " << parameter.kind;
+        EXPECT_LT(ValueWriter(fakes.locale).WriteRegister(0xFFFF, code).number, 0)
+            << "signed on a line: " << parameter.kind;
       }
       if (code > 72) continue;
       EXPECT_EQ(ToDouble(text, fakes.locale.numbers), link->GetValue()) << model << parameter.number;

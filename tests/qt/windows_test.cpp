@@ -217,8 +217,14 @@ struct StartWindowTest : ::testing::Test {
   std::unique_ptr<Component> shared = process.NewState(outside.ports, outside.host, links);
   ChartClass instance{*shared, process};
   ChosenLinks chosen{"sim",
-                     {outside.fakes.files, outside.fakes.settings, outside.clock, [](Instant) {}, outside.fakes.locale,
-                      [] { return Language::kEnglish; }, {}, true}};
+                     {outside.fakes.files,
+                      outside.fakes.settings,
+                      outside.clock,
+                      [](Instant) {},
+                      outside.fakes.locale,
+                      [] { return Language::kEnglish; },
+                      {},
+                      true}};
   StartForm form{instance, made.folder, {chosen, [] { return std::vector<SerialPort>(); }, {}}};
   User user{form};
 

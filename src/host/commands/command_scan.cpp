@@ -1,4 +1,4 @@
-// scan [--from A --to B] [--try]: which addresses of a line answer.
+// scan [--from A --to B] [--try] [--json]: which addresses of a line answer.
 #include <ostream>
 
 #include "backends/posix/keyboard_signals.h"
@@ -7,6 +7,7 @@
 #include "drive/drive_models.h"
 #include "host/arguments/arguments.h"
 #include "host/arguments/command.h"
+#include "host/reports/json_output.h"
 #include "host/reports/progress.h"
 #include "host/session/serial_links.h"
 #include "links/serial/line_scan.h"
@@ -24,6 +25,15 @@ std::string DriveLine(const FoundDrive& drive) {
   return line + "  \"" + VisibleText(drive.name) + "\"";
 }
 
+/// As docs/json.md has it.
+nlohmann::ordered_json DriveJson(const FoundDrive& drive) {
+  const DriveModel* const model = FindModelIn(drive.name);
+  return {{"address", drive.address},
+          {"line", drive.settings.network ? "" : SpeedText(drive.settings)},
+          {"model", model != nullptr ? std::string(model->name) : ""},
+          {"name", drive.name}};
+}
+
 class ScanCommand : public Command {
  public:
   CLI::App* AddTo(CLI::App& program) override {
@@ -31,6 +41,7 @@ class ScanCommand : public Command {
     app->add_option("--from", from_, "first address (default: 1)")->type_name("N");
     app->add_option("--to", to_, "last address (default: 30)")->type_name("N");
     app->add_flag("--try", try_, "try all speeds and parities, the most usual first, until a drive answers");
+    app->add_flag("--json", json_, "what was found as one JSON array, at the end");
     return app;
   }
 
@@ -52,10 +63,9 @@ class ScanCommand : public Command {
   }
 
  private:
-  static ExitCode Search(Session& session, const ScanPlan& plan) {
+  ExitCode Search(Session& session, const ScanPlan& plan) const {
     const LinkSurroundings& around = session.Links().Surroundings();
-    Progress progress(session.Err(), ProgressKindFor(session.Options().quiet),
-                      {"address", "addresses"});
+    Progress progress(session.Err(), ProgressKindFor(session.Options().quiet), {"address", "addresses"});
     if (!session.Options().quiet) {
       const auto seconds = std::chrono::ceil<std::chrono::seconds>(LongestScan(plan)).count();
       session.Err() << "This may take " << FormatSeconds(seconds) << "; Ctrl-C ends it.\n" << std::flush;
@@ -63,18 +73,19 @@ class ScanCommand : public Command {
     KeyboardSignals::Watch();
     LineScan scan(MakeLinePorts(around.trace, around.clock), around.clock, around.waitUntil,
                   [] { return KeyboardSignals::Received() > 0; });
-    int count = 0;
+    nlohmann::ordered_json document = nlohmann::ordered_json::array();
     scan.progress = [&progress](int done, int total, const LineSettings& /*settings*/) { progress.Show(done, total); };
     scan.found = [&](const FoundDrive& drive) {
       progress.EndLine();
-      ++count;
-      session.Out() << DriveLine(drive) << "\n" << std::flush;
+      document.push_back(DriveJson(drive));
+      if (!json_) session.Out() << DriveLine(drive) << "\n" << std::flush;
     };
     const bool complete = scan.Run(plan);
     progress.EndLine();
+    if (json_) PrintDocument(session.Out(), document);
     if (!complete) return ExitCode::kEndedEarly;
-    if (count == 0) session.Err() << "No drive answers. " << Advice(plan) << "\n";
-    return count > 0 ? ExitCode::kDone : ExitCode::kRunTimeError;
+    if (document.empty()) session.Err() << "No drive answers. " << Advice(plan) << "\n";
+    return document.empty() ? ExitCode::kRunTimeError : ExitCode::kDone;
   }
 
   static std::string Advice(const ScanPlan& plan) {
@@ -86,6 +97,7 @@ class ScanCommand : public Command {
   std::string from_;
   std::string to_;
   bool try_ = false;
+  bool json_ = false;
 };
 
 }  // namespace

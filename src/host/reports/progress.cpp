@@ -27,7 +27,8 @@ std::string ProgressText(std::int64_t done, std::int64_t total, double rate, con
   if (rate > 0) {
     std::array<char, 64> speed{};
     std::snprintf(speed.data(), speed.size(), rate < 100 ? ", %.1f " : ", %.0f ", rate);
-    text += speed.data() + many + "/s, " + FormatSeconds(std::llround(static_cast<double>(total - done) / rate)) + " left";
+    text +=
+        speed.data() + many + "/s, " + FormatSeconds(std::llround(static_cast<double>(total - done) / rate)) + " left";
   }
   return text;
 }
@@ -59,7 +60,8 @@ void Progress::Show(std::int64_t done, std::int64_t total) {
   if (bar) {
     // Blanks at the end cover a longer line from before.
     RestartLine(out_);
-    out_ << "[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate, words_.many) << "    ";
+    out_ << "[" << ProgressBarText(done, total, kBarWidth) << "] " << ProgressText(done, total, rate, words_.many)
+         << "    ";
     lineOpen_ = true;
   } else {
     out_ << words_.one << " " << ProgressText(done, total, rate, words_.many) << "\n";

@@ -53,7 +53,8 @@ LinkSection::LinkSection(Form& form, Component& component, LinkChoice choice, st
   lblLinkNote.SetVisible(false);
   cmdTestLink.SetVisible(false);
   for (Control* control : FieldsOfALine()) control->SetVisible(false);
-  for (Control* control : {static_cast<Control*>(&lblHost), static_cast<Control*>(&txtPort)}) control->SetVisible(false);
+  for (Control* control : {static_cast<Control*>(&lblHost), static_cast<Control*>(&txtPort)})
+    control->SetVisible(false);
   txtPort.SetWidthInCharacters(kNameWidth);
   Connect(cboLink.click, cboLink, "Click", this, &LinkSection::cboLink_Click);
   Connect(cboPort.click, cboPort, "Click", this, &LinkSection::cboPort_Click);
