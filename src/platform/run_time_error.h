@@ -100,6 +100,13 @@ class SideFileLost : public RunTimeError {
       : RunTimeError(error_number::kPathFileAccess, Text::kSideFileLost, {name}) {}
 };
 
+/// A side file that cannot be opened now, for example because its disk refuses writing. Nothing was written, and it may
+/// be there again later.
+class SideFileAway : public RunTimeError {
+ public:
+  explicit SideFileAway(const RunTimeError& reason) : RunTimeError(reason) {}
+};
+
 /// An exception as a run-time error: itself when it is one, else 440 with its text.
 [[nodiscard]] inline RunTimeError AsRunTimeError(const std::exception& error) {
   const auto* const known = dynamic_cast<const RunTimeError*>(&error);

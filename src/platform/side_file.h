@@ -60,7 +60,8 @@ class SideFile {
   /// Opens the file, appends the bytes in one write, and closes it again: the bytes are with the system when the call
   /// returns, so a crash of the program afterwards loses none of them. A call that comes a second or more after the
   /// last flush also hands them to the disk with the file's entry, so that a power cut loses a second at most.
-  /// Throws SideFileLost when the name is gone, belongs to another file, or the file's length has changed.
+  /// Throws SideFileLost when the name is gone, belongs to another file, or the file's length has changed, and
+  /// SideFileAway when the file cannot be opened.
   /// @return the disk's sizes afterwards
   virtual DiskSpace AppendAndMeasure(std::string_view bytes) = 0;
   /// Takes the target's name in one atomic step; a file that had it is replaced.

@@ -94,6 +94,19 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kCompanionNotWritten, "As leituras que falharam e os tempos reais não puderam ser anotados: %1",
      "The failed readings and the real times could not be noted: %1",
      "Las lecturas fallidas y los tiempos reales no se pudieron anotar: %1"},
+    {Text::kRecoveredTimes, "Recuperado após uma interrupção: os tempos reais entre pontos não são conhecidos",
+     "Recovered after an interruption: the real times between points are not known",
+     "Recuperado después de una interrupción: no se conocen los tiempos reales entre puntos"},
+    {Text::kRecoveredReadings,
+     "Recuperado após uma interrupção: as leituras que falharam e os tempos reais entre pontos não são conhecidos",
+     "Recovered after an interruption: the failed readings and the real times between points are not known",
+     "Recuperado después de una interrupción: no se conocen las lecturas fallidas ni los tiempos reales entre puntos"},
+    {Text::kRecoveryProgress, "Gravando os pontos do registro interrompido: %1 % (Esc: agora não)",
+     "Saving the points of the interrupted recording: %1 % (Esc: not now)",
+     "Grabando los puntos del registro interrumpido: %1 % (Esc: ahora no)"},
+    {Text::kNotStarted, "Não iniciado: os pontos do registro interrompido ao lado de %1 estão como estavam.",
+     "Not started: the points of the interrupted recording beside %1 are as they were.",
+     "No iniciado: los puntos del registro interrumpido al lado de %1 están como estaban."},
 });
 static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
 

@@ -158,6 +158,10 @@ enum class Text : std::uint16_t {
   kPointsComeLate,       ///< while it happens: every %1 instead of %2
   kPaceSlipped,          ///< afterwards: %1 mean, %2 asked, %3 shortest, %4 longest
   kCompanionNotWritten,  ///< "... could not be noted: %1"
+  kRecoveredTimes,       ///< of a recovered recording: the real times are not known
+  kRecoveredReadings,    ///< the same without a journal: neither are the failed readings
+  kRecoveryProgress,     ///< "Saving the points of the interrupted recording: %1 % (Esc: not now)"
+  kNotStarted,           ///< "Not started: the points of the interrupted recording beside %1 are as they were."
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."

@@ -63,7 +63,7 @@ TEST_F(AcquireRunTest, MoreThan2500PointsAreSpooled) {
     Start(points);
     fake.files.appendCount = 0;
     RunToEnd();
-    EXPECT_EQ(fake.files.appendCount, points == 2500 ? 2500 : 2502) << "rows, and the journal of a spooled run";
+    EXPECT_EQ(fake.files.appendCount, points == 2500 ? 2500 : 2503) << "rows, and the journal of a spooled run";
     const auto rows = Rows();
     ASSERT_EQ(rows.size(), static_cast<std::size_t>(points));
     EXPECT_EQ(rows[0].substr(8), "#50#####");

@@ -149,6 +149,123 @@ TEST_F(RecoveryTest, ASpoolFileThatIsLostIsNoticedAndTheReportCountsWhatIsInTheC
   }
 }
 
+TEST_F(RecoveryTest, AFolderThatIsAwayForAWhileOrADiskThatRefusesWritingCostsNoPoint) {
+  const auto whileAway = [this](bool moved, const std::function<void()>& meanwhile) {
+    std::vector<std::string> names;
+    for (const char* name : {kSpool, kJournal}) {
+      if (moved && fake.files.Has(name)) names.emplace_back(name);
+    }
+    for (const std::string& name : names) fake.files.Rename(name, name + ".away");
+    fake.files.Break(moved ? "create" : "open", error_number::kPathNotFound);
+    meanwhile();
+    fake.files.Mend();
+    for (const std::string& name : names) fake.files.Rename(name + ".away", name);
+  };
+  for (const int points : {2500, 2501}) {
+    for (const bool moved : {true, false}) {
+      Start(points);
+      RunUntil(fake.clock.Now() + seconds(3));
+      whileAway(moved, [&] {
+        RunUntil(fake.clock.Now() + seconds(4));
+        EXPECT_THAT(form->panel.lblNotice.Caption(), HasSubstr("A crash of the program would lose the points: broken"));
+      });
+      RunUntil(fake.clock.Now() + seconds(2));
+      EXPECT_EQ(form->panel.lblNotice.Caption(), "");
+      Crash();
+      EXPECT_EQ(RecoverAll().at(0).points, 9) << points;
+      Start(points);
+      RunUntil(fake.clock.Now() + seconds(3));
+      whileAway(moved, [&] { RunUntil(fake.clock.Now() + seconds(4)); });
+      RunToEnd();
+      EXPECT_EQ(form->LastRun().written.rows, points);
+      EXPECT_FALSE(fake.files.Has(kJournal) || fake.files.Has(kSpool));
+      fake.files.Delete(kChart);
+    }
+  }
+  // It never comes back: the points are saved in the project's folder.
+  Start(2501);
+  RunUntil(fake.clock.Now() + seconds(3));
+  fake.files.Break("open", error_number::kPathNotFound);
+  RunUntil(fake.clock.Now() + seconds(4));
+  fake.files.Break("", error_number::kPathNotFound, "C:\\p\\");
+  form->StopRun();
+  const std::string kept = form->LastRun().written.keptFile;
+  EXPECT_EQ(kept, "/tmp/Test.cht.tcf0");
+  EXPECT_EQ(std::ranges::count(fake.files.Bytes(kept), '\n'), 7);
+}
+
+TEST_F(RecoveryTest, FailedReadingsComeBackWithThePoints) {
+  for (const int points : {100, 3000}) {
+    Start(points);
+    const auto take = [this](int count, std::set<int> silent) {
+      plant.silent = std::move(silent);
+      RunUntil(fake.clock.Now() + seconds(count));
+    };
+    take(2, {});
+    take(3, {3});
+    take(1, {});
+    plant.failure = {ReadFailure::kException, "illegal address"};
+    take(2, {3});
+    fake.clock.AdvanceTo(fake.clock.Now() + milliseconds(500));
+    Crash();
+    plant.silent.clear();
+    plant.failure = {ReadFailure::kNoAnswer, {}};
+    EXPECT_EQ(RecoverAll().at(0).points, 8);
+    EXPECT_THAT(Rows(), testing::Each(testing::EndsWith("#####"))) << "no note among the rows";
+    ChartHeader header;
+    (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
+    const auto companion = LoadCompanion(fake.files, kChart, header);
+    ASSERT_TRUE(companion);
+    EXPECT_EQ(companion->recovered, Recovered::kFromJournal);
+    EXPECT_THAT(companion->failed[0].Ranges(),
+                ElementsAre(FailedRange{3, 5, 3, {ReadFailure::kNoAnswer, ""}},
+                            FailedRange{7, 8, 2, {ReadFailure::kException, "illegal address"}}));
+    fake.files.Delete(kChart);
+  }
+}
+
+TEST_F(RecoveryTest, NotesOfFailedReadingsAreCheckedAndEndWithThePoints) {
+  fake.files.Put(kJournal,
+                 "[RECORDING]\r\n'Fails=1 P003 2 2 1 no-answer\r\n'Failed=1 P003 2 4 3 no-answer\r\n'Failed=9 x\r\n"
+                 "'Failed=1 P003 4 9 6 checksum\r\n'Fails=2 P005 30 30 1 no-answer\r\n'Fails=3 P007 6 6 1 status 7\r\n"
+                 "'Failed=1 P003 12 13 2 no-answer\r\n'Fails=4 P0");
+  const FailedReadings failed = ReadFailureNotes(*fake.files.OpenForReading(kJournal), fake.codePage, 8);
+  EXPECT_THAT(failed[0].Ranges(), ElementsAre(FailedRange{2, 4, 3, {ReadFailure::kNoAnswer, ""}},
+                                              FailedRange{5, 8, 4, {ReadFailure::kChecksum, ""}}));
+  EXPECT_THAT(failed[2].Ranges(), ElementsAre(FailedRange{6, 8, 3, {ReadFailure::kStatus, "7"}}));
+  EXPECT_EQ(failed[1].Count() + failed[3].Count(), 0);
+}
+
+TEST_F(RecoveryTest, ALargeRecordingIsSavedWithProgressAndEscLosesNothing) {
+  std::string rows;
+  for (int row = 0; row < 300'000; ++row) rows += "08:00:00#1#####\r\n";
+  fake.files.Put(kSpool, rows);
+  Open();
+  std::vector<std::string> shown;
+  fake.forms.onKeepAlive = [&] {
+    EXPECT_FALSE(form->panel.cmdStart.Enabled() || form->cmdOK.Enabled());
+    const RecoverySection& offer = form->recovery;
+    const std::string text = form->panel.lblNotice.Caption();
+    shown.push_back(text.empty() ? offer.lblInterrupted.Caption() : text);
+    fake.keyboard.escape = shown.size() == 2;
+  };
+  form->timing.txtNumberOfPoints.SetText("3000");
+  form->panel.cmdStart.Press();
+  EXPECT_THAT(shown, ElementsAre("Saving the points of the interrupted recording: 26 % (Esc: not now)",
+                                 "Saving the points of the interrupted recording: 52 % (Esc: not now)"));
+  EXPECT_EQ(form->panel.lblNotice.Caption(),
+            "Not started: the points of the interrupted recording beside C:\\p\\Test.cht are as they were.");
+  EXPECT_EQ(form->Run().State(), RunState::kIdle);
+  EXPECT_TRUE(form->panel.cmdStart.Enabled() && form->cmdOK.Enabled());
+  EXPECT_EQ(fake.files.Bytes(kSpool), rows);
+  EXPECT_FALSE(fake.files.Has(kRecovered) || fake.files.Has("C:\\p\\Test.recovered.cht.new") ||
+               IsBeingRecorded(fake.files, kChart));
+  form->panel.ShowNotice({});
+  form->recovery.cmdRecover.Press();
+  EXPECT_THAT(shown.back(), HasSubstr(" % (Esc: not now)"));
+  EXPECT_THAT(Prompts(), ElementsAre("300000 point(s) of the interrupted recording are in C:\\p\\Test.cht."));
+}
+
 TEST_F(RecoveryTest, AStartBringsBackWhatIsLeftBeforeTheNameIsUsed) {
   fake.files.Put(kSpool, kBareRows + std::string("00:00:01#4#"));
   fake.files.Put("C:\\p\\Test.recovered.cht", "the user's own");

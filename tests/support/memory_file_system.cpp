@@ -72,6 +72,11 @@ class MemorySideFile : public SideFile {
   }
   std::unique_ptr<InputFile> OpenForReading() override { return std::make_unique<MemoryInput>(files_, node_); }
   DiskSpace AppendAndMeasure(std::string_view bytes) override {
+    try {
+      files_.Ask("open", name_);
+    } catch (const RunTimeError& error) {
+      throw SideFileAway(error);
+    }
     if (!HasItsName() || node_->bytes.size() != appended_) throw SideFileLost(shown_);
     files_.Append(name_, bytes);
     appended_ += bytes.size();

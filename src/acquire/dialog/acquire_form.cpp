@@ -209,6 +209,8 @@ bool AcquireForm::ReserveFile(const std::string& fileName) {
     if (heldBy.empty()) return true;
     ShowMessage(component_, FillIn(LoadMessage(component_, Text::kFileBeingRecorded), {fileName, heldBy}),
                 box_style::kExclamation, component_.helpFile);
+  } catch (const RecoveryGivenUp&) {
+    return false;  // the display says so
   } catch (const RunTimeError& error) {
     file.WarnOf(error, Text::kNoRightToWrite);
   }

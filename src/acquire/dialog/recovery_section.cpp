@@ -1,6 +1,7 @@
 // One recording at a time; files are examined when their turn comes.
 #include "acquire/dialog/recovery_section.h"
 
+#include "acquire/run/recovery_watch.h"
 #include "acquire/run/run_notices.h"
 #include "acquire/run/run_texts.h"
 #include "common/message_box.h"
@@ -85,8 +86,14 @@ void RecoverySection::cmdRecover_Click() {
   std::string notice;
   try {
     const HourglassScope hourglass(form_);
-    const auto results = RecoverBeside(component_.ports, chartFiles_.front(), {});
+    const std::string offer = lblInterrupted.Caption();
+    RecoveryWatch watch(form_, component_, [this, &offer](const std::string& text) {
+      lblInterrupted.SetCaption(text.empty() ? offer : text);
+    });
+    const auto results = RecoverBeside(component_.ports, chartFiles_.front(), {.progress = &watch.Progress()});
     if (results) notice = LeftoverNotice(component_, *results);
+  } catch (const RecoveryGivenUp&) {
+    return;  // it stays on offer
   } catch (const RunTimeError& error) {
     Warn(error.Description(component_.language));  // it stays on offer
     return;

@@ -15,7 +15,7 @@ AcquisitionRun::AcquisitionRun(Component& component)
       journal_(component.ports.files, component.ports.codePage),
       spool_(component.ports.files, journal_) {}
 
-std::string AcquisitionRun::Reserve(const std::string& fileName) {
+std::string AcquisitionRun::Reserve(const std::string& fileName, ReadProgress& progress) {
   FileSystem& files = component_.ports.files;
   fileLock_.reset();  // drop the lock of a reservation that was never started
   targetFile_ = files.ResolveLink(fileName);
@@ -23,7 +23,7 @@ std::string AcquisitionRun::Reserve(const std::string& fileName) {
   LockAttempt attempt = files.Lock(targetFile_);
   if (!attempt.lock) return attempt.heldBy;
   ChartFileWriter(files, component_.ports.codePage).CheckTarget(targetFile_);
-  leftovers_ = RecoverLeftovers(component_.ports, targetFile_);
+  leftovers_ = RecoverLeftovers(component_.ports, targetFile_, progress);
   fileLock_ = std::move(attempt.lock);
   return {};
 }
@@ -95,9 +95,9 @@ ColumnReading AcquisitionRun::ReadInto(std::size_t column) {
   }
 }
 
-void AcquisitionRun::NoteFailures() {
+void AcquisitionRun::NoteFailures(std::int32_t point) {
   for (std::size_t column = 0; column < outcomes_.size(); ++column) {
-    if (!outcomes_[column].Answered()) failed_[column].Note(counter_, outcomes_[column]);
+    if (!outcomes_[column].Answered()) failed_[column].Note(point, outcomes_[column]);
   }
 }
 
@@ -113,14 +113,15 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
     header_.EndDate = locale.DateText(now);
     header_.EndTime = point_.time;
   }
+  NoteFailures(number);  // before the row: a row that is there after a crash is known to have failed
   if (RowsInMemory()) {
     std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
-    journal_.KeepRows(std::span(rows_).first(static_cast<std::size_t>(number)));
+    journal_.Keep(std::span(rows_).first(static_cast<std::size_t>(number)), failed_, number);
   } else {
+    journal_.Keep({}, failed_, number);
     KeepInSpool();
   }
   counter_ = number;
-  NoteFailures();
   pace_.Note(number, at);
   if (!RowsInMemory() && freeSpace_ < kReservedSpace) {
     Stop(RunEnd::kDiskSpace);
@@ -173,7 +174,8 @@ ChartWriteResult AcquisitionRun::WriteChartFile(const std::function<void()>& kee
   const ChartFileWriter writer(component_.ports.files, component_.ports.codePage);
   const std::string& rescueFolder = component_.settings.strFolder;
   if (!RowsInMemory()) {
-    return writer.WriteSpool(targetFile_, header_, {spool_.Files(), counter_}, rescueFolder, keepAlive);
+    spool_.WriteHeld(targetFile_);
+    return writer.WriteSpool(targetFile_, header_, {spool_.Files(), counter_, spool_.Held()}, rescueFolder, keepAlive);
   }
   return writer.WriteRows(targetFile_, header_, rows_, rescueFolder,
                           [this] { return journal_.FileWithRows(counter_); });

@@ -55,8 +55,9 @@ class AcquisitionRun {
   /// Points that an interrupted recording left beside it become a chart file of their own first, see Leftovers().
   /// Throws RunTimeError when no file can be made there, when the one that is there cannot be replaced, or when such
   /// points cannot be brought back.
+  /// @param progress of bringing them back; what it throws leaves all as it was
   /// @return empty; or the lock file by which another recording has the chart file
-  [[nodiscard]] std::string Reserve(const std::string& fileName);
+  [[nodiscard]] std::string Reserve(const std::string& fileName, ReadProgress& progress);
   /// From kIdle. The component's chart header, filled in before, is the recording's from here on.
   void Arm(const RunPlan& plan);
   /// From kArmed.
@@ -88,7 +89,9 @@ class AcquisitionRun {
   /// What became of the points that were left beside the chart file, as found by the last Reserve.
   [[nodiscard]] const std::vector<RecoveryResult>& Leftovers() const noexcept { return leftovers_; }
   /// Why a crash would lose points now; nothing while it would not.
-  [[nodiscard]] const std::optional<RunTimeError>& JournalFault() const noexcept { return journal_.Fault(); }
+  [[nodiscard]] const std::optional<RunTimeError>& KeepingFault() const noexcept {
+    return spool_.Fault() ? spool_.Fault() : journal_.Fault();
+  }
   /// Set while the rows are in more than one file, because somebody removed, replaced or cut the one before.
   [[nodiscard]] const RunSpool& Spool() const noexcept { return spool_; }
   /// Free bytes found when the run ended with RunEnd::kDiskSpace.
@@ -96,7 +99,8 @@ class AcquisitionRun {
   /// The system's reason for RunEnd::kFailed; empty when the watch for the event failed.
   [[nodiscard]] const std::string& FailureReason() const noexcept { return failureReason_; }
 
-  /// Readings of the points taken that failed; also one with which the link object failed, which ended the run.
+  /// Readings of the points taken that failed; also those of a point that ended the run, because the link object failed
+  /// or its row could not be kept.
   [[nodiscard]] const FailedReadings& Failed() const noexcept { return failed_; }
   [[nodiscard]] const Pace& Timing() const noexcept { return pace_; }
   /// What the chart file cannot say of the points taken.
@@ -107,7 +111,7 @@ class AcquisitionRun {
  private:
   [[nodiscard]] bool ReadPoint(const DateTime& now);
   [[nodiscard]] ColumnReading ReadInto(std::size_t column);
-  void NoteFailures();
+  void NoteFailures(std::int32_t point);
   void KeepPoint(const DateTime& now, Instant at);
   void SaveReadings();
   void KeepInSpool();

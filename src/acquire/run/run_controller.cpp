@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "acquire/run/recovery_watch.h"
 #include "acquire/run/run_notices.h"
 #include "acquire/run/run_texts.h"
 #include "acquire/run/trouble_text.h"
@@ -47,6 +48,23 @@ RunController::~RunController() {
   component_.linkWait.goOn = nullptr;
 }
 
+std::string RunController::Reserve(const std::string& fileName) {
+  const auto show = [this](const std::string& text) {
+    display_.ShowNotice(text);
+    if (noticed && shownNotice_.empty() && !text.empty()) noticed(text);
+    shownNotice_ = text;
+  };
+  try {
+    RecoveryWatch watch(form_, component_, show);
+    return run_.Reserve(fileName, watch.Progress());
+  } catch (const RecoveryGivenUp&) {
+    display_.HoldEsc(true);
+    tmrEscReleased.SetEnabled(form_.IsShown());
+    show(FillIn(LoadMessage(component_, Text::kNotStarted), {fileName}));
+    throw;
+  }
+}
+
 void RunController::Start(const RunPlan& plan) {
   Arm(plan);
   BeginSampling();
@@ -66,6 +84,7 @@ void RunController::Watch(const RunPlan& plan, const WatchedEvent& event) {
 
 void RunController::Arm(const RunPlan& plan) {
   shownNotice_.clear();
+  display_.ShowNotice({});
   run_.Arm(plan);
   (void)component_.ports.keyboard.EscapePressed();  // an Esc from before the run is not meant for it
   tmrMonitorEsc.SetEnabled(true);

@@ -78,8 +78,9 @@ class RunController {
   /// The last recording that ended; RunEnd::kNone before the first.
   [[nodiscard]] const RunReport& LastRun() const noexcept { return lastRun_; }
 
-  /// See AcquisitionRun::Reserve.
-  [[nodiscard]] std::string Reserve(const std::string& fileName) { return run_.Reserve(fileName); }
+  /// See AcquisitionRun::Reserve. While points are saved that an interrupted recording left, the display shows how far
+  /// that is; throws RecoveryGivenUp when the user does not wait for it. All is then as it was.
+  [[nodiscard]] std::string Reserve(const std::string& fileName);
   /// Starts to take points: the first is due one interval from now.
   void Start(const RunPlan& plan);
   /// Watches for the event and starts when it occurs.

@@ -24,6 +24,10 @@ std::string RecoveryNotice(const Environment& environment, const RecoveryResult&
   if (result.malformed > 0) {
     notice += " " + FillIn(LoadMessage(environment, Text::kLinesLeftOut), {std::to_string(result.malformed)});
   }
+  if (result.companionFault) {
+    notice += " " + FillIn(LoadMessage(environment, Text::kCompanionNotWritten),
+                           {result.companionFault->Description(environment.language)});
+  }
   return notice;
 }
 
@@ -39,7 +43,7 @@ std::string RunNotice(const Environment& environment, const AcquisitionRun& run)
     AddNotice(notices, FillIn(LoadMessage(environment, Text::kSpoolGoesOn),
                               {lost->Description(environment.language), run.Spool().Name()}));
   }
-  if (const auto& fault = run.JournalFault()) {
+  if (const auto& fault = run.KeepingFault()) {
     AddNotice(notices,
               FillIn(LoadMessage(environment, Text::kCrashWouldLose), {fault->Description(environment.language)}));
   }

@@ -1,4 +1,5 @@
-// Local time by the system's time zone; timers by the monotonic clock.
+// Local time by the system's time zone; timers by a clock that nobody can set and that goes on while the machine is
+// suspended: points that it missed are known to be late.
 #include "backends/posix/posix_clock.h"
 
 #include <ctime>
@@ -6,6 +7,7 @@
 namespace chartproject {
 
 namespace {
+constexpr clockid_t kTimers = CLOCK_BOOTTIME;
 constexpr std::int64_t kMicrosPerSecond = 1'000'000;
 constexpr std::int64_t kNanosPerMicro = 1000;
 constexpr std::int64_t kNanosPerMilli = 1'000'000;
@@ -28,7 +30,7 @@ DateTime PosixClock::LocalNow() {
 
 Instant PosixClock::Now() {
   timespec now{};
-  clock_gettime(CLOCK_MONOTONIC, &now);
+  clock_gettime(kTimers, &now);
   return Instant(now.tv_sec * kMicrosPerSecond + now.tv_nsec / kNanosPerMicro);
 }
 
@@ -36,7 +38,7 @@ void SleepUntil(Instant moment) {
   timespec until{};
   until.tv_sec = static_cast<time_t>(moment.count() / kMicrosPerSecond);
   until.tv_nsec = static_cast<long>(moment.count() % kMicrosPerSecond * kNanosPerMicro);
-  clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr);
+  clock_nanosleep(kTimers, TIMER_ABSTIME, &until, nullptr);
 }
 
 }  // namespace chartproject

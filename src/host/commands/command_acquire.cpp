@@ -57,6 +57,7 @@ class HeadlessRecording {
     form->controller.noticed = [this](const std::string& notice) {
       progress_.EndLine();
       session_.Err() << notice << "\n" << std::flush;
+      KeyboardSignals::Watch();  // Ctrl-C ends what is going on, also before the first point
     };
     form->runEnded = [this](const RunReport& report) {
       report_ = report;

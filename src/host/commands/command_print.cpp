@@ -11,6 +11,7 @@
 #include "host/arguments/arguments.h"
 #include "host/arguments/chart_argument.h"
 #include "host/arguments/command.h"
+#include "host/arguments/interrupted_argument.h"
 #include "host/reports/chart_picture.h"
 #include "host/session/session.h"
 
@@ -36,6 +37,7 @@ class PrintCommand : public Command {
   ExitCode Run(Session& session) override {
     const ChartPictureOptions::Choice choice = options_.Parse();
     const auto paper = ParsePaper();
+    RefuseInterrupted(session.ThePorts(), FullName(file_));
     if (!output_.empty()) {
       RefuseOutputOnto(FullName(file_), FullName(output_));
       RefuseOutputOntoRecording(session.ThePorts(), FullName(output_));

@@ -37,6 +37,9 @@ void AddCompanion(nlohmann::ordered_json& document, const Companion& companion) 
     if (companion.failed[index].Count() > 0) columns.push_back(ColumnJson(index, companion));
   }
   document["failedReadings"] = columns;
+  if (companion.recovered != Recovered::kNo) {
+    document["recovered"] = kRecoveredWords[static_cast<std::size_t>(companion.recovered)];
+  }
   document["interval"] = nullptr;
   const PaceSummary& pace = companion.pace;
   if (!pace.Known()) return;

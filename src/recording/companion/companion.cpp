@@ -26,13 +26,8 @@ void AppendFailed(std::string& text, const Companion& companion) {
   AppendLine(text, kFailedSection);
   AppendLine(text, "' parameter, first and last point, failed readings among them, reason, what the link added");
   for (std::size_t column = 0; column < companion.failed.size(); ++column) {
-    const int parameter = companion.parameters[column];
     for (const FailedRange& range : companion.failed[column].Ranges()) {
-      std::string line = std::to_string(column + 1) + " P" + FormatDigits(parameter, 3) + " " +
-                         std::to_string(range.first) + " " + std::to_string(range.last) + " " +
-                         std::to_string(range.failed) + " " + std::string(FailureCode(range.reason.failure));
-      if (!range.reason.detail.empty()) line.append(" ").append(range.reason.detail);
-      AppendLine(text, line);
+      AppendLine(text, FailedRangeLine(column, companion.parameters[column], range));
     }
   }
 }
@@ -80,6 +75,19 @@ std::string FileOfLink(FileSystem& files, const std::string& name) {
 
 }  // namespace
 
+std::array<int, kColumnCount> ParametersOf(const ChartHeader& header) {
+  std::array<int, kColumnCount> parameters{};
+  const std::array columns{&header.PXXX1, &header.PXXX2, &header.PXXX3, &header.PXXX4};
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    const std::string& text = *columns[column];
+    int number = kUnusedParameter;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    parameters[column] = whole && number >= 0 && number < kUnusedParameter ? number : kUnusedParameter;
+  }
+  return parameters;
+}
+
 std::string CompanionName(const std::string& chartFileName) {
   return SideFileName(chartFileName, kCompanionEnding, 0);
 }
@@ -93,6 +101,9 @@ std::string CompanionText(const Companion& companion, const ChartHeader& header,
     AppendLine(text, std::string(key.key) + codePage.Decode(codePage.Encode(header.*key.field)));
   }
   AppendLine(text, std::string(kPointsKey) + std::to_string(companion.points));
+  if (companion.recovered != Recovered::kNo) {
+    AppendLine(text, std::string(kRecoveredKey).append(kRecoveredWords[static_cast<std::size_t>(companion.recovered)]));
+  }
   if (AnyFailed(companion.failed)) AppendFailed(text, companion);
   AppendPace(text, companion);
   return text;

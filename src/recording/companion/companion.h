@@ -14,6 +14,13 @@
 
 namespace chartproject {
 
+/// What is known of a recording that a crash interrupted.
+enum class Recovered : std::uint8_t {
+  kNo,           ///< it was not interrupted
+  kFromJournal,  ///< its failed readings are known, its real times are not
+  kFromRows,     ///< neither is known
+};
+
 /// One recording's.
 struct Companion {
   std::int32_t points = 0;  ///< points taken
@@ -21,10 +28,16 @@ struct Companion {
   FailedReadings failed;
   PaceSummary pace;
   PointTimes times;  ///< known when the pace slipped
+  Recovered recovered = Recovered::kNo;
 
   /// True when there is something that its chart file cannot say.
-  [[nodiscard]] bool IsNeeded() const noexcept { return AnyFailed(failed) || pace.Slipped(); }
+  [[nodiscard]] bool IsNeeded() const noexcept {
+    return AnyFailed(failed) || pace.Slipped() || recovered != Recovered::kNo;
+  }
 };
+
+/// The parameters of the columns that a header names; kUnusedParameter for others.
+[[nodiscard]] std::array<int, kColumnCount> ParametersOf(const ChartHeader& header);
 
 /// The companion's name sorts beside that of its chart file: "Test.cht.readings".
 inline constexpr std::string_view kCompanionEnding = ".readings";

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <limits>
 
+#include "common/values/numbers.h"
 #include "common/values/text.h"
 
 namespace chartproject {
@@ -45,6 +46,14 @@ std::string_view FailureCode(ReadFailure failure) noexcept {
   return found == kCodes.end() ? kCodes.front().second : found->second;
 }
 
+std::string FailedRangeLine(std::size_t column, int parameter, const FailedRange& range) {
+  std::string line = std::to_string(column + 1) + " P" + FormatDigits(parameter, 3) + " " +
+                     std::to_string(range.first) + " " + std::to_string(range.last) + " " +
+                     std::to_string(range.failed) + " " + std::string(FailureCode(range.reason.failure));
+  if (!range.reason.detail.empty()) line.append(" ").append(range.reason.detail);
+  return line;
+}
+
 bool CompanionReader::TakeLine(std::string_view line) {
   if (line.empty() || line.front() == '\'') return true;
   if (line.front() == '[') {
@@ -66,6 +75,12 @@ bool CompanionReader::TakeRecording(std::string_view line) {
   if (line.starts_with(kPointsKey)) {
     if (!ReadNumber(AfterEquals(line), 0, kLastPoint, points)) return false;
     companion_.points = static_cast<std::int32_t>(points);
+    return true;
+  }
+  if (line.starts_with(kRecoveredKey)) {
+    const auto* const word = std::ranges::find(kRecoveredWords, AfterEquals(line));
+    if (word == kRecoveredWords.end()) return false;
+    companion_.recovered = static_cast<Recovered>(word - kRecoveredWords.begin());
     return true;
   }
   const auto* const key =

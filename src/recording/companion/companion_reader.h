@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,7 @@ inline constexpr std::string_view kFailedSection = "[FAILED]";
 inline constexpr std::string_view kPaceSection = "[PACE]";
 inline constexpr std::string_view kTimesSection = "[TIMES]";
 inline constexpr std::string_view kPointsKey = "Points=";
+inline constexpr std::string_view kRecoveredKey = "Recovered=";
 inline constexpr std::string_view kWithinKey = "Within=";
 inline constexpr std::size_t kLongestCompanionLine = 1024;
 
@@ -43,6 +45,12 @@ inline constexpr std::array<PaceKey, 5> kPaceKeys{{
 /// The word of a reason in the file and in JSON: "no-answer", "checksum".
 [[nodiscard]] std::string_view FailureCode(ReadFailure failure) noexcept;
 
+/// The words of Recovered, by value; none for a recording that was not interrupted.
+inline constexpr std::array<std::string_view, 3> kRecoveredWords{"", "journal", "rows"};
+
+/// A line of the failed readings. @param column from 0
+[[nodiscard]] std::string FailedRangeLine(std::size_t column, int parameter, const FailedRange& range);
+
 /// Takes the lines in their order. A section that is not known is skipped, so that later versions may add some.
 class CompanionReader {
  public:
@@ -53,6 +61,8 @@ class CompanionReader {
   [[nodiscard]] bool TakeLine(std::string_view line);
   /// A date or time is not that of the chart file.
   [[nodiscard]] bool OfAnotherRecording() const noexcept { return other_; }
+  /// What the lines said until now.
+  [[nodiscard]] const Companion& SoFar() const noexcept { return companion_; }
   /// What the lines said. @return nothing when a date or a time was missing
   [[nodiscard]] std::optional<Companion> Finish();
 

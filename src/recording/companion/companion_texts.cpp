@@ -39,6 +39,8 @@ std::vector<std::string> CompanionLines(Language language, const NumberFormat& n
                            {IntervalText(pace.mean, numbers), IntervalText(pace.asked, numbers),
                             IntervalText(pace.shortest, numbers), IntervalText(pace.longest, numbers)}));
   }
+  if (companion.recovered == Recovered::kFromJournal) lines.emplace_back(TextIn(language, Text::kRecoveredTimes));
+  if (companion.recovered == Recovered::kFromRows) lines.emplace_back(TextIn(language, Text::kRecoveredReadings));
   return lines;
 }
 

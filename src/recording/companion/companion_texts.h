@@ -15,7 +15,8 @@ namespace chartproject {
 /// "P003: 17 of 40 readings failed, last: no answer". @param points points taken
 [[nodiscard]] std::string FailedText(Language language, int parameter, const FailedColumn& column, std::int32_t points);
 
-/// One line a column with failed readings, with the points where they failed, and one when the pace slipped.
+/// One line a column with failed readings, with the points where they failed, one when the pace slipped, and
+/// one when a crash interrupted the recording.
 [[nodiscard]] std::vector<std::string> CompanionLines(Language language, const NumberFormat& numbers,
                                                       const Companion& companion);
 

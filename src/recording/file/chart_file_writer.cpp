@@ -72,17 +72,23 @@ void ForEachPart(const SpooledRows& spool, const std::function<void(InputFile&)>
     try {
       file = part->OpenForReading();
     } catch (const RunTimeError&) {
-      if (spool.files.size() == 1) throw;
+      if (spool.files.size() == 1 && spool.held.empty()) throw;
       continue;
     }
     use(*file);
   }
 }
 
+/// All rows, in order.
+void CopyRows(const SpooledRows& spool, OutputFile& to, const std::function<void()>& keepAlive) {
+  ForEachPart(spool, [&](InputFile& part) { CopyLines(part, to, keepAlive); });
+  if (!spool.held.empty()) to.Write(spool.held);
+}
+
 /// The points of the new file, read back from it. Throws when they are not those of the spool files.
 std::int64_t ReadBack(SideFile& fresh, const SpooledRows& spool, const std::function<void()>& keepAlive) {
   const RowSurvey written = SurveyChartFile(*fresh.OpenForReading(), keepAlive);
-  if (written.points >= spool.points) return written.points;
+  if (written.points >= spool.points || !spool.held.empty()) return written.points;
   RowSurvey spooled;
   ForEachPart(spool, [&](InputFile& file) { AddRows(spooled, file, {1, 0}, kNoSurveyLimit, keepAlive); });
   if (!written.SamePoints(spooled)) {
@@ -196,7 +202,7 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
     file->Write(codePage_.Encode(HeaderLines(header)));
     result.freeSpace = files_.SpaceFor(fileName).totalFree;
     const bool roomForRows = result.freeSpace >= kReservedSpace;
-    if (roomForRows) ForEachPart(spool, [&](InputFile& part) { CopyLines(part, *file, keepAlive); });
+    if (roomForRows) CopyRows(spool, *file, keepAlive);
     file->FlushAndClose();
     if (roomForRows) result.rows = ReadBack(*fresh, spool, keepAlive);
     fresh->ReplaceTarget();
@@ -208,11 +214,12 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
   if (result.kind == ChartWriteResult::Kind::kWritten) return result;
   for (const auto& part : spool.files) part->Keep();
   // A spool file whose name was taken still holds its rows, but only while this program has it open.
-  const bool named = std::ranges::all_of(spool.files, [](const auto& part) { return part->HasItsName(); });
-  result.keptFile =
-      named ? spool.files.back()->Name() : RescueRows(files_, fileName, rescueFolder, [&](OutputFile& file) {
-        ForEachPart(spool, [&](InputFile& part) { CopyLines(part, file, keepAlive); });
-      });
+  const bool complete = spool.held.empty() && std::ranges::all_of(spool.files, [](const auto& part) {
+    return part->HasItsName();
+  });
+  result.keptFile = complete ? spool.files.back()->Name()
+                             : RescueRows(files_, fileName, rescueFolder,
+                                          [&](OutputFile& file) { CopyRows(spool, file, keepAlive); });
   return result;
 }
 

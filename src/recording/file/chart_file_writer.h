@@ -65,6 +65,7 @@ struct ChartWriteResult {
 struct SpooledRows {
   std::span<const std::unique_ptr<SideFile>> files;  ///< at least one; one that cannot be read any more is left out
   std::int64_t points = 0;                           ///< points taken
+  std::string_view held{};                           ///< rows after those of the files, in the code page
 };
 
 /// Writes chart files beside their final name and renames them when they are complete and flushed, so that an existing

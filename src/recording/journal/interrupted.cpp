@@ -2,6 +2,7 @@
 #include "recording/journal/interrupted.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/values/text.h"
 #include "platform/run_time_error.h"
@@ -14,6 +15,8 @@ namespace {
 /// Names that are looked at; a recording takes a further one only when a file is in its way.
 constexpr int kNamesTried = 10;
 constexpr std::string_view kSpoolStem = ".tcf";
+/// How often a recovery reads the rows: it looks at them, copies them, and reads the copy back.
+constexpr std::uint64_t kReadings = 3;
 
 /// The place of a side ending with its digits at the end of a name; npos for another name.
 std::size_t EndingAt(std::string_view name) {
@@ -34,19 +37,29 @@ std::unique_ptr<InputFile> OpenIfThere(FileSystem& files, const std::string& nam
   }
 }
 
+/// How the rows are read.
+struct Reading {
+  std::uint64_t limit = kNoSurveyLimit;
+  ReadProgress* progress = nullptr;
+};
+
 /// Adds a file's rows. A file that holds something else, and not one point, is somebody's own: it is left out.
-void AddRowFile(FileSystem& files, InterruptedRecording& found, RowFile file, std::uint64_t limit) {
-  const auto input = OpenIfThere(files, file.name);
+void AddRowFile(FileSystem& files, InterruptedRecording& found, RowFile file, const Reading& reading) {
+  auto input = OpenIfThere(files, file.name);
   if (!input) return;
+  if (reading.progress != nullptr) {
+    reading.progress->Expect(kReadings * input->Identity().size);
+    input = reading.progress->Follow(std::move(input));
+  }
   const std::int64_t before = found.rows.points;
-  AddRows(found.rows, *input, file.first, limit);
+  AddRows(found.rows, *input, file.first, reading.limit);
   const bool journal = file.name == found.journalFile;
   if (!journal && found.rows.points == before && input->Identity().size > 0) return;
   found.rowFiles.push_back(std::move(file));
 }
 
 std::optional<InterruptedRecording> JournalAt(FileSystem& files, const CodePage& codePage, const std::string& chartFile,
-                                              int number, std::uint64_t limit) {
+                                              int number, const Reading& reading) {
   InterruptedRecording found;
   found.chartFile = chartFile;
   found.journalFile = SideFileName(chartFile, kJournalEnding, number);
@@ -54,9 +67,9 @@ std::optional<InterruptedRecording> JournalAt(FileSystem& files, const CodePage&
   if (!file) return std::nullopt;
   found.journal = ReadJournal(*file, codePage);
   if (!found.journal) return std::nullopt;
-  if (found.journal->rows) AddRowFile(files, found, {found.journalFile, *found.journal->rows}, limit);
+  if (found.journal->rows) AddRowFile(files, found, {found.journalFile, *found.journal->rows}, reading);
   for (const int spool : found.journal->spools) {
-    AddRowFile(files, found, {SideFileName(chartFile, kSpoolEnding, spool), {1, 0}}, limit);
+    AddRowFile(files, found, {SideFileName(chartFile, kSpoolEnding, spool), {1, 0}}, reading);
   }
   return found;
 }
@@ -73,10 +86,11 @@ bool IsJournalOrSpoolName(const std::string& name) {
 }
 
 std::vector<InterruptedRecording> FindBeside(FileSystem& files, const CodePage& codePage, const std::string& chartFile,
-                                             std::uint64_t limit) {
+                                             std::uint64_t limit, ReadProgress* progress) {
+  const Reading reading{limit, progress};
   std::vector<InterruptedRecording> all;
   for (int number = 0; number < kNamesTried; ++number) {
-    if (auto found = JournalAt(files, codePage, chartFile, number, limit)) all.push_back(std::move(*found));
+    if (auto found = JournalAt(files, codePage, chartFile, number, reading)) all.push_back(std::move(*found));
   }
   for (int number = 0; number < kNamesTried; ++number) {
     const std::string name = SideFileName(chartFile, kSpoolEnding, number);
@@ -86,7 +100,7 @@ std::vector<InterruptedRecording> FindBeside(FileSystem& files, const CodePage& 
     if (taken) continue;
     InterruptedRecording bare;
     bare.chartFile = chartFile;
-    AddRowFile(files, bare, {name, {1, 0}}, limit);
+    AddRowFile(files, bare, {name, {1, 0}}, reading);
     if (bare.rows.points > 0) all.push_back(std::move(bare));
   }
   return all;

@@ -8,6 +8,7 @@
 #include "platform/file_system.h"
 #include "recording/file/row_survey.h"
 #include "recording/journal/journal_reader.h"
+#include "recording/journal/read_progress.h"
 
 namespace chartproject {
 
@@ -36,10 +37,12 @@ inline constexpr std::uint64_t kGlanceBytes = 64'000'000;
 
 /// What is left beside a chart file, in the order of the names; also recordings without a point. A file that has such a
 /// name, but is not such a file, is left out. Whether the recording still runs is shown by FileSystem::Lock only.
-/// @param limit bytes of rows to read of each file. Throws RunTimeError 57.
+/// @param limit bytes of rows to read of each file; @param progress expects what a recovery reads; may be null.
+/// Throws RunTimeError 57.
 [[nodiscard]] std::vector<InterruptedRecording> FindBeside(FileSystem& files, const CodePage& codePage,
                                                            const std::string& chartFile,
-                                                           std::uint64_t limit = kNoSurveyLimit);
+                                                           std::uint64_t limit = kNoSurveyLimit,
+                                                           ReadProgress* progress = nullptr);
 
 /// The chart files of a folder beside which there is a journal or a spool file, each once, in order. Throws
 /// RunTimeError when the folder cannot be read.

@@ -29,6 +29,7 @@ void RecordingJournal::Begin(const std::string& target, const ChartHeader& heade
                              std::int64_t millisecondsBetweenPoints) {
   End(false);
   target_ = target;
+  parameters_ = ParametersOf(header);
   AddLine(head_, journal_line::kMark, {});
   AddLine(head_, journal_line::kVersion, {});
   AddLine(head_, journal_line::kInterval, std::to_string(millisecondsBetweenPoints));
@@ -54,18 +55,19 @@ void RecordingJournal::NoteLostSpool(int number) {
   AddLine(head_, journal_line::kLost, std::to_string(number));
 }
 
-void RecordingJournal::KeepRows(std::span<const PointRow> rows) {
-  Save(rows);
+void RecordingJournal::Keep(std::span<const PointRow> rows, const FailedReadings& failed, std::int32_t point) {
+  Save({rows, &failed, point});
 }
 
-void RecordingJournal::Save(std::span<const PointRow> rows) {
+void RecordingJournal::Save(const State& state) {
   if (target_.empty()) return;
   try {
+    if (!file_) MakeFile();
     try {
-      SaveOnce(rows);
+      SaveOnce(state);
     } catch (const SideFileLost&) {
-      file_.reset();  // deletes what is left of it, if it has its name; the new file holds everything
-      SaveOnce(rows);
+      MakeFile();  // deletes what is left of the former one, if it has its name; the new file holds everything
+      SaveOnce(state);
     }
     fault_.reset();
   } catch (const RunTimeError& error) {
@@ -73,18 +75,24 @@ void RecordingJournal::Save(std::span<const PointRow> rows) {
   }
 }
 
-void RecordingJournal::SaveOnce(std::span<const PointRow> rows) {
-  if (!file_) {
-    headSaved_ = 0;
-    rowsSaved_ = 0;
-    file_ = files_.MakeSideFile({.target = target_, .ending = kJournalEnding});
-  }
+/// The former file is given up only when there is a new one.
+void RecordingJournal::MakeFile() {
+  file_ = files_.MakeSideFile({.target = target_, .ending = kJournalEnding});
+  headSaved_ = 0;
+  rowsSaved_ = 0;
+  notesSaved_ = {};
+}
+
+void RecordingJournal::SaveOnce(const State& state) {
   std::string lines = head_.substr(headSaved_);
-  for (std::size_t row = rowsSaved_; row < rows.size(); ++row) AppendRowLine(lines, rows[row]);
+  for (std::size_t row = rowsSaved_; row < state.rows.size(); ++row) AppendRowLine(lines, state.rows[row]);
+  FailureNotes notes = notesSaved_;
+  if (state.failed != nullptr) lines += notes.Lines(*state.failed, parameters_, state.point);
   if (lines.empty()) return;
   file_->AppendAndMeasure(codePage_.Encode(lines));
   headSaved_ = head_.size();
-  rowsSaved_ = std::max(rowsSaved_, rows.size());
+  rowsSaved_ = std::max(rowsSaved_, state.rows.size());
+  notesSaved_ = notes;
 }
 
 std::string RecordingJournal::FileWithRows(std::int64_t count) const {
@@ -104,6 +112,7 @@ void RecordingJournal::End(bool keep) {
   head_.clear();
   fault_.reset();
   headSaved_ = rowsSaved_ = 0;
+  notesSaved_ = {};
 }
 
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 // to rebuild it after a crash.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -11,6 +12,7 @@
 #include "platform/clock.h"
 #include "platform/run_time_error.h"
 #include "recording/file/chart_file_writer.h"
+#include "recording/journal/failure_notes.h"
 
 namespace chartproject {
 
@@ -30,7 +32,8 @@ inline constexpr std::string_view kLost = "Lost=";          ///< the file of tha
 }  // namespace journal_line
 
 /// Writes the journal of one recording. Nothing throws: a journal that cannot be written does not end the recording,
-/// it is tried again with the next row, and Fault() is the reason meanwhile.
+/// it is tried again with the next row, and Fault() is the reason meanwhile. A file that was out of reach for a while,
+/// because its folder was moved away or its disk refused writing, goes on where it was.
 class RecordingJournal {
  public:
   /// Both outlive the journal.
@@ -38,13 +41,14 @@ class RecordingJournal {
 
   /// A new journal, for a recording that is armed. @param target the chart file, links resolved
   void Begin(const std::string& target, const ChartHeader& header, std::int64_t millisecondsBetweenPoints);
-  /// The first point is being kept. @param rowsHere the rows will be written here, by KeepRows
+  /// The first point is being kept. @param rowsHere the rows will be written here, by Keep
   void NoteFirstPoint(const ChartHeader& header, const DateTime& now, bool rowsHere);
   /// The rows go on in the spool file of that number; a number that was lost may come again.
   void NoteSpool(int number);
   void NoteLostSpool(int number);
-  /// Writes the rows that it does not have yet. @param rows all rows taken so far
-  void KeepRows(std::span<const PointRow> rows);
+  /// Writes what it does not have yet: rows, failed readings, and all that could not be written before.
+  /// @param rows all rows taken so far, of a recording in memory; @param failed of them; @param point the last one
+  void Keep(std::span<const PointRow> rows, const FailedReadings& failed, std::int32_t point);
 
   /// Why a crash would lose points now; empty while it would not.
   [[nodiscard]] const std::optional<RunTimeError>& Fault() const noexcept { return fault_; }
@@ -54,16 +58,25 @@ class RecordingJournal {
   void End(bool keep);
 
  private:
-  void Save(std::span<const PointRow> rows);
-  void SaveOnce(std::span<const PointRow> rows);
+  /// What a call of Keep gives; nothing while only the head changes.
+  struct State {
+    std::span<const PointRow> rows;
+    const FailedReadings* failed = nullptr;
+    std::int32_t point = 0;
+  };
+  void Save(const State& state);
+  void SaveOnce(const State& state);
+  void MakeFile();
 
   FileSystem& files_;
   const CodePage& codePage_;
   std::string target_;
+  std::array<int, kColumnCount> parameters_{};
   std::string head_;  ///< all lines before the rows (UTF-8)
   std::unique_ptr<SideFile> file_;
   std::size_t headSaved_ = 0;  ///< bytes of head_ that are in the file
   std::size_t rowsSaved_ = 0;
+  FailureNotes notesSaved_;
   std::optional<RunTimeError> fault_;
 };
 

@@ -4,16 +4,19 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cmath>
+#include <utility>
 
 #include "common/values/text.h"
 #include "platform/run_time_error.h"
 #include "recording/file/chart_file_writer.h"
+#include "recording/file/point_reader.h"
+#include "recording/journal/failure_notes.h"
 
 namespace chartproject {
 
 namespace {
 
+constexpr std::int64_t kMostPoints = 2'000'000'000;
 constexpr std::int64_t kMillisecondsOfDay = 86'400'000;
 
 DateTime DayAfter(const DateTime& moment, std::int64_t days) {
@@ -64,20 +67,33 @@ void TakeFromRows(const RowSurvey& rows, ChartHeader& header) {
   if (header.NumberOfParameters.empty()) header.NumberOfParameters = std::to_string(std::max(rows.columns, 1));
 }
 
-void CopyRows(FileSystem& files, const InterruptedRecording& recording, OutputFile& to,
-              const std::function<void()>& keepAlive) {
+/// The rows of a journal without its notes.
+void CopyJournalRows(InputFile& from, const RowStart& first, OutputFile& to) {
+  PointReader rows(from, first);
+  for (PointLine line; rows.Next(line);) {
+    if (line.kind == LineKind::kPoint) to.Write(std::string(line.text).append(kLineEnd));
+  }
+}
+
+void CopyRows(FileSystem& files, const InterruptedRecording& recording, OutputFile& to, ReadProgress* progress) {
   for (const RowFile& part : recording.rowFiles) {
-    const auto from = files.OpenForReading(part.name);
+    const auto from = Followed(files.OpenForReading(part.name), progress);
+    if (part.name == recording.journalFile) {
+      CopyJournalRows(*from, part.first, to);
+      continue;
+    }
     from->Seek(part.first.offset);
-    CopyLines(*from, to, keepAlive);
+    CopyLines(*from, to, {});
   }
 }
 
 /// Whether the chart file holds exactly these points: only the removing of the journal was interrupted.
-bool HoldsAllPoints(Ports& ports, const InterruptedRecording& recording, const std::function<void()>& keepAlive) {
+bool HoldsAllPoints(Ports& ports, const InterruptedRecording& recording, ReadProgress* progress) {
   if (!ports.files.FileExists(recording.chartFile)) return false;
   try {
-    return SurveyChartFile(*ports.files.OpenForReading(recording.chartFile), keepAlive).SamePoints(recording.rows);
+    auto file = ports.files.OpenForReading(recording.chartFile);
+    if (progress != nullptr) progress->Expect(file->Identity().size);
+    return SurveyChartFile(*Followed(std::move(file), progress)).SamePoints(recording.rows);
   } catch (const RunTimeError&) {
     return false;
   }
@@ -85,19 +101,40 @@ bool HoldsAllPoints(Ports& ports, const InterruptedRecording& recording, const s
 
 /// Makes the chart file `name`. @return its points, read back; nothing when a file has the name
 std::optional<std::int64_t> MakeChartFile(Ports& ports, const std::string& name, const InterruptedRecording& recording,
-                                          const ChartHeader& header, const std::function<void()>& keepAlive) {
+                                          const ChartHeader& header, ReadProgress* progress) {
   if (ports.files.FileExists(name) || ports.files.FolderExists(name)) return std::nullopt;
   const auto fresh = ports.files.MakeSideFile({.target = name, .ending = kUnfinishedEnding});
   const auto file = fresh->OpenForWriting();
   file->Write(ports.codePage.Encode(HeaderLines(header)));
-  CopyRows(ports.files, recording, *file, keepAlive);
+  CopyRows(ports.files, recording, *file, progress);
   file->FlushAndClose();
-  const RowSurvey written = SurveyChartFile(*fresh->OpenForReading(), keepAlive);
+  const RowSurvey written = SurveyChartFile(*Followed(fresh->OpenForReading(), progress));
   if (!written.SamePoints(recording.rows)) {
     throw RunTimeError(error_number::kDeviceIo, Text::kReadBackDiffers, {name});
   }
   if (!fresh->TakeTarget()) return std::nullopt;
   return written.points;
+}
+
+/// Notes beside the chart file what a crash left of the readings. A companion that belongs to it is kept: the recording
+/// itself knew more.
+void NoteReadings(Ports& ports, const InterruptedRecording& recording, RecoveryResult& result) {
+  try {
+    ChartHeader header;
+    (void)ReadChartHeader(*ports.files.OpenForReading(result.chartFile), ports.codePage, header);
+    if (LoadCompanion(ports.files, result.chartFile, header)) return;
+    Companion companion;
+    companion.points = static_cast<std::int32_t>(std::min<std::int64_t>(result.points, kMostPoints));
+    companion.parameters = ParametersOf(header);
+    companion.recovered = recording.journal ? Recovered::kFromJournal : Recovered::kFromRows;
+    if (recording.journal) {
+      const auto journal = ports.files.OpenForReading(recording.journalFile);
+      companion.failed = ReadFailureNotes(*journal, ports.codePage, companion.points);
+    }
+    SaveCompanion(ports.files, ports.codePage, result.chartFile, header, companion);
+  } catch (const RunTimeError& error) {
+    result.companionFault = error;
+  }
 }
 
 bool Remove(FileSystem& files, const InterruptedRecording& recording) {
@@ -143,10 +180,11 @@ RecoveryResult Recover(Ports& ports, const InterruptedRecording& recording, cons
     result.leftBehind = !Remove(ports.files, recording);
     return result;
   }
-  if (request.output.empty() && HoldsAllPoints(ports, recording, request.keepAlive)) {
+  if (request.output.empty() && HoldsAllPoints(ports, recording, request.progress)) {
     result.chartFile = recording.chartFile;
     result.points = recording.rows.points;
     result.wasWhole = true;
+    NoteReadings(ports, recording, result);
     result.leftBehind = !Remove(ports.files, recording);
     return result;
   }
@@ -159,10 +197,11 @@ RecoveryResult Recover(Ports& ports, const InterruptedRecording& recording, cons
     for (int n = 0; n < kMostSideNames; ++n) names.push_back(RecoveredName(recording.chartFile, n));
   }
   for (const std::string& name : names) {
-    const auto points = MakeChartFile(ports, name, recording, header, request.keepAlive);
+    const auto points = MakeChartFile(ports, name, recording, header, request.progress);
     if (!points) continue;
     result.chartFile = name;
     result.points = *points;
+    NoteReadings(ports, recording, result);
     result.leftBehind = !Remove(ports.files, recording);
     return result;
   }
@@ -187,7 +226,8 @@ std::optional<std::vector<RecoveryResult>> RecoverBeside(Ports& ports, const std
     attempt.lock = nullptr;  // a folder that takes no lock takes no recording; its files can still be read
   }
   std::vector<RecoveryResult> results;
-  for (const InterruptedRecording& recording : FindBeside(ports.files, ports.codePage, chartFile)) {
+  for (const InterruptedRecording& recording : FindBeside(ports.files, ports.codePage, chartFile,
+                                                          kNoSurveyLimit, request.progress)) {
     results.push_back(Recover(ports, recording, request));
   }
   return results;
@@ -204,7 +244,7 @@ std::optional<std::int64_t> DiscardBeside(Ports& ports, const std::string& chart
   return points;
 }
 
-std::vector<RecoveryResult> RecoverLeftovers(Ports& ports, const std::string& chartFile) {
+std::vector<RecoveryResult> RecoverLeftovers(Ports& ports, const std::string& chartFile, ReadProgress& progress) {
   std::vector<RecoveryResult> results;
   const std::string spool = SpoolFileName(chartFile);
   try {
@@ -213,8 +253,9 @@ std::vector<RecoveryResult> RecoverLeftovers(Ports& ports, const std::string& ch
   } catch (const NotARegularFile&) {
     results.clear();  // it holds no rows
   }
-  for (const InterruptedRecording& recording : FindBeside(ports.files, ports.codePage, chartFile)) {
-    RecoveryResult result = Recover(ports, recording, {.besides = true});
+  for (const InterruptedRecording& recording : FindBeside(ports.files, ports.codePage, chartFile,
+                                                          kNoSurveyLimit, &progress)) {
+    RecoveryResult result = Recover(ports, recording, {.besides = true, .progress = &progress});
     if (!result.chartFile.empty()) results.push_back(std::move(result));
   }
   return results;

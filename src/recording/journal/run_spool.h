@@ -1,7 +1,10 @@
-// The spool file of a running recording, and the files in which it went on when somebody removed, replaced or cut it.
+// The spool file of a running recording, the files in which it went on when somebody removed, replaced or cut it, and
+// the rows that wait in memory while no file takes them.
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -11,18 +14,28 @@
 
 namespace chartproject {
 
+/// Rows that wait in memory at most, in bytes: some hundred thousand.
+inline constexpr std::size_t kMostHeldBytes = 8'000'000;
+
 class RunSpool {
  public:
   /// All outlive the spool.
   RunSpool(FileSystem& files, RecordingJournal& journal) : files_(files), journal_(journal) {}
 
   /// Appends a row, in the code page, to the spool file, which is made at the first row. A spool file that was lost is
-  /// left as it is: the row goes into a new one. Throws RunTimeError when the row could not be kept.
-  /// @return the disk's sizes afterwards
+  /// left as it is: the row goes into a new one. While neither can be opened, because the folder was moved away or the
+  /// disk refuses writing, up to kMostHeldBytes of rows wait in memory and go into the file as soon as that is possible.
+  /// Throws RunTimeError when the row could not be kept.
+  /// @return the disk's sizes when they were last known
   DiskSpace Append(const std::string& target, std::string_view row);
+  /// Tries once more to write the rows that wait.
+  void WriteHeld(const std::string& target);
 
   /// All files that hold rows, in order. One that was removed can still be read where the system keeps an open file.
   [[nodiscard]] std::span<const std::unique_ptr<SideFile>> Files() const noexcept { return parts_; }
+  /// Rows that no file has yet, and why; empty while there is none.
+  [[nodiscard]] const std::string& Held() const noexcept { return held_; }
+  [[nodiscard]] const std::optional<RunTimeError>& Fault() const noexcept { return fault_; }
   /// What became of the file before the one that is written now; nothing while all rows are in one file.
   [[nodiscard]] const std::optional<RunTimeError>& Lost() const noexcept { return lost_; }
   /// The file that is written now; empty before the first row.
@@ -31,10 +44,15 @@ class RunSpool {
   void End();
 
  private:
+  DiskSpace AppendToFile(const std::string& target, std::string_view rows);
+
   FileSystem& files_;
   RecordingJournal& journal_;
   std::vector<std::unique_ptr<SideFile>> parts_;
   std::optional<RunTimeError> lost_;
+  std::string held_;  ///< whole rows, in the code page
+  std::optional<RunTimeError> fault_;
+  DiskSpace space_;
 };
 
 }  // namespace chartproject

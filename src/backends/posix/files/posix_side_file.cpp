@@ -129,9 +129,9 @@ DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
   Descriptor file = [&] {
     try {
       return OpenRegular(name_, O_WRONLY | O_APPEND | O_NOFOLLOW, status);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
       if (!HasItsName()) throw SideFileLost(shownName_);
-      throw;
+      throw SideFileAway(error);
     }
   }();
   if (!IsOwn(status) || status.st_size != appended_) throw SideFileLost(shownName_);

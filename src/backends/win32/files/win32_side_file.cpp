@@ -78,8 +78,9 @@ DiskSpace Win32SideFile::AppendAndMeasure(std::string_view bytes) {
       try {
         return OpenOwn(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
       } catch (const RunTimeError& error) {
-        if (error.Number() == error_number::kFileNotFound) throw SideFileLost(shownName_);
-        throw;
+        const bool gone = error.Number() == error_number::kFileNotFound || error.Number() == error_number::kPathNotFound;
+        if (gone || dynamic_cast<const SideFileLost*>(&error) != nullptr) throw SideFileLost(shownName_);
+        throw SideFileAway(error);
       }
     }();
     if (IdentityOf(file.Get(), shownName_).size != appended_) throw SideFileLost(shownName_);
