@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
 """Runs recordings on a disk on which one call fails: afterwards either the chart file is whole, or recovery gives back
 every row that was written. Usage: fault_test.py PROGRAM LIBRARY [--table]   --table prints fault and outcome"""
-import os, pathlib, re, subprocess, sys, tempfile
+import os, pathlib, re, signal, subprocess, sys, tempfile
 
 PROGRAM, LIBRARY = (os.path.abspath(name) for name in sys.argv[1:3])
 MODES = {"memory": 5, "spool": 2501}
 FAULTS = [*(f"write:{n}" for n in (1, 2, 3, 4, 7)), *(f"short:{n}" for n in (1, 2, 4)),
           *(f"sync:{n}" for n in range(1, 5)), *(f"close:{n}" for n in range(1, 7)), "rename:1",
-          *(f"open:{n}" for n in range(1, 9)), "space:3", "budget:200", "budget:500", "budget:1200"]
+          *(f"open:{n}" for n in range(1, 9)), "space:3", "budget:200", "budget:500", "budget:1200",
+          "away:3", "moved:3", "readonly:3", "remounted:3", "stop:3", "forth:3", "back:3"]
+REAL_TIME = ("forth", "back")  # only a recording in memory: the other one takes minutes
 
 
 def points_in(folder):
@@ -24,9 +26,19 @@ def outcome(fault, mode, profile):
         folder = pathlib.Path(name)
         environment = dict(os.environ, LD_PRELOAD=LIBRARY, CHARTPROJECT_FAULT=fault, CHARTPROJECT_FAULT_FOLDER=name,
                            CHARTPROJECT_FAULT_LOG=log.name)
-        run = subprocess.run([PROGRAM, "--profile", profile, "--clock", "virtual", "acquire", "--file", f"{name}/t.cht",
-                              "--parameters", "2,3", "--points", str(MODES[mode])], env=environment,
-                             capture_output=True, text=True, timeout=120)
+        clock = ["real", "200ms"] if fault.partition(":")[0] in REAL_TIME else ["virtual", "1s"]
+        child = subprocess.Popen([PROGRAM, "--profile", profile, "--clock", clock[0], "acquire", "--file",
+                                  f"{name}/t.cht", "--every", clock[1], "--parameters", "2,3", "--points",
+                                  str(MODES[mode])],
+                                 env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        if fault.startswith("stop"):
+            os.waitpid(child.pid, os.WUNTRACED)
+            subprocess.run([PROGRAM, "--profile", profile, "recover", f"{name}/t.cht"], capture_output=True)
+            child.send_signal(signal.SIGCONT)
+        run = subprocess.CompletedProcess(child.args, 0, *child.communicate(timeout=120))
+        run.returncode = child.returncode
+        if os.path.isdir(f"{name}.away"):  # looked at where it is now
+            os.rename(f"{name}.away", name)
         rows = os.path.getsize(log.name)
         in_chart, _ = points_in(folder)
         told = re.search(r"^(\d+) points in", run.stdout, re.M)
@@ -61,7 +73,7 @@ def main():
         subprocess.run([PROGRAM, "--profile", profile, "init", os.path.join(name, "project")], check=True,
                        capture_output=True)
         for fault in FAULTS:
-            for mode in MODES:
+            for mode in [mode for mode in MODES if mode == "memory" or not fault.startswith(REAL_TIME)]:
                 word, faults = outcome(fault, mode, profile)
                 if "--table" in sys.argv:
                     print(f"| {fault} | {mode} | {word} |", flush=True)

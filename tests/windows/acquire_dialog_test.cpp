@@ -120,6 +120,66 @@ TEST_F(AcquireDialog, EscAndTheEndOfTheSessionEndARecordingAndKeepItsPoints) {
   }
 }
 
+/// Ends a process as a crash does: nothing of it runs any more.
+void Kill(DWORD process) {
+  const HANDLE victim = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, process);
+  TerminateProcess(victim, 1);
+  WaitForSingleObject(victim, INFINITE);
+  CloseHandle(victim);
+}
+
+int PointsIn(const std::string& file) {
+  const std::string bytes = FileContents(file);
+  int points = 0;
+  for (std::size_t at = bytes.find("##\r\n"); at != std::string::npos; at = bytes.find("##\r\n", at + 1)) ++points;
+  return points;
+}
+
+TEST_F(AcquireDialog, TheNextDialogBringsAKilledRecordingBackAlsoOneOfAnotherSystem) {
+  SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
+  const std::string projects = "project\\projects\\demo\\";
+  const std::string folder = TestFolder() + "\\" + projects;
+  const struct {
+    const char* name;
+    const wchar_t* points;  ///< null for one that a program of another system left
+    bool recoveredHere;
+  } recordings[] = {{"killed_memory.cht", L"1000", true},   {"killed_spool.cht", L"3000", true},
+                    {"linux_memory.cht", nullptr, true},    {"linux_spool.cht", nullptr, true},
+                    {"windows_memory.cht", L"1000", false}, {"windows_spool.cht", L"3000", false}};
+  for (const auto& [name, points, recoveredHere] : recordings) {
+    const std::string file = recoveredHere ? projects + name : name;
+    const std::string left = TestFolder() + "\\" + name;
+    int reported = 0;
+    if (points != nullptr) {
+      ScriptHost host("host.vbs", "English");
+      const FormDriver form(host.Process(), L"");
+      FillIn(form, file, points);
+      form.Press("cmdStart");
+      EXPECT_TRUE(WaitFor([&] { return (reported = std::atoi(form.Text("lblProgress").c_str())) >= 3; }));
+      Kill(host.Process());
+    } else {
+      reported = 3;
+      for (const char* ending : {".recording", ".tcf0"}) {
+        MoveFileA((left + ending).c_str(), (folder + name + ending).c_str());
+      }
+    }
+    if (!recoveredHere) continue;  // the other system's program finds it after the tests
+    ScriptHost host("host.vbs", "English");
+    const FormDriver form(host.Process(), L"");
+    EXPECT_THAT(form.Text("lblInterrupted"), HasSubstr(" was interrupted after ")) << name;
+    form.Press("cmdRecover");
+    const BoxDriver box(host.Process());
+    EXPECT_THAT(box.Prompt(), HasSubstr(" point(s) of the interrupted recording are in ")) << name;
+    box.Answer(IDOK);
+    EXPECT_TRUE(WaitFor([&form] { return !form.Visible("lblInterrupted"); })) << name;
+    form.Close();
+    EXPECT_EQ(host.ExitCode(), 0);
+    EXPECT_GE(PointsIn(folder + name), reported) << name;
+    EXPECT_THAT(FileContents(folder + name), HasSubstr("PXXX1=003\r\nPXXX2=005\r\n")) << name;
+    EXPECT_EQ(FileContents(folder + name + ".recording") + FileContents(folder + name + ".tcf0"), "") << name;
+  }
+}
+
 TEST_F(AcquireDialog, OutlivesTheHostsToolsEndsWithItsWindowAndKeepsThePoints) {
   SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
   const auto make = [](HWND owner) {

@@ -214,9 +214,8 @@ ChartWriteResult ChartFileWriter::WriteSpool(const std::string& fileName, const 
   if (result.kind == ChartWriteResult::Kind::kWritten) return result;
   for (const auto& part : spool.files) part->Keep();
   // A spool file whose name was taken still holds its rows, but only while this program has it open.
-  const bool complete = spool.held.empty() && std::ranges::all_of(spool.files, [](const auto& part) {
-    return part->HasItsName();
-  });
+  const bool complete =
+      spool.held.empty() && std::ranges::all_of(spool.files, [](const auto& part) { return part->HasItsName(); });
   result.keptFile = complete ? spool.files.back()->Name()
                              : RescueRows(files_, fileName, rescueFolder,
                                           [&](OutputFile& file) { CopyRows(spool, file, keepAlive); });

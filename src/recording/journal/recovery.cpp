@@ -226,8 +226,8 @@ std::optional<std::vector<RecoveryResult>> RecoverBeside(Ports& ports, const std
     attempt.lock = nullptr;  // a folder that takes no lock takes no recording; its files can still be read
   }
   std::vector<RecoveryResult> results;
-  for (const InterruptedRecording& recording : FindBeside(ports.files, ports.codePage, chartFile,
-                                                          kNoSurveyLimit, request.progress)) {
+  for (const InterruptedRecording& recording :
+       FindBeside(ports.files, ports.codePage, chartFile, kNoSurveyLimit, request.progress)) {
     results.push_back(Recover(ports, recording, request));
   }
   return results;
@@ -253,8 +253,8 @@ std::vector<RecoveryResult> RecoverLeftovers(Ports& ports, const std::string& ch
   } catch (const NotARegularFile&) {
     results.clear();  // it holds no rows
   }
-  for (const InterruptedRecording& recording : FindBeside(ports.files, ports.codePage, chartFile,
-                                                          kNoSurveyLimit, &progress)) {
+  for (const InterruptedRecording& recording :
+       FindBeside(ports.files, ports.codePage, chartFile, kNoSurveyLimit, &progress)) {
     RecoveryResult result = Recover(ports, recording, {.besides = true, .progress = &progress});
     if (!result.chartFile.empty()) results.push_back(std::move(result));
   }

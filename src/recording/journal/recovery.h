@@ -31,9 +31,9 @@ struct RecoveryResult {
 /// journal that of a chart file that was left without its rows, else `like` without its dates, else what the rows show.
 [[nodiscard]] ChartHeader RecoveredHeader(Ports& ports, const InterruptedRecording& recording, const ChartHeader* like);
 
-/// Makes the chart file, reads it back, notes beside it what is known of its readings (see Companion), and removes journal and rows only then. Never writes over a file. The caller
-/// holds the lock of the recording's chart file, so that neither a running recording nor a second recovery is met.
-/// Throws RunTimeError; nothing is changed then.
+/// Makes the chart file, reads it back, notes beside it what is known of its readings (see Companion), and removes
+/// journal and rows only then. Never writes over a file. The caller holds the lock of the recording's chart file, so
+/// that neither a running recording nor a second recovery is met. Throws RunTimeError; nothing is changed then.
 RecoveryResult Recover(Ports& ports, const InterruptedRecording& recording, const RecoveryRequest& request);
 
 /// All that is left beside a chart file, under its lock. Nothing while that chart file is being recorded.

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -24,8 +26,8 @@ class RunSpool {
 
   /// Appends a row, in the code page, to the spool file, which is made at the first row. A spool file that was lost is
   /// left as it is: the row goes into a new one. While neither can be opened, because the folder was moved away or the
-  /// disk refuses writing, up to kMostHeldBytes of rows wait in memory and go into the file as soon as that is possible.
-  /// Throws RunTimeError when the row could not be kept.
+  /// disk refuses writing, up to kMostHeldBytes of rows wait in memory and go into the file as soon as that is
+  /// possible. Throws RunTimeError when the row could not be kept.
   /// @return the disk's sizes when they were last known
   DiskSpace Append(const std::string& target, std::string_view row);
   /// Tries once more to write the rows that wait.
@@ -44,6 +46,7 @@ class RunSpool {
   void End();
 
  private:
+  static constexpr std::uint64_t kUnknownSpace = std::numeric_limits<std::uint64_t>::max();
   DiskSpace AppendToFile(const std::string& target, std::string_view rows);
 
   FileSystem& files_;
@@ -52,7 +55,7 @@ class RunSpool {
   std::optional<RunTimeError> lost_;
   std::string held_;  ///< whole rows, in the code page
   std::optional<RunTimeError> fault_;
-  DiskSpace space_;
+  DiskSpace space_{0, kUnknownSpace, kUnknownSpace};  ///< after the last row that a file took
 };
 
 }  // namespace chartproject

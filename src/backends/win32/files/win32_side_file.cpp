@@ -78,7 +78,8 @@ DiskSpace Win32SideFile::AppendAndMeasure(std::string_view bytes) {
       try {
         return OpenOwn(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE);
       } catch (const RunTimeError& error) {
-        const bool gone = error.Number() == error_number::kFileNotFound || error.Number() == error_number::kPathNotFound;
+        const bool gone =
+            error.Number() == error_number::kFileNotFound || error.Number() == error_number::kPathNotFound;
         if (gone || dynamic_cast<const SideFileLost*>(&error) != nullptr) throw SideFileLost(shownName_);
         throw SideFileAway(error);
       }
