@@ -419,13 +419,16 @@ class ProgramTest(ProgramCase):
                 info = json.loads(self.run_program("info", left, "--json", expected=0).stdout)["interrupted"]
                 self.assertGreaterEqual(info["points"], reported)
                 self.assertEqual((info["command"], info["running"]), (f'chartproject recover "{name}"', False))
-                self.assertIn(f"{name} is an interrupted recording of {info['points']} points",
-                              self.run_program("export", left, expected=1).stderr)
+                for command, output in (("export", "out.csv"), ("print", "out.pdf")):
+                    self.assertIn(f"{name} is an interrupted recording of {info['points']} points",
+                                  self.run_program(command, left, "--output", output, expected=1).stderr)
             listed = json.loads(self.run_program("recover", "--list", "--json", expected=0).stdout)
             self.assertEqual([(one["file"], one["plannedPoints"]) for one in listed], [(name, str(points))])
             back = self.run_program("recover", expected=0).stdout
             self.assertEqual(back, f"{info['points']} point(s) of the interrupted recording are in {name}.\n")
-            self.assertIn(f"Rows: {info['points']}\n", self.run_program("info", "run.cht", expected=0).stdout)
+            shown = self.run_program("info", "run.cht", expected=0).stdout
+            self.assertIn(f"Rows: {info['points']}\nRecovered after an interruption: the real times between points are "
+                          "not known\n", shown)
             self.assertEqual(self.run_program("recover", expected=1).stderr, "nothing to recover\n")
             (self.folder / "run.cht").unlink()
 

@@ -116,7 +116,8 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
   NoteFailures(number);  // before the row: a row that is there after a crash is known to have failed
   if (RowsInMemory()) {
     std::swap(rows_[static_cast<std::size_t>(counter_)], point_);
-    journal_.Keep(std::span(rows_).first(static_cast<std::size_t>(number)), failed_, number);
+    journal_.Keep(std::span(rows_).first(static_cast<std::size_t>(number)), failed_, number,
+                  number == plan_.numberOfPoints);
   } else {
     journal_.Keep({}, failed_, number);
     KeepInSpool();
@@ -128,6 +129,11 @@ void AcquisitionRun::KeepPoint(const DateTime& now, Instant at) {
   } else if (number == plan_.numberOfPoints) {
     FinishAs(RunEnd::kComplete);
   }
+}
+
+std::int32_t AcquisitionRun::Kept() const noexcept {
+  if (!RowsInMemory() || KeepingFault()) return counter_;
+  return static_cast<std::int32_t>(journal_.SavedRows());
 }
 
 void AcquisitionRun::KeepInSpool() {
@@ -177,6 +183,7 @@ ChartWriteResult AcquisitionRun::WriteChartFile(const std::function<void()>& kee
     spool_.WriteHeld(targetFile_);
     return writer.WriteSpool(targetFile_, header_, {spool_.Files(), counter_, spool_.Held()}, rescueFolder, keepAlive);
   }
+  journal_.Keep(std::span(rows_).first(static_cast<std::size_t>(counter_)), failed_, counter_);
   return writer.WriteRows(targetFile_, header_, rows_, rescueFolder,
                           [this] { return journal_.FileWithRows(counter_); });
 }

@@ -85,6 +85,8 @@ class AcquisitionRun {
   [[nodiscard]] std::uint32_t Serial() const noexcept { return serial_; }
   /// Number of the last point taken; 0 before the first.
   [[nodiscard]] std::int32_t Counter() const noexcept { return counter_; }
+  /// Points that a crash leaves on the disk; as long as none can be kept there, those taken.
+  [[nodiscard]] std::int32_t Kept() const noexcept;
   [[nodiscard]] bool RowsInMemory() const noexcept { return plan_.numberOfPoints <= kMemoryLimit; }
   /// What became of the points that were left beside the chart file, as found by the last Reserve.
   [[nodiscard]] const std::vector<RecoveryResult>& Leftovers() const noexcept { return leftovers_; }

@@ -147,7 +147,7 @@ void RunController::tmrAcquire_Tick() {
     run_.TakePoint();
     if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
     lastPointAt_ = component_.ports.clock.Now();
-    display_.ShowProgress(run_.Counter(), run_.Plan().numberOfPoints);
+    display_.ShowProgress(run_.Kept(), run_.Plan().numberOfPoints);  // what is shown survives a crash
     display_.ShowTrouble(TroubleText(component_, run_, lastPointAt_));
     ShowNotice();
     if (pointTaken) pointTaken(run_);

@@ -52,7 +52,7 @@ class HeadlessRecording {
     auto* const form = dynamic_cast<AcquireForm*>(&shown);
     if (form == nullptr) return;
     form->controller.pointTaken = [this](const AcquisitionRun& run) {
-      progress_.Show(run.Counter(), run.Plan().numberOfPoints);
+      progress_.Show(run.Kept(), run.Plan().numberOfPoints);
     };
     form->controller.noticed = [this](const std::string& notice) {
       progress_.EndLine();

@@ -55,8 +55,9 @@ void RecordingJournal::NoteLostSpool(int number) {
   AddLine(head_, journal_line::kLost, std::to_string(number));
 }
 
-void RecordingJournal::Keep(std::span<const PointRow> rows, const FailedReadings& failed, std::int32_t point) {
-  Save({rows, &failed, point});
+void RecordingJournal::Keep(std::span<const PointRow> rows, const FailedReadings& failed, std::int32_t point,
+                            bool atOnce) {
+  Save({rows, &failed, point, atOnce});
 }
 
 void RecordingJournal::Save(const State& state) {
@@ -78,12 +79,15 @@ void RecordingJournal::Save(const State& state) {
 /// The former file is given up only when there is a new one.
 void RecordingJournal::MakeFile() {
   file_ = files_.MakeSideFile({.target = target_, .ending = kJournalEnding});
+  paced_ = dynamic_cast<const PacedFile*>(file_.get());
   headSaved_ = 0;
   rowsSaved_ = 0;
   notesSaved_ = {};
 }
 
 void RecordingJournal::SaveOnce(const State& state) {
+  const bool mayWait = !state.atOnce && !fault_ && headSaved_ == head_.size();
+  if (mayWait && paced_ != nullptr && paced_->JustWritten()) return;
   std::string lines = head_.substr(headSaved_);
   for (std::size_t row = rowsSaved_; row < state.rows.size(); ++row) AppendRowLine(lines, state.rows[row]);
   FailureNotes notes = notesSaved_;
@@ -108,6 +112,7 @@ std::string RecordingJournal::FileWithRows(std::int64_t count) const {
 void RecordingJournal::End(bool keep) {
   if (file_ && keep) file_->Keep();
   file_.reset();
+  paced_ = nullptr;
   target_.clear();
   head_.clear();
   fault_.reset();

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "platform/clock.h"
+#include "platform/paced_file.h"
 #include "platform/run_time_error.h"
 #include "recording/file/chart_file_writer.h"
 #include "recording/journal/failure_notes.h"
@@ -48,7 +49,10 @@ class RecordingJournal {
   void NoteLostSpool(int number);
   /// Writes what it does not have yet: rows, failed readings, and all that could not be written before.
   /// @param rows all rows taken so far, of a recording in memory; @param failed of them; @param point the last one
-  void Keep(std::span<const PointRow> rows, const FailedReadings& failed, std::int32_t point);
+  /// @param atOnce false: rows that come faster than anybody can look at them may wait for the next ones, see SavedRows
+  void Keep(std::span<const PointRow> rows, const FailedReadings& failed, std::int32_t point, bool atOnce = true);
+  /// How many rows the file has.
+  [[nodiscard]] std::size_t SavedRows() const noexcept { return rowsSaved_; }
 
   /// Why a crash would lose points now; empty while it would not.
   [[nodiscard]] const std::optional<RunTimeError>& Fault() const noexcept { return fault_; }
@@ -63,6 +67,7 @@ class RecordingJournal {
     std::span<const PointRow> rows;
     const FailedReadings* failed = nullptr;
     std::int32_t point = 0;
+    bool atOnce = true;
   };
   void Save(const State& state);
   void SaveOnce(const State& state);
@@ -74,7 +79,8 @@ class RecordingJournal {
   std::array<int, kColumnCount> parameters_{};
   std::string head_;  ///< all lines before the rows (UTF-8)
   std::unique_ptr<SideFile> file_;
-  std::size_t headSaved_ = 0;  ///< bytes of head_ that are in the file
+  const PacedFile* paced_ = nullptr;  ///< the same file, where it knows when it was written
+  std::size_t headSaved_ = 0;         ///< bytes of head_ that are in the file
   std::size_t rowsSaved_ = 0;
   FailureNotes notesSaved_;
   std::optional<RunTimeError> fault_;

@@ -145,11 +145,16 @@ DiskSpace PosixSideFile::AppendAndMeasure(std::string_view bytes) {
 
 void PosixSideFile::FlushNowAndThen(const Descriptor& file) {
   const auto now = std::chrono::steady_clock::now();
+  written_ = now;
   const bool first = flushed_ == std::chrono::steady_clock::time_point{};
   if (!first && now - flushed_ < kFlushInterval) return;
   flushed_ = now;
   if (fdatasync(file.Number()) != 0 && errno != EINVAL && errno != ENOTSUP) throw DeviceError(errno, shownName_);
   if (first) SyncFolder(FolderOf(name_));
+}
+
+bool PosixSideFile::JustWritten() const noexcept {
+  return std::chrono::steady_clock::now() - written_ < std::chrono::milliseconds(kPaceMilliseconds);
 }
 
 void PosixSideFile::TakeName() {

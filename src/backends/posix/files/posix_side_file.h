@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "backends/posix/files/open_file.h"
+#include "platform/paced_file.h"
 
 namespace chartproject {
 
@@ -13,7 +14,7 @@ namespace chartproject {
 inline constexpr std::chrono::seconds kFlushInterval{1};
 
 /// Holds its file open all the time, so that no other file can come to have its number.
-class PosixSideFile : public SideFile {
+class PosixSideFile : public SideFile, public PacedFile {
  public:
   /// When the file comes to have a name.
   enum class Naming {
@@ -33,6 +34,7 @@ class PosixSideFile : public SideFile {
   [[nodiscard]] std::unique_ptr<OutputFile> OpenForWriting() override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading() override;
   DiskSpace AppendAndMeasure(std::string_view bytes) override;
+  [[nodiscard]] bool JustWritten() const noexcept override;
   void ReplaceTarget() override;
   [[nodiscard]] bool TakeTarget() override;
   void Keep() noexcept override { kept_ = true; }
@@ -56,6 +58,7 @@ class PosixSideFile : public SideFile {
   Descriptor file_;
   off_t appended_ = 0;  ///< bytes appended so far: the file's length
   std::chrono::steady_clock::time_point flushed_{};
+  std::chrono::steady_clock::time_point written_{};
   bool numbersLast_ = true;  ///< false on a file system that returns a new inode number on every stat
   bool kept_ = false;
 };

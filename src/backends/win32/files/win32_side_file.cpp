@@ -88,6 +88,7 @@ DiskSpace Win32SideFile::AppendAndMeasure(std::string_view bytes) {
     AppendWhole(file.Get(), bytes, shownName_);
     appended_ += bytes.size();
     const ULONGLONG now = GetTickCount64();
+    written_ = now;
     if (flushed_ == 0 || now - flushed_ >= kFlushMilliseconds) {
       flushed_ = now;
       if (FlushFileBuffers(file.Get()) == 0) ThrowFileError(GetLastError(), shownName_);

@@ -9,7 +9,7 @@ namespace chartproject::win32 {
 inline constexpr ULONGLONG kFlushMilliseconds = 1000;
 
 /// Known by volume and number, which the system does not give to another file soon.
-class Win32SideFile : public SideFile {
+class Win32SideFile : public SideFile, public PacedFile {
  public:
   /// Makes the file. Throws RunTimeError.
   explicit Win32SideFile(const SideFileRequest& request);
@@ -22,6 +22,7 @@ class Win32SideFile : public SideFile {
   [[nodiscard]] std::unique_ptr<OutputFile> OpenForWriting() override;
   [[nodiscard]] std::unique_ptr<InputFile> OpenForReading() override;
   DiskSpace AppendAndMeasure(std::string_view bytes) override;
+  [[nodiscard]] bool JustWritten() const noexcept override { return GetTickCount64() - written_ < kPaceMilliseconds; }
   void ReplaceTarget() override;
   [[nodiscard]] bool TakeTarget() override;
   void Keep() noexcept override { kept_ = true; }
@@ -34,6 +35,7 @@ class Win32SideFile : public SideFile {
   std::string shownName_;       ///< for errors
   FileIdentity own_;            ///< when it was made
   std::uint64_t appended_ = 0;  ///< bytes appended so far: the file's length
+  ULONGLONG written_ = 0;       ///< moment of the last appending
   ULONGLONG flushed_ = 0;       ///< moment of the last flush; 0 before the first
   bool kept_ = false;
 };
