@@ -201,9 +201,9 @@ ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   }
   // The spool file goes first: while the journal is there, what is left is known as one recording.
   spool_.End();
-  const bool memoryKeptElsewhere = RowsInMemory() && result.keptFile != journal_.FileWithRows(counter_);
   const bool complete = result.kind == ChartWriteResult::Kind::kWritten || counter_ == 0;
-  journal_.End(!complete && !memoryKeptElsewhere);
+  const bool rowsElsewhere = !complete && RowsInMemory() && result.keptFile != journal_.FileWithRows(counter_);
+  journal_.End(!complete && !rowsElsewhere);
   rows_ = {};
   fileLock_.reset();
   state_ = RunState::kIdle;
