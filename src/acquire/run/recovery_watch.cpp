@@ -1,10 +1,13 @@
 // Locks what is enabled at the first report, and unlocks just that.
 #include "acquire/run/recovery_watch.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include "common/environment/language.h"
-#include "forms/controls.h"
+#include "forms/control.h"
 #include "forms/form.h"
 #include "forms/form_host.h"
 
@@ -27,9 +30,9 @@ RecoveryWatch::~RecoveryWatch() {
 void RecoveryWatch::Report(int percent) {
   if (!std::exchange(shown_, true)) {
     for (Control* control : form_.Controls()) {
-      // Words keep their looks, and timers are not input.
-      const bool input = dynamic_cast<Label*>(control) == nullptr && dynamic_cast<Timer*>(control) == nullptr;
-      if (!input || !control->Enabled()) continue;
+      // Words keep their looks, and so do the containers that they are in.
+      constexpr std::array<std::string_view, 4> kNoInput{"Label", "PictureBox", "Frame", "Timer"};
+      if (std::ranges::find(kNoInput, control->TypeName()) != kNoInput.end() || !control->Enabled()) continue;
       control->SetEnabled(false);
       locked_.push_back(control);
     }

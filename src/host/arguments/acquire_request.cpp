@@ -34,7 +34,10 @@ class FormFiller {
   void Press() {
     CommandButton& button = request_.trigger.empty() ? form_.panel.cmdStart : form_.panel.cmdTrigger;
     if (!button.EffectivelyVisible()) throw RefusedError(form_.panel.lblHint.Caption());
+    const std::uint32_t before = form_.Run().Serial();
     Asked("the recording", [&] { button.Press(); });
+    // Esc while the points of an interrupted recording were saved: nothing was started, and the user knows it.
+    if (form_.Run().Serial() == before) throw RefusedError("the recording was not started");
   }
 
  private:
