@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backends/win32/files/win32_open_file.h"
+#include "platform/paced_file.h"
 
 namespace chartproject::win32 {
 
