@@ -195,6 +195,7 @@ TEST_F(RecoveryTest, AFolderThatIsAwayForAWhileOrADiskThatRefusesWritingCostsNoP
 }
 
 TEST_F(RecoveryTest, FailedReadingsComeBackWithThePoints) {
+  plant.simulated = true;
   for (const int points : {100, 3000}) {
     Start(points);
     const auto take = [this](int count, std::set<int> silent) {
@@ -217,6 +218,7 @@ TEST_F(RecoveryTest, FailedReadingsComeBackWithThePoints) {
     const auto companion = LoadCompanion(fake.files, kChart, header);
     ASSERT_TRUE(companion);
     EXPECT_EQ(companion->recovered, Recovered::kFromJournal);
+    EXPECT_TRUE(companion->simulated);
     EXPECT_THAT(companion->failed[0].Ranges(),
                 ElementsAre(FailedRange{3, 5, 3, {ReadFailure::kNoAnswer, ""}},
                             FailedRange{7, 8, 2, {ReadFailure::kException, "illegal address"}}));

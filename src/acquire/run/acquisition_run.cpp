@@ -39,7 +39,7 @@ void AcquisitionRun::Arm(const RunPlan& plan) {
   pace_ = {};
   simulated_ = component_.driveLink && component_.driveLink->Simulated();
   companionFailure_.clear();
-  journal_.Begin(targetFile_, header_, plan_.millisecondsBetweenPoints);
+  journal_.Begin(targetFile_, header_, plan_.millisecondsBetweenPoints, simulated_);
   state_ = RunState::kArmed;
 }
 

@@ -26,13 +26,14 @@ std::string MomentLine(const DateTime& moment) {
 }  // namespace
 
 void RecordingJournal::Begin(const std::string& target, const ChartHeader& header,
-                             std::int64_t millisecondsBetweenPoints) {
+                             std::int64_t millisecondsBetweenPoints, bool simulated) {
   End(false);
   target_ = target;
   parameters_ = ParametersOf(header);
   AddLine(head_, journal_line::kMark, {});
   AddLine(head_, journal_line::kVersion, {});
   AddLine(head_, journal_line::kInterval, std::to_string(millisecondsBetweenPoints));
+  if (simulated) AddLine(head_, journal_line::kSimulated, {});
   for (const HeaderKey& entry : kHeaderKeys) {
     if (!(header.*entry.field).empty()) AddLine(head_, entry.key, header.*entry.field);
   }

@@ -26,10 +26,11 @@ inline constexpr std::string_view kJournalEnding = ".recording";
 namespace journal_line {
 inline constexpr std::string_view kMark = "[RECORDING]";
 inline constexpr std::string_view kVersion = "Journal=1";
-inline constexpr std::string_view kInterval = "Interval=";  ///< milliseconds between points
-inline constexpr std::string_view kBegun = "Begun=";        ///< local time of the first point, yyyy-mm-dd hh:mm:ss
-inline constexpr std::string_view kSpool = "Spool=";        ///< rows go on in the spool file of this number
-inline constexpr std::string_view kLost = "Lost=";          ///< the file of that number is not ours any more
+inline constexpr std::string_view kInterval = "Interval=";     ///< milliseconds between points
+inline constexpr std::string_view kBegun = "Begun=";           ///< local time of the first point, yyyy-mm-dd hh:mm:ss
+inline constexpr std::string_view kSimulated = "Simulated=1";  ///< no drive gives the values
+inline constexpr std::string_view kSpool = "Spool=";           ///< rows go on in the spool file of this number
+inline constexpr std::string_view kLost = "Lost=";             ///< the file of that number is not ours any more
 }  // namespace journal_line
 
 /// Writes the journal of one recording. Nothing throws: a journal that cannot be written does not end the recording,
@@ -40,8 +41,10 @@ class RecordingJournal {
   /// Both outlive the journal.
   RecordingJournal(FileSystem& files, const CodePage& codePage) : files_(files), codePage_(codePage) {}
 
-  /// A new journal, for a recording that is armed. @param target the chart file, links resolved
-  void Begin(const std::string& target, const ChartHeader& header, std::int64_t millisecondsBetweenPoints);
+  /// A new journal, for a recording that is armed. @param target the chart file, links resolved; @param simulated no
+  /// drive gives the values
+  void Begin(const std::string& target, const ChartHeader& header, std::int64_t millisecondsBetweenPoints,
+             bool simulated);
   /// The first point is being kept. @param rowsHere the rows will be written here, by Keep
   void NoteFirstPoint(const ChartHeader& header, const DateTime& now, bool rowsHere);
   /// The rows go on in the spool file of that number; a number that was lost may come again.

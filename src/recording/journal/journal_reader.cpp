@@ -44,6 +44,8 @@ bool TakeOwnLine(std::string_view line, JournalReading& reading) {
   const auto value = AfterEquals(line);
   if (line.starts_with(journal_line::kInterval)) {
     reading.millisecondsBetweenPoints = NumberIn(value, 1, kMostMilliseconds).value_or(0);
+  } else if (line == journal_line::kSimulated) {
+    reading.simulated = true;
   } else if (line.starts_with(journal_line::kBegun)) {
     reading.begun = MomentOf(value);
   } else if (line.starts_with(journal_line::kSpool) || line.starts_with(journal_line::kLost)) {

@@ -13,6 +13,7 @@ namespace chartproject {
 struct JournalReading {
   ChartHeader header;
   std::int64_t millisecondsBetweenPoints = 0;  ///< 0 when not known
+  bool simulated = false;                      ///< no drive gave the values
   std::optional<DateTime> begun;               ///< of the first point
   std::optional<RowStart> rows;                ///< of rows in the journal itself
   std::vector<int> spools;                     ///< numbers of its spool files, in the order of their rows

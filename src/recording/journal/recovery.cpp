@@ -128,6 +128,7 @@ void NoteReadings(Ports& ports, const InterruptedRecording& recording, RecoveryR
     companion.parameters = ParametersOf(header);
     companion.recovered = recording.journal ? Recovered::kFromJournal : Recovered::kFromRows;
     if (recording.journal) {
+      companion.simulated = recording.journal->simulated;
       const auto journal = ports.files.OpenForReading(recording.journalFile);
       companion.failed = ReadFailureNotes(*journal, ports.codePage, companion.points);
     }
