@@ -58,6 +58,10 @@ void StartForm::PlaceControls() {
   rtfDrives.SetWidthInCharacters(kDriveLineWidth);
   lblNote.SetWordWrap(true);
   for (Label* label : {&lblProject, &lblNote, &lblLanguage}) label->SetBorderStyle(0);
+  // What collapses begins without room, since a window that was once high stays so.
+  lblNote.SetVisible(false);
+  fraRecent.SetVisible(false);
+  for (CommandButton& button : cmdRecent) button.SetVisible(false);
   cmdAcquire.SetDefault(true);
   cmdClose.SetCancel(true);
   LayoutBox drives = Stretched(Group(fraDrives, Column({Cell(rtfDrives, 1, 1), Cell(lblProject, 1)})), 1, 1);
@@ -95,7 +99,6 @@ void StartForm::OnLoad() {
     if (settings.strLanguage == kLanguages[i].name) cboLanguage.SetListIndex(static_cast<int>(i));
   }
   chkSound.SetValue(settings.strSound == "No" ? 0 : 1);
-  // What collapses goes before the first layout, since a window that is once high stays so.
   lblNote.SetVisible(!madeIn_.empty());
   ShowProject();
   ShowRecent();
