@@ -182,7 +182,7 @@ TEST(ValueAxis, AFixedRangeIsShownAsItIsWithTheTicksInIt) {
   const std::tuple<double, double, int, std::vector<std::string>> cases[] = {
       {0.5, 4.5, 5, {"1", "2", "3", "4"}},
       {-10, 10, 4, {"-10", "-5", "0", "5", "10"}},
-      {1.9, 2.1, 1, {"2.0"}},
+      {1.9, 2.1, 1, {"1.9", "2.0", "2.1"}},
       {0, std::numeric_limits<double>::max(), 2, {"0", "5E+306", "1.0E+307"}}};
   for (const auto& [low, high, steps, texts] : cases) {
     const ValueAxis axis = FixedValueAxis({low, high, false}, steps);

@@ -20,6 +20,7 @@ namespace {
 constexpr std::int32_t kButtonsMask = 0xF;
 constexpr std::int32_t kIconMask = 0xF0;
 constexpr std::int32_t kFileMustExist = 4096;
+constexpr std::int32_t kFileToWrite = 2;
 constexpr int kInputWidth = 360;
 
 QMessageBox::Icon IconOf(std::int32_t style) {
@@ -124,7 +125,9 @@ void TranslateFileDialog(QFileDialog& dialog, Language language) {
 std::optional<std::string> QtDialogs::ShowOpenFile(const OpenFileRequest& request) {
   QFileDialog dialog(QApplication::activeWindow());
   if (!request.initialFolder.empty()) dialog.setDirectory(FileNameToQt(request.initialFolder));
-  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  const bool forWriting = (request.flags & kFileToWrite) != 0;
+  dialog.setAcceptMode(forWriting ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);  // whoever asked for the name knows what may be replaced
   dialog.setFileMode((request.flags & kFileMustExist) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   TranslateFileDialog(dialog, language_());
   const QStringList filters = NameFilters(request.filter);

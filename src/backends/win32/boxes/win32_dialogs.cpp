@@ -99,8 +99,12 @@ std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& req
   dialog.lpstrFile = name.data();
   dialog.nMaxFile = static_cast<DWORD>(name.size());
   dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-  dialog.Flags = static_cast<DWORD>(request.flags) | OFN_EXPLORER | OFN_NOCHANGEDIR;
-  if (GetOpenFileNameW(&dialog) != 0) return ToUtf8(name.data());
+  // Whoever asked for a file to write knows what may be replaced, and asks.
+  const auto flags = static_cast<DWORD>(request.flags);
+  dialog.Flags = (flags & ~static_cast<DWORD>(OFN_OVERWRITEPROMPT)) | OFN_EXPLORER | OFN_NOCHANGEDIR;
+  const bool forWriting = (flags & OFN_OVERWRITEPROMPT) != 0;
+  const BOOL chosen = forWriting ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
+  if (chosen != 0) return ToUtf8(name.data());
   const DWORD failure = CommDlgExtendedError();
   if (failure == 0) return std::nullopt;  // cancelled
   ThrowDialogFailure(failure);

@@ -62,6 +62,11 @@ void NextStep(ValueAxis& axis) {
   if (axis.mantissa == 1) ++axis.exponent;
 }
 
+void FormerStep(ValueAxis& axis) {
+  if (axis.mantissa == 1) --axis.exponent;
+  axis.mantissa = axis.mantissa == 1 ? 5 : axis.mantissa == 5 ? 2 : 1;
+}
+
 std::string ToText(double value, std::chars_format kind, int decimals) {
   char buffer[400];
   const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value, kind, decimals);
@@ -112,9 +117,12 @@ ValueAxis FixedValueAxis(const ValueRange& range, int maximumSteps) {
   const double width = ends.maximum - ends.minimum;
   axis.exponent = ExponentOf(width / std::max(maximumSteps, 1));
   while (width / Multiple(1, axis.mantissa, axis.exponent) > maximumSteps) NextStep(axis);
-  const double step = Multiple(1, axis.mantissa, axis.exponent);
-  axis.firstTick = static_cast<std::int64_t>(std::ceil(ends.minimum / step - kLogarithmNoise));
-  axis.lastTick = static_cast<std::int64_t>(std::floor(ends.maximum / step + kLogarithmNoise));
+  const auto place = [&] {
+    const double step = Multiple(1, axis.mantissa, axis.exponent);
+    axis.firstTick = static_cast<std::int64_t>(std::ceil(ends.minimum / step - kLogarithmNoise));
+    axis.lastTick = static_cast<std::int64_t>(std::floor(ends.maximum / step + kLogarithmNoise));
+  };
+  for (place(); axis.lastTick <= axis.firstTick; place()) FormerStep(axis);  // one tick alone gives no scale
   return axis;
 }
 

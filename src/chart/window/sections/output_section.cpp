@@ -64,11 +64,12 @@ void OutputSection::CopyPicture() {
 
 void OutputSection::SavePicture() {
   if (reading_.Busy()) return;
+  constexpr int kFileToWrite = 2;
   constexpr int kHideReadOnly = 4;
   OpenFileRequest request;
   request.initialFolder = component_.settings.strFolder;
   request.filter = LoadMessage(component_, Text::kPictureFiles) + "|*" + std::string(kPngEnding);
-  request.flags = kHideReadOnly;
+  request.flags = kFileToWrite + kHideReadOnly;
   const FolderScope hostFolder(component_.ports.files, component_.settings.strBin);  // the dialog may move away
   const auto chosen = component_.ports.dialogs.ShowOpenFile(request);
   if (!chosen) return;
