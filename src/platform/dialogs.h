@@ -44,8 +44,7 @@ struct OpenFileRequest {
   std::string initialFolder;
   std::string filter;  ///< pairs "description|pattern" joined by "|", for example "Chart Files (*.cht)|*.cht"
   int filterIndex = 1;
-  std::int32_t flags = 0;  ///< 2 asks for a file to write (the caller asks before it replaces one), 4 hides the
-                           ///< read-only box, 4096 asks for an existing file
+  std::int32_t flags = 0;  ///< 2 a file to write, 4 hides the read-only box, 4096 asks for an existing file
 };
 
 class Dialogs {
