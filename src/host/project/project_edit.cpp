@@ -176,7 +176,7 @@ AddedDrive ProjectEdit::Add(const NewDrive& drive) {
 }
 
 std::string ProjectEdit::Remove(int address) {
-  const std::string name = DriveFileAt(address);
+  std::string name = DriveFileAt(address);
   if (name.empty()) Refuse(Text::kNoDriveAtAddress, {FormatDigits(address, 2)});
   ListDrives(address, {});
   const std::array setting{StoredSetting{KeyOf(address), kNoDriveFile}};
