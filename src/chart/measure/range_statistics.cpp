@@ -59,7 +59,7 @@ class SeriesSums {
       }
       return result;
     }
-    const double count = static_cast<double>(count_);
+    const auto count = static_cast<double>(count_);
     result.minimum = minimum_;
     result.maximum = maximum_;
     // Rounding must not move the mean of equal values past them: it would count as crossed.
@@ -120,6 +120,7 @@ using RowTaker = std::function<void(std::int64_t point, std::span<const double> 
 bool ReadValues(ChartSource& source, const MeasureRequest& request, const NumberFormat& format,
                 const ScanProgress& progress, const RowTaker& take) {
   std::vector<FailedCursor> failed;
+  failed.reserve(static_cast<std::size_t>(request.series));
   for (int s = 0; s < request.series; ++s) {
     failed.emplace_back(request.failed == nullptr ? nullptr : &request.failed->at(static_cast<std::size_t>(s)));
   }
