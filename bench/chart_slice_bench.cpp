@@ -108,6 +108,35 @@ void FirstJumpToTheEnd(benchmark::State& state) {
 }
 BENCHMARK(FirstJumpToTheEnd)->Unit(benchmark::kMillisecond);
 
+/// Every row of the file read for the strip and for Fit.
+void SurveyOfTheWholeFile(benchmark::State& state) {
+  Bench bench;
+  ChartHeader header;
+  for (auto _ : state) {
+    ChartSource source(bench.ports);
+    source.Open(ChartFile(kLongFile), header);
+    while (source.SurveyOn({})) {
+    }
+    if (source.Survey().Exact().Lines() != kLongFile) state.SkipWithError("not all of it");
+  }
+}
+BENCHMARK(SurveyOfTheWholeFile)->Unit(benchmark::kMillisecond);
+
+/// From 25 points to all of them and back, the chart's model included; the survey is complete.
+void FitAndBack(benchmark::State& state) {
+  Bench bench;
+  ChartForm form(bench.component);
+  form.Load();
+  if (!form.OpenFile(ChartFile(kLongFile))) state.SkipWithError("cannot open the file");
+  while (form.overview.tmrSurvey.Enabled()) form.overview.tmrSurvey.Fire();
+  for (auto _ : state) {
+    form.mscChart1.KeyPressed({.key = Key::kCharacter, .character = 'F'});
+    if (form.View().Division() != kLongFile / kDivisions) state.SkipWithError("not fitted");
+    form.mscChart1.KeyPressed({.key = Key::kBackspace});
+  }
+}
+BENCHMARK(FitAndBack)->Unit(benchmark::kMillisecond);
+
 /// Anywhere in a file that was scrolled through before; the chart is rebuilt each time.
 void LaterScroll(benchmark::State& state) {
   Bench bench;

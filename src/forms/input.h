@@ -21,14 +21,14 @@ enum class Key : std::uint8_t {
   kEscape,
   kBackspace,
   kSpace,
-  kCharacter  ///< a letter or a digit
+  kCharacter  ///< a letter, a digit or a sign
 };
 
 struct KeyPress {
   Key key = Key::kNone;
   bool shift = false;
   bool control = false;
-  char character = 0;  ///< of kCharacter: 'A' to 'Z' (for small letters, too) or '0' to '9'
+  char character = 0;  ///< of kCharacter: 'A' to 'Z' (for small letters, too), '0' to '9', '+' or '-'
   friend bool operator==(const KeyPress&, const KeyPress&) = default;
 };
 

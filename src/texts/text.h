@@ -193,6 +193,14 @@ enum class Text : std::uint16_t {
   kValueNotRead,         ///< "%1 (not read: %2)"  %2 the reason
   kCompanionNotRead,     ///< %1 the reason, with the file
   // The chart window's menu: its groups, its entries, the names of keys.
+  kActionFit,
+  kActionOneToOne,
+  kActionZoomIn,
+  kActionZoomOut,
+  kActionBack,
+  kActionOverview,
+  kReadoutPoints,  ///< "Points %1 to %2"
+  kValueSpan,      ///< "%1 to %2"  of values
   kMenuGo,
   kMenuLook,
   kActionDivisionBack,

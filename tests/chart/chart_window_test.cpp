@@ -184,7 +184,14 @@ TEST_F(ChartWindowTest, TheMenuOffersEachActionWithItsKeyAndState) {
       for (const MenuItem& item : form.mscChart1.ContextMenu()) add(item, "", add);
       return all;
     };
-    const std::vector<std::string> expected{"Go",
+    const std::vector<std::string> expected{"Whole recording | F",
+                                            "One point a division | Ctrl+0 (off)",
+                                            "Zoom in | + (off)",
+                                            "Zoom out | -",
+                                            "Previous view | Backspace (off)",
+                                            "Overview (on)",
+                                            "",
+                                            "Go",
                                             " One division back | Left",
                                             " One division on | Right",
                                             " One page back | Page Up",

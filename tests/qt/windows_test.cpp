@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -383,11 +384,20 @@ TEST(ChartViewerTest, ReadsOutThePointerAndTwoCursors) {
 
 TEST(ChartViewerTest, TheMenuOpensByKeysAndItsEntriesAct) {
   ChartViewer viewer("English");
-  // The second menu is "Look"; its first entry is the grid.
-  viewer.user.Key("shift+F10").Until("the menu", [] { return QApplication::activePopupWidget() != nullptr; }).Then([] {
-    for (const char* key : {"Down", "Down", "Right", "Return"}) SendKey(key);
-  });
-  viewer.user.Until("the grid", [&] { return viewer.form.mscChart1.Model().valueGrid != 0; });
+  const auto choose = [] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    for (QAction* action : menu->actions()) {
+      if (action->text() == "Overview") menu->setActiveAction(action);
+    }
+    SendKey("Return");
+  };
+  OverviewControl& strip = viewer.form.overview.ovwRecording;
+  viewer.user.Do([&] { EXPECT_TRUE(strip.Visible()); });
+  viewer.user.Key("shift+F10")
+      .Until("the menu", [] { return QApplication::activePopupWidget() != nullptr; })
+      .Then(choose);
+  viewer.user.Until("no strip", [&] { return !strip.Visible(); });
+  viewer.user.Key("f").Until("the whole recording", [&] { return viewer.form.View().Division() == kPoints / 25; });
   viewer.Close();
 }
 

@@ -45,6 +45,7 @@ void ChartSource::Open(const std::string& fileName, ChartHeader& header) {
   firstLine_ = rows ? CheckedInteger32(rows->line) : 0;
   headerSize_ = rows ? rows->offset : 0;
   index_.Restart({firstLine_, headerSize_});
+  survey_.Restart({firstLine_, headerSize_}, namedSeries_ == 0 ? kColumnCount : namedSeries_);
   identity_ = file->Identity();
   headerPrint_ = HeaderPrint(*file);
 }
@@ -112,6 +113,28 @@ bool ChartSource::ForEach(std::int64_t first, std::int64_t last, const PointTake
     if (line.kind == LineKind::kPoint && !take(point, line.row)) return false;
   }
   return true;
+}
+
+bool ChartSource::SurveyOn(Instant time) {
+  if (!HasPoints()) return false;
+  const Instant end = ports_.clock.Now() + time;
+  const auto file = ports_.files.OpenForReading(fileName_);
+  const FileIdentity now = file->Identity();
+  if (now.volume != identity_.volume || now.index != identity_.index || now.size < identity_.size) return false;
+  // A clock that is set by hand does not run meanwhile.
+  constexpr int kMostPieces = 64;
+  bool more = true;
+  for (int i = 0; more && i < kMostPieces && (i == 0 || ports_.clock.Now() < end); ++i) {
+    more = survey_.ReadOn(*file, index_, ports_.locale.Numbers());
+  }
+  return more;
+}
+
+Slice ChartSource::ReadWide(const WideRange& range, int columns, std::int64_t lines) {
+  const bool surveyed = survey_.Exact().Lines() >= range.end;
+  if (!surveyed || range.end - range.first > LinesToRead(survey_)) return WideSlice(survey_, range, columns, lines);
+  const auto file = ports_.files.OpenForReading(fileName_);
+  return ReadWideSlice(*file, index_, firstLine_, range, columns, ports_.locale.Numbers());
 }
 
 }  // namespace chartproject

@@ -7,7 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "chart/file/file_survey.h"
 #include "chart/file/slice_reader.h"
+#include "chart/file/wide_slice.h"
 #include "platform/ports.h"
 #include "recording/file/chart_header.h"
 #include "recording/file/point_reader.h"
@@ -54,6 +56,16 @@ class ChartSource {
   /// @param first,last numbers of points
   bool ForEach(std::int64_t first, std::int64_t last, const PointTaker& take, const ScanProgress& progress = {});
 
+  // The whole file. --------------------------------------------------------------------------------------------------
+  [[nodiscard]] const FileSurvey& Survey() const noexcept { return survey_; }
+  /// Goes on with the survey for about `time`, at least by one piece. True while something is left; false too when the
+  /// file is not the one that was opened. Throws RunTimeError when it cannot be read.
+  bool SurveyOn(Instant time);
+
+  /// A slice of more points than rows: exact where the survey has passed it, else as it is known by now. Its lines are
+  /// not set. @param lines of the whole file. Throws RunTimeError when the file cannot be read.
+  [[nodiscard]] Slice ReadWide(const WideRange& range, int columns, std::int64_t lines);
+
  private:
   [[nodiscard]] std::uint64_t HeaderPrint(InputFile& file) const;
 
@@ -66,6 +78,7 @@ class ChartSource {
   std::int32_t namedPoints_ = -1;
   int namedSeries_ = 0;
   LineIndex index_;
+  FileSurvey survey_;
 };
 
 }  // namespace chartproject

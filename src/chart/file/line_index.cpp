@@ -65,6 +65,13 @@ LinePlace LineIndex::NearestTo(std::int64_t line) const {
   return {firstLine_ + entry * kSpacing, offsets_[static_cast<std::size_t>(entry)]};
 }
 
+void LineIndex::Learn(const LinePlace& place) {
+  if (place.line != firstLine_ + static_cast<std::int64_t>(offsets_.size()) * kSpacing) return;
+  offsets_.push_back(place.offset);
+  scanned_ = place.offset;
+  line_ = place.line;
+}
+
 LineSearch LineIndex::Find(InputFile& file, std::int64_t line, const ScanProgress& progress) {
   if (offsets_.empty()) Restart({firstLine_, 0});
   LineSearch search;

@@ -42,6 +42,8 @@ class LineIndex {
   /// Finds the nearest indexed line at or before `line` (the first one or later), reading the file on when it is
   /// further than the index knows. Throws RunTimeError when the file cannot be read.
   LineSearch Find(InputFile& file, std::int64_t line, const ScanProgress& progress = {});
+  /// Takes a place over from another reader of the same file; of use when it is the next one that the index keeps.
+  void Learn(const LinePlace& place);
 
  private:
   [[nodiscard]] LinePlace NearestTo(std::int64_t line) const;

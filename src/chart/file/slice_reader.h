@@ -17,6 +17,8 @@ namespace chartproject {
 struct Slice {
   std::int32_t startLine = 0;
   std::int32_t endLine = 0;
+  /// More than 1 for a wide slice: there rows 2i and 2i + 1 are the least and the greatest of twice as many points.
+  std::int64_t pointsPerRow = 1;
   std::vector<std::string> times;                        ///< time fields, bytes as in the file
   std::array<std::vector<double>, kColumnCount> values;  ///< by column; NaN is a gap
   int columnsRead = 0;                                   ///< columns that have values

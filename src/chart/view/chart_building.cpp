@@ -7,8 +7,6 @@ namespace {
 constexpr PenNumber kNoPen = 0;
 constexpr PenNumber kSolidPen = 1;
 constexpr PenNumber kWallPen = 6;
-/// A pale yellow.
-constexpr Color kBackdropColor{255, 255, 230};
 
 void SetCounts(ChartModel& model, int columns, int rows) {
   model.series.resize(static_cast<std::size_t>(columns));
@@ -20,6 +18,7 @@ void SetCounts(ChartModel& model, int columns, int rows) {
 
 void SetData(ChartModel& model, const Slice& slice, const ChartExtent& extent, const ChartLook& look) {
   model.firstRowLabel = std::int64_t{1} + slice.startLine - extent.firstLine;
+  model.labelsPerRow = slice.pointsPerRow;
   for (std::size_t column = 0; column < model.series.size(); ++column) {
     std::vector<double>& values = model.series[column].values;
     values = slice.values[column];
@@ -39,10 +38,10 @@ ChartModel BuildChart(const Slice& slice, const ChartExtent& extent, const Chart
   model.legendVisible = false;
   ShowGrid(model, false);
   model.wallPen = kWallPen;
-  model.backdrop = kBackdropColor;
+  model.backdrop = kChartBackdrop;
   model.backdropFilled = true;
   model.frame = FrameStyle::kDouble;
-  model.categoryScale = {false, extent.pointsPerDivision, extent.pointsPerDivision, true};
+  model.categoryScale = {false, extent.rowsPerDivision, extent.rowsPerDivision, true};
   SetData(model, slice, extent, look);
   ShowGrid(model, look.grid);
   ShowMarkers(model, look.markers);

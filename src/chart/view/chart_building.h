@@ -10,6 +10,9 @@
 
 namespace chartproject {
 
+/// The ground of every chart: a pale yellow.
+inline constexpr Color kChartBackdrop{255, 255, 230};
+
 /// How a chart looks: what the window's controls, the options of a command and the printed page all fill.
 struct ChartLook {
   ChartKind kind = ChartKind::k2dLine;
@@ -29,7 +32,7 @@ struct ChartLook {
 /// What a chart shows of its slice.
 struct ChartExtent {
   int series = 0;  ///< 1 to 4, or 0 for an empty chart
-  std::int16_t pointsPerDivision = 1;
+  std::int16_t rowsPerDivision = 1;
   std::int32_t firstLine = 0;  ///< line of the file's first point
 };
 

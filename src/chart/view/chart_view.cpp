@@ -32,6 +32,7 @@ void ChartView::Open(const std::string& fileName) {
   countGivenUp_ = false;
   fault_ = {};
   pointsPerDivision_ = shownPointsPerDivision_ = 1;
+  wide_ = shownWide_ = {};
   ScrollTo(source_.FirstLine());
   LoadReadings();
   clock_ = PointClock(header_, RealTimes(), ports_.locale);
@@ -87,19 +88,34 @@ void ChartView::ScrollTo(std::int64_t startLine) {
 
 void ChartView::ScrollToBarValue(int value, int maximum) {
   ScrollTo(SliceStart(FirstLine(), points_, pointsPerDivision_, value, maximum));
+  if (wide_.points > 0) ReturnIntoFile();  // the bar's range is that of the longest slice that is not wide
 }
 
 std::int16_t ChartView::BarValue(int maximum) const {
   return ScrollValue(start_ - FirstLine(), points_, pointsPerDivision_, maximum);
 }
 
+void ChartView::SetDivision(std::int64_t points) {
+  if (points > kMostPointsPerDivision) {
+    wide_ = ChooseWideDivision(points);
+    pointsPerDivision_ = kMostPointsPerDivision;
+  } else {
+    SetPointsPerDivision(static_cast<std::int16_t>(std::max<std::int64_t>(points, 1)));
+  }
+}
+
 void ChartView::SetPointsPerDivision(std::int16_t points) {
+  wide_ = {};
   pointsPerDivision_ = points;
   if (!ReturnIntoFile()) ScrollTo(start_);
 }
 
 SliceEnd ChartView::Load(const ScanProgress& progress) {
   fault_ = {};
+  if (wide_.points > 0 && source_.HasPoints()) {
+    LoadWide();
+    return SliceEnd::kRead;
+  }
   SliceReading reading;
   reading.slice.startLine = start_;
   reading.slice.endLine = end_;
@@ -115,6 +131,7 @@ SliceEnd ChartView::Load(const ScanProgress& progress) {
       break;
     case SliceEnd::kGivenUp:
       pointsPerDivision_ = shownPointsPerDivision_;
+      wide_ = shownWide_;
       start_ = slice_.startLine;
       end_ = slice_.endLine;
       break;
@@ -122,8 +139,23 @@ SliceEnd ChartView::Load(const ScanProgress& progress) {
   return reading.end;
 }
 
+void ChartView::LoadWide() {
+  const std::int64_t first = std::int64_t{start_} - FirstLine();
+  const std::int64_t end = std::min<std::int64_t>(first + Span(), points_);
+  Slice slice = source_.ReadWide({first, std::max(first, end), wide_.pointsPerRow}, seriesCount_, points_);
+  slice.startLine = start_;
+  slice.endLine = end_;
+  Take(std::move(slice));
+}
+
+Slice ChartView::PointAlone(std::int64_t point) {
+  const std::int32_t line = CheckedInteger32(FirstLine() + point - 1);
+  return source_.Read(line, line + 1, seriesCount_).slice;
+}
+
 void ChartView::Take(Slice slice) {
   slice_ = std::move(slice);
+  shownWide_ = wide_;
   shownPointsPerDivision_ = pointsPerDivision_;
   if (source_.NamedSeries() != 0 || seriesCount_ >= slice_.columnsInUse) return;
   seriesCount_ = slice_.columnsInUse;
@@ -148,14 +180,16 @@ bool ChartView::MeasureFile(const ScanProgress& progress) {
 }
 
 bool ChartView::ReturnIntoFile() {
-  const std::int64_t last = std::int64_t{FirstLine()} + std::max(points_ - Length(), 0);
+  const std::int64_t last = std::int64_t{FirstLine()} + std::max<std::int64_t>(points_ - Span(), 0);
   if (start_ <= last) return false;
   ScrollTo(last);
   return true;
 }
 
 ChartModel ChartView::Model(const ChartLook& look) const {
-  ChartModel model = BuildChart(slice_, {seriesCount_, shownPointsPerDivision_, FirstLine()}, look);
+  const std::int64_t rows =
+      shownWide_.points > 0 ? shownWide_.points / shownWide_.pointsPerRow : shownPointsPerDivision_;
+  ChartModel model = BuildChart(slice_, {seriesCount_, static_cast<std::int16_t>(rows), FirstLine()}, look);
   for (std::size_t s = 0; look.failures && s < model.series.size(); ++s) model.series[s].failed = FailedRows(s);
   CountTimes(AxisFor(look.axis), model);
   TitleSeries(look, model);
@@ -186,8 +220,9 @@ void ChartView::CountTimes(CategoryUnit unit, ChartModel& model) const {
   if (unit == CategoryUnit::kPoints) return;
   const double first = static_cast<double>(model.firstRowLabel);
   const double origin = unit == CategoryUnit::kTimeOfDay ? clock_.FirstOfDay().value_or(0) : 0;
-  for (const ClockKnot& knot : clock_.Knots(first, first + std::max(1, model.rowCount - 1))) {
-    model.rowTimes.push_back({knot.point - first, knot.milliseconds + origin});
+  const auto perRow = static_cast<double>(model.labelsPerRow);
+  for (const ClockKnot& knot : clock_.Knots(first, first + std::max(1, model.rowCount - 1) * perRow)) {
+    model.rowTimes.push_back({(knot.point - first) / perRow, knot.milliseconds + origin});
   }
   model.dateText = [clock = clock_](std::int64_t day) { return clock.DateText(day); };
 }
@@ -196,11 +231,13 @@ std::vector<RowRange> ChartView::FailedRows(std::size_t series) const {
   std::vector<RowRange> rows;
   if (!companion_ || slice_.RowCount() == 0) return rows;
   const std::int64_t first = std::int64_t{1} + slice_.startLine - FirstLine();
-  const std::int64_t last = first + slice_.RowCount() - 1;
+  const std::int64_t perRow = slice_.pointsPerRow;
+  const std::int64_t last = first + slice_.RowCount() * perRow - 1;
   for (const FailedRange& range : companion_->failed.at(series).Ranges()) {
     const std::int64_t from = std::max<std::int64_t>(range.first, first);
     const std::int64_t to = std::min<std::int64_t>(range.last, last);
-    if (from <= to) rows.push_back({static_cast<int>(from - first), static_cast<int>(to - first)});
+    if (from <= to)
+      rows.push_back({static_cast<int>((from - first) / perRow), static_cast<int>((to - first) / perRow)});
   }
   return rows;
 }

@@ -58,12 +58,23 @@ class ChartView {
   /// P: series shown, 0 to 4.
   [[nodiscard]] int SeriesCount() const noexcept { return seriesCount_; }
 
+  /// The extremes of the whole file, as far as they are known.
+  [[nodiscard]] const FileSurvey& Survey() const noexcept { return source_.Survey(); }
+  /// See ChartSource::SurveyOn.
+  bool SurveyOn(Instant time) { return source_.SurveyOn(time); }
+
   // The slice that was chosen. ---------------------------------------------------------------------------------------
   [[nodiscard]] std::int32_t StartLine() const noexcept { return start_; }
   [[nodiscard]] std::int32_t EndLine() const noexcept { return end_; }
   [[nodiscard]] std::int16_t PointsPerDivision() const noexcept { return pointsPerDivision_; }
   /// Nominal length in points: 25 divisions.
   [[nodiscard]] std::int32_t Length() const { return SliceLength(pointsPerDivision_); }
+  /// Points of a division: PointsPerDivision(), or more in a wide slice, which is drawn from the survey.
+  [[nodiscard]] std::int64_t Division() const noexcept { return wide_.points > 0 ? wide_.points : pointsPerDivision_; }
+  /// Points of 25 divisions.
+  [[nodiscard]] std::int64_t Span() const noexcept { return Division() * kDivisions; }
+  /// Chooses a slice of any number of points a division; from kMostPointsPerDivision on the next round one.
+  void SetDivision(std::int64_t points);
   /// Throws RunTimeError 6 for a line beyond 32 bits.
   void ScrollTo(std::int64_t startLine);
   /// Makes the chosen slice shorter: it ends before a line, where it has as many.
@@ -86,6 +97,9 @@ class ChartView {
   bool MeasureFile(const ScanProgress& progress);
   /// Chooses the last slice when the chosen one is beyond the end. False when it is not.
   bool ReturnIntoFile();
+
+  /// The slice of one point alone. @param point its number in the file, from 1. Throws RunTimeError.
+  [[nodiscard]] Slice PointAlone(std::int64_t point);
 
   // What is to be seen. ----------------------------------------------------------------------------------------------
   /// The chart of the slice that is shown.
@@ -126,6 +140,7 @@ class ChartView {
   /// Lines from the first point to the last one.
   [[nodiscard]] std::int32_t LinesOf(const PointCount& count) const;
   void Take(Slice slice);
+  void LoadWide();
   void LoadReadings();
   void TitleSeries(const ChartLook& look, ChartModel& model) const;
   void CountTimes(CategoryUnit unit, ChartModel& model) const;
@@ -146,6 +161,8 @@ class ChartView {
   std::int32_t end_ = 0;
   std::int16_t pointsPerDivision_ = 1;
   std::int16_t shownPointsPerDivision_ = 1;
+  WideDivision wide_;  ///< no points: the slice is not wide
+  WideDivision shownWide_;
   std::optional<std::int64_t> held_;  ///< points that were counted in the file
   bool countGivenUp_ = false;
 };

@@ -52,12 +52,18 @@ void ChartForm::ConnectSections() {
   };
   mscChart1.wheel = [this](const WheelInput& input) {
     RunHandler("mscChart1_Wheel", [&] {
-      if (!axes_.ZoomByWheel(input)) scroll.ScrollByWheel(input.notches);
+      if (!axes_.ZoomByWheel(input) && !zoom_.ZoomByWheel(input)) scroll.ScrollByWheel(input.notches);
     });
     return true;
   };
   mscChart1.menu = [this] { return actions_.Menu(component_); };
   mscChart1.menuChosen = [this](int id) { RunHandler("mscChart1_Menu", [&] { actions_.Choose(id); }); };
+  overview.advanced = [this] {
+    view_.Load();
+    ShowChart();
+  };
+  zoom_.Offer(actions_);
+  overview.Offer(actions_);
   scroll.Offer(actions_);
   switches.Offer(actions_);
   readout_.Offer(actions_);
@@ -84,9 +90,8 @@ void ChartForm::OfferSearches() {
 }
 
 void ChartForm::ShowPoint(std::int64_t point) {
-  const ChartModel& model = mscChart1.Model();
-  if (point >= model.firstRowLabel && point - model.firstRowLabel < model.rowCount) return;
-  scroll.ScrollTo(std::int64_t{view_.FirstLine()} + point - 1 - view_.Length() / 2);
+  if (mscChart1.Model().RowOf(point)) return;
+  scroll.ScrollTo(std::int64_t{view_.FirstLine()} + point - 1 - view_.Span() / 2);
 }
 
 void ChartForm::OnLoad() {
@@ -102,6 +107,7 @@ void ChartForm::OnLoad() {
   }
   series.Prepare();
   axes_.Prepare();
+  overview.Prepare();
   LoadPictures();
   RestorePlace();
 }
@@ -127,6 +133,7 @@ bool ChartForm::OnQueryClose() {
 void ChartForm::OnUnload() {
   switches.Save();
   axes_.Save();
+  overview.Save();
   SaveConfSettings(component_);
   SavePlace();
   PlayClosingSound(component_);
@@ -169,6 +176,8 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   axes_.Restart();
   measure_.Restart();
   search_.Restart();
+  overview.Restart();
+  zoom_.Restart();
   scroll.Restart();
   if (!LoadSlice()) {
     // The first slice cannot be shown, but the header can, over an empty chart without a grid.
@@ -226,6 +235,7 @@ void ChartForm::ShowChart() {
   switches.Fill(look_);
   axes_.Fill(look_);
   mscChart1.SetModel(view_.Model(look_));
+  overview.Follow(look_);
 }
 
 bool ChartForm::MeasureFile() {

@@ -9,6 +9,7 @@
 #include "chart/window/sections/axes_section.h"
 #include "chart/window/sections/measure_section.h"
 #include "chart/window/sections/output_section.h"
+#include "chart/window/sections/overview_section.h"
 #include "chart/window/sections/reading_section.h"
 #include "chart/window/sections/readout_section.h"
 #include "chart/window/sections/scale_section.h"
@@ -16,6 +17,7 @@
 #include "chart/window/sections/search_section.h"
 #include "chart/window/sections/series_section.h"
 #include "chart/window/sections/switches_section.h"
+#include "chart/window/sections/zoom_section.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 #include "recording/file/component.h"
@@ -38,6 +40,7 @@ class ChartForm : public Form {
   SeriesSection series{*this};
   ChartControl mscChart1{*this, "mscChart1"};
   ScrollSection scroll{*this, component_, view_, reading};
+  OverviewSection overview{*this, component_, view_, scroll, reading};
   ScaleSection scales{*this, component_};
   SwitchesSection switches{*this, component_};
   OutputSection output{*this, component_, view_, mscChart1, reading};
@@ -84,6 +87,7 @@ class ChartForm : public Form {
   bool MeasureFile();
 
   ChartActions actions_;
+  ZoomSection zoom_{*this, mscChart1, view_, scroll};
   ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
   AxesSection axes_{component_, view_, mscChart1, series};
   MeasureSection measure_{component_, view_, mscChart1, reading, readout_};

@@ -50,8 +50,8 @@ void ChartForm::PlaceControls() {
   LayoutBox bottom =
       Row({Cell(switches.lblChartType), Cell(switches.cboChartType), Cell(switches.chkGrid), Cell(switches.chkLine),
            Cell(switches.chkMarker), Space(), Cell(output.cmdExport), Cell(output.cmdPrint), Cell(output.cmdOK)});
-  SetLayout(Column({std::move(top), Cell(mscChart1, 1, 1), Collapsing(Cell(scroll.hsbGraph, 1)),
-                    Collapsing(std::move(division)), std::move(bottom)}));
+  SetLayout(Column({std::move(top), Cell(mscChart1, 1, 1), Collapsing(Cell(overview.ovwRecording, 1)),
+                    Collapsing(Cell(scroll.hsbGraph, 1)), Collapsing(std::move(division)), std::move(bottom)}));
 }
 
 void ChartForm::RestorePlace() {

@@ -42,7 +42,8 @@ std::optional<KeyPress> PressOf(const QKeyEvent& event) {
   KeyPress press{.shift = event.modifiers().testFlag(Qt::ShiftModifier),
                  .control = event.modifiers().testFlag(Qt::ControlModifier)};
   const int key = event.key();
-  if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) {
+  if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9) || key == Qt::Key_Plus ||
+      key == Qt::Key_Minus) {
     press.key = Key::kCharacter;
     press.character = static_cast<char>(key);  // Qt's numbers are those of the characters
     return press;

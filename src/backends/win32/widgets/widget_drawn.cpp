@@ -39,6 +39,11 @@ std::optional<KeyPress> PressOf(WPARAM native) {
   for (const KeyPair& pair : kKeys) {
     if (pair.native == native) press.key = pair.key;
   }
+  const bool plus = native == VK_ADD || native == VK_OEM_PLUS;
+  if (plus || native == VK_SUBTRACT || native == VK_OEM_MINUS) {
+    press.key = Key::kCharacter;
+    press.character = plus ? '+' : '-';
+  }
   return press.key == Key::kNone ? std::nullopt : std::optional(press);
 }
 

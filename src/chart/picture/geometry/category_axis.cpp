@@ -35,7 +35,7 @@ CategoryAxis LayOutCategoryAxis(const ChartModel& model, const CategoryRoom& roo
   CategoryAxis axis;
   const int rows = model.rowCount;
   if (rows <= 0) return axis;
-  const auto text = [&](std::int64_t row) { return std::to_string(model.firstRowLabel + row); };
+  const auto text = [&](std::int64_t row) { return std::to_string(model.LabelOf(static_cast<int>(row))); };
   const double widest = std::max(room.textWidth(text(0)), room.textWidth(text(rows - 1)));
 
   const CategoryScale& scale = model.categoryScale;

@@ -16,6 +16,7 @@ ChartModel PartOf(const ChartModel& model, const std::vector<int>& columns) {
   part.kind = model.kind;
   part.backdrop = model.backdrop;
   part.firstRowLabel = model.firstRowLabel;
+  part.labelsPerRow = model.labelsPerRow;
   part.rowCount = model.rowCount;
   for (const int column : columns) {
     part.series.push_back(model.series[static_cast<std::size_t>(column)]);

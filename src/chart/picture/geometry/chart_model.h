@@ -93,14 +93,24 @@ struct ChartModel {
   bool backdropFilled = true;
   FrameStyle frame = FrameStyle::kNone;
   CategoryScale categoryScale;
-  std::int64_t firstRowLabel = 1;  ///< row r is labelled firstRowLabel + r
   CategoryUnit categoryUnit = CategoryUnit::kPoints;
   std::vector<RowTime> rowTimes;                          ///< two at least where the axis counts times; ascending
   std::function<std::string(std::int64_t day)> dateText;  ///< date of a day, counted from that of the first point
+  std::int64_t firstRowLabel = 1;                         ///< row r is labelled firstRowLabel + r x labelsPerRow
+  std::int64_t labelsPerRow = 1;
   int rowCount = 0;
   bool lanes = false;                      ///< each visible series has a value axis and a part of the height for itself
   std::optional<ValueRange> valueRange{};  ///< that the common axis shows; nothing where the data chooses it
   std::vector<ChartSeries> series;
+
+  /// The last label of the rows; before the first where there are none.
+  [[nodiscard]] std::int64_t LastLabel() const noexcept { return firstRowLabel + rowCount * labelsPerRow - 1; }
+  [[nodiscard]] std::int64_t LabelOf(int row) const noexcept { return firstRowLabel + row * labelsPerRow; }
+  /// The row that a label belongs to; nothing when it is not among the rows.
+  [[nodiscard]] std::optional<int> RowOf(std::int64_t label) const noexcept {
+    if (label < firstRowLabel || label > LastLabel()) return std::nullopt;
+    return static_cast<int>((label - firstRowLabel) / labelsPerRow);
+  }
 };
 
 /// Columns of the series that are to be seen.

@@ -28,6 +28,12 @@ constexpr KeyPress ControlTyped(char character, bool shift = false) {
 
 using enum ChartAction;
 constexpr auto kRows = std::to_array<ChartActionRow>({
+    {kFit, ActionGroup::kZoom, Text::kActionFit, Typed('F')},
+    {kOneToOne, ActionGroup::kZoom, Text::kActionOneToOne, ControlTyped('0')},
+    {kZoomIn, ActionGroup::kZoom, Text::kActionZoomIn, Typed('+')},
+    {kZoomOut, ActionGroup::kZoom, Text::kActionZoomOut, Typed('-')},
+    {kBack, ActionGroup::kZoom, Text::kActionBack, Plain(Key::kBackspace)},
+    {kOverview, ActionGroup::kZoom, Text::kActionOverview},
     {kDivisionBack, ActionGroup::kGo, Text::kActionDivisionBack, Plain(Key::kLeft)},
     {kDivisionOn, ActionGroup::kGo, Text::kActionDivisionOn, Plain(Key::kRight)},
     {kPageBack, ActionGroup::kGo, Text::kActionPageBack, Plain(Key::kPageUp)},

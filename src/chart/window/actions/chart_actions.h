@@ -16,6 +16,12 @@ namespace chartproject {
 
 /// In the order of the menu.
 enum class ChartAction : std::uint8_t {
+  kFit,
+  kOneToOne,
+  kZoomIn,
+  kZoomOut,
+  kBack,
+  kOverview,
   kDivisionBack,
   kDivisionOn,
   kPageBack,
@@ -56,7 +62,7 @@ enum class ChartAction : std::uint8_t {
 inline constexpr std::size_t kChartActionCount = static_cast<std::size_t>(ChartAction::kPrint) + 1;
 
 /// Actions between two separators of the menu. A group with a title is a menu of its own.
-enum class ActionGroup : std::uint8_t { kGo, kLook, kMeasure, kOutput };
+enum class ActionGroup : std::uint8_t { kZoom, kGo, kLook, kMeasure, kOutput };
 
 struct ChartActionRow {
   ChartAction action;

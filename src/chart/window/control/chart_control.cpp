@@ -1,6 +1,9 @@
 // Painting and input of the chart control.
 #include "chart/window/control/chart_control.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace chartproject {
 
 ChartControl::ChartControl(Form& form, std::string_view name) : DrawnControl(form, "MSChart", name) {}
@@ -35,6 +38,12 @@ void ChartControl::Paint(Canvas& canvas) {
   const Size size = canvas.Extent();
   if (!chart_ || !(chart_->size == size)) chart_ = BuildChartScene(model_, size, canvas, format_);
   lanes_ = chart_->lanes;
+  front_ = chart_->plot.front;
+  for (const SceneLane& lane : lanes_) {
+    const double bottom = std::max(front_.Bottom(), lane.plot.front.Bottom());
+    front_.y = std::min(front_.y, lane.plot.front.y);
+    front_.height = bottom - front_.y;
+  }
   chart_->scene.Paint(canvas);
 }
 
@@ -43,9 +52,10 @@ void ChartControl::PaintOverlay(Canvas& canvas) {
   ChartOverlay overlay{
       pointerRow_, {CursorRow(MeasuringCursor::kFirst), CursorRow(MeasuringCursor::kSecond)}, readout_, cursorReadout_};
   if (mark_) {
-    overlay.markRow = RowOf(mark_->label);
+    overlay.markRow = model_.RowOf(mark_->label);
     overlay.markText = mark_->text;
   }
+  overlay.box = Box();
   BuildOverlay(overlay, model_, *chart_, canvas).Paint(canvas);
 }
 
@@ -78,12 +88,7 @@ std::optional<std::int64_t> ChartControl::CursorLabel(MeasuringCursor which) con
 
 std::optional<int> ChartControl::CursorRow(MeasuringCursor which) const noexcept {
   const auto label = CursorLabel(which);
-  return label ? RowOf(*label) : std::nullopt;
-}
-
-std::optional<int> ChartControl::RowOf(std::int64_t label) const noexcept {
-  if (label < model_.firstRowLabel || label - model_.firstRowLabel >= model_.rowCount) return std::nullopt;
-  return static_cast<int>(label - model_.firstRowLabel);
+  return label ? model_.RowOf(*label) : std::nullopt;
 }
 
 void ChartControl::SetMark(std::optional<ChartMark> mark) {
@@ -111,8 +116,42 @@ std::optional<int> ChartControl::RowAt(PointF at) const {
   return chart_ ? chart_->RowAt(at) : std::nullopt;
 }
 
+std::optional<double> ChartControl::ShareAt(PointF at) const {
+  if (!front_.Contains(at)) return std::nullopt;
+  return (at.x - front_.x) / front_.width;
+}
+
+std::optional<Rect> ChartControl::Box() const {
+  if (!drag_ || !drag_->box) return std::nullopt;
+  const double left = std::clamp(std::min(drag_->from.x, drag_->to.x), front_.x, front_.Right());
+  const double right = std::clamp(std::max(drag_->from.x, drag_->to.x), front_.x, front_.Right());
+  return Rect{left, front_.y, right - left, front_.height};
+}
+
+void ChartControl::Drag(const MouseInput& input) {
+  constexpr double kLeastDrag = 5;  // pixels: a click may tremble
+  drag_->to = input.at;
+  if (drag_->pan) {
+    if (panned) panned((input.at.x - drag_->from.x) / drag_->rowWidth);
+    return;
+  }
+  if (!drag_->box && std::abs(input.at.x - drag_->from.x) >= kLeastDrag) {
+    drag_->box = true;
+    SetCursor(MeasuringCursor::kFirst, drag_->cursors[0]);
+    SetCursor(MeasuringCursor::kSecond, drag_->cursors[1]);
+  }
+  InvalidateOverlay();
+}
+
+void ChartControl::EndDrag() {
+  drag_.reset();
+  InvalidateOverlay();
+}
+
 void ChartControl::MouseMoved(const MouseInput& input) {
-  MovePointer(RowAt(input.at));
+  if (drag_ && input.button == MouseButton::kNone) EndDrag();  // released where the chart does not hear of it
+  if (drag_) Drag(input);
+  MovePointer(drag_ && (drag_->box || drag_->pan) ? std::nullopt : RowAt(input.at));
 }
 
 void ChartControl::MouseLeft() {
@@ -120,9 +159,24 @@ void ChartControl::MouseLeft() {
 }
 
 void ChartControl::MousePressed(const MouseInput& input) {
-  if (input.button == MouseButton::kMiddle) return;
   const auto row = RowAt(input.at);
-  if (row) SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, model_.firstRowLabel + *row);
+  if (!row) return;
+  const bool pan = input.button == MouseButton::kMiddle || spaceDown_;
+  drag_ =
+      Dragging{.from = input.at, .to = input.at, .rowWidth = chart_->plot.RowWidth(), .pan = pan, .cursors = cursors_};
+  if (pan) {
+    if (panBegan) panBegan();
+    return;
+  }
+  SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, model_.LabelOf(*row));
+}
+
+void ChartControl::MouseReleased(const MouseInput& /*input*/) {
+  const auto box = Box();
+  if (!drag_) return;
+  EndDrag();
+  const auto rowsAt = [this](double x) { return (x - front_.x) / front_.width * model_.rowCount; };
+  if (box && boxDrawn) boxDrawn(rowsAt(box->x), rowsAt(box->Right()));
 }
 
 bool ChartControl::WheelTurned(const WheelInput& input) {
@@ -130,6 +184,12 @@ bool ChartControl::WheelTurned(const WheelInput& input) {
 }
 
 bool ChartControl::KeyPressed(const KeyPress& press) {
+  spaceDown_ = press.key == Key::kSpace;
+  if (spaceDown_) return true;
+  if (press.key == Key::kEscape && drag_ && drag_->box) {
+    EndDrag();
+    return true;
+  }
   if (press.key == Key::kEscape && mark_) {
     SetMark(std::nullopt);
     return true;
@@ -140,6 +200,10 @@ bool ChartControl::KeyPressed(const KeyPress& press) {
     return true;
   }
   return key && key(press);
+}
+
+void ChartControl::KeyReleased(const KeyPress& press) {
+  if (press.key == Key::kSpace) spaceDown_ = false;
 }
 
 std::vector<MenuItem> ChartControl::ContextMenu() {

@@ -82,13 +82,25 @@ class ChartControl : public DrawnControl {
   std::function<std::vector<MenuItem>()> menu;
   std::function<void(int id)> menuChosen;
 
+  /// How far from the plot's left edge a point is, as a share of its width; nothing outside it and before it was
+  /// painted.
+  [[nodiscard]] std::optional<double> ShareAt(PointF at) const;
+  /// A box that the user dragged, in rows from the first one.
+  std::function<void(double firstRow, double endRow)> boxDrawn;
+  /// The user takes hold of the chart (middle button, or the left one with the space key), and pulls it so many rows to
+  /// the right of there.
+  std::function<void()> panBegan;
+  std::function<void(double rows)> panned;
+
   // Input from the back end. -----------------------------------------------------------------------------------------
   [[nodiscard]] bool TabStop() const noexcept override { return true; }
   void MouseMoved(const MouseInput& input) override;
   void MouseLeft() override;
   void MousePressed(const MouseInput& input) override;
+  void MouseReleased(const MouseInput& input) override;
   bool WheelTurned(const WheelInput& input) override;
   bool KeyPressed(const KeyPress& press) override;
+  void KeyReleased(const KeyPress& press) override;
   [[nodiscard]] std::vector<MenuItem> ContextMenu() override;
   void MenuChosen(int id) override;
 
@@ -96,8 +108,10 @@ class ChartControl : public DrawnControl {
   void ModelChanged();
   void MovePointer(std::optional<int> row);
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;
-  /// The row that has a label; nothing when it is not among the rows.
-  [[nodiscard]] std::optional<int> RowOf(std::int64_t label) const noexcept;
+  /// The box from the press to here; nothing while it is not one yet.
+  [[nodiscard]] std::optional<Rect> Box() const;
+  void Drag(const MouseInput& input);
+  void EndDrag();
 
   ChartModel model_;
   NumberFormat format_;
@@ -108,6 +122,18 @@ class ChartControl : public DrawnControl {
   std::array<std::optional<std::int64_t>, 2> cursors_;
   std::optional<ChartMark> mark_;
   std::vector<SceneLane> lanes_;
+  /// A button is down.
+  struct Dragging {
+    PointF from;
+    PointF to;
+    double rowWidth = 1;
+    bool pan = false;
+    bool box = false;                                      ///< far enough for a box: the press placed no cursor
+    std::array<std::optional<std::int64_t>, 2> cursors{};  ///< before the press
+  };
+  std::optional<Dragging> drag_;
+  Rect front_;  ///< of the plot as it was painted last, perhaps with another model
+  bool spaceDown_ = false;
 };
 
 }  // namespace chartproject

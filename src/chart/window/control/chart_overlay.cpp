@@ -162,6 +162,14 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
     if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
   }
   if (overlay.markRow) DrawMark(*overlay.markRow, overlay.markText, model, chart, canvas, scene);
+  if (overlay.box) {
+    constexpr Color kZoomFill = {20, 92, 160, 40};
+    const Rect& box = *overlay.box;
+    scene.FillRect(box, kZoomFill);
+    for (const double x : {box.x, box.Right()}) {
+      scene.Line({std::floor(x) + 0.5, box.y}, {std::floor(x) + 0.5, box.Bottom()}, {.color = kCursorColors[0]});
+    }
+  }
   if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, chart, scene);
 
   const bool pointerLeft = overlay.pointerRow && plot.X(*overlay.pointerRow) < front.x + front.width / 2;

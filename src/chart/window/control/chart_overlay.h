@@ -23,7 +23,8 @@ struct ChartOverlay {
   std::vector<ReadoutLine> readout;        ///< beside the pointer's line
   std::vector<ReadoutLine> cursorReadout;  ///< in a corner, away from the pointer
   std::optional<int> markRow{};
-  std::string markText{};  ///< in a box at the mark's line
+  std::string markText{};     ///< in a box at the mark's line
+  std::optional<Rect> box{};  ///< that the user drags
 };
 
 /// The overlay's shapes, for a chart that is already painted. Boxes stay inside the chart; one that is larger than the

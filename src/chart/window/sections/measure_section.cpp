@@ -56,10 +56,10 @@ void MeasureSection::MoveCursor(MeasuringCursor which, int step) {
   if (reading_.Busy()) return;
   const ChartModel& model = chart_.Model();
   const auto label = chart_.CursorLabel(which);
-  const std::int64_t start = model.firstRowLabel + chart_.PointerRow().value_or(model.rowCount / 2);
+  const std::int64_t start = model.LabelOf(chart_.PointerRow().value_or(model.rowCount / 2));
   const std::int64_t point =
       std::clamp<std::int64_t>(label ? *label + step : start, 1, std::max<std::int64_t>(1, view_.Points()));
-  if (point < model.firstRowLabel || point - model.firstRowLabel >= model.rowCount) show(point);
+  if (!model.RowOf(point)) show(point);
   chart_.SetCursor(which, point);
 }
 

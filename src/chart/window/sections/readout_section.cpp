@@ -1,9 +1,15 @@
 // Pointer and cursors over the chart.
 #include "chart/window/sections/readout_section.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "common/environment/language.h"
+#include "common/values/numbers.h"
+
 namespace chartproject {
 
-ReadoutSection::ReadoutSection(ChartControl& chart, Environment& environment, const ChartView& view,
+ReadoutSection::ReadoutSection(ChartControl& chart, Environment& environment, ChartView& view,
                                const ChartHeader& header)
     : chart_(chart), env_(environment), view_(view), header_(header) {
   Connect(chart.pointerRowChanged, chart, "PointerRowChanged", this, &ReadoutSection::PointerRowChanged);
@@ -19,8 +25,8 @@ std::vector<std::string> ReadoutSection::Names() const {
   return names;
 }
 
-PointReading ReadoutSection::Point(int row) const {
-  PointReading point = ReadPoint(view_.Shown(), row, view_.FirstLine(), view_.SeriesCount());
+PointReading ReadoutSection::Point(const Slice& slice, int row) const {
+  PointReading point = ReadPoint(slice, row, view_.FirstLine(), view_.SeriesCount());
   for (int s = 0; s < view_.SeriesCount(); ++s) {
     const auto failure = view_.Failure(s, point.number);
     point.failures.push_back(failure ? FailureText(env_.language, *failure) : std::string());
@@ -31,7 +37,29 @@ PointReading ReadoutSection::Point(int row) const {
 void ReadoutSection::PointerRowChanged() {
   const auto row = chart_.PointerRow();
   if (!row || *row >= view_.Shown().RowCount()) return;
-  chart_.SetReadout(PointReadout(env_, Point(*row), Names()));
+  const Slice& slice = view_.Shown();
+  chart_.SetReadout(slice.pointsPerRow > 1 ? RangeReadout(*row) : PointReadout(env_, Point(slice, *row), Names()));
+}
+
+std::vector<ReadoutLine> ReadoutSection::RangeReadout(int row) const {
+  const Slice& slice = view_.Shown();
+  const int pair = row - row % 2;
+  const std::int64_t first = std::int64_t{1} + slice.startLine - view_.FirstLine() + pair * slice.pointsPerRow;
+  const std::int64_t last = std::min<std::int64_t>(first + 2 * slice.pointsPerRow - 1, view_.Points());
+  std::vector<ReadoutLine> lines{
+      {FillIn(LoadMessage(env_, Text::kReadoutPoints), {std::to_string(first), std::to_string(last)})}};
+  const NumberFormat& format = env_.ports.locale.Numbers();
+  const std::vector<std::string> names = Names();
+  for (std::size_t s = 0; s < names.size(); ++s) {
+    const std::vector<double>& values = slice.values[s];
+    const double least = values[static_cast<std::size_t>(pair)];
+    const double greatest = values[std::min(static_cast<std::size_t>(pair) + 1, values.size() - 1)];
+    const std::string text = std::isnan(least) ? "--"
+                                               : FillIn(LoadMessage(env_, Text::kValueSpan),
+                                                        {DoubleText(least, format), DoubleText(greatest, format)});
+    lines.push_back({names[s] + ": " + text, static_cast<int>(s)});
+  }
+  return lines;
 }
 
 void ReadoutSection::CursorsChanged() {
@@ -42,7 +70,12 @@ void ReadoutSection::CursorsChanged() {
     if (label && cursor && cursor->number == *label) continue;
     cursor.reset();
     const auto row = chart_.CursorRow(which);
-    if (row && *row < view_.Shown().RowCount()) cursor = Point(*row);
+    if (!row || *row >= view_.Shown().RowCount()) continue;
+    if (view_.Shown().pointsPerRow == 1) {
+      cursor = Point(view_.Shown(), *row);
+    } else if (const Slice alone = view_.PointAlone(*label); alone.RowCount() > 0) {
+      cursor = Point(alone, 0);
+    }
   }
   std::vector<ReadoutLine> lines = CursorLines();
   const std::vector<ReadoutLine> other = instead ? instead() : std::vector<ReadoutLine>();

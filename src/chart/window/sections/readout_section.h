@@ -15,7 +15,7 @@ namespace chartproject {
 class ReadoutSection {
  public:
   /// @param chart,view,header outlive the section
-  ReadoutSection(ChartControl& chart, Environment& environment, const ChartView& view, const ChartHeader& header);
+  ReadoutSection(ChartControl& chart, Environment& environment, ChartView& view, const ChartHeader& header);
   ReadoutSection(const ReadoutSection&) = delete;
   ReadoutSection& operator=(const ReadoutSection&) = delete;
 
@@ -34,11 +34,13 @@ class ReadoutSection {
   void Offer(ChartActions& actions);
 
  private:
-  [[nodiscard]] PointReading Point(int row) const;
+  [[nodiscard]] PointReading Point(const Slice& slice, int row) const;
+  /// The points of a row of a wide slice and what they reach.
+  [[nodiscard]] std::vector<ReadoutLine> RangeReadout(int row) const;
 
   ChartControl& chart_;
   Environment& env_;
-  const ChartView& view_;
+  ChartView& view_;
   const ChartHeader& header_;
   std::array<std::optional<PointReading>, 2> cursors_;
 };

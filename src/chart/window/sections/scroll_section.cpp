@@ -48,7 +48,7 @@ void ScrollSection::Prepare() {
   const ScrollRange range = view_.Range();
   hsbGraph.SetMinimum(0);
   if (range.usable) {
-    hsbGraph.SetMaximum(range.maximum);
+    hsbGraph.SetMaximum(std::max<int>(range.maximum, 0));  // the whole file may be less than a slice
     SetStep(hsbGraph, &HScrollBar::SetSmallChange, range.smallChange);
     SetStep(hsbGraph, &HScrollBar::SetLargeChange, range.largeChange);
   }
@@ -72,7 +72,7 @@ void ScrollSection::ShowPointsPerDivision() {
   const FlagScope quiet(quiet_);
   sldPointsPerDivision.SetValue(view_.PointsPerDivision());
   lblPointsPerDivision.SetCaption(
-      FillIn(LoadMessage(env_, Text::kPointsPerDivision), {std::to_string(view_.PointsPerDivision())}));
+      FillIn(LoadMessage(env_, Text::kPointsPerDivision), {std::to_string(view_.Division())}));
 }
 
 void ScrollSection::hsbGraph_Change() {
@@ -108,10 +108,19 @@ void ScrollSection::sldPointsPerDivision_Change() {
   load();
 }
 
+void ScrollSection::ShowDivisions(std::int64_t startLine, std::int64_t division) {
+  if (reading_.Busy() || !view_.HasPoints() || !hsbGraph.Enabled()) return;
+  view_.SetDivision(division);
+  const std::int64_t first = view_.FirstLine();
+  view_.ScrollTo(std::clamp(startLine, first, first + std::max<std::int64_t>(view_.Points() - view_.Span(), 0)));
+  Follow();
+  load();
+}
+
 void ScrollSection::ScrollTo(std::int64_t startLine) {
   if (reading_.Busy() || !view_.HasPoints() || !hsbGraph.Enabled()) return;
   const std::int64_t first = view_.FirstLine();
-  const std::int64_t last = first + std::max(view_.Points() - view_.Length(), 0);
+  const std::int64_t last = first + std::max<std::int64_t>(view_.Points() - view_.Span(), 0);
   const std::int64_t start = std::clamp(startLine, first, last);
   if (start == view_.StartLine()) return;
   view_.ScrollTo(start);
@@ -135,8 +144,8 @@ void ScrollSection::Offer(ChartActions& actions) {
   const auto offer = [&](ChartAction action, std::function<void()> run) {
     actions.Set(action, {std::move(run), usable});
   };
-  offer(ChartAction::kDivisionBack, [this] { ScrollBy(-view_.PointsPerDivision()); });
-  offer(ChartAction::kDivisionOn, [this] { ScrollBy(view_.PointsPerDivision()); });
+  offer(ChartAction::kDivisionBack, [this] { ScrollBy(-view_.Division()); });
+  offer(ChartAction::kDivisionOn, [this] { ScrollBy(view_.Division()); });
   offer(ChartAction::kPageBack, [this] { ScrollBy(-Page()); });
   offer(ChartAction::kPageOn, [this] { ScrollBy(Page()); });
   offer(ChartAction::kFirstPoint, [this] { ScrollTo(view_.FirstLine()); });
@@ -145,7 +154,7 @@ void ScrollSection::Offer(ChartActions& actions) {
 
 void ScrollSection::ScrollByWheel(int notches) {
   constexpr int kDivisionsPerNotch = 3;
-  ScrollTo(std::int64_t{view_.StartLine()} - std::int64_t{notches} * kDivisionsPerNotch * view_.PointsPerDivision());
+  ScrollTo(std::int64_t{view_.StartLine()} - std::int64_t{notches} * kDivisionsPerNotch * view_.Division());
 }
 
 }  // namespace chartproject

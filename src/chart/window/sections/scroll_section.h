@@ -35,17 +35,20 @@ class ScrollSection {
 
   /// Adds the actions that scroll to those of the window.
   void Offer(ChartActions& actions);
+  /// Chooses start and division at once, as near as the file has them, and shows them. Throws RunTimeError.
+  /// @param division in points
+  void ShowDivisions(std::int64_t startLine, std::int64_t division);
   /// Scrolls to a line, as near as the file has it. Throws RunTimeError.
   void ScrollTo(std::int64_t startLine);
   void ScrollByWheel(int notches);
+  void ScrollToEnd();
 
  private:
   void hsbGraph_Change();
   void sldPointsPerDivision_Change();
-  void ScrollToEnd();
   void ScrollBy(std::int64_t points) { ScrollTo(view_.StartLine() + points); }
   /// Points of a page: one division less than the slice has.
-  [[nodiscard]] std::int64_t Page() const { return std::int64_t{view_.PointsPerDivision()} * (kDivisions - 1); }
+  [[nodiscard]] std::int64_t Page() const { return view_.Division() * (kDivisions - 1); }
 
   Environment& env_;
   ChartView& view_;

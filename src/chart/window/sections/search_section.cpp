@@ -47,7 +47,7 @@ void SearchSection::Find() {
 std::int64_t SearchSection::From(bool forward) const {
   const ChartModel& model = chart_.Model();
   const std::int64_t first = model.firstRowLabel;
-  const std::int64_t last = first + model.rowCount - 1;
+  const std::int64_t last = model.LastLabel();
   if (chart_.Mark() && chart_.Mark()->label >= first && chart_.Mark()->label <= last) return chart_.Mark()->label;
   return forward ? first - 1 : last + 1;
 }
@@ -73,10 +73,10 @@ void SearchSection::FindAgain(bool forward) {
 
 void SearchSection::Mark(std::int64_t point, const std::function<std::string(const std::string& time)>& name) {
   show(point);
-  const std::int64_t row = point - chart_.Model().firstRowLabel;
+  const auto row = chart_.Model().RowOf(point);
   const auto& times = view_.Shown().times;
-  const bool shown = row >= 0 && row < static_cast<std::int64_t>(times.size());
-  const std::string time = shown ? env_.ports.codePage.Decode(times[static_cast<std::size_t>(row)]) : std::string();
+  const bool shown = row && *row < std::ssize(times);
+  const std::string time = shown ? env_.ports.codePage.Decode(times[static_cast<std::size_t>(*row)]) : std::string();
   chart_.SetMark(ChartMark{point, name(time)});
 }
 

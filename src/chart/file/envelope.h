@@ -1,0 +1,73 @@
+// The least and greatest values of a whole recording, block by block: what a picture of all of it is drawn from.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include "recording/file/chart_file.h"
+
+namespace chartproject {
+
+/// The least and greatest of some values; none of them is known while the least is above the greatest.
+struct Extremes {
+  double least = std::numeric_limits<double>::infinity();
+  double greatest = -std::numeric_limits<double>::infinity();
+
+  /// Takes a value in; NaN is a gap and does not count.
+  void Take(double value) noexcept {
+    least = value < least ? value : least;
+    greatest = value > greatest ? value : greatest;
+  }
+  void Take(const Extremes& other) noexcept {
+    least = other.least < least ? other.least : least;
+    greatest = other.greatest > greatest ? other.greatest : greatest;
+  }
+  [[nodiscard]] bool Empty() const noexcept { return least > greatest; }
+  friend bool operator==(const Extremes&, const Extremes&) = default;
+};
+
+/// Those of all the series.
+using RowExtremes = std::array<Extremes, kColumnCount>;
+
+/// Blocks of equally many lines. When there would be too many, two become one: 2,000,000,000 lines of four series are
+/// in blocks of 4,096 and take 32 MiB, 100,000,000 are in blocks of 256.
+class Envelope {
+ public:
+  static constexpr std::int64_t kLeastBlock = 256;
+  static constexpr std::size_t kMostBlocks = std::size_t{1} << 19U;
+
+  /// Forgets everything. @param series 0 to 4
+  void Restart(int series);
+
+  [[nodiscard]] int SeriesCount() const noexcept { return series_; }
+  /// Lines of a block.
+  [[nodiscard]] std::int64_t BlockLength() const noexcept { return blockLength_; }
+  /// Lines of the whole blocks and of the last, shorter one.
+  [[nodiscard]] std::int64_t Lines() const noexcept { return WholeLines() + lastLines_; }
+  [[nodiscard]] std::int64_t WholeLines() const noexcept {
+    return static_cast<std::int64_t>(blocks_[0].size()) * blockLength_;
+  }
+
+  /// Adds a whole block of BlockLength() lines after the others. BlockLength() may be twice as much afterwards.
+  void Add(const RowExtremes& block);
+  /// What follows the whole blocks; fewer than BlockLength() lines.
+  void SetLast(const RowExtremes& block, std::int64_t lines) noexcept;
+
+  /// Over the blocks that begin among the lines [first, end), counted from 0.
+  [[nodiscard]] Extremes Over(int series, std::int64_t first, std::int64_t end) const;
+  [[nodiscard]] std::span<const Extremes> Blocks(int series) const { return blocks_[static_cast<std::size_t>(series)]; }
+
+ private:
+  void HalveBlocks();
+
+  int series_ = 0;
+  std::int64_t blockLength_ = kLeastBlock;
+  std::array<std::vector<Extremes>, kColumnCount> blocks_;  ///< by series; the first counts the blocks of all
+  RowExtremes last_;
+  std::int64_t lastLines_ = 0;
+};
+
+}  // namespace chartproject
