@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "chart/picture/overview_scene.h"
 #include "forms/controls.h"
@@ -26,6 +29,10 @@ class OverviewControl : public DrawnControl {
   std::function<void(std::int64_t point)> moved;
   std::function<void()> toTheEnd;
 
+  /// What the strip is, for programs that read the screen out.
+  void SetSpokenWords(std::string words) { words_ = std::move(words); }
+  [[nodiscard]] std::string SpokenWords() const override { return words_; }
+
   void Paint(Canvas& canvas) override;
   void PaintOverlay(Canvas& canvas) override;
   [[nodiscard]] Size PreferredSize() const override { return {120, 56}; }
@@ -38,6 +45,7 @@ class OverviewControl : public DrawnControl {
   [[nodiscard]] std::int64_t PointAt(double x) const;
 
   OverviewModel model_;
+  std::string words_;
   std::optional<OverviewScene> strip_;  ///< as it was painted last; nothing when it is out of date
   std::int64_t first_ = 0;
   std::int64_t end_ = 0;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "chart/window/control/readout.h"
+#include "common/environment/language.h"
 #include "common/error_log.h"
 
 namespace chartproject {
@@ -39,6 +40,7 @@ OverviewSection::OverviewSection(Form& form, Environment& environment, ChartView
 }
 
 void OverviewSection::Prepare() {
+  ovwRecording.SetSpokenWords(LoadMessage(env_, Text::kActionOverview));
   wanted_ = env_.ports.settings.Read(form_.Name(), "Overview") != "No";
 }
 
