@@ -33,7 +33,7 @@ class DriveLink {
   [[nodiscard]] virtual double GetValue() = 0;
   /// The value of the last successful read, as display text.
   [[nodiscard]] virtual std::string GetText() = 0;
-  /// True when no drive is behind it: what it gives was calculated or read from a script.
+  /// True when it has no drives: what it gives was calculated or read from a script.
   [[nodiscard]] virtual bool Simulated() const noexcept { return false; }
 };
 

@@ -78,7 +78,7 @@ TEST_F(ChartControlTest, CursorsKeepTheirPointOfTheFileWhileTheRowsChange) {
 
 TEST_F(ChartControlTest, EscTakesTheCursorsAwayAndOtherKeysGoOn) {
   std::vector<Key> keys;
-  chart.key = [&](const KeyPress& press) {
+  chart.answers.key = [&](const KeyPress& press) {
     keys.push_back(press.key);
     return press.key == Key::kLeft;
   };

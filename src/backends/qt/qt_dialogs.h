@@ -19,7 +19,7 @@ using LanguageSource = std::function<Language()>;
 /// Gives a file dialog the words of the user's language; a desktop's own dialog has its own.
 void TranslateFileDialog(QFileDialog& dialog, Language language);
 
-/// Boxes are modal for the whole program. Timers go on behind them.
+/// Boxes are modal for the whole program. Timers go on meanwhile.
 class QtDialogs : public Dialogs {
  public:
   /// @param help opened by a box's Help button; outlives the dialogs

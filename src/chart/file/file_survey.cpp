@@ -104,7 +104,7 @@ void FileSurvey::ReadPiece(InputFile& file, LineIndex& index, const NumberFormat
   if (!skipping_) {
     const char* const last = AfterLastLineFeed(at, end);
     TakeLines(at, last, index, format);
-    // No line end in a whole piece: the line is no point, however it goes on.
+    // No line end in a whole piece: the line is not a point, however it goes on.
     skipping_ = last == at && at == begin && !atEnd;
     if (skipping_) next_.offset += count;
     at = last;

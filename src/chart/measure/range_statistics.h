@@ -1,4 +1,5 @@
-// Statistics of the series over a range of points: every value of the file counts, whatever a picture can show of them.
+// Statistics of the series over a range of points: every value of the file counts, also those that a picture cannot
+// show.
 #pragma once
 
 #include <cstdint>

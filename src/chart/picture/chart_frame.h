@@ -6,7 +6,7 @@
 
 namespace chartproject {
 
-/// The parts that are painted behind the series.
+/// The parts that are painted before the series.
 void DrawChartBackground(const ChartModel& model, const ChartLayout& layout, Size size, Scene& scene);
 
 /// The axes' lines and ticks, which are painted in front of the series, and all the texts.

@@ -86,7 +86,7 @@ OverviewScene BuildOverview(const OverviewModel& model, Size size, const Canvas&
   plot.rows = chart.rowCount;
   const ValueRange all = RangeOfAll(chart);
   if (!all.empty) {
-    constexpr int kSteps = 10;  // round enough to fill the height, whatever the values are
+    constexpr int kSteps = 10;  // round enough to fill the height for any values
     plot.axis = ChooseValueAxis(all, false, kSteps);
     DrawDenseLines(chart, plot, strip.scene);
   }

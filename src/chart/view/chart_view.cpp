@@ -26,14 +26,12 @@ void ChartView::Open(const std::string& fileName) {
   names_ = nullptr;
   slice_ = Slice();
   notices_.clear();
-  points_ = source_.NamedPoints();
   seriesCount_ = source_.NamedSeries();
   held_.reset();
   countGivenUp_ = false;
   fault_ = {};
-  pointsPerDivision_ = shownPointsPerDivision_ = 1;
-  wide_ = shownWide_ = {};
-  ScrollTo(source_.FirstLine());
+  shown_ = {};
+  Restart(source_.FirstLine(), source_.NamedPoints());
   LoadReadings();
   clock_ = PointClock(header_, RealTimes(), ports_.locale);
 }
@@ -67,9 +65,9 @@ void ChartView::NameSeries(Component& component) {
 }
 
 void ChartView::CountPoints(const ScanProgress& progress) {
-  if (points_ < 0) {
+  if (Points() < 0) {
     const auto count = source_.Count(progress);
-    points_ = count ? LinesOf(*count) : 0;
+    SetPoints(count ? LinesOf(*count) : 0);
     countGivenUp_ = !count;
     notices_.push_back({Text::kUnknownPoints, std::to_string(count ? count->points : 0)});
   }
@@ -81,47 +79,18 @@ std::int32_t ChartView::LinesOf(const PointCount& count) const {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(count.lastLine - FirstLine() + 1, 0, kMost));
 }
 
-void ChartView::ScrollTo(std::int64_t startLine) {
-  start_ = CheckedInteger32(startLine);
-  end_ = CheckedInteger32(startLine + Length());
-}
-
-void ChartView::ScrollToBarValue(int value, int maximum) {
-  ScrollTo(SliceStart(FirstLine(), points_, pointsPerDivision_, value, maximum));
-  if (wide_.points > 0) ReturnIntoFile();  // the bar's range is that of the longest slice that is not wide
-}
-
-std::int16_t ChartView::BarValue(int maximum) const {
-  return ScrollValue(start_ - FirstLine(), points_, pointsPerDivision_, maximum);
-}
-
-void ChartView::SetDivision(std::int64_t points) {
-  if (points > kMostPointsPerDivision) {
-    wide_ = ChooseWideDivision(points);
-    pointsPerDivision_ = kMostPointsPerDivision;
-  } else {
-    SetPointsPerDivision(static_cast<std::int16_t>(std::max<std::int64_t>(points, 1)));
-  }
-}
-
-void ChartView::SetPointsPerDivision(std::int16_t points) {
-  wide_ = {};
-  pointsPerDivision_ = points;
-  if (!ReturnIntoFile()) ScrollTo(start_);
-}
-
 SliceEnd ChartView::Load(const ScanProgress& progress) {
   fault_ = {};
-  if (wide_.points > 0 && source_.HasPoints()) {
+  if (Chosen().wide.points > 0 && source_.HasPoints()) {
     LoadWide();
     return SliceEnd::kRead;
   }
   SliceReading reading;
-  reading.slice.startLine = start_;
-  reading.slice.endLine = end_;
+  reading.slice.startLine = StartLine();
+  reading.slice.endLine = EndLine();
   // Without a usable number of series all the columns are read, to see which have values.
   const int columns = seriesCount_ == 0 ? kColumnCount : seriesCount_;
-  if (source_.HasPoints()) reading = source_.Read(start_, end_, columns, progress);
+  if (source_.HasPoints()) reading = source_.Read(StartLine(), EndLine(), columns, progress);
   switch (reading.end) {
     case SliceEnd::kRead:
       Take(std::move(reading.slice));
@@ -130,21 +99,20 @@ SliceEnd ChartView::Load(const ScanProgress& progress) {
       fault_ = {reading.malformedLine, std::move(reading.malformedText)};
       break;
     case SliceEnd::kGivenUp:
-      pointsPerDivision_ = shownPointsPerDivision_;
-      wide_ = shownWide_;
-      start_ = slice_.startLine;
-      end_ = slice_.endLine;
+      shown_.startLine = slice_.startLine;
+      shown_.endLine = slice_.endLine;
+      Choose(shown_);
       break;
   }
   return reading.end;
 }
 
 void ChartView::LoadWide() {
-  const std::int64_t first = std::int64_t{start_} - FirstLine();
-  const std::int64_t end = std::min<std::int64_t>(first + Span(), points_);
-  Slice slice = source_.ReadWide({first, std::max(first, end), wide_.pointsPerRow}, seriesCount_, points_);
-  slice.startLine = start_;
-  slice.endLine = end_;
+  const std::int64_t first = std::int64_t{StartLine()} - FirstLine();
+  const std::int64_t end = std::min<std::int64_t>(first + Span(), Points());
+  Slice slice = source_.ReadWide({first, std::max(first, end), Chosen().wide.pointsPerRow}, seriesCount_, Points());
+  slice.startLine = StartLine();
+  slice.endLine = EndLine();
   Take(std::move(slice));
 }
 
@@ -155,8 +123,7 @@ Slice ChartView::PointAlone(std::int64_t point) {
 
 void ChartView::Take(Slice slice) {
   slice_ = std::move(slice);
-  shownWide_ = wide_;
-  shownPointsPerDivision_ = pointsPerDivision_;
+  shown_ = Chosen();
   if (source_.NamedSeries() != 0 || seriesCount_ >= slice_.columnsInUse) return;
   seriesCount_ = slice_.columnsInUse;
   notices_.push_back({Text::kUnknownSeries, std::to_string(seriesCount_)});
@@ -164,9 +131,9 @@ void ChartView::Take(Slice slice) {
 
 bool ChartView::EndsElsewhere() const {
   if (!source_.HasPoints()) return false;
-  if (slice_.moreFollow) return std::int64_t{slice_.endLine} - FirstLine() >= points_;
+  if (slice_.moreFollow) return std::int64_t{slice_.endLine} - FirstLine() >= Points();
   if (!slice_.endOfFile) return false;
-  return slice_.RowCount() == 0 ? points_ > 0 : slice_.lastLine - FirstLine() + 1 != points_;
+  return slice_.RowCount() == 0 ? Points() > 0 : slice_.lastLine - FirstLine() + 1 != Points();
 }
 
 bool ChartView::MeasureFile(const ScanProgress& progress) {
@@ -175,20 +142,13 @@ bool ChartView::MeasureFile(const ScanProgress& progress) {
   countGivenUp_ = !count;
   if (!count) return false;
   held_ = count->points;
-  points_ = LinesOf(*count);
-  return true;
-}
-
-bool ChartView::ReturnIntoFile() {
-  const std::int64_t last = std::int64_t{FirstLine()} + std::max<std::int64_t>(points_ - Span(), 0);
-  if (start_ <= last) return false;
-  ScrollTo(last);
+  SetPoints(LinesOf(*count));
   return true;
 }
 
 ChartModel ChartView::Model(const ChartLook& look) const {
   const std::int64_t rows =
-      shownWide_.points > 0 ? shownWide_.points / shownWide_.pointsPerRow : shownPointsPerDivision_;
+      shown_.wide.points > 0 ? shown_.wide.points / shown_.wide.pointsPerRow : shown_.pointsPerDivision;
   ChartModel model = BuildChart(slice_, {seriesCount_, static_cast<std::int16_t>(rows), FirstLine()}, look);
   for (std::size_t s = 0; look.failures && s < model.series.size(); ++s) model.series[s].failed = FailedRows(s);
   CountTimes(AxisFor(look.axis), model);

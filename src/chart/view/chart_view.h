@@ -11,7 +11,7 @@
 #include "chart/file/chart_source.h"
 #include "chart/output/chart_page.h"
 #include "chart/view/chart_building.h"
-#include "chart/view/scroll_range.h"
+#include "chart/view/chosen_slice.h"
 #include "common/environment/language.h"
 #include "recording/companion/companion.h"
 #include "recording/companion/point_clock.h"
@@ -31,8 +31,8 @@ struct ViewedSeries {
   std::string unit{};               ///< from the same tables, for example "rpm"; empty where it is not known
 };
 
-/// A slice is chosen by ScrollTo and SetPointsPerDivision, and shown once Load has read it.
-class ChartView {
+/// A chosen slice, shown once Load has read it.
+class ChartView : public ChosenSlice {
  public:
   /// @param header takes the header of the file; it and the ports outlive the view
   ChartView(const Ports& ports, ChartHeader& header) : ports_(ports), header_(header), source_(ports) {}
@@ -51,10 +51,6 @@ class ChartView {
   [[nodiscard]] bool HasPoints() const noexcept { return source_.HasPoints(); }
   /// Whether the file was replaced since Open: it must be opened again.
   [[nodiscard]] bool Replaced() { return source_.HasPoints() && source_.Replaced(); }
-  /// Line of the first point, counted from 1.
-  [[nodiscard]] std::int32_t FirstLine() const noexcept { return source_.FirstLine(); }
-  /// N: points of the header, or what the file was found to hold.
-  [[nodiscard]] std::int32_t Points() const noexcept { return points_; }
   /// P: series shown, 0 to 4.
   [[nodiscard]] int SeriesCount() const noexcept { return seriesCount_; }
 
@@ -62,29 +58,6 @@ class ChartView {
   [[nodiscard]] const FileSurvey& Survey() const noexcept { return source_.Survey(); }
   /// See ChartSource::SurveyOn.
   bool SurveyOn(Instant time) { return source_.SurveyOn(time); }
-
-  // The slice that was chosen. ---------------------------------------------------------------------------------------
-  [[nodiscard]] std::int32_t StartLine() const noexcept { return start_; }
-  [[nodiscard]] std::int32_t EndLine() const noexcept { return end_; }
-  [[nodiscard]] std::int16_t PointsPerDivision() const noexcept { return pointsPerDivision_; }
-  /// Nominal length in points: 25 divisions.
-  [[nodiscard]] std::int32_t Length() const { return SliceLength(pointsPerDivision_); }
-  /// Points of a division: PointsPerDivision(), or more in a wide slice, which is drawn from the survey.
-  [[nodiscard]] std::int64_t Division() const noexcept { return wide_.points > 0 ? wide_.points : pointsPerDivision_; }
-  /// Points of 25 divisions.
-  [[nodiscard]] std::int64_t Span() const noexcept { return Division() * kDivisions; }
-  /// Chooses a slice of any number of points a division; from kMostPointsPerDivision on the next round one.
-  void SetDivision(std::int64_t points);
-  /// Throws RunTimeError 6 for a line beyond 32 bits.
-  void ScrollTo(std::int64_t startLine);
-  /// Makes the chosen slice shorter: it ends before a line, where it has as many.
-  void EndBefore(std::int64_t line) { end_ = static_cast<std::int32_t>(std::min<std::int64_t>(end_, line)); }
-  /// The slice for a value of the scroll bar over the file. Throws RunTimeError 6.
-  void ScrollToBarValue(int value, int maximum);
-  [[nodiscard]] std::int16_t BarValue(int maximum) const;
-  [[nodiscard]] ScrollRange Range() const { return ComputeScrollRange(points_, pointsPerDivision_); }
-  /// Keeps the slice inside the file. Throws RunTimeError 6 above kMostPointsPerDivision.
-  void SetPointsPerDivision(std::int16_t points);
 
   // The slice that is shown. -----------------------------------------------------------------------------------------
   /// Reads the chosen slice. When cancelled, the slice that is shown is chosen again. Throws RunTimeError.
@@ -95,9 +68,6 @@ class ChartView {
   /// Counts the points where the slice met an end of the file that is not the expected one, or where the file goes on
   /// after it: N becomes what the file holds. True when it did; the slice that is chosen may be beyond the end then.
   bool MeasureFile(const ScanProgress& progress);
-  /// Chooses the last slice when the chosen one is beyond the end. False when it is not.
-  bool ReturnIntoFile();
-
   /// The slice of one point alone. @param point its number in the file, from 1. Throws RunTimeError.
   [[nodiscard]] Slice PointAlone(std::int64_t point);
 
@@ -155,14 +125,8 @@ class ChartView {
   std::vector<Notice> notices_;  ///< about the file as a whole
   std::optional<Companion> companion_;
   PointClock clock_;
-  std::int32_t points_ = 0;
   int seriesCount_ = 0;
-  std::int32_t start_ = 0;
-  std::int32_t end_ = 0;
-  std::int16_t pointsPerDivision_ = 1;
-  std::int16_t shownPointsPerDivision_ = 1;
-  WideDivision wide_;  ///< no points: the slice is not wide
-  WideDivision shownWide_;
+  Choice shown_;                      ///< the choice that was read
   std::optional<std::int64_t> held_;  ///< points that were counted in the file
   bool countGivenUp_ = false;
 };

@@ -45,19 +45,19 @@ void ChartForm::ConnectSections() {
   scales.update = [this] { LoadSlice(); };
   switches.changed = [this] { ShowChart(); };
   // The file may have been deleted by now: an exception of these calls is an error of the window, too.
-  mscChart1.key = [this](const KeyPress& press) {
+  mscChart1.answers.key = [this](const KeyPress& press) {
     bool used = true;
     RunHandler("mscChart1_KeyDown", [&] { used = actions_.Press(press); });
     return used;
   };
-  mscChart1.wheel = [this](const WheelInput& input) {
+  mscChart1.answers.wheel = [this](const WheelInput& input) {
     RunHandler("mscChart1_Wheel", [&] {
       if (!axes_.ZoomByWheel(input) && !zoom_.ZoomByWheel(input)) scroll.ScrollByWheel(input.notches);
     });
     return true;
   };
-  mscChart1.menu = [this] { return actions_.Menu(component_); };
-  mscChart1.menuChosen = [this](int id) { RunHandler("mscChart1_Menu", [&] { actions_.Choose(id); }); };
+  mscChart1.answers.menu = [this] { return actions_.Menu(component_); };
+  mscChart1.answers.menuChosen = [this](int id) { RunHandler("mscChart1_Menu", [&] { actions_.Choose(id); }); };
   overview.advanced = [this] {
     view_.Load();
     ShowChart();

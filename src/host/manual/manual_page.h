@@ -1,5 +1,5 @@
 // What the program knows of its own command line, as other programs read it. All of it is made from the options that
-// also make --help, so that none of them can lag behind.
+// also make --help, so that all of them are up to date.
 #pragma once
 
 #include <CLI/CLI.hpp>

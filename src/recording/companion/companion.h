@@ -29,7 +29,7 @@ struct Companion {
   PaceSummary pace;
   PointTimes times;  ///< known when the pace slipped
   Recovered recovered = Recovered::kNo;
-  bool simulated = false;  ///< no drive gave the values; alone that is no reason for a companion
+  bool simulated = false;  ///< no drive gave the values; alone that does not need a companion
 
   /// True when there is something that its chart file cannot say.
   [[nodiscard]] bool IsNeeded() const noexcept {

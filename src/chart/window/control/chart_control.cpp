@@ -132,7 +132,7 @@ void ChartControl::Drag(const MouseInput& input) {
   constexpr double kLeastDrag = 5;  // pixels: a click may tremble
   drag_->to = input.at;
   if (drag_->pan) {
-    if (panned) panned((input.at.x - drag_->from.x) / drag_->rowWidth);
+    if (answers.panned) answers.panned((input.at.x - drag_->from.x) / drag_->rowWidth);
     return;
   }
   if (!drag_->box && std::abs(input.at.x - drag_->from.x) >= kLeastDrag) {
@@ -165,7 +165,7 @@ void ChartControl::MousePressed(const MouseInput& input) {
   drag_ =
       Dragging{.from = input.at, .to = input.at, .rowWidth = chart_->plot.RowWidth(), .pan = pan, .cursors = cursors_};
   if (pan) {
-    if (panBegan) panBegan();
+    if (answers.panBegan) answers.panBegan();
     return;
   }
   SetCursor(input.shift ? MeasuringCursor::kSecond : MeasuringCursor::kFirst, model_.LabelOf(*row));
@@ -176,11 +176,11 @@ void ChartControl::MouseReleased(const MouseInput& /*input*/) {
   if (!drag_) return;
   EndDrag();
   const auto rowsAt = [this](double x) { return (x - front_.x) / front_.width * model_.rowCount; };
-  if (box && boxDrawn) boxDrawn(rowsAt(box->x), rowsAt(box->Right()));
+  if (box && answers.boxDrawn) answers.boxDrawn(rowsAt(box->x), rowsAt(box->Right()));
 }
 
 bool ChartControl::WheelTurned(const WheelInput& input) {
-  return wheel && wheel(input);
+  return answers.wheel && answers.wheel(input);
 }
 
 bool ChartControl::KeyPressed(const KeyPress& press) {
@@ -199,7 +199,7 @@ bool ChartControl::KeyPressed(const KeyPress& press) {
     SetCursor(MeasuringCursor::kSecond, std::nullopt);
     return true;
   }
-  return key && key(press);
+  return answers.key && answers.key(press);
 }
 
 void ChartControl::KeyReleased(const KeyPress& press) {
@@ -207,11 +207,11 @@ void ChartControl::KeyReleased(const KeyPress& press) {
 }
 
 std::vector<MenuItem> ChartControl::ContextMenu() {
-  return menu ? menu() : std::vector<MenuItem>();
+  return answers.menu ? answers.menu() : std::vector<MenuItem>();
 }
 
 void ChartControl::MenuChosen(int id) {
-  if (menuChosen) menuChosen(id);
+  if (answers.menuChosen) answers.menuChosen(id);
 }
 
 }  // namespace chartproject

@@ -27,6 +27,22 @@ struct ChartMark {
   friend bool operator==(const ChartMark&, const ChartMark&) = default;
 };
 
+/// What the user does with a chart that others answer; each may be empty.
+struct ChartAnswers {
+  /// Wheel steps and keys that the chart has no use for; the result says whether they were used.
+  std::function<bool(const WheelInput& input)> wheel;
+  std::function<bool(const KeyPress& press)> key;
+  /// The chart's menu, and the item of it that the user chose.
+  std::function<std::vector<MenuItem>()> menu;
+  std::function<void(int id)> menuChosen;
+  /// A box that the user dragged, in rows from the first one.
+  std::function<void(double firstRow, double endRow)> boxDrawn;
+  /// The user takes hold of the chart (middle button, or the left one with the space key), and pulls it so many rows to
+  /// the right of there.
+  std::function<void()> panBegan;
+  std::function<void(double rows)> panned;
+};
+
 /// Shows a chart model unchanged: the properties of a chart are fields of the model.
 class ChartControl : public DrawnControl {
  public:
@@ -75,23 +91,12 @@ class ChartControl : public DrawnControl {
   /// The chart's parts with their value axes, as they were painted last; none before.
   [[nodiscard]] const std::vector<SceneLane>& Lanes() const noexcept { return lanes_; }
 
-  /// Wheel steps and keys that the chart has no use for; the result says whether they were used.
-  std::function<bool(const WheelInput& input)> wheel;
-  std::function<bool(const KeyPress& press)> key;
-  /// The chart's menu, and the item of it that the user chose.
-  std::function<std::vector<MenuItem>()> menu;
-  std::function<void(int id)> menuChosen;
+  /// What goes on to the form.
+  ChartAnswers answers;
 
   /// How far from the plot's left edge a point is, as a share of its width; nothing outside it and before it was
   /// painted.
   [[nodiscard]] std::optional<double> ShareAt(PointF at) const;
-  /// A box that the user dragged, in rows from the first one.
-  std::function<void(double firstRow, double endRow)> boxDrawn;
-  /// The user takes hold of the chart (middle button, or the left one with the space key), and pulls it so many rows to
-  /// the right of there.
-  std::function<void()> panBegan;
-  std::function<void(double rows)> panned;
-
   // Input from the back end. -----------------------------------------------------------------------------------------
   [[nodiscard]] bool TabStop() const noexcept override { return true; }
   void MouseMoved(const MouseInput& input) override;

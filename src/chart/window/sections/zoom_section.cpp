@@ -14,11 +14,11 @@ constexpr std::size_t kMostPlaces = 100;
 
 ZoomSection::ZoomSection(Form& form, ChartControl& chart, const ChartView& view, ScrollSection& scroll)
     : chart_(chart), view_(view), scroll_(scroll) {
-  chart.boxDrawn = [this, &form](double firstRow, double endRow) {
+  chart.answers.boxDrawn = [this, &form](double firstRow, double endRow) {
     form.RunHandler("mscChart1_Box", [&] { ShowBox(firstRow, endRow); });
   };
-  chart.panBegan = [this] { heldLine_ = view_.StartLine(); };
-  chart.panned = [this, &form](double rows) {
+  chart.answers.panBegan = [this] { heldLine_ = view_.StartLine(); };
+  chart.answers.panned = [this, &form](double rows) {
     const std::int64_t points = std::llround(rows * static_cast<double>(view_.Shown().pointsPerRow));
     form.RunHandler("mscChart1_Pan", [&] { scroll_.ScrollTo(heldLine_ - points); });
   };
