@@ -62,7 +62,7 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
       {{'0', '0', '5', VK_TAB}, "txtNumberOfPoints", "5"},
       {{'0'}, nullptr, "Value out of range !"},
       {{kShift | VK_TAB, VK_TAB, '3', '0', VK_TAB, VK_TAB}, "cboTimeBetweenPointsUnit", "s"},
-      {{'H', kAlt | 'I', VK_HOME, '0', '0', '0', '7', VK_BACK, '1', '2', '5'}, "mebTimeBetweenPoints", "00:01:25"},
+      {{'H', kAlt | 'T', VK_HOME, '0', '0', '0', '7', VK_BACK, '1', '2', '5'}, "mebTimeBetweenPoints", "00:01:25"},
       {{VK_TAB, 'S', kShift | VK_TAB, '1'}, "txtTimeBetweenPoints", "1"}};
   for (const auto& step : steps) {
     form.Keys(step.keys);
@@ -80,7 +80,7 @@ TEST_F(AcquireDialog, RecordsShowsAndPrintsByKeyboardAlone) {
   form.Keys({kAlt | 'S'});
   EXPECT_TRUE(WaitFor([&form] { return form.Visible("cmdViewChart"); }));
   for (const WORD letter : {WORD{'P'}, WORD{'O'}}) {
-    form.Keys({kAlt | 'V'});
+    form.Keys({kAlt | 'W'});
     const FormDriver chart(host.Process(), L"Chart File - keys.cht");
     EXPECT_EQ(IsWindowEnabled(form.Window()), 0) << "the dialog waits for its chart";
     const HWND bar = chart.Control("hsbGraph");
