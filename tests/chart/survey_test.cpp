@@ -163,7 +163,7 @@ TEST(EnvelopeTest, BlocksDoubleWhereThereWouldBeTooMany) {
     envelope.Add({Extremes{first, static_cast<double>(lines - 1)}});
   }
   EXPECT_EQ(envelope.WholeLines(), lines);
-  EXPECT_EQ(lines, static_cast<std::int64_t>(Envelope::kMostBlocks) * 512);
+  EXPECT_EQ(lines, static_cast<std::int64_t>(Envelope::kMostBlocks) * 2 * Envelope::kLeastBlock);
   EXPECT_EQ(envelope.Over(0, 2048, 4096), (Extremes{2048, 4095}));
   EXPECT_EQ(envelope.Over(0, 2047, 4095), (Extremes{2048, 4095}));  // over the blocks that begin there
   EXPECT_LE(envelope.Blocks(0).size() * sizeof(Extremes) * kColumnCount, std::size_t{32} << 20U);

@@ -33,10 +33,10 @@ struct Extremes {
 using RowExtremes = std::array<Extremes, kColumnCount>;
 
 /// Blocks of equally many lines. When there would be too many, two become one: 2,000,000,000 lines of four series are
-/// in blocks of 4,096 and take 32 MiB, 100,000,000 are in blocks of 256.
+/// in blocks of 4,096 and take 32 MiB, 100,000,000 are in blocks of 256; of a short recording every line is one.
 class Envelope {
  public:
-  static constexpr std::int64_t kLeastBlock = 256;
+  static constexpr std::int64_t kLeastBlock = 1;
   static constexpr std::size_t kMostBlocks = std::size_t{1} << 19U;
 
   /// Forgets everything. @param series 0 to 4
