@@ -55,8 +55,8 @@ class Points {
   void AppendValue(std::string& text, std::string_view field, std::size_t column, std::int64_t point) {
     const std::size_t begin = text.size();
     PlainKind kind = AppendPlainNumber(text, field, numbers_);
-    const bool zero = text.find_first_not_of("-0.", begin) == std::string::npos;
-    if (kind == PlainKind::kNumber && failed_[column].Failed(point, zero ? 0 : 1)) {
+    const auto isZero = [&] { return text.find_first_not_of("-0.", begin) == std::string::npos; };
+    if (kind == PlainKind::kNumber && failed_[column].Known() && failed_[column].Failed(point, isZero() ? 0 : 1)) {
       text.resize(begin);
       kind = PlainKind::kNothing;
     }

@@ -49,6 +49,8 @@ class PlainFailures {
   /// @param column outlives this object; null when none are known
   explicit PlainFailures(const FailedColumn* column) : column_(column) {}
 
+  /// False when none are known: then no point is worth a question.
+  [[nodiscard]] bool Known() const noexcept { return column_ != nullptr; }
   /// A failed reading is a zero in the file. Of ranges that had to be joined, some points did not fail: those whose
   /// number is not zero. @param point not before the one that was asked for last
   [[nodiscard]] bool Failed(std::int64_t point, double number);
