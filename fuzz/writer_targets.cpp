@@ -1,7 +1,10 @@
 // Rows into workbooks: any text arrives as a text, and no cell of the plain format is a formula.
+#include <algorithm>
+#include <array>
 #include <fstream>
 
 #include "backends/spreadsheet/embedded_spreadsheet.h"
+#include "backends/spreadsheet/xlsx_file.h"
 #include "bytes_file.h"
 #include "platform/temporary_folder.h"
 #include "support/error_of.h"
@@ -72,8 +75,23 @@ void Xls(std::string_view bytes) {
   Require(book.empty() || book.starts_with("\xD0\xCF\x11\xE0"));
 }
 
+/// The lines as texts and numbers of points, below heads and a header of the same.
 void Xlsx(std::string_view bytes) {
-  const std::string book = Write(bytes, ".xlsx");
+  static const TemporaryFolder folder;
+  const std::string name = folder.Path() + "/out.xlsx";
+  const std::string line(bytes.substr(0, bytes.find('\n')));
+  (void)ErrorOf([&] {
+    XlsxFile file(name, {}, {line, {{line, line}}, {line, "number"}, false, 0, 0});
+    for (std::string_view rest = bytes; !rest.empty();) {
+      const std::string text(rest.substr(0, rest.find('\n')));
+      const std::array values{XlsxValue(text), XlsxValue(static_cast<double>(text.size()))};
+      file.AddPoint(text, values);
+      rest.remove_prefix(std::min(text.size() + 1, rest.size()));
+    }
+    file.Save();
+  });
+  std::ifstream file(name, std::ios::binary);
+  const std::string book{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   Require(book.empty() || (book.starts_with("PK") && book.find("<f>") == std::string::npos));
 }
 
