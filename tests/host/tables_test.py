@@ -61,6 +61,16 @@ class TablesTest(ProgramCase):
             self.assertIn(part, done.stderr)
             self.assertFalse((self.folder / "none.csv").exists())
 
+    def test_a_file_of_an_unknown_drive_keeps_its_texts_and_no_recording_is_replaced(self):
+        self.put("run.cht", "[INFO]\r\nNumber of Parameters=1\r\nPXXX1=002\r\n[TIME/CONTENT]\r\n"
+                 "08:00:00#10-20#####\r\n08:00:01#--#####\r\n")
+        self.assertEqual(self.export("--plain", "--output", "-").stdout, "time,P002\n08:00:00,10-20\n08:00:01,\n")
+        self.export("--output", "run.XLSX")
+        with zipfile.ZipFile(self.folder / "run.XLSX") as book:
+            self.assertIn(b"<t>10-20</t>", book.read("xl/worksheets/sheet2.xml"))
+        self.put("other.cht", "[INFO]\r\n")
+        self.assertIn("is a recording", self.export("--plain", "--format", "csv", "--output", "other.cht", code=2).stderr)
+
     def test_a_workbook_with_charts_header_and_dated_points(self):
         self.acquire(40000, expected=0)
         self.export("--output", "run.xlsx", "--first", 2)

@@ -37,6 +37,10 @@ bool CopyPlainDecimal(std::string& text, std::string_view field) {
 
 }  // namespace
 
+bool IsOutOfRange(std::string_view field) noexcept {
+  return field.find_first_not_of("- ") == std::string_view::npos;
+}
+
 PlainKind AppendPlainNumber(std::string& text, std::string_view field, const NumberFormat& format) {
   if (field.empty()) {
     text += '0';
@@ -44,9 +48,7 @@ PlainKind AppendPlainNumber(std::string& text, std::string_view field, const Num
   }
   if (CopyPlainDecimal(text, field)) return PlainKind::kNumber;
   const double value = FieldValue(field, format);
-  if (std::isnan(value)) {
-    return field.find_first_not_of("- ") == std::string_view::npos ? PlainKind::kNothing : PlainKind::kText;
-  }
+  if (std::isnan(value)) return IsOutOfRange(field) ? PlainKind::kNothing : PlainKind::kText;
   char digits[32];
   text.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
   return PlainKind::kNumber;

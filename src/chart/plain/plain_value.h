@@ -15,6 +15,9 @@ enum class PlainKind : std::uint8_t {
   kText  ///< anything else
 };
 
+/// True for what a recording writes for a reading out of its range: "--".
+[[nodiscard]] bool IsOutOfRange(std::string_view field) noexcept;
+
 /// Appends the number of a value field, digit by digit as the file has it: nothing is rounded. JSON takes it too: no
 /// blank, no plus sign, no leading zero, a digit on both sides of the full stop. Nothing is appended for the other
 /// kinds. An empty field is 0, as everywhere.

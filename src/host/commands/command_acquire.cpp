@@ -213,7 +213,7 @@ class AcquireCommand : public Command {
     return HeadlessRecording(session, request_).Run();
   }
 
-  [[nodiscard]] bool OutputIsItsResult() const override { return false; }
+  [[nodiscard]] bool OutputIsItsResult() const override { return !rows_.empty(); }
 
  private:
   ExitCode Test(Session& session) {

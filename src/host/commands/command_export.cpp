@@ -17,6 +17,7 @@
 #include "host/arguments/command.h"
 #include "host/arguments/interrupted_argument.h"
 #include "host/arguments/range_options.h"
+#include "host/reports/chart_picture.h"
 #include "host/reports/plain_export.h"
 #include "host/reports/progress.h"
 #include "host/reports/xlsx_export.h"
@@ -101,9 +102,10 @@ class ExportCommand : public Command {
     if (output != "-") {
       RefuseOutputOnto(component.strChartFileName, output);
       component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));
+      if (!format_.empty()) RefuseOutputOntoRecording(component.ports, output);  // then its name may have any ending
       if (component.ports.files.FileExists(output) && !AskToReplace(component, output)) return ExitCode::kRefused;
     }
-    view.NameSeries(component);
+    NameSeriesIfKnown(view, component);
     table.columns = PlainColumnsOf(view);
     table.firstMoment = FirstMoment(view.Clock(), PosixTimeZone());
     KeyboardSignals::Watch();

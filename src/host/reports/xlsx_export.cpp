@@ -8,6 +8,7 @@
 #include "backends/posix/posix_time_zone.h"
 #include "backends/spreadsheet/xlsx_file.h"
 #include "chart/plain/local_moments.h"
+#include "chart/plain/plain_value.h"
 #include "chart/plain/thinned_points.h"
 #include "common/environment/language.h"
 #include "common/values/numbers.h"
@@ -73,9 +74,12 @@ class XlsxExport {
   /// @param number its number, or NaN
   [[nodiscard]] XlsxValue ValueOf(std::string_view field, std::size_t column, std::int64_t point, double& number) {
     number = FieldValue(field, component_.ports.locale.Numbers());
-    if (failed_[column].Failed(point, number)) number = std::numeric_limits<double>::quiet_NaN();
+    if (failed_[column].Failed(point, number)) {
+      number = std::numeric_limits<double>::quiet_NaN();
+      return std::monostate();
+    }
     if (!std::isnan(number)) return number;
-    if (field.find_first_not_of("0123456789.,- ") == std::string_view::npos) return std::monostate();
+    if (IsOutOfRange(field)) return std::monostate();
     return component_.ports.codePage.Decode(field);
   }
 
