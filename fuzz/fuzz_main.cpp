@@ -26,7 +26,8 @@ constexpr Target kTargets[] = {{"drive", fuzz::Drive},
                                {"layout", fuzz::Layout},
                                {"csv", fuzz::Csv},
                                {"xls", fuzz::Xls},
-                               {"xlsx", fuzz::Xlsx}};
+                               {"xlsx", fuzz::Xlsx},
+                               {"plain", fuzz::Plain}};
 
 const Target* chosen = nullptr;
 

@@ -23,5 +23,6 @@ void Layout(std::string_view bytes);      ///< a form: each byte adds, wraps or 
 void Csv(std::string_view bytes);
 void Xls(std::string_view bytes);
 void Xlsx(std::string_view bytes);
+void Plain(std::string_view bytes);  ///< a chart file into a table for other programs
 
 }  // namespace chartproject::fuzz

@@ -1,11 +1,16 @@
-// Rows into workbooks: any text arrives as a text, and no cell of the plain format is a formula.
+// Rows into workbooks and tables: any text arrives as a text, no cell of the plain format is a formula, and every line
+// of a table has the same cells.
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <nlohmann/json.hpp>
 
+#include "backends/headless/code_page_1252.h"
+#include "backends/posix/posix_time_zone.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 #include "backends/spreadsheet/xlsx_file.h"
 #include "bytes_file.h"
+#include "chart/plain/plain_table.h"
 #include "platform/temporary_folder.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
@@ -60,6 +65,23 @@ std::vector<std::string> CellsOf(std::string_view text, char separator) {
   return cells;
 }
 
+/// Cells of each line of a table with that separator, quoted as RFC 4180 says.
+std::vector<int> CellCounts(std::string_view table, char separator) {
+  std::vector<int> counts;
+  int cells = 1;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if (table[i] == '"') {  // only at a cell's start: the ends of other cells are looked for below
+      do i = table.find('"', i + 1) + 1;
+      while (i < table.size() && table[i] == '"');
+    }
+    i = table.find_first_of(separator == ',' ? ",\n" : "\t\n", i);
+    Require(i != std::string_view::npos);
+    if (table[i] == separator) ++cells;
+    if (table[i] == '\n') counts.push_back(std::exchange(cells, 1));
+  }
+  return counts;
+}
+
 }  // namespace
 
 void Csv(std::string_view bytes) {
@@ -93,6 +115,43 @@ void Xlsx(std::string_view bytes) {
   std::ifstream file(name, std::ios::binary);
   const std::string book{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   Require(book.empty() || (book.starts_with("PK") && book.find("<f>") == std::string::npos));
+}
+
+/// The first byte chooses format, clock and how much one read gives; the next line is the heads' text, the rest a chart
+/// file.
+void Plain(std::string_view bytes) {
+  if (bytes.empty()) return;
+  const auto choice = static_cast<unsigned char>(bytes[0]);
+  const std::size_t feed = std::min(bytes.find('\n'), bytes.size() - 1);
+  const FakeLocale locale;
+  const CodePage1252 codePage;
+  const std::string head = codePage.Decode(bytes.substr(1, feed));
+  const PosixTimeZone zone;
+  ChartHeader header;
+  header.Unit = "ms";
+  header.ScanTime = "250";
+
+  PlainTable table;
+  table.format = PlainFormat{static_cast<std::uint8_t>(choice % 3)};
+  table.columns = {{head}, {head}, {"P003"}, {"P004"}};
+  if (choice & 4U) table.firstMoment = 0;
+  if (choice & 8U) table.clock = PointClock(header, nullptr, locale);
+  if (choice & 16U) table.range = {2, 3};
+  BytesFile file(bytes.substr(feed + 1), choice & 32U ? 7 : SIZE_MAX);
+  std::string text;
+  const PlainTableReport report =
+      PlainTableWriter(table, locale.Numbers(), codePage, zone).Write(file, [&text](std::string_view part) {
+        text += part;
+      });
+  if (table.format == PlainFormat::kJsonLines) {
+    const auto lines = Lines(text);
+    Require(report.points == static_cast<std::int64_t>(lines.size()) - 1 && lines.back().empty());
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) Require(nlohmann::json::parse(lines[i]).size() == 5);
+    return;
+  }
+  const auto counts = CellCounts(text, table.format == PlainFormat::kTabs ? '\t' : ',');
+  Require(std::ranges::all_of(counts, [](int count) { return count == 5; }));
+  Require(report.points == std::max(static_cast<std::int64_t>(counts.size()) - 1, std::int64_t{0}));
 }
 
 }  // namespace chartproject::fuzz

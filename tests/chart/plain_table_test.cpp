@@ -85,7 +85,7 @@ class PlainTableTest : public ::testing::Test {
     header.StartTime = "01:59:59";
     fake.files.Put("t.cht",
                    "[INFO]\r\n[TIME/CONTENT]\r\n01:59:59#1,5#run#=a\"b###\r\n01:59:59#0#--#x###\r\nbad\r\n'"
-                   "note\r\n01:59:59#3#\xE9####\r\n02:00:00#0#4#,###\r\n03:00:00#7#5#6###\r\n");
+                   "note\r\n01:59:59#3#\xE9####\r\n02:00:00#0#4#,###\r\n03:00:00#7#\"5#6###\r\n");
     table.columns = {{"P002 a,b", &failed}, {"P003"}, {"P003"}};
     table.clock = Clock();
     table.firstMoment = FirstMoment(table.clock, zone);
@@ -115,7 +115,7 @@ TEST_F(PlainTableTest, HasALineForEachPoint) {
             "1970-01-02T01:59:59.250+01:00,0,,x\n"
             "1970-01-02T03:00:00.000+02:00,3,\xC3\xA9,0\n"
             "1970-01-02T03:00:00.250+02:00,,4,\",\"\n"
-            "1970-01-02T03:00:00.500+02:00,7,5,6\n");
+            "1970-01-02T03:00:00.500+02:00,7,\"\"\"5\",6\n");
   EXPECT_EQ(report.points, 5);
   EXPECT_EQ(report.malformed, 1);
   EXPECT_EQ(report.firstMalformed, 5);
@@ -125,7 +125,7 @@ TEST_F(PlainTableTest, HasALineForEachPoint) {
             "{\"time\":\"1970-01-02T03:00:00.250+02:00\",\"P002 a,b\":null,\"P003\":4,\"P003 (2)\":\",\"}\n");
   table.firstMoment.reset();
   table.range = {7, 7};
-  EXPECT_EQ(Write(PlainFormat::kTabs), "time\tP002 a,b\tP003\tP003 (2)\n03:00:00\t7\t5\t6\n");
+  EXPECT_EQ(Write(PlainFormat::kTabs), "time\tP002 a,b\tP003\tP003 (2)\n03:00:00\t7\t\"\"\"5\"\t6\n");
   table.range = {8, 9};
   EXPECT_EQ(Write(PlainFormat::kTabs), "") << "after the end";
 }

@@ -11,12 +11,13 @@ void AppendField(std::string& line, std::string_view text, char separator) {
   constexpr std::string_view kFormulaSigns = "=+-@\t\r";
   const bool formula = !text.empty() && kFormulaSigns.find(text[0]) != std::string_view::npos;
   const bool tabs = separator == '\t';
-  const bool quoted = !tabs && text.find_first_of(",\"\r\n") != std::string_view::npos;
+  // Readers of tables with tabs know quotes at most at a field's start.
+  const bool quoted = tabs ? text.starts_with('"') : text.find_first_of(",\"\r\n") != std::string_view::npos;
   if (quoted) line += '"';
   if (formula) line += '\'';
   for (const char c : text) {
     if (quoted && c == '"') line += '"';
-    // A table with tabs has no quotes: a blank for what would part the line.
+    // In a table with tabs a blank for what would part the line: many readers split it without a look at quotes.
     line += tabs && (c == '\t' || c == '\r' || c == '\n') ? ' ' : c;
   }
   if (quoted) line += '"';
