@@ -1,12 +1,17 @@
 # What compilers and linkers offer against faults that hostile files might use, and what makes two builds of the same
 # sources the same bytes. tests/house/marks.py reads both from the finished files.
 
+# OFF only measures what the protections cost.
+option(CHARTPROJECT_HARDENING "Build with the protections that the compiler offers" ON)
+
 # In every build: a container that is used out of its bounds ends the program instead of reading on.
-add_compile_definitions(_GLIBCXX_ASSERTIONS)
+if(CHARTPROJECT_HARDENING)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
 
 # Sanitizers bring their own checks, and what is built without optimisation cannot be fortified.
 set(CHARTPROJECT_HARDENED OFF)
-if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+if(CHARTPROJECT_HARDENING AND CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set(CHARTPROJECT_HARDENED ON)
   add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
   # No name in the file depends on where the project lies.

@@ -302,9 +302,16 @@ void ExpectNoGrowth(int cycles, const std::function<void()>& action, std::size_t
   };
   for (int warmUp = 0; warmUp < cycles / 10; ++warmUp) action();
   measure();  // its own objects take memory the first time
-  const Use before = measure();
-  for (int cycle = 0; cycle < cycles; ++cycle) action();
-  const Use after = measure();
+  Use before{};
+  Use after{};
+  // A leak grows in every round. In one of them the system may take a large piece of memory, to give it out later.
+  constexpr int kRounds = 4;
+  for (int round = 0; round < kRounds; ++round) {
+    before = measure();
+    for (int cycle = 0; cycle < cycles; ++cycle) action();
+    after = measure();
+    if (after.bytes <= before.bytes + spareBytes) break;
+  }
   EXPECT_LE(after.handles, before.handles + 2);
   EXPECT_LE(after.windows, before.windows + 2);
   EXPECT_LE(after.drawing, before.drawing + 2);
