@@ -104,50 +104,17 @@ class ProgramTest(ProgramCase):
             list(progress)
             self.assertIn(child.wait(5), (-signal.SIGTERM, 3), wait)
 
-    def test_a_trigger_starts_the_recording_at_the_event(self):
-        self.put("plant.txt", "at 0 01 P003 1\nat 0 01 P005 1,5\nat 7300 01 P005 50\n")
-        done = self.acquire(3, "--trigger", "PXXX>=Content", "--compare", 5, "--content", 50, expected=0)
-        self.assertEqual(self.rows(), [b"08:00:%02d#1#50####" % second for second in (9, 10, 11)])
-        self.assertIn("waiting for PXXX>=Content", done.stderr)
-
     # Refusals and errors. ------------------------------------------------------------------------------------------
 
-    def test_what_the_dialog_refuses_is_told_and_ends_with_2(self):
+    def test_an_export_onto_its_own_chart_file_is_refused_under_each_of_its_names(self):
         self.put("own.cht", "[INFO]\r\nScan Time=1\r\n[TIME/CONTENT]\r\n")
         os.link(self.folder / "own.cht", self.folder / "hard.cht")
         os.symlink("own.cht", self.folder / "soft.cht")
-        file = ["--file", "run.cht"]
-        record = ["acquire", "--parameters", "3", *file]
-        range_text = "[Kestrel v5.60] Value out of range !"
-        cases = [
-            *(([*record, *more], range_text) for more in (("--points", 0), ("--points", 2000000001), ("--every", "66s"),
-                                                          ("--every", "150ms"), ("--every", "24:00:00"))),
-            ([*record, "--points", "12.6"], '--points: "12.6" is not accepted'),
-            ([*record, "--every", "5"], '--every: "5" is not a valid time'),
-            ([*record, "--address", 3], "there is no drive 03"),
-            ([*record, "--address", 99], "not a whole number from 0 to 30"),
-            ([*record, "--address", 2, "--trigger", "RUN"], "[Kestrel v5.60] Event not available"),
-            ([*record, "--trigger", "STOP"], 'there is no event "STOP"'),
-            ([*record, "--trigger", "PXXX=Content", "--content", 1], "needs --compare"),
-            ([*record, "--trigger", "PXXX=Content", "--compare", "5"], "Enter the content"),
-            ([*record, "--compare", 3], "--compare and --content go with"),
-            (["acquire", *file, "--parameters", "3,77"], "drive 01 has no parameter P077"),
-            (["acquire", *file, "--parameters", "3,3,3,3,3"], "one to four parameters"),
-            (["acquire", *file, "--parameters", "P999"], "999 marks a column that is not in use"),
-            (["export", "own.cht", "--output", "own.ods"], "none of the endings .xls, .xlsx, .csv"),
-            (["acquire", "--parameters", 3, "--file", "none/run.cht"], "none/run.cht does not exist."),
-            (["acquire", "--parameters", 3, "--file", "profile"], "is a folder."),
-            (["acquire", *file], "give both --file and --parameters"), (["acquire", "--points", 9], "in the dialog"),
-            (["settings", "MyConf.none"], 'no setting "MyConf.none"'),
-            *((["settings", f"MyConf.{key}", value], f'MyConf.{key}: "{value}" is no')
-              for key, value in (("intTrials", "1.5"), ("strLanguage", "english"), ("strGrid", "yes"))),
-            (["settings", "MyConf.intTrials", "99999"], "Overflow: setting MyConf.intTrials"),
-            *((["export", chart, "--output", output, "--answer", "yes"], "is the chart file itself")
-              for chart, output in (("own.cht", "hard.cht"), ("soft.cht", "own.cht"))),
-            (["read", 9, 3], "no drive at address 09"), (["fly"], "fly")]
-        for arguments, text in cases:
-            self.assertIn(text, self.run_program(*arguments, expected=2).stderr, arguments)
-            self.assertFalse((self.folder / "run.cht").exists())
+        for chart, output in (("own.cht", "hard.cht"), ("soft.cht", "own.cht")):
+            done = self.run_program("export", chart, "--output", output, "--answer", "yes", expected=2)
+            self.assertIn("is the chart file itself", done.stderr)
+        self.assertIn("none of the endings .xls, .xlsx, .csv",
+                      self.run_program("export", "own.cht", "--output", "own.ods", expected=2).stderr)
         self.assertEqual((self.folder / "hard.cht").stat().st_nlink, 2)
 
     def test_names_that_are_no_files_are_refused_and_left_alone(self):
@@ -206,38 +173,11 @@ class ProgramTest(ProgramCase):
         done = self.run_program("acquire", "--address", 2, "--parameters", 3, "--file", "run.cht", expected=0)
         self.assertIn("Error in line 4", done.stderr)
 
-    def test_run_time_errors_name_their_file_and_end_with_1(self):
-        self.put("bad.txt", "at 0 01 P003 1\nat soon 01 P005 2\n")
-        self.put("rubbish.cht", "\x00\x01\n" * 100)
-        (self.folder / "run.cht.tcf0").mkdir()
-        cases = [
-            (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:none.txt"}, "none.txt"),
-            (["acquire", "--parameters", 3, "--file", "run.cht"], {"link": "scenario:bad.txt"}, "at soon 01 P005 2"),
-            (["info", "none.cht"], {}, "none.cht"),
-            (["info", "rubbish.cht"], {}, "Not a chart file"),
-            (["export", "rubbish.cht"], {}, "Not a chart file"),
-            (["acquire", "--parameters", 3, "--points", 3000, "--file", "run.cht"], {}, "run.cht.tcf0: Is a directory"),
-            (["info", "."], {}, "directory"),
-        ]
-        for arguments, options, text in cases:
-            self.assertIn(text, self.run_program(*arguments, expected=1, **options).stderr, arguments)
-        self.assertFalse((self.folder / "run.cht").exists())
-
-    def test_a_setting_that_is_no_number_is_named_and_can_be_put_right(self):
-        self.put("profile/Kestrel v5.60.ini", "[MyConf]\nintTrials=many\n")
-        self.assertIn("intTrials", self.run_program("drives", expected=1).stderr)
-        self.run_program("settings", "MyConf.intTrials", "7", expected=0)
-        self.assertEqual(self.run_program("settings", "MyConf.intTrials").stdout, "7\n")
-        self.run_program("drives", expected=0)
-
     # A new user's way. -------------------------------------------------------------------------------------------
 
-    def test_a_made_project_records_from_its_simulated_drives_and_is_never_written_over(self):
+    def test_a_made_project_has_sounds_and_pictures_and_is_never_written_over(self):
         (self.folder / "profile/Kestrel v5.60.ini").unlink()
         self.run_program("init", "made", link="sim", expected=0)
-        listed = self.run_program("drives", link="sim").stdout
-        for model in ("KRA-09  2.40", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"):
-            self.assertIn(model, listed)
         for sound in ("NIMClick", "Complete", "ir_end"):
             with wave.open(str(self.folder / f"made/media/{sound}.wav")) as file:
                 data = file.readframes(file.getnframes())
@@ -253,61 +193,12 @@ class ProgramTest(ProgramCase):
                 self.assertEqual((start, *header), (end, 40, width, 2 * height), picture)
                 end += size
             self.assertEqual(end, len(data), picture)
-        for language in ("English", "Portuguese", "Spanish"):
-            self.run_program("settings", "MyConf.strLanguage", language)
-            self.acquire(20, link="sim", expected=0)
-            self.assertEqual(len(self.rows()), 20)
         settings = self.run_program("settings").stdout
         first = next(line for line in settings.splitlines() if "strDriveFile01" in line).partition("=")[2]
         drive = pathlib.Path(first.replace("\\", "/"))
         drive.write_text("Type=TSR-05\n")
         self.assertIn(str(drive), self.run_program("init", "made", link="sim").stdout)
         self.assertEqual(drive.read_text(), "Type=TSR-05\n")
-
-    # Reading. ------------------------------------------------------------------------------------------------------
-
-    def test_reads_and_lists(self):
-        self.assertEqual(self.run_program("read", 1, 3, 5, 77, expected=1).stdout,
-                         "P003 1.50\nP005 50.25\nP077 no answer\n")
-        self.assertIn("02       TSR-05  1.0", self.run_program("drives").stdout)
-        self.put("drive02.txt", "Type=KRA-08\r\nFirmware Version=1.0\r\n")
-        self.put("KRA08V10E.wcd", "")
-        self.put("power.txt", "at 0 02 P005 50\nat 0 02 P208 30\n")
-        self.assertEqual(self.run_program("read", 2, 2, link="scenario:power.txt").stdout, "P002 1500.00\n")
-        self.acquire(3)
-        told = json.loads(self.run_program("info", "run.cht", "--json").stdout)
-        self.assertEqual((told["rows"], told["malformedLines"], told["header"]["PXXX2"]), (3, 0, "005"))
-        self.put("cut.cht", "[INFO]\r\nDrive Address=01\r\n[TIME/CONTENT]\r\n1#2#3####\r\n\r\n  ' 1#2#3####\r\n08:0")
-        self.assertIn("Rows: 1\nMalformed lines: 1\n", self.run_program("info", "cut.cht").stdout)
-
-    def test_what_is_not_a_command_is_a_chart_file_or_refused(self):
-        for arguments, code, words in (
-                (["--version"], 0, "ChartProject "),
-                (["inof"], 2, '"inof" is neither a command nor a file; '),
-                (["gone.cht"], 1, "There is no display to show windows on."),
-                (["info", "one.cht", "two.cht"], 2, "The following argument was not expected: two.cht"),
-                (["describe", "addresses"], 0, "1\tKRA-09 \n2\tTSR-05 \n"),
-                (["describe", "parameters"], 0, "3\tMotor current\n5\tMotor frequency\n12\tInputs\n"),
-                (["describe", "man"], 0, "\n.SS read \\fIADDRESS\\fR \\fIPARAMETER\\fR...\n"),
-                (["describe", "bash"], 0, "acquire:--address) _chartproject_listed addresses; return ;;\n")):
-            done = self.run_program(*arguments, expected=code)
-            self.assertIn(words, done.stdout + done.stderr)
-
-    def test_drives_without_numbers_without_model_and_without_file(self):
-        self.put("drive01.txt", "Type=KRA-02\r\n")
-        self.put("KRA02E.wcd", "\r\n#1#x#\r\n#P1000" + 13 * "#")
-        done = self.run_program("read", 1, "P003", expected=1)
-        self.assertIn("KRA02E.wcd, line 3: ", done.stderr)
-        self.put("KRA02E.wcd", "#P003#Current" + 12 * "#")
-        self.assertEqual(self.run_program("read", 1, "P003", expected=0).stdout, "P003 no value shown\n")
-        self.assertIn("The model KRA-02 shows no numbers, except in P006.", 
-                      self.run_program("acquire", "--parameters", 3, "--file", "run.cht", "--points", 1).stderr)
-        self.put("drive02.txt", "Tag=none\r\n")
-        done = self.run_program("drives", "--json", expected=1)
-        self.assertEqual([drive["type"] for drive in json.loads(done.stdout)], ["KRA-02"])
-        self.assertIn("drive02.txt: the file names no model", done.stderr)
-        (self.folder / "drive01.txt").unlink()
-        self.assertIn("drive01.txt: there is no such file", self.run_program("drives", expected=1).stderr)
 
     def test_a_stranger_s_names_and_values_do_not_steer_the_terminal(self):
         self.put("own/h.cht", "[INFO]\r\nTrigger Mode=\x1b]0;t\x07\r\n[TIME/CONTENT]\r\n")
