@@ -58,11 +58,14 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
     int position;
     std::string scale;
     long perDivision;
-  } turns[] = {{"hsbGraph", 1, 273, "1", 1},  {"mscChart1", 2, 267, "1", 1},
-               {"txtScale1", 2, 267, "3", 1}, {"sldPointsPerDivision", 2, 225, "3", 3},
-               {"mscChart1", 1, 216, "3", 3}, {"cboChartType", -1, 216, "3", 3}};
+    bool sideways = false;
+  } turns[] = {{"hsbGraph", 1, 273, "1", 1},         {"mscChart1", 2, 267, "1", 1},
+               {"txtScale1", 2, 267, "3", 1},        {"sldPointsPerDivision", 2, 225, "3", 3},
+               {"mscChart1", 1, 216, "3", 3},        {"cboChartType", -1, 216, "3", 3},
+               {"mscChart1", -1, 207, "3", 3, true}, {"hsbGraph", 3, 210, "3", 3, true},
+               {"txtScale1", 1, 210, "3", 3, true}};
   for (const auto& turn : turns) {
-    form.Wheel(turn.under, turn.notches);
+    form.Wheel(turn.under, turn.notches, turn.sideways);
     EXPECT_TRUE(position(turn.position)) << turn.under << GetScrollPos(bar, SB_CTL);
     EXPECT_TRUE(WaitFor([&] { return form.Text("txtScale1") == turn.scale; })) << turn.under;
     EXPECT_EQ(form.Send("sldPointsPerDivision", TBM_GETPOS), turn.perDivision) << turn.under;
