@@ -148,9 +148,16 @@ void FormDriver::PointAt(const std::string& name) const {
 
 void FormDriver::Wheel(const std::string& name, int notches, bool sideways) const {
   PointAt(name);
+  if (sideways) {  // this Wine makes no message of such an input
+    RECT place;
+    GetWindowRect(Control(name), &place);
+    PostMessageW(window_, WM_MOUSEHWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
+                 MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2));
+    return;
+  }
   INPUT turn{};
   turn.type = INPUT_MOUSE;
-  turn.mi.dwFlags = sideways ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL;
+  turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
   turn.mi.mouseData = static_cast<DWORD>(notches) * WHEEL_DELTA;
   SendInput(1, &turn, sizeof turn);
 }

@@ -89,10 +89,13 @@ TEST(HostWithAWindow, AFormClosedMaximisedComesBackMaximisedAndFromThereToItsPla
         ShowWindowAsync(form.Window(), reopened ? SW_RESTORE : SW_MAXIMIZE);
         EXPECT_TRUE(WaitFor([&] { return zoomed(form) != reopened; }));
       }
-      RECT place;
-      GetWindowRect(form.Window(), &place);
-      const std::pair expected = zoomed(form) ? std::pair(place.left, place.top) : std::pair(31L, 17L);
-      EXPECT_EQ(std::pair(place.left, place.top), expected) << chart << round;
+      const bool maximised = round == std::string("maximised");
+      EXPECT_TRUE(WaitFor([&] {
+        RECT place;
+        GetWindowRect(form.Window(), &place);
+        return maximised || (place.left == 31 && place.top == 17);
+      })) << chart
+          << round;
       form.Close();
     }
   }
