@@ -127,7 +127,11 @@ TEST(Files, SideFilesTakeFreeNamesAndReplaceTheirTarget) {
   side.reset();
   EXPECT_EQ(testing::FileContents(name), "a stranger's");
   for (const std::string& each : {target, target + ".new", name, moved}) files.Delete(each);
-  EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading("NUL"); }), 75);
+  const HANDLE pipe = CreateNamedPipeW(LR"(\\.\pipe\planted)", PIPE_ACCESS_DUPLEX, 0, 1, 0, 0, 0, nullptr);
+  for (const char* device : {"NUL", "CON", "COM1", R"(\\.\pipe\planted)"}) {
+    EXPECT_NE(ErrorOf([&] { (void)files.OpenForReading(device); }), 0) << device;
+  }
+  CloseHandle(pipe);
 }
 
 TEST(Files, ANameIsLockedForOneUntilItLetsGo) {
