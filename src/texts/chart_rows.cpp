@@ -170,6 +170,14 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kNotAPicture, "%1 não é uma figura PNG e fica como está.", "%1 is not a PNG picture and stays as it is.",
      "%1 no es una imagen PNG y queda como está."},
     {Text::kPictureSaved, "Figura gravada: %1", "Picture saved: %1", "Imagen guardada: %1"},
+    {Text::kFollowedTitle, "%1 (registrando)", "%1 (recording)", "%1 (registrando)"},
+    {Text::kFollowing, "Registrando: %1 pontos até agora", "Recording: %1 points so far",
+     "Registrando: %1 puntos hasta ahora"},
+    {Text::kFollowInterrupted, "O registro foi interrompido. Estes são os %1 pontos que ficaram.",
+     "The recording was interrupted. These are the %1 points that were kept.",
+     "El registro fue interrumpido. Estos son los %1 puntos que quedaron."},
+    {Text::kFollowEnded, "O registro terminou; o arquivo está completo.",
+     "The recording has ended; the file is complete.", "El registro terminó; el archivo está completo."},
 });
 static_assert(InOrder(kRows, Text::kExportStopped), "every text has its row, in the order of the enumeration");
 

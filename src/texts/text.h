@@ -167,6 +167,9 @@ enum class Text : std::uint16_t {
   kRecoveredReadings,  ///< the same without a journal: neither are the failed readings
   kRecoveryProgress,   ///< "Saving the points of the interrupted recording: %1 % (Esc: not now)"
   kNotStarted,         ///< "Not started: the points of the interrupted recording beside %1 are as they were."
+  kCurve,              ///< caption of the button that shows the last points while they are recorded
+  kCurveTip,
+  kLiveChartWords,  ///< what the chart of the last points is
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -283,6 +286,10 @@ enum class Text : std::uint16_t {
   kPictureReplace,
   kNotAPicture,
   kPictureSaved,
+  kFollowedTitle,      ///< "%1 (recording)"
+  kFollowing,          ///< %1 points so far, of a recording that runs
+  kFollowInterrupted,  ///< %1 points that an interrupted recording kept
+  kFollowEnded,        ///< the recording that was followed is in its chart file
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives

@@ -116,6 +116,16 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
                  reinterpret_cast<LPARAM>(form.Control("sldPointsPerDivision")));
     SetWindowPos(form.Window(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
     form.Capture(TestFolder() + "\\win_chart_" + each.code + ".png");
+    const auto division = [&](const char* ending) {
+      return WaitFor([&] { return form.Text("lblPointsPerDivision").ends_with(ending); });
+    };
+    form.Keys({'L'});
+    form.Keys({VK_ADD});
+    EXPECT_TRUE(division(" 8"));
+    form.Keys({'F'});
+    EXPECT_TRUE(division(" 12"));
+    form.Capture(TestFolder() + "\\win_lanes_" + each.code + ".png");
+    form.Keys({'L'});
     Print(host, IDYES);
     EXPECT_EQ(host.ExitCode(), 0) << each.language;
     EXPECT_THAT(FileContents(page), HasSubstr("%%EOF"));
