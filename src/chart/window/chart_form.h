@@ -12,6 +12,7 @@
 #include "chart/window/sections/overview_section.h"
 #include "chart/window/sections/reading_section.h"
 #include "chart/window/sections/readout_section.h"
+#include "chart/window/sections/report_section.h"
 #include "chart/window/sections/scale_section.h"
 #include "chart/window/sections/scroll_section.h"
 #include "chart/window/sections/search_section.h"
@@ -69,6 +70,7 @@ class ChartForm : public Form {
   void NumberTexts();
   void ConnectSections();
   void OfferSearches();
+  void OfferOutput();
   void PlaceControls();
   void LoadPictures();
   void RestorePlace();
@@ -91,6 +93,7 @@ class ChartForm : public Form {
   ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
   AxesSection axes_{component_, view_, mscChart1, series};
   MeasureSection measure_{component_, view_, mscChart1, reading, readout_};
+  ReportSection report_{*this, component_, view_, mscChart1, look_, reading};
   SearchSection search_{component_, view_, mscChart1, reading, readout_};
 };
 
