@@ -318,6 +318,13 @@ enum class Text : std::uint16_t {
   kReportNotRead,
   kReportPage,  ///< %1 its number, %2 pages
   kNoPointOfRange,
+  kRangeTwoBeginnings,  ///< options of a range, as the next ones
+  kRangeTwoEnds,
+  kRangeEmpty,
+  kRangeOutside,     ///< %1 points of the file, %2 first point of the range
+  kRangeNotATime,    ///< %1 option, %2 its value
+  kRangeNoInterval,  ///< %1 option
+  kRangeNoStart,     ///< %1 option
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives

@@ -17,8 +17,8 @@ struct ReportRequest {
   PointRange range{};  ///< of the recording's points; cut where they end
   ChartLook look{};    ///< of the range's chart
   std::string title{};
-  std::string remark{};                                ///< may have several lines
-  std::array<std::optional<std::int64_t>, 2> cursors;  ///< points whose values are shown
+  std::string remark{};                                  ///< may have several lines
+  std::array<std::optional<std::int64_t>, 2> cursors{};  ///< points whose values are shown
 };
 
 /// "Start", "31/01/2026 08:00:00".

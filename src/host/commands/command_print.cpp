@@ -61,7 +61,7 @@ class PrintCommand : public Command {
     component.strChartFileName = FullName(file_);
 
     ChartView view(component.ports, component.chartHeader);
-    request.range = LoadChosenSlice(view, component.strChartFileName, choice);
+    request.range = LoadChosenSlice(view, component.strChartFileName, choice, component.language);
     RefuseCursorsOutside(view, request);
     NameSeriesIfKnown(view, component);
     ChartPage page = view.Page(component, choice.look);

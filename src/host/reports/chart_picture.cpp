@@ -43,19 +43,13 @@ CategoryUnit ParseAxis(const std::string& text) {
 
 constexpr std::int64_t kMostRows = std::int64_t{kDivisions} * kMostPointsPerDivision;
 
-[[noreturn]] void RefuseFirst(const PointRange& range, std::int64_t held) {
-  throw RefusedError("--first, --from: the file holds " + std::to_string(held) + " points, there is no point " +
-                     std::to_string(range.first));
-}
-
 /// The chosen range as far as the file has it, where that has to be known: an end that is the file's own, and a range
 /// of more points than are drawn one by one.
-PointRange Limited(ChartView& view, const ChartPictureOptions::Choice& choice) {
-  PointRange range = choice.range.Resolve(view.Clock());
+PointRange Limited(ChartView& view, const ChartPictureOptions::Choice& choice, Language language) {
+  PointRange range = choice.range.Resolve(view, language);
   const bool toTheEnd = choice.whole && !choice.pointsPerDivision && !range.HasEnd();
   if (!toTheEnd && !(range.HasEnd() && range.Count() > kMostRows)) return range;
   const std::int64_t held = view.Source().Count({}).value_or(PointCount{}).lastLine - view.FirstLine() + 1;
-  if (range.first > held) RefuseFirst(range, held);
   range.last = std::min(range.last, held);
   return range;
 }
@@ -126,22 +120,20 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   return choice;
 }
 
-PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice) {
+PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice,
+                           Language language) {
   view.Open(fileName);
   if (!view.HasPoints())
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
   if (view.AxisFor(choice.look.axis) != choice.look.axis) {
     throw RefusedError("--axis: the header of the file does not say the times of its points");
   }
-  const PointRange range = Limited(view, choice);
+  const PointRange range = Limited(view, choice, language);
   LoadSlice(view, range, choice.pointsPerDivision);
   if (view.Fault().number > 0) {
     constexpr std::size_t kMostShown = 80;
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kLineIsNotAPoint,
                        {fileName, std::to_string(view.Fault().number), view.Fault().text.substr(0, kMostShown)});
-  }
-  if (view.Shown().RowCount() == 0 && range.first > 1) {
-    RefuseFirst(range, view.Shown().lastLine - view.FirstLine() + 1);
   }
   return range.HasEnd() ? range : view.ShownRange().value_or(range);
 }

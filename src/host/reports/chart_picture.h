@@ -42,7 +42,8 @@ class ChartPictureOptions {
 /// Opens a chart file in a view and loads the chosen slice. @param fileName full name. Returns the points that are shown.
 /// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a range that the file
 /// does not have, or an axis of times that the file does not say.
-PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice);
+PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice,
+                           Language language);
 
 /// Names the series by the drive's parameters; a file of a drive that the project does not have keeps their numbers
 /// alone.
