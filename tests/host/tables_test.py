@@ -60,6 +60,10 @@ class TablesTest(ProgramCase):
             done = self.export("--plain", "--output", "none.csv", *options, code=2)
             self.assertIn(part, done.stderr)
             self.assertFalse((self.folder / "none.csv").exists())
+        self.export("--output", "none.xls", "--first", 11, code=2)
+        for language, part in (("Portuguese", "não é uma hora"), ("Spanish", "no es una hora")):
+            self.run_program("settings", "MyConf.strLanguage", language)
+            self.assertIn(part, self.export("--plain", "--output", "none.csv", "--to", "noon", code=2).stderr)
 
     def test_a_file_of_an_unknown_drive_keeps_its_texts_and_no_recording_is_replaced(self):
         self.put("run.cht", "[INFO]\r\nNumber of Parameters=1\r\nPXXX1=002\r\n[TIME/CONTENT]\r\n"

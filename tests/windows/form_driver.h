@@ -108,6 +108,7 @@ void ExpectNoGrowth(int cycles, const std::function<void()>& action, std::size_t
 /// With a key's number: the key is pressed together with this one.
 inline constexpr WORD kAlt = 0x100;
 inline constexpr WORD kShift = 0x200;
+inline constexpr WORD kControl = 0x400;
 
 /// Keys pressed and let go, as the keyboard does it, when a window has come to the front and takes input.
 void PressKeys(HWND window, const std::vector<WORD>& keys);
