@@ -155,6 +155,7 @@ TEST_F(ReportPagesTest, LeavesTheFirstPageAsItIsAndNothingLeavesThePaper) {
           EXPECT_FALSE(overprints) << text.text << " / " << other.text;
         }
       }
+      EXPECT_EQ(texts[plain.size()].text == "Pump 3", !long_) << "in the empty part of the first page";
       for (const auto& box : fakes.printer.drawings) EXPECT_LE(box.x + box.width, area.right);
       EXPECT_THAT(drawn, ::testing::IsSupersetOf({"1", "2"})) << "the cursors";
       EXPECT_EQ(fakes.printer.pages == 2, !long_);

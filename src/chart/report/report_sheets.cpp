@@ -23,6 +23,7 @@ ReportSheets::ReportSheets(Printer& printer, double bottom) : printer_(printer),
   const PageArea page = printer.Page();
   right_ = std::min(page.right, page.width - kMargin);
   bottom_ = page.bottom - kFootHeight;
+  firstFull_ = bottom > page.bottom - kFootText;
 }
 
 void ReportSheets::Need(double height) {
@@ -65,6 +66,7 @@ void ReportSheets::Print(const std::function<std::string(std::size_t sheet, std:
   for (std::size_t i = 0; i < sheets_.size(); ++i) {
     if (i > 0) printer_.NextPage();
     for (const auto& print : sheets_[i]) print(printer_);
+    if (i == 0 && firstFull_) continue;
     const std::string text = foot(i + 1, sheets_.size());
     const double begin = right_ - printer_.TextWidth(text, kFootFont);
     printer_.PrintText(ShortenMiddle(printer_, name, kFootFont, begin - kLeft - kFootText), kLeft, y, kFootFont);

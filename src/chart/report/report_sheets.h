@@ -36,7 +36,7 @@ class ReportSheets {
   /// A thin line over the width.
   void AddRule(double y);
 
-  /// @param foot of each sheet, given its number and how many there are
+  /// @param foot of each sheet that has room for it, given its number and how many there are
   void Print(const std::function<std::string(std::size_t sheet, std::size_t sheets)>& foot, const std::string& name);
 
   /// From one line of a font to the next.
@@ -47,6 +47,7 @@ class ReportSheets {
   double right_ = 0;
   double bottom_ = 0;
   double y_ = 0;
+  bool firstFull_ = false;  ///< down to its foot
   std::vector<std::vector<std::function<void(Printer&)>>> sheets_{1};
 };
 
