@@ -231,7 +231,8 @@ TEST_F(ChartWindowTest, TheMenuOffersEachActionWithItsKeyAndState) {
                                             "Copy the picture | Ctrl+Shift+C",
                                             "Save the picture... | Ctrl+S",
                                             "Export",
-                                            "Print"};
+                                            "Print",
+                                            "Print report... | Ctrl+P"};
     EXPECT_EQ(lines(), expected);
     form.mscChart1.MenuChosen(static_cast<int>(ChartAction::kLastPoint) + 1);
     EXPECT_EQ(FirstLabel(form), 76);
@@ -695,10 +696,8 @@ TEST_F(ChartWindowTest, ExportsTheRangeThatIsChosenInItsQuestion) {
     form.scroll.hsbGraph.SetValue(10);
     form.mscChart1.SetCursor(MeasuringCursor::kFirst, 70);
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 61);
-    const std::tuple<int, const char*, const char*, const char*> cases[] = {{-1, "=1", "=100", "Yes"},
-                                                                            {1, "=11", "=35", "Yes"},
-                                                                            {2, "=61", "=70", "Yes"},
-                                                                            {2, "", "", "No"}};
+    const std::tuple<int, const char*, const char*, const char*> cases[] = {
+        {-1, "=1", "=100", "Yes"}, {1, "=11", "=35", "Yes"}, {2, "=61", "=70", "Yes"}, {2, "", "", "No"}};
     for (const auto& [entry, first, last, answer] : cases) {
       fakes.files.Delete("/data/Test.cht.xls");
       fakes.spreadsheets.log.cells.clear();
@@ -706,8 +705,8 @@ TEST_F(ChartWindowTest, ExportsTheRangeThatIsChosenInItsQuestion) {
         auto& box = static_cast<ExportForm&>(window);
         EXPECT_EQ(box.lblQuestion.Caption(),
                   "Do you really want to export the points to Excel?\r\nThis operation may take several minutes...");
-        EXPECT_THAT(box.cboRange.Items(), ElementsAre("All points (100)", "Visible slice: 11 to 35",
-                                                      "Between the cursors: 61 to 70"));
+        EXPECT_THAT(box.cboRange.Items(),
+                    ElementsAre("All points (100)", "Visible slice: 11 to 35", "Between the cursors: 61 to 70"));
         EXPECT_EQ(box.cboRange.ListIndex(), 0);
         if (entry >= 0) box.cboRange.SetListIndex(entry);
         std::string_view(answer) == "Yes" ? box.cmdYes.Press() : box.cmdNo.Press();

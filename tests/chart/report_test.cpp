@@ -88,13 +88,14 @@ TEST_F(ReportTest, SaysWhatTheCompanionKnows) {
       "Latest=3000\r\n[TIMES]\r\nWithin=5\r\n1 0\r\n40 42900\r\n[SOURCE]\r\nDrives=simulated\r\n");
   const ChartReport report = Make({.range = {}, .cursors = {std::nullopt, 7}});
   EXPECT_THAT(Lines(report.recording),
-              ::testing::IsSupersetOf({"Duration: 42.9 s", "Real interval: 1.10 s on average (990 ms to 4.00 s), up to "
-                                                           "3.00 s late"}));
+              ::testing::IsSupersetOf({"Duration: 42.9 s",
+                                       "Real interval: 1.10 s on average (990 ms to 4.00 s), up to "
+                                       "3.00 s late"}));
   EXPECT_THAT(Lines(report.more),
               ::testing::IsSupersetOf({"Failed readings: P005: 1 of 40 readings failed, last: no answer",
                                        ": The values come from simulated drives."}));
-  EXPECT_THAT(Lines(report.cursorValues), ElementsAre("|Cursor 2", "Point|7", "Time|08:00:17", "P003|7",
-                                                      "P005|-- (not read)"));
+  EXPECT_THAT(Lines(report.cursorValues),
+              ElementsAre("|Cursor 2", "Point|7", "Time|08:00:17", "P003|7", "P005|-- (not read)"));
   EXPECT_EQ(report.range, "Points 1 to 40 of 40, 08:00:11 to 08:00:50");
 }
 
@@ -150,8 +151,8 @@ TEST_F(ReportPagesTest, LeavesTheFirstPageAsItIsAndNothingLeavesThePaper) {
         EXPECT_LE(right, area.right + 1e-9) << text.text;
         EXPECT_LE(text.y + text.font.points * 2.54 / 72, area.bottom) << text.text;
         for (const FakePrinter::Text& other : texts) {
-          const bool overprints = other.page == text.page && std::abs(other.y - text.y) < 0.2 && other.x > text.x &&
-                                  other.x < right - 1e-9;
+          const bool overprints =
+              other.page == text.page && std::abs(other.y - text.y) < 0.2 && other.x > text.x && other.x < right - 1e-9;
           EXPECT_FALSE(overprints) << text.text << " / " << other.text;
         }
       }

@@ -44,7 +44,7 @@ class FakePrinter : public Printer {
   int missingIcon = 0;      ///< error number that an icon raises; 0 paints it
   std::vector<Text> texts;
   std::vector<Picture> pictures;
-  std::vector<Picture> drawings;  ///< boxes that were drawn into
+  std::vector<Picture> drawings;                                        ///< boxes that were drawn into
   std::function<void(const std::function<void(Canvas&)>& paint)> draw;  ///< offers a canvas; may be empty
   std::vector<std::string> icons;
   int pages = 0;  ///< of the last document

@@ -248,11 +248,10 @@ class Export {
     Workbook workbook(component_, *application_);
     workbook.WriteHeader(request_.header);
     const Lines lines =
-        ForEachPoint(component_, request_, linesBetweenProgress,
-                     [&workbook](const ChartRow& row, std::int64_t line) {
-                       workbook.WritePoint(row, line);
-                       return true;
-                     });
+        ForEachPoint(component_, request_, linesBetweenProgress, [&workbook](const ChartRow& row, std::int64_t line) {
+          workbook.WritePoint(row, line);
+          return true;
+        });
     application_->SaveAs({place_, kNormalWorkbookFormat, "", "", false, false});
     application_->Quit();
     application_.reset();
@@ -340,8 +339,8 @@ class Export {
   Component& component_;
   ExportRequest request_;
   bool chosen_ = false;  ///< the user chose a part of the points
-  std::string target_;  ///< as the user knows it
-  std::string place_;   ///< the file itself, when the target is a link
+  std::string target_;   ///< as the user knows it
+  std::string place_;    ///< the file itself, when the target is a link
   std::unique_ptr<SpreadsheetApplication> application_;
 };
 

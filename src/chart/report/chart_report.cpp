@@ -19,9 +19,8 @@ std::string TimeOf(const Environment& environment, ChartView& view, std::int64_t
 }
 
 std::string RangeText(const Environment& environment, ChartView& view, const PointRange& range, std::int64_t points) {
-  std::string text =
-      FillIn(LoadMessage(environment, Text::kReportRange),
-             {std::to_string(range.first), std::to_string(range.last), std::to_string(points)});
+  std::string text = FillIn(LoadMessage(environment, Text::kReportRange),
+                            {std::to_string(range.first), std::to_string(range.last), std::to_string(points)});
   const std::string first = TimeOf(environment, view, range.first);
   const std::string last = TimeOf(environment, view, range.last);
   if (!first.empty() && !last.empty()) {

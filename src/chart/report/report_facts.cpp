@@ -48,8 +48,8 @@ std::vector<ReportItem> RecordingFacts(const Component& component, const ChartVi
   const ChartHeader& header = component.chartHeader;
   std::string duration = kNothing;
   if (view.Clock().Known()) {
-    duration = TimeText(view.Clock().ElapsedAt(static_cast<double>(points)) / kSecond,
-                        component.ports.locale.Numbers());
+    duration =
+        TimeText(view.Clock().ElapsedAt(static_cast<double>(points)) / kSecond, component.ports.locale.Numbers());
   }
   const auto label = [&](Text text) { return LoadMessage(component, text); };
   return {{label(Text::kReportStart), OrNothing(header.StartDate) + " " + header.StartTime},

@@ -46,8 +46,9 @@ class ReportPages {
   void Print() {
     sheets_.Skip(kGap);
     PlaceLines(VisibleText(report_.title), kTitleFont, kMostTitleLines);
-    PlaceBeside();
-    PlaceItems(report_.more, kMostLongLines);
+    const double labels = std::max(LabelWidth(report_.recording), LabelWidth(report_.more));
+    PlaceBeside(labels);
+    PlaceItems(report_.more, labels);
     PlaceRemark();
     PlaceChart();
     PlaceTable(report_.statistics);
@@ -96,8 +97,8 @@ class ReportPages {
     return at - y;
   }
 
-  /// Recording and drive, each in its half.
-  void PlaceBeside() {
+  /// Recording and drive, each in its half. @param left width of the recording's labels
+  void PlaceBeside(double left) {
     const double half = (sheets_.Width() - kColumnGap) / 2;
     const double middle = ReportSheets::kLeft + half + kColumnGap;
     const double height = ReportSheets::LineHeight(kTextFont);
@@ -107,7 +108,6 @@ class ReportPages {
     const double top = sheets_.Take(heading);
     sheets_.AddText(LoadMessage(component_, Text::kReportRecording), ReportSheets::kLeft, top, kHeadingFont);
     sheets_.AddText(LoadMessage(component_, Text::kReportDrive), middle, top, kHeadingFont);
-    const double left = LabelWidth(report_.recording);
     const double right = LabelWidth(report_.drive);
     for (std::size_t i = 0; i < std::max(report_.recording.size(), report_.drive.size()); ++i) {
       sheets_.Need(kMostValueLines * height);
@@ -123,14 +123,13 @@ class ReportPages {
     }
   }
 
-  void PlaceItems(const std::vector<ReportItem>& items, int mostLines) {
-    const double labels = LabelWidth(items);
+  void PlaceItems(const std::vector<ReportItem>& items, double labels) {
     for (const ReportItem& item : items) {
       const std::size_t lines =
-          WrapText(printer_, item.value, kTextFont, sheets_.Width() - labels, mostLines).size();
+          WrapText(printer_, item.value, kTextFont, sheets_.Width() - labels, kMostLongLines).size();
       const double height = static_cast<double>(lines) * ReportSheets::LineHeight(kTextFont);
       const double y = sheets_.Take(height);
-      AddItem(item, ReportSheets::kLeft, y, labels, sheets_.Width(), mostLines);
+      AddItem(item, ReportSheets::kLeft, y, labels, sheets_.Width(), kMostLongLines);
     }
   }
 
@@ -163,8 +162,7 @@ class ReportPages {
   }
 
   void PaintRange(Canvas& canvas) const {
-    const ChartScene chart =
-        BuildChartScene(report_.chart, canvas.Extent(), canvas, component_.ports.locale.Numbers());
+    const ChartScene chart = BuildChartScene(report_.chart, canvas.Extent(), canvas, component_.ports.locale.Numbers());
     chart.scene.Paint(canvas);
     Scene cursors;
     for (std::size_t which = 0; which < report_.cursors.size(); ++which) {

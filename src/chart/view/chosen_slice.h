@@ -18,7 +18,7 @@ class ChosenSlice {
     std::int32_t startLine = 0;
     std::int32_t endLine = 0;
     std::int16_t pointsPerDivision = 1;
-    WideDivision wide;  ///< no points: the slice is not wide
+    WideDivision wide;                                                ///< no points: the slice is not wide
     std::int64_t wideEnd = std::numeric_limits<std::int64_t>::max();  ///< line that a wide slice ends before
   };
 

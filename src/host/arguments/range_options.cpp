@@ -5,8 +5,8 @@
 
 #include "acquire/dialog/input_rules.h"
 #include "backends/posix/posix_time_zone.h"
-#include "host/arguments/arguments.h"
 #include "common/values/text.h"
+#include "host/arguments/arguments.h"
 #include "host/arguments/command.h"
 #include "texts/texts.h"
 

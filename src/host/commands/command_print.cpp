@@ -33,9 +33,10 @@ class PrintCommand : public Command {
     app->add_option("--paper", paper_, "size of the paper [default: the printer's own, or that of the country]")
         ->type_name("A3|A4|A5|Letter|Legal");
     options_.AddTo(*app);
-    app->add_flag("--report", report_,
-                  "also what is known of the recording, its drive and the printed range, on further pages; the range is "
-                  "all the points unless it is given");
+    app->add_flag(
+        "--report", report_,
+        "also what is known of the recording, its drive and the printed range, on further pages; the range is "
+        "all the points unless it is given");
     app->add_option("--title", title_, "title of the report")->type_name("TEXT");
     app->add_option("--remark", remark_, "remark in the report; it may have several lines")->type_name("TEXT");
     app->add_option("--cursors", cursors_, "points whose values the report shows, one or two, for example 120,340")

@@ -39,9 +39,9 @@ class ChartPictureOptions {
   bool legend_ = false;
 };
 
-/// Opens a chart file in a view and loads the chosen slice. @param fileName full name. Returns the points that are shown.
-/// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a range that the file
-/// does not have, or an axis of times that the file does not say.
+/// Opens a chart file in a view and loads the chosen slice. @param fileName full name. Returns the points that are
+/// shown. Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a range that the
+/// file does not have, or an axis of times that the file does not say.
 PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice,
                            Language language);
 

@@ -67,10 +67,10 @@ OwnedPen GdiCanvas::MakePen(const Pen& pen) const {
   const LOGBRUSH brush{BS_SOLID, ToGdi(pen.color), 0};
   constexpr DWORD kShape = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_ROUND;
   if (pen.style == PenStyle::kSolid) return OwnedPen(ExtCreatePen(kShape | PS_SOLID, width, &brush, 0, nullptr));
-  const std::array<DWORD, 2> lengths =
-      pen.style == PenStyle::kDash ? std::array<DWORD, 2>{4 * width, 3 * width} : std::array<DWORD, 2>{width, 2 * width};
-  return OwnedPen(ExtCreatePen(kShape | PS_USERSTYLE, width, &brush, static_cast<DWORD>(lengths.size()),
-                               lengths.data()));
+  const std::array<DWORD, 2> lengths = pen.style == PenStyle::kDash ? std::array<DWORD, 2>{4 * width, 3 * width}
+                                                                    : std::array<DWORD, 2>{width, 2 * width};
+  return OwnedPen(
+      ExtCreatePen(kShape | PS_USERSTYLE, width, &brush, static_cast<DWORD>(lengths.size()), lengths.data()));
 }
 
 OwnedFont GdiCanvas::MakeFont(const Font& font) const {

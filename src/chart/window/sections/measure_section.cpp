@@ -32,8 +32,9 @@ void MeasureSection::Offer(ChartActions& actions) {
   for (const auto& [action, cursor, step] : moves) {
     actions.Set(action, {[this, cursor = cursor, step = step] { MoveCursor(cursor, step); }, points});
   }
-  actions.Set(ChartAction::kStatistics,
-              {[this] { ToggleStatistics(); }, [this] { return CursorRange(chart_).has_value(); }, [this] { return shown_; }});
+  actions.Set(
+      ChartAction::kStatistics,
+      {[this] { ToggleStatistics(); }, [this] { return CursorRange(chart_).has_value(); }, [this] { return shown_; }});
   actions.Set(ChartAction::kCopyNumbers, {[this] { CopyNumbers(); }, [this] { return AnyCursor(); }});
 }
 

@@ -12,9 +12,9 @@
 namespace chartproject {
 
 void ReportSection::Offer(ChartActions& actions) {
-  actions.Set(ChartAction::kPrintReport, {[this] { Print(); }, [this] {
-                                            return form_.Host().Pictures() != nullptr && view_.ShownRange().has_value();
-                                          }});
+  actions.Set(
+      ChartAction::kPrintReport,
+      {[this] { Print(); }, [this] { return form_.Host().Pictures() != nullptr && view_.ShownRange().has_value(); }});
 }
 
 void ReportSection::Restart() {
