@@ -290,6 +290,48 @@ enum class Text : std::uint16_t {
   kFollowing,          ///< %1 points so far, of a recording that runs
   kFollowInterrupted,  ///< %1 points that an interrupted recording kept
   kFollowEnded,        ///< the recording that was followed is in its chart file
+  kActionPrintReport,
+  kRangeLabel,
+  kRangeAll,      ///< %1 number of points
+  kRangeVisible,  ///< %1 first and %2 last point
+  kRangeCursors,  ///< %1 first and %2 last point
+  kRangePart,     ///< asked after a refusal
+  kReportForm,
+  kReportTitle,
+  kReportRemark,
+  kReportRecording,
+  kReportDrive,
+  kReportStart,
+  kReportEnd,
+  kReportDuration,
+  kReportAsked,
+  kReportReal,
+  kReportNoDelay,
+  kReportPace,  ///< %1 mean, %2 shortest and %3 longest interval, %4 how late the latest point came
+  kReportFailed,
+  kReportNoneNoted,
+  kReportNotKnown,
+  kReportSerialNumber,
+  kReportReference,
+  kReportRange,  ///< %1 first, %2 last point, %3 points of the recording
+  kReportStatistics,
+  kReportRms,
+  kReportNoValue,
+  kReportCursors,
+  kReportCursor,      ///< %1 its number
+  kReportDifference,  ///< second cursor minus first
+  kReportPointNumber,
+  kReportTime,
+  kReportNotRead,
+  kReportPage,  ///< %1 its number, %2 pages
+  kNoPointOfRange,
+  kRangeTwoBeginnings,  ///< options of a range, as the next ones
+  kRangeTwoEnds,
+  kRangeEmpty,
+  kRangeOutside,     ///< %1 points of the file, %2 first point of the range
+  kRangeNotATime,    ///< %1 option, %2 its value
+  kRangeNoInterval,  ///< %1 option
+  kRangeNoStart,     ///< %1 option
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives

@@ -168,6 +168,26 @@ TEST(PrintingOnWindows, SaysSoUntilThePrinterHasThePage) {
   EXPECT_THAT(picture->pixels, AllOf(Contains(0xFFFFFFE6U), Contains(0xFFFF0000U))) << "backdrop, first series";
 }
 
+TEST(PrintingOnWindows, AsksForRangeTitleAndRemarkOfAReportAndPrintsIt) {
+  const TestPrinter printer("/no/such/folder/page");  // the file comes in its place
+  const std::string page = TestFolder() + "\\report.ps";
+  ScriptHost host = OpenChart("Spanish", page.c_str());
+  const FormDriver form(host.Process(), L"");
+  form.Keys({kControl | 'P'});
+  const FormDriver report(host.Process(), L"Imprimir informe");
+  EXPECT_EQ(report.Text("cboRange"), "Parte visible: 1 a 25");
+  report.Choose("cboRange", 0);
+  report.Type("txtTitle", L"Bomba 3");
+  report.Type("txtRemark", L"Sin alarmas");
+  report.Capture(TestFolder() + "\\win_report.png");
+  report.Press("cmdPrint");
+  EXPECT_TRUE(WaitFor([&] { return FileContents(page).find("%%EOF") != std::string::npos; }));
+  EXPECT_THAT(FileContents(page), HasSubstr("%%Pages: 2"));
+  EXPECT_TRUE(WaitFor([&] { return form.IsUp() && !report.IsUp(); }));
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
+}
+
 TEST(PrintingOnWindows, NamesWhatFailsAndReturnsToTheHost) {
   const struct {
     const char* port;  // null: there is no printer
