@@ -59,9 +59,12 @@ void FormPlace::FitToScreen() {
   layout_.FitGaps({(Width(area) - frame.cx) / context_.scale, (Height(area) - frame.cy) / context_.scale});
 }
 
-/// The size that the form asks for, or that the user gave it.
+/// The size that the form asks for, or that the user gave it; never more than its screen has.
 SIZE FormPlace::WantedSize() const {
-  return {context_.Dots(form_.Width() / kTwipsPerPixel), context_.Dots(form_.Height() / kTwipsPerPixel)};
+  const SIZE size{context_.Dots(form_.Width() / kTwipsPerPixel), context_.Dots(form_.Height() / kTwipsPerPixel)};
+  RECT area;
+  if (!WorkArea(MonitorFromWindow(context_.formWindow, MONITOR_DEFAULTTONEAREST), area)) return size;
+  return {std::min(size.cx, Width(area)), std::min(size.cy, Height(area))};
 }
 
 void FormPlace::Arrange() {
