@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 #include "forms/form_host.h"
 
@@ -29,8 +30,6 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
   lblTimeBetweenPointsPB.SetTag(TextNumber(Text::kTimeAmongPoints));
   for (Label* label : {&lblHint, &lblEstimate, &lblNotice, &lblStart, &lblTrigger}) label->SetWordWrap(true);
   lblNotice.SetVisible(false);
-  cmdCurve.SetTag(TextNumber(Text::kCurve));
-  cmdCurve.SetToolTipText(TextNumber(Text::kCurveTip));
   cmdCurve.SetVisible(curve != nullptr);
   Connect(cmdCurve.click, cmdCurve, "Click", this, &RunPanel::cmdCurve_Click);
   imgTrigger1.SetVisible(false);
@@ -64,6 +63,8 @@ LayoutBox RunPanel::ProgressLayout() {
 }
 
 void RunPanel::Prepare() {
+  cmdCurve.SetCaption(Say(Text::kCurve));
+  cmdCurve.SetToolTipText(Say(Text::kCurveTip));
   curveOpen_ = curve && component_.ports.settings.Read(form_.Name(), kCurveKey) == "Yes";
 }
 
@@ -191,8 +192,17 @@ void RunPanel::ShowProgressArea(bool visible) {
 }
 
 void RunPanel::TakeHeight() {
-  form_.SetHeight(!picProgress.Visible() ? kSetUpHeight : curveOpen_ ? kCurveHeight : kSamplingHeight);
+  const bool curveShown = picProgress.Visible() && curveOpen_;
+  form_.SetHeight(!picProgress.Visible() ? kSetUpHeight : curveShown ? kCurveHeight : kSamplingHeight);
   form_.LayoutChanged();
+  // On a small screen the dialog makes room for the curve above itself, and comes down again after it.
+  const double lowest = std::max(0.0, form_.Host().ScreenSize().height - form_.Height());
+  if (curveShown && form_.Top() > lowest) {
+    if (!topBefore_) topBefore_ = form_.Top();
+    form_.SetTop(lowest);
+  } else if (!curveShown && topBefore_) {
+    form_.SetTop(*std::exchange(topBefore_, std::nullopt));
+  }
 }
 
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "acquire/dialog/section.h"
 #include "acquire/run/run_controller.h"
@@ -85,6 +86,7 @@ class RunPanel : public Section, public RunDisplay {
 
   Dialog dialog_;
   bool curveOpen_ = false;
+  std::optional<double> topBefore_;  ///< of the dialog, while it is higher up for the curve
 };
 
 }  // namespace chartproject

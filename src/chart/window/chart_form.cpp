@@ -248,6 +248,7 @@ bool ChartForm::LoadSlice() {
 /// The recording that was followed: the same points are in its chart file now, and stay where they are shown.
 void ChartForm::OpenFinished() {
   const std::int64_t firstLine = view_.FirstLine();
+  if (view_.Unfinished()->journal.simulated) component_.simulatedRecordings.insert(view_.FileName());
   view_.OpenFinished();
   view_.NameSeries(component_);
   {
