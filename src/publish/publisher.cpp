@@ -45,7 +45,7 @@ Publisher::Publisher(const PublishPorts& ports, PublishRequest request, LinePost
       batchLimit_(kBatchPoints) {}
 
 Publisher::~Publisher() {
-  if (history_ && unsaved_) KeepPosition();
+  if (unsaved_) KeepPosition();
 }
 
 PublishState Publisher::Step(const std::function<bool()>& goOn) {
@@ -307,6 +307,7 @@ PublishState Publisher::Wait(Instant duration) {
 }
 
 void Publisher::KeepPosition() {
+  if (!history_) return;
   lastSaved_ = ports_.clock.Now();
   unsaved_ = false;
   position_.acknowledged = report_.acknowledged;

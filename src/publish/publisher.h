@@ -82,7 +82,7 @@ class Publisher {
   void RecordingEnded() noexcept { ended_ = true; }
   /// Lets it wait for the server no longer. An attempt is made even so.
   void Hurry() noexcept { wakeAt_ = Instant{}; }
-  /// Writes the position into its file.
+  /// Writes the position into its file; nothing before the recording was opened.
   void KeepPosition();
 
   [[nodiscard]] const PublishReport& Report() const noexcept { return report_; }

@@ -56,8 +56,8 @@ struct FakePoster : LinePoster {
 };
 
 std::string Header(const std::string& scan = "1", const std::string& unit = "s") {
-  return "Drive Address=01\r\nNumber of Parameters=2\r\nPXXX1=002\r\nPXXX2=003\r\nScan Time=" + scan + "\r\nUnit=" + unit +
-         "\r\nNumber of Points=9\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\n";
+  return "Drive Address=01\r\nNumber of Parameters=2\r\nPXXX1=002\r\nPXXX2=003\r\nScan Time=" + scan +
+         "\r\nUnit=" + unit + "\r\nNumber of Points=9\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\n";
 }
 
 /// Rows of one second each, with values that name their points.
@@ -65,7 +65,8 @@ std::string Rows(int first, int last) {
   std::string rows;
   for (int point = first; point <= last; ++point) {
     const int second = point - 1;
-    rows += FormatTimeOfDay(8 + second / 3600, second / 60 % 60, second % 60) + "#" + std::to_string(point) + "#1,5####\r\n";
+    rows += FormatTimeOfDay(8 + second / 3600, second / 60 % 60, second % 60) + "#" + std::to_string(point) +
+            "#1,5####\r\n";
   }
   return rows;
 }
@@ -86,8 +87,8 @@ class PublishTest : public ::testing::Test {
     publisher.reset();
     PublishRequest request{.chartFile = kChart, .measurement = "chart", .live = live, .again = again};
     request.tags = [](const ChartHeader& header) { return LineTags{{"drive", header.DriveAddress}}; };
-    publisher = std::make_unique<Publisher>(
-        PublishPorts{fake.files, fake.codePage, fake.locale, zone, fake.clock}, std::move(request), poster);
+    publisher = std::make_unique<Publisher>(PublishPorts{fake.files, fake.codePage, fake.locale, zone, fake.clock},
+                                            std::move(request), poster);
     publisher->troubled = [this] { ++troubles; };
   }
   /// Steps until it ends, or for so long.
@@ -162,16 +163,16 @@ TEST(RowMoments, FollowTheRowsOnlyWhereTheyAreAhead) {
   const std::int64_t begin = kStart + (15 * 3600 + 3598) * 1000 + 3'600'000 - 3'600'000;
   EXPECT_EQ(moments.Begin().moment, begin);
   EXPECT_EQ(moments.At(1, "23:59:58") - begin, 0);
-  EXPECT_EQ(moments.At(11, "00:00:01") - begin, 2000);   // the second of the row may have begun just now
+  EXPECT_EQ(moments.At(11, "00:00:01") - begin, 2000);  // the second of the row may have begun just now
   EXPECT_EQ(moments.At(12, "00:00:02") - begin, 2200);
-  EXPECT_EQ(moments.At(13, "00:00:05") - begin, 7000);   // late: the row's own time
+  EXPECT_EQ(moments.At(13, "00:00:05") - begin, 7000);  // late: the row's own time
   EXPECT_EQ(moments.At(14, "00:00:05") - begin, 7200);
-  EXPECT_EQ(moments.At(15, "23:00:00") - begin, 7400);   // the clock was set back: times go on
+  EXPECT_EQ(moments.At(15, "23:00:00") - begin, 7400);  // the clock was set back: times go on
   const RowMoments::Anchor anchor = moments.State();
   moments.Restore(moments.Begin());
   EXPECT_EQ(moments.At(2, "23:59:58") - begin, 200);
   moments.Restore(anchor);
-  EXPECT_EQ(moments.At(14, "00:00:05") - begin, 7200);   // sent again: equal
+  EXPECT_EQ(moments.At(14, "00:00:05") - begin, 7200);  // sent again: equal
   header.StartDate = "someday";
   EXPECT_THAT(ErrorTextOf([&] { RowMoments(header, nullptr, locale, zone, kChart); }),
               StartsWith("321 /p/Test.cht: the file does not say when it was recorded"));
@@ -189,16 +190,18 @@ TEST(SeriesNames, ARecoveredRecordingKeepsItsNames) {
 }
 
 TEST_F(PublishTest, AFinishedRecordingGoesWholeWithoutItsFailedReadings) {
-  fake.files.Put(kChart, Chart("08:00:00#1#0####\r\n08:00:01#2#0####\r\n08:00:02#--#x####\r\n08:00:03#4#5####\r\n######\r\n"));
-  fake.files.Put("/p/Test.cht.readings",
-                 "[CHART READINGS]\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\nEnd Date=\r\nEnd Time=\r\nPoints=4\r\n"
-                 "\r\n[FAILED]\r\n2 P003 2 4 2 no-answer\r\n");
+  fake.files.Put(kChart,
+                 Chart("08:00:00#1#0####\r\n08:00:01#2#0####\r\n08:00:02#--#x####\r\n08:00:03#4#5####\r\n######\r\n"));
+  fake.files.Put(
+      "/p/Test.cht.readings",
+      "[CHART READINGS]\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\nEnd Date=\r\nEnd Time=\r\nPoints=4\r\n"
+      "\r\n[FAILED]\r\n2 P003 2 4 2 no-answer\r\n");
   EXPECT_EQ(Run(), PublishState::kComplete);
   const std::string key = "chart,drive=01,recording=" + RecordingName(kChart, [&] {
-    ChartHeader header;
-    (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
-    return header;
-  }());
+                            ChartHeader header;
+                            (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
+                            return header;
+                          }());
   EXPECT_EQ(poster.taken, key + " P002=1,P003=0 1769846400000\n" + key + " P002=2 1769846401000\n" + key +
                               " P002=4,P003=5 1769846403000\n");
   EXPECT_EQ(publisher->Report().acknowledged, 4);
@@ -221,7 +224,9 @@ TEST_F(PublishTest, ARunningRecordingIsFollowedThroughItsFilesIntoItsChartFile) 
     EXPECT_EQ(Run(seconds(3)), PublishState::kWaiting);
     EXPECT_EQ(Taken(), "1-3");
     fake.files.Append(kJournal, "'Fails=1 P002 4 4 1 no-answer\r\n");
-    if (!spooled) fake.files.Overwrite(rowFile, Journal("[TIME/CONTENT]\r\n'Fails=1 P002 4 4 1 no-answer\r\n" + Rows(1, 3) + "08:00:03#4"));
+    if (!spooled)
+      fake.files.Overwrite(rowFile,
+                           Journal("[TIME/CONTENT]\r\n'Fails=1 P002 4 4 1 no-answer\r\n" + Rows(1, 3) + "08:00:03#4"));
     fake.files.Append(rowFile, "#7####\r\n");
     EXPECT_EQ(Run(seconds(3)), PublishState::kWaiting);
     if (spooled) {
@@ -256,7 +261,8 @@ TEST_F(PublishTest, AfterABreakTheLastTenMinutesGoAgainAndAfterARefusalNothing) 
   };
   record(1, 1000);
   EXPECT_EQ(Taken(), "1-999");
-  poster.answers = {{.result = PostResult::kServerBusy, .status = 507}, {.result = PostResult::kServerBusy, .status = 507}};
+  poster.answers = {{.result = PostResult::kServerBusy, .status = 507},
+                    {.result = PostResult::kServerBusy, .status = 507}};
   record(1001, 1010);
   EXPECT_THAT(Taken(), StartsWith("1000-"));
   EXPECT_EQ(troubles, 1);
@@ -324,7 +330,8 @@ TEST_F(PublishTest, RefusalsFailAndLargeBatchesAreDivided) {
   EXPECT_LE(poster.posts, 10);
   EXPECT_EQ(FailureText(Language::kPortuguese, "http://db", publisher->Report()),
             "http://db não pode ser alcançado: refused");
-  EXPECT_EQ(FailureText(Language::kSpanish, "http://db", publisher->Report()), "No se puede acceder a http://db: refused");
+  EXPECT_EQ(FailureText(Language::kSpanish, "http://db", publisher->Report()),
+            "No se puede acceder a http://db: refused");
 }
 
 TEST_F(PublishTest, FilesThatAreInTheWay) {
@@ -335,13 +342,15 @@ TEST_F(PublishTest, FilesThatAreInTheWay) {
   EXPECT_EQ(fake.files.Bytes(kPosition), "somebody's own\r\n");
   // Values that nobody wrote: another tag, a place after the end, numbers out of range.
   const std::string begin = "[CHART PUBLISHED]\r\n[DATABASE]\r\nAddress=http://db/write\r\nMeasurement=chart\r\n";
-  for (const char* lines : {"Series=chart,a=b c=1\r\n", "Series=chart\r\nResume=-1 1 1\r\n", "Series=chart\r\nResume=1 99 1\r\n",
-                            "Series=chart\r\nResume=99999999999 1 1\r\nAcknowledged=x\r\n", "Series=other\r\n"}) {
-    fake.files.Put(kPosition, begin + "Recording=" + [&] {
-      ChartHeader header;
-      (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
-      return RecordingMark(header);
-    }() + "\r\n" + lines);
+  for (const char* lines :
+       {"Series=chart,a=b c=1\r\n", "Series=chart\r\nResume=-1 1 1\r\n", "Series=chart\r\nResume=1 99 1\r\n",
+        "Series=chart\r\nResume=99999999999 1 1\r\nAcknowledged=x\r\n", "Series=other\r\n"}) {
+    fake.files.Put(
+        kPosition, begin + "Recording=" + [&] {
+          ChartHeader header;
+          (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
+          return RecordingMark(header);
+        }() + "\r\n" + lines);
     poster.taken.clear();
     Open();
     EXPECT_EQ(Run(), PublishState::kComplete) << lines;
@@ -351,7 +360,8 @@ TEST_F(PublishTest, FilesThatAreInTheWay) {
   fake.files.locked.insert(kPosition);
   Open();
   EXPECT_EQ(Run(), PublishState::kFailed);
-  EXPECT_THAT(publisher->Report().fault->Description(), StartsWith("/p/Test.cht is being published by another program"));
+  EXPECT_THAT(publisher->Report().fault->Description(),
+              StartsWith("/p/Test.cht is being published by another program"));
 }
 
 }  // namespace
