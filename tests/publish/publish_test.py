@@ -366,9 +366,13 @@ class LongRuns(PublishCase):
                 print(turn, name, json.loads(child.communicate(timeout=300)[0])["interval"])
 
     def test_backfill(self):
-        done = self.run_program("acquire", "--address", 1, "--parameters", "2,3,5,6", "--points", 1000000, "--every",
-                                "200ms", "--file", "big.cht", "--quiet", link="sim")
-        self.assertEqual(done.returncode, 0, done.stderr)
+        """A million points in four series."""
+        header = ("[INFO]\r\nDrive Address=01\r\nNumber of Parameters=4\r\nPXXX1=002\r\nPXXX2=003\r\nPXXX3=005\r\n"
+                  "PXXX4=006\r\nScan Time=200\r\nUnit=ms\r\nNumber of Points=1000000\r\nStart Date=01/31/26\r\n"
+                  "Start Time=08:00:00\r\n[TIME/CONTENT]\r\n")
+        rows = (f"{at // 3600 % 24:02}:{at // 60 % 60:02}:{at % 60:02}#{1750 + point % 97 / 10}#{point % 5003 / 100}#"
+                f"{point % 601 / 10}#{point % 7}##\r\n" for point in range(1000000) for at in (28800 + point // 5,))
+        self.put("big.cht", header + "".join(rows))
         for kind in (VictoriaMetrics, Influx):
             database = self.database(kind, kind.__name__)
             for turn in range(3):

@@ -12,7 +12,6 @@ namespace chartproject {
 
 namespace {
 
-constexpr int kMostGiven = 100'000;
 constexpr int kUsualWait = 120;  // seconds
 
 class PublishCommand : public Command {
@@ -22,7 +21,7 @@ class PublishCommand : public Command {
     app->add_option("FILE", given_, "chart files; one that is being recorded is followed to its end")
         ->type_name("")
         ->required()
-        ->expected(1, kMostGiven);
+        ->expected(-1);
     options_.AddTo(*app, "--to", kUsualWait);
     app->add_flag("--again", again_, "from the first point, also of what the server has acknowledged");
     app->add_flag("--json", json_, "the report at the end as one JSON array");
