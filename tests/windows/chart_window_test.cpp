@@ -58,11 +58,14 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
     int position;
     std::string scale;
     long perDivision;
-  } turns[] = {{"hsbGraph", 1, 273, "1", 1},  {"mscChart1", 2, 267, "1", 1},
-               {"txtScale1", 2, 267, "3", 1}, {"sldPointsPerDivision", 2, 225, "3", 3},
-               {"mscChart1", 1, 216, "3", 3}, {"cboChartType", -1, 216, "3", 3}};
+    bool sideways = false;
+  } turns[] = {{"hsbGraph", 1, 273, "1", 1},         {"mscChart1", 2, 267, "1", 1},
+               {"txtScale1", 2, 267, "3", 1},        {"sldPointsPerDivision", 2, 225, "3", 3},
+               {"mscChart1", 1, 216, "3", 3},        {"cboChartType", -1, 216, "3", 3},
+               {"mscChart1", -1, 207, "3", 3, true}, {"hsbGraph", 3, 210, "3", 3, true},
+               {"txtScale1", 1, 210, "3", 3, true}};
   for (const auto& turn : turns) {
-    form.Wheel(turn.under, turn.notches);
+    form.Wheel(turn.under, turn.notches, turn.sideways);
     EXPECT_TRUE(position(turn.position)) << turn.under << GetScrollPos(bar, SB_CTL);
     EXPECT_TRUE(WaitFor([&] { return form.Text("txtScale1") == turn.scale; })) << turn.under;
     EXPECT_EQ(form.Send("sldPointsPerDivision", TBM_GETPOS), turn.perDivision) << turn.under;
@@ -113,6 +116,16 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
                  reinterpret_cast<LPARAM>(form.Control("sldPointsPerDivision")));
     SetWindowPos(form.Window(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
     form.Capture(TestFolder() + "\\win_chart_" + each.code + ".png");
+    const auto division = [&](const char* ending) {
+      return WaitFor([&] { return form.Text("lblPointsPerDivision").ends_with(ending); });
+    };
+    form.Keys({'L'});
+    form.Keys({VK_ADD});
+    EXPECT_TRUE(division(" 8"));
+    form.Keys({'F'});
+    EXPECT_TRUE(division(" 12"));
+    form.Capture(TestFolder() + "\\win_lanes_" + each.code + ".png");
+    form.Keys({'L'});
     Print(host, IDYES);
     EXPECT_EQ(host.ExitCode(), 0) << each.language;
     EXPECT_THAT(FileContents(page), HasSubstr("%%EOF"));

@@ -194,6 +194,23 @@ TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
   EXPECT_EQ(host.ExitCode(), 0);
 }
 
+TEST_F(SpreadsheetExport, TheCloseBoxEndsAnExportAndThenTheWindow) {
+  Install();
+  const std::string chart = TestFolder() + "\\show.cht";
+  ScriptHost host("host.vbs", "English \"" + chart + "\"");
+  const FormDriver form(host.Process(), L"");
+  form.Press("cmdExport");
+  BoxDriver(host.Process()).Answer(IDYES);
+  EXPECT_TRUE(WaitFor([&] { return FileContents(log_).find("Cells(30,") != std::string::npos; }));
+  form.Close();
+  const BoxDriver stopped(host.Process());
+  EXPECT_EQ(stopped.Prompt(), "The export was stopped. No file was written.");
+  stopped.Answer(IDOK);
+  EXPECT_EQ(host.ExitCode(), 0) << "the window closed, too";
+  EXPECT_TRUE(Calls().ends_with("quit\r\nend\r\n"));
+  EXPECT_THAT(Calls(), ::testing::Not(HasSubstr("SaveAs")));
+}
+
 TEST_F(SpreadsheetExport, AnApplicationThatIsBusyOrLacksTheUsersLocaleIsSpokenToAllTheSame) {
   Install("difficult");
   Run();

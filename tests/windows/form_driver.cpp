@@ -146,8 +146,15 @@ void FormDriver::PointAt(const std::string& name) const {
       << name;
 }
 
-void FormDriver::Wheel(const std::string& name, int notches) const {
+void FormDriver::Wheel(const std::string& name, int notches, bool sideways) const {
   PointAt(name);
+  if (sideways) {  // this Wine makes no message of such an input
+    RECT place;
+    GetWindowRect(Control(name), &place);
+    PostMessageW(window_, WM_MOUSEHWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
+                 MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2));
+    return;
+  }
   INPUT turn{};
   turn.type = INPUT_MOUSE;
   turn.mi.dwFlags = MOUSEEVENTF_WHEEL;

@@ -44,8 +44,8 @@ class FormDriver {
   void Keys(const std::vector<WORD>& keys) const;
   /// Moves the mouse over the middle of a control, and waits until it stays there.
   void PointAt(const std::string& name) const;
-  /// Turns the mouse wheel over a control. @param notches positive away from the user
-  void Wheel(const std::string& name, int notches) const;
+  /// Turns the mouse wheel over a control. @param notches positive away from the user, of one that lies to the right
+  void Wheel(const std::string& name, int notches, bool sideways = false) const;
   void Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
   /// Saves what the window shows as a PNG file.
   void Capture(const std::string& fileName) const;

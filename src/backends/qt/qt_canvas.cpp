@@ -123,11 +123,29 @@ bool QtCanvas::OnPaper() const {
   return painter_.device()->devType() == QInternal::Printer;
 }
 
-void QtCanvas::FillRect(const Rect& rect, Color color) {
+bool QtCanvas::OnWholeDots(const Rect& rect) const {
   const double dots = painter_.deviceTransform().m11();
   const auto whole = [dots](double at) { return at * dots == std::floor(at * dots); };
-  Smooth(!(whole(rect.x) && whole(rect.y) && whole(rect.width) && whole(rect.height)));
+  return whole(rect.x) && whole(rect.y) && whole(rect.width) && whole(rect.height);
+}
+
+void QtCanvas::FillRect(const Rect& rect, Color color) {
+  Smooth(!OnWholeDots(rect));
   painter_.fillRect(ToQRect(rect), ToQColor(color));
+}
+
+void QtCanvas::FillRects(std::span<const Rect> boxes, Color color) {
+  if (!std::ranges::all_of(boxes, [this](const Rect& box) { return OnWholeDots(box); })) {
+    Canvas::FillRects(boxes, color);
+    return;
+  }
+  QList<QRectF> rects;
+  rects.reserve(static_cast<qsizetype>(boxes.size()));
+  for (const Rect& box : boxes) rects.append(ToQRect(box));
+  Smooth(false);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(ToQColor(color));
+  painter_.drawRects(rects);
 }
 
 void QtCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {

@@ -32,6 +32,13 @@ struct ViewedSeries {
   std::string unit{};               ///< from the same tables, for example "rpm"; empty where it is not known
 };
 
+enum class FileGrowth : std::uint8_t {
+  kNone,
+  kGrew,    ///< the file, but not N: what came is not read yet
+  kPoints,  ///< N, too
+  kGone,    ///< the rows of an unfinished recording are not there any more
+};
+
 /// A chosen slice, shown once Load has read it.
 class ChartView : public ChosenSlice {
  public:
@@ -41,6 +48,18 @@ class ChartView : public ChosenSlice {
   // The file. --------------------------------------------------------------------------------------------------------
   /// Reads the header and goes to the first point, one point a division. Throws RunTimeError as ChartSource::Open.
   void Open(const std::string& fileName);
+  /// The same of a recording that is not in its chart file yet; N is 0 until CountPoints. False when there is none
+  /// beside that name.
+  bool OpenUnfinished(const std::string& chartFile);
+  /// The recording that was open unfinished is in its chart file: the same points, and the slice that was chosen.
+  void OpenFinished();
+  /// Null for a chart file.
+  [[nodiscard]] const UnfinishedRecording* Unfinished() const noexcept { return source_.Unfinished(); }
+  /// False for an unfinished recording whose rows are not in their files any more: it has ended.
+  [[nodiscard]] bool RowsAreThere() const;
+  /// Points that came since the last time: N counts them, and failed readings of an unfinished recording are known. Of
+  /// a chart file N follows once the survey has read what came. Throws RunTimeError.
+  [[nodiscard]] FileGrowth LookForGrowth();
   /// Address of the drive that the file was recorded from. Throws RunTimeError 6 or 13.
   [[nodiscard]] std::int16_t DriveAddress() const;
   /// Loads the names of the drive's parameters. A driver file that cannot be read is a notice and a line of the log:
@@ -118,6 +137,8 @@ class ChartView : public ChosenSlice {
   void Take(Slice slice);
   void LoadWide();
   void LoadReadings();
+  void Forget();
+  void ReadFailures();
   void TitleSeries(const ChartLook& look, ChartModel& model) const;
   void CountTimes(CategoryUnit unit, ChartModel& model) const;
   [[nodiscard]] std::vector<RowRange> FailedRows(std::size_t series) const;
@@ -135,6 +156,8 @@ class ChartView : public ChosenSlice {
   Choice shown_;                      ///< the choice that was read
   std::optional<std::int64_t> held_;  ///< points that were counted in the file
   bool countGivenUp_ = false;
+  bool grows_ = false;           ///< the chart file has grown since it was opened
+  FileIdentity failuresReadOf_;  ///< the journal, when failed readings were read from it
 };
 
 }  // namespace chartproject

@@ -17,6 +17,7 @@ ChartForm::ChartForm(Component& component)
     : Form(component.forms, "frmChart", MakeHandlerErrorReporter(component)),
       component_(component),
       view_(component.ports, component.chartHeader) {
+  view_.Source().KeepSurveys();
   NumberTexts();
   PlaceControls();
   ConnectSections();
@@ -63,6 +64,8 @@ void ChartForm::ConnectSections() {
     view_.Load();
     ShowChart();
   };
+  follow.reload = [this] { return Reload(); };
+  follow.openFinished = [this] { OpenFinished(); };
   zoom_.Offer(actions_);
   overview.Offer(actions_);
   scroll.Offer(actions_);
@@ -164,6 +167,11 @@ bool ChartForm::OpenFile(const std::string& strFileName) {
   return known;
 }
 
+bool ChartForm::OpenFollowing(const std::string& strFileName) {
+  following_ = true;
+  return OpenFile(strFileName);
+}
+
 bool ChartForm::DriveIsKnown() const {
   try {
     return !component_.driveTable.At(view_.DriveAddress()).Type.empty();
@@ -173,7 +181,7 @@ bool ChartForm::DriveIsKnown() const {
 }
 
 void ChartForm::ShowFile(const std::string& strFileName) {
-  view_.Open(strFileName);
+  if (!following_ || !view_.OpenUnfinished(strFileName)) view_.Open(strFileName);
   if (component_.driveTable.At(view_.DriveAddress()).Type.empty()) {
     ShowMessage(component_,
                 LoadMessage(component_, Text::kCannotLoad) + strFileName + "\r\n" +
@@ -182,7 +190,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
                 box_style::kExclamation);
     return;
   }
-  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + std::string(BaseName(strFileName)));
+  ShowTitle();
   view_.NameSeries(component_);
   {
     const ReadingSection::Scope counting(reading);
@@ -196,6 +204,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   overview.Restart();
   zoom_.Restart();
   scroll.Restart();
+  follow.Restart();
   if (!LoadSlice()) {
     // The first slice cannot be shown, but the header can, over an empty chart without a grid.
     mscChart1.SetModel(view_.Model({.kind = look_.kind}));
@@ -207,6 +216,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
 
 bool ChartForm::LoadSlice() {
   if (reading.Busy()) return false;
+  follow.CatchUp();
   if (view_.Replaced()) {
     ShowFile(view_.FileName());
     if (DriveIsKnown()) return true;
@@ -235,10 +245,49 @@ bool ChartForm::LoadSlice() {
   return end == SliceEnd::kRead;
 }
 
+/// The recording that was followed: the same points are in its chart file now, and stay where they are shown.
+void ChartForm::OpenFinished() {
+  const std::int64_t firstLine = view_.FirstLine();
+  if (view_.Unfinished()->journal.simulated) component_.simulatedRecordings.insert(view_.FileName());
+  view_.OpenFinished();
+  view_.NameSeries(component_);
+  {
+    const ReadingSection::Scope counting(reading);
+    view_.CountPoints(reading.Progress());
+  }
+  zoom_.Shift(view_.FirstLine() - firstLine);
+  scroll.Prepare();
+  scroll.Follow();
+  ShowTitle();
+}
+
+void ChartForm::ShowTitle() {
+  const std::string name(BaseName(view_.FileName()));
+  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " +
+             (view_.Unfinished() != nullptr ? FillIn(LoadMessage(component_, Text::kFollowedTitle), {name}) : name));
+}
+
+bool ChartForm::Reload() {
+  if (view_.Load() != SliceEnd::kRead) {
+    reading.Say(view_.FaultText(component_));
+    return false;
+  }
+  ShowInfo();
+  ShowChart();
+  readout_.PointerRowChanged();
+  return true;
+}
+
+void ChartForm::ShowInfo() {
+  const std::string info = view_.Info(component_);
+  if (rtfInfo.Text() == info) return;
+  rtfInfo.SetText("");
+  rtfInfo.SetText(info);
+}
+
 void ChartForm::ShowSlice() {
   scroll.ShowPointsPerDivision();  // a slider that was moved while the slice was looked for goes back
-  rtfInfo.SetText("");
-  rtfInfo.SetText(view_.Info(component_));
+  ShowInfo();
   series.Show(view_);
   scales.EnableFirst(view_.SeriesCount());
   look_ = {};

@@ -158,6 +158,11 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
     for (const double x : {box.x, box.Right()}) {
       scene.Line({std::floor(x) + 0.5, box.y}, {std::floor(x) + 0.5, box.Bottom()}, {.color = kCursorColors[0]});
     }
+    if (box.height < chart.plot.front.height - 1) {
+      for (const double y : {box.y, box.Bottom()}) {
+        scene.Line({box.x, std::floor(y) + 0.5}, {box.Right(), std::floor(y) + 0.5}, {.color = kCursorColors[0]});
+      }
+    }
   }
   if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, chart, scene);
 
