@@ -110,7 +110,10 @@ Cells CellsOf(const LayoutBox& box) {
 
 class Arranger {
  public:
-  Arranger(const LayoutBox& layout, const ControlMeasurer& measurer) : measurer_(measurer) { Align(layout); }
+  Arranger(const LayoutBox& layout, const ControlMeasurer& measurer)
+      : measurer_(measurer), gapShare_(measurer.GapShare()) {
+    Align(layout);
+  }
 
   double LeastWidth(const LayoutBox& box);
   double HeightAt(const LayoutBox& box, double width);
@@ -122,9 +125,11 @@ class Arranger {
   std::vector<Track> ColumnsOf(const LayoutBox& box);
   std::vector<Track> RowsOf(const LayoutBox& box, const std::vector<Track>& columns);
   void PlaceControl(const LayoutBox& box, const Rect& area);
+  [[nodiscard]] double GapOf(const LayoutBox& box) const { return box.gap * gapShare_; }
   static void PlaceNowhere(const LayoutBox& box);
 
   const ControlMeasurer& measurer_;
+  const double gapShare_;
   std::unordered_map<const Control*, Size> sizes_;  ///< asked once an arrangement
   std::unordered_map<int, double> alignments_;      ///< common widths by number
 };
@@ -181,7 +186,7 @@ double Arranger::LeastWidth(const LayoutBox& box) {
   } else if (box.control != nullptr) {
     width = PreferredSize(*box.control).width;
   } else {
-    width = LengthOf(ColumnsOf(box), box.gap);
+    width = LengthOf(ColumnsOf(box), GapOf(box));
   }
   if (box.alignment != 0) width = std::max(width, alignments_[box.alignment]);
   return std::max(width, box.minimumWidth);
@@ -196,8 +201,8 @@ double Arranger::HeightAt(const LayoutBox& box, double width) {
     height = measurer_.HeightForWidth(*box.control, width);
   } else {
     std::vector<Track> columns = ColumnsOf(box);
-    ShareOut(columns, box.gap, width);
-    height = LengthOf(RowsOf(box, columns), box.gap);
+    ShareOut(columns, GapOf(box), width);
+    height = LengthOf(RowsOf(box, columns), GapOf(box));
   }
   return std::max(height, box.minimumHeight);
 }
@@ -234,11 +239,11 @@ void Arranger::Place(const LayoutBox& box, const Rect& area) {
   }
   const Cells cells = CellsOf(box);
   std::vector<Track> columns = ColumnsOf(box);
-  ShareOut(columns, box.gap, area.width);
+  ShareOut(columns, GapOf(box), area.width);
   std::vector<Track> rows = RowsOf(box, columns);
-  ShareOut(rows, box.gap, area.height);
-  const std::vector<double> lefts = StartsOf(columns, box.gap, area.x);
-  const std::vector<double> tops = StartsOf(rows, box.gap, area.y);
+  ShareOut(rows, GapOf(box), area.height);
+  const std::vector<double> lefts = StartsOf(columns, GapOf(box), area.x);
+  const std::vector<double> tops = StartsOf(rows, GapOf(box), area.y);
   for (std::size_t i = 0; i < box.children.size(); ++i) {
     const std::size_t column = i % cells.columns;
     const std::size_t row = i / cells.columns % cells.rows;

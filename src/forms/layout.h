@@ -19,7 +19,12 @@ class ControlMeasurer {
   [[nodiscard]] virtual double HeightForWidth(const Control& control, double width) const = 0;
   /// Room that a container's border and title take around its content.
   [[nodiscard]] virtual Insets ContainerInsets(const Control& container) const = 0;
+  /// Share of its gaps that a layout keeps: less than 1 where a screen has no room for them.
+  [[nodiscard]] virtual double GapShare() const { return 1; }
 };
+
+/// The shares that are tried, one after the other, until a form is no larger than its screen.
+inline constexpr double kGapShares[] = {1, 0.5, 0.25};
 
 /// Pixels between neighbours, and between a window's edge and its content.
 inline constexpr double kLayoutGap = 8;

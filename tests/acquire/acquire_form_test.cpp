@@ -24,7 +24,7 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   EXPECT_EQ(form->Caption(), "Acquire Parameter");
   EXPECT_THAT(form->drive.cboDriveAddress.Items(), ElementsAre("01", "02", "03", "04"));
   EXPECT_EQ(form->drive.lblDriveModel.Caption(), "KRA-09");
-  EXPECT_EQ(form->drive.lblPXXX1.Caption() + "|" + form->drive.lblPXXX2.Caption(), "Motor current|");
+  EXPECT_EQ(form->drive.lblPXXX1.Caption() + "|" + form->drive.lblPXXX2.Caption(), "003  Motor current|");
   EXPECT_EQ(form->drive.cboPXXX1.ToolTipText(), "Motor current");
   EXPECT_THAT(form->drive.cboPXXX1.Items(), ElementsAre("003", "005", "012"));  // 990 and 991 are the service's
   EXPECT_FALSE(form->drive.cboPXXX2.Enabled());

@@ -21,12 +21,24 @@ def missing_in_elf(name):
     return [mark for mark, there in marks.items() if not there]
 
 
-def missing_in_pe(data):
+# Libraries that the system keeps ready for every program, or loads by the manifest. Any other one would be looked for
+# beside the host first.
+READY = {"advapi32", "comctl32", "comdlg32", "gdi32", "gdiplus", "kernel32", "msvcrt", "ole32", "oleaut32", "shell32",
+         "user32"}
+
+
+def imported(name):
+    headers = subprocess.run(["i686-w64-mingw32-objdump", "-p", name], capture_output=True, text=True, check=True).stdout
+    return {library.lower().removesuffix(".dll") for library in re.findall(r"DLL Name: (\S+)", headers)}
+
+
+def missing_in_pe(name, data):
     header = struct.unpack_from("<I", data, 0x3C)[0]
     date = struct.unpack_from("<I", data, header + 8)[0]
     flags = struct.unpack_from("<H", data, header + 24 + 70)[0]
     marks = {
         "no date": date == 0,
+        "libraries of the system's folder only": imported(name) <= READY,
         "any address": flags & 0x40 and b".reloc\0" in data[header:header + 1024],
         "no code on stack and heap": flags & 0x100,
         "no handlers on the stack": flags & 0x400,
@@ -38,6 +50,6 @@ def missing_in_pe(data):
 
 with open(sys.argv[1], "rb") as file:
     contents = file.read()
-missing = missing_in_pe(contents) if contents.startswith(b"MZ") else missing_in_elf(sys.argv[1])
+missing = missing_in_pe(sys.argv[1], contents) if contents.startswith(b"MZ") else missing_in_elf(sys.argv[1])
 print(f"{sys.argv[1]}: {'lacks ' + ', '.join(missing) if missing else 'has every mark'}")
 sys.exit(1 if missing else 0)

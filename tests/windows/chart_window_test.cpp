@@ -58,11 +58,14 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
     int position;
     std::string scale;
     long perDivision;
-  } turns[] = {{"hsbGraph", 1, 273, "1", 1},  {"mscChart1", 2, 267, "1", 1},
-               {"txtScale1", 2, 267, "3", 1}, {"sldPointsPerDivision", 2, 225, "3", 3},
-               {"mscChart1", 1, 216, "3", 3}, {"cboChartType", -1, 216, "3", 3}};
+    bool sideways = false;
+  } turns[] = {{"hsbGraph", 1, 273, "1", 1},         {"mscChart1", 2, 267, "1", 1},
+               {"txtScale1", 2, 267, "3", 1},        {"sldPointsPerDivision", 2, 225, "3", 3},
+               {"mscChart1", 1, 216, "3", 3},        {"cboChartType", -1, 216, "3", 3},
+               {"mscChart1", -1, 207, "3", 3, true}, {"hsbGraph", 3, 210, "3", 3, true},
+               {"txtScale1", 1, 210, "3", 3, true}};
   for (const auto& turn : turns) {
-    form.Wheel(turn.under, turn.notches);
+    form.Wheel(turn.under, turn.notches, turn.sideways);
     EXPECT_TRUE(position(turn.position)) << turn.under << GetScrollPos(bar, SB_CTL);
     EXPECT_TRUE(WaitFor([&] { return form.Text("txtScale1") == turn.scale; })) << turn.under;
     EXPECT_EQ(form.Send("sldPointsPerDivision", TBM_GETPOS), turn.perDivision) << turn.under;
@@ -163,6 +166,26 @@ TEST(PrintingOnWindows, SaysSoUntilThePrinterHasThePage) {
   ASSERT_TRUE(picture.has_value());
   EXPECT_NEAR(picture->dotsPerInch, 192, 0.1);
   EXPECT_THAT(picture->pixels, AllOf(Contains(0xFFFFFFE6U), Contains(0xFFFF0000U))) << "backdrop, first series";
+}
+
+TEST(PrintingOnWindows, AsksForRangeTitleAndRemarkOfAReportAndPrintsIt) {
+  const TestPrinter printer("/no/such/folder/page");  // the file comes in its place
+  const std::string page = TestFolder() + "\\report.ps";
+  ScriptHost host = OpenChart("Spanish", page.c_str());
+  const FormDriver form(host.Process(), L"");
+  form.Keys({kControl | 'P'});
+  const FormDriver report(host.Process(), L"Imprimir informe");
+  EXPECT_EQ(report.Text("cboRange"), "Parte visible: 1 a 25");
+  report.Choose("cboRange", 0);
+  report.Type("txtTitle", L"Bomba 3");
+  report.Type("txtRemark", L"Sin alarmas");
+  report.Capture(TestFolder() + "\\win_report.png");
+  report.Press("cmdPrint");
+  EXPECT_TRUE(WaitFor([&] { return FileContents(page).find("%%EOF") != std::string::npos; }));
+  EXPECT_THAT(FileContents(page), HasSubstr("%%Pages: 2"));
+  EXPECT_TRUE(WaitFor([&] { return form.IsUp() && !report.IsUp(); }));
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
 }
 
 TEST(PrintingOnWindows, NamesWhatFailsAndReturnsToTheHost) {

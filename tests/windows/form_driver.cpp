@@ -146,8 +146,15 @@ void FormDriver::PointAt(const std::string& name) const {
       << name;
 }
 
-void FormDriver::Wheel(const std::string& name, int notches) const {
+void FormDriver::Wheel(const std::string& name, int notches, bool sideways) const {
   PointAt(name);
+  if (sideways) {  // this Wine makes no message of such an input
+    RECT place;
+    GetWindowRect(Control(name), &place);
+    PostMessageW(window_, WM_MOUSEHWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
+                 MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2));
+    return;
+  }
   INPUT turn{};
   turn.type = INPUT_MOUSE;
   turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
@@ -336,7 +343,10 @@ void PressKeys(HWND window, const std::vector<WORD>& keys) {
   EXPECT_TRUE(WaitFor(ready)) << "the window takes no keys";
   std::vector<INPUT> inputs;
   for (const WORD key : keys) {
-    const WORD modifier = (key & kAlt) != 0 ? VK_MENU : (key & kShift) != 0 ? VK_SHIFT : 0;
+    const WORD modifier = (key & kAlt) != 0       ? VK_MENU
+                          : (key & kShift) != 0   ? VK_SHIFT
+                          : (key & kControl) != 0 ? VK_CONTROL
+                                                  : 0;
     if (modifier != 0) inputs.push_back(KeyInput(modifier, 0));
     for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) inputs.push_back(KeyInput(key & 0xFF, flags));
     if (modifier != 0) inputs.push_back(KeyInput(modifier, KEYEVENTF_KEYUP));

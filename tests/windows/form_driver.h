@@ -44,8 +44,8 @@ class FormDriver {
   void Keys(const std::vector<WORD>& keys) const;
   /// Moves the mouse over the middle of a control, and waits until it stays there.
   void PointAt(const std::string& name) const;
-  /// Turns the mouse wheel over a control. @param notches positive away from the user
-  void Wheel(const std::string& name, int notches) const;
+  /// Turns the mouse wheel over a control. @param notches positive away from the user, of one that lies to the right
+  void Wheel(const std::string& name, int notches, bool sideways = false) const;
   void Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
   /// Saves what the window shows as a PNG file.
   void Capture(const std::string& fileName) const;
@@ -108,6 +108,7 @@ void ExpectNoGrowth(int cycles, const std::function<void()>& action, std::size_t
 /// With a key's number: the key is pressed together with this one.
 inline constexpr WORD kAlt = 0x100;
 inline constexpr WORD kShift = 0x200;
+inline constexpr WORD kControl = 0x400;
 
 /// Keys pressed and let go, as the keyboard does it, when a window has come to the front and takes input.
 void PressKeys(HWND window, const std::vector<WORD>& keys);

@@ -1,7 +1,11 @@
 // Forms over a host that has its own window and work, in the test's own process: what only its thread can observe.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <array>
 #include <atomic>
+#include <map>
+#include <set>
 #include <thread>
 
 #include "backends/win32/com/com_ref.h"
@@ -11,6 +15,7 @@
 #include "windows/form_driver.h"
 
 #include <chart_project.h>
+#include <oleacc.h>
 
 namespace chartproject::testing {
 namespace {
@@ -70,14 +75,27 @@ DWORD LoopFlags(const FormDriver& form) {
   return info.flags;
 }
 
-TEST(HostWithAWindow, AFormClosedMaximisedComesBackMaximised) {
+TEST(HostWithAWindow, AFormClosedMaximisedComesBackMaximisedAndFromThereToItsPlace) {
+  const auto zoomed = [](const FormDriver& form) { return IsZoomed(form.Window()) != 0; };
   for (const std::string& chart : {std::string(), TestFolder() + "\\show.cht"}) {
-    for (const bool reopened : {false, true}) {
+    for (const char* round : {"moved", "maximised", "restored"}) {
       const WindowHost host(chart);
       const FormDriver form(GetCurrentProcessId(), L"");
-      EXPECT_EQ(IsZoomed(form.Window()) != 0, reopened) << chart;
-      ShowWindowAsync(form.Window(), reopened ? SW_RESTORE : SW_MAXIMIZE);
-      EXPECT_TRUE(WaitFor([&] { return (IsZoomed(form.Window()) != 0) != reopened; }));
+      const bool reopened = round == std::string("restored");
+      EXPECT_EQ(zoomed(form), reopened) << chart << round;
+      if (round == std::string("moved")) {
+        SetWindowPos(form.Window(), nullptr, 31, 17, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+      } else {
+        ShowWindowAsync(form.Window(), reopened ? SW_RESTORE : SW_MAXIMIZE);
+        EXPECT_TRUE(WaitFor([&] { return zoomed(form) != reopened; }));
+      }
+      const bool maximised = round == std::string("maximised");
+      EXPECT_TRUE(WaitFor([&] {
+        RECT place;
+        GetWindowRect(form.Window(), &place);
+        return maximised || (place.left == 31 && place.top == 17);
+      })) << chart
+          << round;
       form.Close();
     }
   }
@@ -135,43 +153,178 @@ TEST(HostWithAWindow, WaitsDisabledWhileTimersOfBothGoOnInLoopsOfTheSystem) {
   Store(L"MyKestrel", L"strHelps", win32::ToWide(TestFolder() + R"(\project\help)"));
 }
 
-/// Adds a control whose text does not fit, or that sticks out of its window.
-BOOL CALLBACK Inspect(HWND control, LPARAM unfit) {
+/// What a screen reader says of a window: its name as the system's accessibility gives it.
+std::string SpokenNameOf(HWND window) {
+  win32::ComRef<IAccessible> object;
+  AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, object.ReceiveUntyped());
+  VARIANT self{};
+  self.vt = VT_I4;
+  win32::ComText name;
+  if (object) object->get_accName(self, name.Receive());
+  return name.Utf8();
+}
+
+/// Lists, sliders and bars get their names from the system's annotations, which this Wine has not.
+TEST(ScreenReaders, HearANameOfEachControlAndTheChartsReadout) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  Store(L"MyConf", L"strLanguage", L"English");
+  const std::pair<std::string, std::vector<std::pair<const char*, const char*>>> forms[] = {
+      {"",
+       {{"fraFileName", "File Name"},
+        {"cmdNewFile", "New ..."},
+        {"lblDriveAddress", "Drive Address"},
+        {"lblPXXX1", "001  Speed reference"},
+        {"txtNumberOfPoints", "Number of Points"},
+        {"txtTimeBetweenPoints", "Time among Points"},
+        {"txtContent", "Content"},
+        {"cmdStart", "Start Data Acquisition"},
+        {"cmdOK", "Ok"}}},
+      {TestFolder() + "\\show.cht",
+       {{"lblPXXX2Function", "Motor current"},
+        {"ovwRecording", "Overview"},
+        {"txtScale1", "Scale 1...32767"},
+        {"chkGrid", "Grid"},
+        {"cmdPrint", "Print"}}}};
+  for (const auto& [chart, names] : forms) {
+    const WindowHost host(chart);
+    const FormDriver form(GetCurrentProcessId(), L"");
+    for (const auto& [control, name] : names) EXPECT_EQ(SpokenNameOf(form.Control(control)), name) << control;
+    if (!chart.empty()) {
+      const HWND picture = form.Control("mscChart1");
+      EXPECT_EQ(SpokenNameOf(picture), "P002 Motor speed; P003 Motor current");
+      RECT place;
+      GetClientRect(picture, &place);
+      EXPECT_TRUE(WaitFor([&] {
+        PostMessageW(picture, WM_MOUSEMOVE, 0, MAKELPARAM(place.right / 2, place.bottom / 2));
+        return SpokenNameOf(picture).starts_with("Point ");
+      })) << SpokenNameOf(picture);
+    }
+    form.Close();
+  }
+  CoUninitialize();
+}
+
+TEST(HelpPages, AreShownByTheSystemsViewerInThreeLanguages) {
+  // A viewer of the tests; this Wine has none.
+  const std::string seen = TestFolder() + "\\seen.html";
+  const std::pair<std::wstring, std::wstring> viewer[] = {
+      {LR"(Software\Classes\.html)", L"TestPage"},
+      {LR"(Software\Classes\TestPage\shell\open\command)", L"cmd.exe /c copy /y \"%1\" " + win32::ToWide(seen)}};
+  for (const auto& [path, value] : viewer) {
+    win32::OwnedKey key;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Receive(), nullptr);
+    win32::WriteRegistryText(key.Get(), L"", value);
+  }
+  const std::tuple<const wchar_t*, const char*, bool> languages[] = {
+      {L"Portuguese", "<title>Ajuda do ChartProject</title>", true},
+      {L"Spanish", "<title>Ayuda de ChartProject</title>", true},
+      {L"English", "<title>ChartProject help</title>", true},
+      {L"English", "", false}};
+  for (const auto& [language, title, hasViewer] : languages) {
+    if (!hasViewer) RegDeleteTreeW(HKEY_LOCAL_MACHINE, LR"(Software\Classes\.html)");
+    Store(L"MyConf", L"strLanguage", language);
+    DeleteFileA(seen.c_str());
+    const WindowHost host;
+    const FormDriver form(GetCurrentProcessId(), L"");
+    form.Keys({VK_F1});
+    if (hasViewer) {
+      EXPECT_TRUE(WaitFor([&, wanted = title] { return FileContents(seen).find(wanted) != std::string::npos; }))
+          << title;
+    } else {
+      BoxDriver(GetCurrentProcessId()).Answer(IDOK);
+      EXPECT_THAT(FileContents(seen), IsEmpty());
+    }
+    form.Close();
+  }
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, LR"(Software\Classes\TestPage)");
+}
+
+/// Whether a window has a bar that scrolls its content.
+bool Scrolls(HWND window) {
+  return std::ranges::any_of(std::array{SB_HORZ, SB_VERT}, [window](int bar) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE;
+    return GetScrollInfo(window, bar, &info) != 0 && info.nMax >= static_cast<int>(info.nPage);
+  });
+}
+
+struct Inspection {
+  std::set<HWND> inside;  ///< the client area
+  std::map<HWND, std::string> shown;
+  std::set<std::string> faults;
+};
+
+BOOL CALLBACK Inspect(HWND control, LPARAM data) {
+  auto& inspection = *reinterpret_cast<Inspection*>(data);
   if (IsWindowVisible(control) == 0) return TRUE;
   wchar_t type[32];
   wchar_t text[256];
   GetClassNameW(control, type, 32);
   GetWindowTextW(control, text, 256);
+  const std::string name = win32::ToUtf8(std::wstring(type) + L": " + text);
+  inspection.shown[control] = name;
+  const auto contains = [](const RECT& outer, const RECT& inner) {
+    RECT both;
+    UnionRect(&both, &inner, &outer);
+    return EqualRect(&both, &outer) != 0;
+  };
   RECT place;
-  RECT window;
   GetWindowRect(control, &place);
-  GetWindowRect(GetAncestor(control, GA_ROOT), &window);
+  const HWND window = GetAncestor(control, GA_ROOT);
+  RECT client;
+  GetClientRect(window, &client);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
+  if (contains(client, place)) inspection.inside.insert(control);
   RECT needed{0, 0, place.right - place.left, 0};
-  const bool wraps = std::wstring_view(type) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_CENTERIMAGE) == 0;
+  const LONG style = GetWindowLongW(control, GWL_STYLE);
+  const bool label = std::wstring_view(type) == L"Static";
+  const bool wraps = label && (style & SS_CENTERIMAGE) == 0;
   const HDC dc = GetDC(control);
   SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
   DrawTextW(dc, text, -1, &needed, DT_CALCRECT | (wraps ? DT_WORDBREAK : 0U));
   ReleaseDC(control, dc);
   const bool decorated = std::wstring_view(type) == L"Button" || std::wstring_view(type) == L"ComboBox";
   OffsetRect(&needed, place.left + (decorated ? 16 : 0), place.top);
-  const bool elided =
-      std::wstring_view(type) == L"Static" && (GetWindowLongW(control, GWL_STYLE) & SS_ELLIPSISMASK) != 0;
-  const bool scrolls = elided || std::wstring_view(type) == L"Edit" || std::wstring_view(type).starts_with(L"Rich");
-  for (const auto& [inner, outer] : {std::pair(scrolls ? place : needed, place), std::pair(place, window)}) {
-    RECT both;
-    UnionRect(&both, &inner, &outer);
-    if (EqualRect(&both, &outer) != 0) continue;
-    reinterpret_cast<std::vector<std::string>*>(unfit)->push_back(win32::ToUtf8(std::wstring(type) + L": " + text));
-  }
+  const bool ownText = (label && (style & SS_ELLIPSISMASK) == 0) || decorated;
+  if (ownText && !contains(place, needed)) inspection.faults.insert(name + " is cut");
   return TRUE;
 }
 
-/// What does not fit when the user makes the window as small as it gets.
-std::vector<std::string> Unfit(const FormDriver& form) {
-  SetWindowPos(form.Window(), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  std::vector<std::string> unfit;
-  EnumChildWindows(form.Window(), Inspect, reinterpret_cast<LPARAM>(&unfit));
-  return unfit;
+/// What is wrong with a window as it is shown now.
+std::set<std::string> Faults(HWND window, bool mayScroll) {
+  Inspection inspection;
+  // One that scrolls shows each control at one end or the other.
+  for (const auto& [down, across] : {std::pair(SB_BOTTOM, SB_RIGHT), std::pair(SB_BOTTOM, SB_LEFT),
+                                     std::pair(SB_TOP, SB_RIGHT), std::pair(SB_TOP, SB_LEFT)}) {
+    SendMessageW(window, WM_VSCROLL, down, 0);
+    SendMessageW(window, WM_HSCROLL, across, 0);
+    EnumChildWindows(window, Inspect, reinterpret_cast<LPARAM>(&inspection));
+    if (!Scrolls(window)) break;
+  }
+  for (const auto& [control, name] : inspection.shown) {
+    if (!inspection.inside.contains(control)) inspection.faults.insert(name + " sticks out");
+  }
+  if (Scrolls(window) && !mayScroll) inspection.faults.insert("scrolls");
+  RECT place;
+  GetWindowRect(window, &place);
+  const bool tooLarge = place.right - place.left > GetSystemMetrics(SM_CXSCREEN) ||
+                        place.bottom - place.top > GetSystemMetrics(SM_CYSCREEN);
+  if (tooLarge) inspection.faults.insert("larger than the screen");
+  return inspection.faults;
+}
+
+/// Looks at a form at its smallest, in each resolution.
+void ExpectFit(const FormDriver& form, const std::string& name) {
+  const HWND window = form.Window();
+  for (const int dots : {96, 120, 144, 192}) {
+    RECT place;
+    GetWindowRect(window, &place);
+    SendMessageW(window, WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
+    SetWindowPos(window, nullptr, 0, 0, 10, 10, SWP_NOZORDER | SWP_NOACTIVATE);
+    const int dotsOfWindow = GetSystemMetrics(SM_CYSCREEN) * 96 / dots;
+    EXPECT_THAT(Faults(window, dotsOfWindow < 600), IsEmpty()) << name << " at " << dots;
+  }
 }
 
 TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
@@ -185,26 +338,29 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
       const FormDriver form(GetCurrentProcessId(), L"");
       const auto inspect = [&](const char* shown) {
         EXPECT_TRUE(WaitFor([&] { return form.Visible(shown); })) << language.first;
-        EXPECT_THAT(Unfit(form), IsEmpty()) << language.first << " with " << shown;
+        ExpectFit(form, language.first + " with " + shown);
       };
       form.Type("rtfFileName", file);
       form.Select("cboNumberOfParameters", L"2");
       form.Select("cboPXXX2", L"003");
-      inspect("cmdStart");
       form.Capture(picture + language.second + ".png");
-      RECT place;
-      GetWindowRect(form.Window(), &place);
-      for (const int dots : {96, 144, 192, 120}) {
-        SendMessageW(form.Window(), WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
-        inspect("cmdStart");
-      }
+      inspect("cmdStart");
+      form.Select("cboNumberOfParameters", L"4");
       form.Choose("cboTriggerMode", 0);
       form.Choose("cboTimeBetweenPointsUnit", 2);
       form.Choose("cboEvent", 2);  // the longest
       inspect("cmdTrigger");
+      form.Press("cmdTrigger");
+      inspect("imgTrigger1");
+      EXPECT_TRUE(HoldKey(VK_ESCAPE, [&form] { return form.Enabled("cboDriveAddress"); }));
       form.Type("rtfFileName", L"");
       inspect("lblHint");
       form.Type("rtfFileName", file);
+      form.Press("cmdNewFile");
+      const HWND box = WaitForWindow(L"#32770", GetCurrentProcessId());
+      EXPECT_THAT(Faults(box, false), IsEmpty()) << language.first << ", the name of a new file";
+      PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+      form.Keys({});
       form.Press("cmdStart");
       inspect("prgProgress");
       form.Press("cmdCurve");
@@ -217,7 +373,16 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
     }
     const WindowHost host(TestFolder() + "\\show.cht");
     const FormDriver chart(GetCurrentProcessId(), L"");
-    EXPECT_THAT(Unfit(chart), IsEmpty()) << language.first << ", chart";
+    ExpectFit(chart, language.first + ", chart");
+    for (const char letter : {'G', 'F'}) {
+      SendMessageW(chart.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(chart.Control("mscChart1")), TRUE);
+      chart.Keys({static_cast<WORD>(kControl | letter)});
+      EXPECT_TRUE(WaitFor([&] { return GetForegroundWindow() != chart.Window(); }));
+      const FormDriver asking(GetCurrentProcessId(), L"");
+      EXPECT_NE(asking.Window(), chart.Window());
+      ExpectFit(asking, language.first + ", " + letter);
+      asking.Close();
+    }
     chart.Close();
   }
 }

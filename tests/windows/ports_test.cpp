@@ -13,6 +13,7 @@
 #include "backends/win32/win32_code_page.h"
 #include "backends/win32/win32_locale.h"
 #include "backends/win32/win32_settings_store.h"
+#include "backends/win32/win32_sound.h"
 #include "platform/run_time_error.h"
 #include "support/error_of.h"
 #include "windows/form_driver.h"
@@ -126,7 +127,11 @@ TEST(Files, SideFilesTakeFreeNamesAndReplaceTheirTarget) {
   side.reset();
   EXPECT_EQ(testing::FileContents(name), "a stranger's");
   for (const std::string& each : {target, target + ".new", name, moved}) files.Delete(each);
-  EXPECT_EQ(ErrorOf([&] { (void)files.OpenForReading("NUL"); }), 75);
+  const HANDLE pipe = CreateNamedPipeW(LR"(\\.\pipe\planted)", PIPE_ACCESS_DUPLEX, 0, 1, 0, 0, 0, nullptr);
+  for (const char* device : {"NUL", "CON", "COM1", R"(\\.\pipe\planted)"}) {
+    EXPECT_NE(ErrorOf([&] { (void)files.OpenForReading(device); }), 0) << device;
+  }
+  CloseHandle(pipe);
 }
 
 TEST(Files, ANameIsLockedForOneUntilItLetsGo) {
@@ -237,6 +242,18 @@ TEST(Renderer, PaintsAtTheScaleAskedFor) {
   EXPECT_EQ(picture.pixels[2], 0xFFFF0000U);
   EXPECT_EQ(picture.pixels[17], 0xFFFFFFFFU) << "outside the rectangle it stays white";
   EXPECT_TRUE(renderer.Render({0, 5}, 1.0, [](Canvas&) {}).Empty());
+}
+
+/// A machine without a device, or with one that writes what it plays into the file CHARTPROJECT_HEARD.
+TEST(SoundOfTheSystem, PlaysAWaveFileAndIsSilentWithoutADeviceOrAFile) {
+  Win32Sound sound;
+  char heard[MAX_PATH] = "";
+  const bool device = GetEnvironmentVariableA("CHARTPROJECT_HEARD", heard, sizeof heard) > 0;
+  EXPECT_EQ(sound.OutputDeviceCount() > 0, device);
+  sound.Play(InTestFolder("missing.wav"), sound_flag::kFileName | sound_flag::kNoDefault);
+  EXPECT_EQ(testing::FileContents(heard).find_first_not_of('\0'), std::string::npos);
+  sound.Play(testing::TestFolder() + R"(\project\media\Complete.wav)", sound_flag::kFileName | sound_flag::kNoDefault);
+  EXPECT_EQ(testing::FileContents(heard).find_first_not_of('\0') != std::string::npos, device);
 }
 
 TEST(ModuleFile, HasTheNameThatOtherProgramsKnow) {

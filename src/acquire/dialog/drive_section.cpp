@@ -24,16 +24,17 @@ void FillParameterList(Component& component, std::int16_t driveAddress, ComboBox
   list.SetEnabled(false);
 }
 
-void ShowParameterName(Component& component, ComboBox& list, Label& name) {
+void ShowParameterName(Component& component, ComboBox& list, Label& name, bool numbered) {
   std::string text;
   if (list.Enabled() && list.ListIndex() >= 0 && !component.selectedDriveAddress.empty()) {
     const NumberFormat& format = component.ports.locale.Numbers();
     const ParameterTable& table = component.parameterTables.At(ToInteger16(component.selectedDriveAddress, format));
     text = table.At(ToInteger16(list.Text(), format)).name;
   }
+  list.SetToolTipText(text);
+  if (numbered && !text.empty()) text.insert(0, list.Text() + "  ");
   name.SetCaption(text);
   name.SetToolTipText(text);
-  list.SetToolTipText(text);
 }
 
 DriveSection::DriveSection(Form& form, Component& component, std::function<void()> changed)
@@ -51,11 +52,18 @@ DriveSection::DriveSection(Form& form, Component& component, std::function<void(
 LayoutBox DriveSection::Layout() {
   LayoutBox drive = Group(picDriveAddress, Column({Row({LineStart(lblDriveAddress), Cell(cboDriveAddress, 1)}),
                                                    Row({LineStart(), Cell(lblDriveModel, 1)})}));
-  LayoutBox parameters =
-      Group(picNumberOfParameters,
-            Grid(2, {Cell(lblNumberOfParameters), Row({Cell(cboNumberOfParameters), Space()}), Cell(lblParameters),
-                     Row({Cell(cboPXXX1, 1), Cell(cboPXXX2, 1), Cell(cboPXXX3, 1), Cell(cboPXXX4, 1)}), Space(0),
-                     Row({Cell(lblPXXX1, 1), Cell(lblPXXX2, 1), Cell(lblPXXX3, 1), Cell(lblPXXX4, 1)})}));
+  LayoutBox lists =
+      Grid(2, {Cell(lblNumberOfParameters), Row({Cell(cboNumberOfParameters), Space()}), Cell(lblParameters),
+               Row({Cell(cboPXXX1, 1), Cell(cboPXXX2, 1), Cell(cboPXXX3, 1), Cell(cboPXXX4, 1)})});
+  // A name is longer than its list is wide: half of the group holds most of them in full.
+  const auto names = [](Label& upper, Label& lower) {
+    constexpr double kBetweenLines = 3;
+    LayoutBox lines = Column({Cell(upper, 1), Cell(lower, 1)});
+    lines.gap = kBetweenLines;
+    return Stretched(std::move(lines), 1, 0);
+  };
+  LayoutBox parameters = Group(picNumberOfParameters,
+                               Column({std::move(lists), Row({names(lblPXXX1, lblPXXX3), names(lblPXXX2, lblPXXX4)})}));
   return Row({std::move(drive), Stretched(std::move(parameters), 1, 0)});
 }
 
@@ -156,10 +164,10 @@ void DriveSection::EnableParameterLists() {
 }
 
 void DriveSection::ShowParameterNames() {
-  ShowParameterName(component_, cboPXXX1, lblPXXX1);
-  ShowParameterName(component_, cboPXXX2, lblPXXX2);
-  ShowParameterName(component_, cboPXXX3, lblPXXX3);
-  ShowParameterName(component_, cboPXXX4, lblPXXX4);
+  ShowParameterName(component_, cboPXXX1, lblPXXX1, true);
+  ShowParameterName(component_, cboPXXX2, lblPXXX2, true);
+  ShowParameterName(component_, cboPXXX3, lblPXXX3, true);
+  ShowParameterName(component_, cboPXXX4, lblPXXX4, true);
 }
 
 void DriveSection::LoadDriver(std::int16_t address) {

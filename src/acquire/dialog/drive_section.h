@@ -26,7 +26,7 @@ class DriveSection : public Section {
   ComboBox cboPXXX2{form_, "cboPXXX2"};
   ComboBox cboPXXX3{form_, "cboPXXX3"};
   ComboBox cboPXXX4{form_, "cboPXXX4"};
-  Label lblPXXX1{form_, "lblPXXX1"};  ///< name of the parameter above, as the driver file gives it
+  Label lblPXXX1{form_, "lblPXXX1"};  ///< number and name of the parameter, as the driver file gives it
   Label lblPXXX2{form_, "lblPXXX2"};
   Label lblPXXX3{form_, "lblPXXX3"};
   Label lblPXXX4{form_, "lblPXXX4"};
@@ -84,6 +84,7 @@ class DriveSection : public Section {
 void FillParameterList(Component& component, std::int16_t driveAddress, ComboBox& list);
 
 /// Shows the name of the parameter that is chosen in a list in use; the whole of it is the list's tool tip.
-void ShowParameterName(Component& component, ComboBox& list, Label& name);
+/// @param numbered with the number before it, where the name is not beside its list
+void ShowParameterName(Component& component, ComboBox& list, Label& name, bool numbered = false);
 
 }  // namespace chartproject

@@ -28,15 +28,11 @@ double Coordinate(Component& component, const Form& form, std::string_view key, 
 void RestoreWindowPlace(Form& form, Component& component) {
   std::string& maximized = component.settings.strMaximizedfrmErr;
   maximized = component.ports.settings.Read(kConfSection, kMaximizedKey).value_or("No");
-  if (maximized == "Yes") {
-    form.SetState(WindowState::kMaximized);
-    return;
-  }
   const Size screen = component.forms.ScreenSize();
-  form.SetState(WindowState::kNormal);
   form.LayoutChanged();  // the window's width follows from its texts, which are in their language now
-  form.SetLeft(Coordinate(component, form, "Left", form.Width(), screen.width));
+  form.SetLeft(Coordinate(component, form, "Left", form.Width(), screen.width));  // of a maximised one, to go back to
   form.SetTop(Coordinate(component, form, "Top", form.Height(), screen.height));
+  form.SetState(maximized == "Yes" ? WindowState::kMaximized : WindowState::kNormal);
 }
 
 void SaveWindowPlace(const Form& form, Component& component) {

@@ -32,6 +32,8 @@ class QtCanvas : public Canvas {
 
  private:
   [[nodiscard]] bool OnWholeDots(const Rect& rect) const;
+  /// What is painted becomes lines and shapes of a page, not dots.
+  [[nodiscard]] bool OnPaper() const;
   /// Switches the smoothing of edges, which the painter does slowly, also for shapes that need none.
   void Smooth(bool smooth);
   /// Sizes follow the canvas' 96 pixels to the inch, at every resolution of the screen.

@@ -31,6 +31,14 @@ class ServerLocks {
 [[nodiscard]] HINSTANCE ThisModule() noexcept;
 /// Loads a library from the system's folder only, never from the current one or the path. Null when it is not there.
 HMODULE LoadSystemLibrary(const wchar_t* fileName);
+/// A function of a library that the system does not keep ready for every program: the loader would look for it beside
+/// the host, too. The library stays loaded. Null when either is not there.
+template <typename Function>
+[[nodiscard]] Function SystemFunction(const wchar_t* library, const char* name) {
+  const HMODULE module = LoadSystemLibrary(library);
+  return module == nullptr ? nullptr
+                           : reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
 /// Full name of its file, without the prefix for long names that registration tools may put before it.
 [[nodiscard]] std::wstring ModuleFile();
 /// "\\?\C:\file" as "C:\file", "\\?\UNC\server\file" as "\\server\file"; other names as they are.

@@ -75,8 +75,8 @@ void ChartSource::OpenFinished(ChartHeader& header) {
 void ChartSource::Restart(const LinePlace& first, InputFile& file) {
   firstLine_ = static_cast<std::int32_t>(first.line);
   headerSize_ = first.offset;
-  reader_.reset();
-  writer_.reset();
+  work_.reader.reset();
+  work_.writer.reset();
   lookedForKept_ = kept_ = false;
   index_.Restart(first);
   survey_.Restart(first, namedSeries_ == 0 ? kColumnCount : namedSeries_);
@@ -109,8 +109,8 @@ std::string ChartSource::KeyOf(InputFile& file) const {
 void ChartSource::TakeKeptIndex(InputFile& file) {
   if (!keptFrom_ || rows_ || std::exchange(lookedForKept_, true)) return;
   if (file.Identity().size < *keptFrom_) return;
-  reader_ = std::make_unique<KeptReader>(ports_.files, fileName_, KeyOf(file));
-  if (!reader_->ReadIndex({firstLine_, headerSize_}, index_)) reader_.reset();
+  work_.reader = std::make_unique<KeptReader>(ports_.files, fileName_, KeyOf(file));
+  if (!work_.reader->ReadIndex({firstLine_, headerSize_}, index_)) work_.reader.reset();
 }
 
 std::uint64_t ChartSource::HeaderPrint(InputFile& file) const {
@@ -197,20 +197,20 @@ bool ChartSource::SurveyOn(Instant time) {
 
 bool ChartSource::SurveyPiece(InputFile& file) {
   TakeKeptIndex(file);
-  if (reader_) {
-    if (reader_->ReadOn()) return true;
-    kept_ = reader_->TakeOver(survey_);
-    reader_.reset();
+  if (work_.reader) {
+    if (work_.reader->ReadOn()) return true;
+    kept_ = work_.reader->TakeOver(survey_);
+    work_.reader.reset();
     return true;
   }
-  if (writer_) {
-    if (writer_->WriteOn()) return true;
-    writer_.reset();
+  if (work_.writer) {
+    if (work_.writer->WriteOn()) return true;
+    work_.writer.reset();
   }
   if (survey_.ReadOn(file, index_, ports_.locale.Numbers())) return true;
   if (!keptFrom_ || rows_ || std::exchange(kept_, true)) return false;
   if (!survey_.Settled() || file.Identity().size < *keptFrom_) return false;
-  writer_ = std::make_unique<KeptWriter>(ports_.files, fileName_, KeyOf(file), survey_, index_);
+  work_.writer = std::make_unique<KeptWriter>(ports_.files, fileName_, KeyOf(file), survey_, index_);
   return true;
 }
 

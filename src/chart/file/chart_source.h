@@ -86,6 +86,18 @@ class ChartSource {
   [[nodiscard]] Slice ReadWide(const WideRange& range, int columns, std::int64_t lines);
 
  private:
+  /// Reading a kept survey, or keeping one. A copy of the source does not go on with it: its survey is its own.
+  struct KeptWork {
+    KeptWork() = default;
+    KeptWork(const KeptWork& /*other*/) noexcept {}
+    KeptWork& operator=(const KeptWork& /*other*/) = delete;
+    KeptWork(KeptWork&&) noexcept = default;
+    KeptWork& operator=(KeptWork&&) noexcept = default;
+    ~KeptWork() = default;
+    std::unique_ptr<KeptReader> reader;
+    std::unique_ptr<KeptWriter> writer;
+  };
+
   [[nodiscard]] std::unique_ptr<InputFile> OpenFile() const;
   void Restart(const LinePlace& first, InputFile& file);
   [[nodiscard]] std::uint64_t HeaderPrint(InputFile& file) const;
@@ -109,8 +121,7 @@ class ChartSource {
   std::optional<std::uint64_t> keptFrom_;    ///< bytes of a file whose survey is kept; nothing for none
   bool lookedForKept_ = false;
   bool kept_ = false;  ///< the survey came from the cache folder, or went there
-  std::unique_ptr<KeptReader> reader_;
-  std::unique_ptr<KeptWriter> writer_;
+  KeptWork work_;
 };
 
 }  // namespace chartproject

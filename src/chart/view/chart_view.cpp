@@ -187,9 +187,29 @@ SliceEnd ChartView::Load(const ScanProgress& progress) {
   return reading.end;
 }
 
+bool ChartView::LoadRange(const PointRange& range, const ScanProgress& progress) {
+  constexpr Instant kPiece = std::chrono::milliseconds(20);
+  const std::int64_t begin = std::int64_t{FirstLine()} + range.first - 1;
+  SetPoints(std::max(Points(), CheckedInteger32(range.last)));
+  SetDivision((range.Count() + kDivisions - 1) / kDivisions);
+  ScrollTo(begin);
+  EndBefore(begin + range.Count());
+  while (Division() > kMostPointsPerDivision && Survey().Exact().Lines() < range.last && SurveyOn(kPiece)) {
+    const double part = static_cast<double>(Survey().Exact().Lines()) / static_cast<double>(range.last);
+    if (progress && !progress(part)) return false;
+  }
+  return Load(progress) != SliceEnd::kGivenUp;
+}
+
+std::optional<PointRange> ChartView::ShownRange() const noexcept {
+  if (slice_.RowCount() == 0) return std::nullopt;
+  const std::int64_t first = std::int64_t{1} + slice_.startLine - FirstLine();
+  return PointRange{first, std::min<std::int64_t>(first + slice_.RowCount() * slice_.pointsPerRow - 1, Points())};
+}
+
 void ChartView::LoadWide() {
   const std::int64_t first = std::int64_t{StartLine()} - FirstLine();
-  const std::int64_t end = std::min<std::int64_t>(first + Span(), Points());
+  const std::int64_t end = std::min({first + Span(), std::int64_t{Points()}, WideEnd() - FirstLine()});
   Slice slice = source_.ReadWide({first, std::max(first, end), Chosen().wide.pointsPerRow}, seriesCount_, Points());
   slice.startLine = StartLine();
   slice.endLine = EndLine();

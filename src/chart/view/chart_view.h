@@ -10,6 +10,7 @@
 
 #include "chart/file/chart_source.h"
 #include "chart/output/chart_page.h"
+#include "chart/plain/point_range.h"
 #include "chart/view/chart_building.h"
 #include "chart/view/chosen_slice.h"
 #include "common/environment/language.h"
@@ -81,7 +82,12 @@ class ChartView : public ChosenSlice {
   // The slice that is shown. -----------------------------------------------------------------------------------------
   /// Reads the chosen slice. When cancelled, the slice that is shown is chosen again. Throws RunTimeError.
   SliceEnd Load(const ScanProgress& progress = {});
+  /// Chooses these points, however many, and reads them: where they are more than a chart has rows, the survey is
+  /// finished first. False when given up. Throws RunTimeError. @param range has an end, which the file reaches
+  bool LoadRange(const PointRange& range, const ScanProgress& progress = {});
   [[nodiscard]] const Slice& Shown() const noexcept { return slice_; }
+  /// The points that are shown; nothing while there are none.
+  [[nodiscard]] std::optional<PointRange> ShownRange() const noexcept;
   /// Where Load ended at a malformed line; number 0 where it did not.
   [[nodiscard]] const MalformedLine& Fault() const noexcept { return fault_; }
   /// Counts the points where the slice met an end of the file that is not the expected one, or where the file goes on

@@ -2,6 +2,7 @@
 #include "chart/window/chart_form.h"
 
 #include "chart/window/find_forms.h"
+#include "chart/window/range_forms.h"
 #include "common/environment/language.h"
 #include "common/environment/settings_io.h"
 #include "common/error_log.h"
@@ -70,8 +71,23 @@ void ChartForm::ConnectSections() {
   scroll.Offer(actions_);
   switches.Offer(actions_);
   readout_.Offer(actions_);
-  output.Offer(actions_);
+  OfferOutput();
   OfferSearches();
+}
+
+void ChartForm::OfferOutput() {
+  output.Offer(actions_);
+  report_.Offer(actions_);
+  output.ask = [this](const std::string& question, const std::vector<RangeEntry>& entries) {
+    ExportForm form(component_, question, entries);
+    form.ShowModal();
+    return form.Range();
+  };
+  report_.ask = [this](const ReportQuestion& question) {
+    ReportForm form(component_, question);
+    form.ShowModal();
+    return form.Answer();
+  };
 }
 
 void ChartForm::OfferSearches() {
@@ -184,6 +200,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   axes_.Restart();
   measure_.Restart();
   search_.Restart();
+  report_.Restart();
   overview.Restart();
   zoom_.Restart();
   scroll.Restart();

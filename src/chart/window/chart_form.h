@@ -13,6 +13,7 @@
 #include "chart/window/sections/overview_section.h"
 #include "chart/window/sections/reading_section.h"
 #include "chart/window/sections/readout_section.h"
+#include "chart/window/sections/report_section.h"
 #include "chart/window/sections/scale_section.h"
 #include "chart/window/sections/scroll_section.h"
 #include "chart/window/sections/search_section.h"
@@ -73,6 +74,7 @@ class ChartForm : public Form {
   void NumberTexts();
   void ConnectSections();
   void OfferSearches();
+  void OfferOutput();
   void PlaceControls();
   void LoadPictures();
   void RestorePlace();
@@ -101,6 +103,7 @@ class ChartForm : public Form {
   AxesSection axes_{component_, view_, mscChart1, series};
   ZoomSection zoom_{*this, mscChart1, view_, scroll, axes_};
   MeasureSection measure_{component_, view_, mscChart1, reading, readout_};
+  ReportSection report_{*this, component_, view_, mscChart1, look_, reading};
   SearchSection search_{component_, view_, mscChart1, reading, readout_};
 };
 

@@ -116,7 +116,8 @@ class Surface : public QWidget {
     OpenMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos() : mapToGlobal(rect().center()));
   }
   void wheelEvent(QWheelEvent* event) override {
-    turned_ += event->angleDelta().y();
+    const QPoint turned = event->angleDelta();  // to the right is less than 0, as towards the user is
+    turned_ += turned.y() != 0 ? turned.y() : turned.x();
     const int notches = turned_ / kWheelNotch;
     turned_ -= notches * kWheelNotch;
     bool used = notches == 0;

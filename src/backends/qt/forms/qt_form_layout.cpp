@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
@@ -57,7 +58,8 @@ Insets QtFormView::ContainerInsets(const Control& container) const {
   if (widget == nullptr) return {};
   const bool titled = container.HasCaption() && !container.Caption().empty();
   const double title = titled ? widget->Widget().fontMetrics().height() : 0;
-  return {kGroupPadding, title + kGroupPadding, kGroupPadding, kGroupPadding};
+  const double padding = kGroupPadding * gapShare_;
+  return {padding, title + padding, padding, padding};
 }
 
 void QtFormView::UpdateLayoutSoon() {
@@ -74,7 +76,7 @@ void QtFormView::UpdateLayout() {
   bool moved = false;
   for (const auto& each : widgets_) {
     const Control* container = each->Model().Container();
-    QWidget* parent = container == nullptr ? window_.get() : WidgetOf(*container);
+    QWidget* parent = container == nullptr ? &window_->Content() : WidgetOf(*container);
     if (parent == nullptr || each->Widget().parentWidget() == parent) continue;
     each->Widget().setParent(parent);
     each->Show(Property::kVisible);
@@ -84,17 +86,45 @@ void QtFormView::UpdateLayout() {
   if (form_.Layout().children.empty() && form_.Layout().control == nullptr) return;
 
   const FlagScope resizing(resizing_);  // a larger least size makes the window grow
-  const QSize screen = window_->screen()->availableSize();
-  window_->setMinimumSize(LeastSize().boundedTo(screen));
+  const QSize least = FitToScreen();
+  window_->setMinimumSize(LeastWindow(least));
   if (!sized_) {
     asksForComfort_ = true;
-    wanted_ = LeastSize().expandedTo({ToPixels(form_.Width()), ToPixels(form_.Height())}).boundedTo(screen);
+    wanted_ = LeastWindow(LeastSize())
+                  .expandedTo({ToPixels(form_.Width()), ToPixels(form_.Height())})
+                  .boundedTo(ScreenRoom());
     asksForComfort_ = false;
     sized_ = true;
   }
   ResizeToNeed();
+  window_->SetLeastContent(least);
   ArrangeControls();
   PlaceChanged();
+}
+
+QSize QtFormView::ScreenRoom() const {
+  QSize frame = window_->frameSize() - window_->size();
+  if (frame.isEmpty()) frame.setHeight(window_->style()->pixelMetric(QStyle::PM_TitleBarHeight));  // not known yet
+  return window_->screen()->availableSize() - frame;
+}
+
+/// @return the least size with the largest gaps that the screen has room for
+QSize QtFormView::FitToScreen() {
+  const QSize room = ScreenRoom();
+  QSize least;
+  for (const double share : kGapShares) {
+    gapShare_ = share;
+    least = LeastSize();
+    if (least.boundedTo(room) == least) break;
+  }
+  return least;
+}
+
+QSize QtFormView::LeastWindow(QSize content) const {
+  const QSize room = ScreenRoom();
+  const QSize bars(content.height() > room.height() ? window_->BarWidth() : 0,
+                   content.width() > room.width() ? window_->BarWidth() : 0);
+  return (content + bars).boundedTo(room);
 }
 
 void QtFormView::ResizeToNeed() {
@@ -108,14 +138,13 @@ void QtFormView::Resized() {
     wanted_ = window_->size();
     sizedByUser_ = true;
   }
-  ArrangeControls();
   PlaceChanged();
 }
 
 QSize QtFormView::LeastSize() const {
   const Size size = MinimumSize(form_.Layout(), *this);
-  return {static_cast<int>(std::ceil(size.width + 2 * kFormMargin)),
-          static_cast<int>(std::ceil(size.height + 2 * kFormMargin))};
+  const double margins = 2 * kFormMargin * gapShare_;
+  return {static_cast<int>(std::ceil(size.width + margins)), static_cast<int>(std::ceil(size.height + margins))};
 }
 
 void QtFormView::ShowCaptions() {
@@ -142,7 +171,9 @@ void QtFormView::SetTabOrder() {
 }
 
 void QtFormView::ArrangeControls() {
-  const Rect area{kFormMargin, kFormMargin, window_->width() - 2 * kFormMargin, window_->height() - 2 * kFormMargin};
+  const QSize content = window_->Content().size();
+  const double margin = kFormMargin * gapShare_;
+  const Rect area{margin, margin, content.width() - 2 * margin, content.height() - 2 * margin};
   Arrange(form_.Layout(), area, *this);
   for (const auto& each : widgets_) each->Widget().setGeometry(ToPixelRect(each->Model().Place()));
 }
@@ -198,7 +229,7 @@ void QtFormView::ShowPlace() {
 void QtFormView::ShowHeight() {
   const int height = ToPixels(form_.Height());  // before the layout reports the window's height to the form
   if (layoutDue_) UpdateLayout();
-  if (!sizedByUser_) wanted_.setHeight(height);
+  if (!sizedByUser_) wanted_.setHeight(std::min(height, ScreenRoom().height()));
   ResizeToNeed();
   if (window_->isVisible() && !window_->isMaximized()) KeepOnScreen();
   PlaceChanged();

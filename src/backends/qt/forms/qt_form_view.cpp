@@ -31,7 +31,7 @@ void QtFormView::MakeWidgets() {
     auto made = MakeControlWidget(*control, *this);
     if (!made) continue;
     QWidget& widget = made->Widget();
-    widget.setParent(window_.get());
+    widget.setParent(&window_->Content());
     if (!control->TabStop()) widget.setFocusPolicy(Qt::NoFocus);
     widget.installEventFilter(window_.get());
     made->ShowAll();

@@ -36,6 +36,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   [[nodiscard]] Size PreferredSize(const Control& control) const override;
   [[nodiscard]] double HeightForWidth(const Control& control, double width) const override;
   [[nodiscard]] Insets ContainerInsets(const Control& container) const override;
+  [[nodiscard]] double GapShare() const override { return gapShare_; }
 
   [[nodiscard]] QWidget& Window() const;
   /// The widget of a control; null for a control that is not drawn.
@@ -43,6 +44,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
 
  private:
   friend class FormWindow;
+  friend class FormContent;
   void MakeWidgets();
   void ShowEnabled(ControlWidget& widget);
   void SetTabOrder();
@@ -71,6 +73,11 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   [[nodiscard]] ControlWidget* Find(const Control& control) const;
   [[nodiscard]] Control* ControlOf(const QObject* widget) const;
   [[nodiscard]] QSize LeastSize() const;
+  QSize FitToScreen();
+  /// The least size of a window around a content, with bars where the screen has less room.
+  [[nodiscard]] QSize LeastWindow(QSize content) const;
+  /// Room for a window's content on its screen.
+  [[nodiscard]] QSize ScreenRoom() const;
 
   Form& form_;
   std::unique_ptr<FormWindow> window_;
@@ -81,6 +88,7 @@ class QtFormView : public FormView, public InputGate, public ControlMeasurer {
   QPointer<QWidget> parked_;       ///< had the focus when it was disabled; gets it back with its next use
   QPointer<QWidget> below_;        ///< the window that had the focus when this one appeared
   QSize wanted_;                   ///< the size that the user chose; the window is larger while its layout needs it
+  double gapShare_ = 1;            ///< what the screen leaves of the layout's gaps
   bool resizing_ = false;          ///< by the form, not by the user
   bool layoutDue_ = true;
   bool sized_ = false;           ///< the window has got its first size

@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QStyle>
 #include <QTimer>
 #include <QUrl>
 
@@ -13,9 +14,27 @@
 
 namespace chartproject {
 
-FormWindow::FormWindow(QtFormView& view) : view_(view) {
+void FormContent::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  view_.ArrangeControls();
+}
+
+FormWindow::FormWindow(QtFormView& view) : view_(view), content_(*new FormContent(view)) {
   setAttribute(Qt::WA_QuitOnClose, false);
   setAcceptDrops(true);
+  area_.setFrameShape(QFrame::NoFrame);
+  area_.setFocusPolicy(Qt::NoFocus);
+  area_.setWidgetResizable(true);
+  area_.setWidget(&content_);
+}
+
+void FormWindow::SetLeastContent(QSize size) {
+  content_.setMinimumSize(size);
+  if (!isVisible()) content_.resize(size.expandedTo(this->size()));  // the area follows with the first display
+}
+
+int FormWindow::BarWidth() const {
+  return style()->pixelMetric(QStyle::PM_ScrollBarExtent);
 }
 
 namespace {
@@ -36,7 +55,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     // A list that opens, a menu or another window takes the focus only for a while.
     const bool stays =
         reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason;
-    if (!stays && event->type() == QEvent::FocusIn) view_.FocusTaken();
+    if (!stays && event->type() == QEvent::FocusIn) {
+      view_.FocusTaken();
+      area_.ensureWidgetVisible(static_cast<QWidget*>(watched));
+    }
     if (!stays && event->type() == QEvent::FocusOut) view_.FocusLeft(watched, reason == Qt::MouseFocusReason);
   }
   if (event->type() == QEvent::KeyPress && !view_.closing_ &&
@@ -63,6 +85,7 @@ void FormWindow::moveEvent(QMoveEvent* event) {
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  area_.setGeometry(rect());
   view_.Resized();
 }
 

@@ -1,15 +1,33 @@
 // The top-level widget of a form: turns Qt's window events into calls of its view.
 #pragma once
 
+#include <QScrollArea>
 #include <QWidget>
 
 namespace chartproject {
 
 class QtFormView;
 
+/// What holds a form's controls: as large as the window, or as the layout needs where the screen is smaller.
+class FormContent : public QWidget {
+ public:
+  explicit FormContent(QtFormView& view) : view_(view) {}
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QtFormView& view_;
+};
+
 class FormWindow : public QWidget {
  public:
   explicit FormWindow(QtFormView& view);
+  [[nodiscard]] QWidget& Content() { return content_; }
+  /// The content's size at least; where the window has less room, bars scroll it.
+  void SetLeastContent(QSize size);
+  /// Width of a scroll bar.
+  [[nodiscard]] int BarWidth() const;
   /// Gives the focus to the first control in tab order.
   void FocusFirst() { focusNextChild(); }
 
@@ -25,6 +43,8 @@ class FormWindow : public QWidget {
 
  private:
   QtFormView& view_;
+  FormContent& content_;  ///< owned by the scroll area
+  QScrollArea area_{this};
 };
 
 }  // namespace chartproject

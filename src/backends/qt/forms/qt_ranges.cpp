@@ -5,6 +5,7 @@
 #include <QSlider>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "backends/qt/forms/qt_widgets.h"
@@ -61,6 +62,15 @@ class FocusScrollBar : public QScrollBar {
     if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) return QScrollBar::keyPressEvent(event);
     const bool add = (event->key() == Qt::Key_Right) != invertedAppearance();
     triggerAction(add ? SliderSingleStepAdd : SliderSingleStepSub);
+  }
+  /// To the right leads on, as towards the user does: inverted controls would turn a wheel that lies the other way.
+  void wheelEvent(QWheelEvent* event) override {
+    if (event->angleDelta().y() != 0) return QScrollBar::wheelEvent(event);
+    QWheelEvent upright(event->position(), event->globalPosition(), event->pixelDelta().transposed(),
+                        event->angleDelta().transposed(), event->buttons(), event->modifiers(), event->phase(),
+                        event->inverted());
+    QScrollBar::wheelEvent(&upright);
+    event->setAccepted(upright.isAccepted());
   }
   void paintEvent(QPaintEvent* event) override {
     QScrollBar::paintEvent(event);

@@ -63,7 +63,10 @@ void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   }
   const std::string contents = ContentsOf(helpFile);
   if (contents.find('\0') == std::string::npos) {
-    ShellExecuteW(owner, L"open", CopyAsPage(contents).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    constexpr INT_PTR kLastError = 32;  // as this call has reported since the first Windows
+    const HINSTANCE shown =
+        ShellExecuteW(owner, L"open", CopyAsPage(contents).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    if (reinterpret_cast<INT_PTR>(shown) <= kLastError) ShowProblem(owner, name, ERROR_NO_ASSOCIATION);
     return;
   }
   const UINT command = context == 0 ? HELP_FINDER : HELP_CONTEXT;

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "backends/win32/com_module.h"
+#include "backends/win32/drawing/gdi_canvas.h"
 #include "backends/win32/system_error.h"
 #include "backends/win32/wide_text.h"
 #include "platform/run_time_error.h"
@@ -27,25 +29,32 @@ std::string Reason(DWORD error) {
   return error == ERROR_SUCCESS ? std::string() : ": " + SystemMessage(error);
 }
 
+constexpr const wchar_t* kSpooler = L"winspool.drv";
+
 std::wstring DefaultPrinter() {
+  static const auto defaultPrinter = SystemFunction<decltype(&GetDefaultPrinterW)>(kSpooler, "GetDefaultPrinterW");
   DWORD length = 0;
-  GetDefaultPrinterW(nullptr, &length);
+  if (defaultPrinter != nullptr) defaultPrinter(nullptr, &length);
   if (length == 0) return {};
   std::wstring name(length, L'\0');
-  if (GetDefaultPrinterW(name.data(), &length) == 0) return {};
+  if (defaultPrinter(name.data(), &length) == 0) return {};
   name.resize(length - 1);
   return name;
 }
 
 /// Whether a printer is one that makes a file and asks for its name, without a proposal.
 bool AsksForFile(const std::wstring& printer) {
+  static const auto open = SystemFunction<decltype(&OpenPrinterW)>(kSpooler, "OpenPrinterW");
+  static const auto describe = SystemFunction<decltype(&GetPrinterW)>(kSpooler, "GetPrinterW");
+  static const auto close = SystemFunction<decltype(&ClosePrinter)>(kSpooler, "ClosePrinter");
+  if (open == nullptr || describe == nullptr || close == nullptr) return false;
   HANDLE queue = nullptr;
-  if (OpenPrinterW(std::wstring(printer).data(), &queue, nullptr) == 0) return false;
+  if (open(std::wstring(printer).data(), &queue, nullptr) == 0) return false;
   DWORD size = 0;
-  GetPrinterW(queue, 2, nullptr, 0, &size);
+  describe(queue, 2, nullptr, 0, &size);
   std::vector<BYTE> bytes(size);
-  const bool known = size > 0 && GetPrinterW(queue, 2, bytes.data(), size, &size) != 0;
-  ClosePrinter(queue);
+  const bool known = size > 0 && describe(queue, 2, bytes.data(), size, &size) != 0;
+  close(queue);
   if (!known) return false;
   const wchar_t* port = reinterpret_cast<const PRINTER_INFO_2W*>(bytes.data())->pPortName;
   return port != nullptr && (std::wstring(port) == L"PORTPROMPT:" || std::wstring(port) == L"FILE:");
@@ -206,6 +215,24 @@ void Win32Printer::PaintPictureFile(const std::string& fileName, double x, doubl
   picture.pixels.assign(first, first + std::size_t{kIconPixels} * kIconPixels);
   const double size = kIconPixels * kCentimetresPerInch / 96.0;
   PaintPicture(picture, x, y, size, size);
+}
+
+void Win32Printer::Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) {
+  constexpr double kPixels = 96 / kCentimetresPerInch;
+  const HDC dc = Require();
+  const RECT place{DotsX(x), DotsY(y), DotsX(x + width), DotsY(y + height)};
+  if (place.right <= place.left || place.bottom <= place.top) return;
+  const int before = SaveDC(dc);
+  IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
+  GdiCanvas canvas(dc, place, {width * kPixels, height * kPixels});
+  paint(canvas);
+  RestoreDC(dc, before);
+}
+
+void Win32Printer::NextPage() {
+  if (EndPage(Require()) <= 0 || StartPage(Require()) <= 0) ThrowPrinterError(Text::kPageNotTaken, {name_});
+  SetBkMode(Require(), TRANSPARENT);
+  y_ = lineHeight_ = 0;
 }
 
 void Win32Printer::EndDocument() {

@@ -28,10 +28,6 @@ bool IsGroup(const Control& control) {
   return box != nullptr && !box->HasColor();
 }
 
-Size WithMargins(const Size& content) {
-  return {content.width + 2 * kFormMargin, content.height + 2 * kFormMargin};
-}
-
 }  // namespace
 
 double SystemScale() {
@@ -83,12 +79,26 @@ double FormLayout::HeightForWidth(const Control& control, double width) const {
 
 Insets FormLayout::ContainerInsets(const Control& container) const {
   const bool titled = dynamic_cast<const Frame*>(&container) != nullptr;
-  const double title = titled ? LineHeight(context_) / context_.scale - kGroupPadding / 2 : 0;
-  return {kGroupPadding, title + kGroupPadding, kGroupPadding, kGroupPadding};
+  const double padding = kGroupPadding * gapShare_;
+  const double title = titled ? LineHeight(context_) / context_.scale - padding / 2 : 0;
+  return {padding, title + padding, padding, padding};
+}
+
+double FormLayout::Margin() const {
+  return kFormMargin * gapShare_;
+}
+
+void FormLayout::FitGaps(Size room) {
+  for (const double share : kGapShares) {
+    gapShare_ = share;
+    const Size least = LeastSize();
+    if (least.width <= room.width && least.height <= room.height) return;
+  }
 }
 
 Size FormLayout::LeastSize() const {
-  return WithMargins(MinimumSize(form_.Layout(), *this));
+  const Size content = MinimumSize(form_.Layout(), *this);
+  return {content.width + 2 * Margin(), content.height + 2 * Margin()};
 }
 
 Size FormLayout::ComfortableSize() const {
@@ -120,8 +130,8 @@ bool FormLayout::Outgrown(const Control& control) const {
 void FormLayout::Arrange() {
   const Size least = LeastSize();
   const SIZE content = scroll_.Fit({context_.Dots(least.width), context_.Dots(least.height)});
-  const Rect area{kFormMargin, kFormMargin, content.cx / context_.scale - 2 * kFormMargin,
-                  content.cy / context_.scale - 2 * kFormMargin};
+  const double margin = Margin();
+  const Rect area{margin, margin, content.cx / context_.scale - 2 * margin, content.cy / context_.scale - 2 * margin};
   chartproject::Arrange(form_.Layout(), area, *this);
   for (const auto& [control, widget] : widgets_.All()) {
     widget->ApplyStyle();

@@ -19,6 +19,8 @@ class FormLayout : private ControlMeasurer {
 
   /// The context gets a scale and the font for it.
   void SetScale(double scale);
+  /// Makes gaps small until the least size is within a room, in layout pixels.
+  void FitGaps(Size room);
   /// The size in layout pixels below which the form's content would be cut; pictures give up a part of what they like.
   [[nodiscard]] Size LeastSize() const;
   /// The same with pictures in the size that they like: for the first display.
@@ -40,13 +42,16 @@ class FormLayout : private ControlMeasurer {
   [[nodiscard]] Size PreferredSize(const Control& control) const override;
   [[nodiscard]] double HeightForWidth(const Control& control, double width) const override;
   [[nodiscard]] Insets ContainerInsets(const Control& container) const override;
+  [[nodiscard]] double GapShare() const override { return gapShare_; }
   [[nodiscard]] double ShareOf(const Control& control) const;
+  [[nodiscard]] double Margin() const;
 
   Form& form_;
   WidgetContext& context_;
   FormWidgets& widgets_;
   FormScroll scroll_{context_};
   OwnedFont font_;
+  double gapShare_ = 1;           ///< what the screen leaves of the layout's gaps
   mutable bool comfort_ = false;  ///< measuring for the first display
 };
 

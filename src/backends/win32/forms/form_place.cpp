@@ -45,15 +45,26 @@ SIZE FormPlace::WindowSizeFor(Size client) const {
 SIZE FormPlace::LeastSize() const {
   SIZE size = WindowSizeFor(shownOnce_ ? layout_.LeastSize() : layout_.ComfortableSize());
   RECT area;
-  if (WorkArea(MonitorFromWindow(context_.formWindow, MONITOR_DEFAULTTONEAREST), area)) {
-    size = {std::min(size.cx, Width(area)), std::min(size.cy, Height(area))};
-  }
-  return size;
+  if (!WorkArea(MonitorFromWindow(context_.formWindow, MONITOR_DEFAULTTONEAREST), area)) return size;
+  // A bar that scrolls one direction takes room from the other.
+  const LONG across = size.cy > Height(area) ? GetSystemMetrics(SM_CXVSCROLL) : 0;
+  const LONG down = size.cx > Width(area) ? GetSystemMetrics(SM_CYHSCROLL) : 0;
+  return {std::min(size.cx + across, Width(area)), std::min(size.cy + down, Height(area))};
 }
 
-/// The size that the form asks for, or that the user gave it.
+void FormPlace::FitToScreen() {
+  RECT area;
+  if (!WorkArea(MonitorFromWindow(context_.formWindow, MONITOR_DEFAULTTONEAREST), area)) return;
+  const SIZE frame = WindowSizeFor({});
+  layout_.FitGaps({(Width(area) - frame.cx) / context_.scale, (Height(area) - frame.cy) / context_.scale});
+}
+
+/// The size that the form asks for, or that the user gave it; never more than its screen has.
 SIZE FormPlace::WantedSize() const {
-  return {context_.Dots(form_.Width() / kTwipsPerPixel), context_.Dots(form_.Height() / kTwipsPerPixel)};
+  const SIZE size{context_.Dots(form_.Width() / kTwipsPerPixel), context_.Dots(form_.Height() / kTwipsPerPixel)};
+  RECT area;
+  if (!WorkArea(MonitorFromWindow(context_.formWindow, MONITOR_DEFAULTTONEAREST), area)) return size;
+  return {std::min(size.cx, Width(area)), std::min(size.cy, Height(area))};
 }
 
 void FormPlace::Arrange() {
@@ -63,6 +74,7 @@ void FormPlace::Arrange() {
 void FormPlace::GrowToLayout() {
   const HWND window = context_.formWindow;
   widgets_.ShowCaptions();
+  FitToScreen();
   RECT now;
   GetWindowRect(window, &now);
   // Before the first display the size is what the form asks for.

@@ -27,6 +27,7 @@ class FormPlace {
   void ReportSize();
   void ReportToForm();
   void Arrange();
+  void FitToScreen();
   [[nodiscard]] SIZE WindowSizeFor(Size client) const;
   [[nodiscard]] SIZE LeastSize() const;
   [[nodiscard]] SIZE WantedSize() const;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "backends/win32/com_module.h"
 #include "backends/win32/forms/win32_form_view.h"
 #include "forms/flag_scope.h"
 #include "forms/form.h"
@@ -18,10 +19,17 @@ constexpr UINT_PTR kPumpTimer = 1;
 /// Timers of the system to the millisecond while a form is up.
 class PreciseTimers {
  public:
-  PreciseTimers() noexcept { timeBeginPeriod(1); }
-  ~PreciseTimers() { timeEndPeriod(1); }
+  PreciseTimers() { Call("timeBeginPeriod"); }
+  ~PreciseTimers() { Call("timeEndPeriod"); }
   PreciseTimers(const PreciseTimers&) = delete;
   PreciseTimers& operator=(const PreciseTimers&) = delete;
+
+ private:
+  static void Call(const char* function) noexcept {
+    static const HMODULE timers = LoadSystemLibrary(L"winmm.dll");
+    const FARPROC found = timers == nullptr ? nullptr : GetProcAddress(timers, function);
+    if (found != nullptr) reinterpret_cast<decltype(&timeBeginPeriod)>(reinterpret_cast<void*>(found))(1);
+  }
 };
 
 /// A form in the list of those whose loop runs.

@@ -79,6 +79,10 @@ std::string ChartControl::SpokenWords() const {
     }
   }
   if (mark_) words += (words.empty() ? "" : "; ") + mark_->text;
+  if (!words.empty()) return words;
+  for (const ChartSeries& series : model_.series) {
+    if (series.visible) words += (words.empty() ? "" : "; ") + series.label;
+  }
   return words;
 }
 
