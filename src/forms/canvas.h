@@ -51,10 +51,6 @@ class Canvas {
   virtual ~Canvas() = default;
   [[nodiscard]] virtual Size Extent() const = 0;
   virtual void FillRect(const Rect& rect, Color color) = 0;
-  /// The same for many that do not overlap.
-  virtual void FillRects(std::span<const Rect> boxes, Color color) {
-    for (const Rect& box : boxes) FillRect(box, color);
-  }
   virtual void DrawLine(PointF from, PointF to, const Pen& pen) = 0;
   virtual void DrawPolyline(std::span<const PointF> points, const Pen& pen) = 0;
   /// Fills a closed polygon and strokes its outline; PenStyle::kNone leaves the outline out.

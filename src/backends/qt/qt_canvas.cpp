@@ -123,29 +123,11 @@ bool QtCanvas::OnPaper() const {
   return painter_.device()->devType() == QInternal::Printer;
 }
 
-bool QtCanvas::OnWholeDots(const Rect& rect) const {
+void QtCanvas::FillRect(const Rect& rect, Color color) {
   const double dots = painter_.deviceTransform().m11();
   const auto whole = [dots](double at) { return at * dots == std::floor(at * dots); };
-  return whole(rect.x) && whole(rect.y) && whole(rect.width) && whole(rect.height);
-}
-
-void QtCanvas::FillRect(const Rect& rect, Color color) {
-  Smooth(!OnWholeDots(rect));
+  Smooth(!(whole(rect.x) && whole(rect.y) && whole(rect.width) && whole(rect.height)));
   painter_.fillRect(ToQRect(rect), ToQColor(color));
-}
-
-void QtCanvas::FillRects(std::span<const Rect> boxes, Color color) {
-  if (!std::ranges::all_of(boxes, [this](const Rect& box) { return OnWholeDots(box); })) {
-    Canvas::FillRects(boxes, color);
-    return;
-  }
-  QList<QRectF> rects;
-  rects.reserve(static_cast<qsizetype>(boxes.size()));
-  for (const Rect& box : boxes) rects.append(ToQRect(box));
-  Smooth(false);
-  painter_.setPen(Qt::NoPen);
-  painter_.setBrush(ToQColor(color));
-  painter_.drawRects(rects);
 }
 
 void QtCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {

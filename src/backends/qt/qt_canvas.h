@@ -19,7 +19,6 @@ class QtCanvas : public Canvas {
 
   [[nodiscard]] Size Extent() const override { return extent_; }
   void FillRect(const Rect& rect, Color color) override;
-  void FillRects(std::span<const Rect> boxes, Color color) override;
   void DrawLine(PointF from, PointF to, const Pen& pen) override;
   void DrawPolyline(std::span<const PointF> points, const Pen& pen) override;
   void DrawPolygon(std::span<const PointF> points, Color fill, const Pen& outline) override;
@@ -31,7 +30,6 @@ class QtCanvas : public Canvas {
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
 
  private:
-  [[nodiscard]] bool OnWholeDots(const Rect& rect) const;
   /// What is painted becomes lines and shapes of a page, not dots.
   [[nodiscard]] bool OnPaper() const;
   /// Switches the smoothing of edges, which the painter does slowly, also for shapes that need none.

@@ -13,17 +13,6 @@ void Scene::FillRect(const Rect& box, Color fill) {
   shapes_.push_back(shape);
 }
 
-void Scene::FillRects(std::span<const Rect> boxes, Color fill) {
-  if (boxes.empty()) return;
-  SceneShape shape;
-  shape.kind = SceneShape::Kind::kRectangles;
-  shape.fill = fill;
-  shape.first = boxes_.size();
-  shape.count = boxes.size();
-  boxes_.insert(boxes_.end(), boxes.begin(), boxes.end());
-  shapes_.push_back(shape);
-}
-
 void Scene::Line(PointF from, PointF to, const Pen& pen) {
   Polyline(std::array{from, to}, pen);
 }
@@ -79,9 +68,6 @@ void Scene::Paint(Canvas& canvas) const {
     switch (shape.kind) {
       case SceneShape::Kind::kRectangle:
         canvas.FillRect(shape.box, shape.fill);
-        break;
-      case SceneShape::Kind::kRectangles:
-        canvas.FillRects(Boxes(shape), shape.fill);
         break;
       case SceneShape::Kind::kPolyline:
         canvas.DrawPolyline(Points(shape), shape.pen);

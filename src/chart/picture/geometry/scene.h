@@ -11,12 +11,12 @@
 namespace chartproject {
 
 struct SceneShape {
-  enum class Kind : std::uint8_t { kRectangle, kRectangles, kPolyline, kPolygon, kCrisp, kEllipse, kClip, kUnclip };
+  enum class Kind : std::uint8_t { kRectangle, kPolyline, kPolygon, kCrisp, kEllipse, kClip, kUnclip };
   Kind kind = Kind::kPolyline;
   Color fill;
   Pen pen;
   Rect box;               ///< of rectangles, ellipses and clips
-  std::size_t first = 0;  ///< points of polylines and polygons, boxes of rectangles; in the scene's own
+  std::size_t first = 0;  ///< points of polylines and polygons, in the scene's points
   std::size_t count = 0;
 };
 
@@ -28,12 +28,10 @@ struct SceneText {
   Align align = Align::kLeft;
 };
 
-/// All the points are in one array: a chart of thousands of shapes costs few allocations.
+/// All the points lie in one array: a chart of thousands of shapes costs few allocations.
 class Scene {
  public:
   void FillRect(const Rect& box, Color fill);
-  /// Many that do not overlap: painted in one go.
-  void FillRects(std::span<const Rect> boxes, Color fill);
   void Line(PointF from, PointF to, const Pen& pen);
   /// A polyline of one point is left out, as is one with PenStyle::kNone.
   void Polyline(std::span<const PointF> points, const Pen& pen);
@@ -51,9 +49,6 @@ class Scene {
   [[nodiscard]] std::span<const PointF> Points(const SceneShape& shape) const {
     return std::span(points_).subspan(shape.first, shape.count);
   }
-  [[nodiscard]] std::span<const Rect> Boxes(const SceneShape& shape) const {
-    return std::span(boxes_).subspan(shape.first, shape.count);
-  }
   void Paint(Canvas& canvas) const;
 
  private:
@@ -61,7 +56,6 @@ class Scene {
 
   std::vector<SceneShape> shapes_;
   std::vector<PointF> points_;
-  std::vector<Rect> boxes_;
   std::vector<SceneText> texts_;
 };
 

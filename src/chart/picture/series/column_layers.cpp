@@ -5,16 +5,6 @@
 
 namespace chartproject {
 
-void RectanglesByColor::Fill(const Rect& box, Color color) {
-  auto same = std::find_if(boxes_.begin(), boxes_.end(), [color](const auto& each) { return each.first == color; });
-  if (same == boxes_.end()) same = boxes_.insert(same, {color, {}});
-  same->second.push_back(box);
-}
-
-void RectanglesByColor::AddTo(Scene& scene) const {
-  for (const auto& [color, boxes] : boxes_) scene.FillRects(boxes, color);
-}
-
 void ColumnOfLayers::Add(double top, double bottom, Color color) {
   double from = top;
   for (const Covered& covered : covered_) {
@@ -28,7 +18,7 @@ void ColumnOfLayers::Add(double top, double bottom, Color color) {
 }
 
 void ColumnOfLayers::Fill(double top, double bottom, Color color) {
-  if (top < bottom) boxes_.Fill({left_, top, right_ - left_, bottom - top}, color);
+  if (top < bottom) scene_.FillRect({left_, top, right_ - left_, bottom - top}, color);
 }
 
 void ColumnOfLayers::Cover(double top, double bottom) {

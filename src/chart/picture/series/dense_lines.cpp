@@ -66,13 +66,12 @@ void StrokeRestlessParts(const ChartModel& model, const Plot& plot, const std::v
   }
   std::vector<bool> faint;
   for (const ChartSeries& series : model.series) faint.push_back(IsFaint(series.color, model.backdrop));
-  RectanglesByColor boxes;
   for (std::size_t column = 0; column < columns.size(); ++column) {
     std::vector<Stroke>& strokes = columns[column];
     std::sort(strokes.begin(), strokes.end(),
               [](const Stroke& one, const Stroke& other) { return one.key > other.key; });
     const double left = plot.front.x + static_cast<double>(column);
-    ColumnOfLayers layers(left, left + 1, boxes);
+    ColumnOfLayers layers(left, left + 1, scene);
     for (const Stroke& stroke : strokes) {
       const Color color = model.series[stroke.series].color;
       const auto add = [&](double margin, Color tone) {
@@ -82,7 +81,6 @@ void StrokeRestlessParts(const ChartModel& model, const Plot& plot, const std::v
       if (faint[stroke.series]) add((kLineWidth + kFaintEdge) / 2, EdgeTone(color));
     }
   }
-  boxes.AddTo(scene);
 }
 
 using Columns = std::span<const ColumnSpan>;

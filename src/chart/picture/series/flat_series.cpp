@@ -37,15 +37,13 @@ void DrawBars(const ChartModel& model, const Plot& plot, Scene& scene) {
   const int count = static_cast<int>(model.series.size());
   const BarPlace place = PlaceBars(plot, count);
   if (place.width < 1) {
-    RectanglesByColor boxes;
     for (const BarColumn& bar : DenseBars(model, plot, 1)) {
-      ColumnOfLayers layers(bar.left, bar.right, boxes);
+      ColumnOfLayers layers(bar.left, bar.right, scene);
       for (auto span = bar.spans.rbegin(); span != bar.spans.rend(); ++span) {
         const Color color = model.series[static_cast<std::size_t>(span->column)].color;
         layers.Add(std::round(span->top), std::round(span->bottom), color);
       }
     }
-    boxes.AddTo(scene);
   } else {
     const double base = plot.BaseY();
     for (int row = 0; row < plot.rows; ++row) {

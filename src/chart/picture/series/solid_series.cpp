@@ -88,14 +88,12 @@ void DrawDenseBoxes(const ChartModel& model, const Plot& plot, const Face& face,
     DrawCrispBody(colorOf(tallest), box, face, scene);
   }
   const PointF shift = plot.At({0, 0}, face.depth.front);
-  RectanglesByColor boxes;
   for (const BarColumn& bar : bars) {
-    ColumnOfLayers layers(std::round(bar.left + shift.x), std::round(bar.right + shift.x), boxes);
+    ColumnOfLayers layers(std::round(bar.left + shift.x), std::round(bar.right + shift.x), scene);
     for (auto span = bar.spans.rbegin(); span != bar.spans.rend(); ++span) {
       layers.Add(std::floor(span->top + shift.y), std::ceil(span->bottom + shift.y), colorOf(*span));
     }
   }
-  boxes.AddTo(scene);
 }
 
 void DrawBoxes(const ChartModel& model, const Plot& plot, Scene& scene) {
