@@ -62,8 +62,8 @@ TEST(ChartWindowOnWindows, ShowsScrollsAndRescalesARecording) {
   } turns[] = {{"hsbGraph", 1, 273, "1", 1},         {"mscChart1", 2, 267, "1", 1},
                {"txtScale1", 2, 267, "3", 1},        {"sldPointsPerDivision", 2, 225, "3", 3},
                {"mscChart1", 1, 216, "3", 3},        {"cboChartType", -1, 216, "3", 3},
-               {"mscChart1", -1, 207, "3", 3, true}, {"hsbGraph", 3, 210, "3", 3, true},
-               {"txtScale1", 1, 210, "3", 3, true}};
+               {"mscChart1", -1, 207, "3", 3, true}, {"hsbGraph", 3, 216, "3", 3, true},
+               {"txtScale1", 1, 216, "3", 3, true}};
   for (const auto& turn : turns) {
     form.Wheel(turn.under, turn.notches, turn.sideways);
     EXPECT_TRUE(position(turn.position)) << turn.under << GetScrollPos(bar, SB_CTL);
