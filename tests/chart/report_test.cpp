@@ -21,7 +21,8 @@ struct ReportTest : ::testing::Test {
     component.driveTable.At(1) = {"01", "KRA-09", "2.40", "", "", "PUMP-3", "KRA.0016", "SN-77"};
     std::string rows;
     for (int i = 1; i <= 40; ++i) {
-      rows += "08:00:" + std::to_string(10 + i) + "#" + std::to_string(i) + "#" + (i == 7 ? "--" : "50.25") + "####\r\n";
+      rows +=
+          "08:00:" + std::to_string(10 + i) + "#" + std::to_string(i) + "#" + (i == 7 ? "--" : "50.25") + "####\r\n";
     }
     fakes.files.Put(kFile,
                     "[INFO]\r\nDrive Address=01\r\nNumber of Parameters=2\r\nPXXX1=003\r\nPXXX2=005\r\nScan Time=1\r\n"

@@ -16,6 +16,7 @@ struct ValueRange {
 
   /// Takes a value in; what is not finite is left out.
   void Include(double value) noexcept;
+  friend bool operator==(const ValueRange&, const ValueRange&) = default;
 };
 
 /// Values beyond this magnitude are drawn at it, so that a range never overflows.
