@@ -10,6 +10,7 @@
 #include <random>
 
 #include "backends/qt/qt_canvas.h"
+#include "chart/live/live_points.h"
 #include "chart/picture/chart_scene.h"
 
 namespace chartproject {
@@ -82,6 +83,28 @@ void WholeScreen(benchmark::State& state) {
   }
 }
 
+/// A point of a recording in the dialog: the chart of the last points, worked out and painted. @param range of the
+/// state: points before it
+void LivePoint(benchmark::State& state) {
+  constexpr Size kArea = {700, 260};
+  LivePoints points;
+  points.Restart(4);
+  std::int32_t point = 0;
+  const auto take = [&] {
+    ++point;
+    points.Take(point, {std::sin(point * 0.1), std::cos(point * 0.1), point % 7 * 1.0, 3}, {point % 50 == 0});
+  };
+  while (point < state.range(0)) take();
+  QImage image(static_cast<int>(kArea.width), static_cast<int>(kArea.height), QImage::Format_ARGB32_Premultiplied);
+  for (auto step : state) {
+    take();
+    QPainter painter(&image);
+    QtCanvas canvas(painter, kArea);
+    PaintChart(points.Model(), {}, canvas);
+  }
+}
+
+BENCHMARK(LivePoint)->Arg(0)->Arg(1000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(WholeScreen)
     ->ArgNames({"look", "type", "noise"})
     ->ArgsProduct({{0, 1, 2, 3}, {3, 2}, {0, 1}})

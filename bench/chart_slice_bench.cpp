@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "backends/posix/files/posix_file_system.h"
+#include "backends/posix/posix_clock.h"
 #include "chart/file/chart_source.h"
 #include "chart/measure/point_search.h"
 #include "chart/measure/range_statistics.h"
@@ -40,6 +41,13 @@ double PeakMebibytes() {
   return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
+/// Where surveys are kept: nowhere, unless a benchmark is about them.
+void KeepSurveysIn(const char* folder) {
+  setenv("XDG_CACHE_HOME", folder, 1);
+}
+constexpr const char* kNowhere = "/proc/none";
+constexpr const char* kCache = CHARTPROJECT_BINARY_DIR "/bench/cache";
+
 struct NoLinks : DriveLinkFactory {
   std::unique_ptr<DriveLink> Create(const LinkWait& /*wait*/) override { return nullptr; }
 };
@@ -48,11 +56,16 @@ struct NoLinks : DriveLinkFactory {
 struct Bench {
   FakePorts fake;
   PosixFileSystem files;
-  Ports ports{fake.settings, files,         fake.clock, fake.locale,    fake.codePage, fake.dialogs,
-              fake.sound,    fake.keyboard, fake.help,  fake.clipboard, fake.printer,  fake.spreadsheets};
+  PosixClock clock;
+  Ports ports;
   NoLinks links;
   Component component{ports, fake.forms, links};
-  Bench() {
+  /// @param realClock idle work stops after its time; on the virtual clock it goes on
+  explicit Bench(bool realClock = false)
+      : ports{fake.settings,  files,         realClock ? static_cast<Clock&>(clock) : fake.clock,
+              fake.locale,    fake.codePage, fake.dialogs,
+              fake.sound,     fake.keyboard, fake.help,
+              fake.clipboard, fake.printer,  fake.spreadsheets} {
     component.settings.strLanguage = "English";
     component.settings.strSound = "No";
     component.language = Language::kEnglish;
@@ -137,6 +150,69 @@ void FitAndBack(benchmark::State& state) {
 }
 BENCHMARK(FitAndBack)->Unit(benchmark::kMillisecond);
 
+/// Opens the file with its survey kept, shows the whole recording and jumps to the last point.
+void SecondOpening(benchmark::State& state) {
+  Bench bench;
+  KeepSurveysIn(kCache);
+  const auto open = [&](ChartForm& form) {
+    form.Load();
+    if (!form.OpenFile(ChartFile(kLongFile))) state.SkipWithError("cannot open the file");
+    while (form.overview.tmrSurvey.Enabled()) form.overview.tmrSurvey.Fire();
+    form.mscChart1.KeyPressed({.key = Key::kEnd});
+    if (form.View().Survey().Exact().Lines() != kLongFile) state.SkipWithError("not all of it");
+  };
+  {
+    ChartForm first(bench.component);
+    open(first);
+  }
+  for (auto _ : state) {
+    ChartForm form(bench.component);
+    open(form);
+  }
+  KeepSurveysIn(kNowhere);
+}
+BENCHMARK(SecondOpening)->Unit(benchmark::kMillisecond);
+
+/// After SecondOpening; End is pressed before the window had any idle time.
+void FirstJumpWithAKeptIndex(benchmark::State& state) {
+  Bench bench;
+  KeepSurveysIn(kCache);
+  for (auto _ : state) {
+    state.PauseTiming();
+    ChartForm form(bench.component);
+    form.Load();
+    if (!form.OpenFile(ChartFile(kLongFile))) state.SkipWithError("cannot open the file");
+    state.ResumeTiming();
+    form.mscChart1.KeyPressed({.key = Key::kEnd});
+    if (form.mscChart1.Model().firstRowLabel + 24 != kLongFile) state.SkipWithError("not at the end");
+  }
+  KeepSurveysIn(kNowhere);
+}
+BENCHMARK(FirstJumpWithAKeptIndex)->Unit(benchmark::kMillisecond);
+
+/// The longest time between two messages that the window's idle work takes: survey, drawing of the strip's model,
+/// keeping the survey; on the real clock, as keys wait for it.
+void IdleWork(benchmark::State& state) {
+  Bench bench(true);
+  double longest = 0;
+  for (auto _ : state) {
+    std::filesystem::remove_all(kCache);
+    KeepSurveysIn(kCache);
+    ChartForm form(bench.component);
+    form.Load();
+    if (!form.OpenFile(ChartFile(kLongFile))) state.SkipWithError("cannot open the file");
+    while (form.overview.tmrSurvey.Enabled()) {
+      const auto before = std::chrono::steady_clock::now();
+      form.overview.tmrSurvey.Fire();
+      const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - before;
+      longest = std::max(longest, took.count());
+    }
+  }
+  state.counters["longest_ms"] = longest;
+  KeepSurveysIn(kNowhere);
+}
+BENCHMARK(IdleWork)->Unit(benchmark::kMillisecond);
+
 /// Anywhere in a file that was scrolled through before; the chart is rebuilt each time.
 void LaterScroll(benchmark::State& state) {
   Bench bench;
@@ -197,6 +273,7 @@ BENCHMARK(PeakMemory)->Iterations(1);
 }  // namespace chartproject
 
 int main(int argc, char** argv) {
+  chartproject::KeepSurveysIn(chartproject::kNowhere);
   std::cout << "empty program: " << chartproject::PeakMebibytes() << " MiB\n";
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

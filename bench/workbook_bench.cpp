@@ -103,7 +103,8 @@ int main() {
   for (const int points : {65'513, 1'000'000, 5'000'000}) measured = Measure(folder, points) && measured;
   for (const char* points : {"65513", "1000000"}) {
     const std::string command = "/usr/bin/python3 " CHARTPROJECT_SOURCE_DIR "/bench/workbook_peers.py '" +
-                                (folder / (std::string(points) + ".cht")).string() + "'";
+                                (folder / (std::string(points) + ".cht")).string() +
+                                "' '" CHARTPROJECT_BINARY_DIR "/headless/chartproject'";
     measured = std::system(command.c_str()) == 0 && measured;
   }
   fs::remove_all(folder);

@@ -1,4 +1,5 @@
 // Files of the project folder: any content is read or refused with a run-time error.
+#include <array>
 #include <cmath>
 
 #include "backends/posix/posix_settings_store.h"
@@ -13,6 +14,7 @@
 #include "recording/companion/companion_texts.h"
 #include "recording/file/field_value.h"
 #include "recording/journal/recovery.h"
+#include "recording/journal/unfinished.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -70,6 +72,13 @@ void Journal(std::string_view bytes) {
   const auto found = FindBeside(fakes.files, fakes.codePage, "/a.cht");
   for (const InterruptedRecording& recording : found) {
     for (const RowFile& file : recording.rowFiles) Require(file.name.starts_with("/a.cht."));
+  }
+  if (const auto unfinished = FindUnfinished(fakes.files, fakes.codePage, "/a.cht")) {
+    const auto rows = OpenRows(fakes.files, *unfinished);
+    std::array<char, 4096> block{};
+    std::uint64_t size = 0;
+    for (std::size_t count = rows->Read(block); count > 0; count = rows->Read(block)) size += count;
+    Require(size == rows->Identity().size);
   }
   const auto results = RecoverBeside(fakes.ports, "/a.cht", {});
   std::int64_t points = 0;

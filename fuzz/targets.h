@@ -13,6 +13,7 @@ void CompanionFile(std::string_view bytes);  ///< a companion of a chart file
 void Settings(std::string_view bytes);       ///< the file of the settings
 void Number(std::string_view bytes);         ///< a number; the first byte chooses the locale
 void Journal(std::string_view bytes);        ///< the journal of an interrupted recording, and its recovery
+void Overview(std::string_view bytes);       ///< a kept overview of a chart file; its sums are made right
 void Visible(std::string_view bytes);        ///< any text on its way to a terminal
 
 // Forms (form_targets.cpp).

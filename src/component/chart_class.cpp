@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "acquire/dialog/acquire_form.h"
+#include "chart/live/live_chart_control.h"
 #include "chart/window/show_chart.h"
 #include "common/environment/language.h"
 #include "common/environment/settings_io.h"
@@ -15,6 +16,7 @@ namespace chartproject {
 
 ChartClass::ChartClass(Component& state, ProcessState& process) : process_(process), component_(state) {
   component_.showChart = ShowChart;
+  component_.makeLiveChart = MakeLiveChart;
   ReadConfSettings(component_);
   SetLanguageBase(component_);
   ReadProjectSettings(component_);

@@ -1,4 +1,5 @@
-// Buttons choose first because they are pressed most; then check boxes, then the labels of fields.
+// Buttons choose first because they are pressed most; then check boxes, then the labels of fields;
+// what is there only during a recording takes what is left.
 #include "forms/access_keys.h"
 
 #include <algorithm>
@@ -69,10 +70,20 @@ class Letters {
   std::map<const Control*, std::size_t> places_;
 };
 
+/// A control beside a progress bar is there only while the fields are locked.
+bool BesideProgress(const Form& form, const Control& control) {
+  return control.Container() != nullptr && std::ranges::any_of(form.Controls(), [&control](const Control* other) {
+           return other->TypeName() == "ProgressBar" && other->Container() == control.Container();
+         });
+}
+
+constexpr int kLastRank = 3;  ///< of those that get a letter
+
 int Rank(const Form& form, const Control& control) {
+  if (control.TypeName() == "CommandButton" && BesideProgress(form, control)) return kLastRank;
   if (control.TypeName() == "CommandButton") return 0;
   if (control.TypeName() == "CheckBox") return 1;
-  return FieldOf(form, control) != nullptr ? 2 : 3;
+  return FieldOf(form, control) != nullptr ? 2 : kLastRank + 1;
 }
 
 }  // namespace
@@ -109,7 +120,7 @@ std::map<const Control*, std::string> CaptionsWithAccessKeys(const Form& form) {
       letters.Keep(*letter);
     }
   }
-  for (int rank = 0; rank <= 2; ++rank) {
+  for (int rank = 0; rank <= kLastRank; ++rank) {
     for (const Control* control : form.Controls()) {
       if (!control->HasCaption() || captions.contains(control) || Rank(form, *control) != rank) continue;
       letters.Give(*control);

@@ -16,6 +16,9 @@ class Timer : public Control {
   /// Enabling (or a new interval) starts a new schedule: the first tick is one interval from now.
   void SetEnabled(bool enabled) override;
   [[nodiscard]] bool Armed() const noexcept { return Enabled() && interval_ > 0; }
+  /// A timer that looks for changes of the outside, again and again: a host without windows does not wait for it.
+  void SetEndless(bool endless) noexcept { endless_ = endless; }
+  [[nodiscard]] bool Endless() const noexcept { return endless_; }
   /// True while the tick's handler runs; the next tick waits for it, even when the handler shows a message box.
   [[nodiscard]] bool Firing() const noexcept { return firing_; }
   /// Raises the tick event.
@@ -28,6 +31,7 @@ class Timer : public Control {
 
   int interval_ = 0;
   bool firing_ = false;
+  bool endless_ = false;
 };
 
 }  // namespace chartproject

@@ -17,9 +17,10 @@ void TimerQueue::Disarm(Timer& timer) {
   std::erase_if(entries_, [&timer](const Entry& entry) { return entry.timer == &timer; });
 }
 
-std::optional<Instant> TimerQueue::NextDue() const {
+std::optional<Instant> TimerQueue::NextDue(bool endless) const {
   const Entry* first = nullptr;
   for (const Entry& entry : entries_) {
+    if (!endless && entry.timer->Endless()) continue;
     if (!entry.timer->Firing() && (first == nullptr || entry.due < first->due)) first = &entry;
   }
   return first == nullptr ? std::nullopt : std::optional(first->due);

@@ -19,8 +19,8 @@ class TimerQueue {
   /// Starts a timer's schedule at this moment, replacing the one it had.
   void Arm(Timer& timer);
   void Disarm(Timer& timer);
-  /// When the next tick is due; nothing when no timer is armed.
-  [[nodiscard]] std::optional<Instant> NextDue() const;
+  /// When the next tick is due; nothing when no timer is armed. @param endless false leaves out endless timers
+  [[nodiscard]] std::optional<Instant> NextDue(bool endless = true) const;
   /// Raises the tick of the one timer that is due longest, if any is due now. True when one was raised.
   bool FireOne();
 

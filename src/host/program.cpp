@@ -44,7 +44,7 @@ constexpr const char* kFooter =
     "  2  refused, or wrong usage\n"
     "  3  a recording ended early (Esc, Ctrl-C, SIGTERM, full disk), the points taken are kept; or an export was "
     "stopped,\n"
-    "     no file was written";
+    "     no file was written; or publishing was stopped, its place is kept";
 
 constexpr const char* kCommandFooter =
     "The program's own options (--profile, --link, --trace, --clock, --start, --answer, --quiet) go before the command "
@@ -68,7 +68,7 @@ std::vector<std::unique_ptr<Command>> AllCommands() {
   for (const auto make :
        {MakeInitCommand, MakeSettingsCommand, MakePortsCommand, MakeScanCommand, MakeDrivesCommand, MakeReadCommand,
         MakeAcquireCommand, MakeRecoverCommand, MakeInfoCommand, MakeViewCommand, MakeRenderCommand, MakePrintCommand,
-        MakeExportCommand, MakeDescribeCommand, MakeStartCommand}) {
+        MakeExportCommand, MakePublishCommand, MakeDescribeCommand, MakeStartCommand}) {
     commands.push_back(make());
   }
   return commands;

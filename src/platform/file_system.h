@@ -107,6 +107,9 @@ class FileSystem {
   virtual void ChangeFolder(const std::string& name) = 0;
   /// The system's folder for temporary files.
   [[nodiscard]] virtual std::string TemporaryFolder() = 0;
+  /// The user's folder for what programs can make again at any time; it may not be there yet. Empty where the user has
+  /// none.
+  [[nodiscard]] virtual std::string CacheFolder() = 0;
   /// The disk that holds the named file (its folder when the file is not there yet).
   [[nodiscard]] virtual DiskSpace SpaceFor(const std::string& name) = 0;
 };

@@ -118,6 +118,10 @@ constexpr auto kRows = std::to_array<TextRow>({
     {Text::kNotStarted, "Não iniciado: os pontos do registro interrompido ao lado de %1 estão como estavam.",
      "Not started: the points of the interrupted recording beside %1 are as they were.",
      "No iniciado: los puntos del registro interrumpido al lado de %1 están como estaban."},
+    {Text::kCurve, "Curva", "Curve", "Curva"},
+    {Text::kCurveTip, "Mostra ou esconde um gráfico dos últimos pontos", "Show or hide a chart of the last points",
+     "Muestra u oculta un gráfico de los últimos puntos"},
+    {Text::kLiveChartWords, "Gráfico dos últimos pontos", "Chart of the last points", "Gráfico de los últimos puntos"},
 });
 static_assert(InOrder(kRows, Text::kHintDriveAddress), "every text has its row, in the order of the enumeration");
 

@@ -167,6 +167,9 @@ enum class Text : std::uint16_t {
   kRecoveredReadings,  ///< the same without a journal: neither are the failed readings
   kRecoveryProgress,   ///< "Saving the points of the interrupted recording: %1 % (Esc: not now)"
   kNotStarted,         ///< "Not started: the points of the interrupted recording beside %1 are as they were."
+  kCurve,              ///< caption of the button that shows the last points while they are recorded
+  kCurveTip,
+  kLiveChartWords,  ///< what the chart of the last points is
 
   // The chart window, its page and its export (chart_rows.cpp).
   kExportStopped,        ///< "The export was stopped. No file was written."
@@ -283,6 +286,52 @@ enum class Text : std::uint16_t {
   kPictureReplace,
   kNotAPicture,
   kPictureSaved,
+  kFollowedTitle,      ///< "%1 (recording)"
+  kFollowing,          ///< %1 points so far, of a recording that runs
+  kFollowInterrupted,  ///< %1 points that an interrupted recording kept
+  kFollowEnded,        ///< the recording that was followed is in its chart file
+  kActionPrintReport,
+  kRangeLabel,
+  kRangeAll,      ///< %1 number of points
+  kRangeVisible,  ///< %1 first and %2 last point
+  kRangeCursors,  ///< %1 first and %2 last point
+  kRangePart,     ///< asked after a refusal
+  kReportForm,
+  kReportTitle,
+  kReportRemark,
+  kReportRecording,
+  kReportDrive,
+  kReportStart,
+  kReportEnd,
+  kReportDuration,
+  kReportAsked,
+  kReportReal,
+  kReportNoDelay,
+  kReportPace,  ///< %1 mean, %2 shortest and %3 longest interval, %4 how late the latest point came
+  kReportFailed,
+  kReportNoneNoted,
+  kReportNotKnown,
+  kReportSerialNumber,
+  kReportReference,
+  kReportRange,  ///< %1 first, %2 last point, %3 points of the recording
+  kReportStatistics,
+  kReportRms,
+  kReportNoValue,
+  kReportCursors,
+  kReportCursor,      ///< %1 its number
+  kReportDifference,  ///< second cursor minus first
+  kReportPointNumber,
+  kReportTime,
+  kReportNotRead,
+  kReportPage,  ///< %1 its number, %2 pages
+  kNoPointOfRange,
+  kRangeTwoBeginnings,  ///< options of a range, as the next ones
+  kRangeTwoEnds,
+  kRangeEmpty,
+  kRangeOutside,     ///< %1 points of the file, %2 first point of the range
+  kRangeNotATime,    ///< %1 option, %2 its value
+  kRangeNoInterval,  ///< %1 option
+  kRangeNoStart,     ///< %1 option
 
   // The start window, message boxes and file dialogs (window_rows.cpp).
   kStartDrives,   ///< caption of the start window's list of drives
@@ -459,11 +508,34 @@ enum class Text : std::uint16_t {
   kTraceNotWritten,  ///< %1 file
   kTraceWithoutLine,
   kVirtualClockWithDrives,
-  kDriveAddressTaken,   ///< %1 address, %2 drive file
-  kDriveModelUnknown,   ///< %1 model, %2 list of models
-  kModelWithoutDriver,  ///< %1 model, %2 folder
-  kNoDriveAtAddress,    ///< %1 address
-  kNotAProject,         ///< %1 file
+  kDriveAddressTaken,     ///< %1 address, %2 drive file
+  kDriveModelUnknown,     ///< %1 model, %2 list of models
+  kModelWithoutDriver,    ///< %1 model, %2 folder
+  kNoDriveAtAddress,      ///< %1 address
+  kNotAProject,           ///< %1 file
+  kPublishWithoutTimes,   ///< %1 file
+  kPublishedByAnother,    ///< %1 file, %2 marker file of the other program
+  kPublishInterrupted,    ///< %1 file
+  kPublishReplaced,       ///< %1 file
+  kPublishAddress,        ///< %1 text that is not an address, %2 the reason
+  kPublishSecretInUrl,    ///< an address with a name or password; it is not shown
+  kPublishTokenFile,      ///< %1 file
+  kPublishMeasurement,    ///< %1 text that cannot be a measurement
+  kPublishPrecision,      ///< %1 address that asks for another unit of time
+  kPublishNotReached,     ///< %1 server, %2 the system's reason
+  kPublishServerBusy,     ///< %1 server, %2 status, %3 its text
+  kPublishTokenRefused,   ///< as before
+  kPublishRefused,        ///< as before
+  kPublishTooLarge,       ///< as before
+  kPublishNotADatabase,   ///< as before
+  kPublishCertificate,    ///< %1 server, %2 the reason
+  kPublishRedirects,      ///< %1 server, %2 the reason
+  kPublishRecovered,      ///< %1 server
+  kPublishPositionFault,  ///< the position is not kept; %1 reason
+  kPublishSendingRest,    ///< %1 points, %2 server, %3 seconds
+  kPublishRest,           ///< %1 points that were not sent, %2 of all, %3 command
+  kPublishAllSent,        ///< %1 points, %2 server
+  kPublishPlace,          ///< %1 points that were acknowledged
 
   kCount
 };

@@ -1,5 +1,6 @@
 // Recordings from Start to chart file: what the window shows, early ends, failures.
 #include "acquire/run/run_texts.h"
+#include "chart/live/live_chart_control.h"
 #include "dialog_fixture.h"
 #include "drive/parameter_read.h"
 #include "links/scenario_link.h"
@@ -55,6 +56,31 @@ TEST_F(AcquireRunTest, TheWindowFollowsARecordingFromStartToChartFile) {
   EXPECT_EQ(form->panel.lblProgress.Caption(), "");
   EXPECT_FALSE(fake.forms.Timers().NextDue());
   EXPECT_THAT(Prompts(), IsEmpty());
+}
+
+TEST_F(AcquireRunTest, TheCurveOpensUnderTheProgressKnowsThePointsSoFarAndIsRemembered) {
+  component.makeLiveChart = MakeLiveChart;
+  Start(600);
+  const auto curve = [this] { return dynamic_cast<LiveChartControl*>(&form->panel.curve->Control()); };
+  EXPECT_FALSE(curve()->Visible());
+  RunUntil(seconds(520));
+  form->panel.cmdCurve.Press();
+  EXPECT_TRUE(curve()->EffectivelyVisible());
+  EXPECT_EQ(form->Height(), 10500);
+  EXPECT_EQ(curve()->Points().Model().firstRowLabel, 21);
+  EXPECT_EQ(curve()->Points().Last(), 520);
+  RunToEnd();
+  EXPECT_FALSE(curve()->EffectivelyVisible());
+  EXPECT_EQ(form->Height(), 6360);
+  form->Unload();
+  Start(3);
+  EXPECT_TRUE(curve()->EffectivelyVisible());
+  EXPECT_EQ(curve()->Points().Last(), 0);
+  form->panel.cmdCurve.Press();
+  EXPECT_EQ(form->Height(), 7200);
+  RunToEnd();
+  form->Unload();
+  EXPECT_EQ(fake.settings.Read("frmAcquireVar", "Curve"), "No");
 }
 
 TEST_F(AcquireRunTest, MoreThan2500PointsAreSpooled) {

@@ -9,6 +9,7 @@
 
 #include "chart/recording_canvas.h"
 #include "chart/window/control/readout.h"
+#include "common/values/measured_text.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {

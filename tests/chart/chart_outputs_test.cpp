@@ -227,6 +227,20 @@ TEST_F(ExcelExportTest, CanBeGivenUpAndRefusesWhatDoesNotFit) {
   EXPECT_THAT(log.calls, IsEmpty());
   EXPECT_EQ(fakes.files.Bytes(target), "old");
   EXPECT_THAT(busy, ElementsAre(true, false));
+  for (const std::int64_t last : {0, 1001, 1000}) {  // the user gives up; chooses too many; chooses what fits
+    request.choose = [&](const std::string& question, bool all) -> std::optional<PointRange> {
+      EXPECT_FALSE(all);
+      EXPECT_THAT(question, ::testing::AllOf(HasSubstr("1,000 points would fit"), HasSubstr("Export a part")));
+      return last == 0 ? std::nullopt : std::optional(PointRange{1, last});
+    };
+    fakes.dialogs.answers = {box_answer::kNo};
+    EXPECT_EQ(ExportToSpreadsheet(component, request),
+              last == 1000 ? ExportOutcome::kDeclined : ExportOutcome::kTooLarge);
+    EXPECT_EQ(fakes.dialogs.TakePrompts().size(), last == 0 ? 0U : 1U);
+  }
+  request.choose = {};
+  EXPECT_EQ(fakes.files.Bytes(target), "old");
+  busy.clear();
   fakes.files.space.availableToUser = 2 * (20 + 21 + 18) * 20'000 - 103;
   fakes.spreadsheets.limits = WorkbookLimits{.sizes = kSizes};
   EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kTooLarge);

@@ -241,7 +241,7 @@ TEST_F(SliceReaderTest, FindsCrossingsChangesGapsAndFailedReadingsInBothDirectio
   std::vector<std::string> values(70000, "5");
   for (std::size_t i = 0; i < 3; ++i) values[i] = "--";
   values[9] = "20";
-  for (std::size_t i = 65000; i < 69000; ++i) values[i] = "--";
+  for (std::size_t i = 60000; i < 69000; ++i) values[i] = "--";
   for (std::size_t i = 69000; i < values.size(); ++i) values[i] = "30";
   Open(ValueRows(values));
   FailedReadings failed;
@@ -255,10 +255,10 @@ TEST_F(SliceReaderTest, FindsCrossingsChangesGapsAndFailedReadingsInBothDirectio
       {kCrossing, 20, 11, 69001, 10},
       {kCrossing, 12, 70001, kNone, 69001},
       {kCrossing, 12, 66000, 69001, 11},
-      {kChange, 0, 12, 65001, 11},
+      {kChange, 0, 12, 60001, 11},
       {kGap, 0, 0, 1, kNone},
-      {kGap, 0, 69500, kNone, 65001},
-      {kGap, 0, 65001, kNone, 1},
+      {kGap, 0, 69500, kNone, 60001},
+      {kGap, 0, 60001, kNone, 1},
       {kFailed, 0, 39, 40, kNone},
       {kFailed, 0, 45, kNone, 40},
       {kFailed, 0, 40, kNone, kNone}};

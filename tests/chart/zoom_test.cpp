@@ -136,6 +136,33 @@ TEST_F(ZoomTest, WideSlicesScrollAndAreReadOut) {
   EXPECT_THAT(std::vector(shown.begin() + 1, shown.end()), ElementsAre(1, 2500, 100));
 }
 
+TEST_F(ZoomTest, ABoxWithShiftZoomsIntoItsValuesToo) {
+  Open(1000);
+  Press({.key = Key::kCharacter, .character = 'F'});
+  for (const bool lanes : {false, true}) {
+    if (lanes) Press({.key = Key::kCharacter, .character = 'L'});
+    Paint();
+    const Rect front = form.mscChart1.Lanes()[0].plot.front;
+    const ValueAxis before = form.mscChart1.Lanes()[0].plot.axis;
+    const auto at = [&](double x, double y, bool shift = true) {
+      return MouseInput{
+          .at = {front.x + x * front.width, front.y + y * front.height}, .shift = shift, .button = MouseButton::kLeft};
+    };
+    form.mscChart1.MousePressed(at(0.2, 0.25));
+    form.mscChart1.MouseMoved(at(0.6, 0.75));
+    form.mscChart1.MouseReleased(at(0.6, 0.75));
+    EXPECT_EQ(form.View().Division(), 16);
+    const ChartModel& model = form.mscChart1.Model();
+    const auto& range = lanes ? model.series[0].range : model.valueRange;
+    ASSERT_TRUE(range.has_value());
+    EXPECT_DOUBLE_EQ(range->minimum, before.Minimum() + 0.25 * (before.Maximum() - before.Minimum()));
+    EXPECT_DOUBLE_EQ(range->maximum, before.Minimum() + 0.75 * (before.Maximum() - before.Minimum()));
+    Press(back);
+    EXPECT_FALSE(form.mscChart1.Model().valueRange.has_value() || form.mscChart1.Model().series[0].range.has_value());
+    EXPECT_EQ(form.View().Division(), 40);
+  }
+}
+
 TEST_F(ZoomTest, TheWheelZoomsAtThePointerABoxZoomsIntoItAndTheMiddleButtonPans) {
   Open(100'000);
   Press(fit);

@@ -53,13 +53,17 @@ class TablesTest(ProgramCase):
         self.assertEqual(times("--from", "08:00:09"), ["09", "10"])
         self.assertEqual(times("--from", "2026-01-31 08:00:02", "--to", "+00:00:02.5"), ["02", "03"])
         self.assertIn("Points 9 to 10\n", self.run_program("info", "run.cht", "--first", 9).stdout)
-        for options, part in ((("--first", 11), "no point of that range"), (("--from", "8"), "is not a time"),
-                              (("--from", "+00:01:00", "--points", 3), "no point of that range"),
+        for options, part in ((("--first", 11), "the file holds 10 points; the range would begin at point 11"), (("--from", "8"), "is not a time"),
+                              (("--from", "+00:01:00", "--points", 3), "the range would begin at point"),
                               (("--from", "08:00:05", "--to", "08:00:04"), "no point of the recording lies between"),
                               (("--first", 2, "--from", "08:00"), "both say where the points begin")):
             done = self.export("--plain", "--output", "none.csv", *options, code=2)
             self.assertIn(part, done.stderr)
             self.assertFalse((self.folder / "none.csv").exists())
+        self.export("--output", "none.xls", "--first", 11, code=2)
+        for language, part in (("Portuguese", "não é uma hora"), ("Spanish", "no es una hora")):
+            self.run_program("settings", "MyConf.strLanguage", language)
+            self.assertIn(part, self.export("--plain", "--output", "none.csv", "--to", "noon", code=2).stderr)
 
     def test_a_file_of_an_unknown_drive_keeps_its_texts_and_no_recording_is_replaced(self):
         self.put("run.cht", "[INFO]\r\nNumber of Parameters=1\r\nPXXX1=002\r\n[TIME/CONTENT]\r\n"

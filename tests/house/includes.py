@@ -27,17 +27,21 @@ MAY_USE = {
     "chart/picture": ["chart/picture/series"],
     "chart/output": ["chart/file", "chart/plain", "chart/picture"],
     "chart/view": ["chart/output"],
+    "chart/live": ["chart/view"],
+    "chart/report": ["chart/measure", "chart/view"],
     "chart/window/control": ["chart/measure", "chart/view"],
     "chart/window/actions": ["common"],
-    "chart/window/sections": ["chart/window/control", "chart/window/actions"],
+    "chart/window/sections": ["chart/report", "chart/window/control", "chart/window/actions"],
     "chart/window": ["chart/window/sections"],
-    "component": ["acquire/dialog", "chart/window"],
+    "component": ["acquire/dialog", "chart/live", "chart/window"],
+    "publish": ["chart/plain"],
     "links": ["drive"],
     "links/serial": ["links"],
     "backends/headless": ["forms"],
     "backends/posix/files": ["platform"],
     "backends/posix": ["backends/posix/files"],
     "backends/spreadsheet": ["backends/posix"],
+    "backends/curl": ["common/values"],
     "backends/qt": ["forms", "backends/posix"],
     "backends/qt/forms": ["backends/qt"],
     "backends/win32": ["platform"],
@@ -53,12 +57,12 @@ MAY_USE = {
     "host/session": ["component", "links/serial", "backends/headless", "backends/spreadsheet", "backends/qt/forms"],
     "host/window": ["host/session", "host/project"],
     "host/manual": [],
-    "host/arguments": ["host/window", "host/manual"],
+    "host/arguments": ["host/window", "host/manual", "publish", "backends/curl"],
     "host/reports": ["host/arguments"],
     "host/commands": ["host/reports"],
     "host": ["host/commands"],
 }
-CORE = {"texts", "platform", "forms", "common", "drive", "recording", "acquire", "chart", "component"}
+CORE = {"texts", "platform", "forms", "common", "drive", "recording", "acquire", "chart", "component", "publish"}
 TOOLKITS = re.compile(r"#\s*include\s*<(windows|ole2?|oaidl|objbase|unistd|fcntl|sys/|glib|Q[A-Z]|q[a-z]+\.h)")
 SWITCHES = re.compile(r"#\s*(el)?if(n?def)?\b.*\b(_WIN32|WIN32|_MSC_VER|__linux__|__unix__|__APPLE__|__MINGW32__|QT_\w+)\b")
 OURS = re.compile(r'#\s*include\s*"([a-z0-9_/]+)/[^"/]+"')

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Prints pages with the built program and reads them back: as PDF files, and as a printer receives them.
 Usage: print_test.py PROGRAM [unittest arguments]"""
-import os, pathlib, subprocess, sys, tempfile, unittest
+import json, os, pathlib, subprocess, sys, tempfile, unittest
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
 CUPS = [sys.executable, str(pathlib.Path(__file__).parent / "private_cups.py")]
@@ -57,6 +57,30 @@ class PrintTest(unittest.TestCase):
             self.assertFalse([row for row in images if "jpeg" in row], "a lossy picture")
         self.assertEqual(list(self.folder.glob("*.part")), [])
 
+    def test_report_in_three_languages_on_two_papers(self):
+        words = {"Portuguese": ("Gravação", "Intervalo real:", "Estatísticas", "Página 2 de 2"),
+                 "Spanish": ("Grabación", "Intervalo real:", "Estadísticas", "Página 2 de 2"),
+                 "English": ("Recording", "Real interval:", "Statistics", "Page 2 of 2")}
+        measured = json.loads(self.program("info", "page.cht", "--json", "--first", "1").stdout)["range"]["series"]
+        for language, texts in words.items():
+            self.program("settings", "MyConf.strLanguage", language, check=True)
+            for paper in ("A4", "Letter"):
+                for name, more in (("plain.pdf", ()), ("report.pdf", ("--report", "--title", "Pump 3", "--cursors", "3,9",
+                                                                      "--remark", "Läuft.\n" + "word " * 300))):
+                    done = self.program("print", "page.cht", "--output", name, "--paper", paper, *more)
+                    self.assertEqual(done.returncode, 0, done.stderr)
+                plain = [" ".join(line.split()) for line in self.tool("pdftotext", "-layout", "plain.pdf", "-")]
+                pages = [self.tool("pdftotext", "-layout", "-f", number, "-l", number, "report.pdf", "-") for number in "12"]
+                first = [" ".join(line.split()) for line in pages[0]]
+                self.assertEqual([line for line in plain[2:] if line not in first], [], "the page is as ever")
+                text = "\n".join(sum(pages, []))
+                for part in (*texts, "Pump 3", "Läuft.", "P003", *(f"{series['rms']:.10g}" for series in measured)):
+                    self.assertIn(part, text, (language, paper))
+                fonts = self.tool("pdffonts", "report.pdf")[2:]
+                self.assertTrue(fonts and all(row.split()[-5] == "yes" for row in fonts), ("embedded", fonts))
+                images = self.tool("pdfimages", "-list", "report.pdf")[2:]
+                self.assertEqual({row.split()[0] for row in images}, {"1"}, "the report's chart is drawn as lines")
+
     def test_paper(self):
         for arguments, locale, size in (((), "en_US.UTF-8", "612 x 792"), ((), "de_DE.UTF-8", "595"),
                                         (("--paper", "letter"), "C.UTF-8", "612 x 792"),
@@ -92,7 +116,8 @@ class PrintTest(unittest.TestCase):
         done = self.program("print", "page.cht", "--output", "cut.pdf", before=limit)
         self.assertEqual(done.returncode, 1, done.stderr)
         self.assertEqual(list(self.folder.glob("cut.pdf*")), [])
-        for more in (("--first", "26", "--output", "x.pdf"), ("--output", "page.cht")):
+        for more in (("--first", "26", "--output", "x.pdf"), ("--output", "page.cht"), ("--title", "T", "--output", "x.pdf"),
+                     ("--report", "--cursors", "3,26", "--output", "x.pdf"), ("--report", "--first", "26", "--output", "x.pdf")):
             self.assertEqual(self.program("print", "page.cht", *more).returncode, 2)
         self.assertEqual(self.program("info", "page.cht").returncode, 0)
 

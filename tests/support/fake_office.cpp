@@ -54,6 +54,7 @@ class FakeSpreadsheet : public SpreadsheetApplication {
 
 bool FakePrinter::StartDocument(const std::string& /*title*/) {
   y_ = 0;
+  pages = 1;
   return !declined;
 }
 
@@ -65,7 +66,7 @@ void FakePrinter::PrintText(std::string_view text, double x, double y, const Pri
   if (failAfterTexts >= 0 && static_cast<int>(texts.size()) >= failAfterTexts) {
     throw RunTimeError(error_number::kPrinter, "Printer error");
   }
-  texts.push_back({std::string(text), x, y, font});
+  texts.push_back({std::string(text), x, y, font, pages});
   y_ = y;
   lastPoints_ = font.points;
 }
@@ -76,6 +77,16 @@ void FakePrinter::NextLine() {
 
 void FakePrinter::PaintPicture(const Bitmap& /*picture*/, double x, double y, double width, double height) {
   pictures.push_back({x, y, width, height});
+}
+
+void FakePrinter::Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) {
+  drawings.push_back({x, y, width, height});
+  if (draw) draw(paint);
+}
+
+void FakePrinter::NextPage() {
+  ++pages;
+  y_ = 0;
 }
 
 void FakePrinter::PaintPictureFile(const std::string& fileName, double /*x*/, double /*y*/) {

@@ -1,6 +1,7 @@
 // Printer and spreadsheet application in memory, which record the requests.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -18,6 +19,7 @@ class FakePrinter : public Printer {
     std::string text;
     double x, y;
     PrintFont font;
+    int page = 1;
   };
   struct Picture {
     double x, y, width, height;
@@ -31,6 +33,8 @@ class FakePrinter : public Printer {
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
   void PaintPictureFile(const std::string& fileName, double x, double y) override;
+  void Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) override;
+  void NextPage() override;
   void EndDocument() override { ++documentsPrinted; }
   void AbandonDocument() noexcept override { ++documentsAbandoned; }
 
@@ -40,7 +44,10 @@ class FakePrinter : public Printer {
   int missingIcon = 0;      ///< error number that an icon raises; 0 paints it
   std::vector<Text> texts;
   std::vector<Picture> pictures;
+  std::vector<Picture> drawings;                                        ///< boxes that were drawn into
+  std::function<void(const std::function<void(Canvas&)>& paint)> draw;  ///< offers a canvas; may be empty
   std::vector<std::string> icons;
+  int pages = 0;  ///< of the last document
   int documentsPrinted = 0;
   int documentsAbandoned = 0;
 

@@ -56,6 +56,7 @@ class MemoryFileSystem : public FileSystem {
   [[nodiscard]] FileRights RightsOf(const std::string& /*name*/) override { return {}; }
   void CheckOwned(const std::string& name) override { Ask("own", name); }
   [[nodiscard]] std::string TemporaryFolder() override { return "/tmp"; }
+  [[nodiscard]] std::string CacheFolder() override { return "/cache"; }
   [[nodiscard]] LockAttempt Lock(const std::string& name) override;
   void Delete(const std::string& name) override;
   [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder) override;

@@ -116,6 +116,16 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
                  reinterpret_cast<LPARAM>(form.Control("sldPointsPerDivision")));
     SetWindowPos(form.Window(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
     form.Capture(TestFolder() + "\\win_chart_" + each.code + ".png");
+    const auto division = [&](const char* ending) {
+      return WaitFor([&] { return form.Text("lblPointsPerDivision").ends_with(ending); });
+    };
+    form.Keys({'L'});
+    form.Keys({VK_ADD});
+    EXPECT_TRUE(division(" 8"));
+    form.Keys({'F'});
+    EXPECT_TRUE(division(" 12"));
+    form.Capture(TestFolder() + "\\win_lanes_" + each.code + ".png");
+    form.Keys({'L'});
     Print(host, IDYES);
     EXPECT_EQ(host.ExitCode(), 0) << each.language;
     EXPECT_THAT(FileContents(page), HasSubstr("%%EOF"));
@@ -156,6 +166,26 @@ TEST(PrintingOnWindows, SaysSoUntilThePrinterHasThePage) {
   ASSERT_TRUE(picture.has_value());
   EXPECT_NEAR(picture->dotsPerInch, 192, 0.1);
   EXPECT_THAT(picture->pixels, AllOf(Contains(0xFFFFFFE6U), Contains(0xFFFF0000U))) << "backdrop, first series";
+}
+
+TEST(PrintingOnWindows, AsksForRangeTitleAndRemarkOfAReportAndPrintsIt) {
+  const TestPrinter printer("/no/such/folder/page");  // the file comes in its place
+  const std::string page = TestFolder() + "\\report.ps";
+  ScriptHost host = OpenChart("Spanish", page.c_str());
+  const FormDriver form(host.Process(), L"");
+  form.Keys({kControl | 'P'});
+  const FormDriver report(host.Process(), L"Imprimir informe");
+  EXPECT_EQ(report.Text("cboRange"), "Parte visible: 1 a 25");
+  report.Choose("cboRange", 0);
+  report.Type("txtTitle", L"Bomba 3");
+  report.Type("txtRemark", L"Sin alarmas");
+  report.Capture(TestFolder() + "\\win_report.png");
+  report.Press("cmdPrint");
+  EXPECT_TRUE(WaitFor([&] { return FileContents(page).find("%%EOF") != std::string::npos; }));
+  EXPECT_THAT(FileContents(page), HasSubstr("%%Pages: 2"));
+  EXPECT_TRUE(WaitFor([&] { return form.IsUp() && !report.IsUp(); }));
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
 }
 
 TEST(PrintingOnWindows, NamesWhatFailsAndReturnsToTheHost) {

@@ -154,6 +154,25 @@ TEST_F(SpreadsheetExport, StartsTheApplicationOrTakesTheRunningOne) {
   }
 }
 
+TEST_F(SpreadsheetExport, AsksWhichPointsOfALongRecordingItWrites) {
+  Install();
+  const std::string chart = TestFolder() + "\\show.cht";
+  ScriptHost host("host.vbs", "English \"" + chart + "\"");
+  const FormDriver form(host.Process(), L"");
+  form.Press("cmdExport");
+  const FormDriver question(host.Process(), L"Kestrel v5.60");
+  EXPECT_EQ(question.Text("lblQuestion"), kQuestion);
+  EXPECT_EQ(question.Text("cboRange"), "All points (300)");
+  question.Choose("cboRange", 1);
+  question.Press("cmdYes");
+  const BoxDriver saved(host.Process());
+  EXPECT_EQ(saved.Prompt(), "File was saved as: " + chart + ".xls");
+  saved.Answer(IDOK);
+  EXPECT_THAT(Calls(), ::testing::AllOf(HasSubstr("Cells(46,1)"), ::testing::Not(HasSubstr("Cells(47,1)"))));
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
+}
+
 TEST_F(SpreadsheetExport, ACallRefusedHalfWayIsLoggedAndEndsTheApplication) {
   Install("sheets(1).Cells(22,3).Value");
   const auto bin = win32::ReadRegistryText(

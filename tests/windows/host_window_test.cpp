@@ -365,6 +365,12 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
       form.Keys({});
       form.Press("cmdStart");
       inspect("prgProgress");
+      form.Press("cmdCurve");
+      inspect("crvPoints");
+      EXPECT_TRUE(WaitFor([&] { return form.Text("lblProgress") == "3"; }));
+      form.Capture(TestFolder() + "\\win_live_" + language.second + ".png");
+      form.Press("cmdCurve");
+      EXPECT_TRUE(WaitFor([&] { return !form.Visible("crvPoints"); }));
       form.Close();
     }
     const WindowHost host(TestFolder() + "\\show.cht");

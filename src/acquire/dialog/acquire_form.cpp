@@ -78,6 +78,7 @@ void AcquireForm::OnLoad() {
   file.Translate();
   timing.Translate();
   recovery.Translate();
+  panel.Prepare();
   ResetForm();
   // A chart file that cannot be read is reported, and the dialog opens all the same.
   RunHandler("FileNameChanged", [this] {
@@ -269,6 +270,7 @@ void AcquireForm::OnUnload() {
   StopRun();
   controller.StopAllTimers();
   SaveWindowPlace(*this, component_);
+  panel.Save();
   PlayClosingSound(component_);
 }
 

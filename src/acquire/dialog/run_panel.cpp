@@ -2,6 +2,9 @@
 #include "acquire/dialog/run_panel.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
 
 #include "forms/form_host.h"
 
@@ -10,11 +13,14 @@ namespace chartproject {
 namespace {
 
 constexpr int kProgressSteps = 10000;
+constexpr const char* kCurveKey = "Curve";
 
 }  // namespace
 
 RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
-    : Section(form, component), dialog_(std::move(dialog)) {
+    : Section(form, component),
+      curve(component.makeLiveChart ? component.makeLiveChart(component, form) : nullptr),
+      dialog_(std::move(dialog)) {
   cmdStart.SetTag(TextNumber(Text::kStartAcquisition));
   cmdStart.SetToolTipText(TextNumber(Text::kStartAcquisition));
   cmdTrigger.SetTag(TextNumber(Text::kTrigger));
@@ -24,6 +30,8 @@ RunPanel::RunPanel(Form& form, Component& component, Dialog dialog)
   lblTimeBetweenPointsPB.SetTag(TextNumber(Text::kTimeAmongPoints));
   for (Label* label : {&lblHint, &lblEstimate, &lblNotice, &lblStart, &lblTrigger}) label->SetWordWrap(true);
   lblNotice.SetVisible(false);
+  cmdCurve.SetVisible(curve != nullptr);
+  Connect(cmdCurve.click, cmdCurve, "Click", this, &RunPanel::cmdCurve_Click);
   imgTrigger1.SetVisible(false);
   picProgress.SetVisible(false);
   lblTrouble.SetVisible(false);
@@ -45,10 +53,29 @@ LayoutBox RunPanel::ButtonsLayout() {
 }
 
 LayoutBox RunPanel::ProgressLayout() {
-  return Collapsing(Group(
-      picProgress,
-      Column({Row({Cell(lblAcquiring), Cell(lblProgress, 1)}), Cell(prgProgress, 1),
-              Row({Cell(lblRunTimes, 1), Cell(lblTimeBetweenPointsPB), Cell(lblElapsedTime)}), Cell(lblTrouble, 1)})));
+  constexpr double kAllRoom = 100;  // beside the dialog's empty room, whose share is 1
+  std::vector<LayoutBox> lines{
+      Row({Cell(lblAcquiring), Cell(lblProgress, 1)}), Cell(prgProgress, 1),
+      Row({Cell(lblRunTimes, 1), Cell(lblTimeBetweenPointsPB), Cell(lblElapsedTime), Collapsing(Cell(cmdCurve))}),
+      Cell(lblTrouble, 1)};
+  if (curve) lines.push_back(Collapsing(Cell(curve->Control(), 1, kAllRoom)));
+  return Collapsing(Group(picProgress, Column(std::move(lines))));
+}
+
+void RunPanel::Prepare() {
+  cmdCurve.SetCaption(Say(Text::kCurve));
+  cmdCurve.SetToolTipText(Say(Text::kCurveTip));
+  curveOpen_ = curve && component_.ports.settings.Read(form_.Name(), kCurveKey) == "Yes";
+}
+
+void RunPanel::Save() {
+  component_.ports.settings.Write(form_.Name(), std::array{StoredSetting{kCurveKey, curveOpen_ ? "Yes" : "No"}});
+}
+
+void RunPanel::cmdCurve_Click() {
+  curveOpen_ = !curveOpen_;
+  curve->Control().SetVisible(curveOpen_);
+  TakeHeight();
 }
 
 void RunPanel::HideStartButtons(bool visible) {
@@ -83,10 +110,14 @@ bool RunPanel::LampLit() const {
   return imgTrigger1.Visible();
 }
 
-void RunPanel::ShowSampling() {
+void RunPanel::ShowSampling(const RunPlan& plan) {
   dialog_.lockSetupFields(false);
   lblHint.SetCaption("");
   ShowTrouble({});
+  if (curve) {
+    curve->Begin(plan.driveAddress, std::span(plan.columns).first(static_cast<std::size_t>(plan.parameterCount)));
+    curve->Control().SetVisible(curveOpen_);
+  }
   ShowProgressArea(true);
   prgProgress.SetRange(0, kProgressSteps);
   prgProgress.SetValue(0);
@@ -96,6 +127,13 @@ void RunPanel::ShowSampling() {
 void RunPanel::ShowProgress(std::int64_t counter, std::int64_t total) {
   prgProgress.SetValue(static_cast<double>(counter * kProgressSteps / total));
   lblProgress.SetCaption(std::to_string(counter));  // an unchanged caption is not shown again
+}
+
+void RunPanel::ShowPoint(const AcquisitionRun& run) {
+  if (!curve) return;
+  FailedColumns failed{};
+  for (std::size_t k = 0; k < failed.size(); ++k) failed[k] = run.Failed()[k].LastPoint() == run.Counter();
+  curve->Take(run.Counter(), run.LastPoint(), failed);
 }
 
 void RunPanel::ShowStopwatch(const std::string& elapsed) {
@@ -150,8 +188,21 @@ void RunPanel::HoldEsc(bool held) {
 void RunPanel::ShowProgressArea(bool visible) {
   if (picProgress.Visible() == visible) return;
   picProgress.SetVisible(visible);
-  form_.SetHeight(visible ? kSamplingHeight : kSetUpHeight);
+  TakeHeight();
+}
+
+void RunPanel::TakeHeight() {
+  const bool curveShown = picProgress.Visible() && curveOpen_;
+  form_.SetHeight(!picProgress.Visible() ? kSetUpHeight : curveShown ? kCurveHeight : kSamplingHeight);
   form_.LayoutChanged();
+  // On a small screen the dialog makes room for the curve above itself, and comes down again after it.
+  const double lowest = std::max(0.0, form_.Host().ScreenSize().height - form_.Height());
+  if (curveShown && form_.Top() > lowest) {
+    if (!topBefore_) topBefore_ = form_.Top();
+    form_.SetTop(lowest);
+  } else if (!curveShown && topBefore_) {
+    form_.SetTop(*std::exchange(topBefore_, std::nullopt));
+  }
 }
 
 }  // namespace chartproject

@@ -105,7 +105,7 @@ int RunController::SamplingInterval() const {
 
 void RunController::BeginSampling() {
   PlayWave(component_, kClosingSound);
-  display_.ShowSampling();
+  display_.ShowSampling(run_.Plan());
   run_.BeginSampling();
   tmrAcquire.SetInterval(SamplingInterval());
   stopwatch_.Reset();
@@ -157,6 +157,7 @@ void RunController::tmrAcquire_Tick() {
     if (run_.State() == RunState::kIdle || run_.Serial() != run) return;  // stopped while the drive was read
     lastPointAt_ = component_.ports.clock.Now();
     display_.ShowProgress(run_.Kept(), run_.Plan().numberOfPoints);  // what is shown survives a crash
+    if (run_.Counter() > 0) display_.ShowPoint(run_);
     display_.ShowTrouble(TroubleText(component_, run_, lastPointAt_));
     ShowNotice();
     if (pointTaken) pointTaken(run_);

@@ -34,9 +34,11 @@ class RunDisplay {
   virtual void ShowLamp(bool lit) = 0;
   [[nodiscard]] virtual bool LampLit() const = 0;
   /// Points are taken from now on: the fields are locked and the progress is shown.
-  virtual void ShowSampling() = 0;
+  virtual void ShowSampling(const RunPlan& plan) = 0;
   /// @param counter points taken so far; @param total at least 1
   virtual void ShowProgress(std::int64_t counter, std::int64_t total) = 0;
+  /// A point was taken: the last one of the recording.
+  virtual void ShowPoint(const AcquisitionRun& run) = 0;
   virtual void ShowStopwatch(const std::string& elapsed) = 0;
   virtual void ShowRunTimes(const std::string& text) = 0;
   /// Readings that fail and points that come late, one a line; empty when there are none.

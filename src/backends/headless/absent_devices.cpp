@@ -36,6 +36,13 @@ void NoPrinter::PaintPicture(const Bitmap& /*picture*/, double /*x*/, double /*y
 void NoPrinter::PaintPictureFile(const std::string& /*fileName*/, double /*x*/, double /*y*/) {
   Refuse();
 }
+void NoPrinter::Draw(double /*x*/, double /*y*/, double /*width*/, double /*height*/,
+                     const std::function<void(Canvas&)>& /*paint*/) {
+  Refuse();
+}
+void NoPrinter::NextPage() {
+  Refuse();
+}
 void NoPrinter::EndDocument() {
   Refuse();
 }

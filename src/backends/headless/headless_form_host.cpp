@@ -31,11 +31,11 @@ std::unique_ptr<FormView> HeadlessFormHost::CreateView(Form& /*form*/) {
 void HeadlessFormHost::RunModal(Form& form) {
   if (onShown) onShown(form);
   while (form.IsShown()) {
-    auto due = Timers().NextDue();
+    auto due = Timers().NextDue(false);
     if (!due) {
       if (onIdle) onIdle(form);
       if (!form.IsShown()) break;
-      due = Timers().NextDue();
+      due = Timers().NextDue(false);
       if (!due) {
         form.Unload();
         break;

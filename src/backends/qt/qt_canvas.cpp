@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPolygonF>
 #include <algorithm>
@@ -118,6 +119,10 @@ void QtCanvas::Smooth(bool smooth) {
   smooth_ = smooth;
 }
 
+bool QtCanvas::OnPaper() const {
+  return painter_.device()->devType() == QInternal::Printer;
+}
+
 void QtCanvas::FillRect(const Rect& rect, Color color) {
   const double dots = painter_.deviceTransform().m11();
   const auto whole = [dots](double at) { return at * dots == std::floor(at * dots); };
@@ -133,7 +138,7 @@ void QtCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
 
 void QtCanvas::DrawPolyline(std::span<const PointF> points, const Pen& pen) {
   Smooth(true);
-  const double dots = pen.width * painter_.deviceTransform().m11();
+  const double dots = OnPaper() ? 0 : pen.width * painter_.deviceTransform().m11();
   if (points.size() > 2 && dots > 1 && pen.style == PenStyle::kSolid && pen.color.alpha == 255) {
     DrawBundle(painter_, points, ToQColor(pen.color), pen.width, dots);
     return;
@@ -150,6 +155,10 @@ void QtCanvas::DrawPolygon(std::span<const PointF> points, Color fill, const Pen
 }
 
 void QtCanvas::FillCrisp(std::span<const PointF> points, Color fill) {
+  if (OnPaper()) {
+    Canvas::FillCrisp(points, fill);  // what shows the page later smooths all edges
+    return;
+  }
   Smooth(false);
   painter_.setPen(Qt::NoPen);
   painter_.setBrush(ToQColor(fill));

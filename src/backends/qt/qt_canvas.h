@@ -30,6 +30,8 @@ class QtCanvas : public Canvas {
   [[nodiscard]] Size MeasureText(std::string_view text, const Font& font) const override;
 
  private:
+  /// What is painted becomes lines and shapes of a page, not dots.
+  [[nodiscard]] bool OnPaper() const;
   /// Switches the smoothing of edges, which the painter does slowly, also for shapes that need none.
   void Smooth(bool smooth);
   /// Sizes follow the canvas' 96 pixels to the inch, at every resolution of the screen.

@@ -157,6 +157,23 @@ void QtPrinter::PaintPictureFile(const std::string& fileName, double x, double y
   PaintPicture(FromQImage(largest), x, y, side, side * largest.height() / largest.width());
 }
 
+void QtPrinter::Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) {
+  const double dots = DotsPerCentimetre(*printer_);
+  const double pixels = kPixelsPerInch / kCentimetresPerInch;
+  painter_->save();
+  painter_->translate(x * dots, y * dots);
+  painter_->scale(dots / pixels, dots / pixels);
+  painter_->setClipRect(QRectF(0, 0, width * pixels, height * pixels));
+  QtCanvas canvas(*painter_, {width * pixels, height * pixels});
+  paint(canvas);
+  painter_->restore();
+}
+
+void QtPrinter::NextPage() {
+  if (!printer_->newPage()) ThrowPrinterError("another page could not be begun");
+  y_ = lineHeight_ = 0;
+}
+
 void QtPrinter::EndDocument() {
   const bool ended = painter_->end();
   painter_.reset();

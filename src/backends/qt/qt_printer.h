@@ -37,6 +37,8 @@ class QtPrinter : public Printer {
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
   void PaintPictureFile(const std::string& fileName, double x, double y) override;
+  void Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) override;
+  void NextPage() override;
   void EndDocument() override;
   void AbandonDocument() noexcept override;
 

@@ -132,6 +132,7 @@ class XlsxFile::Book {
     lxw_worksheet* const sheet = AddSheet("Recording");
     Check(worksheet_set_column(sheet, 0, 0, kValueWidth, bold_));
     Check(worksheet_set_column(sheet, 1, 1, 2 * kValueWidth, nullptr));
+    worksheet_fit_to_pages(sheet, 1, 0);
     lxw_row_t row = 0;
     for (const auto& [name, value] : plan_.header) {
       Check(worksheet_write_string(sheet, row, 0, name.c_str(), head_));
@@ -155,6 +156,8 @@ class XlsxFile::Book {
     points_ = AddSheet(pointSheets_ == 1 ? "Points" : "Points " + std::to_string(pointSheets_));
     WriteHeads(points_);
     worksheet_freeze_panes(points_, 1, 1);
+    worksheet_fit_to_pages(points_, 1, 0);
+    Check(worksheet_repeat_rows(points_, 0, 0));
     row_ = 1;
   }
 
@@ -176,8 +179,7 @@ class XlsxFile::Book {
   /// One below the other, each with its series over the time of day.
   void AddCharts() {
     Check(worksheet_write_string(charts_, 0, 0, plan_.title.c_str(), bold_));
-    worksheet_set_landscape(charts_);
-    worksheet_fit_to_pages(charts_, 1, 0);
+    worksheet_fit_to_pages(charts_, 1, 1);  // on paper no chart is cut in two
     constexpr lxw_row_t kRowsPerChart = 17;
     lxw_row_t row = 2;
     for (std::size_t series = 0; series < plan_.heads.size(); ++series, row += kRowsPerChart) {

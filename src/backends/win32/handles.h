@@ -42,6 +42,7 @@ inline void DeleteGdiObject(HGDIOBJ object) noexcept {
 using OwnedKey = Owned<HKEY, RegCloseKey>;
 using OwnedFont = Owned<HFONT, DeleteGdiObject>;
 using OwnedBrush = Owned<HBRUSH, DeleteGdiObject>;
+using OwnedPen = Owned<HPEN, DeleteGdiObject>;
 using OwnedBitmap = Owned<HBITMAP, DeleteGdiObject>;
 using OwnedDc = Owned<HDC, DeleteDC>;
 using OwnedIcon = Owned<HICON, DestroyIcon>;

@@ -2,6 +2,7 @@
 #include "chart/file/chart_source.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "common/values/numbers.h"
@@ -42,12 +43,74 @@ void ChartSource::Open(const std::string& fileName, ChartHeader& header) {
 
   file->Seek(0);
   const auto rows = LocateRows(*file);
-  firstLine_ = rows ? CheckedInteger32(rows->line) : 0;
-  headerSize_ = rows ? rows->offset : 0;
-  index_.Restart({firstLine_, headerSize_});
-  survey_.Restart({firstLine_, headerSize_}, namedSeries_ == 0 ? kColumnCount : namedSeries_);
-  identity_ = file->Identity();
-  headerPrint_ = HeaderPrint(*file);
+  rows_.reset();
+  Restart({rows ? CheckedInteger32(rows->line) : 0, rows ? rows->offset : 0}, *file);
+}
+
+void ChartSource::OpenUnfinished(const std::string& chartFile, UnfinishedRecording recording, ChartHeader& header) {
+  const auto file = OpenRows(ports_.files, recording);
+  header = recording.journal.header;
+  fileName_ = chartFile;
+  namedPoints_ = -1;
+  namedSeries_ = ReadNamedSeries(header.NumberOfParameters, ports_.locale.Numbers());
+  rows_ = std::move(recording);
+  Restart({1, 0}, *file);
+}
+
+/// The chart file has the rows as they were, after its header.
+void ChartSource::OpenFinished(ChartHeader& header) {
+  LineIndex index = std::move(index_);
+  FileSurvey survey = std::move(survey_);
+  const LinePlace before{firstLine_, headerSize_};
+  const std::uint64_t rows = seenSize_;
+  const int series = namedSeries_;
+  Open(std::string(fileName_), header);
+  if (!HasPoints() || series != namedSeries_ || identity_.size - headerSize_ < rows) return;
+  index.Shift(firstLine_ - before.line, headerSize_ - before.offset);
+  survey.Shift(firstLine_ - before.line, headerSize_ - before.offset);
+  index_ = std::move(index);
+  survey_ = std::move(survey);
+}
+
+void ChartSource::Restart(const LinePlace& first, InputFile& file) {
+  firstLine_ = static_cast<std::int32_t>(first.line);
+  headerSize_ = first.offset;
+  work_.reader.reset();
+  work_.writer.reset();
+  lookedForKept_ = kept_ = false;
+  index_.Restart(first);
+  survey_.Restart(first, namedSeries_ == 0 ? kColumnCount : namedSeries_);
+  identity_ = file.Identity();
+  seenSize_ = identity_.size;
+  headerPrint_ = HeaderPrint(file);
+}
+
+std::unique_ptr<InputFile> ChartSource::OpenFile() const {
+  return rows_ ? OpenRows(ports_.files, *rows_) : ports_.files.OpenForReading(fileName_);
+}
+
+std::optional<std::int64_t> ChartSource::CountLines(const ScanProgress& progress) {
+  const auto file = OpenFile();
+  return index_.CountLines(*file, progress);
+}
+
+bool ChartSource::HasGrown() {
+  const FileIdentity now = OpenFile()->Identity();
+  const bool grew = now.volume == identity_.volume && now.index == identity_.index && now.size > seenSize_;
+  if (grew) seenSize_ = now.size;
+  return grew;
+}
+
+std::string ChartSource::KeyOf(InputFile& file) const {
+  return kept::KeyOf(file, fileName_, {firstLine_, headerSize_}, survey_.Exact().SeriesCount(),
+                     ports_.locale.Numbers());
+}
+
+void ChartSource::TakeKeptIndex(InputFile& file) {
+  if (!keptFrom_ || rows_ || std::exchange(lookedForKept_, true)) return;
+  if (file.Identity().size < *keptFrom_) return;
+  work_.reader = std::make_unique<KeptReader>(ports_.files, fileName_, KeyOf(file));
+  if (!work_.reader->ReadIndex({firstLine_, headerSize_}, index_)) work_.reader.reset();
 }
 
 std::uint64_t ChartSource::HeaderPrint(InputFile& file) const {
@@ -67,7 +130,7 @@ std::uint64_t ChartSource::HeaderPrint(InputFile& file) const {
 }
 
 bool ChartSource::Replaced() {
-  const auto file = ports_.files.OpenForReading(fileName_);
+  const auto file = OpenFile();
   const FileIdentity now = file->Identity();
   if (now == identity_) return false;
   const bool grew = now.volume == identity_.volume && now.index == identity_.index && now.size >= identity_.size;
@@ -79,7 +142,7 @@ bool ChartSource::Replaced() {
 
 std::optional<PointCount> ChartSource::Count(const ScanProgress& progress) const {
   if (!HasPoints()) return PointCount{};
-  const auto file = ports_.files.OpenForReading(fileName_);
+  const auto file = OpenFile();
   const double total = static_cast<double>(std::max<std::uint64_t>(1, file->Identity().size));
   return CountPoints(*file, {firstLine_, headerSize_},
                      [&](std::uint64_t offset) { return !progress || progress(static_cast<double>(offset) / total); });
@@ -87,7 +150,8 @@ std::optional<PointCount> ChartSource::Count(const ScanProgress& progress) const
 
 SliceReading ChartSource::Read(std::int32_t startLine, std::int32_t endLine, int columns,
                                const ScanProgress& progress) {
-  const auto file = ports_.files.OpenForReading(fileName_);
+  const auto file = OpenFile();
+  if (startLine > index_.Reach()) TakeKeptIndex(*file);
   return ReadSlice(*file, index_, startLine, endLine, columns, ports_.locale.Numbers(), progress);
 }
 
@@ -96,7 +160,8 @@ bool ChartSource::ForEach(std::int64_t first, std::int64_t last, const PointTake
   constexpr std::size_t kMostShown = 80;
   if (!HasPoints()) return true;
   const std::int64_t before = std::int64_t{firstLine_} - 1;
-  const auto file = ports_.files.OpenForReading(fileName_);
+  const auto file = OpenFile();
+  if (before + first > index_.Reach()) TakeKeptIndex(*file);
   const LineSearch search = index_.Find(*file, before + first, progress);
   if (search.end == LineSearchEnd::kGivenUp) return false;
   PointReader points(*file, {search.place.line, search.place.offset});
@@ -118,22 +183,41 @@ bool ChartSource::ForEach(std::int64_t first, std::int64_t last, const PointTake
 bool ChartSource::SurveyOn(Instant time) {
   if (!HasPoints()) return false;
   const Instant end = ports_.clock.Now() + time;
-  const auto file = ports_.files.OpenForReading(fileName_);
+  const auto file = OpenFile();
   const FileIdentity now = file->Identity();
   if (now.volume != identity_.volume || now.index != identity_.index || now.size < identity_.size) return false;
   // A clock that is set by hand does not run meanwhile.
   constexpr int kMostPieces = 64;
   bool more = true;
   for (int i = 0; more && i < kMostPieces && (i == 0 || ports_.clock.Now() < end); ++i) {
-    more = survey_.ReadOn(*file, index_, ports_.locale.Numbers());
+    more = SurveyPiece(*file);
   }
   return more;
+}
+
+bool ChartSource::SurveyPiece(InputFile& file) {
+  TakeKeptIndex(file);
+  if (work_.reader) {
+    if (work_.reader->ReadOn()) return true;
+    kept_ = work_.reader->TakeOver(survey_);
+    work_.reader.reset();
+    return true;
+  }
+  if (work_.writer) {
+    if (work_.writer->WriteOn()) return true;
+    work_.writer.reset();
+  }
+  if (survey_.ReadOn(file, index_, ports_.locale.Numbers())) return true;
+  if (!keptFrom_ || rows_ || std::exchange(kept_, true)) return false;
+  if (!survey_.Settled() || file.Identity().size < *keptFrom_) return false;
+  work_.writer = std::make_unique<KeptWriter>(ports_.files, fileName_, KeyOf(file), survey_, index_);
+  return true;
 }
 
 Slice ChartSource::ReadWide(const WideRange& range, int columns, std::int64_t lines) {
   const bool surveyed = survey_.Exact().Lines() >= range.end;
   if (!surveyed || range.end - range.first > LinesToRead(survey_)) return WideSlice(survey_, range, columns, lines);
-  const auto file = ports_.files.OpenForReading(fileName_);
+  const auto file = OpenFile();
   return ReadWideSlice(*file, index_, firstLine_, range, columns, ports_.locale.Numbers());
 }
 

@@ -8,11 +8,14 @@
 #include <string>
 
 #include "chart/file/file_survey.h"
+#include "chart/file/kept_reader.h"
+#include "chart/file/kept_writer.h"
 #include "chart/file/slice_reader.h"
 #include "chart/file/wide_slice.h"
 #include "platform/ports.h"
 #include "recording/file/chart_header.h"
 #include "recording/file/point_reader.h"
+#include "recording/journal/unfinished.h"
 
 namespace chartproject {
 
@@ -29,6 +32,17 @@ class ChartSource {
   /// Reads no further than that, however long the file is. Throws RunTimeError when the file cannot be read, 321 when
   /// it has no header.
   void Open(const std::string& fileName, ChartHeader& header);
+  /// Opens a recording that is not in its chart file yet, to be read as if it were: its rows from line 1 on, the header
+  /// that its journal has. NamedPoints is -1. Throws as Open.
+  void OpenUnfinished(const std::string& chartFile, UnfinishedRecording recording, ChartHeader& header);
+  /// Opens the chart file of the recording that was open unfinished; what is known of its rows holds on. Throws as
+  /// Open.
+  void OpenFinished(ChartHeader& header);
+  /// Null for a chart file.
+  [[nodiscard]] const UnfinishedRecording* Unfinished() const noexcept { return rows_ ? &*rows_ : nullptr; }
+  /// Surveys of long files are kept in the user's cache folder, and taken over from there. @param least bytes of a long
+  /// file
+  void KeepSurveys(std::uint64_t least = kept::kLeastFile) noexcept { keptFrom_ = least; }
 
   [[nodiscard]] const std::string& FileName() const noexcept { return fileName_; }
   /// False for a file without the line that the points follow.
@@ -43,6 +57,11 @@ class ChartSource {
 
   /// Reads all the points; nothing when the user cancels. Throws RunTimeError.
   [[nodiscard]] std::optional<PointCount> Count(const ScanProgress& progress) const;
+
+  /// Lines that have an end, in a file that may grow. Nothing when the user cancels. Throws RunTimeError.
+  [[nodiscard]] std::optional<std::int64_t> CountLines(const ScanProgress& progress = {});
+  /// Whether the file has grown since Open, and since the last call. Throws RunTimeError.
+  [[nodiscard]] bool HasGrown();
 
   /// Whether the file was replaced since Open: it must be opened again. A file that only grew is the same.
   [[nodiscard]] bool Replaced();
@@ -67,7 +86,25 @@ class ChartSource {
   [[nodiscard]] Slice ReadWide(const WideRange& range, int columns, std::int64_t lines);
 
  private:
+  /// Reading a kept survey, or keeping one. A copy of the source does not go on with it: its survey is its own.
+  struct KeptWork {
+    KeptWork() = default;
+    KeptWork(const KeptWork& /*other*/) noexcept {}
+    KeptWork& operator=(const KeptWork& /*other*/) = delete;
+    KeptWork(KeptWork&&) noexcept = default;
+    KeptWork& operator=(KeptWork&&) noexcept = default;
+    ~KeptWork() = default;
+    std::unique_ptr<KeptReader> reader;
+    std::unique_ptr<KeptWriter> writer;
+  };
+
+  [[nodiscard]] std::unique_ptr<InputFile> OpenFile() const;
+  void Restart(const LinePlace& first, InputFile& file);
   [[nodiscard]] std::uint64_t HeaderPrint(InputFile& file) const;
+  [[nodiscard]] std::string KeyOf(InputFile& file) const;
+  void TakeKeptIndex(InputFile& file);
+  /// The next piece of the survey, of a kept one that is taken over, or of keeping it. True while something is left.
+  bool SurveyPiece(InputFile& file);
 
   const Ports& ports_;
   std::string fileName_;
@@ -79,6 +116,12 @@ class ChartSource {
   int namedSeries_ = 0;
   LineIndex index_;
   FileSurvey survey_;
+  std::uint64_t seenSize_ = 0;               ///< of the file, when it was last asked whether it has grown
+  std::optional<UnfinishedRecording> rows_;  ///< the files of rows, in the place of a chart file
+  std::optional<std::uint64_t> keptFrom_;    ///< bytes of a file whose survey is kept; nothing for none
+  bool lookedForKept_ = false;
+  bool kept_ = false;  ///< the survey came from the cache folder, or went there
+  KeptWork work_;
 };
 
 }  // namespace chartproject

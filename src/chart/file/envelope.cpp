@@ -2,6 +2,7 @@
 #include "chart/file/envelope.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace chartproject {
 
@@ -12,6 +13,12 @@ void Envelope::Restart(int series) {
     blocks.clear();
     blocks.shrink_to_fit();
   }
+  SetLast({}, 0);
+}
+
+void Envelope::Restore(std::int64_t blockLength, std::array<std::vector<Extremes>, kColumnCount> blocks) {
+  blockLength_ = blockLength;
+  blocks_ = std::move(blocks);
   SetLast({}, 0);
 }
 

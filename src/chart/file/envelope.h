@@ -51,6 +51,8 @@ class Envelope {
     return static_cast<std::int64_t>(blocks_[0].size()) * blockLength_;
   }
 
+  /// Takes whole blocks over for those so far. @param blocks by series, equally many, less than kMostBlocks
+  void Restore(std::int64_t blockLength, std::array<std::vector<Extremes>, kColumnCount> blocks);
   /// Adds a whole block of BlockLength() lines after the others. BlockLength() may be twice as much afterwards.
   void Add(const RowExtremes& block);
   /// What follows the whole blocks; fewer than BlockLength() lines.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "chart/file/row_scan.h"
 
@@ -143,6 +144,41 @@ void FileSurvey::LineEnded(std::uint64_t next, LineIndex& index) {
     blockLines_ = 0;
   }
   if ((next_.line - first_.line) % LineIndex::kSpacing == 0) index.Learn(next_);
+}
+
+SurveyState FileSurvey::JoinedState(std::int64_t blocks) const {
+  const std::int64_t length = envelope_.BlockLength() * blocks;
+  const std::int64_t begin = envelope_.WholeLines() / length * length;
+  const std::int64_t rest = envelope_.WholeLines() - begin;
+  SurveyState state{next_, length, block_, rest + blockLines_, {}, rest + envelope_.Lines() - envelope_.WholeLines()};
+  for (int s = 0; s < envelope_.SeriesCount(); ++s) {
+    Extremes& block = state.block[static_cast<std::size_t>(s)];
+    for (const Extremes& each :
+         envelope_.Blocks(s).subspan(static_cast<std::size_t>(begin / envelope_.BlockLength()))) {
+      block.Take(each);
+    }
+    state.last[static_cast<std::size_t>(s)] = envelope_.Over(s, begin, envelope_.Lines() + 1);
+  }
+  return state;
+}
+
+void FileSurvey::Restore(const SurveyState& state, std::array<std::vector<Extremes>, kColumnCount> blocks) {
+  envelope_.Restore(state.blockLength, std::move(blocks));
+  envelope_.SetLast(state.last, state.lastLines);
+  next_ = state.next;
+  block_ = state.block;
+  blockLines_ = state.blockLines;
+  skipping_ = false;
+  complete_ = true;
+  samples_.resize(kSamples);
+  buffer_ = {};
+}
+
+void FileSurvey::Shift(std::int64_t lines, std::uint64_t bytes) noexcept {
+  for (LinePlace* place : {&first_, &next_}) {
+    place->line += lines;
+    place->offset += bytes;
+  }
 }
 
 Extremes FileSurvey::Over(int series, std::int64_t first, std::int64_t end, std::int64_t lines) const {

@@ -10,6 +10,16 @@
 
 namespace chartproject {
 
+/// Where a survey is, beside its whole blocks.
+struct SurveyState {
+  LinePlace next;                ///< the line that is read next
+  std::int64_t blockLength = 1;  ///< lines of the whole blocks
+  RowExtremes block{};           ///< of the lines since the last of them
+  std::int64_t blockLines = 0;
+  RowExtremes last{};  ///< the same with a last line that has no end
+  std::int64_t lastLines = 0;
+};
+
 /// A piece takes well under a millisecond: the caller reads as many as it has time for. What is not read yet is known
 /// from samples at places all over the file.
 class FileSurvey {
@@ -22,6 +32,16 @@ class FileSurvey {
   /// Reads the next piece; the line index learns the places of the lines on the way. True while something is left.
   /// A file that has grown is read on by the next call. Throws RunTimeError 57 on a device error.
   bool ReadOn(InputFile& file, LineIndex& index, const NumberFormat& format);
+
+  /// Complete, and at the beginning of a line that may still come.
+  [[nodiscard]] bool Settled() const noexcept { return complete_ && !skipping_; }
+  /// The state as if so many of the whole blocks were one each; blocks that are too few for one are part of its rest.
+  [[nodiscard]] SurveyState JoinedState(std::int64_t blocks) const;
+  /// Goes on from where a survey of the same file was complete. @param blocks by series, finite or empty
+  void Restore(const SurveyState& state, std::array<std::vector<Extremes>, kColumnCount> blocks);
+
+  /// The same lines are in another file now, that many lines and bytes further on.
+  void Shift(std::int64_t lines, std::uint64_t bytes) noexcept;
 
   /// Exact up to Envelope::Lines().
   [[nodiscard]] const Envelope& Exact() const noexcept { return envelope_; }

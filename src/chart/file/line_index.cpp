@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <utility>
 
 namespace chartproject {
 namespace {
@@ -70,6 +72,25 @@ void LineIndex::Learn(const LinePlace& place) {
   offsets_.push_back(place.offset);
   scanned_ = place.offset;
   line_ = place.line;
+}
+
+void LineIndex::Restore(std::vector<std::uint64_t> offsets) {
+  if (offsets.size() <= offsets_.size()) return;
+  offsets_ = std::move(offsets);
+  scanned_ = offsets_.back();
+  line_ = firstLine_ + (static_cast<std::int64_t>(offsets_.size()) - 1) * kSpacing;
+}
+
+void LineIndex::Shift(std::int64_t lines, std::uint64_t bytes) noexcept {
+  firstLine_ += lines;
+  line_ += lines;
+  scanned_ += bytes;
+  for (std::uint64_t& offset : offsets_) offset += bytes;
+}
+
+std::optional<std::int64_t> LineIndex::CountLines(InputFile& file, const ScanProgress& progress) {
+  if (!ScanOn(file, std::numeric_limits<std::int64_t>::max(), progress)) return std::nullopt;
+  return line_ - firstLine_;
 }
 
 LineSearch LineIndex::Find(InputFile& file, std::int64_t line, const ScanProgress& progress) {

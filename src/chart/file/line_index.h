@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -44,6 +45,17 @@ class LineIndex {
   LineSearch Find(InputFile& file, std::int64_t line, const ScanProgress& progress = {});
   /// Takes a place over from another reader of the same file; of use when it is the next one that the index keeps.
   void Learn(const LinePlace& place);
+  /// One offset for each kSpacing lines, that of the first line first.
+  [[nodiscard]] const std::vector<std::uint64_t>& Offsets() const noexcept { return offsets_; }
+  /// Takes all the places over that were learned of the same file before, unless there are more by now.
+  void Restore(std::vector<std::uint64_t> offsets);
+  /// The same lines are in another file now, that many lines and bytes further on.
+  void Shift(std::int64_t lines, std::uint64_t bytes) noexcept;
+  /// The last line that is found without much reading.
+  [[nodiscard]] std::int64_t Reach() const noexcept { return line_ + kSpacing; }
+  /// Reads on to the end of the file, as it is now, and counts the lines that have an end. Throws RunTimeError 57.
+  /// Nothing when the progress function stopped it.
+  std::optional<std::int64_t> CountLines(InputFile& file, const ScanProgress& progress = {});
 
  private:
   [[nodiscard]] LinePlace NearestTo(std::int64_t line) const;

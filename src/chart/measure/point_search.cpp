@@ -64,18 +64,43 @@ class Judge {
   std::optional<SeenPoint> last_;
 };
 
+/// The last point up to `end` that counts, however long the gap before `end` is; nothing when the reading was given up
+/// or there is none.
+std::optional<SeenPoint> LastBefore(ChartSource& source, const PointQuery& query, std::int64_t end,
+                                    const NumberFormat& format, const ScanProgress& progress) {
+  std::int64_t block = 4096;  // nearly always has it
+  while (end >= 1) {
+    const std::int64_t begin = std::max<std::int64_t>(1, end - block + 1);
+    Judge judge(query, format);
+    const auto take = [&](std::int64_t point, const ChartRow& row) {
+      judge.Take(point, row.values.at(static_cast<std::size_t>(query.series)));
+      return true;
+    };
+    const auto go = [&](double /*part*/) { return !progress || progress(0); };
+    if (!go(0) || !source.ForEach(begin, end, take, go)) break;
+    if (judge.Last()) return judge.Last();
+    end = begin - 1;
+    block = 65536;
+  }
+  return std::nullopt;
+}
+
 PointSearch SearchOn(ChartSource& source, const PointQuery& query, std::int64_t from, std::int64_t points,
                      const NumberFormat& format, const ScanProgress& progress) {
   PointSearch search;
   Judge judge(query, format);
-  // The value before a gap decides what comes after it; the block before `from` nearly always has it.
-  constexpr std::int64_t kRunUp = 4096;
+  // The value before a gap decides what comes after it.
+  bool stopped = false;
+  const auto go = [&](double part) {
+    stopped = progress && !progress(part);
+    return !stopped;
+  };
+  if (const auto before = LastBefore(source, query, from, format, go)) judge.Take(before->point, before->text);
   const auto take = [&](std::int64_t point, const ChartRow& row) {
-    auto found = judge.Take(point, row.values.at(static_cast<std::size_t>(query.series)));
-    if (found && point > from) search.found = std::move(found);
+    search.found = judge.Take(point, row.values.at(static_cast<std::size_t>(query.series)));
     return !search.found;
   };
-  const bool read = source.ForEach(std::max<std::int64_t>(1, from - kRunUp), points, take, progress);
+  const bool read = !stopped && source.ForEach(from + 1, points, take, go);
   search.givenUp = !read && !search.found;
   return search;
 }

@@ -35,10 +35,12 @@ class PageDrawing {
   PageDrawing(Component& component, const ChartPage& page)
       : component_(component), page_(page), printer_(component.ports.printer) {}
 
-  void Draw() {
+  /// Returns where the page is empty from.
+  double Draw() {
     DrawHeader();
     DrawInformation();
     DrawPicture();
+    return y_;
   }
 
  private:
@@ -119,7 +121,9 @@ class PageDrawing {
     const double width = page_.picture.width / page_.picture.dotsPerInch * kCentimetresPerInch;
     const double height = page_.picture.height / page_.picture.dotsPerInch * kCentimetresPerInch;
     const double scale = std::min({1.0, (area.right - kLabelColumn) / width, (area.bottom - y_) / height});
-    if (scale > 0) printer_.PaintPicture(page_.picture, kLabelColumn, y_, width * scale, height * scale);
+    if (scale <= 0) return;
+    printer_.PaintPicture(page_.picture, kLabelColumn, y_, width * scale, height * scale);
+    y_ += height * scale;
   }
 
   [[nodiscard]] std::string YesNo(bool yes) const { return LoadMessage(component_, yes ? Text::kYes : Text::kNo); }
@@ -152,7 +156,8 @@ bool PrintChartPage(Component& component, const ChartPage& page) {
     showStatus(LoadMessage(component, Text::kPrinting));
     printer.ProposeFile(PdfName(page.fileName));
     if (printer.StartDocument(std::string(kHostTitle) + " - " + page.fileName)) {
-      PageDrawing(component, page).Draw();
+      const double bottom = PageDrawing(component, page).Draw();
+      if (page.follow) page.follow(printer, bottom);
       printer.EndDocument();
       printed = true;
     }

@@ -32,6 +32,8 @@ struct ChartPage {
   Bitmap picture;
   /// Shows "Printing ..." while the page is made (empty text: done) together with the busy pointer. May be empty.
   std::function<void(const std::string& text)> showStatus{};
+  /// Goes on with the document after the page, from `bottom` (centimetres) on. May be empty.
+  std::function<void(Printer& printer, double bottom)> follow{};
 };
 
 /// Prints the page on the system's printer. Long names are wrapped or shortened in the middle; the picture has its own

@@ -34,7 +34,7 @@ struct Lines {
   std::int64_t firstSkipped = 0;  ///< its number
 };
 
-/// Calls `take` for each point of the range, in order; reports progress every so many lines.
+/// Calls `take` for each point of the range, in order, until it answers false; reports progress every so many lines.
 template <typename Take>
 Lines ForEachPoint(Component& component, const ExportRequest& request, std::int64_t linesBetweenProgress, Take take) {
   const auto file = component.ports.files.OpenForReading(request.chartFile);
@@ -51,8 +51,8 @@ Lines ForEachPoint(Component& component, const ExportRequest& request, std::int6
       throw GivenUp();
     }
     if (line.kind == LineKind::kPoint) {
-      take(line.row, line.number);
       ++lines.points;
+      if (!take(line.row, line.number)) break;
     }
     if (line.kind == LineKind::kMalformed && lines.skipped++ == 0) lines.firstSkipped = line.number;
   }
@@ -79,7 +79,7 @@ std::uint64_t DiskBytes(const WorkbookSizes& sizes, std::uint64_t parts) {
 /// How large a workbook can become at most.
 struct Extent {
   std::uint64_t bytes = 0;
-  std::int64_t points = 0;   ///< of the file
+  std::int64_t points = 0;   ///< that were measured: one more than fit ends it
   std::int64_t fitting = 0;  ///< those that the format has room for
 };
 
@@ -99,7 +99,9 @@ std::optional<Extent> Measure(Component& component, const ExportRequest& request
   const Lines lines = ForEachPoint(component, request, kLinesBetweenProgress, [&](const ChartRow& row, std::int64_t) {
     extent.bytes += sizes.row + LargestCell(sizes, row.time);
     for (const std::string_view value : row.values) extent.bytes += LargestCell(sizes, value);
-    if (extent.bytes < limits.bytes && extent.fitting < mostInSheets) ++extent.fitting;
+    const bool fits = extent.bytes < limits.bytes && extent.fitting < mostInSheets;
+    if (fits) ++extent.fitting;
+    return fits;
   });
   extent.points = lines.points;
   return extent;
@@ -218,15 +220,8 @@ class Export {
       throw RunTimeError(error_number::kPathFileAccess, Text::kExportOntoItself, {target_});
     }
     SpreadsheetApplications& applications = component_.ports.spreadsheets;
-    if (const auto limits = applications.Limits(target_)) {
-      ShowBusy(true);  // a long file takes its time to be measured
-      const std::uint64_t space = SpaceForTarget();
-      const auto extent = Measure(component_, request_, *limits, space);
-      ShowBusy(false);
-      if (extent && extent->fitting < extent->points) return RefuseSize(extent->fitting);
-      const std::uint64_t needed = extent ? DiskBytes(limits->sizes, extent->bytes) : 0;
-      if (needed > space) return RefuseSpace(needed, space);
-    }
+    const auto limits = applications.Limits(target_);
+    if (limits && !MakeFit(*limits)) return ExportOutcome::kTooLarge;
     const FileRights rights = files.RightsOf(place_);
     if (files.FileExists(place_)) {
       if (!Ask(LoadMessage(component_, Text::kFileExistsBefore) + target_ +
@@ -240,12 +235,11 @@ class Export {
       ShowMessage(component_, LoadMessage(component_, Text::kNoSpreadsheet), box_style::kExclamation);
       return ExportOutcome::kNoApplication;
     }
-    if (!Ask(LoadMessage(component_, Text::kExportQuestion) + "\r\n" +
-             LoadMessage(component_, Text::kExportTakesTime))) {
+    if (!Confirm()) {
       application_.reset();
       return ExportOutcome::kDeclined;
     }
-    Write(applications.Limits(target_) ? kLinesBetweenProgress : 1);
+    Write(limits ? kLinesBetweenProgress : 1);
     return ExportOutcome::kSaved;
   }
 
@@ -254,8 +248,10 @@ class Export {
     Workbook workbook(component_, *application_);
     workbook.WriteHeader(request_.header);
     const Lines lines =
-        ForEachPoint(component_, request_, linesBetweenProgress,
-                     [&workbook](const ChartRow& row, std::int64_t line) { workbook.WritePoint(row, line); });
+        ForEachPoint(component_, request_, linesBetweenProgress, [&workbook](const ChartRow& row, std::int64_t line) {
+          workbook.WritePoint(row, line);
+          return true;
+        });
     application_->SaveAs({place_, kNormalWorkbookFormat, "", "", false, false});
     application_->Quit();
     application_.reset();
@@ -272,12 +268,36 @@ class Export {
     ShowMessage(component_, LoadMessage(component_, Text::kFileSavedAs) + target_, box_style::kInformation);
   }
 
-  ExportOutcome RefuseSize(std::int64_t fitting) {
-    ShowMessage(component_,
-                FillIn(LoadMessage(component_, Text::kExportTooLarge),
-                       {FormatGrouped(static_cast<double>(fitting), component_.ports.locale.Numbers())}),
-                box_style::kExclamation);
-    return ExportOutcome::kTooLarge;
+  /// False when the points do not fit and the user chose no part of them that does.
+  bool MakeFit(const WorkbookLimits& limits) {
+    std::string refusal = Refusal(limits);
+    if (!refusal.empty() && request_.choose) {
+      const auto part = request_.choose(refusal + "\r\n\r\n" + LoadMessage(component_, Text::kRangePart), false);
+      if (!part) return false;
+      request_.range = *part;
+      chosen_ = true;
+      refusal = Refusal(limits);
+    }
+    if (!refusal.empty()) ShowMessage(component_, refusal, box_style::kExclamation);
+    return refusal.empty();
+  }
+
+  /// Why the points do not fit into the format or on the disk; empty when they do.
+  std::string Refusal(const WorkbookLimits& limits) {
+    ShowBusy(true);  // a long file takes its time to be measured
+    const std::uint64_t space = SpaceForTarget();
+    const auto extent = Measure(component_, request_, limits, space);
+    ShowBusy(false);
+    const NumberFormat& numbers = component_.ports.locale.Numbers();
+    if (extent && extent->fitting < extent->points) {
+      return FillIn(LoadMessage(component_, Text::kExportTooLarge),
+                    {FormatGrouped(static_cast<double>(extent->fitting), numbers)});
+    }
+    const std::uint64_t needed = extent ? DiskBytes(limits.sizes, extent->bytes) : 0;
+    if (needed <= space) return {};
+    return FillIn(
+        LoadMessage(component_, Text::kExportNeedsSpace),
+        {FileSizeText(static_cast<double>(needed), numbers), FileSizeText(static_cast<double>(space), numbers)});
   }
 
   /// Free bytes where the workbook goes, with those of the old one, which is deleted first.
@@ -287,13 +307,14 @@ class Export {
     return files.SpaceFor(place_).availableToUser + old;
   }
 
-  ExportOutcome RefuseSpace(std::uint64_t needed, std::uint64_t space) {
-    const auto text = [this](std::uint64_t bytes) {
-      return FileSizeText(static_cast<double>(bytes), component_.ports.locale.Numbers());
-    };
-    ShowMessage(component_, FillIn(LoadMessage(component_, Text::kExportNeedsSpace), {text(needed), text(space)}),
-                box_style::kExclamation);
-    return ExportOutcome::kTooLarge;
+  /// The last question before the workbook, with the choice of points where there is one.
+  bool Confirm() {
+    const std::string question =
+        LoadMessage(component_, Text::kExportQuestion) + "\r\n" + LoadMessage(component_, Text::kExportTakesTime);
+    if (chosen_ || !request_.choose) return Ask(question);
+    const auto range = request_.choose(question, true);
+    if (range) request_.range = *range;
+    return range.has_value();
   }
 
   bool Ask(const std::string& question) {
@@ -316,9 +337,10 @@ class Export {
   }
 
   Component& component_;
-  const ExportRequest& request_;
-  std::string target_;  ///< as the user knows it
-  std::string place_;   ///< the file itself, when the target is a link
+  ExportRequest request_;
+  bool chosen_ = false;  ///< the user chose a part of the points
+  std::string target_;   ///< as the user knows it
+  std::string place_;    ///< the file itself, when the target is a link
   std::unique_ptr<SpreadsheetApplication> application_;
 };
 

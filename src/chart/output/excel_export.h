@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "chart/plain/point_range.h"
@@ -24,6 +25,9 @@ struct ExportRequest {
   std::string targetName;  ///< empty for the chart file's name with ".xls" appended
   ChartHeader header;      ///< as read from the chart file
   PointRange range{};      ///< of its points
+  /// Asks the question and for the points that are exported; nothing when the answer is No. @param all whether all of
+  /// them are a choice: after a refusal a part is. Empty: the question is one of Yes and No, `range` stays.
+  std::function<std::optional<PointRange>(const std::string& question, bool all)> choose{};
   /// Called now and then with the part done, in bytes of the chart file; false cancels the export. May be empty.
   std::function<bool(std::uint64_t done, std::uint64_t total)> progress{};
   /// Switches the busy pointer on and off. May be empty.

@@ -20,18 +20,21 @@ bool CopyPlainDecimal(std::string& text, std::string_view field) {
   if (field.size() > kMostDigits) return false;
   const bool negative = field[0] == '-';
   std::size_t whole = negative ? 1 : 0;
-  std::size_t point = whole;
-  while (point < field.size() && IsDigit(field[point])) ++point;
-  std::size_t end = point;
-  if (end < field.size() && (field[end] == '.' || field[end] == ',')) {
-    do ++end;
-    while (end < field.size() && IsDigit(field[end]));
+  std::size_t point = field.size();
+  std::size_t separators = 0;
+  std::size_t others = 0;
+  for (std::size_t i = whole; i < field.size(); ++i) {  // without branches, as values differ in length
+    const bool separator = field[i] == '.' || field[i] == ',';
+    separators += separator ? 1 : 0;
+    others += separator || IsDigit(field[i]) ? 0 : 1;
+    point = separator ? i : point;
   }
-  if (end < field.size() || point == whole || end == point + 1) return false;
+  if (others > 0 || separators > 1 || point == whole || point + 1 == field.size()) return false;
   while (whole + 1 < point && field[whole] == '0') ++whole;
   if (negative) text += '-';
-  text.append(field, whole, point - whole);
-  if (end > point) text.append(1, '.').append(field, point + 1, end - point - 1);
+  const std::size_t begin = text.size();
+  text.append(field, whole);
+  if (separators == 1) text[begin + point - whole] = '.';
   return true;
 }
 

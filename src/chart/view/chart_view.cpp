@@ -12,6 +12,7 @@
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "recording/companion/companion_texts.h"
+#include "recording/journal/failure_notes.h"
 
 namespace chartproject {
 namespace {
@@ -23,6 +24,84 @@ constexpr std::array kParameterNumbers{&ChartHeader::PXXX1, &ChartHeader::PXXX2,
 
 void ChartView::Open(const std::string& fileName) {
   source_.Open(fileName, header_);
+  Forget();
+  Restart(source_.FirstLine(), source_.NamedPoints());
+  LoadReadings();
+  clock_ = PointClock(header_, RealTimes(), ports_.locale);
+}
+
+bool ChartView::OpenUnfinished(const std::string& chartFile) {
+  auto recording = FindUnfinished(ports_.files, ports_.codePage, chartFile);
+  if (!recording) return false;
+  source_.OpenUnfinished(chartFile, std::move(*recording), header_);
+  Forget();
+  Restart(source_.FirstLine(), source_.NamedPoints());
+  failuresReadOf_ = {};
+  companion_.emplace();
+  companion_->parameters = ParametersOf(header_);
+  companion_->simulated = Unfinished()->journal.simulated;
+  clock_ = PointClock(header_, nullptr, ports_.locale);
+  return true;
+}
+
+void ChartView::OpenFinished() {
+  const Choice chosen = Chosen();
+  const std::int32_t offset = chosen.startLine - FirstLine();
+  source_.OpenFinished(header_);
+  Forget();
+  Restart(source_.FirstLine(), source_.NamedPoints());
+  LoadReadings();
+  clock_ = PointClock(header_, RealTimes(), ports_.locale);
+  // The header names the points that were asked for.
+  const std::int64_t lines = source_.CountLines().value_or(Points());
+  if (lines != Points()) {
+    SetPoints(CheckedInteger32(lines));
+    held_ = lines;
+  }
+  Choose(chosen);
+  ScrollTo(std::int64_t{FirstLine()} + offset);
+}
+
+bool ChartView::RowsAreThere() const {
+  return Unfinished() == nullptr || std::ranges::all_of(Unfinished()->rowFiles, [this](const RowFile& file) {
+           return ports_.files.FileExists(file.name);
+         });
+}
+
+FileGrowth ChartView::LookForGrowth() {
+  if (Unfinished() == nullptr) {
+    if (source_.HasGrown()) {
+      grows_ = true;
+      return FileGrowth::kGrew;
+    }
+    const std::int64_t lines = Survey().Complete() ? Survey().Exact().Lines() : 0;
+    if (!grows_ || lines <= Points()) return FileGrowth::kNone;
+    SetPoints(CheckedInteger32(lines));
+    return FileGrowth::kPoints;
+  }
+  if (!RowsAreThere()) return FileGrowth::kGone;
+  if (!source_.HasGrown()) return FileGrowth::kNone;
+  const std::int64_t lines = source_.CountLines().value_or(0);
+  if (lines <= Points()) return FileGrowth::kNone;
+  SetPoints(CheckedInteger32(lines));
+  ReadFailures();
+  return FileGrowth::kPoints;
+}
+
+/// The journal is read again only where it says more.
+void ChartView::ReadFailures() {
+  const auto journal = ports_.files.OpenForReading(Unfinished()->journalFile);
+  companion_->points = Points();
+  const bool unchanged = journal->Identity() == failuresReadOf_;
+  const bool open =
+      std::ranges::any_of(companion_->failed, [](const FailedColumn& column) { return column.Count() > 0; });
+  if (unchanged && !open) return;  // a range that is still open grows with the points
+  failuresReadOf_ = journal->Identity();
+  companion_->failed = ReadFailureNotes(*journal, ports_.codePage, Points());
+}
+
+/// What is known of the file before.
+void ChartView::Forget() {
   names_ = nullptr;
   slice_ = Slice();
   notices_.clear();
@@ -31,9 +110,7 @@ void ChartView::Open(const std::string& fileName) {
   countGivenUp_ = false;
   fault_ = {};
   shown_ = {};
-  Restart(source_.FirstLine(), source_.NamedPoints());
-  LoadReadings();
-  clock_ = PointClock(header_, RealTimes(), ports_.locale);
+  grows_ = false;
 }
 
 /// A companion that cannot be used is a notice: the chart is worth showing without it.
@@ -65,7 +142,10 @@ void ChartView::NameSeries(Component& component) {
 }
 
 void ChartView::CountPoints(const ScanProgress& progress) {
-  if (Points() < 0) {
+  if (Unfinished() != nullptr) {
+    SetPoints(CheckedInteger32(source_.CountLines(progress).value_or(0)));
+    ReadFailures();
+  } else if (Points() < 0) {
     const auto count = source_.Count(progress);
     SetPoints(count ? LinesOf(*count) : 0);
     countGivenUp_ = !count;
@@ -107,9 +187,29 @@ SliceEnd ChartView::Load(const ScanProgress& progress) {
   return reading.end;
 }
 
+bool ChartView::LoadRange(const PointRange& range, const ScanProgress& progress) {
+  constexpr Instant kPiece = std::chrono::milliseconds(20);
+  const std::int64_t begin = std::int64_t{FirstLine()} + range.first - 1;
+  SetPoints(std::max(Points(), CheckedInteger32(range.last)));
+  SetDivision((range.Count() + kDivisions - 1) / kDivisions);
+  ScrollTo(begin);
+  EndBefore(begin + range.Count());
+  while (Division() > kMostPointsPerDivision && Survey().Exact().Lines() < range.last && SurveyOn(kPiece)) {
+    const double part = static_cast<double>(Survey().Exact().Lines()) / static_cast<double>(range.last);
+    if (progress && !progress(part)) return false;
+  }
+  return Load(progress) != SliceEnd::kGivenUp;
+}
+
+std::optional<PointRange> ChartView::ShownRange() const noexcept {
+  if (slice_.RowCount() == 0) return std::nullopt;
+  const std::int64_t first = std::int64_t{1} + slice_.startLine - FirstLine();
+  return PointRange{first, std::min<std::int64_t>(first + slice_.RowCount() * slice_.pointsPerRow - 1, Points())};
+}
+
 void ChartView::LoadWide() {
   const std::int64_t first = std::int64_t{StartLine()} - FirstLine();
-  const std::int64_t end = std::min<std::int64_t>(first + Span(), Points());
+  const std::int64_t end = std::min({first + Span(), std::int64_t{Points()}, WideEnd() - FirstLine()});
   Slice slice = source_.ReadWide({first, std::max(first, end), Chosen().wide.pointsPerRow}, seriesCount_, Points());
   slice.startLine = StartLine();
   slice.endLine = EndLine();
@@ -137,7 +237,7 @@ bool ChartView::EndsElsewhere() const {
 }
 
 bool ChartView::MeasureFile(const ScanProgress& progress) {
-  if (countGivenUp_ || !EndsElsewhere()) return false;
+  if (countGivenUp_ || Unfinished() != nullptr || !EndsElsewhere()) return false;
   const auto count = source_.Count(progress);
   countGivenUp_ = !count;
   if (!count) return false;

@@ -10,6 +10,7 @@
 
 #include "chart/file/chart_source.h"
 #include "chart/output/chart_page.h"
+#include "chart/plain/point_range.h"
 #include "chart/view/chart_building.h"
 #include "chart/view/chosen_slice.h"
 #include "common/environment/language.h"
@@ -31,6 +32,13 @@ struct ViewedSeries {
   std::string unit{};               ///< from the same tables, for example "rpm"; empty where it is not known
 };
 
+enum class FileGrowth : std::uint8_t {
+  kNone,
+  kGrew,    ///< the file, but not N: what came is not read yet
+  kPoints,  ///< N, too
+  kGone,    ///< the rows of an unfinished recording are not there any more
+};
+
 /// A chosen slice, shown once Load has read it.
 class ChartView : public ChosenSlice {
  public:
@@ -40,6 +48,18 @@ class ChartView : public ChosenSlice {
   // The file. --------------------------------------------------------------------------------------------------------
   /// Reads the header and goes to the first point, one point a division. Throws RunTimeError as ChartSource::Open.
   void Open(const std::string& fileName);
+  /// The same of a recording that is not in its chart file yet; N is 0 until CountPoints. False when there is none
+  /// beside that name.
+  bool OpenUnfinished(const std::string& chartFile);
+  /// The recording that was open unfinished is in its chart file: the same points, and the slice that was chosen.
+  void OpenFinished();
+  /// Null for a chart file.
+  [[nodiscard]] const UnfinishedRecording* Unfinished() const noexcept { return source_.Unfinished(); }
+  /// False for an unfinished recording whose rows are not in their files any more: it has ended.
+  [[nodiscard]] bool RowsAreThere() const;
+  /// Points that came since the last time: N counts them, and failed readings of an unfinished recording are known. Of
+  /// a chart file N follows once the survey has read what came. Throws RunTimeError.
+  [[nodiscard]] FileGrowth LookForGrowth();
   /// Address of the drive that the file was recorded from. Throws RunTimeError 6 or 13.
   [[nodiscard]] std::int16_t DriveAddress() const;
   /// Loads the names of the drive's parameters. A driver file that cannot be read is a notice and a line of the log:
@@ -62,7 +82,12 @@ class ChartView : public ChosenSlice {
   // The slice that is shown. -----------------------------------------------------------------------------------------
   /// Reads the chosen slice. When cancelled, the slice that is shown is chosen again. Throws RunTimeError.
   SliceEnd Load(const ScanProgress& progress = {});
+  /// Chooses these points, however many, and reads them: where they are more than a chart has rows, the survey is
+  /// finished first. False when given up. Throws RunTimeError. @param range has an end, which the file reaches
+  bool LoadRange(const PointRange& range, const ScanProgress& progress = {});
   [[nodiscard]] const Slice& Shown() const noexcept { return slice_; }
+  /// The points that are shown; nothing while there are none.
+  [[nodiscard]] std::optional<PointRange> ShownRange() const noexcept;
   /// Where Load ended at a malformed line; number 0 where it did not.
   [[nodiscard]] const MalformedLine& Fault() const noexcept { return fault_; }
   /// Counts the points where the slice met an end of the file that is not the expected one, or where the file goes on
@@ -112,6 +137,8 @@ class ChartView : public ChosenSlice {
   void Take(Slice slice);
   void LoadWide();
   void LoadReadings();
+  void Forget();
+  void ReadFailures();
   void TitleSeries(const ChartLook& look, ChartModel& model) const;
   void CountTimes(CategoryUnit unit, ChartModel& model) const;
   [[nodiscard]] std::vector<RowRange> FailedRows(std::size_t series) const;
@@ -129,6 +156,8 @@ class ChartView : public ChosenSlice {
   Choice shown_;                      ///< the choice that was read
   std::optional<std::int64_t> held_;  ///< points that were counted in the file
   bool countGivenUp_ = false;
+  bool grows_ = false;           ///< the chart file has grown since it was opened
+  FileIdentity failuresReadOf_;  ///< the journal, when failed readings were read from it
 };
 
 }  // namespace chartproject

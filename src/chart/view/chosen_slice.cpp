@@ -15,6 +15,7 @@ void ChosenSlice::Restart(std::int32_t firstLine, std::int32_t points) {
 void ChosenSlice::ScrollTo(std::int64_t startLine) {
   choice_.startLine = CheckedInteger32(startLine);
   choice_.endLine = CheckedInteger32(startLine + Length());
+  choice_.wideEnd = Choice{}.wideEnd;
 }
 
 void ChosenSlice::ScrollToBarValue(int value, int maximum) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 
 #include "chart/file/wide_slice.h"
 #include "chart/view/scroll_range.h"
@@ -17,7 +18,8 @@ class ChosenSlice {
     std::int32_t startLine = 0;
     std::int32_t endLine = 0;
     std::int16_t pointsPerDivision = 1;
-    WideDivision wide;  ///< no points: the slice is not wide
+    WideDivision wide;                                                ///< no points: the slice is not wide
+    std::int64_t wideEnd = std::numeric_limits<std::int64_t>::max();  ///< line that a wide slice ends before
   };
 
   /// Line of the first point, counted from 1.
@@ -40,8 +42,9 @@ class ChosenSlice {
   void SetDivision(std::int64_t points);
   /// Throws RunTimeError 6 for a line beyond 32 bits.
   void ScrollTo(std::int64_t startLine);
-  /// Makes the slice shorter: it ends before a line, where it has as many.
+  /// Makes the slice shorter until it is scrolled: it ends before a line, where it has as many.
   void EndBefore(std::int64_t line) {
+    choice_.wideEnd = line;
     choice_.endLine = static_cast<std::int32_t>(std::min<std::int64_t>(choice_.endLine, line));
   }
   /// The slice for a value of the scroll bar over the file. Throws RunTimeError 6.
@@ -58,6 +61,7 @@ class ChosenSlice {
   void Restart(std::int32_t firstLine, std::int32_t points);
   void SetPoints(std::int32_t points) noexcept { points_ = points; }
   [[nodiscard]] const Choice& Chosen() const noexcept { return choice_; }
+  [[nodiscard]] std::int64_t WideEnd() const noexcept { return choice_.wideEnd; }
   void Choose(const Choice& choice) noexcept { choice_ = choice; }
 
  private:

@@ -19,6 +19,18 @@ std::string NumberedParameter(const std::string& digits) {
 
 }  // namespace
 
+std::vector<std::pair<Text, std::string>> TriggerItems(const Environment& environment, const ChartHeader& header) {
+  std::vector<std::pair<Text, std::string>> items{
+      {Text::kTriggerMode, TriggerModeText(environment, header.TriggerMode)}};
+  if (header.TriggerMode != "Event") return items;
+  items.emplace_back(Text::kEvent, EventText(environment, header.Event));
+  if (IsComparison(header.Event)) {
+    items.emplace_back(Text::kParameter, NumberedParameter(header.PXXX));
+    items.emplace_back(Text::kContent, header.Content);
+  }
+  return items;
+}
+
 std::string InfoText(const Environment& environment, const std::string& fileName, const ChartHeader& header,
                      const std::vector<std::string>& notices) {
   std::string text;
@@ -30,14 +42,7 @@ std::string InfoText(const Environment& environment, const std::string& fileName
   add(Text::kDriveAddress, header.DriveAddress);
   add(Text::kTimeAmongPoints, header.ScanTime + " " + header.Unit);
   add(Text::kNumberOfPoints, header.NumberOfPoints);
-  add(Text::kTriggerMode, TriggerModeText(environment, header.TriggerMode));
-  if (header.TriggerMode == "Event") {
-    add(Text::kEvent, EventText(environment, header.Event));
-    if (IsComparison(header.Event)) {
-      add(Text::kParameter, NumberedParameter(header.PXXX));
-      add(Text::kContent, header.Content);
-    }
-  }
+  for (const auto& [label, value] : TriggerItems(environment, header)) add(label, value);
   add(Text::kStartDate, header.StartDate);
   add(Text::kStartTime, header.StartTime);
   add(Text::kEndDate, header.EndDate);

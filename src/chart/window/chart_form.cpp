@@ -2,6 +2,7 @@
 #include "chart/window/chart_form.h"
 
 #include "chart/window/find_forms.h"
+#include "chart/window/range_forms.h"
 #include "common/environment/language.h"
 #include "common/environment/settings_io.h"
 #include "common/error_log.h"
@@ -16,6 +17,7 @@ ChartForm::ChartForm(Component& component)
     : Form(component.forms, "frmChart", MakeHandlerErrorReporter(component)),
       component_(component),
       view_(component.ports, component.chartHeader) {
+  view_.Source().KeepSurveys();
   NumberTexts();
   PlaceControls();
   ConnectSections();
@@ -62,13 +64,30 @@ void ChartForm::ConnectSections() {
     view_.Load();
     ShowChart();
   };
+  follow.reload = [this] { return Reload(); };
+  follow.openFinished = [this] { OpenFinished(); };
   zoom_.Offer(actions_);
   overview.Offer(actions_);
   scroll.Offer(actions_);
   switches.Offer(actions_);
   readout_.Offer(actions_);
-  output.Offer(actions_);
+  OfferOutput();
   OfferSearches();
+}
+
+void ChartForm::OfferOutput() {
+  output.Offer(actions_);
+  report_.Offer(actions_);
+  output.ask = [this](const std::string& question, const std::vector<RangeEntry>& entries) {
+    ExportForm form(component_, question, entries);
+    form.ShowModal();
+    return form.Range();
+  };
+  report_.ask = [this](const ReportQuestion& question) {
+    ReportForm form(component_, question);
+    form.ShowModal();
+    return form.Answer();
+  };
 }
 
 void ChartForm::OfferSearches() {
@@ -148,6 +167,11 @@ bool ChartForm::OpenFile(const std::string& strFileName) {
   return known;
 }
 
+bool ChartForm::OpenFollowing(const std::string& strFileName) {
+  following_ = true;
+  return OpenFile(strFileName);
+}
+
 bool ChartForm::DriveIsKnown() const {
   try {
     return !component_.driveTable.At(view_.DriveAddress()).Type.empty();
@@ -157,7 +181,7 @@ bool ChartForm::DriveIsKnown() const {
 }
 
 void ChartForm::ShowFile(const std::string& strFileName) {
-  view_.Open(strFileName);
+  if (!following_ || !view_.OpenUnfinished(strFileName)) view_.Open(strFileName);
   if (component_.driveTable.At(view_.DriveAddress()).Type.empty()) {
     ShowMessage(component_,
                 LoadMessage(component_, Text::kCannotLoad) + strFileName + "\r\n" +
@@ -166,7 +190,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
                 box_style::kExclamation);
     return;
   }
-  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " + std::string(BaseName(strFileName)));
+  ShowTitle();
   view_.NameSeries(component_);
   {
     const ReadingSection::Scope counting(reading);
@@ -176,9 +200,11 @@ void ChartForm::ShowFile(const std::string& strFileName) {
   axes_.Restart();
   measure_.Restart();
   search_.Restart();
+  report_.Restart();
   overview.Restart();
   zoom_.Restart();
   scroll.Restart();
+  follow.Restart();
   if (!LoadSlice()) {
     // The first slice cannot be shown, but the header can, over an empty chart without a grid.
     mscChart1.SetModel(view_.Model({.kind = look_.kind}));
@@ -190,6 +216,7 @@ void ChartForm::ShowFile(const std::string& strFileName) {
 
 bool ChartForm::LoadSlice() {
   if (reading.Busy()) return false;
+  follow.CatchUp();
   if (view_.Replaced()) {
     ShowFile(view_.FileName());
     if (DriveIsKnown()) return true;
@@ -218,10 +245,49 @@ bool ChartForm::LoadSlice() {
   return end == SliceEnd::kRead;
 }
 
+/// The recording that was followed: the same points are in its chart file now, and stay where they are shown.
+void ChartForm::OpenFinished() {
+  const std::int64_t firstLine = view_.FirstLine();
+  if (view_.Unfinished()->journal.simulated) component_.simulatedRecordings.insert(view_.FileName());
+  view_.OpenFinished();
+  view_.NameSeries(component_);
+  {
+    const ReadingSection::Scope counting(reading);
+    view_.CountPoints(reading.Progress());
+  }
+  zoom_.Shift(view_.FirstLine() - firstLine);
+  scroll.Prepare();
+  scroll.Follow();
+  ShowTitle();
+}
+
+void ChartForm::ShowTitle() {
+  const std::string name(BaseName(view_.FileName()));
+  SetCaption(LoadMessage(component_, Text::kChartFile) + " - " +
+             (view_.Unfinished() != nullptr ? FillIn(LoadMessage(component_, Text::kFollowedTitle), {name}) : name));
+}
+
+bool ChartForm::Reload() {
+  if (view_.Load() != SliceEnd::kRead) {
+    reading.Say(view_.FaultText(component_));
+    return false;
+  }
+  ShowInfo();
+  ShowChart();
+  readout_.PointerRowChanged();
+  return true;
+}
+
+void ChartForm::ShowInfo() {
+  const std::string info = view_.Info(component_);
+  if (rtfInfo.Text() == info) return;
+  rtfInfo.SetText("");
+  rtfInfo.SetText(info);
+}
+
 void ChartForm::ShowSlice() {
   scroll.ShowPointsPerDivision();  // a slider that was moved while the slice was looked for goes back
-  rtfInfo.SetText("");
-  rtfInfo.SetText(view_.Info(component_));
+  ShowInfo();
   series.Show(view_);
   scales.EnableFirst(view_.SeriesCount());
   look_ = {};

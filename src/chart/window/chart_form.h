@@ -7,11 +7,13 @@
 #include "chart/window/actions/chart_actions.h"
 #include "chart/window/control/chart_control.h"
 #include "chart/window/sections/axes_section.h"
+#include "chart/window/sections/follow_section.h"
 #include "chart/window/sections/measure_section.h"
 #include "chart/window/sections/output_section.h"
 #include "chart/window/sections/overview_section.h"
 #include "chart/window/sections/reading_section.h"
 #include "chart/window/sections/readout_section.h"
+#include "chart/window/sections/report_section.h"
 #include "chart/window/sections/scale_section.h"
 #include "chart/window/sections/scroll_section.h"
 #include "chart/window/sections/search_section.h"
@@ -45,10 +47,13 @@ class ChartForm : public Form {
   SwitchesSection switches{*this, component_};
   OutputSection output{*this, component_, view_, mscChart1, reading};
   ReadingSection reading{*this, component_};
+  FollowSection follow{*this, component_, view_, scroll, overview, reading};
 
   /// Reads the header, checks the drive, finds the points and shows the first slice. An error is logged and shown.
   /// False when nothing can be shown: then the window is not worth showing either.
   bool OpenFile(const std::string& strFileName);
+  /// The same, of a recording that is not in its chart file yet where there is one of that name: it is followed.
+  bool OpenFollowing(const std::string& strFileName);
 
   /// Check boxes and chart type as they were when a chart window was closed last.
   void ApplySavedSwitches() { switches.ApplySaved(); }
@@ -69,6 +74,7 @@ class ChartForm : public Form {
   void NumberTexts();
   void ConnectSections();
   void OfferSearches();
+  void OfferOutput();
   void PlaceControls();
   void LoadPictures();
   void RestorePlace();
@@ -76,9 +82,14 @@ class ChartForm : public Form {
 
   [[nodiscard]] bool DriveIsKnown() const;
   void ShowFile(const std::string& strFileName);
+  void OpenFinished();
+  void ShowTitle();
+  void ShowInfo();
   /// Reads the chosen slice and shows it. False when the chart stays as it was.
   bool LoadSlice();
   void ShowSlice();
+  /// Shows the chosen slice without a message, and without a change of what the user is about to type.
+  bool Reload();
   /// The chart in the look of the switches.
   void ShowChart();
   /// Scrolls until a point is among the rows, in their middle where the file allows it.
@@ -86,11 +97,13 @@ class ChartForm : public Form {
   /// N becomes what the file holds, where the slice shows another end. True when another slice has to be read then.
   bool MeasureFile();
 
+  bool following_ = false;  ///< the user asked for a recording that may run
   ChartActions actions_;
-  ZoomSection zoom_{*this, mscChart1, view_, scroll};
   ReadoutSection readout_{mscChart1, component_, view_, component_.chartHeader};
   AxesSection axes_{component_, view_, mscChart1, series};
+  ZoomSection zoom_{*this, mscChart1, view_, scroll, axes_};
   MeasureSection measure_{component_, view_, mscChart1, reading, readout_};
+  ReportSection report_{*this, component_, view_, mscChart1, look_, reading};
   SearchSection search_{component_, view_, mscChart1, reading, readout_};
 };
 

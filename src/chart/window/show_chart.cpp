@@ -50,15 +50,15 @@ void PrintFromClipboard(Component& component, ChartForm& window) {
   PrintChartPage(component, page);
 }
 
-}  // namespace
+using Opening = bool (ChartForm::*)(const std::string& strFileName);
 
-bool ShowChart(Component& component, const std::string& strFileName) {
+bool ShowWindow(Component& component, const std::string& strFileName, Opening open) {
   bool shown = false;
   try {
     ChartForm window(component);
     window.Load();
     const UnloadScope unload(window);
-    if (!window.OpenFile(strFileName)) return false;
+    if (!(window.*open)(strFileName)) return false;
     window.ApplySavedSwitches();
     window.ShowModal();
     shown = true;
@@ -67,6 +67,16 @@ bool ShowChart(Component& component, const std::string& strFileName) {
     LogRunTimeError(component, "ShowChart", AsRunTimeError(error));
   }
   return shown;
+}
+
+}  // namespace
+
+bool ShowChart(Component& component, const std::string& strFileName) {
+  return ShowWindow(component, strFileName, &ChartForm::OpenFile);
+}
+
+bool ShowFollowing(Component& component, const std::string& strFileName) {
+  return ShowWindow(component, strFileName, &ChartForm::OpenFollowing);
 }
 
 }  // namespace chartproject

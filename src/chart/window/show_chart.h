@@ -13,4 +13,7 @@ namespace chartproject {
 /// @return false when no window came
 bool ShowChart(Component& component, const std::string& strFileName);
 
+/// The same; where a recording of that name is not in its chart file yet, the window follows it.
+bool ShowFollowing(Component& component, const std::string& strFileName);
+
 }  // namespace chartproject

@@ -12,6 +12,8 @@
 
 namespace chartproject {
 
+class PublishOptions;
+
 /// What is not given stays as the dialog has it after a reset.
 struct AcquireRequest {
   std::string fileName;                 ///< full name
@@ -19,11 +21,12 @@ struct AcquireRequest {
   std::string address;
   std::string points;
   std::optional<TimeBetweenPoints> every;
-  std::string trigger;  ///< event code; empty for a manual start
-  std::string compare;  ///< parameter of the comparison events, which need it
-  std::string content;  ///< comparison value
-  bool json = false;    ///< how the end is reported
-  bool rows = false;    ///< every point goes to standard output, too
+  std::string trigger;                      ///< event code; empty for a manual start
+  std::string compare;                      ///< parameter of the comparison events, which need it
+  std::string content;                      ///< comparison value
+  bool json = false;                        ///< how the end is reported
+  bool rows = false;                        ///< every point goes to standard output, too
+  const PublishOptions* publish = nullptr;  ///< every point goes to a database, too; null for no
 };
 
 /// A step of the dialog ended in a run-time error, which a message box has shown already.

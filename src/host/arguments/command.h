@@ -40,6 +40,7 @@ class RefusedError : public std::runtime_error {
 [[nodiscard]] std::unique_ptr<Command> MakeRenderCommand();
 [[nodiscard]] std::unique_ptr<Command> MakePrintCommand();
 [[nodiscard]] std::unique_ptr<Command> MakeExportCommand();
+[[nodiscard]] std::unique_ptr<Command> MakePublishCommand();
 /// What runs when a chart file is named without a command: as `view FILE`.
 [[nodiscard]] std::unique_ptr<Command> MakeViewOf(const std::string& file);
 /// Made for scripts: --help does not list it.

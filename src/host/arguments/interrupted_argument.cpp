@@ -17,7 +17,10 @@ std::string InterruptedArgument::Command() const {
 
 std::string InterruptedArgument::Sentence() const {
   const std::string points = std::to_string(Points()) + " points";
-  if (running) return chartFile + " is being recorded; it has " + points + " so far";
+  if (running) {
+    return chartFile + " is being recorded; it has " + points +
+           " so far; this command shows them: chartproject view --follow \"" + chartFile + "\"";
+  }
   return chartFile + " is an interrupted recording of " + points + "; this command brings it back: " + Command();
 }
 

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "chart/plain/point_range.h"
-#include "recording/companion/point_clock.h"
+#include "chart/view/chart_view.h"
+#include "texts/language.h"
 
 namespace chartproject {
 
@@ -17,14 +18,14 @@ class RangeOptions {
   void AddTo(CLI::App& command, const std::string& usual = "all");
 
   [[nodiscard]] bool Given() const noexcept;
-  /// The points that are meant, in the file or after its end. Throws RefusedError, naming the option, for a value that
+  /// The points that are meant. Throws RefusedError, in the user's language and naming the option, for a value that
   /// cannot be read, two options that say the same end, a time that the file cannot answer, and a range without points.
-  /// @param clock of the file
-  [[nodiscard]] PointRange Resolve(const PointClock& clock) const;
+  /// @param view has the file open
+  [[nodiscard]] PointRange Resolve(ChartView& view, Language language) const;
 
  private:
   [[nodiscard]] std::optional<double> Moment(const std::string& text, const std::string& option,
-                                             const PointClock& clock) const;
+                                             const PointClock& clock, Language language) const;
 
   std::string first_;
   std::string points_;

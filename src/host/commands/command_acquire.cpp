@@ -10,6 +10,7 @@
 #include "drive/driver_file.h"
 #include "host/arguments/acquire_request.h"
 #include "host/arguments/command.h"
+#include "host/reports/acquire_publishing.h"
 #include "host/reports/plan_test.h"
 #include "host/reports/progress.h"
 #include "host/reports/row_stream.h"
@@ -33,7 +34,9 @@ std::string EventCodes() {
 class HeadlessRecording {
  public:
   HeadlessRecording(Session& session, const AcquireRequest& request)
-      : session_(session), request_(request), progress_(session.Err(), ProgressKindFor(session.Options().quiet)) {}
+      : session_(session), request_(request), progress_(session.Err(), ProgressKindFor(session.Options().quiet)) {
+    if (request.publish != nullptr) publishing_.emplace(*request.publish, session.Instance().State());
+  }
 
   ExitCode Run() {
     HeadlessFormHost& host = session_.Headless();
@@ -47,6 +50,9 @@ class HeadlessRecording {
     host.onTick = nullptr;
     boxes.beforeBox = nullptr;
     if (refusal_) std::rethrow_exception(refusal_);
+    if (publishing_ && ended_) {
+      publishing_->Finish(report_, session_.Err(), [this] { return !session_.ThePorts().keyboard.EscapePressed(); });
+    }
     return (ended_ ? failed_ : Failed()) ? ExitCode::kRunTimeError : Outcome();
   }
 
@@ -76,6 +82,7 @@ class HeadlessRecording {
         session_.Err() << FillIn(LoadMessage(component, Text::kModelShowsNoNumbers), {model}) << "\n" << std::flush;
       }
       if (request_.rows) rows_.emplace(session_.Out(), component, form->Run().Plan(), zone_);
+      if (publishing_) publishing_->Begin(request_.fileName);
       if (form->Run().State() == RunState::kArmed) progress_.Note("waiting for " + request_.trigger);
     } catch (const StepFailed&) {
       refusal_ = std::current_exception();
@@ -108,7 +115,16 @@ class HeadlessRecording {
     if (form == nullptr) return;
     // A handler that failed once fails at every tick: the points so far are kept, and the user has seen the reason.
     if (Failed()) form->StopRun();
+    ShowPublishing();
     if (!form->Run().Active()) form->Unload();
+  }
+
+  void ShowPublishing() {
+    if (!publishing_) return;
+    for (const std::string& sentence : publishing_->TakeNotices()) {
+      progress_.EndLine();
+      session_.Err() << sentence << "\n" << std::flush;
+    }
   }
 
   /// A handler let an error out while the recording ran. Errors shown before the start (for example about a drive that
@@ -119,7 +135,7 @@ class HeadlessRecording {
     const ChartWriteResult& written = report_.written;
     const bool inFile = written.kind == ChartWriteResult::Kind::kWritten;
     if (request_.json) {
-      PrintRunJson(session_.Out(), report_);
+      PrintRunJson(session_.Out(), report_, publishing_ ? publishing_->Json() : nlohmann::ordered_json());
     } else {
       // Standard output belongs to the rows.
       PrintRunSentences(rows_ ? session_.Err() : session_.Out(), report_, session_.ThePorts().locale.Numbers());
@@ -139,6 +155,7 @@ class HeadlessRecording {
   Progress progress_;
   PosixTimeZone zone_;
   std::optional<RowStream> rows_;
+  std::optional<AcquirePublishing> publishing_;
   RunReport report_;
   bool ended_ = false;
   bool failed_ = false;
@@ -146,6 +163,7 @@ class HeadlessRecording {
   int errorsBefore_ = 0;
 };
 
+constexpr int kUsualWait = 30;   // seconds, after the recording, for the points that a server does not have yet
 constexpr int kMostGiven = 100;  // too many are refused with the dialog's reason, not by the parser
 
 class AcquireCommand : public Command {
@@ -172,11 +190,13 @@ class AcquireCommand : public Command {
                     "- writes every point to standard output, too, the moment it is taken: one JSON object a line, as "
                     "\"export --plain --format jsonl\" has them")
         ->type_name("-");
+    publish_.AddTo(*app, "--publish", kUsualWait);
     app->add_flag("--test", test_, "record nothing: read the plan once, and say how long a point takes");
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    if (!publish_.Given()) publish_.RefuseWithoutAddress();
     if (test_) return Test(session);
     if (request_.fileName.empty() != request_.parameters.empty()) {
       throw RefusedError("acquire: give both --file and --parameters, or none of them for the dialog");
@@ -188,6 +208,7 @@ class AcquireCommand : public Command {
       }
       if (request_.json) throw RefusedError("acquire: --json goes with --file and --parameters");
       if (!rows_.empty()) throw RefusedError("acquire: --rows goes with --file and --parameters");
+      if (publish_.Given()) throw RefusedError("acquire: --publish goes with --file and --parameters");
       session.UseDesktop(DesktopMode::kScreen);
       RememberAllCharts(session.Instance().State());
       session.Instance().AcquireVar();
@@ -208,6 +229,7 @@ class AcquireCommand : public Command {
     if (!rows_.empty() && rows_ != "-") throw RefusedError("--rows: only -, standard output");
     if (!rows_.empty() && request_.json) throw RefusedError("acquire: --rows and --json both want standard output");
     request_.rows = !rows_.empty();
+    if (publish_.Given()) request_.publish = &publish_;
     request_.fileName = FullName(request_.fileName);
     if (!every_.empty()) request_.every = ParseTimeBetweenPoints(every_);
     return HeadlessRecording(session, request_).Run();
@@ -225,6 +247,7 @@ class AcquireCommand : public Command {
   AcquireRequest request_;
   std::string every_;
   std::string rows_;
+  PublishOptions publish_;
   bool test_ = false;
 };
 

@@ -73,7 +73,7 @@ class ExportCommand : public Command {
     ReadHeaderOf(component.ports, component.strChartFileName, component.chartHeader);
     ChartView view(component.ports, component.chartHeader);
     view.Open(component.strChartFileName);
-    const PointRange range = range_.Resolve(view.Clock());
+    const PointRange range = range_.Resolve(view, component.language);
     if (plain_ || HasEnding(output_, ".xlsx")) return ExportTable(session, view, range);
     return ExportWorkbook(session, range);
   }

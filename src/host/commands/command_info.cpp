@@ -78,7 +78,10 @@ class InfoCommand : public Command {
     }
     const ChartInfo info = ReadInfo(session.ThePorts(), FullName(file_));
     std::optional<RangeReport> range;
-    if (range_.Given()) range = MeasureChosenRange(session.ThePorts(), FullName(file_), range_);
+    if (range_.Given()) {
+      const Language language = session.Instance().State().language;
+      range = MeasureChosenRange(session.ThePorts(), FullName(file_), range_, language);
+    }
     if (json_) {
       PrintJson(info, interrupted, range, session.Out());
     } else {

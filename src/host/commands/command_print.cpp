@@ -1,11 +1,14 @@
-// print FILE [--output PDF]: the page of the chart window without the window.
+// print FILE [--output PDF] [--report]: the page of the chart window without the window, and the report.
+#include <array>
 #include <optional>
 #include <ostream>
 #include <string>
 #include <utility>
 
+#include "acquire/dialog/input_rules.h"
 #include "chart/output/chart_page.h"
 #include "chart/picture/chart_scene.h"
+#include "chart/report/report_pages.h"
 #include "common/values/text.h"
 #include "host/arguments/arguments.h"
 #include "host/arguments/chart_argument.h"
@@ -30,11 +33,22 @@ class PrintCommand : public Command {
     app->add_option("--paper", paper_, "size of the paper [default: the printer's own, or that of the country]")
         ->type_name("A3|A4|A5|Letter|Legal");
     options_.AddTo(*app);
+    app->add_flag(
+        "--report", report_,
+        "also what is known of the recording, its drive and the printed range, on further pages; the range is "
+        "all the points unless it is given");
+    app->add_option("--title", title_, "title of the report")->type_name("TEXT");
+    app->add_option("--remark", remark_, "remark in the report; it may have several lines")->type_name("TEXT");
+    app->add_option("--cursors", cursors_, "points whose values the report shows, one or two, for example 120,340")
+        ->type_name("N[,N]");
     return app;
   }
 
   ExitCode Run(Session& session) override {
-    const ChartPictureOptions::Choice choice = options_.Parse();
+    if (!report_) RefuseReportOptions();
+    ChartPictureOptions::Choice choice = options_.Parse();
+    choice.whole = report_;
+    ReportRequest request{{}, choice.look, title_, remark_, ParseCursors()};
     const auto paper = ParsePaper();
     RefuseInterrupted(session.ThePorts(), FullName(file_));
     if (!output_.empty()) {
@@ -48,7 +62,8 @@ class PrintCommand : public Command {
     component.strChartFileName = FullName(file_);
 
     ChartView view(component.ports, component.chartHeader);
-    LoadChosenSlice(view, component.strChartFileName, choice);
+    request.range = LoadChosenSlice(view, component.strChartFileName, choice, component.language);
+    RefuseCursorsOutside(view, request);
     NameSeriesIfKnown(view, component);
     ChartPage page = view.Page(component, choice.look);
     ChartLook look = choice.look;
@@ -58,10 +73,41 @@ class PrintCommand : public Command {
     page.showStatus = [&session](const std::string& text) {
       if (!text.empty()) session.Err() << text << "\n";
     };
-    return PrintChartPage(component, page) ? ExitCode::kDone : ExitCode::kRunTimeError;
+    return Print(component, view, std::move(page), request) ? ExitCode::kDone : ExitCode::kRunTimeError;
   }
 
  private:
+  bool Print(Component& component, const ChartView& view, ChartPage page, const ReportRequest& request) const {
+    if (!report_) return PrintChartPage(component, page);
+    return PrintReport(component, std::move(page), MakeReport(component, view, request).value());
+  }
+
+  void RefuseReportOptions() const {
+    for (const auto& [option, value] :
+         {std::pair("--title", &title_), std::pair("--remark", &remark_), std::pair("--cursors", &cursors_)}) {
+      if (!value->empty()) throw RefusedError(std::string(option) + ": only with --report");
+    }
+  }
+
+  static void RefuseCursorsOutside(ChartView& view, const ReportRequest& request) {
+    for (const auto& cursor : request.cursors) {
+      if (cursor && view.PointAlone(*cursor).RowCount() == 0) {
+        throw RefusedError("--cursors: the file holds no point " + std::to_string(*cursor));
+      }
+    }
+  }
+
+  [[nodiscard]] std::array<std::optional<std::int64_t>, 2> ParseCursors() const {
+    std::array<std::optional<std::int64_t>, 2> cursors;
+    if (cursors_.empty()) return cursors;
+    const std::size_t comma = cursors_.find(',');
+    cursors[0] = ParseNumber(cursors_.substr(0, comma), "--cursors", 1, kMostPoints);
+    if (comma != std::string::npos) {
+      cursors[1] = ParseNumber(cursors_.substr(comma + 1), "--cursors", 1, kMostPoints);
+    }
+    return cursors;
+  }
+
   [[nodiscard]] std::optional<PaperSize> ParsePaper() const {
     static const std::pair<const char*, PaperSize> kPapers[] = {{"A3", {29.7, 42.0}},
                                                                 {"A4", {21.0, 29.7}},
@@ -78,6 +124,10 @@ class PrintCommand : public Command {
   std::string file_;
   std::string output_;
   std::string paper_;
+  bool report_ = false;
+  std::string title_;
+  std::string remark_;
+  std::string cursors_;
   ChartPictureOptions options_;
 };
 

@@ -39,7 +39,7 @@ class RenderCommand : public Command {
     Ports& ports = session.ThePorts();
     ChartHeader header;
     ChartView view(ports, header);
-    LoadChosenSlice(view, chartFile, choice);
+    LoadChosenSlice(view, chartFile, choice, session.Instance().State().language);
     if (choice.look.lanes || choice.look.legend) NameSeriesIfKnown(view, session.Instance().State());
     const std::string png = PngBytes(DrawPicture(view.Model(choice.look), ports.locale.Numbers(), size, 1, renderer));
     // A picture that had the name is there until the new one is complete.

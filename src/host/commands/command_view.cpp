@@ -2,6 +2,7 @@
 #include <exception>
 #include <utility>
 
+#include "chart/window/show_chart.h"
 #include "host/arguments/arguments.h"
 #include "host/arguments/chart_argument.h"
 #include "host/arguments/command.h"
@@ -9,6 +10,7 @@
 #include "host/session/session.h"
 #include "host/window/recent_charts.h"
 #include "platform/run_time_error.h"
+#include "recording/journal/unfinished.h"
 
 namespace chartproject {
 
@@ -21,12 +23,17 @@ class ViewCommand : public Command {
   CLI::App* AddTo(CLI::App& program) override {
     CLI::App* app = program.add_subcommand("view", "Show a chart file in the chart window");
     app->add_option("FILE", file_, "chart file [default: asks for one]")->type_name("");
+    app->add_flag("--follow", follow_, "follow a recording that runs, in any program, until it is in its chart file");
     return app;
   }
 
   ExitCode Run(Session& session) override {
+    if (file_.empty() && follow_) throw RefusedError("--follow: name the recording's chart file");
     if (file_.empty()) return AskAndShow(session);
     const std::string name = FullName(file_);
+    if (follow_ && FindUnfinished(session.ThePorts().files, session.ThePorts().codePage, name)) {
+      return Follow(session, name);
+    }
     (void)session.ThePorts().files.ResolveLink(name);  // refuses a device or a pipe before a window comes up
     RefuseInterrupted(session.ThePorts(), name);
     session.UseDesktop(DesktopMode::kScreen);
@@ -47,6 +54,15 @@ class ViewCommand : public Command {
   }
 
  private:
+  static ExitCode Follow(Session& session, const std::string& name) {
+    session.UseDesktop(DesktopMode::kScreen);
+    Component& component = session.Instance().State();
+    component.strChartFileName = name;
+    const bool shown = ShowFollowing(component, name);
+    session.Release();
+    return shown ? ExitCode::kDone : ExitCode::kRunTimeError;
+  }
+
   static ExitCode AskAndShow(Session& session) {
     session.UseDesktop(DesktopMode::kScreen);
     Component& component = session.Instance().State();
@@ -57,6 +73,7 @@ class ViewCommand : public Command {
   }
 
   std::string file_;
+  bool follow_ = false;
 };
 
 }  // namespace

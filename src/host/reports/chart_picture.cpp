@@ -1,6 +1,7 @@
 // Options to a slice, a slice to a chart.
 #include "host/reports/chart_picture.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "acquire/dialog/input_rules.h"
@@ -40,15 +41,29 @@ CategoryUnit ParseAxis(const std::string& text) {
   throw RefusedError("--axis: points, elapsed or time, not \"" + text + "\"");
 }
 
-/// The fewest points a division with which a picture shows a range; 1 for one without an end.
-std::int16_t DivisionOf(const PointRange& range) {
-  if (!range.HasEnd()) return 1;
-  const std::int64_t division = (range.Count() + kDivisions - 1) / kDivisions;
-  if (division > kMostPointsPerDivision) {
-    throw RefusedError("a picture shows " + std::to_string(kDivisions * kMostPointsPerDivision) +
-                       " points at most, the range has " + std::to_string(range.Count()));
+constexpr std::int64_t kMostRows = std::int64_t{kDivisions} * kMostPointsPerDivision;
+
+/// The chosen range as far as the file has it, where that has to be known: an end that is the file's own, and a range
+/// of more points than are drawn one by one.
+PointRange Limited(ChartView& view, const ChartPictureOptions::Choice& choice, Language language) {
+  PointRange range = choice.range.Resolve(view, language);
+  const bool toTheEnd = choice.whole && !choice.pointsPerDivision && !range.HasEnd();
+  if (!toTheEnd && !(range.HasEnd() && range.Count() > kMostRows)) return range;
+  const std::int64_t held = view.Source().Count({}).value_or(PointCount{}).lastLine - view.FirstLine() + 1;
+  range.last = std::min(range.last, held);
+  return range;
+}
+
+void LoadSlice(ChartView& view, const PointRange& range, const std::optional<std::int16_t>& pointsPerDivision) {
+  if (range.HasEnd() && !pointsPerDivision) {
+    view.LoadRange(range);
+    return;
   }
-  return CheckedInteger16(division);
+  const std::int64_t begin = std::int64_t{view.FirstLine()} + range.first - 1;
+  view.SetPointsPerDivision(pointsPerDivision.value_or(1));
+  view.ScrollTo(begin);
+  if (range.HasEnd()) view.EndBefore(begin + range.Count());
+  view.Load();
 }
 
 }  // namespace
@@ -105,28 +120,22 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
   return choice;
 }
 
-void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice) {
+PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice,
+                           Language language) {
   view.Open(fileName);
   if (!view.HasPoints())
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
   if (view.AxisFor(choice.look.axis) != choice.look.axis) {
     throw RefusedError("--axis: the header of the file does not say the times of its points");
   }
-  const PointRange range = choice.range.Resolve(view.Clock());
-  const std::int64_t begin = std::int64_t{view.FirstLine()} + range.first - 1;
-  view.SetPointsPerDivision(choice.pointsPerDivision.value_or(DivisionOf(range)));
-  view.ScrollTo(begin);
-  if (range.HasEnd()) view.EndBefore(begin + range.Count());
-  if (view.Load() == SliceEnd::kMalformedLine) {
+  const PointRange range = Limited(view, choice, language);
+  LoadSlice(view, range, choice.pointsPerDivision);
+  if (view.Fault().number > 0) {
     constexpr std::size_t kMostShown = 80;
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kLineIsNotAPoint,
                        {fileName, std::to_string(view.Fault().number), view.Fault().text.substr(0, kMostShown)});
   }
-  if (view.Shown().RowCount() == 0 && range.first > 1) {
-    const std::int64_t held = view.Shown().lastLine - view.FirstLine() + 1;
-    throw RefusedError("--first, --from: the file holds " + std::to_string(held) + " points, there is no point " +
-                       std::to_string(range.first));
-  }
+  return range.HasEnd() ? range : view.ShownRange().value_or(range);
 }
 
 void NameSeriesIfKnown(ChartView& view, Component& component) {

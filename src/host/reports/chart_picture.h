@@ -21,6 +21,7 @@ class ChartPictureOptions {
     ChartLook look;
     std::optional<std::int16_t> pointsPerDivision{};  ///< nothing: as few as show the range
     RangeOptions range{};
+    bool whole = false;  ///< without an end of its own the range goes on to the end of the file
   };
   [[nodiscard]] Choice Parse() const;
 
@@ -38,10 +39,11 @@ class ChartPictureOptions {
   bool legend_ = false;
 };
 
-/// Opens a chart file in a view and loads the chosen slice. @param fileName full name
-/// Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a range that the file
-/// does not have or that a picture cannot show, or an axis of times that the file does not say.
-void LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice);
+/// Opens a chart file in a view and loads the chosen slice. @param fileName full name. Returns the points that are
+/// shown. Throws RunTimeError 321 for a file without points or with a malformed line, RefusedError for a range that the
+/// file does not have, or an axis of times that the file does not say.
+PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const ChartPictureOptions::Choice& choice,
+                           Language language);
 
 /// Names the series by the drive's parameters; a file of a drive that the project does not have keeps their numbers
 /// alone.

@@ -9,6 +9,7 @@
 #include "chart/view/chart_view.h"
 #include "common/values/numbers.h"
 #include "host/arguments/command.h"
+#include "texts/texts.h"
 
 namespace chartproject {
 namespace {
@@ -28,14 +29,15 @@ constexpr std::array<Figure, 6> kFigures{{
 
 }  // namespace
 
-RangeReport MeasureChosenRange(Ports& ports, const std::string& chartFile, const RangeOptions& options) {
+RangeReport MeasureChosenRange(Ports& ports, const std::string& chartFile, const RangeOptions& options,
+                               Language language) {
   ChartHeader header;
   ChartView view(ports, header);
   view.Open(chartFile);
   RangeReport report;
-  report.range = options.Resolve(view.Clock());
+  report.range = options.Resolve(view, language);
   const std::int64_t held = view.Source().Count({}).value_or(PointCount{}).lastLine - view.FirstLine() + 1;
-  if (!view.HasPoints() || report.range.first > held) throw RefusedError("the file holds no point of that range");
+  if (held < report.range.first) throw RefusedError(std::string(TextIn(language, Text::kNoPointOfRange)));
   report.range.last = std::min(report.range.last, held);
   const MeasureRequest request{report.range.first, report.range.last, view.SeriesCount(), &view.Clock(), view.Failed()};
   const auto measured = MeasureRange(view.Source(), request, ports.locale.Numbers());

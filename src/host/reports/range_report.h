@@ -23,7 +23,8 @@ struct RangeReport {
 };
 
 /// Reads the points of the range. Throws RefusedError for a range that the file does not have, and as MeasureRange.
-[[nodiscard]] RangeReport MeasureChosenRange(Ports& ports, const std::string& chartFile, const RangeOptions& options);
+[[nodiscard]] RangeReport MeasureChosenRange(Ports& ports, const std::string& chartFile, const RangeOptions& options,
+                                             Language language);
 
 /// A line for the range and one for each series.
 void PrintRange(const RangeReport& report, const NumberFormat& numbers, std::ostream& out);

@@ -37,7 +37,7 @@ void PrintRunSentences(std::ostream& out, const RunReport& report, const NumberF
   for (const std::string& line : CompanionLines(Language::kEnglish, numbers, report.readings)) out << line << "\n";
 }
 
-void PrintRunJson(std::ostream& out, const RunReport& report) {
+void PrintRunJson(std::ostream& out, const RunReport& report, const nlohmann::ordered_json& published) {
   nlohmann::ordered_json document;
   document["file"] = report.fileName;
   document["points"] = report.points;
@@ -47,6 +47,7 @@ void PrintRunJson(std::ostream& out, const RunReport& report) {
   document["keptFile"] = report.written.keptFile;
   document["reason"] = report.written.reason;
   AddCompanion(document, report.readings);
+  if (!published.is_null()) document["published"] = published;
   PrintDocument(out, document);
 }
 

@@ -1,6 +1,7 @@
 // The end of a recording on the command line: as sentences, or as one JSON object.
 #pragma once
 
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "acquire/run/run_controller.h"
@@ -11,6 +12,7 @@ namespace chartproject {
 void PrintRunSentences(std::ostream& out, const RunReport& report, const NumberFormat& numbers);
 
 /// One object: "file", "points", "end", "inFile", "keptFile", "reason", "failedReadings", "interval".
-void PrintRunJson(std::ostream& out, const RunReport& report);
+/// @param published added as "published"; null for nothing
+void PrintRunJson(std::ostream& out, const RunReport& report, const nlohmann::ordered_json& published);
 
 }  // namespace chartproject

@@ -112,12 +112,12 @@ std::optional<ChartRow> SplitRow(std::string_view line) noexcept {
   const auto isBlank = [](char c) { return c == ' ' || c == '\r' || c == '\n'; };
   while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
   while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
-  std::array<std::size_t, kMarksInRow> marks{};
+  // Without a branch for each mark: values differ in length, and wrong guesses of the processor cost more than the row.
+  std::array<std::size_t, kMarksInRow + 1> marks{};
   std::size_t count = 0;
   for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] != '#') continue;
-    if (count == kMarksInRow) return std::nullopt;
-    marks[count++] = i;
+    marks[std::min<std::size_t>(count, kMarksInRow)] = i;
+    count += line[i] == '#' ? 1 : 0;
   }
   if (count != kMarksInRow) return std::nullopt;
   ChartRow row;

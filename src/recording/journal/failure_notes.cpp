@@ -2,7 +2,6 @@
 #include "recording/journal/failure_notes.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "common/values/line_reader.h"
 #include "common/values/text.h"
@@ -62,29 +61,45 @@ std::string FailureNotes::Lines(const FailedReadings& failed, const std::array<i
   return lines;
 }
 
-FailedReadings ReadFailureNotes(InputFile& file, const CodePage& codePage, std::int32_t points) {
-  FailedReadings failed;
-  std::array<std::optional<FailedRange>, kColumnCount> open;
-  LineReader lines(file, kLongestCompanionLine);
-  for (TextLine line; lines.Next(line);) {
-    const bool opens = line.text.starts_with(failure_note::kOpen);
-    if (line.cut || (!opens && !line.text.starts_with(failure_note::kClosed))) continue;
-    const auto noted = RangeIn(codePage.Decode(AfterEquals(line.text)));
-    if (!noted) continue;
-    open[noted->column].reset();
-    if (opens) {
-      open[noted->column] = noted->range;
-    } else {
-      AddUpTo(points, noted->range, failed[noted->column]);
-    }
+void NotedFailures::Take(std::string_view line) {
+  const bool opens = line.starts_with(failure_note::kOpen);
+  if (!opens && !line.starts_with(failure_note::kClosed)) return;
+  const auto noted = RangeIn(codePage_.Decode(AfterEquals(line)));
+  if (!noted) return;
+  open_[noted->column].reset();
+  if (opens) {
+    open_[noted->column] = noted->range;
+  } else {
+    AddUpTo(points_, noted->range, failed_[noted->column]);
   }
-  for (std::size_t column = 0; column < open.size(); ++column) {
-    if (!open[column]) continue;
-    open[column]->last = points;
-    open[column]->failed = points - open[column]->first + 1;
-    AddUpTo(points, *open[column], failed[column]);
+}
+
+bool NotedFailures::Failed(std::size_t column, std::int32_t point, bool zero) const {
+  const auto& open = open_[column];
+  if (open && point >= open->first) return true;
+  const FailedRange* const range = failed_[column].Find(point);
+  return range != nullptr && (zero || range->failed == range->last - range->first + 1);
+}
+
+FailedReadings NotedFailures::UpToNow() const {
+  FailedReadings failed = failed_;
+  for (std::size_t column = 0; column < open_.size(); ++column) {
+    if (!open_[column]) continue;
+    FailedRange range = *open_[column];
+    range.last = points_;
+    range.failed = points_ - range.first + 1;
+    AddUpTo(points_, range, failed[column]);
   }
   return failed;
+}
+
+FailedReadings ReadFailureNotes(InputFile& file, const CodePage& codePage, std::int32_t points) {
+  NotedFailures noted(codePage, points);
+  LineReader lines(file, kLongestCompanionLine);
+  for (TextLine line; lines.Next(line);) {
+    if (!line.cut) noted.Take(line.text);
+  }
+  return noted.UpToNow();
 }
 
 }  // namespace chartproject

@@ -90,9 +90,10 @@ void RecordingJournal::SaveOnce(const State& state) {
   const bool mayWait = !state.atOnce && !fault_ && headSaved_ == head_.size();
   if (mayWait && paced_ != nullptr && paced_->JustWritten()) return;
   std::string lines = head_.substr(headSaved_);
-  for (std::size_t row = rowsSaved_; row < state.rows.size(); ++row) AppendRowLine(lines, state.rows[row]);
+  // Notes first: who follows the file and sees a row knows whether its readings failed.
   FailureNotes notes = notesSaved_;
   if (state.failed != nullptr) lines += notes.Lines(*state.failed, parameters_, state.point);
+  for (std::size_t row = rowsSaved_; row < state.rows.size(); ++row) AppendRowLine(lines, state.rows[row]);
   if (lines.empty()) return;
   file_->AppendAndMeasure(codePage_.Encode(lines));
   headSaved_ = head_.size();

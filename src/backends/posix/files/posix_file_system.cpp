@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 
 #include "backends/posix/files/open_file.h"
@@ -123,6 +124,13 @@ std::string PosixFileSystem::TemporaryFolder() {
   std::error_code error;
   const auto folder = std::filesystem::temp_directory_path(error);
   return error ? "/tmp" : folder.string();
+}
+
+std::string PosixFileSystem::CacheFolder() {
+  const char* const chosen = std::getenv("XDG_CACHE_HOME");
+  if (chosen != nullptr && *chosen == '/') return chosen;  // any other value is to be ignored
+  const char* const home = std::getenv("HOME");
+  return home == nullptr || *home != '/' ? std::string() : std::string(home) + "/.cache";
 }
 
 DiskSpace PosixFileSystem::SpaceFor(const std::string& name) {

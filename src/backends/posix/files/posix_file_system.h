@@ -24,6 +24,7 @@ class PosixFileSystem : public FileSystem {
   [[nodiscard]] std::string CurrentFolder() override;
   void ChangeFolder(const std::string& name) override;
   [[nodiscard]] std::string TemporaryFolder() override;
+  [[nodiscard]] std::string CacheFolder() override;
   [[nodiscard]] DiskSpace SpaceFor(const std::string& name) override;
 };
 

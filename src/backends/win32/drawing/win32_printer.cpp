@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "backends/win32/com_module.h"
+#include "backends/win32/drawing/gdi_canvas.h"
 #include "backends/win32/system_error.h"
 #include "backends/win32/wide_text.h"
 #include "platform/run_time_error.h"
@@ -214,6 +215,24 @@ void Win32Printer::PaintPictureFile(const std::string& fileName, double x, doubl
   picture.pixels.assign(first, first + std::size_t{kIconPixels} * kIconPixels);
   const double size = kIconPixels * kCentimetresPerInch / 96.0;
   PaintPicture(picture, x, y, size, size);
+}
+
+void Win32Printer::Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) {
+  constexpr double kPixels = 96 / kCentimetresPerInch;
+  const HDC dc = Require();
+  const RECT place{DotsX(x), DotsY(y), DotsX(x + width), DotsY(y + height)};
+  if (place.right <= place.left || place.bottom <= place.top) return;
+  const int before = SaveDC(dc);
+  IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
+  GdiCanvas canvas(dc, place, {width * kPixels, height * kPixels});
+  paint(canvas);
+  RestoreDC(dc, before);
+}
+
+void Win32Printer::NextPage() {
+  if (EndPage(Require()) <= 0 || StartPage(Require()) <= 0) ThrowPrinterError(Text::kPageNotTaken, {name_});
+  SetBkMode(Require(), TRANSPARENT);
+  y_ = lineHeight_ = 0;
 }
 
 void Win32Printer::EndDocument() {

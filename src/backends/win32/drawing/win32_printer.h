@@ -1,4 +1,4 @@
-// One page on the system's default printer, by GDI, in centimetres.
+// Pages on the system's default printer, by GDI, in centimetres.
 #pragma once
 
 #include <functional>
@@ -30,6 +30,8 @@ class Win32Printer : public Printer {
   void NextLine() override;
   void PaintPicture(const Bitmap& picture, double x, double y, double width, double height) override;
   void PaintPictureFile(const std::string& fileName, double x, double y) override;
+  void Draw(double x, double y, double width, double height, const std::function<void(Canvas&)>& paint) override;
+  void NextPage() override;
   void EndDocument() override;
   void AbandonDocument() noexcept override;
 

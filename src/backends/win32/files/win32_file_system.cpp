@@ -1,6 +1,8 @@
 // Files and folders by the system's own functions.
 #include "backends/win32/files/win32_file_system.h"
 
+#include <shlobj.h>
+
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -183,6 +185,13 @@ void Win32FileSystem::ChangeFolder(const std::string& name) {
 std::string Win32FileSystem::TemporaryFolder() {
   std::wstring folder(MAX_PATH + 1, L'\0');
   folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+  return ToUtf8(folder);
+}
+
+std::string Win32FileSystem::CacheFolder() {
+  std::wstring folder(MAX_PATH, L'\0');
+  if (FAILED(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder.data()))) return {};
+  folder.resize(folder.find(L'\0'));
   return ToUtf8(folder);
 }
 

@@ -26,6 +26,7 @@ class Win32FileSystem : public FileSystem {
   [[nodiscard]] std::string CurrentFolder() override;
   void ChangeFolder(const std::string& name) override;
   [[nodiscard]] std::string TemporaryFolder() override;
+  [[nodiscard]] std::string CacheFolder() override;
   [[nodiscard]] DiskSpace SpaceFor(const std::string& name) override;
 };
 

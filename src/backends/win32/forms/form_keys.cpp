@@ -82,10 +82,12 @@ bool FormKeys::KeyDown(const MSG& message) {
   return false;
 }
 
-/// Enter presses the button that has the focus, else the default one.
+/// Enter presses the button that has the focus, else the default one; in a text of several lines it begins the next.
 bool FormKeys::EnterPressed(HWND focus) {
   if (ListIsOpen(focus)) return false;
   const Widget* widget = widgets_.Of(focus);
+  const auto* text = widget == nullptr ? nullptr : dynamic_cast<const TextControl*>(&widget->Owner());
+  if (text != nullptr && text->MultiLine() && !text->ReadOnly()) return false;
   auto* button = widget == nullptr ? nullptr : dynamic_cast<CommandButton*>(&widget->Owner());
   if (button == nullptr) return PressButtonWith(&CommandButton::IsDefault);
   focus_.DeliverLeave();

@@ -73,6 +73,7 @@ constexpr auto kRows = std::to_array<ChartActionRow>({
     {kSavePicture, ActionGroup::kOutput, Text::kActionSavePicture, ControlTyped('S')},
     {kExport, ActionGroup::kOutput, Text::kExport},
     {kPrint, ActionGroup::kOutput, Text::kPrint},
+    {kPrintReport, ActionGroup::kOutput, Text::kActionPrintReport, ControlTyped('P')},
 });
 
 constexpr bool InOrder() {

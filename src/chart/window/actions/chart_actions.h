@@ -58,8 +58,9 @@ enum class ChartAction : std::uint8_t {
   kSavePicture,
   kExport,
   kPrint,
+  kPrintReport,
 };
-inline constexpr std::size_t kChartActionCount = static_cast<std::size_t>(ChartAction::kPrint) + 1;
+inline constexpr std::size_t kChartActionCount = static_cast<std::size_t>(ChartAction::kPrintReport) + 1;
 
 /// Actions between two separators of the menu. A group with a title is a menu of its own.
 enum class ActionGroup : std::uint8_t { kZoom, kGo, kLook, kMeasure, kOutput };

@@ -129,12 +129,28 @@ std::optional<Rect> ChartControl::Box() const {
   if (!drag_ || !drag_->box) return std::nullopt;
   const double left = std::clamp(std::min(drag_->from.x, drag_->to.x), front_.x, front_.Right());
   const double right = std::clamp(std::max(drag_->from.x, drag_->to.x), front_.x, front_.Right());
-  return Rect{left, front_.y, right - left, front_.height};
+  const auto lane = DraggedLane();
+  if (!lane) return Rect{left, front_.y, right - left, front_.height};
+  const Rect& front = lanes_[*lane].plot.front;
+  const double top = std::clamp(std::min(drag_->from.y, drag_->to.y), front.y, front.Bottom());
+  const double bottom = std::clamp(std::max(drag_->from.y, drag_->to.y), front.y, front.Bottom());
+  return Rect{left, top, right - left, bottom - top};
+}
+
+std::optional<std::size_t> ChartControl::DraggedLane() const {
+  constexpr double kLeastHeight = 5;  // pixels: a drag along the axis is meant for points
+  if (!drag_ || !drag_->values || std::abs(drag_->to.y - drag_->from.y) < kLeastHeight) return std::nullopt;
+  for (std::size_t lane = 0; lane < lanes_.size(); ++lane) {
+    const Rect& front = lanes_[lane].plot.front;
+    if (drag_->from.y >= front.y && drag_->from.y < front.Bottom()) return lane;
+  }
+  return std::nullopt;
 }
 
 void ChartControl::Drag(const MouseInput& input) {
   constexpr double kLeastDrag = 5;  // pixels: a click may tremble
   drag_->to = input.at;
+  drag_->values = input.shift;
   if (drag_->pan) {
     if (answers.panned) answers.panned((input.at.x - drag_->from.x) / drag_->rowWidth);
     return;
@@ -178,9 +194,14 @@ void ChartControl::MousePressed(const MouseInput& input) {
 void ChartControl::MouseReleased(const MouseInput& /*input*/) {
   const auto box = Box();
   if (!drag_) return;
+  std::optional<BoxValues> values;
+  if (const auto lane = DraggedLane(); lane && box) {
+    const Rect& front = lanes_[*lane].plot.front;
+    values = {*lane, (front.Bottom() - box->Bottom()) / front.height, (front.Bottom() - box->y) / front.height};
+  }
   EndDrag();
   const auto rowsAt = [this](double x) { return (x - front_.x) / front_.width * model_.rowCount; };
-  if (box && answers.boxDrawn) answers.boxDrawn(rowsAt(box->x), rowsAt(box->Right()));
+  if (box && answers.boxDrawn) answers.boxDrawn(rowsAt(box->x), rowsAt(box->Right()), values);
 }
 
 bool ChartControl::WheelTurned(const WheelInput& input) {

@@ -27,6 +27,13 @@ struct ChartMark {
   friend bool operator==(const ChartMark&, const ChartMark&) = default;
 };
 
+/// The part of a lane's height that a box covers, as shares from the lane's lower end.
+struct BoxValues {
+  std::size_t lane = 0;
+  double low = 0;
+  double high = 1;
+};
+
 /// What the user does with a chart that others answer; each may be empty.
 struct ChartAnswers {
   /// Wheel steps and keys that the chart has no use for; the result says whether they were used.
@@ -35,8 +42,8 @@ struct ChartAnswers {
   /// The chart's menu, and the item of it that the user chose.
   std::function<std::vector<MenuItem>()> menu;
   std::function<void(int id)> menuChosen;
-  /// A box that the user dragged, in rows from the first one.
-  std::function<void(double firstRow, double endRow)> boxDrawn;
+  /// A box that the user dragged, in rows from the first one; with Shift also of values.
+  std::function<void(double firstRow, double endRow, const std::optional<BoxValues>& values)> boxDrawn;
   /// The user takes hold of the chart (middle button, or the left one with the space key), and pulls it so many rows to
   /// the right of there.
   std::function<void()> panBegan;
@@ -115,6 +122,8 @@ class ChartControl : public DrawnControl {
   [[nodiscard]] std::optional<int> RowAt(PointF at) const;
   /// The box from the press to here; nothing while it is not one yet.
   [[nodiscard]] std::optional<Rect> Box() const;
+  /// The lane in which the drag began, where it is one for values.
+  [[nodiscard]] std::optional<std::size_t> DraggedLane() const;
   void Drag(const MouseInput& input);
   void EndDrag();
 
@@ -135,6 +144,7 @@ class ChartControl : public DrawnControl {
     bool pan = false;
     bool box = false;                                      ///< far enough for a box: the press placed no cursor
     std::array<std::optional<std::int64_t>, 2> cursors{};  ///< before the press
+    bool values = false;                                   ///< Shift is held: the box is one of values, too
   };
   std::optional<Dragging> drag_;
   Rect front_;  ///< of the plot as it was painted last, perhaps with another model

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "chart/picture/cursor_lines.h"
 #include "chart/picture/series/series_style.h"
 #include "chart/picture/series/solid_series.h"
 
@@ -15,7 +16,6 @@ constexpr Color kBoxEdge = {150, 150, 142};
 constexpr Color kBoxText = {40, 40, 38};
 constexpr Color kTransparent = {0, 0, 0, 0};
 constexpr Color kPointerColor = {120, 120, 112};
-constexpr std::array<Color, 2> kCursorColors = {Color{20, 92, 160}, Color{168, 84, 16}};
 constexpr double kPadding = 6;
 constexpr double kSwatch = 8;
 constexpr double kCellGap = 14;  ///< between two columns of a table
@@ -125,17 +125,6 @@ void DrawPointer(int row, const ChartModel& model, const ChartScene& chart, Scen
   for (const SceneLane& lane : chart.lanes) DrawRings(row, model, lane, scene);
 }
 
-void DrawCursor(std::size_t which, int row, const ChartScene& chart, const Canvas& canvas, Scene& scene) {
-  const double x = LineX(chart.plot, row);
-  const Rect& front = chart.plot.front;
-  const Color color = kCursorColors[which];
-  scene.Line({x, front.y}, {x, front.Bottom()}, {.color = color, .width = 1.5});
-  const std::string name = which == 0 ? "1" : "2";
-  const Size text = canvas.MeasureText(name, chart.font);
-  scene.FillRect({x - text.width / 2 - 3, front.y - 1, text.width + 6, text.height}, color);
-  scene.Text({name, {x, front.y - 1}, chart.font, {255, 255, 255}, Align::kCenter});
-}
-
 /// The mark's line and, under the cursors' names, its own in a box beside the line.
 void DrawMark(int row, const std::string& text, const ChartModel& model, const ChartScene& chart, const Canvas& canvas,
               Scene& scene) {
@@ -159,7 +148,7 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
   const Plot& plot = chart.plot;
   const Rect& front = plot.front;
   for (std::size_t which = 0; which < overlay.cursorRows.size(); ++which) {
-    if (overlay.cursorRows[which]) DrawCursor(which, *overlay.cursorRows[which], chart, canvas, scene);
+    if (overlay.cursorRows[which]) DrawCursorLine(which, *overlay.cursorRows[which], chart, canvas, scene);
   }
   if (overlay.markRow) DrawMark(*overlay.markRow, overlay.markText, model, chart, canvas, scene);
   if (overlay.box) {
@@ -168,6 +157,11 @@ Scene BuildOverlay(const ChartOverlay& overlay, const ChartModel& model, const C
     scene.FillRect(box, kZoomFill);
     for (const double x : {box.x, box.Right()}) {
       scene.Line({std::floor(x) + 0.5, box.y}, {std::floor(x) + 0.5, box.Bottom()}, {.color = kCursorColors[0]});
+    }
+    if (box.height < chart.plot.front.height - 1) {
+      for (const double y : {box.y, box.Bottom()}) {
+        scene.Line({box.x, std::floor(y) + 0.5}, {box.Right(), std::floor(y) + 0.5}, {.color = kCursorColors[0]});
+      }
     }
   }
   if (overlay.pointerRow) DrawPointer(*overlay.pointerRow, model, chart, scene);

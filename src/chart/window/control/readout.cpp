@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/environment/language.h"
+#include "common/values/measured_text.h"
 #include "common/values/numbers.h"
 #include "recording/companion/point_clock.h"
 
@@ -90,19 +91,6 @@ std::vector<ReadoutLine> CursorReadout(const Environment& environment, const Cha
                      static_cast<int>(s)});
   }
   return lines;
-}
-
-std::string TimeText(double seconds, const NumberFormat& format) {
-  constexpr double kLongest = 60;
-  const double rounded = std::round(std::fabs(seconds) * 1000) / 1000;
-  const std::string sign = seconds < 0 && rounded > 0 ? "-" : "";
-  const double whole = std::floor(rounded);
-  if (rounded < kLongest && rounded != whole) return sign + DoubleText(rounded, format) + " s";
-  const auto count = static_cast<std::int64_t>(whole);
-  const std::string fraction =
-      rounded == whole ? "" : DoubleText(std::round((rounded - whole) * 1000) / 1000, format).substr(1);
-  return sign + FormatDigits(count / 3600, 2) + ":" + FormatDigits(count / 60 % 60, 2) + ":" +
-         FormatDigits(count % 60, 2) + fraction;
 }
 
 }  // namespace chartproject

@@ -37,8 +37,4 @@ struct PointReading {
                                                      const std::vector<std::string>& names,
                                                      const PointTimes* times = nullptr);
 
-/// "hh:mm:ss", or "0.4 s" for less than a minute that is not whole; with a sign where it is negative. The times of day
-/// of a file are whole seconds, too coarse for points that follow each other faster.
-[[nodiscard]] std::string TimeText(double seconds, const NumberFormat& format);
-
 }  // namespace chartproject

@@ -2,10 +2,9 @@
 #include "chart/window/control/statistics_text.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 #include "common/environment/language.h"
+#include "common/values/measured_text.h"
 #include "common/values/text.h"
 
 namespace chartproject {
@@ -44,16 +43,6 @@ std::vector<ReadoutLine> Table(const Environment& environment, const std::vector
 }
 
 }  // namespace
-
-std::string NumberText(double value, int digits, const NumberFormat& format) {
-  if (std::isnan(value)) return "--";
-  char buffer[64];
-  const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value + 0.0, std::chars_format::general, digits);
-  std::string text(std::begin(buffer), end.ptr);
-  std::ranges::replace(text, 'e', 'E');
-  if (const auto point = text.find('.'); point != std::string::npos) text.replace(point, 1, format.decimalSeparator);
-  return text;
-}
 
 std::vector<ReadoutLine> StatisticsLines(const Environment& environment, const std::vector<std::string>& names,
                                          const std::vector<SeriesStatistics>& statistics) {

@@ -20,7 +20,4 @@ namespace chartproject {
 [[nodiscard]] std::string StatisticsText(const Environment& environment, const std::vector<std::string>& names,
                                          const std::vector<SeriesStatistics>& statistics);
 
-/// A number with as many of its digits as are asked for, without zeros at its end; "--" for NaN.
-[[nodiscard]] std::string NumberText(double value, int digits, const NumberFormat& format);
-
 }  // namespace chartproject

@@ -47,20 +47,15 @@ void AxesSection::Save() const {
 void AxesSection::Restart() {
   hidden_ = {};
   series_.ShowHidden(hidden_);
-  ForgetRanges();
-}
-
-void AxesSection::ForgetRanges() {
-  range_.reset();
-  laneRanges_ = {};
+  ranges_ = {};
 }
 
 void AxesSection::Fill(ChartLook& look) const {
   look.axis = unit_;
   look.lanes = lanes_;
   look.hidden = hidden_;
-  look.valueRange = range_;
-  look.laneRanges = laneRanges_;
+  look.valueRange = ranges_.common;
+  look.laneRanges = ranges_.lanes;
 }
 
 void AxesSection::Offer(ChartActions& actions) {
@@ -98,7 +93,7 @@ void AxesSection::OfferRanges(ChartActions& actions) {
   actions.Set(ChartAction::kValuesOut, {[this] { ZoomAll(1 / kZoomStep); }, painted});
   actions.Set(ChartAction::kFixRange, {[this] { ZoomAll(1); }, painted});
   actions.Set(ChartAction::kAutomaticRange, {[this] {
-                                               ForgetRanges();
+                                               ranges_ = {};
                                                changed();
                                              },
                                              [this] { return AnyRange(); }, [this] { return !AnyRange(); }});
@@ -117,13 +112,13 @@ void AxesSection::ToggleSeries(std::size_t series) {
 }
 
 bool AxesSection::AnyRange() const {
-  if (!lanes_) return range_.has_value();
-  return std::ranges::any_of(laneRanges_, [](const auto& range) { return range.has_value(); });
+  if (!lanes_) return ranges_.common.has_value();
+  return std::ranges::any_of(ranges_.lanes, [](const auto& range) { return range.has_value(); });
 }
 
 ValueRange AxesSection::RangeOf(const SceneLane& lane) const {
   const auto& given =
-      !lanes_ || lane.series.empty() ? range_ : laneRanges_.at(static_cast<std::size_t>(lane.series[0]));
+      !lanes_ || lane.series.empty() ? ranges_.common : ranges_.lanes.at(static_cast<std::size_t>(lane.series[0]));
   return given.value_or(ValueRange{lane.plot.axis.Minimum(), lane.plot.axis.Maximum(), false});
 }
 
@@ -131,14 +126,26 @@ void AxesSection::Zoom(const SceneLane& lane, double share, double factor) {
   const ValueRange shown = RangeOf(lane);
   const double center = shown.minimum + share * (shown.maximum - shown.minimum);
   const ValueRange range{center + (shown.minimum - center) * factor, center + (shown.maximum - center) * factor, false};
+  SetRange(lane, range);
+}
+
+void AxesSection::SetRange(const SceneLane& lane, const ValueRange& range) {
   // A range of which doubles have no more digits is as far as it goes.
   const double largest = std::max(std::abs(range.minimum), std::abs(range.maximum));
   if (!std::isfinite(largest) || range.maximum - range.minimum <= largest * 1e-9) return;
   if (!lanes_) {
-    range_ = range;
+    ranges_.common = range;
   } else if (!lane.series.empty()) {
-    laneRanges_.at(static_cast<std::size_t>(lane.series[0])) = range;
+    ranges_.lanes.at(static_cast<std::size_t>(lane.series[0])) = range;
   }
+}
+
+void AxesSection::ChooseValues(const BoxValues& values) {
+  if (values.lane >= chart_.Lanes().size()) return;
+  const SceneLane& lane = chart_.Lanes()[values.lane];
+  const ValueRange shown = RangeOf(lane);
+  const double span = shown.maximum - shown.minimum;
+  SetRange(lane, {shown.minimum + values.low * span, shown.minimum + values.high * span, false});
 }
 
 void AxesSection::ZoomAll(double factor) {

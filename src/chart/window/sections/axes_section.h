@@ -12,6 +12,13 @@
 
 namespace chartproject {
 
+/// The ranges of values that were chosen: of the common axis, and of the lanes.
+struct ChosenRanges {
+  std::optional<ValueRange> common;
+  std::array<std::optional<ValueRange>, kColumnCount> lanes{};
+  friend bool operator==(const ChosenRanges&, const ChosenRanges&) = default;
+};
+
 class AxesSection {
  public:
   /// @param view,chart,series outlive the section
@@ -32,6 +39,10 @@ class AxesSection {
   void Offer(ChartActions& actions);
   /// Over a value axis the wheel magnifies the values at the pointer. False anywhere else.
   bool ZoomByWheel(const WheelInput& input);
+  /// The values of a box, from the next showing of the chart on.
+  void ChooseValues(const BoxValues& values);
+  [[nodiscard]] const ChosenRanges& Ranges() const noexcept { return ranges_; }
+  void ChooseRanges(const ChosenRanges& ranges) { ranges_ = ranges; }
 
  private:
   void OfferUnits(ChartActions& actions);
@@ -44,7 +55,7 @@ class AxesSection {
   void Zoom(const SceneLane& lane, double share, double factor);
   /// All lanes at once, around the middle of each.
   void ZoomAll(double factor);
-  void ForgetRanges();
+  void SetRange(const SceneLane& lane, const ValueRange& range);
   [[nodiscard]] bool AnyRange() const;
 
   Environment& env_;
@@ -54,8 +65,7 @@ class AxesSection {
   CategoryUnit unit_ = CategoryUnit::kPoints;
   bool lanes_ = false;
   std::array<bool, kColumnCount> hidden_{};
-  std::optional<ValueRange> range_;
-  std::array<std::optional<ValueRange>, kColumnCount> laneRanges_{};
+  ChosenRanges ranges_;
 };
 
 }  // namespace chartproject

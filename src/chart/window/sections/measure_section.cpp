@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "chart/window/control/statistics_text.h"
+#include "chart/window/sections/range_offer.h"
 #include "common/environment/language.h"
 #include "common/values/numbers.h"
 
@@ -31,8 +32,9 @@ void MeasureSection::Offer(ChartActions& actions) {
   for (const auto& [action, cursor, step] : moves) {
     actions.Set(action, {[this, cursor = cursor, step = step] { MoveCursor(cursor, step); }, points});
   }
-  actions.Set(ChartAction::kStatistics,
-              {[this] { ToggleStatistics(); }, [this] { return Range().has_value(); }, [this] { return shown_; }});
+  actions.Set(
+      ChartAction::kStatistics,
+      {[this] { ToggleStatistics(); }, [this] { return CursorRange(chart_).has_value(); }, [this] { return shown_; }});
   actions.Set(ChartAction::kCopyNumbers, {[this] { CopyNumbers(); }, [this] { return AnyCursor(); }});
 }
 
@@ -42,13 +44,6 @@ void MeasureSection::Restart() {
 
 bool MeasureSection::AnyCursor() const {
   return chart_.CursorLabel(MeasuringCursor::kFirst) || chart_.CursorLabel(MeasuringCursor::kSecond);
-}
-
-std::optional<std::pair<std::int64_t, std::int64_t>> MeasureSection::Range() const {
-  const auto first = chart_.CursorLabel(MeasuringCursor::kFirst);
-  const auto second = chart_.CursorLabel(MeasuringCursor::kSecond);
-  if (!first || !second) return std::nullopt;
-  return std::minmax({*first, *second});
 }
 
 /// A cursor that is not set appears under the pointer, or in the middle of the slice.
@@ -64,20 +59,20 @@ void MeasureSection::MoveCursor(MeasuringCursor which, int step) {
 }
 
 bool MeasureSection::IsMeasured() const {
-  const auto range = Range();
-  return range && measured_ && measured_->first == range->first && measured_->last == range->second;
+  const auto range = CursorRange(chart_);
+  return range && measured_ && measured_->first == range->first && measured_->last == range->last;
 }
 
 bool MeasureSection::Measure() {
-  const auto range = Range();
+  const auto range = CursorRange(chart_);
   if (!range || reading_.Busy()) return false;
   if (IsMeasured()) return true;
   const ReadingSection::Scope measuring(reading_);
   auto series = MeasureRange(
-      view_.Source(), {range->first, range->second, view_.SeriesCount(), &view_.Clock(), view_.Failed()},
+      view_.Source(), {range->first, range->last, view_.SeriesCount(), &view_.Clock(), view_.Failed()},
       env_.ports.locale.Numbers(), [this](double part) { return reading_.ShowProgress(part, Text::kMeasuring); });
   if (!series) return false;
-  measured_ = Measured{range->first, range->second, std::move(*series)};
+  measured_ = Measured{range->first, range->last, std::move(*series)};
   return true;
 }
 
@@ -95,9 +90,9 @@ void MeasureSection::ToggleStatistics() {
 }
 
 std::vector<ReadoutLine> MeasureSection::Lines() {
-  const auto range = Range();
+  const auto range = CursorRange(chart_);
   if (!shown_ || !range) return {};
-  const std::int64_t points = range->second - range->first + 1;
+  const std::int64_t points = range->Count();
   if (!IsMeasured() && (points > kMostAtOnce || !Measure())) {
     const std::string count = FormatGrouped(static_cast<double>(points), env_.ports.locale.Numbers());
     return {{FillIn(LoadMessage(env_, Text::kStatPress), {count})}};
@@ -108,7 +103,7 @@ std::vector<ReadoutLine> MeasureSection::Lines() {
 void MeasureSection::CopyNumbers() {
   std::string text;
   for (const ReadoutLine& line : readout_.CursorLines()) text += line.text + "\r\n";
-  if (Range()) {
+  if (CursorRange(chart_)) {
     if (!Measure()) {
       reading_.Say(LoadMessage(env_, Text::kStoppedHere));
       return;

@@ -39,8 +39,6 @@ class MeasureSection {
   void ToggleStatistics();
   void CopyNumbers();
   [[nodiscard]] bool AnyCursor() const;
-  /// The points of the cursors, the first one first; nothing unless both are set.
-  [[nodiscard]] std::optional<std::pair<std::int64_t, std::int64_t>> Range() const;
   /// Whether the numbers of the cursors' range are there; reads them, with progress, unless they are. False when given
   /// up.
   bool Measure();

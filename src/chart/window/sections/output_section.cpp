@@ -102,6 +102,13 @@ void OutputSection::cmdExport_Click() {
     return reading_.ShowProgress(total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total),
                                  Text::kExporting);
   };
+  std::vector<RangeEntry> entries = OfferRanges(component_, view_, chart_);
+  if (entries.size() > 1) {
+    request.choose = [&](const std::string& question, bool all) {
+      if (!all) entries.erase(entries.begin());
+      return ask(question, entries);
+    };
+  }
   std::optional<ReadingSection::Scope> busyReading;
   request.busy = [this, &busyReading](bool busy) {
     busyReading.reset();

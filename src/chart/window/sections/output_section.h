@@ -1,9 +1,15 @@
 // What leaves the chart window: export, print, picture; and its close button.
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "chart/view/chart_view.h"
 #include "chart/window/actions/chart_actions.h"
 #include "chart/window/control/chart_control.h"
+#include "chart/window/sections/range_offer.h"
 #include "chart/window/sections/reading_section.h"
 #include "forms/controls.h"
 #include "recording/file/component.h"
@@ -20,6 +26,9 @@ class OutputSection {
   CommandButton cmdExport;
   CommandButton cmdPrint;
   CommandButton cmdOK;
+
+  /// Asks a question and for one of the entries' ranges; nothing when the answer was No.
+  std::function<std::optional<PointRange>(const std::string& question, const std::vector<RangeEntry>& entries)> ask;
 
   void Offer(ChartActions& actions);
   /// The user left the window by its print button.

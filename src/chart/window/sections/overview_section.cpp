@@ -5,9 +5,9 @@
 #include <cmath>
 #include <utility>
 
-#include "chart/window/control/readout.h"
 #include "common/environment/language.h"
 #include "common/error_log.h"
+#include "common/values/measured_text.h"
 
 namespace chartproject {
 namespace {

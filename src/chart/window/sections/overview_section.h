@@ -35,6 +35,8 @@ class OverviewSection {
   void Restart();
   /// A slice is shown, of this file or of another one; the survey goes on where the file has grown.
   void Follow(const ChartLook& look);
+  /// The file has grown: the survey goes on.
+  void Resume() { tmrSurvey.SetEnabled(true); }
   void Offer(ChartActions& actions);
 
  private:

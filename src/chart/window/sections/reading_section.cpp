@@ -25,7 +25,7 @@ ReadingSection::Scope::Scope(ReadingSection& section) : section_(section), busy_
 
 ReadingSection::Scope::~Scope() {
   section_.hourglass_.reset();
-  section_.Say("");
+  section_.Say({});
 }
 
 void ReadingSection::ShowHourglass() {
@@ -47,10 +47,16 @@ bool ReadingSection::ShowProgress(double part, Text text) {
   return !env_.ports.keyboard.EscapePressed() && !closing_;
 }
 
+void ReadingSection::SayAtRest(const std::string& text) {
+  atRest_ = text;
+  Say({});
+}
+
 void ReadingSection::Say(const std::string& text) {
-  lblStatus.SetCaption(text);
-  if (lblStatus.Visible() == !text.empty()) return;
-  lblStatus.SetVisible(!text.empty());
+  const std::string& shown = text.empty() ? atRest_ : text;
+  lblStatus.SetCaption(shown);
+  if (lblStatus.Visible() == !shown.empty()) return;
+  lblStatus.SetVisible(!shown.empty());
   form_.LayoutChanged();
 }
 

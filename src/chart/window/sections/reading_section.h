@@ -33,8 +33,10 @@ class ReadingSection {
     FlagScope busy_;
   };
 
-  /// Shows a text; an empty one takes the label and the room that it alone needs away.
+  /// Shows a text; an empty one takes the label and the room that it alone needs away, unless there is one at rest.
   void Say(const std::string& text);
+  /// Shows a text whenever there is no other one; empty for none.
+  void SayAtRest(const std::string& text);
   [[nodiscard]] bool Busy() const noexcept { return busy_; }
   /// Shows the hourglass for the rest of the reading; an earlier press of Esc does not count.
   void ShowHourglass();
@@ -52,6 +54,7 @@ class ReadingSection {
   Form& form_;
   Environment& env_;
   std::optional<HourglassScope> hourglass_;
+  std::string atRest_;
   Instant began_{};
   Instant shownAt_{};
   bool busy_ = false;

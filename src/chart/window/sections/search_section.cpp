@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "chart/window/control/statistics_text.h"
 #include "common/environment/language.h"
+#include "common/values/measured_text.h"
 
 namespace chartproject {
 

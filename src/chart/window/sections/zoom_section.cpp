@@ -12,10 +12,11 @@ constexpr std::size_t kMostPlaces = 100;
 
 }  // namespace
 
-ZoomSection::ZoomSection(Form& form, ChartControl& chart, const ChartView& view, ScrollSection& scroll)
-    : chart_(chart), view_(view), scroll_(scroll) {
-  chart.answers.boxDrawn = [this, &form](double firstRow, double endRow) {
-    form.RunHandler("mscChart1_Box", [&] { ShowBox(firstRow, endRow); });
+ZoomSection::ZoomSection(Form& form, ChartControl& chart, const ChartView& view, ScrollSection& scroll,
+                         AxesSection& axes)
+    : chart_(chart), view_(view), scroll_(scroll), axes_(axes) {
+  chart.answers.boxDrawn = [this, &form](double firstRow, double endRow, const std::optional<BoxValues>& values) {
+    form.RunHandler("mscChart1_Box", [&] { ShowBox(firstRow, endRow, values); });
   };
   chart.answers.panBegan = [this] { heldLine_ = view_.StartLine(); };
   chart.answers.panned = [this, &form](double rows) {
@@ -26,6 +27,10 @@ ZoomSection::ZoomSection(Form& form, ChartControl& chart, const ChartView& view,
 
 ZoomSection::Place ZoomSection::Whole() const {
   return {view_.FirstLine(), (std::int64_t{view_.Points()} + kDivisions - 1) / kDivisions};
+}
+
+void ZoomSection::Shift(std::int64_t lines) {
+  for (Step& step : before_) step.place.startLine += lines;
 }
 
 void ZoomSection::Offer(ChartActions& actions) {
@@ -69,28 +74,40 @@ void ZoomSection::ZoomAt(double share, double factor) {
   GoTo({std::llround(point - share * span), wanted}, turning_);
 }
 
-void ZoomSection::ShowBox(double firstRow, double endRow) {
+void ZoomSection::ShowBox(double firstRow, double endRow, const std::optional<BoxValues>& values) {
   const auto perRow = static_cast<double>(view_.Shown().pointsPerRow);
   const auto first = static_cast<std::int64_t>(std::floor(firstRow * perRow));
   const auto end = static_cast<std::int64_t>(std::ceil(endRow * perRow));
-  GoTo({view_.StartLine() + first, std::max<std::int64_t>(1, (end - first + kDivisions - 1) / kDivisions)});
+  const Step from = Now();
+  if (values) axes_.ChooseValues(*values);
+  scroll_.ShowDivisions(view_.StartLine() + first,
+                        std::max<std::int64_t>(1, (end - first + kDivisions - 1) / kDivisions));
+  if (values && !view_.Range().usable) axes_.changed();  // too few points for another slice
+  turning_ = false;
+  Remember(from);
 }
 
 void ZoomSection::GoTo(const Place& place, bool byWheel) {
-  const Place from = Now();
+  const Step from = Now();
   scroll_.ShowDivisions(place.startLine, place.division);
   if (byWheel) return;
   turning_ = false;
+  Remember(from);
+}
+
+void ZoomSection::Remember(const Step& from) {
   if (Now() == from) return;
   before_.push_back(from);
   if (before_.size() > kMostPlaces) before_.erase(before_.begin());
 }
 
 void ZoomSection::GoBack() {
-  const Place place = before_.back();
+  const Step step = before_.back();
   before_.pop_back();
   turning_ = false;
-  scroll_.ShowDivisions(place.startLine, place.division);
+  axes_.ChooseRanges(step.ranges);
+  scroll_.ShowDivisions(step.place.startLine, step.place.division);
+  if (!view_.Range().usable) axes_.changed();
 }
 
 }  // namespace chartproject
