@@ -250,6 +250,7 @@ bool Scrolls(HWND window) {
 }
 
 struct Inspection {
+  HFONT font;             ///< of all controls; asking each of them takes the busy thread's time
   std::set<HWND> inside;  ///< the client area
   std::map<HWND, std::string> shown;
   std::set<std::string> faults;
@@ -261,7 +262,7 @@ BOOL CALLBACK Inspect(HWND control, LPARAM data) {
   wchar_t type[32];
   wchar_t text[256];
   GetClassNameW(control, type, 32);
-  GetWindowTextW(control, text, 256);
+  InternalGetWindowText(control, text, 256);
   const std::string name = win32::ToUtf8(std::wstring(type) + L": " + text);
   inspection.shown[control] = name;
   const auto contains = [](const RECT& outer, const RECT& inner) {
@@ -281,7 +282,7 @@ BOOL CALLBACK Inspect(HWND control, LPARAM data) {
   const bool label = std::wstring_view(type) == L"Static";
   const bool wraps = label && (style & SS_CENTERIMAGE) == 0;
   const HDC dc = GetDC(control);
-  SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
+  SelectObject(dc, inspection.font);
   DrawTextW(dc, text, -1, &needed, DT_CALCRECT | (wraps ? DT_WORDBREAK : 0U));
   ReleaseDC(control, dc);
   const bool decorated = std::wstring_view(type) == L"Button" || std::wstring_view(type) == L"ComboBox";
@@ -293,7 +294,8 @@ BOOL CALLBACK Inspect(HWND control, LPARAM data) {
 
 /// What is wrong with a window as it is shown now.
 std::set<std::string> Faults(HWND window, bool mayScroll) {
-  Inspection inspection;
+  const HWND first = GetWindow(window, GW_CHILD);
+  Inspection inspection{reinterpret_cast<HFONT>(SendMessageW(first, WM_GETFONT, 0, 0)), {}, {}, {}};
   // One that scrolls shows each control at one end or the other.
   for (const auto& [down, across] : {std::pair(SB_BOTTOM, SB_RIGHT), std::pair(SB_BOTTOM, SB_LEFT),
                                      std::pair(SB_TOP, SB_RIGHT), std::pair(SB_TOP, SB_LEFT)}) {
