@@ -14,13 +14,21 @@ struct Target {
   std::string_view name;
   void (*feed)(std::string_view);
 };
-constexpr Target kTargets[] = {{"drive", fuzz::Drive},       {"driver", fuzz::Driver},
-                               {"scenario", fuzz::Scenario}, {"companion", fuzz::CompanionFile},
-                               {"settings", fuzz::Settings}, {"number", fuzz::Number},
-                               {"journal", fuzz::Journal},   {"overview", fuzz::Overview},
-                               {"visible", fuzz::Visible},   {"access_keys", fuzz::AccessKeys},
-                               {"layout", fuzz::Layout},     {"csv", fuzz::Csv},
-                               {"xls", fuzz::Xls},           {"xlsx", fuzz::Xlsx},
+constexpr Target kTargets[] = {{"drive", fuzz::Drive},
+                               {"driver", fuzz::Driver},
+                               {"scenario", fuzz::Scenario},
+                               {"companion", fuzz::CompanionFile},
+                               {"position", fuzz::Position},
+                               {"settings", fuzz::Settings},
+                               {"number", fuzz::Number},
+                               {"journal", fuzz::Journal},
+                               {"overview", fuzz::Overview},
+                               {"visible", fuzz::Visible},
+                               {"access_keys", fuzz::AccessKeys},
+                               {"layout", fuzz::Layout},
+                               {"csv", fuzz::Csv},
+                               {"xls", fuzz::Xls},
+                               {"xlsx", fuzz::Xlsx},
                                {"plain", fuzz::Plain}};
 
 const Target* chosen = nullptr;

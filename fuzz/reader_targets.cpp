@@ -11,6 +11,8 @@
 #include "drive/driver_file.h"
 #include "drive/unit_codes.h"
 #include "links/scenario_script.h"
+#include "publish/line_protocol.h"
+#include "publish/publish_position.h"
 #include "recording/companion/companion_texts.h"
 #include "recording/file/field_value.h"
 #include "recording/journal/recovery.h"
@@ -132,6 +134,23 @@ void CompanionFile(std::string_view bytes) {
       Require(again->failed[column].LastReason() == companion->failed[column].LastReason());
     }
   });
+}
+
+void Position(std::string_view bytes) {
+  FakePorts fakes;
+  const std::string name = PositionName("/a.cht");
+  fakes.files.Put(name, std::string(bytes));
+  std::vector<PublishPosition> positions;
+  if (ErrorOf([&] { positions = LoadPositions(fakes.files, name); }) != 0) return;
+  Require(positions.size() <= kMostPositions);
+  for (const PublishPosition& one : positions) {
+    Require(IsSeriesKeyOf(one.series, one.measurement));
+    Require(one.resume.next >= 1 && one.resume.anchor.point <= one.resume.next);
+  }
+  if (positions.empty()) return;
+  // What was read is written and read again without a change.
+  SavePositions(fakes.files, name, "/a.cht", positions);
+  Require(LoadPositions(fakes.files, name) == positions);
 }
 
 void Settings(std::string_view bytes) {

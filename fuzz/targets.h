@@ -10,6 +10,7 @@ void Drive(std::string_view bytes);          ///< a drive file
 void Driver(std::string_view bytes);         ///< a driver file
 void Scenario(std::string_view bytes);       ///< a scenario
 void CompanionFile(std::string_view bytes);  ///< a companion of a chart file
+void Position(std::string_view bytes);       ///< how far a recording was published
 void Settings(std::string_view bytes);       ///< the file of the settings
 void Number(std::string_view bytes);         ///< a number; the first byte chooses the locale
 void Journal(std::string_view bytes);        ///< the journal of an interrupted recording, and its recovery

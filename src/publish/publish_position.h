@@ -33,6 +33,7 @@ struct PublishPosition {
   SendPlace resume{};             ///< where a sender goes on after a break
   std::int64_t completed = 0;     ///< when all of the finished recording was acknowledged first, seconds since 1970 UTC
   bool settled = false;           ///< its end was sent once more, a while after
+  friend bool operator==(const PublishPosition&, const PublishPosition&) = default;
 };
 
 /// Positions that are kept in one file; the oldest goes.

@@ -77,7 +77,15 @@ void PublishOptions::RequireAddress() {
   if (url_.empty()) throw RefusedError(urlOption_ + " URL is needed: the database, for example http://server:8428");
 }
 
-std::unique_ptr<LinePoster> PublishOptions::MakePoster(FileSystem& files) const {
+std::unique_ptr<LinePoster> PublishOptions::MakePoster(FileSystem& files, Language language) const {
+  try {
+    return PosterOf(files);
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.Number(), error.Description(language));
+  }
+}
+
+std::unique_ptr<LinePoster> PublishOptions::PosterOf(FileSystem& files) const {
   if (!IsMeasurement(measurement_)) {
     throw RunTimeError(error_number::kInvalidProcedureCall, Text::kPublishMeasurement, {measurement_});
   }

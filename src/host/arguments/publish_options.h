@@ -7,6 +7,7 @@
 
 #include "platform/file_system.h"
 #include "platform/line_poster.h"
+#include "texts/language.h"
 
 namespace chartproject {
 
@@ -23,8 +24,9 @@ class PublishOptions {
   /// Takes the address that the environment names where none was given. Throws RefusedError without one.
   void RequireAddress();
 
-  /// Checks all, reads the token. Throws RefusedError and RunTimeError; what it throws holds no token.
-  [[nodiscard]] std::unique_ptr<LinePoster> MakePoster(FileSystem& files) const;
+  /// Checks all, reads the token. Throws RefusedError, and RunTimeError in the user's language; what it throws holds no
+  /// token.
+  [[nodiscard]] std::unique_ptr<LinePoster> MakePoster(FileSystem& files, Language language) const;
   [[nodiscard]] const std::string& Measurement() const noexcept { return measurement_; }
   /// The name of this machine, or the one that was given for it.
   [[nodiscard]] std::string Host() const;
@@ -34,6 +36,7 @@ class PublishOptions {
   [[nodiscard]] std::string CommandFor(const std::string& chartFile) const;
 
  private:
+  [[nodiscard]] std::unique_ptr<LinePoster> PosterOf(FileSystem& files) const;
   [[nodiscard]] std::string Token(FileSystem& files) const;
 
   std::string urlOption_;

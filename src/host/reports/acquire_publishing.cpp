@@ -17,7 +17,9 @@ constexpr std::chrono::seconds kBeforeWords{1};
 }  // namespace
 
 AcquirePublishing::AcquirePublishing(const PublishOptions& options, Component& component)
-    : options_(options), component_(component), poster_(options.MakePoster(component.ports.files)) {}
+    : options_(options),
+      component_(component),
+      poster_(options.MakePoster(component.ports.files, component.language)) {}
 
 void AcquirePublishing::Begin(const std::string& chartFile) {
   chartFile_ = component_.ports.files.ResolveLink(chartFile);

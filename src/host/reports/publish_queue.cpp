@@ -31,7 +31,7 @@ PublishQueue::PublishQueue(Session& session, const PublishOptions& options, bool
     : session_(session),
       options_(options),
       again_(again),
-      poster_(options.MakePoster(session.ThePorts().files)),
+      poster_(options.MakePoster(session.ThePorts().files, UserLanguage())),
       progress_(session.Err(), BarOrNothing(session.Options().quiet)) {}
 
 ExitCode PublishQueue::Run(const std::vector<std::string>& files) {
@@ -70,7 +70,7 @@ void PublishQueue::Open(const std::string& file) {
     PublishReport report;
     report.fault = error;
     json_.push_back(PublishJson(file, poster_->Server(), report, false));
-    Say(file, error.Description(UserLanguage()));
+    SayFault(file, error);
     failed_ = true;
     return;
   }
@@ -115,7 +115,7 @@ void PublishQueue::End(const Job& job, bool complete) {
   const auto text = [this](Text id, std::initializer_list<std::string> values) {
     return FillIn(TextIn(UserLanguage(), id), values);
   };
-  if (report.fault) Say(job.file, report.fault->Description(UserLanguage()));
+  if (report.fault) SayFault(job.file, *report.fault);
   if (report.positionFault) {
     Say(job.file, text(Text::kPublishPositionFault, {report.positionFault->Description(UserLanguage())}));
   }
@@ -124,7 +124,7 @@ void PublishQueue::End(const Job& job, bool complete) {
   if (complete) {
     sentences_ += VisibleText(job.file) + ": " + text(Text::kPublishAllSent, {acknowledged, poster_->Server()}) + "\n";
   } else {
-    Say(job.file, text(Text::kPublishPlace, {acknowledged}));
+    if (!report.fault) Say(job.file, text(Text::kPublishPlace, {acknowledged}));
     failed_ = failed_ || (!stopped_ && (report.fault || report.trouble));
   }
   json_.push_back(PublishJson(job.file, poster_->Server(), report, complete));
@@ -133,6 +133,17 @@ void PublishQueue::End(const Job& job, bool complete) {
 void PublishQueue::Say(const std::string& file, const std::string& sentence) {
   progress_.EndLine();
   session_.Err() << VisibleText(file) << ": " << sentence << "\n" << std::flush;
+}
+
+/// Most faults name their file.
+void PublishQueue::SayFault(const std::string& file, const RunTimeError& fault) {
+  const std::string description = fault.Description(UserLanguage());
+  if (description.find(file) == std::string::npos) {
+    Say(file, description);
+    return;
+  }
+  progress_.EndLine();
+  session_.Err() << VisibleText(description) << "\n" << std::flush;
 }
 
 void PublishQueue::ShowProgress(const Publisher& publisher) {

@@ -39,6 +39,7 @@ class PublishQueue {
   bool Step(Job& job);
   void End(const Job& job, bool complete);
   void Say(const std::string& file, const std::string& sentence);
+  void SayFault(const std::string& file, const RunTimeError& fault);
   void ShowProgress(const Publisher& publisher);
   [[nodiscard]] bool GoOn();
   [[nodiscard]] Language UserLanguage();
