@@ -30,7 +30,6 @@ std::int64_t FirstDivision(std::int64_t points) {
 FollowSection::FollowSection(Form& form, Environment& environment, ChartView& view, ScrollSection& scroll,
                              OverviewSection& overview, ReadingSection& reading)
     : tmrFollow(form, "tmrFollow"),
-      form_(form),
       env_(environment),
       view_(view),
       scroll_(scroll),

@@ -44,7 +44,6 @@ class FollowSection {
   /// Points of a division for the slice that is shown, now that there are more points.
   [[nodiscard]] std::int64_t NextDivision(std::int32_t before) const;
 
-  Form& form_;
   Environment& env_;
   ChartView& view_;
   ScrollSection& scroll_;
