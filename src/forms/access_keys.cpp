@@ -1,5 +1,5 @@
 // Buttons choose first because they are pressed most; then check boxes, then the labels of fields;
-// what is there only during a recording takes what is left.
+// what is there only during a recording takes what is left, so that no key of a field depends on it.
 #include "forms/access_keys.h"
 
 #include <algorithm>
@@ -44,6 +44,15 @@ class Letters {
   void Give(const Control& control) {
     std::set<char> tried;
     (void)Find(control, tried);
+  }
+
+  /// Gives a caption a letter that nobody has; where it has no such letter it gets none.
+  void GiveFree(const Control& control) {
+    for (const std::size_t place : Candidates(control.Caption())) {
+      if (!owners_.try_emplace(UpperCase(control.Caption()[place]), &control).second) continue;
+      places_[&control] = place;
+      return;
+    }
   }
 
   /// The place in its caption of each letter that was given.
@@ -123,7 +132,11 @@ std::map<const Control*, std::string> CaptionsWithAccessKeys(const Form& form) {
   for (int rank = 0; rank <= kLastRank; ++rank) {
     for (const Control* control : form.Controls()) {
       if (!control->HasCaption() || captions.contains(control) || Rank(form, *control) != rank) continue;
-      letters.Give(*control);
+      if (rank == kLastRank) {
+        letters.GiveFree(*control);
+      } else {
+        letters.Give(*control);
+      }
     }
   }
   for (const auto& [control, place] : letters.Places()) {
