@@ -200,7 +200,7 @@ TEST_F(SpreadsheetExport, TheCloseBoxEndsAnExportAndThenTheWindow) {
   ScriptHost host("host.vbs", "English \"" + chart + "\"");
   const FormDriver form(host.Process(), L"");
   form.Press("cmdExport");
-  BoxDriver(host.Process()).Answer(IDYES);
+  FormDriver(host.Process(), L"Kestrel v5.60").Press("cmdYes");
   EXPECT_TRUE(WaitFor([&] { return FileContents(log_).find("Cells(30,") != std::string::npos; }));
   form.Close();
   const BoxDriver stopped(host.Process());
