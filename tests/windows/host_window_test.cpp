@@ -204,41 +204,6 @@ TEST(ScreenReaders, HearANameOfEachControlAndTheChartsReadout) {
   CoUninitialize();
 }
 
-TEST(HelpPages, AreShownByTheSystemsViewerInThreeLanguages) {
-  // A viewer of the tests; this Wine has none.
-  const std::string seen = TestFolder() + "\\seen.html";
-  const std::pair<std::wstring, std::wstring> viewer[] = {
-      {LR"(Software\Classes\.html)", L"TestPage"},
-      {LR"(Software\Classes\TestPage\shell\open\command)", L"cmd.exe /c copy /y \"%1\" " + win32::ToWide(seen)}};
-  for (const auto& [path, value] : viewer) {
-    win32::OwnedKey key;
-    RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Receive(), nullptr);
-    win32::WriteRegistryText(key.Get(), L"", value);
-  }
-  const std::tuple<const wchar_t*, const char*, bool> languages[] = {
-      {L"Portuguese", "<title>Ajuda do ChartProject</title>", true},
-      {L"Spanish", "<title>Ayuda de ChartProject</title>", true},
-      {L"English", "<title>ChartProject help</title>", true},
-      {L"English", "", false}};
-  for (const auto& [language, title, hasViewer] : languages) {
-    if (!hasViewer) RegDeleteTreeW(HKEY_LOCAL_MACHINE, LR"(Software\Classes\.html)");
-    Store(L"MyConf", L"strLanguage", language);
-    DeleteFileA(seen.c_str());
-    const WindowHost host;
-    const FormDriver form(GetCurrentProcessId(), L"");
-    form.Keys({VK_F1});
-    if (hasViewer) {
-      EXPECT_TRUE(WaitFor([&, wanted = title] { return FileContents(seen).find(wanted) != std::string::npos; }))
-          << title;
-    } else {
-      BoxDriver(GetCurrentProcessId()).Answer(IDOK);
-      EXPECT_THAT(FileContents(seen), IsEmpty());
-    }
-    form.Close();
-  }
-  RegDeleteTreeW(HKEY_LOCAL_MACHINE, LR"(Software\Classes\TestPage)");
-}
-
 /// Whether a window has a bar that scrolls its content.
 bool Scrolls(HWND window) {
   return std::ranges::any_of(std::array{SB_HORZ, SB_VERT}, [window](int bar) {
