@@ -14,7 +14,7 @@ namespace {
 
 /// Of the window's time that the survey takes between two messages. With the piece that is just being read it stays
 /// under half a frame of the screen.
-constexpr Instant kPiece = std::chrono::milliseconds(5);
+constexpr Instant kPiece = std::chrono::milliseconds(4);
 /// Between two drawings of a strip that is still being surveyed.
 constexpr Instant kBetweenDrawings = std::chrono::milliseconds(100);
 
