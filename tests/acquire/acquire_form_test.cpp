@@ -125,8 +125,7 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   Open();
   Choose(form->trigger.cboTriggerMode, "Event");
   const auto check = [this](TextControl& field, const char* typed, const char* text, bool refused = false) {
-    field.SelectAll();
-    TypeLetters(field, typed);
+    TypeOver(field, typed);
     field.LeaveFocus();
     EXPECT_EQ(field.Text(), text) << field.Name() << " <- " << typed;
     EXPECT_EQ(Prompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
@@ -228,9 +227,12 @@ TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
   form->Load();
   EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_FALSE(StartShown());
-  form->file.rtfFileName.SetText("D");
-  form->file.rtfFileName.SetText("D:");
+  int left = 0;
+  form->file.rtfFileName.lostFocus = {"rtfFileName_LostFocus", [&left] { ++left; }};
+  form->file.rtfFileName.SetFocus();
+  TypeOver(form->file.rtfFileName, "D:\\new.cht");
   EXPECT_THAT(Prompts(), IsEmpty());
+  EXPECT_EQ(left, 0) << "the letters that follow belong to the name";
   form->panel.cmdStart.Press();
   EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
@@ -278,6 +280,10 @@ TEST_F(AcquireFormTest, TriggerModesAndCompareFields) {
                form->trigger.txtContent.Enabled());
   EXPECT_EQ(form->trigger.txtContent.Text(), "12.5");
   EXPECT_TRUE(StartShown());
+  for (const char* drive : {"02", "01"}) {
+    Choose(form->drive.cboDriveAddress, drive);
+    EXPECT_FALSE(form->trigger.cboPXXX.Enabled() || form->trigger.txtContent.Enabled()) << drive;
+  }
   Choose(form->trigger.cboTriggerMode, "Event");
   Choose(form->trigger.cboEvent, "Inverter is enabled (RUN)");
   EXPECT_EQ(form->trigger.cboPXXX.ListIndex(), 0);

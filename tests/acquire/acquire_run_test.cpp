@@ -230,6 +230,34 @@ TEST_F(AcquireRunTest, StopwatchSpacesThePoints) {
   EXPECT_THAT(Chart(), HasSubstr("Scan Time=00:00:05\r\nUnit=hh:mm:ss\r\n"));
 }
 
+TEST_F(AcquireRunTest, TheStopwatchSaysThatADayHasGoneByAndMayBeStoppedMeanwhile) {
+  for (const bool stopped : {false, true}) {
+    Open();
+    ASSERT_EQ(form->controller.Reserve(kChart), "");
+    form->controller.Start({.fileName = kChart,
+                            .driveAddress = 1,
+                            .columns = {3, kUnusedParameter, kUnusedParameter, kUnusedParameter},
+                            .millisecondsBetweenPoints = 25LL * 3600 * 1000,
+                            .spacedByStopwatch = true});
+    fake.dialogs.whileUp = [&](const MessageBoxRequest& box) {
+      EXPECT_EQ(std::pair(box.style, box.title),
+                std::pair(box_style::kInformation, std::string("Days That Have Gone By")));
+      if (stopped) form->StopRun();
+    };
+    form->controller.tmrMonitorEsc.SetEnabled(false);  // ten ticks a second less
+    const Instant began = fake.clock.Now();
+    RunUntil(began + std::chrono::hours(24) - seconds(1));
+    EXPECT_THAT(Prompts(), IsEmpty());
+    EXPECT_EQ(form->panel.lblElapsedTime.Caption(), "23:59:59");
+    RunUntil(began + std::chrono::hours(24));
+    EXPECT_THAT(Prompts(), ElementsAre("1 day(s) have gone by since u started the stopwatch."));
+    EXPECT_EQ(form->panel.lblElapsedTime.Caption(), stopped ? "23:59:59" : "00:00:00");
+    EXPECT_EQ(form->Run().State(), stopped ? RunState::kIdle : RunState::kSampling);
+    form->StopRun();
+    EXPECT_FALSE(fake.files.Has(kChart));
+  }
+}
+
 TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
   plant.texts = {{3, "7"}, {12, "IA"}};
   plant.silent = {5};
