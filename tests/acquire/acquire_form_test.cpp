@@ -167,7 +167,7 @@ TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
   Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "1000");
   form->timing.txtTimeBetweenPoints.SetFocus();
-  form->timing.txtTimeBetweenPoints.SetText("150");
+  TypeOver(form->timing.txtTimeBetweenPoints, "150");
   EXPECT_TRUE(StartShown());
   form->trigger.txtContent.SetFocus();
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "");
@@ -175,10 +175,10 @@ TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
   EXPECT_THAT(Prompts(), ElementsAre("Value out of range !"));
   EXPECT_FALSE(StartShown());
   EXPECT_EQ(form->panel.lblHint.Caption(), "Enter the time among points.");
-  form->timing.txtTimeBetweenPoints.SetText("250");
+  TypeOver(form->timing.txtTimeBetweenPoints, "250");
   EXPECT_TRUE(StartShown());
   // The access key of Start leaves the field without leaving it.
-  form->timing.txtTimeBetweenPoints.SetText("199");
+  TypeOver(form->timing.txtTimeBetweenPoints, "199");
   form->panel.cmdStart.Press();
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
   EXPECT_FALSE(StartShown());
@@ -271,7 +271,7 @@ TEST_F(AcquireFormTest, TriggerModesAndCompareFields) {
   Choose(form->trigger.cboTriggerMode, "Event");
   EXPECT_TRUE(form->trigger.cboPXXX.Enabled());
   EXPECT_TRUE(form->trigger.txtContent.Enabled());
-  form->trigger.txtContent.SetText("12.5");
+  TypeOver(form->trigger.txtContent, "12.5");
   form->trigger.cboPXXX.SetListIndex(1);
   EXPECT_TRUE(TriggerShown());
   EXPECT_FALSE(StartShown());
@@ -302,7 +302,7 @@ TEST_F(AcquireFormTest, HeaderOfAnExistingFileIsShownAndWrittenBackUnchanged) {
   for (const std::string& header : headers) {
     fake.files.Put("C:\\p\\old.cht", "[INFO]\r\n" + header + "\r\n[TIME/CONTENT]\r\n");
     Open();
-    form->file.rtfFileName.SetText("C:\\p\\old.cht");
+    TypeOver(form->file.rtfFileName, "C:\\p\\old.cht");
     EXPECT_TRUE(form->cmdViewChart.Visible());
     (form->panel.cmdStart.Visible() ? form->panel.cmdStart : form->panel.cmdTrigger).Press();
     RunToEnd();
