@@ -58,6 +58,9 @@ TEST(PointTimesTest, APaceIsOnePieceAndAPauseIsTwoKnots) {
     EXPECT_EQ(again.ElapsedAt(point), point * 200 + (point > 600 ? 5000 : 0)) << point;
     EXPECT_EQ(times.ElapsedAt(point), again.ElapsedAt(point)) << point;
   }
+  const PointTimes alone({{1, 70}}, 0);
+  EXPECT_THAT(alone.Knots(), ElementsAre(TimeKnot{1, 70}));
+  EXPECT_EQ(alone.ElapsedAt(1), 70);
 }
 
 TEST(PointTimesTest, MomentsStayAsNearAsPromisedInBoundedMemory) {
