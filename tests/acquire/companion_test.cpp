@@ -37,7 +37,11 @@ TEST(FailedColumnTest, PointsInARowForOneReasonAreOneRange) {
 TEST(FailedColumnTest, TooManyRangesAreJoinedAndNoFailureIsLost) {
   FailedColumn column;
   constexpr int kPoints = 1'000'000;
-  for (int point = 1; point <= kPoints; point += 2) column.Note(point, kSilent);
+  for (int point = 1; point <= kPoints; point += 2) {
+    column.Note(point, kSilent);
+    const auto notes = static_cast<std::size_t>(point + 1) / 2;
+    ASSERT_TRUE(notes > kMostFailedRanges || column.Ranges().size() == notes) << "joined too early";
+  }
   EXPECT_LE(column.Ranges().size(), kMostFailedRanges);
   EXPECT_EQ(column.Count(), kPoints / 2);
   EXPECT_EQ(column.FirstPoint(), 1);
@@ -58,9 +62,12 @@ TEST(PointTimesTest, APaceIsOnePieceAndAPauseIsTwoKnots) {
     EXPECT_EQ(again.ElapsedAt(point), point * 200 + (point > 600 ? 5000 : 0)) << point;
     EXPECT_EQ(times.ElapsedAt(point), again.ElapsedAt(point)) << point;
   }
-  const PointTimes alone({{1, 70}}, 0);
-  EXPECT_THAT(alone.Knots(), ElementsAre(TimeKnot{1, 70}));
-  EXPECT_EQ(alone.ElapsedAt(1), 70);
+  PointTimes first(5);
+  first.Add({1, 70});
+  for (const PointTimes& alone : {first, PointTimes({{1, 70}}, 5)}) {
+    EXPECT_THAT(alone.Knots(), ElementsAre(TimeKnot{1, 70}));
+    EXPECT_EQ(alone.ElapsedAt(1), 70);
+  }
 }
 
 TEST(PointTimesTest, MomentsStayAsNearAsPromisedInBoundedMemory) {

@@ -177,8 +177,8 @@ TEST_P(LayoutTest, TheOtherWindows) {
       for (std::size_t s = 0; s < kColumnCount; ++s) {
         const SeriesSection::Row& name = chart.form.series.rows[s];
         QRect before = chart.user.WidgetOf(*name.swatch).geometry();
-        for (const Control* next :
-             std::initializer_list<const Control*>{name.number, name.function, chart.form.scales.rows[s].text}) {
+        for (Control* next :
+             std::initializer_list<Control*>{name.number, name.function, chart.form.scales.rows[s].text}) {
           const QRect place = chart.user.WidgetOf(*next).geometry();
           EXPECT_TRUE(place.left() > before.right() && std::abs(place.center().y() - before.center().y()) <= 1) << s;
           before = place;
