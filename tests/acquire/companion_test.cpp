@@ -204,6 +204,10 @@ TEST_F(CompanionTest, IsReplacedOrRemovedWithItsChartFileAndForeignFilesStay) {
   EXPECT_FALSE(fake.files.Has(kName)) << "nothing to say";
   fake.files.Put(kName, "my own notes");
   Save();
+  fake.files.Break("read", error_number::kPermissionDenied, kName);
+  Save();
+  fake.files.Mend();
+  EXPECT_TRUE(fake.files.Has(kName)) << "whose it is cannot be known";
   companion.failed[0].Note(1, kSilent);
   EXPECT_EQ(ErrorTextOf([this] { Save(); }), "75 " + std::string(kName) +
                                                  " exists already, was not written by this program and was left as it "
