@@ -146,6 +146,10 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   form->timing.txtTimeBetweenPoints.SetText("");
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "2");
   Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+  TypeOver(form->timing.txtTimeBetweenPoints, "1");
+  Choose(form->timing.cboTimeBetweenPointsUnit, "s");
+  check(form->timing.txtTimeBetweenPoints, "0", "1", true);  // not the milliseconds of before
+  Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
   check(form->timing.txtTimeBetweenPoints, "70000", "7000", true);
   check(form->timing.txtTimeBetweenPoints, "250.", "250");
   EXPECT_EQ(component.timeText, "250");
