@@ -18,7 +18,8 @@ namespace {
 constexpr const wchar_t* kHelpShown = L"ChartProjectHelp";  // property of the form's window
 constexpr std::size_t kLargestPage = 16 << 20;
 
-/// Throws RunTimeError when the file cannot be read, is a device or a link out of the help folder, or is too large.
+/// Of a larger file its beginning, one byte more than a page may have. Throws RunTimeError when the file cannot be
+/// read, is a device or a link out of the help folder.
 std::string ContentsOf(const std::string& name) {
   const OwnedFile file =
       OpenOnDisk(name, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, kFilePatience);
@@ -28,7 +29,6 @@ std::string ContentsOf(const std::string& name) {
   if (ReadFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &size, nullptr) == 0) {
     ThrowFileError(GetLastError(), name);
   }
-  if (size > kLargestPage) throw NotARegularFile(name);
   text.resize(size);
   return text;
 }
@@ -79,8 +79,9 @@ void Win32Help::ShowContext(const std::string& helpFile, std::int32_t context) {
   try {
     const std::string contents = ContentsOf(helpFile);
     const bool page = contents.find('\0') == std::string::npos;
-    if (page ? Opened(owner, CopyAsPage(contents)) : OpenedCompiled(owner, helpFile, context)) return;
-    Say(owner, Text::kHelpFileUnreadable, helpFile);
+    const bool shown = page ? contents.size() <= kLargestPage && Opened(owner, CopyAsPage(contents))
+                            : OpenedCompiled(owner, helpFile, context);
+    if (!shown) Say(owner, Text::kHelpFileUnreadable, helpFile);
   } catch (const RunTimeError& error) {
     Say(owner, Text::kHelpFileUnreadable, helpFile, error.Description(language_()));
   }
