@@ -211,6 +211,20 @@ TEST_F(AcquireRunTest, EscBeforeTheFirstPointWritesNothing) {
   EXPECT_TRUE(form->cmdOK.IsCancel());
 }
 
+TEST_F(AcquireRunTest, AnEscTooLateForTheRunDoesNotCloseTheDialogUntilItWasLetGo) {
+  fake.forms.showsWindows = true;
+  Start(2);
+  RunToEnd();
+  const std::tuple<int, bool, bool> steps[] = {
+      {699, false, false}, {1, true, false}, {100, true, false}, {100, false, true}};
+  for (const auto& [later, down, closes] : steps) {
+    fake.keyboard.escape = down;
+    fake.clock.Advance(milliseconds(later));
+    fake.forms.Timers().FireOne();
+    EXPECT_EQ(form->cmdOK.IsCancel(), closes) << later;
+  }
+}
+
 TEST_F(AcquireRunTest, StopwatchSpacesThePoints) {
   Open();
   Choose(form->timing.cboTimeBetweenPointsUnit, "hh:mm:ss");
