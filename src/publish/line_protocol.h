@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/values/growing_text.h"
 #include "platform/locale.h"
 
 namespace chartproject {
@@ -50,6 +51,7 @@ class PointLines {
   std::string key_;
   std::vector<std::string> names_;  ///< each with "="
   const NumberFormat& numbers_;
+  GrowingText number_;  ///< of the value that is written
   std::size_t begin_ = 0;
   bool any_ = false;
 };
