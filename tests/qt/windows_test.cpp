@@ -108,7 +108,9 @@ TEST_F(AcquireWindowTest, RecordsByKeyboardAloneAndShowsTheChart) {
     return form.timing.txtNumberOfPoints.Text() == "7" && form.timing.txtTimeBetweenPoints.Text() == "200";
   };
   user.Until("the fields as typed", typed).Then([&] { user.WidgetOf(form.panel.cmdStart).setFocus(); }).Key("space");
-  user.Until("the end of the recording", [&] { return form.LastRun().end == RunEnd::kComplete; });
+  const auto ended = [&] { return form.LastRun().end == RunEnd::kComplete; };
+  user.Until("the end of the recording", ended).Then([&] { QTest::keyClick(&user.Window(), Qt::Key_Escape); });
+  user.Until("an Esc that was too late", [&] { return !form.controller.tmrEscReleased.Armed(); });
   user.Do([&] { user.WidgetOf(form.cmdViewChart).setFocus(); }).Key("Return");
   user.Until("the chart", [&] { return !shown.empty(); }).Key("Escape").GoThrough();
   EXPECT_EQ(shown, DialogWindow::kChart);
@@ -199,7 +201,7 @@ TEST_F(StartWindowTest, ANewUserRecordsWithFourKeys) {
     SendKey("Return");
   });
   user.Until("the dialog", [] { return Pressable("cmdStart"); }).Then([] { SendKey("alt+s"); });
-  user.Until("the end of the recording", [] { return Pressable("cmdViewChart"); }).Then([] { SendKey("Escape"); });
+  user.Until("the end of the recording", [] { return Pressable("cmdViewChart"); }).Then([] { SendKey("alt+o"); });
   user.Key("Escape").GoThrough();
   const std::string chart = outside.fakes.files.Bytes(instance.State().settings.strFolder + "/Test.cht");
   EXPECT_THAT(chart, HasSubstr("[TIME/CONTENT]"));

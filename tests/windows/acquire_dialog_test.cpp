@@ -120,6 +120,35 @@ TEST_F(AcquireDialog, EscAndTheEndOfTheSessionEndARecordingAndKeepItsPoints) {
   }
 }
 
+TEST_F(AcquireDialog, AnEscTooLateForTheRecordingDoesNotCloseTheDialogWhileItIsDown) {
+  SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
+  bool inTime = false;
+  for (int attempt = 0; attempt < 20 && !inTime; ++attempt) {  // a busy machine presses it too late even for this
+    ScriptHost host("host.vbs", "");
+    const FormDriver form(host.Process(), L"");
+    FillIn(form, "late.cht", L"2");
+    form.Press("cmdStart");
+    EXPECT_TRUE(WaitFor([&form] { return !form.Enabled("cboDriveAddress"); }));
+    DWORD running = 0;
+    EXPECT_TRUE(WaitFor([&] {
+      const DWORD now = GetTickCount();
+      const bool ended = form.Enabled("cboDriveAddress");
+      if (!ended) running = now;
+      return ended;
+    }));
+    DWORD pressed = 0;
+    EXPECT_TRUE(HoldKey(VK_ESCAPE, [&] {
+      if (pressed == 0) pressed = GetTickCount();
+      return !form.IsUp() || GetTickCount() - pressed > 1500;
+    }));
+    inTime = pressed - running < 600;
+    EXPECT_TRUE(form.IsUp() || !inTime) << pressed - running;
+    form.Close();
+    EXPECT_EQ(host.ExitCode(), 0);
+  }
+  EXPECT_TRUE(inTime);
+}
+
 /// Ends a process as a crash does: nothing of it runs any more.
 void Kill(DWORD process) {
   const HANDLE victim = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, process);

@@ -204,6 +204,55 @@ TEST(ScreenReaders, HearANameOfEachControlAndTheChartsReadout) {
   CoUninitialize();
 }
 
+TEST(HelpPages, AreShownByTheSystemsViewerInThreeLanguagesAndNothingElseIs) {
+  // A viewer of the tests, without a window; this Wine has none.
+  const std::string seen = TestFolder() + "\\seen.html";
+  const std::pair<std::wstring, std::wstring> viewer[] = {
+      {LR"(Software\Classes\.html)", L"TestPage"},
+      {LR"(Software\Classes\TestPage\shell\open\command)",
+       win32::ToWide("wscript.exe \"" + TestFolder() + "\\viewer.vbs\" \"%1\"")}};
+  for (const auto& [path, value] : viewer) {
+    win32::OwnedKey key;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Receive(), nullptr);
+    win32::WriteRegistryText(key.Get(), L"", value);
+  }
+  const std::string linked = TestFolder() + "\\linked";
+  CreateDirectoryA(linked.c_str(), nullptr);
+  CopyFileA((TestFolder() + R"(\project\help\Kshelpe.HLP)").c_str(), (linked + "\\page").c_str(), FALSE);
+  CreateHardLinkA((linked + "\\Kshelpe.HLP").c_str(), (linked + "\\page").c_str(), nullptr);
+  const struct {
+    const wchar_t* language;
+    std::string folder;
+    const char* title;    ///< of the page that the viewer gets
+    const char* refusal;  ///< what a box says instead
+  } cases[] = {{L"Portuguese", "project\\help", "<title>Ajuda do ChartProject</title>", nullptr},
+               {L"Spanish", "project\\help", "<title>Ayuda de ChartProject</title>", nullptr},
+               {L"English", "project\\help", "<title>ChartProject help</title>", nullptr},
+               {L"Spanish", "nowhere", nullptr, "No se encontró el archivo de ayuda "},
+               {L"English", "linked", nullptr, "Kshelpe.HLP cannot be shown here.\n"},
+               {L"Portuguese", "project\\help", nullptr, " não pode ser mostrado aqui."}};  // without a viewer
+  for (const auto& each : cases) {
+    if (&each == std::end(cases) - 1) RegDeleteTreeW(HKEY_LOCAL_MACHINE, LR"(Software\Classes\.html)");
+    Store(L"MyConf", L"strLanguage", each.language);
+    Store(L"MyKestrel", L"strHelps", win32::ToWide(TestFolder() + "\\" + each.folder));
+    DeleteFileA(seen.c_str());
+    const WindowHost host;
+    const FormDriver form(GetCurrentProcessId(), L"");
+    form.Keys({VK_F1});
+    if (each.title != nullptr) {
+      EXPECT_TRUE(WaitFor([&] { return FileContents(seen).find(each.title) != std::string::npos; })) << each.title;
+    } else {
+      const BoxDriver box(GetCurrentProcessId());
+      EXPECT_THAT(box.Prompt(), HasSubstr(each.refusal));
+      box.Answer(IDOK);
+      EXPECT_THAT(FileContents(seen), IsEmpty());
+    }
+    form.Close();
+  }
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, LR"(Software\Classes\TestPage)");
+  Store(L"MyKestrel", L"strHelps", win32::ToWide(TestFolder() + R"(\project\help)"));
+}
+
 /// Whether a window has a bar that scrolls its content.
 bool Scrolls(HWND window) {
   return std::ranges::any_of(std::array{SB_HORZ, SB_VERT}, [window](int bar) {

@@ -23,6 +23,8 @@ namespace {
 
 constexpr int kSecondTick = 1000;  // milliseconds
 constexpr int kEscWatchMilliseconds = 100;
+/// After a recording's own end: as long as somebody takes to see that the key was too late.
+constexpr int kEscGraceMilliseconds = 700;
 
 }  // namespace
 
@@ -96,6 +98,8 @@ void RunController::Arm(const RunPlan& plan) {
   display_.ShowNotice({});
   run_.Arm(plan);
   (void)component_.ports.keyboard.EscapePressed();  // an Esc from before the run is not meant for it
+  tmrEscReleased.SetEnabled(false);
+  display_.HoldEsc(false);
   tmrMonitorEsc.SetEnabled(true);
 }
 
@@ -250,11 +254,13 @@ void RunController::WatchEsc() {
   if (!component_.ports.keyboard.EscapePressed()) return;
   // The same key would press the dialog's cancel button as soon as the button is usable again.
   display_.HoldEsc(true);
+  tmrEscReleased.SetInterval(kEscWatchMilliseconds);
   tmrEscReleased.SetEnabled(true);
   Stop();
 }
 
 void RunController::tmrEscReleased_Tick() {
+  tmrEscReleased.SetInterval(kEscWatchMilliseconds);
   if (component_.ports.keyboard.EscapePressed()) return;
   tmrEscReleased.SetEnabled(false);
   display_.HoldEsc(false);
@@ -302,6 +308,12 @@ void RunController::Finish() {
               run_.Plan().fileName, run_.Close([this] { display_.KeepAwake(); }),
               run_.Readings(),      run_.CompanionFailure()};
   display_.ShowIdle();
+  if (run_.End() != RunEnd::kStopped &&
+      form_.Host().ShowsWindows()) {  // an Esc meant for the run does not close the form
+    display_.HoldEsc(true);
+    tmrEscReleased.SetInterval(kEscGraceMilliseconds);
+    tmrEscReleased.SetEnabled(true);
+  }
   PlayWave(component_, kCompleteSound);
   ReportWriting(lastRun_.written);
   if (runEnded) runEnded(lastRun_);

@@ -42,7 +42,7 @@ class Apartment {
   [[nodiscard]] Component& State() noexcept { return *state_; }
 
  private:
-  Win32Environment environment_{TheSubstitutes()};
+  Win32Environment environment_{TheSubstitutes(), [this] { return state_ ? state_->language : Language::kEnglish; }};
   ComDriveLinkFactory links_{CLSID_ChartClass, environment_.SimulatedClock()};
   std::unique_ptr<Component> state_ = TheProcess().NewState(environment_.GetPorts(), environment_.Forms(), links_);
 };

@@ -11,9 +11,10 @@ constexpr const char* kHostApplication = "Kestrel v5.60";
 
 }  // namespace
 
-Win32Environment::Win32Environment(Substitutes substitutes)
+Win32Environment::Win32Environment(Substitutes substitutes, std::function<Language()> language)
     : virtualClock_(substitutes.start ? std::make_unique<VirtualClock>(*substitutes.start) : nullptr),
       settings_(kHostApplication),
+      help_(std::move(language)),
       printer_(AskForNewFile, std::move(substitutes.printTo)),
       forms_(virtualClock_ ? static_cast<Clock&>(*virtualClock_) : realClock_, keyboard_, virtualClock_.get()),
       ports_{settings_,  files_,    virtualClock_ ? static_cast<Clock&>(*virtualClock_) : realClock_,

@@ -1,6 +1,7 @@
 // All ports of Windows together, as one instance of the component uses them.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,7 +31,8 @@ struct Substitutes {
 
 class Win32Environment {
  public:
-  explicit Win32Environment(Substitutes substitutes);
+  /// @param language the user's, at any time
+  Win32Environment(Substitutes substitutes, std::function<Language()> language);
 
   [[nodiscard]] Ports& GetPorts() noexcept { return ports_; }
   [[nodiscard]] FormHost& Forms() noexcept { return forms_; }
