@@ -91,7 +91,7 @@ bool PointLines::Value(std::string& lines, std::size_t column, std::string_view 
   return true;
 }
 
-bool PointLines::End(std::string& lines, std::int64_t milliseconds) {
+bool PointLines::End(std::string& lines, std::int64_t milliseconds) const {
   if (!any_) {
     lines.resize(begin_);
     return false;

@@ -45,7 +45,7 @@ class PointLines {
   /// @return whether there is a value
   bool Value(std::string& lines, std::size_t column, std::string_view field);
   /// @param milliseconds since 1970 UTC. @return false, with the line taken back, when it has no value
-  bool End(std::string& lines, std::int64_t milliseconds);
+  bool End(std::string& lines, std::int64_t milliseconds) const;
 
  private:
   std::string key_;

@@ -63,8 +63,9 @@ std::optional<ChartRow> RowOfMarks(std::string_view line, NextMark next) noexcep
     if (mark == std::string_view::npos) return std::nullopt;
     value = line.substr(begin, mark - begin);
   }
-  if (next() == std::string_view::npos || next() != std::string_view::npos) return std::nullopt;
-  return row;
+  const bool sixth = next() != std::string_view::npos;
+  const bool seventh = next() != std::string_view::npos;
+  return sixth && !seventh ? std::optional(row) : std::nullopt;
 }
 
 }  // namespace
