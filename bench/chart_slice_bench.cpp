@@ -251,8 +251,9 @@ void StatisticsOfTheFile(benchmark::State& state) {
   const std::string name = ChartFile(kLongFile);
   view.Open(name);
   for (auto _ : state) {
-    const auto numbers = MeasureRange(view.Source(), {1, kLongFile, view.SeriesCount(), &view.Clock(), view.Failed()},
-                                      bench.component.ports.locale.Numbers());
+    const auto numbers =
+        MeasureRange(view.Source(), {1, kLongFile, view.SeriesCount(), &view.Facts().Clock(), view.Facts().Failed()},
+                     bench.component.ports.locale.Numbers());
     if (!numbers || numbers->at(0).count != kLongFile) state.SkipWithError("not all the points");
   }
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * std::filesystem::file_size(name)));

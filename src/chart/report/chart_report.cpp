@@ -40,9 +40,9 @@ std::optional<ChartReport> MakeReport(const Component& component, const ChartVie
   PointRange range = request.range;
   range.last = std::min(range.last, held);
   if (range.last < range.first) throw RunTimeError(error_number::kInvalidProcedureCall, Text::kNoPointOfRange);
-  const auto statistics =
-      MeasureRange(view.Source(), {range.first, range.last, view.SeriesCount(), &view.Clock(), view.Failed()},
-                   component.ports.locale.Numbers(), progress);
+  const auto statistics = MeasureRange(
+      view.Source(), {range.first, range.last, view.SeriesCount(), &view.Facts().Clock(), view.Facts().Failed()},
+      component.ports.locale.Numbers(), progress);
   if (!statistics || !view.LoadRange(range, progress)) return std::nullopt;
 
   ChartReport report;

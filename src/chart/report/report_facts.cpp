@@ -19,7 +19,7 @@ std::string OrNothing(const std::string& text) {
 
 std::string RealInterval(const Environment& environment, const ChartView& view) {
   const NumberFormat& format = environment.ports.locale.Numbers();
-  const Companion* known = view.Readings();
+  const Companion* known = view.Facts().Readings();
   if (known == nullptr) return LoadMessage(environment, Text::kReportNoDelay);
   if (!known->pace.Known()) return LoadMessage(environment, Text::kReportNotKnown);
   const PaceSummary& pace = known->pace;
@@ -29,7 +29,7 @@ std::string RealInterval(const Environment& environment, const ChartView& view) 
 }
 
 std::string FailedReadingsText(const Environment& environment, const ChartView& view) {
-  const Companion* known = view.Readings();
+  const Companion* known = view.Facts().Readings();
   if (known != nullptr && known->recovered == Recovered::kFromRows) {
     return LoadMessage(environment, Text::kReportNotKnown);
   }
@@ -47,9 +47,9 @@ std::string FailedReadingsText(const Environment& environment, const ChartView& 
 std::vector<ReportItem> RecordingFacts(const Component& component, const ChartView& view, std::int64_t points) {
   const ChartHeader& header = component.chartHeader;
   std::string duration = kNothing;
-  if (view.Clock().Known()) {
-    duration =
-        TimeText(view.Clock().ElapsedAt(static_cast<double>(points)) / kSecond, component.ports.locale.Numbers());
+  if (view.Facts().Clock().Known()) {
+    duration = TimeText(view.Facts().Clock().ElapsedAt(static_cast<double>(points)) / kSecond,
+                        component.ports.locale.Numbers());
   }
   const auto label = [&](Text text) { return LoadMessage(component, text); };
   return {{label(Text::kReportStart), OrNothing(header.StartDate) + " " + header.StartTime},
@@ -83,7 +83,7 @@ std::vector<ReportItem> FurtherFacts(const Component& component, const ChartView
     facts.push_back({LoadMessage(component, label), OrNothing(value)});
   }
   facts.push_back({LoadMessage(component, Text::kReportFailed), FailedReadingsText(component, view)});
-  const Companion* known = view.Readings();
+  const Companion* known = view.Facts().Readings();
   if ((known != nullptr && known->simulated) || component.simulatedRecordings.contains(view.FileName())) {
     facts.push_back({"", LoadMessage(component, Text::kSimulatedValues)});
   }

@@ -29,7 +29,7 @@ struct CursorPoint {
 std::string ValueAt(const Environment& environment, const ChartView& view, const CursorPoint& point, int series) {
   const double value = point.slice.values.at(static_cast<std::size_t>(series)).front();
   const std::string text = NumberText(value, kDigits, environment.ports.locale.Numbers());
-  if (!view.Failure(series, point.number)) return text;
+  if (!view.Facts().Failure(series, point.number)) return text;
   return text + " (" + LoadMessage(environment, Text::kReportNotRead) + ")";
 }
 
@@ -39,10 +39,10 @@ std::string Signed(double difference, const NumberFormat& format) {
 
 std::string TimeBetween(const Environment& environment, const ChartView& view, const CursorPoint& first,
                         const CursorPoint& second) {
-  if (!view.Clock().Known()) return "--";
+  if (!view.Facts().Clock().Known()) return "--";
   constexpr double kSecond = 1000;
-  const double elapsed = view.Clock().ElapsedAt(static_cast<double>(second.number)) -
-                         view.Clock().ElapsedAt(static_cast<double>(first.number));
+  const double elapsed = view.Facts().Clock().ElapsedAt(static_cast<double>(second.number)) -
+                         view.Facts().Clock().ElapsedAt(static_cast<double>(first.number));
   return TimeText(elapsed / kSecond, environment.ports.locale.Numbers());
 }
 

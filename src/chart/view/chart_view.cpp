@@ -12,7 +12,6 @@
 #include "common/values/numbers.h"
 #include "drive/driver_file.h"
 #include "recording/companion/companion_texts.h"
-#include "recording/journal/failure_notes.h"
 
 namespace chartproject {
 namespace {
@@ -26,8 +25,7 @@ void ChartView::Open(const std::string& fileName) {
   source_.Open(fileName, header_);
   Forget();
   Restart(source_.FirstLine(), source_.NamedPoints());
-  LoadReadings();
-  clock_ = PointClock(header_, RealTimes(), ports_.locale);
+  LoadFacts();
 }
 
 bool ChartView::OpenUnfinished(const std::string& chartFile) {
@@ -36,11 +34,7 @@ bool ChartView::OpenUnfinished(const std::string& chartFile) {
   source_.OpenUnfinished(chartFile, std::move(*recording), header_);
   Forget();
   Restart(source_.FirstLine(), source_.NamedPoints());
-  failuresReadOf_ = {};
-  companion_.emplace();
-  companion_->parameters = ParametersOf(header_);
-  companion_->simulated = Unfinished()->journal.simulated;
-  clock_ = PointClock(header_, nullptr, ports_.locale);
+  facts_.LoadUnfinished(ports_, *Unfinished(), header_);
   return true;
 }
 
@@ -50,8 +44,7 @@ void ChartView::OpenFinished() {
   source_.OpenFinished(header_);
   Forget();
   Restart(source_.FirstLine(), source_.NamedPoints());
-  LoadReadings();
-  clock_ = PointClock(header_, RealTimes(), ports_.locale);
+  LoadFacts();
   // The header names the points that were asked for.
   const std::int64_t lines = source_.CountLines().value_or(Points());
   if (lines != Points()) {
@@ -84,20 +77,8 @@ FileGrowth ChartView::LookForGrowth() {
   const std::int64_t lines = source_.CountLines().value_or(0);
   if (lines <= Points()) return FileGrowth::kNone;
   SetPoints(CheckedInteger32(lines));
-  ReadFailures();
+  facts_.Follow(ports_, *Unfinished(), Points());
   return FileGrowth::kPoints;
-}
-
-/// The journal is read again only where it says more.
-void ChartView::ReadFailures() {
-  const auto journal = ports_.files.OpenForReading(Unfinished()->journalFile);
-  companion_->points = Points();
-  const bool unchanged = journal->Identity() == failuresReadOf_;
-  const bool open =
-      std::ranges::any_of(companion_->failed, [](const FailedColumn& column) { return column.Count() > 0; });
-  if (unchanged && !open) return;  // a range that is still open grows with the points
-  failuresReadOf_ = journal->Identity();
-  companion_->failed = ReadFailureNotes(*journal, ports_.codePage, Points());
 }
 
 /// What is known of the file before.
@@ -114,10 +95,9 @@ void ChartView::Forget() {
 }
 
 /// A companion that cannot be used is a notice: the chart is worth showing without it.
-void ChartView::LoadReadings() {
-  companion_.reset();
+void ChartView::LoadFacts() {
   try {
-    companion_ = LoadCompanion(ports_.files, FileName(), header_);
+    facts_.Load(ports_, FileName(), header_);
   } catch (const RunTimeError& error) {
     notices_.push_back({Text::kCompanionNotRead, error.Description()});
   }
@@ -130,7 +110,8 @@ std::int16_t ChartView::DriveAddress() const {
 void ChartView::NameSeries(Component& component) {
   const std::int16_t address = DriveAddress();
   names_ = &component.parameterTables.At(address);
-  if ((companion_ && companion_->simulated) || component.simulatedRecordings.contains(FileName())) {
+  if ((Facts().Readings() != nullptr && Facts().Readings()->simulated) ||
+      component.simulatedRecordings.contains(FileName())) {
     notices_.push_back({Text::kSimulatedValues, ""});
   }
   try {
@@ -144,7 +125,7 @@ void ChartView::NameSeries(Component& component) {
 void ChartView::CountPoints(const ScanProgress& progress) {
   if (Unfinished() != nullptr) {
     SetPoints(CheckedInteger32(source_.CountLines(progress).value_or(0)));
-    ReadFailures();
+    facts_.Follow(ports_, *Unfinished(), Points());
   } else if (Points() < 0) {
     const auto count = source_.Count(progress);
     SetPoints(count ? LinesOf(*count) : 0);
@@ -256,8 +237,11 @@ ChartModel ChartView::Model(const ChartLook& look) const {
   const std::int64_t rows =
       shown_.wide.points > 0 ? shown_.wide.points / shown_.wide.pointsPerRow : shown_.pointsPerDivision;
   ChartModel model = BuildChart(slice_, {seriesCount_, static_cast<std::int16_t>(rows), FirstLine()}, look);
-  for (std::size_t s = 0; look.failures && s < model.series.size(); ++s) model.series[s].failed = FailedRows(s);
-  CountTimes(AxisFor(look.axis), model);
+  const std::int64_t first = std::int64_t{1} + slice_.startLine - FirstLine();
+  for (std::size_t s = 0; look.failures && s < model.series.size(); ++s) {
+    model.series[s].failed = facts_.FailedRows(s, slice_, first);
+  }
+  facts_.CountTimes(facts_.AxisFor(look.axis), model);
   TitleSeries(look, model);
   return model;
 }
@@ -274,49 +258,6 @@ void ChartView::TitleSeries(const ChartLook& look, ChartModel& model) const {
     if (!viewed.unit.empty()) title += ", " + viewed.unit;
     if (look.scales[s] != 1) title += " \u00D7 " + std::to_string(look.scales[s]);
   }
-}
-
-CategoryUnit ChartView::AxisFor(CategoryUnit wanted) const noexcept {
-  if (wanted == CategoryUnit::kPoints || !clock_.Known()) return CategoryUnit::kPoints;
-  return clock_.FirstOfDay() ? wanted : CategoryUnit::kElapsed;
-}
-
-void ChartView::CountTimes(CategoryUnit unit, ChartModel& model) const {
-  model.categoryUnit = unit;
-  if (unit == CategoryUnit::kPoints) return;
-  const double first = static_cast<double>(model.firstRowLabel);
-  const double origin = unit == CategoryUnit::kTimeOfDay ? clock_.FirstOfDay().value_or(0) : 0;
-  const auto perRow = static_cast<double>(model.labelsPerRow);
-  for (const ClockKnot& knot : clock_.Knots(first, first + std::max(1, model.rowCount - 1) * perRow)) {
-    model.rowTimes.push_back({(knot.point - first) / perRow, knot.milliseconds + origin});
-  }
-  model.dateText = [clock = clock_](std::int64_t day) { return clock.DateText(day); };
-}
-
-std::vector<RowRange> ChartView::FailedRows(std::size_t series) const {
-  std::vector<RowRange> rows;
-  if (!companion_ || slice_.RowCount() == 0) return rows;
-  const std::int64_t first = std::int64_t{1} + slice_.startLine - FirstLine();
-  const std::int64_t perRow = slice_.pointsPerRow;
-  const std::int64_t last = first + slice_.RowCount() * perRow - 1;
-  for (const FailedRange& range : companion_->failed.at(series).Ranges()) {
-    const std::int64_t from = std::max<std::int64_t>(range.first, first);
-    const std::int64_t to = std::min<std::int64_t>(range.last, last);
-    if (from <= to)
-      rows.push_back({static_cast<int>((from - first) / perRow), static_cast<int>((to - first) / perRow)});
-  }
-  return rows;
-}
-
-std::optional<ReadOutcome> ChartView::Failure(int series, std::int64_t point) const {
-  if (!companion_ || point > companion_->points) return std::nullopt;
-  const FailedRange* const range =
-      companion_->failed.at(static_cast<std::size_t>(series)).Find(static_cast<std::int32_t>(point));
-  return range == nullptr ? std::nullopt : std::optional(range->reason);
-}
-
-const PointTimes* ChartView::RealTimes() const noexcept {
-  return companion_ && companion_->times.Known() ? &companion_->times : nullptr;
 }
 
 ViewedSeries ChartView::Series(int series) const {
@@ -346,8 +287,8 @@ std::string ChartView::Info(const Environment& environment) const {
   }
   // Of a slice that was never shown, the reason is.
   if (fault_.number > 0 && slice_.RowCount() == 0) lines.push_back(FaultText(environment));
-  if (companion_) {
-    std::ranges::copy(CompanionLines(environment.language, ports_.locale.Numbers(), *companion_),
+  if (const Companion* const companion = facts_.Readings()) {
+    std::ranges::copy(CompanionLines(environment.language, ports_.locale.Numbers(), *companion),
                       std::back_inserter(lines));
   }
   return InfoText(environment, FileName(), header_, lines);

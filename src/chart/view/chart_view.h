@@ -13,9 +13,8 @@
 #include "chart/plain/point_range.h"
 #include "chart/view/chart_building.h"
 #include "chart/view/chosen_slice.h"
+#include "chart/view/point_facts.h"
 #include "common/environment/language.h"
-#include "recording/companion/companion.h"
-#include "recording/companion/point_clock.h"
 
 namespace chartproject {
 
@@ -103,22 +102,10 @@ class ChartView : public ChosenSlice {
   [[nodiscard]] ChartModel Model(const ChartLook& look) const;
   /// @param series counted from 0, less than kColumnCount; one above P has no texts
   [[nodiscard]] ViewedSeries Series(int series) const;
-  /// Why the reading of a point failed; nothing when it did not, as far as is known.
-  /// @param series counted from 0; @param point its number in the file, from 1
-  [[nodiscard]] std::optional<ReadOutcome> Failure(int series, std::int64_t point) const;
   /// The file, for what is read beyond the slice.
   [[nodiscard]] ChartSource& Source() noexcept { return source_; }
-  /// What the file itself cannot say; null where it has no companion.
-  [[nodiscard]] const Companion* Readings() const noexcept { return companion_ ? &*companion_ : nullptr; }
-  /// Readings that failed; null where none are known.
-  [[nodiscard]] const FailedReadings* Failed() const noexcept { return companion_ ? &companion_->failed : nullptr; }
-  /// The times of the points, see PointClock::Known.
-  [[nodiscard]] const PointClock& Clock() const noexcept { return clock_; }
-  /// What the category axis can count of what was asked for: points where the times are not known, and the time since
-  /// the first point where only the time of day is not.
-  [[nodiscard]] CategoryUnit AxisFor(CategoryUnit wanted) const noexcept;
-  /// The real times of the points; null when they are those of the header.
-  [[nodiscard]] const PointTimes* RealTimes() const noexcept;
+  /// Times of the points, failed readings.
+  [[nodiscard]] const PointFacts& Facts() const noexcept { return facts_; }
   /// The header in the user's words, with notices of where header and points disagree.
   [[nodiscard]] std::string Info(const Environment& environment) const;
   /// What is wrong with the line of Fault(), in the user's words.
@@ -138,12 +125,9 @@ class ChartView : public ChosenSlice {
   [[nodiscard]] std::int32_t LinesOf(const PointCount& count) const;
   void Take(Slice slice);
   void LoadWide();
-  void LoadReadings();
+  void LoadFacts();
   void Forget();
-  void ReadFailures();
   void TitleSeries(const ChartLook& look, ChartModel& model) const;
-  void CountTimes(CategoryUnit unit, ChartModel& model) const;
-  [[nodiscard]] std::vector<RowRange> FailedRows(std::size_t series) const;
 
   const Ports& ports_;
   ChartHeader& header_;
@@ -152,14 +136,12 @@ class ChartView : public ChosenSlice {
   Slice slice_;
   MalformedLine fault_;
   std::vector<Notice> notices_;  ///< about the file as a whole
-  std::optional<Companion> companion_;
-  PointClock clock_;
+  PointFacts facts_;
   int seriesCount_ = 0;
   Choice shown_;                      ///< the choice that was read
   std::optional<std::int64_t> held_;  ///< points that were counted in the file
   bool countGivenUp_ = false;
-  bool grows_ = false;           ///< the chart file has grown since it was opened
-  FileIdentity failuresReadOf_;  ///< the journal, when failed readings were read from it
+  bool grows_ = false;  ///< the chart file has grown since it was opened
 };
 
 }  // namespace chartproject

@@ -97,7 +97,7 @@ void ChartForm::OfferSearches() {
   axes_.changed = [this] { ShowChart(); };
   measure_.show = search_.show = [this](std::int64_t point) { ShowPoint(point); };
   search_.askPlace = [this] {
-    GoToForm form(component_, view_.Clock(), view_.Points(), view_.AxisFor(axes_.Unit()));
+    GoToForm form(component_, view_.Facts().Clock(), view_.Points(), view_.Facts().AxisFor(axes_.Unit()));
     form.ShowModal();
     return form.Point();
   };

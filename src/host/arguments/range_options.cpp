@@ -46,7 +46,7 @@ PointRange RangeOptions::Resolve(ChartView& view, Language language) const {
   if (!points_.empty() && !to_.empty()) refuse(Text::kRangeTwoEnds);
   PointRange range;
   if (!from_.empty() || !to_.empty()) {
-    const PointClock& clock = view.Clock();
+    const PointClock& clock = view.Facts().Clock();
     range = PointsBetween(Moment(from_, "--from", clock, language), Moment(to_, "--to", clock, language), clock);
   }
   if (!first_.empty()) range.first = ParseNumber(first_, "--first", 1, kMostPoints);

@@ -98,7 +98,8 @@ class ExportCommand : public Command {
   ExitCode ExportTable(Session& session, ChartView& view, const PointRange& range) {
     Component& component = session.Instance().State();
     const std::string output = TableName(component.strChartFileName);
-    PlainTable table{plain_ ? PlainFormatOf(format_, output) : PlainFormat::kCommas, {}, range, view.Clock(), {}};
+    PlainTable table{
+        plain_ ? PlainFormatOf(format_, output) : PlainFormat::kCommas, {}, range, view.Facts().Clock(), {}};
     if (output != "-") {
       RefuseOutputOnto(component.strChartFileName, output);
       component.ports.files.CheckReplaceable(component.ports.files.ResolveLink(output));
@@ -107,7 +108,7 @@ class ExportCommand : public Command {
     }
     NameSeriesIfKnown(view, component);
     table.columns = PlainColumnsOf(view);
-    table.firstMoment = FirstMoment(view.Clock(), PosixTimeZone());
+    table.firstMoment = FirstMoment(view.Facts().Clock(), PosixTimeZone());
     KeyboardSignals::Watch();
     const PlainTableReport report =
         plain_ ? WritePlainTable(component.ports, component.strChartFileName, output, table, ProgressOf(session))

@@ -125,7 +125,7 @@ PointRange LoadChosenSlice(ChartView& view, const std::string& fileName, const C
   view.Open(fileName);
   if (!view.HasPoints())
     throw RunTimeError(error_number::kInvalidFileFormat, Text::kChartFileWithoutPoints, {fileName});
-  if (view.AxisFor(choice.look.axis) != choice.look.axis) {
+  if (view.Facts().AxisFor(choice.look.axis) != choice.look.axis) {
     throw RefusedError("--axis: the header of the file does not say the times of its points");
   }
   const PointRange range = Limited(view, choice, language);

@@ -53,7 +53,7 @@ PlainFormat PlainFormatOf(const std::string& word, const std::string& output) {
 
 std::vector<PlainColumn> PlainColumnsOf(const ChartView& view) {
   std::vector<PlainColumn> columns;
-  const FailedReadings* const failed = view.Failed();
+  const FailedReadings* const failed = view.Facts().Failed();
   for (int series = 0; series < view.SeriesCount(); ++series) {
     const ViewedSeries viewed = view.Series(series);
     const std::string number = viewed.number.empty() ? "series " + std::to_string(series + 1) : viewed.number;

@@ -39,7 +39,8 @@ RangeReport MeasureChosenRange(Ports& ports, const std::string& chartFile, const
   const std::int64_t held = view.Source().Count({}).value_or(PointCount{}).lastLine - view.FirstLine() + 1;
   if (held < report.range.first) throw RefusedError(std::string(TextIn(language, Text::kNoPointOfRange)));
   report.range.last = std::min(report.range.last, held);
-  const MeasureRequest request{report.range.first, report.range.last, view.SeriesCount(), &view.Clock(), view.Failed()};
+  const MeasureRequest request{report.range.first, report.range.last, view.SeriesCount(), &view.Facts().Clock(),
+                               view.Facts().Failed()};
   const auto measured = MeasureRange(view.Source(), request, ports.locale.Numbers());
   for (int series = 0; measured && series < view.SeriesCount(); ++series) {
     report.series.push_back({view.Series(series).number, (*measured)[static_cast<std::size_t>(series)]});

@@ -93,7 +93,7 @@ class XlsxExport {
       plan.header.emplace_back(line.key.substr(0, line.key.size() - 1), component_.chartHeader.*line.field);
     }
     plan.header.emplace_back("Points", std::to_string(points_));
-    const auto companion = view_.Readings();
+    const auto companion = view_.Facts().Readings();
     if (companion != nullptr) {
       for (const std::string& line :
            CompanionLines(component_.language, component_.ports.locale.Numbers(), *companion)) {

@@ -81,9 +81,9 @@ void AxesSection::OfferUnits(ChartActions& actions) {
       {ChartAction::kAxisElapsed, CategoryUnit::kElapsed},
       {ChartAction::kAxisTime, CategoryUnit::kTimeOfDay}};
   for (const auto& [action, unit] : units) {
-    actions.Set(action,
-                {[this, unit = unit] { Choose(unit); }, [this, unit = unit] { return view_.AxisFor(unit) == unit; },
-                 [this, unit = unit] { return view_.AxisFor(unit_) == unit; }});
+    actions.Set(action, {[this, unit = unit] { Choose(unit); },
+                         [this, unit = unit] { return view_.Facts().AxisFor(unit) == unit; },
+                         [this, unit = unit] { return view_.Facts().AxisFor(unit_) == unit; }});
   }
 }
 

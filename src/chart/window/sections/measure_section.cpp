@@ -69,7 +69,7 @@ bool MeasureSection::Measure() {
   if (IsMeasured()) return true;
   const ReadingSection::Scope measuring(reading_);
   auto series = MeasureRange(
-      view_.Source(), {range->first, range->last, view_.SeriesCount(), &view_.Clock(), view_.Failed()},
+      view_.Source(), {range->first, range->last, view_.SeriesCount(), &view_.Facts().Clock(), view_.Facts().Failed()},
       env_.ports.locale.Numbers(), [this](double part) { return reading_.ShowProgress(part, Text::kMeasuring); });
   if (!series) return false;
   measured_ = Measured{range->first, range->last, std::move(*series)};

@@ -96,9 +96,9 @@ void OverviewSection::ShowModel() {
     const double scale = scales_[static_cast<std::size_t>(series)];
     return ValueRange{extremes.least * scale, extremes.greatest * scale, false};
   };
-  if (view_.Clock().Known()) {
+  if (view_.Facts().Clock().Known()) {
     model.label = [this](std::int64_t point) {
-      const double elapsed = view_.Clock().ElapsedAt(static_cast<double>(point + 1));
+      const double elapsed = view_.Facts().Clock().ElapsedAt(static_cast<double>(point + 1));
       return TimeText(std::round(elapsed / 1000), env_.ports.locale.Numbers());
     };
   }

@@ -28,7 +28,7 @@ std::vector<std::string> ReadoutSection::Names() const {
 PointReading ReadoutSection::Point(const Slice& slice, int row) const {
   PointReading point = ReadPoint(slice, row, view_.FirstLine(), view_.SeriesCount());
   for (int s = 0; s < view_.SeriesCount(); ++s) {
-    const auto failure = view_.Failure(s, point.number);
+    const auto failure = view_.Facts().Failure(s, point.number);
     point.failures.push_back(failure ? FailureText(env_.language, *failure) : std::string());
   }
   return point;
@@ -87,7 +87,7 @@ void ReadoutSection::CursorsChanged() {
 }
 
 std::vector<ReadoutLine> ReadoutSection::CursorLines() const {
-  return CursorReadout(env_, header_, cursors_, Names(), view_.RealTimes());
+  return CursorReadout(env_, header_, cursors_, Names(), view_.Facts().RealTimes());
 }
 
 void ReadoutSection::Offer(ChartActions& actions) {

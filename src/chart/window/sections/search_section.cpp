@@ -59,9 +59,9 @@ void SearchSection::FindAgain(bool forward) {
   PointSearch search;
   {
     const ReadingSection::Scope searching(reading_);
-    search =
-        FindPoint(view_.Source(), query_, From(forward), view_.Points(), view_.Failed(), env_.ports.locale.Numbers(),
-                  [this](double part) { return reading_.ShowProgress(part, Text::kSearching); });
+    search = FindPoint(view_.Source(), query_, From(forward), view_.Points(), view_.Facts().Failed(),
+                       env_.ports.locale.Numbers(),
+                       [this](double part) { return reading_.ShowProgress(part, Text::kSearching); });
   }
   if (search.found) {
     Mark(search.found->point, [&](const std::string& time) { return NameOf(*search.found, time); });
