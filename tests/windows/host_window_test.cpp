@@ -331,15 +331,20 @@ std::set<std::string> Faults(HWND window, bool mayScroll) {
   return inspection.faults;
 }
 
+/// A window comes to a screen of so many dots an inch, with a size of that many dots, its smallest at least.
+void BringToScreen(HWND window, int dots, SIZE size) {
+  RECT place;
+  GetWindowRect(window, &place);
+  SendMessageW(window, WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
+  SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 /// Looks at a form at its smallest, in each resolution. @param height of a screen, in points of 1/96 inch, on which it
 /// does not scroll
 void ExpectFit(const FormDriver& form, const std::string& name, int height = 600) {
   const HWND window = form.Window();
   for (const int dots : {96, 120, 144, 192}) {
-    RECT place;
-    GetWindowRect(window, &place);
-    SendMessageW(window, WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
-    SetWindowPos(window, nullptr, 0, 0, 10, 10, SWP_NOZORDER | SWP_NOACTIVATE);
+    BringToScreen(window, dots, {10, 10});
     const int dotsOfWindow = GetSystemMetrics(SM_CYSCREEN) * 96 / dots;
     EXPECT_THAT(Faults(window, dotsOfWindow < height), IsEmpty()) << name << " at " << dots;
   }
@@ -385,6 +390,7 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
       form.Press("cmdCurve");
       inspect("crvPoints", 768);
       EXPECT_TRUE(WaitFor([&] { return std::atoi(form.Text("lblProgress").c_str()) >= 3; }));
+      BringToScreen(form.Window(), 96, {700, 740});
       form.Capture(TestFolder() + "\\win_live_" + language.second + ".png");
       form.Press("cmdCurve");
       EXPECT_TRUE(WaitFor([&] { return !form.Visible("crvPoints"); }));
