@@ -83,6 +83,8 @@ TEST_F(HostTest, FaultyDriveAndDriverFilesAreNamed) {
   EXPECT_EQ(drives.code, 1);
   EXPECT_THAT(drives.err, HasSubstr("drive02.txt: the file names no model"));
   EXPECT_THAT(drives.err, HasSubstr("drive01.txt: there is no such file"));
+  PutFile("drive01.txt", "Type=KRA-05\r\n");
+  EXPECT_THAT(Record(1).err, HasSubstr("drive 01: there is no driver file"));
 }
 
 TEST_F(HostTest, RefusesWhatNobodyCanRecord) {
@@ -235,6 +237,30 @@ TEST_F(HostTest, ARenderedChartFollowsTheUsersLocale) {
   EXPECT_THAT(texts(), ::testing::Contains("0.20"));
   setenv("LC_ALL", "pt_BR.UTF-8", 1);
   EXPECT_THAT(texts(), ::testing::Contains("0,20"));
+}
+
+TEST_F(HostTest, RefusesWhatItCannotDraw) {
+  PutFile("one.cht", "[INFO]\r\nNumber of Parameters=1\r\n[TIME/CONTENT]\r\n1#0.1#####\r\n2#0.5#####\r\n");
+  PutFile("bad.cht", FileBytes("one.cht") + "rubbish\r\n");
+  const std::tuple<std::vector<std::string>, int, const char*> cases[] = {
+      {{"one.cht", "--type", "8"}, 2, "--type"},
+      {{"one.cht", "--size", "10x10"}, 2, "--size"},
+      {{"one.cht", "--first", "0"}, 2, "--first"},
+      {{"one.cht", "--first", "3"}, 2, "2 points"},
+      {{"one.cht", "--points-per-division", "1311"}, 2, "--points-per-division"},
+      {{"one.cht", "--scale", "1,x"}, 2, "--scale"},
+      {{"one.cht", "--grid", "yes"}, 2, "--grid"},
+      {{"one.cht", "--axis", "days"}, 2, "--axis"},
+      {{"one.cht", "--hide", "5"}, 2, "--hide"},
+      {{"one.cht", "--axis", "time"}, 2, "--axis"},
+      {{"none.cht"}, 1, "none.cht"},
+      {{"bad.cht"}, 1, "rubbish"}};
+  for (const auto& [arguments, code, text] : cases) {
+    const Done done = Run(std::vector<std::string>{"render", "--output", "a.png"} + arguments);
+    EXPECT_EQ(done.code, code) << ::testing::PrintToString(arguments);
+    EXPECT_THAT(done.err, HasSubstr(text));
+    EXPECT_FALSE(std::filesystem::exists("a.png"));
+  }
 }
 
 TEST_F(HostTest, AChartFileOpensInItsWindow) {
