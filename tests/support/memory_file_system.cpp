@@ -39,18 +39,20 @@ class MemoryOutput : public OutputFile {
       : files_(files), node_(std::move(node)), name_(std::move(name)) {}
   void Write(std::string_view bytes) override {
     files_.Spend(bytes.size(), name_);
-    if (node_->bytes.size() < at_ + bytes.size()) node_->bytes.resize(at_ + bytes.size());
-    std::memcpy(node_->bytes.data() + at_, bytes.data(), bytes.size());
+    if (bytes_.size() < at_ + bytes.size()) bytes_.resize(at_ + bytes.size());
+    std::memcpy(bytes_.data() + at_, bytes.data(), bytes.size());
     at_ += bytes.size();
     files_.Touch(*node_);
   }
   void Seek(std::uint64_t offset) override { at_ = static_cast<std::size_t>(offset); }
-  void FlushAndClose() override {}
+  /// What was not flushed is lost.
+  void FlushAndClose() override { node_->bytes = std::move(bytes_); }
 
  private:
   MemoryFileSystem& files_;
   std::shared_ptr<MemoryFileSystem::Node> node_;
   std::string name_;
+  std::string bytes_;
   std::size_t at_ = 0;
 };
 
