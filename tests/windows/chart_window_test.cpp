@@ -1,8 +1,10 @@
 // The chart window as a script host opens it and a user works in it.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <fstream>
 #include <optional>
+#include <span>
 
 #include "backends/win32/drawing/win32_clipboard.h"
 #include "backends/win32/registry_text.h"
@@ -11,12 +13,14 @@
 #include "windows/form_driver.h"
 
 #include <commctrl.h>
+#include <psapi.h>
 
 namespace chartproject::testing {
 namespace {
 
 using ::testing::AllOf;
 using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 std::string Quoted(const std::string& file) {
@@ -130,6 +134,29 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
     EXPECT_EQ(host.ExitCode(), 0) << each.language;
     EXPECT_THAT(FileContents(page), HasSubstr("%%EOF"));
   }
+}
+
+TEST(ChartWindowOnWindows, LoadsNothingThatLiesBesideTheComponentUnderANameOfTheSystems) {
+  const std::string folder = R"(P:\package\)";
+  const char* const planted[] = {"winmm.dll", "winspool.drv", "msftedit.dll", "riched20.dll", "uxtheme.dll"};
+  for (const char* name : planted) CopyFileA((folder + "DriveLinkSim.dll").c_str(), (folder + name).c_str(), FALSE);
+  ScriptHost host = OpenChart("English");
+  const FormDriver form(host.Process(), L"");
+  const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, host.Process());
+  std::array<HMODULE, 500> modules{};
+  DWORD size = 0;
+  EnumProcessModules(process, modules.data(), sizeof modules, &size);
+  std::vector<std::string> beside;
+  for (const HMODULE module : std::span(modules).first(size / sizeof(HMODULE))) {
+    char name[MAX_PATH] = "";
+    GetModuleFileNameExA(process, module, name, MAX_PATH);
+    if (std::string_view(name).starts_with("P:")) beside.emplace_back(name);
+  }
+  EXPECT_THAT(beside, ElementsAre(folder + "ChartProject.dll"));
+  CloseHandle(process);
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
+  for (const char* name : planted) DeleteFileA((folder + name).c_str());
 }
 
 TEST(ChartWindowOnWindows, ReportsAFileThatItCannotShowAndReturnsToTheHost) {
