@@ -55,6 +55,7 @@ void FormLayout::SetScale(double scale) {
   OwnedFont font(CreateFontIndirectW(&metrics.lfMessageFont));
   context_.scale = scale;
   context_.font = font.Get();
+  context_.measured.clear();
   widgets_.ShowFont();
   std::swap(font_, font);  // the former one goes when no window shows it any more
 }
