@@ -80,21 +80,18 @@ void PointLines::Begin(std::string& lines) {
 }
 
 bool PointLines::Value(std::string& lines, std::size_t column, std::string_view field) {
-  const std::size_t before = lines.size();
+  number_.CutTo();
+  const bool isNumber = AppendPlainNumber(number_, field, numbers_) == PlainKind::kNumber;
+  // An overflow is written "inf", which databases do not take.
+  if (!isNumber || number_.View().find_first_of("in") != std::string_view::npos) return false;
   if (any_) lines += ',';
   lines += names_[column];
-  const std::size_t number = lines.size();
-  const bool isNumber = AppendPlainNumber(lines, field, numbers_) == PlainKind::kNumber;
-  // An overflow is written "inf", which databases do not take.
-  if (!isNumber || lines.find_first_of("in", number) != std::string::npos) {
-    lines.resize(before);
-    return false;
-  }
+  lines += number_.View();
   any_ = true;
   return true;
 }
 
-bool PointLines::End(std::string& lines, std::int64_t milliseconds) {
+bool PointLines::End(std::string& lines, std::int64_t milliseconds) const {
   if (!any_) {
     lines.resize(begin_);
     return false;

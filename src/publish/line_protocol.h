@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/values/growing_text.h"
 #include "platform/locale.h"
 
 namespace chartproject {
@@ -44,12 +45,13 @@ class PointLines {
   /// @return whether there is a value
   bool Value(std::string& lines, std::size_t column, std::string_view field);
   /// @param milliseconds since 1970 UTC. @return false, with the line taken back, when it has no value
-  bool End(std::string& lines, std::int64_t milliseconds);
+  bool End(std::string& lines, std::int64_t milliseconds) const;
 
  private:
   std::string key_;
   std::vector<std::string> names_;  ///< each with "="
   const NumberFormat& numbers_;
+  GrowingText number_;  ///< of the value that is written
   std::size_t begin_ = 0;
   bool any_ = false;
 };

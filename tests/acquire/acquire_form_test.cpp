@@ -125,8 +125,7 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   Open();
   Choose(form->trigger.cboTriggerMode, "Event");
   const auto check = [this](TextControl& field, const char* typed, const char* text, bool refused = false) {
-    field.SelectAll();
-    TypeLetters(field, typed);
+    TypeOver(field, typed);
     field.LeaveFocus();
     EXPECT_EQ(field.Text(), text) << field.Name() << " <- " << typed;
     EXPECT_EQ(Prompts(), std::vector<std::string>(refused ? 1 : 0, "Value out of range !")) << typed;
@@ -146,6 +145,10 @@ TEST_F(AcquireFormTest, TypedFieldsAreAcceptedCorrectedOrPutBack) {
   check(form->timing.txtTimeBetweenPoints, "1.55", "2");
   form->timing.txtTimeBetweenPoints.SetText("");
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "2");
+  Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
+  TypeOver(form->timing.txtTimeBetweenPoints, "1");
+  Choose(form->timing.cboTimeBetweenPointsUnit, "s");
+  check(form->timing.txtTimeBetweenPoints, "0", "1", true);  // not the milliseconds of before
   Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
   check(form->timing.txtTimeBetweenPoints, "70000", "7000", true);
   check(form->timing.txtTimeBetweenPoints, "250.", "250");
@@ -168,7 +171,7 @@ TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
   Choose(form->timing.cboTimeBetweenPointsUnit, "ms");
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "1000");
   form->timing.txtTimeBetweenPoints.SetFocus();
-  form->timing.txtTimeBetweenPoints.SetText("150");
+  TypeOver(form->timing.txtTimeBetweenPoints, "150");
   EXPECT_TRUE(StartShown());
   form->trigger.txtContent.SetFocus();
   EXPECT_EQ(form->timing.txtTimeBetweenPoints.Text(), "");
@@ -176,10 +179,10 @@ TEST_F(AcquireFormTest, MillisecondsBelow200AreEmptiedOnLeaving) {
   EXPECT_THAT(Prompts(), ElementsAre("Value out of range !"));
   EXPECT_FALSE(StartShown());
   EXPECT_EQ(form->panel.lblHint.Caption(), "Enter the time among points.");
-  form->timing.txtTimeBetweenPoints.SetText("250");
+  TypeOver(form->timing.txtTimeBetweenPoints, "250");
   EXPECT_TRUE(StartShown());
   // The access key of Start leaves the field without leaving it.
-  form->timing.txtTimeBetweenPoints.SetText("199");
+  TypeOver(form->timing.txtTimeBetweenPoints, "199");
   form->panel.cmdStart.Press();
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
   EXPECT_FALSE(StartShown());
@@ -228,9 +231,12 @@ TEST_F(AcquireFormTest, FullDiskIsSaidOnceAndNotWhileTheFileNameIsTyped) {
   form->Load();
   EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_FALSE(StartShown());
-  form->file.rtfFileName.SetText("D");
-  form->file.rtfFileName.SetText("D:");
+  int left = 0;
+  form->file.rtfFileName.lostFocus = {"rtfFileName_LostFocus", [&left] { ++left; }};
+  form->file.rtfFileName.SetFocus();
+  TypeOver(form->file.rtfFileName, "D:\\new.cht");
   EXPECT_THAT(Prompts(), IsEmpty());
+  EXPECT_EQ(left, 0) << "the letters that follow belong to the name";
   form->panel.cmdStart.Press();
   EXPECT_THAT(Prompts(), ElementsAre(refusal));
   EXPECT_EQ(form->Run().State(), RunState::kIdle);
@@ -269,7 +275,7 @@ TEST_F(AcquireFormTest, TriggerModesAndCompareFields) {
   Choose(form->trigger.cboTriggerMode, "Event");
   EXPECT_TRUE(form->trigger.cboPXXX.Enabled());
   EXPECT_TRUE(form->trigger.txtContent.Enabled());
-  form->trigger.txtContent.SetText("12.5");
+  TypeOver(form->trigger.txtContent, "12.5");
   form->trigger.cboPXXX.SetListIndex(1);
   EXPECT_TRUE(TriggerShown());
   EXPECT_FALSE(StartShown());
@@ -278,6 +284,10 @@ TEST_F(AcquireFormTest, TriggerModesAndCompareFields) {
                form->trigger.txtContent.Enabled());
   EXPECT_EQ(form->trigger.txtContent.Text(), "12.5");
   EXPECT_TRUE(StartShown());
+  for (const char* drive : {"02", "01"}) {
+    Choose(form->drive.cboDriveAddress, drive);
+    EXPECT_FALSE(form->trigger.cboPXXX.Enabled() || form->trigger.txtContent.Enabled()) << drive;
+  }
   Choose(form->trigger.cboTriggerMode, "Event");
   Choose(form->trigger.cboEvent, "Inverter is enabled (RUN)");
   EXPECT_EQ(form->trigger.cboPXXX.ListIndex(), 0);
@@ -296,7 +306,7 @@ TEST_F(AcquireFormTest, HeaderOfAnExistingFileIsShownAndWrittenBackUnchanged) {
   for (const std::string& header : headers) {
     fake.files.Put("C:\\p\\old.cht", "[INFO]\r\n" + header + "\r\n[TIME/CONTENT]\r\n");
     Open();
-    form->file.rtfFileName.SetText("C:\\p\\old.cht");
+    TypeOver(form->file.rtfFileName, "C:\\p\\old.cht");
     EXPECT_TRUE(form->cmdViewChart.Visible());
     (form->panel.cmdStart.Visible() ? form->panel.cmdStart : form->panel.cmdTrigger).Press();
     RunToEnd();

@@ -95,6 +95,13 @@ TEST(SplitRow, PointsHaveExactlySixMarks) {
   EXPECT_THAT(row->values, testing::ElementsAre("123.45", "7", "", ""));
   EXPECT_THAT(SplitRow("######")->values, testing::Each(""));
   EXPECT_THAT(SplitRow("t#a#b#c#d##")->values, testing::ElementsAre("a", "b", "c", "d"));
+  // The six marks wherever they lie, in words of eight bytes and beyond.
+  for (const std::size_t length : {1U, 7U, 8U, 9U, 49U, 50U, 51U, 200U}) {
+    const std::string value(length, '7');
+    EXPECT_THAT(SplitRow("t#1#" + value + "#2#" + value + "##")->values, testing::ElementsAre("1", value, "2", value));
+    EXPECT_FALSE(SplitRow("t#1#" + value + "#2#" + value + "#")) << length;
+    EXPECT_FALSE(SplitRow("t#1#" + value + "#2#" + value + "###")) << length;
+  }
   for (const char* line : {"", "#####", "#######", "[TIME/CONTENT]"}) EXPECT_FALSE(SplitRow(line)) << line;
 }
 

@@ -37,7 +37,11 @@ TEST(FailedColumnTest, PointsInARowForOneReasonAreOneRange) {
 TEST(FailedColumnTest, TooManyRangesAreJoinedAndNoFailureIsLost) {
   FailedColumn column;
   constexpr int kPoints = 1'000'000;
-  for (int point = 1; point <= kPoints; point += 2) column.Note(point, kSilent);
+  for (int point = 1; point <= kPoints; point += 2) {
+    column.Note(point, kSilent);
+    const auto notes = static_cast<std::size_t>(point + 1) / 2;
+    ASSERT_TRUE(notes > kMostFailedRanges || column.Ranges().size() == notes) << "joined too early";
+  }
   EXPECT_LE(column.Ranges().size(), kMostFailedRanges);
   EXPECT_EQ(column.Count(), kPoints / 2);
   EXPECT_EQ(column.FirstPoint(), 1);
@@ -57,6 +61,12 @@ TEST(PointTimesTest, APaceIsOnePieceAndAPauseIsTwoKnots) {
   for (const double point : {1.0, 300.5, 600.0, 601.0, 999.0, 1100.0}) {
     EXPECT_EQ(again.ElapsedAt(point), point * 200 + (point > 600 ? 5000 : 0)) << point;
     EXPECT_EQ(times.ElapsedAt(point), again.ElapsedAt(point)) << point;
+  }
+  PointTimes first(5);
+  first.Add({1, 70});
+  for (const PointTimes& alone : {first, PointTimes({{1, 70}}, 5)}) {
+    EXPECT_THAT(alone.Knots(), ElementsAre(TimeKnot{1, 70}));
+    EXPECT_EQ(alone.ElapsedAt(1), 70);
   }
 }
 
@@ -194,6 +204,10 @@ TEST_F(CompanionTest, IsReplacedOrRemovedWithItsChartFileAndForeignFilesStay) {
   EXPECT_FALSE(fake.files.Has(kName)) << "nothing to say";
   fake.files.Put(kName, "my own notes");
   Save();
+  fake.files.Break("read", error_number::kPermissionDenied, kName);
+  Save();
+  fake.files.Mend();
+  EXPECT_TRUE(fake.files.Has(kName)) << "whose it is cannot be known";
   companion.failed[0].Note(1, kSilent);
   EXPECT_EQ(ErrorTextOf([this] { Save(); }), "75 " + std::string(kName) +
                                                  " exists already, was not written by this program and was left as it "

@@ -1,10 +1,9 @@
-// The rules of the typed fields, the texts of a run's length and size, and the stopwatch.
+// The rules of the typed fields and the texts of a run's length and size.
 #include "acquire/dialog/input_rules.h"
 
 #include <gtest/gtest.h>
 
 #include "acquire/run/run_texts.h"
-#include "acquire/run/stopwatch.h"
 #include "common/values/numbers.h"
 #include "common/values/text.h"
 #include "support/fake_ports.h"
@@ -75,15 +74,6 @@ TEST(RunTexts, DurationsSizesAndMoments) {
   EXPECT_EQ(MomentText(LaterBy(start, 29), start, locale), "23:59:59");
   EXPECT_EQ(MomentText(LaterBy(start, 31), start, locale), "01/03/2026 00:00:01");
   EXPECT_EQ(LaterBy(start, INT64_MAX).year, 9021);
-}
-
-TEST(StopwatchTest, CarriesIntoDays) {
-  Stopwatch stopwatch;
-  for (int second = 1; second < 86'400; ++second) ASSERT_FALSE(stopwatch.AddSecond());
-  EXPECT_EQ(stopwatch.Text(), "23:59:59");
-  EXPECT_TRUE(stopwatch.AddSecond());
-  EXPECT_EQ(stopwatch.Days(), 1);
-  EXPECT_EQ(stopwatch.Text(), "00:00:00");
 }
 
 }  // namespace

@@ -58,24 +58,6 @@ TEST(CategoryAxis, ChoosesRoundDivisionsByItself) {
   EXPECT_THAT(LayOut(100, 1, {}, 400).ticks, ElementsAre(0.5, 10.5, 20.5, 30.5, 40.5, 50.5, 60.5, 70.5, 80.5, 90.5));
 }
 
-TEST(CategoryAxis, LabelsNeverTouchNorLeaveTheirRoom) {
-  for (const int division : {1, 2, 7, 1310}) {
-    for (const std::int64_t first : {std::int64_t{1}, std::int64_t{1999967251}}) {
-      for (double width = 1; width < 900; width += 3.7) {
-        const int rows = 25 * division;
-        const CategoryAxis axis = LayOut(rows, first, Divisions(division), width);
-        double end = -30;
-        for (const CategoryLabel& label : axis.labels) {
-          const double middle = label.position * width / rows;
-          EXPECT_GE(middle - TextWidth(label.text) / 2, end) << width << " " << label.text;
-          end = middle + TextWidth(label.text) / 2 + 1;
-        }
-        EXPECT_LE(end, width + 11);
-      }
-    }
-  }
-}
-
 TEST(TimeAxis, LabelsRoundMomentsAndWritesTheDateWhereMidnightPasses) {
   using enum CategoryUnit;
   constexpr double kHour = 3.6e6;

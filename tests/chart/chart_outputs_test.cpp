@@ -59,6 +59,7 @@ TEST_F(ChartPageTest, PrintsEveryLineInItsOrderPlaceAndColour) {
   EXPECT_EQ(texts[0].x, 4.0);
   EXPECT_EQ(texts[0].y, 1.0);
   EXPECT_EQ(texts[0].font.color, 16711680);
+  EXPECT_GT(texts[1].y, texts[0].y) << "below the title";
   for (std::size_t i = 2; i < texts.size(); ++i) {
     EXPECT_EQ(texts[i].x, texts[i].font.bold ? 2.5 : 7.0) << texts[i].text;
     EXPECT_GE(texts[i].y, texts[i - 1].y);
@@ -79,7 +80,9 @@ TEST_F(ChartPageTest, KeepsEverythingOnThePage) {
   page.picture = {4000, 4000, std::vector<std::uint32_t>(16'000'000), 96};
   for (const PageArea& area : {PageArea{21.0, 29.7, 20.4, 29.1}, PageArea{21.59, 27.94, 20.9, 27.3}}) {
     fakes.printer.page = area;
+    fakes.printer.texts.clear();
     EXPECT_TRUE(PrintChartPage(component, page));
+    EXPECT_EQ(fakes.printer.texts[6].text, "Drive Address: ") << "after three lines of the file's name";
     for (const auto& text : fakes.printer.texts) {
       EXPECT_LE(text.x + fakes.printer.TextWidth(text.text, text.font), area.right + 1e-9) << text.text;
     }

@@ -158,10 +158,25 @@ TEST(ChartScene, FaintColoursGetADarkEdgeUnderTheirLine) {
   const ChartScene chart = Build(ModelOf(3, {{1, 2}, {1, 2}, {1, 2}, {1, 2}}));
   std::vector<Color> lines;
   for (const SceneShape& shape : chart.scene.Shapes()) {
-    if (shape.pen.width > 1.5) lines.push_back(shape.pen.color);
+    if (shape.pen.width <= 1.5) continue;
+    lines.push_back(shape.pen.color);
+    EXPECT_EQ(chart.scene.Points(shape).front(), (PointF{chart.plot.X(0), chart.plot.Y(1)}));
   }
   EXPECT_THAT(lines, ElementsAre(kSeriesColors[0], EdgeTone(kSeriesColors[1]), kSeriesColors[1], kSeriesColors[2],
                                  EdgeTone(kSeriesColors[3]), kSeriesColors[3]));
+}
+
+TEST(ChartScene, APointWithoutNeighboursIsADotAndSmallChartsHaveThinLines) {
+  for (const auto& [size, width] : {std::pair(Size{640, 360}, 2.0), std::pair(Size{150, 100}, 1.0)}) {
+    const ChartScene chart = Build(ModelOf(3, {{2, 2, kGap, 4, kGap}}), size);
+    std::vector<Rect> dots;
+    for (const SceneShape& shape : chart.scene.Shapes()) {
+      if (shape.kind == SceneShape::Kind::kEllipse) dots.push_back(shape.box);
+      const bool line = shape.kind == SceneShape::Kind::kPolyline && shape.pen.color == kSeriesColors[0];
+      EXPECT_TRUE(!line || shape.pen.width == width) << shape.pen.width;
+    }
+    EXPECT_THAT(dots, ElementsAre(Rect{chart.plot.X(3) - 2.5, chart.plot.Y(4) - 2.5, 5, 5}));
+  }
 }
 
 TEST(ChartScene, WithoutLinesOnlyMarkersShowThePoints) {

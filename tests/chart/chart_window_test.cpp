@@ -6,8 +6,10 @@
 #include "chart/window/find_forms.h"
 #include "chart/window/range_forms.h"
 #include "chart/window/show_chart.h"
+#include "chart/window/status_form.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
+#include "support/typing.h"
 
 namespace chartproject {
 namespace {
@@ -26,7 +28,7 @@ struct ChartWindowTest : ::testing::Test {
     component.settings.intChartType = 3;
     component.driveTable.At(1) = {"01", "KRA-09", "2.40", "", "", "", "", ""};
     fakes.forms.pictures = &pictures;
-    fakes.files.Put("/drivers/KRA09V240E.wcd", "");
+    fakes.files.Put("/drivers/KRA09V240E.wcd", "#P003#Motor current############\r\n");
     fakes.files.Put("\\Kestrel.log", "");
   }
   void Put(const std::string& points, int rows, const std::string& parameters = "2", const std::string& drive = "01") {
@@ -84,7 +86,8 @@ TEST_F(ChartWindowTest, ShowsHeaderSeriesAndFirstSlice) {
     EXPECT_EQ(std::tuple(model.kind, model.legendVisible, model.wallPen), std::tuple(ChartKind::k2dLine, false, 6));
     EXPECT_EQ(model.backdrop, (Color{255, 255, 230}));
     EXPECT_EQ(Column(form, 1).back(), -25);
-    EXPECT_EQ(form.series.lblPXXX1.Caption(), "P003");
+    EXPECT_EQ(form.series.lblPXXX1.Caption() + form.series.lblPXXX1Function.Caption(), "P003Motor current");
+    EXPECT_EQ(form.series.lblPXXX1Function.ToolTipText(), "Motor current");
     EXPECT_TRUE(form.scales.txtScale2.Enabled());
     EXPECT_FALSE(form.scales.txtScale3.Enabled());
     EXPECT_FALSE(form.scales.cmdUpdateChart.Enabled());
@@ -280,15 +283,19 @@ TEST_F(ChartWindowTest, ScalesMultiplyAndRefusedOnesAreNeverDrawn) {
                                                            {"abc", "Value out of range !"},
                                                            {"-3", "Value out of range !"},
                                                            {"32768", "Err.Number = 6"}};
+    int back = 0;
+    form.mscChart1.lostFocus = {"mscChart1_LostFocus", [&back] { ++back; }};
+    form.scales.txtScale1.SetFocus();
     for (const auto& [text, prompt] : refused) {
-      form.scales.txtScale1.SetText(text);
+      TypeOver(form.scales.txtScale1, text);
       form.scroll.hsbGraph.SetValue(form.scroll.hsbGraph.Value() + 1);  // a load before the check
       EXPECT_EQ(Column(form, 0).front(), 2.0 * static_cast<double>(FirstLabel(form))) << text;
-      form.scales.txtScale1.SetText(text);
-      form.scales.txtScale1.LeaveFocus();
+      TypeOver(form.scales.txtScale1, text);
+      form.mscChart1.SetFocus();
       EXPECT_THAT(Prompts(), ElementsAre(HasSubstr(prompt))) << text;
       EXPECT_EQ(form.scales.txtScale1.Text(), "2");
     }
+    EXPECT_EQ(back, 6) << "to the field from which a scale was refused";
   });
 }
 
@@ -307,6 +314,7 @@ TEST_F(ChartWindowTest, SwitchesSurviveSlicesAndAreSaved) {
     form.PlaceChangedByUser(300, 450, 15000, 12000);
     form.output.cmdOK.Press();
   });
+  EXPECT_THAT(Prompts(), IsEmpty());
   auto& stored = fakes.settings.values["MyConf"];
   EXPECT_EQ(stored["strGrid"] + stored["strMarker"] + stored["strLine"] + stored["intChartType"], "YesYesNo6");
   Show([&](ChartForm& form) {
@@ -409,6 +417,8 @@ TEST_F(ChartWindowTest, ShowsAReplacedFileFromItsStart) {
     EXPECT_EQ(form.scroll.hsbGraph.Value(), 0);
     EXPECT_EQ(form.scroll.sldPointsPerDivision.Value(), 1);
     EXPECT_EQ(form.mscChart1.Model().series.size(), 1U);
+    EXPECT_EQ(form.series.lblPXXX2.Caption() + form.series.lblPXXX2Function.Caption(), "");
+    EXPECT_FALSE(form.series.picPXXX2.Enabled() || form.scales.txtScale2.Enabled());
     Put("60", 60, "1", "07");  // no such drive
     form.scroll.hsbGraph.SetValue(5);
     EXPECT_FALSE(form.IsShown());
@@ -520,7 +530,7 @@ TEST_F(ChartWindowTest, AxesFollowKeysWheelAndSwatchesAndTheirUnitIsRemembered) 
     ChartControl& chart = form.mscChart1;
     for (const char* key : {"T", "L", "2"}) EXPECT_TRUE(chart.KeyPressed(Typed(key))) << key;
     chart.Paint(canvas);
-    EXPECT_THAT(canvas.Texts(), ::testing::IsSupersetOf({"08:00:00", "P003"}));
+    EXPECT_THAT(canvas.Texts(), ::testing::IsSupersetOf({"08:00:00", "Motor current"}));
     EXPECT_EQ(form.series.picPXXX2.BackColor(), (Color{236, 236, 232}));
     form.series.picPXXX2.Press();
     form.series.picPXXX1.Press();
@@ -686,6 +696,9 @@ TEST_F(ChartWindowTest, ExportsTheOpenFileAndIsUsableAgain) {
     form.output.cmdExport.Press();  // there is only one range: the question is the plain one
     EXPECT_THAT(Prompts(), ElementsAre(HasSubstr("Do you really want"), "File was saved as: /data/Test.cht.xls"));
     EXPECT_EQ(form.Pointer(), MousePointer::kDefault);
+    EXPECT_TRUE(form.IsShown());
+    form.scroll.ScrollTo(1);
+    EXPECT_TRUE(form.IsLoaded());
   });
   EXPECT_EQ(fakes.spreadsheets.log.cells.at("1!22,2"), "=1");
 }
@@ -770,8 +783,21 @@ TEST_F(ChartWindowTest, PrintsThePictureAfterTheWindowHasGone) {
     form.output.cmdPrint.Press();
   });
   EXPECT_EQ(fakes.printer.documentsPrinted, 1);
-  EXPECT_EQ(fakes.printer.texts.at(7).text, "P003, Scale 1...32767: 1");
+  EXPECT_EQ(fakes.printer.texts.at(7).text, "P003, Motor current, Scale 1...32767: 1");
   EXPECT_EQ(fakes.sound.played.front().fileName, "\\NIMClick.wav");
+}
+
+TEST_F(ChartWindowTest, TheStatusIsAWindowInTheMiddleOfTheScreenUntilItIsEmpty) {
+  StatusForm status(component);
+  status.ShowText("Printing ...");
+  EXPECT_EQ(status.Controls().front()->Caption() + "|" + status.Caption(), "Printing ...|Kestrel v5.60");
+  EXPECT_TRUE(status.IsShown());
+  EXPECT_EQ(status.Pointer(), MousePointer::kHourglass);
+  EXPECT_EQ(2 * status.Left() + status.Width(), fakes.forms.ScreenSize().width);
+  EXPECT_EQ(2 * status.Top() + status.Height(), fakes.forms.ScreenSize().height);
+  status.ShowText("");
+  EXPECT_FALSE(status.IsLoaded());
+  EXPECT_EQ(status.Pointer(), MousePointer::kDefault);
 }
 
 }  // namespace

@@ -31,11 +31,17 @@ class OldZone : public ZoneWithSummer {
 
 std::string Moment(const TimeZone& zone, std::int64_t milliseconds) {
   MomentText moments(zone);
-  std::string text;
-  moments.Append(text, 0);  // of another quarter of an hour
-  text.clear();
-  moments.Append(text, milliseconds);
-  return text;
+  GrowingText text;
+  std::string last;
+  // Each after another quarter of an hour, and after its neighbours, of the same minute or the next.
+  for (const std::int64_t moment : {std::int64_t{0}, milliseconds - 1, milliseconds, milliseconds + 1, milliseconds}) {
+    text.CutTo();
+    moments.Append(text, moment);
+    if (moment != milliseconds) continue;
+    EXPECT_TRUE(last.empty() || last == text.View()) << last << " and " << text.View();
+    last = text.View();
+  }
+  return last;
 }
 
 TEST(MomentText, IsLocalTimeWithItsDistanceFromUtc) {
@@ -61,19 +67,25 @@ TEST(PlainValue, IsANumberThatJsonTakesOrNothingOrAText) {
       {"5.", "5"},
       {"1E3", "1000"},
       {"-0", "-0"},
-
+      {"-1234567", "-1234567"},
+      {"12345678", "12345678"},
+      {"-1234,5678", "-1234.5678"},
+      {"1234567.8901234", "1234567.8901234"},
+      {"000000001.50", "1.50"},
       {"123456789012345678", "123456789012345680"},
   };
+  GrowingText text;
   for (const auto& [field, number] : numbers) {
-    std::string text;
+    text.CutTo();
     EXPECT_EQ(AppendPlainNumber(text, field, comma), PlainKind::kNumber) << field;
-    EXPECT_EQ(text, number) << field;
+    EXPECT_EQ(text.View(), number);
   }
-  std::string text;
-  for (const char* field : {"--", "-", "---- "}) EXPECT_EQ(AppendPlainNumber(text, field, comma), PlainKind::kNothing);
-  for (const char* field : {"run", "1e999", "10110b"})
-    EXPECT_EQ(AppendPlainNumber(text, field, comma), PlainKind::kText);
-  EXPECT_EQ(text, "");
+  text.CutTo();
+  for (const char* field : {"--", "-", "---- ", " "})
+    EXPECT_EQ(AppendPlainNumber(text, field, comma), PlainKind::kNothing) << field;
+  for (const char* field : {"run", "1e999", "10110b", "1:30", "12345678/"})
+    EXPECT_EQ(AppendPlainNumber(text, field, comma), PlainKind::kText) << field;
+  EXPECT_EQ(text.View(), "");
 }
 
 class PlainTableTest : public ::testing::Test {

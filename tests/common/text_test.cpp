@@ -87,6 +87,8 @@ TEST(Numbers, WritesFixedPatterns) {
                                                         {999.999, "1000.00"}, {50.25, "50.25"}, {1e9, "1000000000.00"}};
   for (const auto& [value, text] : twoDecimals) EXPECT_EQ(FormatTwoDecimals(value, kStop), text);
   EXPECT_EQ(FormatTwoDecimals(2.5, kComma), "2,50");
+  EXPECT_EQ(FormatTwoDecimals(-12345678901234.5, kStop), "-12345678901234.50");
+  EXPECT_EQ(FormatTwoDecimals(1e15, kStop), "1000000000000000.00");
   EXPECT_EQ(ErrorOf([] { (void)FormatTwoDecimals(HUGE_VAL, kStop); }), 6);
 
   const std::pair<double, const char*> grouped[] = {{0, "0"}, {0.5, "1"}, {999, "999"}, {-100000000, "-100,000,000"}};
@@ -178,6 +180,18 @@ TEST(LineReaderTest, CutsLongLinesAndGoesOnBehindThem) {
   const std::string endless(1'000'000, 'x');
   EXPECT_THAT(ReadAll("a\n" + endless, 8), ElementsAre("1@0 a", "2@2 xxxxxxxx cut"));
   EXPECT_THAT(ReadAll(endless + "\r\nb\nc", 8), ElementsAre("1@0 xxxxxxxx cut", "2@1000002 b", "3@1000004 c"));
+  // Lines over the end of a block of 64 kB and a longest line.
+  for (std::size_t blanks = 65530; blanks < 65548; ++blanks) {
+    MemoryFileSystem files;
+    files.Put("file", std::string(blanks, '\n') + "12345678\n123456789\nb\n");
+    const auto file = files.OpenForReading("file");
+    LineReader reader(*file, 8);
+    std::vector<std::string> texts;
+    for (TextLine line; reader.Next(line);) {
+      if (!line.text.empty()) texts.push_back(std::string(line.text) + (line.cut ? " cut" : ""));
+    }
+    EXPECT_THAT(texts, ElementsAre("12345678", "12345678 cut", "b")) << blanks;
+  }
 }
 
 }  // namespace

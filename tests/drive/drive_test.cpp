@@ -153,6 +153,7 @@ TEST_F(DriverFileTest, AnUnknownUnitIsShownWithItsParameterAndCounts0) {
   EXPECT_EQ(UnitCode(context, "Volt", 7), 0);
   context.language = Language::kSpanish;
   EXPECT_EQ(UnitCode(context, "CurrentF0 ", 999), 0);
+  EXPECT_EQ(fakes.dialogs.boxes.back().helpContext, 152);
   EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Erro : driver com unidade desconhecida Volt (P007)",
                                                        "Error : driver con unidad desconocida : CurrentF0  (P999)"));
 }
@@ -408,6 +409,9 @@ TEST_F(DriveTest, DisplayValueFollowsTheModel) {
     EXPECT_EQ(DisplayValue(context, static_cast<std::int16_t>(parameter), value, model), text)
         << model << " P" << parameter;
   }
+  for (const char* model : {"KRD-(A)03", "KRA-07", "KRA-08", "LMX-01", "TSR-03", "TSR-04", "PVE-04", "TSR-05", "TSR-06",
+                            "KRD-04", "PVE-05"})
+    EXPECT_EQ(DisplayValue(context, 6, "768", model) + DisplayValue(context, 14, "20000", model), "76820000") << model;
   EXPECT_EQ(ErrorOf([&] { (void)DisplayValue(context, 14, "40000", "KRA-09"); }), 6);
   fakes.locale.UseComma();
   EXPECT_EQ(DisplayValue(context, 14, "13107,0", "KRA-09"), "--");

@@ -325,6 +325,10 @@ TEST_F(LayoutTest, WrappingLabelsTakeTheHeightThatTheirWidthAsksFor) {
   const LayoutBox column = Column({Cell(a_), Cell(d_)});
   EXPECT_EQ(MinimumSize(column, measurer_), (Size{40, 88}));  // three lines of four
   EXPECT_EQ(Placed(column, 50, 100), (Rects{{0, 0, 50, 40}, {}, {}, {0, 48, 50, 20}}));
+  const LayoutBox row = Row({Cell(d_), Cell(a_, 1)});
+  EXPECT_EQ(MinimumSize(row, measurer_), (Size{78, 80}));
+  EXPECT_EQ(MinimumSize(Column({AtLeast(row, 98)}), measurer_), (Size{98, 40}));
+  EXPECT_EQ(Placed(row, 98, 40), (Rects{{48, 0, 50, 40}, {}, {}, {0, 10, 40, 20}}));
 }
 
 TEST_F(LayoutTest, NothingOverlapsInTooLittleRoomAndLeastSizesHold) {

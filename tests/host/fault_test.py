@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs recordings on a disk on which one call fails: afterwards either the chart file is whole, or recovery gives back
 every row that was written. Usage: fault_test.py PROGRAM LIBRARY [--table]   --table prints fault and outcome"""
-import os, pathlib, re, signal, subprocess, sys, tempfile
+import concurrent.futures, os, pathlib, re, signal, subprocess, sys, tempfile
 
 PROGRAM, LIBRARY = (os.path.abspath(name) for name in sys.argv[1:3])
 MODES = {"memory": 5, "spool": 2501}
@@ -72,9 +72,11 @@ def main():
         profile = os.path.join(name, "profile")
         subprocess.run([PROGRAM, "--profile", profile, "init", os.path.join(name, "project")], check=True,
                        capture_output=True)
-        for fault in FAULTS:
-            for mode in [mode for mode in MODES if mode == "memory" or not fault.startswith(REAL_TIME)]:
-                word, faults = outcome(fault, mode, profile)
+        runs = [(fault, mode, profile) for fault in FAULTS for mode in MODES
+                if mode == "memory" or not fault.startswith(REAL_TIME)]
+        with concurrent.futures.ThreadPoolExecutor(8) as pool:  # each of them waits for most of its time
+            outcomes = pool.map(lambda run: outcome(*run), runs)
+            for (fault, mode, _), (word, faults) in zip(runs, outcomes):
                 if "--table" in sys.argv:
                     print(f"| {fault} | {mode} | {word} |", flush=True)
                 for text in faults:

@@ -57,20 +57,20 @@ class ProgramTest(ProgramCase):
 
     def test_a_signal_ends_a_recording_as_esc_does(self):
         for number, reason in ((signal.SIGINT, "Ctrl-C"), (signal.SIGTERM, "SIGTERM")):
-            child, progress = self.start("acquire", "--parameters", "3,5", "--points", 100, "--every", "300ms", "--file",
+            child, progress = self.start("acquire", "--parameters", "3,5", "--points", 100, "--every", "200ms", "--file",
                                          "run.cht", clock="real")
-            next(points for points in progress if points == 10)
+            next(points for points in progress if points == 3)
             child.send_signal(number)
-            list(progress)
+            taken = max([3, *progress])
             self.assertEqual(child.wait(10), 3, reason)
             rows = self.rows()
             self.assertEqual(len(rows), 100)
-            self.assertTrue(all(re.fullmatch(rb"\d\d:\d\d:\d\d#1\.50#(50\.25|-)####", row) for row in rows[:10]))
-            self.assertEqual(set(rows[10:]), {b"######"})
+            self.assertTrue(all(re.fullmatch(rb"\d\d:\d\d:\d\d#1\.50#50\.25####", row) for row in rows[:taken]))
+            self.assertEqual((taken < 20, set(rows[taken:])), (True, {b"######"}))
 
     def test_a_recording_outlives_its_readers_and_what_was_ignored_at_its_start(self):
         def pipeline(clock):
-            return self.command("acquire", "--parameters", "3,5", "--points", 10, "--every", "200ms", "--file",
+            return self.command("acquire", "--parameters", "3,5", "--points", 4, "--every", "200ms", "--file",
                                 "run.cht", clock=clock)
         for clock, closed in (("virtual", "err"), ("real", "err"), ("virtual", "all")):
             child = subprocess.Popen(pipeline(clock=clock), cwd=self.folder, stderr=subprocess.PIPE,
@@ -80,7 +80,7 @@ class ProgramTest(ProgramCase):
             elif clock == "real":
                 self.until_the_recording_has_its_name(child)
             child.stderr.close()
-            self.assertEqual((child.wait(30), len(self.rows())), (0, 10), (clock, closed))
+            self.assertEqual((child.wait(30), len(self.rows())), (0, 4), (clock, closed))
         for number in (signal.SIGHUP, signal.SIGINT):  # nohup; a background job of a script
             child = subprocess.Popen(pipeline(clock="real"), cwd=self.folder, stderr=subprocess.PIPE, text=True,
                                      stdout=subprocess.DEVNULL, preexec_fn=lambda: signal.signal(number, signal.SIG_IGN))
@@ -88,7 +88,7 @@ class ProgramTest(ProgramCase):
             child.send_signal(number)
             child.stderr.read()
             child.stderr.close()
-            self.assertEqual((child.wait(30), len(self.rows())), (0, 10), number)
+            self.assertEqual((child.wait(30), len(self.rows())), (0, 4), number)
         with open("/dev/full", "wb") as full:
             self.assertEqual(subprocess.run(pipeline(clock="virtual"), cwd=self.folder, stdout=full, stderr=full,
                                             check=False).returncode, 0)
@@ -214,10 +214,10 @@ class ProgramTest(ProgramCase):
     # Crashes and disks. --------------------------------------------------------------------------------------------
 
     def test_rows_reported_as_taken_survive_a_kill(self):
-        for _ in range(8):
+        for _ in range(5):
             child, progress = self.start("acquire", "--parameters", "3,5", "--points", 100000000, "--file", "run.cht",
                                          clock="virtual")
-            delay = time.monotonic() + random.uniform(0.2, 0.9)
+            delay = time.monotonic() + random.uniform(0.1, 0.6)
             reported = next(points for points in progress if points > 0 and time.monotonic() > delay)
             child.kill()
             child.wait(10)

@@ -174,6 +174,16 @@ TEST_P(LayoutTest, TheOtherWindows) {
     ChartViewer chart(language);
     chart.user.Do([&] {
       Check(chart.form, chart.user, "chart_" + language);
+      for (std::size_t s = 0; s < kColumnCount; ++s) {
+        const SeriesSection::Row& name = chart.form.series.rows[s];
+        QRect before = chart.user.WidgetOf(*name.swatch).geometry();
+        for (Control* next :
+             std::initializer_list<Control*>{name.number, name.function, chart.form.scales.rows[s].text}) {
+          const QRect place = chart.user.WidgetOf(*next).geometry();
+          EXPECT_TRUE(place.left() > before.right() && std::abs(place.center().y() - before.center().y()) <= 1) << s;
+          before = place;
+        }
+      }
       chart.form.scroll.sldPointsPerDivision.SetValue(1310);
       chart.user.Window().resize(chart.user.Window().minimumSize());
     });

@@ -193,14 +193,14 @@ class OtherPeoplesDrives(SerialCase):
     def test_on_a_serial_line(self):
         self.addCleanup(self.end, slaves.start_pair(self.port, self.folder / "drives"))
         self.addCleanup(self.end, slaves.start_server("serial", self.folder / "drives", 2))
-        link = f"modbus:{self.port}?{SPEED}&timeout=200"
+        link = f"modbus:{self.port}?{SPEED}&timeout=500"
         self.until_it_answers(link)
         self.six_steps(link, '02  38400 8N1  "Pymodbus"\n')
 
     def test_of_the_server_of_libmodbus_with_a_second_master(self):
         self.addCleanup(self.end, slaves.start_pair(self.port, self.folder / "drives"))
         self.addCleanup(self.end, subprocess.Popen([SLAVE, self.folder / "drives", "2"]))
-        link = f"modbus:{self.port}?{SPEED}&timeout=200"
+        link = f"modbus:{self.port}?{SPEED}&timeout=500"
         self.until_it_answers(link)
         # This server takes what follows a request to another drive for that drive's answer.
         self.six_steps(link, '02  38400 8N1  "LMB3.1.6"\n', 2, 2)
@@ -216,7 +216,7 @@ class OtherPeoplesDrives(SerialCase):
             free.bind(("127.0.0.1", 0))
             number = free.getsockname()[1]
         self.addCleanup(self.end, slaves.start_server("tcp", number, 2))
-        link = f"modbus-tcp:127.0.0.1:{number}?timeout=200"
+        link = f"modbus-tcp:127.0.0.1:{number}?timeout=500"
         self.until_it_answers(link)
         self.six_steps(link, '02  "Pymodbus"\n')
 

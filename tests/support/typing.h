@@ -14,4 +14,11 @@ inline void TypeLetters(TextControl& field, std::string_view letters) {
   for (const char letter : letters) field.SetText((field.AllSelected() ? std::string() : field.Text()) + letter);
 }
 
+/// Types over what a field holds; an empty text is its deletion.
+inline void TypeOver(TextControl& field, std::string_view text) {
+  field.SelectAll();
+  if (text.empty()) field.SetText("");
+  TypeLetters(field, text);
+}
+
 }  // namespace chartproject

@@ -68,6 +68,8 @@ char ToByte(std::uint32_t character) {
 }  // namespace
 
 std::string CodePage1252::Decode(std::string_view bytes) const {
+  const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < kFirstOwn; };
+  if (std::all_of(bytes.begin(), bytes.end(), isAscii)) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size());
   for (const char byte : bytes) {

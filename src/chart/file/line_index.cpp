@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "common/values/byte_words.h"
+
 namespace chartproject {
 namespace {
 
@@ -14,16 +16,6 @@ constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
 constexpr int kBlocksPerReport = 16;
 /// Few enough bytes that looking through them again for one line costs nothing.
 constexpr std::size_t kPieceSize = 4096;
-
-constexpr std::uint64_t kEachByte = 0x0101010101010101U;
-constexpr std::uint64_t kLowBits = 0x7F7F7F7F7F7F7F7FU;
-
-/// One in each byte of `word` that is a line feed, zero in all others.
-constexpr std::uint64_t LineFeedBytes(std::uint64_t word) noexcept {
-  const std::uint64_t different = word ^ (kEachByte * static_cast<unsigned char>('\n'));
-  // A byte's high bit survives only where no bit differs; no carry leaves a byte.
-  return (~(((different & kLowBits) + kLowBits) | different) & ~kLowBits) >> 7;
-}
 
 /// Sum of the eight bytes of a word.
 constexpr std::int64_t SumOfBytes(std::uint64_t word) noexcept {
@@ -35,20 +27,15 @@ constexpr std::int64_t SumOfBytes(std::uint64_t word) noexcept {
 }  // namespace
 
 std::int64_t CountLineFeeds(const char* bytes, std::size_t count) noexcept {
-  constexpr std::size_t kWord = sizeof(std::uint64_t);
   constexpr std::size_t kWordsPerSum = 255;  // as many as a byte can count
   std::int64_t total = 0;
-  while (count >= kWord) {
-    const std::size_t words = std::min(count / kWord, kWordsPerSum);
+  while (count >= kWordSize) {
+    const std::size_t words = std::min(count / kWordSize, kWordsPerSum);
     std::uint64_t sums = 0;
-    for (std::size_t i = 0; i < words; ++i) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, bytes + i * kWord, kWord);
-      sums += LineFeedBytes(word);
-    }
+    for (std::size_t i = 0; i < words; ++i) sums += BytesEqual(LoadWord(bytes + i * kWordSize), '\n');
     total += SumOfBytes(sums);
-    bytes += words * kWord;
-    count -= words * kWord;
+    bytes += words * kWordSize;
+    count -= words * kWordSize;
   }
   return total + std::count(bytes, bytes + count, '\n');
 }

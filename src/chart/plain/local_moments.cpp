@@ -5,10 +5,9 @@ namespace chartproject {
 
 std::int64_t LocalMoments::Local(std::int64_t milliseconds) {
   constexpr std::int64_t kMillisecondsPerSecond = 1000;
-  constexpr std::int64_t kSecondsPerQuarter = 15 * 60;
-  const std::int64_t quarter = StepsBelow(milliseconds, kSecondsPerQuarter * kMillisecondsPerSecond);
+  const std::int64_t quarter = StepsBelow(milliseconds, kQuarter);
   if (quarter != quarter_) {
-    ahead_ = zone_.OffsetAt(quarter * kSecondsPerQuarter) * kMillisecondsPerSecond;
+    ahead_ = zone_.OffsetAt(quarter * (kQuarter / kMillisecondsPerSecond)) * kMillisecondsPerSecond;
     quarter_ = quarter;
   }
   return milliseconds + ahead_;

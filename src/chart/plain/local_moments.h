@@ -11,6 +11,9 @@ namespace chartproject {
 /// Asks the time zone once for a quarter of an hour, within which no zone changes its distance from UTC.
 class LocalMoments {
  public:
+  /// Milliseconds from one question to the zone to the next.
+  static constexpr std::int64_t kQuarter = 900'000;
+
   /// @param zone outlives this object
   explicit LocalMoments(const TimeZone& zone) : zone_(zone) {}
 
@@ -21,7 +24,7 @@ class LocalMoments {
 
  private:
   const TimeZone& zone_;
-  std::int64_t quarter_ = std::numeric_limits<std::int64_t>::min();  ///< since 1970, whose distance is known
+  std::int64_t quarter_ = std::numeric_limits<std::int64_t>::min();  ///< since 1970 UTC, whose distance is known
   std::int64_t ahead_ = 0;
 };
 

@@ -7,39 +7,46 @@ namespace chartproject {
 namespace {
 
 /// A text as a field: what a spreadsheet would take for a formula gets the apostrophe that makes it a text.
-void AppendField(std::string& line, std::string_view text, char separator) {
+void AppendField(GrowingText& line, std::string_view text, char separator) {
   constexpr std::string_view kFormulaSigns = "=+-@\t\r";
+  const auto isSpecial = [](char c) { return c == ',' || c == '"' || c == '\t' || c == '\r' || c == '\n'; };
   const bool formula = !text.empty() && kFormulaSigns.find(text[0]) != std::string_view::npos;
+  if (std::none_of(text.begin(), text.end(), isSpecial)) {
+    if (formula) line.Append('\'');
+    line.Append(text);
+    return;
+  }
   const bool tabs = separator == '\t';
   // Readers of tables with tabs know quotes at most at a field's start.
   const bool quoted = tabs ? text.starts_with('"') : text.find_first_of(",\"\r\n") != std::string_view::npos;
-  if (quoted) line += '"';
-  if (formula) line += '\'';
+  if (quoted) line.Append('"');
+  if (formula) line.Append('\'');
   for (const char c : text) {
-    if (quoted && c == '"') line += '"';
+    if (quoted && c == '"') line.Append('"');
     // In a table with tabs a blank for what would part the line: many readers split it without a look at quotes.
-    line += tabs && (c == '\t' || c == '\r' || c == '\n') ? ' ' : c;
+    line.Append(tabs && (c == '\t' || c == '\r' || c == '\n') ? ' ' : c);
   }
-  if (quoted) line += '"';
+  if (quoted) line.Append('"');
 }
 
 /// A JSON string of UTF-8 text.
-std::string JsonText(std::string_view text) {
+void AppendJsonText(GrowingText& line, std::string_view text) {
   constexpr std::string_view kHex = "0123456789abcdef";
   constexpr unsigned char kFirstPrintable = 0x20;
-  std::string json = "\"";
+  constexpr std::size_t kLongestCharacter = std::string_view("\\u0000").size();
+  char* at = line.Room(kLongestCharacter * text.size() + 2);
+  *at++ = '"';
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      json += '\\';
-      json += c;
-    } else if (byte < kFirstPrintable) {
-      json.append("\\u00").append(1, kHex[byte >> 4U]).append(1, kHex[byte & 0xFU]);
-    } else {
-      json += c;
+    if (byte < kFirstPrintable) {
+      for (const char piece : {'\\', 'u', '0', '0', kHex[byte >> 4U], kHex[byte & 0xFU]}) *at++ = piece;
+      continue;
     }
+    if (c == '"' || c == '\\') *at++ = '\\';
+    *at++ = c;
   }
-  return json += '"';
+  *at++ = '"';
+  line.EndAt(at);
 }
 
 }  // namespace
@@ -61,36 +68,45 @@ void MakeHeadsUnique(std::vector<std::string>& heads) {
 PlainLine::PlainLine(PlainFormat format, const std::vector<std::string>& heads)
     : json_(format == PlainFormat::kJsonLines), separator_(format == PlainFormat::kTabs ? '\t' : ',') {
   for (const std::string& head : heads) {
-    keys_.push_back(json_ ? "," + JsonText(head) + ":" : std::string(1, separator_));
+    if (!json_) continue;
+    GrowingText key;
+    key.Append(',');
+    AppendJsonText(key, head);
+    key.Append(':');
+    keys_.emplace_back(key.View());
   }
 }
 
-void PlainLine::AppendHead(std::string& text, std::span<const std::string> heads) const {
+void PlainLine::AppendHead(GrowingText& text, std::span<const std::string> heads) const {
   if (json_) return;
-  text += "time";
+  text.Append("time");
   for (const std::string& head : heads) {
-    text += separator_;
+    text.Append(separator_);
     AppendField(text, head, separator_);
   }
-  text += '\n';
+  text.Append('\n');
 }
 
-void PlainLine::Begin(std::string& text) {
+void PlainLine::Begin(GrowingText& text) {
   column_ = 0;
-  if (json_) text += "{\"time\":";
+  if (json_) text.Append("{\"time\":");
 }
 
-void PlainLine::BeginTime(std::string& text) const {
-  if (json_) text += '"';
+void PlainLine::BeginTime(GrowingText& text) const {
+  if (json_) text.Append('"');
 }
 
-void PlainLine::NextColumn(std::string& text) {
-  text += keys_[column_++];
-}
-
-void PlainLine::AppendText(std::string& text, std::string_view value) const {
+void PlainLine::NextColumn(GrowingText& text) {
   if (json_) {
-    text += JsonText(value);
+    text.Append(keys_[column_++]);
+  } else {
+    text.Append(separator_);
+  }
+}
+
+void PlainLine::AppendText(GrowingText& text, std::string_view value) const {
+  if (json_) {
+    AppendJsonText(text, value);
   } else {
     AppendField(text, value, separator_);
   }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "chart/plain/plain_value.h"
+#include "common/values/growing_text.h"
 
 namespace chartproject {
 
@@ -30,20 +31,25 @@ class PlainLine {
   PlainLine(PlainFormat format, const std::vector<std::string>& heads);
 
   /// The head line; nothing of a format that has none.
-  void AppendHead(std::string& text, std::span<const std::string> heads) const;
+  void AppendHead(GrowingText& text, std::span<const std::string> heads) const;
 
   /// A line: first its time as a text, then each value by one of the others, in the order of the columns.
-  void Begin(std::string& text);
+  void Begin(GrowingText& text);
   /// What goes before and after a time that the caller writes itself; it needs no quotes of a table.
-  void BeginTime(std::string& text) const;
-  void EndTime(std::string& text) const { BeginTime(text); }
-  void AppendTime(std::string& text, std::string_view time) const { AppendText(text, time); }
+  void BeginTime(GrowingText& text) const;
+  void EndTime(GrowingText& text) const { BeginTime(text); }
+  void AppendTime(GrowingText& text, std::string_view time) const { AppendText(text, time); }
   /// The separator, in JSON with the key of the next column.
-  void NextColumn(std::string& text);
-  void AppendText(std::string& text, std::string_view value) const;
+  void NextColumn(GrowingText& text);
+  void AppendText(GrowingText& text, std::string_view value) const;
   /// A value that is not known.
-  void AppendNothing(std::string& text) const { text += json_ ? "null" : ""; }
-  void End(std::string& text) const { text += json_ ? "}\n" : "\n"; }
+  void AppendNothing(GrowingText& text) const {
+    if (json_) text.Append("null");
+  }
+  void End(GrowingText& text) const {
+    if (json_) text.Append('}');
+    text.Append('\n');
+  }
 
  private:
   bool json_;

@@ -1,6 +1,7 @@
 // Row by row into one text, which is handed on when it is large enough.
 #include "chart/plain/plain_table.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "chart/plain/moment_text.h"
@@ -33,9 +34,9 @@ class Points {
     for (const PlainColumn& column : table.columns) failed_.emplace_back(column.failed);
   }
 
-  void AppendHead(std::string& text) const { line_.AppendHead(text, heads_); }
+  void AppendHead(GrowingText& text) const { line_.AppendHead(text, heads_); }
 
-  void AppendPoint(std::string& text, const ChartRow& row, std::int64_t point) {
+  void AppendPoint(GrowingText& text, const ChartRow& row, std::int64_t point) {
     line_.Begin(text);
     if (timed_) {
       line_.BeginTime(text);
@@ -52,12 +53,15 @@ class Points {
   }
 
  private:
-  void AppendValue(std::string& text, std::string_view field, std::size_t column, std::int64_t point) {
-    const std::size_t begin = text.size();
+  void AppendValue(GrowingText& text, std::string_view field, std::size_t column, std::int64_t point) {
+    const std::size_t begin = text.Size();
     PlainKind kind = AppendPlainNumber(text, field, numbers_);
-    const auto isZero = [&] { return text.find_first_not_of("-0.", begin) == std::string::npos; };
+    const auto isZero = [&] {
+      const std::string_view number = text.View().substr(begin);
+      return std::all_of(number.begin(), number.end(), [](char c) { return c == '0' || c == '-' || c == '.'; });
+    };
     if (kind == PlainKind::kNumber && failed_[column].Known() && failed_[column].Failed(point, isZero() ? 0 : 1)) {
-      text.resize(begin);
+      text.CutTo(begin);
       kind = PlainKind::kNothing;
     }
     if (kind == PlainKind::kText) line_.AppendText(text, codePage_.Decode(field));
@@ -110,17 +114,16 @@ PlainTableReport ForEachPlainPoint(InputFile& file, const PointRange& range, con
 
 PlainTableReport PlainTableWriter::Write(InputFile& file, const Sink& sink, const PlainProgress& progress) {
   Points rows(table_, numbers_, codePage_, zone_);
-  std::string text;
-  text.reserve(2 * kPiece);
+  GrowingText text;
   rows.AppendHead(text);
   const auto take = [&](const ChartRow& row, std::int64_t point) {
     rows.AppendPoint(text, row, point);
-    if (text.size() < kPiece) return;
-    sink(text);
-    text.clear();
+    if (text.Size() < kPiece) return;
+    sink(text.View());
+    text.CutTo();
   };
   const PlainTableReport report = ForEachPlainPoint(file, table_.range, take, progress);
-  if (report.points > 0 && !report.givenUp) sink(text);  // nothing of a table without points
+  if (report.points > 0 && !report.givenUp) sink(text.View());  // nothing of a table without points
   return report;
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
+#include "common/values/growing_text.h"
 #include "platform/locale.h"
 
 namespace chartproject {
@@ -22,6 +22,6 @@ enum class PlainKind : std::uint8_t {
 /// blank, no plus sign, no leading zero, a digit on both sides of the full stop. Nothing is appended for the other
 /// kinds. An empty field is 0, as everywhere.
 /// @param field the field's bytes, as they are in the file
-PlainKind AppendPlainNumber(std::string& text, std::string_view field, const NumberFormat& format);
+PlainKind AppendPlainNumber(GrowingText& text, std::string_view field, const NumberFormat& format);
 
 }  // namespace chartproject

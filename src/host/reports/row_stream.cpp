@@ -33,7 +33,7 @@ void RowStream::Write(const AcquisitionRun& run) {
   constexpr std::int64_t kMillisecondsPerSecond = 1000;
   const DateTime& taken = run.LastPointTaken();
   const PointRow& point = run.LastPoint();
-  text_.clear();
+  text_.CutTo();
   line_.Begin(text_);
   line_.BeginTime(text_);
   moments_.Append(text_, zone_.UtcSeconds(taken) * kMillisecondsPerSecond + taken.millisecond);
@@ -48,7 +48,7 @@ void RowStream::Write(const AcquisitionRun& run) {
     if (kind == PlainKind::kText) line_.AppendText(text_, point.values.at(column));
   }
   line_.End(text_);
-  out_ << text_ << std::flush;
+  out_ << text_.View() << std::flush;
 }
 
 }  // namespace chartproject

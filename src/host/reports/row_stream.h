@@ -29,7 +29,7 @@ class RowStream {
   std::vector<std::string> heads_;
   PlainLine line_;
   MomentText moments_;
-  std::string text_;
+  GrowingText text_;
 };
 
 }  // namespace chartproject

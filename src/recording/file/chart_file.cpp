@@ -2,9 +2,11 @@
 #include "recording/file/chart_file.h"
 
 #include <algorithm>
+#include <bit>
 #include <vector>
 
 #include "common/environment/language.h"
+#include "common/values/byte_words.h"
 #include "common/values/line_reader.h"
 #include "common/values/text.h"
 #include "recording/file/component.h"
@@ -17,7 +19,6 @@ namespace {
 constexpr std::size_t kBlockSize = 65'536;
 /// Longer lines cannot be header lines and are skipped.
 constexpr std::size_t kHeaderLineLimit = 4096;
-constexpr std::size_t kMarksInRow = 6;
 
 /// The first kHeaderLimit bytes of a file.
 class HeadOfFile : public InputFile {
@@ -36,6 +37,36 @@ class HeadOfFile : public InputFile {
   InputFile& file_;
   std::uint64_t total_ = 0;
 };
+
+/// The "#" of a line of up to 64 bytes, a bit each: without a branch for each byte, for values differ in length, and
+/// wrong guesses of the processor cost more than the row. @param line of 8 to 64 bytes
+std::uint64_t MarkBits(std::string_view line) noexcept {
+  const auto bitsAt = [line](std::size_t at) {
+    return BitOfEachByte(BytesEqual(LoadWord(line.data() + at), '#')) << at;
+  };
+  const std::size_t last = line.size() - kWordSize;
+  std::uint64_t bits = bitsAt(last);
+  for (std::size_t at = 0; at < last; at += kWordSize) bits |= bitsAt(at);
+  return bits;
+}
+
+/// @param next gives the places of the marks one by one, after the last one npos
+template <class NextMark>
+std::optional<ChartRow> RowOfMarks(std::string_view line, NextMark next) noexcept {
+  ChartRow row;
+  std::size_t mark = next();
+  if (mark == std::string_view::npos) return std::nullopt;
+  row.time = line.substr(0, mark);
+  for (std::string_view& value : row.values) {
+    const std::size_t begin = mark + 1;
+    mark = next();
+    if (mark == std::string_view::npos) return std::nullopt;
+    value = line.substr(begin, mark - begin);
+  }
+  const bool sixth = next() != std::string_view::npos;
+  const bool seventh = next() != std::string_view::npos;
+  return sixth && !seventh ? std::optional(row) : std::nullopt;
+}
 
 }  // namespace
 
@@ -112,20 +143,19 @@ std::optional<ChartRow> SplitRow(std::string_view line) noexcept {
   const auto isBlank = [](char c) { return c == ' ' || c == '\r' || c == '\n'; };
   while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
   while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
-  // Without a branch for each mark: values differ in length, and wrong guesses of the processor cost more than the row.
-  std::array<std::size_t, kMarksInRow + 1> marks{};
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    marks[std::min<std::size_t>(count, kMarksInRow)] = i;
-    count += line[i] == '#' ? 1 : 0;
+  constexpr std::size_t kMostBits = 64;
+  if (line.size() < kWordSize || line.size() > kMostBits) {
+    return RowOfMarks(line, [line, from = std::size_t{0}]() mutable {
+      const std::size_t mark = line.find('#', from);
+      from = std::min(mark, line.size() - 1) + 1;
+      return mark;
+    });
   }
-  if (count != kMarksInRow) return std::nullopt;
-  ChartRow row;
-  row.time = line.substr(0, marks[0]);
-  for (std::size_t k = 0; k < row.values.size(); ++k) {
-    row.values[k] = line.substr(marks[k] + 1, marks[k + 1] - marks[k] - 1);
-  }
-  return row;
+  return RowOfMarks(line, [bits = MarkBits(line)]() mutable {
+    const std::size_t mark = bits == 0 ? std::string_view::npos : static_cast<std::size_t>(std::countr_zero(bits));
+    bits &= bits - 1;  // without its lowest one
+    return mark;
+  });
 }
 
 std::string TriggerModeText(const Environment& environment, std::string_view code) {
