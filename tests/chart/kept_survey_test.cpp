@@ -151,6 +151,14 @@ TEST_F(KeptSurveyTest, TheOldestGoWhereTheRoomIsUsedUpAndACacheThatTakesNothingD
     ExpectExact(kRows);
     fakes.files.Mend();
   }
+  for (const std::int64_t room : {0, 50, 300}) {
+    for (const std::string& name : fakes.files.FilesIn(kFolder)) fakes.files.Delete(JoinPath(kFolder, name));
+    fakes.files.writeBudget = room;
+    Survey();
+    EXPECT_FALSE(source->SurveyOn({}));
+    ExpectExact(kRows);
+    EXPECT_EQ(KeptFile(), "") << room;
+  }
 }
 
 }  // namespace

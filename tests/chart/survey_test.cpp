@@ -139,6 +139,13 @@ TEST_F(SurveyTest, IsCoarseBeforeItIsExact) {
   const Extremes coarse = source.Survey().Over(0, 0, 100'000, 100'000);
   EXPECT_LT(coarse.least, -4900);
   EXPECT_GT(coarse.greatest, 4900);
+  // The idle time that there is goes into it, and little more.
+  using std::chrono::milliseconds;
+  fakes.files.beforeBlock = [this] { fakes.clock.Advance(milliseconds(3)); };
+  const Instant began = fakes.clock.Now();
+  source.SurveyOn(milliseconds(20));
+  EXPECT_GE(fakes.clock.Now() - began, milliseconds(20));
+  EXPECT_LT(fakes.clock.Now() - began, milliseconds(40));
 }
 
 TEST_F(SurveyTest, PassesLinesThatFillPiecesAndStopsForAnotherFile) {
