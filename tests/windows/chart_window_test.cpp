@@ -136,6 +136,43 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
   }
 }
 
+std::string ClipboardText() {
+  std::string text;
+  if (OpenClipboard(nullptr) == 0) return text;
+  if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+    text = win32::ToUtf8(static_cast<const wchar_t*>(GlobalLock(data)));
+    GlobalUnlock(data);
+  }
+  CloseClipboard();
+  return text;
+}
+
+TEST(ChartWindowOnWindows, FitsZoomsFindsMeasuresAndCopiesByKeyboardAlone) {
+  const ScriptHost host("host.vbs", "English " + Quoted("long.cht"));
+  const FormDriver form(host.Process(), L"");
+  SetWindowPos(form.Window(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
+  const struct {
+    WORD key;
+    const char* division;
+    const char* picture;
+  } steps[] = {{'F', " 4000", "fit"}, {VK_ADD, " 2670", "strip"}, {VK_BACK, " 4000", ""}, {VK_BACK, " 1", ""}};
+  for (const auto& step : steps) {
+    form.Keys({step.key});
+    EXPECT_TRUE(WaitFor([&] { return form.Text("lblPointsPerDivision").ends_with(step.division); })) << step.division;
+    if (*step.picture != 0) form.Capture(TestFolder() + "\\win_" + step.picture + "_en.png");
+  }
+  form.Keys({VK_NEXT, kControl | 'F'});
+  const FormDriver find(host.Process(), L"Find");
+  find.Keys({VK_TAB, VK_TAB, '1', '0', '0', VK_RETURN});
+  const HWND bar = form.Control("hsbGraph");
+  EXPECT_TRUE(WaitFor([bar] { return GetScrollPos(bar, SB_CTL) > 50; })) << "where the motor comes to rest";
+  form.Keys({kControl | VK_LEFT, kControl | kShift | VK_RIGHT, kControl | kShift | VK_RIGHT, 'S', kControl | 'C'});
+  EXPECT_TRUE(WaitFor([] { return ClipboardText().find("RMS\t") != std::string::npos; }));
+  EXPECT_THAT(ClipboardText(), HasSubstr("Difference: 1 points"));
+  form.Keys({kAlt | 'O'});
+  EXPECT_EQ(host.ExitCode(), 0);
+}
+
 TEST(ChartWindowOnWindows, LoadsNothingThatLiesBesideTheComponentUnderANameOfTheSystems) {
   const std::string folder = R"(P:\package\)";
   const char* const planted[] = {"winmm.dll", "winspool.drv", "msftedit.dll", "riched20.dll", "uxtheme.dll"};

@@ -353,13 +353,14 @@ void PressKeys(HWND window, const std::vector<WORD>& keys) {
   EXPECT_TRUE(WaitFor(ready)) << "the window takes no keys";
   std::vector<INPUT> inputs;
   for (const WORD key : keys) {
-    const WORD modifier = (key & kAlt) != 0       ? VK_MENU
-                          : (key & kShift) != 0   ? VK_SHIFT
-                          : (key & kControl) != 0 ? VK_CONTROL
-                                                  : 0;
-    if (modifier != 0) inputs.push_back(KeyInput(modifier, 0));
+    const auto modifiers = [&](DWORD flags) {
+      for (const auto& [bit, modifier] : {std::pair(kAlt, VK_MENU), {kShift, VK_SHIFT}, {kControl, VK_CONTROL}}) {
+        if ((key & bit) != 0) inputs.push_back(KeyInput(static_cast<WORD>(modifier), flags));
+      }
+    };
+    modifiers(0);
     for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) inputs.push_back(KeyInput(key & 0xFF, flags));
-    if (modifier != 0) inputs.push_back(KeyInput(modifier, KEYEVENTF_KEYUP));
+    modifiers(KEYEVENTF_KEYUP);
   }
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }

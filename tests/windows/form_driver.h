@@ -105,7 +105,7 @@ class TestPrinter {
 /// @param spareBytes what the system may keep, for example of ended threads
 void ExpectNoGrowth(int cycles, const std::function<void()>& action, std::size_t spareBytes = 256 * 1024);
 
-/// With a key's number: the key is pressed together with this one.
+/// With a key's number: the key is pressed together with these.
 inline constexpr WORD kAlt = 0x100;
 inline constexpr WORD kShift = 0x200;
 inline constexpr WORD kControl = 0x400;
