@@ -166,7 +166,7 @@ int PointsIn(const std::string& file) {
 
 TEST_F(AcquireDialog, TheNextDialogBringsAKilledRecordingBackAlsoOneOfAnotherSystem) {
   SetEnvironmentVariableA("CHARTPROJECT_CLOCK", nullptr);
-  const std::string projects = "project\\projects\\demo\\";
+  const std::string projects = R"(project\projects\demo\)";
   const std::string folder = TestFolder() + "\\" + projects;
   const struct {
     const char* name;
@@ -179,7 +179,7 @@ TEST_F(AcquireDialog, TheNextDialogBringsAKilledRecordingBackAlsoOneOfAnotherSys
     const std::string file = recoveredHere ? projects + name : name;
     const std::string left = TestFolder() + "\\" + name;
     int reported = 0;
-    DeleteFileA((TestFolder() + "\\" + file).c_str());  // of an earlier try
+    DeleteFileA((TestFolder() + '\\' + file).c_str());  // of an earlier try
     if (points != nullptr) {
       ScriptHost host("host.vbs", "English");
       const FormDriver form(host.Process(), L"");

@@ -129,7 +129,7 @@ TEST(ChartWindowOnWindows, SpeaksThreeLanguagesOnScreenAndPaper) {
     form.Keys({'F'});
     EXPECT_TRUE(division(" 12"));
     form.Capture(TestFolder() + "\\win_lanes_" + each.code + ".png");
-    form.Keys({'L'});
+    PostMessageW(form.Control("mscChart1"), WM_KEYDOWN, 'L', 0);  // taken before the click that follows, a key after it
     Print(host, IDYES);
     EXPECT_EQ(host.ExitCode(), 0) << each.language;
     EXPECT_THAT(FileContents(page), HasSubstr("%%EOF"));

@@ -211,7 +211,7 @@ TEST(HelpPages, AreShownByTheSystemsViewerInThreeLanguagesAndNothingElseIs) {
   const std::pair<std::wstring, std::wstring> viewer[] = {
       {LR"(Software\Classes\.html)", L"TestPage"},
       {LR"(Software\Classes\TestPage\shell\open\command)",
-       win32::ToWide("wscript.exe \"" + TestFolder() + "\\viewer.vbs\" \"%1\"")}};
+       win32::ToWide("wscript.exe \"" + TestFolder() + R"(\viewer.vbs" "%1")")}};
   for (const auto& [path, value] : viewer) {
     win32::OwnedKey key;
     RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Receive(), nullptr);

@@ -39,7 +39,7 @@ std::wstring CopyAsPage(const std::string& page) {
   std::wstring folder(GetTempPathW(0, nullptr), L'\0');
   folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
   const bool hypertext = page.find("<html") != std::string::npos || page.find("<HTML") != std::string::npos;
-  const std::wstring name = folder + L"ChartProject help" + (hypertext ? L".html" : L".txt");
+  std::wstring name = folder + L"ChartProject help" + (hypertext ? L".html" : L".txt");
   const auto copy = Win32FileSystem().MakeSideFile({.target = ToUtf8(name), .ending = ".new"});
   const auto text = copy->OpenForWriting();
   text->Write(page);
