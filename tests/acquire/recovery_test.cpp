@@ -300,6 +300,8 @@ TEST_F(RecoveryTest, TheHeaderIsWhatIsKnown) {
   EXPECT_EQ(RecoveredHeader(fake.ports, recording, nullptr).EndDate, "01/02/2026");
   recording.journal->millisecondsBetweenPoints = 72'000'000;
   EXPECT_EQ(RecoveredHeader(fake.ports, recording, nullptr).EndDate, "02/02/2026") << "40 hours, one midnight seen";
+  recording.journal->begun.reset();
+  EXPECT_EQ(RecoveredHeader(fake.ports, recording, nullptr).EndDate, "31/01/2026");
   recording.journal.reset();
   ChartHeader like;
   like.DriveAddress = "07";

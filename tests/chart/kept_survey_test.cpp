@@ -73,6 +73,31 @@ TEST_F(KeptSurveyTest, IsTakenOverByTheNextOpeningAndGoesOnWithTheFile) {
   ExpectExact(kRows + 600);
 }
 
+TEST_F(KeptSurveyTest, AWideSliceIsAsExactAsItsBlocksAtOnceAndQuiteExactAfterIdleTime) {
+  Survey();
+  Survey();  // in blocks of 512 lines
+  constexpr WideRange kRange{100, 9'700, 2};
+  const auto value = [](std::int64_t line) { return static_cast<double>(line * 7919 % 10007); };
+  const auto extremes = [&](std::int64_t first, std::int64_t end) {
+    Extremes all;
+    for (std::int64_t line = first; line < end; ++line) all.Take(value(line));
+    return all;
+  };
+  fakes.files.beforeBlock = [this] { fakes.clock.Advance(std::chrono::milliseconds(10)); };  // a slow disk
+  const Slice coarse = source->ReadWide(kRange, 1, kRows);
+  ASSERT_TRUE(source->Refining());
+  while (source->Refining()) EXPECT_TRUE(source->SurveyOn({}));
+  const Slice exact = source->ReadWide(kRange, 1, kRows);
+  ASSERT_EQ(exact.values[0].size(), 4'800U);
+  ASSERT_EQ(coarse.values[0].size(), 4'800U);
+  for (std::size_t row = 0; row < exact.values[0].size(); row += 2) {
+    const std::int64_t first = 100 + 2 * static_cast<std::int64_t>(row);
+    EXPECT_EQ((Extremes{exact.values[0][row], exact.values[0][row + 1]}), extremes(first, first + 4)) << row;
+    const Extremes blocks = extremes(first / 512 * 512, (first + 3) / 512 * 512 + 512);
+    EXPECT_EQ((Extremes{coarse.values[0][row], coarse.values[0][row + 1]}), blocks) << row;
+  }
+}
+
 TEST_F(KeptSurveyTest, TheFirstJumpToTheEndFindsItsLineWithoutReadingTheFile) {
   Survey();
   Poison("\r\n", "\r ");
@@ -125,6 +150,14 @@ TEST_F(KeptSurveyTest, TheOldestGoWhereTheRoomIsUsedUpAndACacheThatTakesNothingD
     Survey();
     ExpectExact(kRows);
     fakes.files.Mend();
+  }
+  for (const std::int64_t room : {0, 50, 300}) {
+    for (const std::string& name : fakes.files.FilesIn(kFolder)) fakes.files.Delete(JoinPath(kFolder, name));
+    fakes.files.writeBudget = room;
+    Survey();
+    EXPECT_FALSE(source->SurveyOn({}));
+    ExpectExact(kRows);
+    EXPECT_EQ(KeptFile(), "") << room;
   }
 }
 

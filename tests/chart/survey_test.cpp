@@ -139,6 +139,13 @@ TEST_F(SurveyTest, IsCoarseBeforeItIsExact) {
   const Extremes coarse = source.Survey().Over(0, 0, 100'000, 100'000);
   EXPECT_LT(coarse.least, -4900);
   EXPECT_GT(coarse.greatest, 4900);
+  // The idle time that there is goes into it, and little more.
+  using std::chrono::milliseconds;
+  fakes.files.beforeBlock = [this] { fakes.clock.Advance(milliseconds(3)); };
+  const Instant began = fakes.clock.Now();
+  source.SurveyOn(milliseconds(20));
+  EXPECT_GE(fakes.clock.Now() - began, milliseconds(20));
+  EXPECT_LT(fakes.clock.Now() - began, milliseconds(40));
 }
 
 TEST_F(SurveyTest, PassesLinesThatFillPiecesAndStopsForAnotherFile) {
@@ -161,6 +168,7 @@ TEST(EnvelopeTest, BlocksDoubleWhereThereWouldBeTooMany) {
     const double first = static_cast<double>(lines);
     lines += envelope.BlockLength();
     envelope.Add({Extremes{first, static_cast<double>(lines - 1)}});
+    if (envelope.Full()) envelope.Halve();
   }
   EXPECT_EQ(envelope.WholeLines(), lines);
   EXPECT_EQ(lines, static_cast<std::int64_t>(Envelope::kMostBlocks) * 2 * Envelope::kLeastBlock);

@@ -64,6 +64,37 @@ TEST_F(HostTest, ReadsAndTestsDrives) {
   EXPECT_EQ(Run({"--link", "scenario:power.txt", "read", "2", "2"}).out, "P002 1500.00\n");
 }
 
+TEST_F(HostTest, WatchedValuesAgeAndCountTheirFailures) {
+  PutFile("ill.txt", "at 0 01 P003 1\nat 0 02 P003 2\nat 1500 01 fails 3\nat 3500 01 answers\n");
+  const Done watched = Run({"--link", "scenario:ill.txt", "read", "1", "3", "--watch", "2", "--times", "3"});
+  EXPECT_EQ(watched.out,
+            "P003 1, 0 s old, 0 failures\nP003 1, 2 s old, 1 failures: bad checksum\nP003 1, 0 s old, 1 failures\n");
+  EXPECT_EQ(watched.code, 0);
+  EXPECT_EQ(Run({"--link", "scenario:ill.txt", "read", "1", "3", "--watch", "2", "--times", "2"}).code, 1);
+  EXPECT_EQ(
+      Run({"read", "1", "3", "77", "--json"}).out,
+      "{\n  \"address\": 1,\n  \"readings\": [\n    {\n      \"parameter\": \"P003\",\n      \"text\": \"1.50\",\n"
+      "      \"reason\": null,\n      \"detail\": null\n    },\n    {\n      \"parameter\": \"P077\",\n"
+      "      \"text\": null,\n      \"reason\": \"no-answer\",\n      \"detail\": \"no answer\"\n    }\n  ]\n}\n");
+}
+
+TEST_F(HostTest, APlanIsTimedAgainstItsInterval) {
+  PutFile("slow.txt", "at 0 01 P003 1\nat 0 01 P005 2\nat 0 01 slow 150\n");
+  const std::tuple<std::vector<std::string>, int, const char*> cases[] = {
+      {{"--every", "200ms"}, 1, "A point takes 300 ms, more than your 200 ms: points will come late.\n"},
+      {{"--every", "300ms"}, 0, "A point takes 300 of your 300 ms.\n"},
+      {{"--every", "2s"}, 0, "A point takes 300 of your 2000 ms.\n"},
+      {{"--every", "01:02:03"}, 0, "A point takes 300 of your 3723000 ms.\n"},
+      {{}, 0, "A point takes 300 of your 1000 ms.\n"},
+      {{"--address", "3"}, 2, ""}};
+  for (const auto& [more, code, text] : cases) {
+    const Done done =
+        Run(std::vector<std::string>{"--link", "scenario:slow.txt", "acquire", "--test", "--parameters", "3,5"} + more);
+    EXPECT_EQ(done.out, text) << done.err;
+    EXPECT_EQ(done.code, code) << text;
+  }
+}
+
 TEST_F(HostTest, FaultyDriveAndDriverFilesAreNamed) {
   PutFile("drive01.txt", "Type=KRA-02\r\n");
   PutFile("KRA02E.wcd", "\r\n#1#x#\r\n#P1000#############");
@@ -83,6 +114,8 @@ TEST_F(HostTest, FaultyDriveAndDriverFilesAreNamed) {
   EXPECT_EQ(drives.code, 1);
   EXPECT_THAT(drives.err, HasSubstr("drive02.txt: the file names no model"));
   EXPECT_THAT(drives.err, HasSubstr("drive01.txt: there is no such file"));
+  PutFile("drive01.txt", "Type=KRA-05\r\n");
+  EXPECT_THAT(Record(1).err, HasSubstr("drive 01: there is no driver file"));
 }
 
 TEST_F(HostTest, RefusesWhatNobodyCanRecord) {
@@ -235,6 +268,30 @@ TEST_F(HostTest, ARenderedChartFollowsTheUsersLocale) {
   EXPECT_THAT(texts(), ::testing::Contains("0.20"));
   setenv("LC_ALL", "pt_BR.UTF-8", 1);
   EXPECT_THAT(texts(), ::testing::Contains("0,20"));
+}
+
+TEST_F(HostTest, RefusesWhatItCannotDraw) {
+  PutFile("one.cht", "[INFO]\r\nNumber of Parameters=1\r\n[TIME/CONTENT]\r\n1#0.1#####\r\n2#0.5#####\r\n");
+  PutFile("bad.cht", FileBytes("one.cht") + "rubbish\r\n");
+  const std::tuple<std::vector<std::string>, int, const char*> cases[] = {
+      {{"one.cht", "--type", "8"}, 2, "--type"},
+      {{"one.cht", "--size", "10x10"}, 2, "--size"},
+      {{"one.cht", "--first", "0"}, 2, "--first"},
+      {{"one.cht", "--first", "3"}, 2, "2 points"},
+      {{"one.cht", "--points-per-division", "1311"}, 2, "--points-per-division"},
+      {{"one.cht", "--scale", "1,x"}, 2, "--scale"},
+      {{"one.cht", "--grid", "yes"}, 2, "--grid"},
+      {{"one.cht", "--axis", "days"}, 2, "--axis"},
+      {{"one.cht", "--hide", "5"}, 2, "--hide"},
+      {{"one.cht", "--axis", "time"}, 2, "--axis"},
+      {{"none.cht"}, 1, "none.cht"},
+      {{"bad.cht"}, 1, "rubbish"}};
+  for (const auto& [arguments, code, text] : cases) {
+    const Done done = Run(std::vector<std::string>{"render", "--output", "a.png"} + arguments);
+    EXPECT_EQ(done.code, code) << ::testing::PrintToString(arguments);
+    EXPECT_THAT(done.err, HasSubstr(text));
+    EXPECT_FALSE(std::filesystem::exists("a.png"));
+  }
 }
 
 TEST_F(HostTest, AChartFileOpensInItsWindow) {

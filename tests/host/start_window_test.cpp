@@ -7,6 +7,7 @@
 #include "host/window/start_form.h"
 #include "platform/run_time_error.h"
 #include "support/fake_ports.h"
+#include "support/form_texts.h"
 
 namespace chartproject {
 namespace {
@@ -74,6 +75,14 @@ struct StartWindow : ::testing::Test {
     EXPECT_TRUE(shown);
   }
 };
+
+TEST_F(StartWindow, EveryCaptionAndToolTipIsThere) {
+  EXPECT_THAT(TextsOf(form),
+              ElementsAre("ChartProject", "&Record ...", "&Open chart ...", "Add drive ...", "Remove drive ...",
+                          "Open project ...", "&Help", "&Close", "Recent charts", "Drives", "Port", "Other port",
+                          "Speed", "Parity", "Test (Ask each address of the line, 1 to 30, who answers)",
+                          "Drives of the project", "/home/Project/projects/demo", "&Language", "&Sounds"));
+}
 
 TEST_F(StartWindow, AChoiceIsTakenWhenItIsCompleteAndStored) {
   LinkSection& link = form.link;

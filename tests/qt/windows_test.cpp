@@ -356,5 +356,31 @@ TEST(ChartViewerTest, TheMenuOpensByKeysAndItsEntriesAct) {
   viewer.Close();
 }
 
+TEST(ChartViewerTest, FitsZoomsFindsMeasuresAndCopiesByKeyboardAlone) {
+  ChartViewer viewer("English");
+  ChartForm& form = viewer.form;
+  ChartControl& chart = form.mscChart1;
+  const auto division = [&](std::int64_t points) {
+    return [&form, points] { return form.View().Division() == points; };
+  };
+  viewer.user.Key("f").Until("the whole recording", division(kPoints / 25));
+  viewer.user.Key("plus").Until("a part of it", [&] { return form.View().Division() < kPoints / 25; });
+  viewer.user.Key("BackSpace").Until("the whole again", division(kPoints / 25));
+  viewer.user.Key("BackSpace").Until("the points again", division(1));
+  const auto asked = [] {
+    const QWidget* const box = QApplication::activeModalWidget();
+    return box != nullptr && box->isActiveWindow() && box->windowTitle() == "Find";
+  };
+  viewer.user.Key("ctrl+f").Until("the question", asked).Then([] {
+    for (const char* key : {"Tab", "Tab", "9", "8", "period", "5", "Return"}) SendKey(key);
+  });
+  viewer.user.Until("the found point", [&] { return chart.Mark() && chart.Mark()->label == 99; });
+  for (const char* key : {"ctrl+Left", "ctrl+shift+Right", "ctrl+shift+Right", "s", "ctrl+c"}) viewer.user.Key(key);
+  const auto& clipboard = viewer.outside.fakes.clipboard;
+  viewer.user.Until("the numbers", [&] { return !clipboard.Text().empty(); });
+  viewer.Close();
+  EXPECT_THAT(clipboard.Text(), AllOf(HasSubstr("Difference: 1 point"), HasSubstr("RMS\t")));
+}
+
 }  // namespace
 }  // namespace chartproject

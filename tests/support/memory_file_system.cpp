@@ -35,22 +35,25 @@ class MemoryInput : public InputFile {
 
 class MemoryOutput : public OutputFile {
  public:
-  MemoryOutput(MemoryFileSystem& files, std::shared_ptr<MemoryFileSystem::Node> node, std::string name)
-      : files_(files), node_(std::move(node)), name_(std::move(name)) {}
+  MemoryOutput(MemoryFileSystem& files, std::shared_ptr<MemoryFileSystem::Node> node, std::string name,
+               std::shared_ptr<bool> flushed)
+      : files_(files), node_(std::move(node)), name_(std::move(name)), flushed_(std::move(flushed)) {}
   void Write(std::string_view bytes) override {
     files_.Spend(bytes.size(), name_);
     if (node_->bytes.size() < at_ + bytes.size()) node_->bytes.resize(at_ + bytes.size());
     std::memcpy(node_->bytes.data() + at_, bytes.data(), bytes.size());
     at_ += bytes.size();
+    *flushed_ = false;
     files_.Touch(*node_);
   }
   void Seek(std::uint64_t offset) override { at_ = static_cast<std::size_t>(offset); }
-  void FlushAndClose() override {}
+  void FlushAndClose() override { *flushed_ = true; }
 
  private:
   MemoryFileSystem& files_;
   std::shared_ptr<MemoryFileSystem::Node> node_;
   std::string name_;
+  std::shared_ptr<bool> flushed_;
   std::size_t at_ = 0;
 };
 
@@ -68,7 +71,7 @@ class MemorySideFile : public SideFile {
   const std::string& Name() const override { return name_; }
   bool HasItsName() const override { return files_.Has(name_) && files_.NodeOf(name_) == node_; }
   std::unique_ptr<OutputFile> OpenForWriting() override {
-    return std::make_unique<MemoryOutput>(files_, node_, shown_);
+    return std::make_unique<MemoryOutput>(files_, node_, shown_, flushed_);
   }
   std::unique_ptr<InputFile> OpenForReading() override { return std::make_unique<MemoryInput>(files_, node_); }
   DiskSpace AppendAndMeasure(std::string_view bytes) override {
@@ -84,22 +87,28 @@ class MemorySideFile : public SideFile {
   }
   void ReplaceTarget() override {
     files_.Ask("rename", name_, shown_);
-    files_.Rename(name_, target_);
-    kept_ = true;
+    Rename();
   }
   bool TakeTarget() override {
     files_.Ask("rename", name_, shown_);
     if (files_.FileExists(target_)) return false;
-    files_.Rename(name_, target_);
-    return kept_ = true;
+    Rename();
+    return true;
   }
   void Keep() noexcept override { kept_ = true; }
 
  private:
+  void Rename() {
+    if (!*flushed_) throw RunTimeError(error_number::kPathFileAccess, "a power cut would lose " + shown_);
+    files_.Rename(name_, target_);
+    kept_ = true;
+  }
+
   MemoryFileSystem& files_;
   std::string target_, name_, shown_;
   std::shared_ptr<MemoryFileSystem::Node> node_;
   std::size_t appended_ = 0;
+  std::shared_ptr<bool> flushed_ = std::make_shared<bool>(true);  ///< all that was written through OpenForWriting
   bool kept_ = false;
 };
 

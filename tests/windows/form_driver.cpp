@@ -53,6 +53,14 @@ HWND Find(const wchar_t* windowClass, DWORD process, const std::wstring& caption
   return search.found;
 }
 
+/// The window that has the focus of the thread that owns a window.
+HWND FocusOf(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  return info.hwndFocus;
+}
+
 }  // namespace
 
 bool WaitFor(const std::function<bool()>& condition) {
@@ -118,12 +126,7 @@ void FormDriver::Press(const std::string& name) const {
 }
 
 bool FormDriver::GetsFocus(const std::string& name) const {
-  return WaitFor([&] {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
-    return info.hwndFocus == Control(name);
-  });
+  return WaitFor([&] { return FocusOf(window_) == Control(name); });
 }
 
 void FormDriver::Keys(const std::vector<WORD>& keys) const {
@@ -343,17 +346,21 @@ INPUT KeyInput(WORD virtualKey, DWORD flags) {
 }  // namespace
 
 void PressKeys(HWND window, const std::vector<WORD>& keys) {
-  const auto ready = [window] { return GetForegroundWindow() == window && IsWindowEnabled(window) != 0; };
+  const auto ready = [window] {  // a window comes to the front before it gives one of its controls the focus
+    const bool front = GetForegroundWindow() == window && IsWindowEnabled(window) != 0;
+    return front && GetAncestor(FocusOf(window), GA_ROOT) == window;
+  };
   EXPECT_TRUE(WaitFor(ready)) << "the window takes no keys";
   std::vector<INPUT> inputs;
   for (const WORD key : keys) {
-    const WORD modifier = (key & kAlt) != 0       ? VK_MENU
-                          : (key & kShift) != 0   ? VK_SHIFT
-                          : (key & kControl) != 0 ? VK_CONTROL
-                                                  : 0;
-    if (modifier != 0) inputs.push_back(KeyInput(modifier, 0));
+    const auto modifiers = [&](DWORD flags) {
+      for (const auto& [bit, modifier] : {std::pair(kAlt, VK_MENU), {kShift, VK_SHIFT}, {kControl, VK_CONTROL}}) {
+        if ((key & bit) != 0) inputs.push_back(KeyInput(static_cast<WORD>(modifier), flags));
+      }
+    };
+    modifiers(0);
     for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) inputs.push_back(KeyInput(key & 0xFF, flags));
-    if (modifier != 0) inputs.push_back(KeyInput(modifier, KEYEVENTF_KEYUP));
+    modifiers(KEYEVENTF_KEYUP);
   }
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -44,6 +45,32 @@ QPolygonF ToQPolygon(std::span<const PointF> points) {
   for (const PointF& point : points) polygon.append(QPointF(point.x, point.y));
   return polygon;
 }
+
+/// What is painted becomes lines and shapes of a page, not dots.
+bool IsPaper(const QPainter& painter) {
+  return painter.device()->devType() == QInternal::Printer;
+}
+
+/// A clip to the whole surface around a line of one dot. The painter writes the dots of such a line into the picture
+/// only where it clips to a rectangle; without one each of them takes a way of its own, ten to fifty times as long. The
+/// dots are the same, which they are not for thinner lines.
+class DirectDots {
+ public:
+  DirectDots(QPainter& painter, Size extent, const Pen& pen)
+      : painter_(painter),
+        needed_(pen.width == 1 && pen.style == PenStyle::kSolid && !painter.hasClipping() && !IsPaper(painter)) {
+    if (needed_) painter_.setClipRect(QRectF(0, 0, extent.width, extent.height).toAlignedRect());
+  }
+  ~DirectDots() {
+    if (needed_) painter_.setClipping(false);
+  }
+  DirectDots(const DirectDots&) = delete;
+  DirectDots& operator=(const DirectDots&) = delete;
+
+ private:
+  QPainter& painter_;
+  bool needed_;
+};
 
 /// A thick line as lines of one dot, shifted across their steeper direction by half dots, which leaves no gap. The
 /// painter draws thin lines directly, but makes a thick one into a path that it fills, and for noise over hundreds of
@@ -120,7 +147,7 @@ void QtCanvas::Smooth(bool smooth) {
 }
 
 bool QtCanvas::OnPaper() const {
-  return painter_.device()->devType() == QInternal::Printer;
+  return IsPaper(painter_);
 }
 
 void QtCanvas::FillRect(const Rect& rect, Color color) {
@@ -131,9 +158,7 @@ void QtCanvas::FillRect(const Rect& rect, Color color) {
 }
 
 void QtCanvas::DrawLine(PointF from, PointF to, const Pen& pen) {
-  Smooth(true);
-  painter_.setPen(ToQPen(pen));
-  painter_.drawLine(QPointF(from.x, from.y), QPointF(to.x, to.y));
+  DrawPolyline(std::array{from, to}, pen);
 }
 
 void QtCanvas::DrawPolyline(std::span<const PointF> points, const Pen& pen) {
@@ -144,6 +169,7 @@ void QtCanvas::DrawPolyline(std::span<const PointF> points, const Pen& pen) {
     return;
   }
   painter_.setPen(ToQPen(pen));
+  const DirectDots direct(painter_, extent_, pen);
   painter_.drawPolyline(ToQPolygon(points));
 }
 
@@ -151,6 +177,7 @@ void QtCanvas::DrawPolygon(std::span<const PointF> points, Color fill, const Pen
   Smooth(true);
   painter_.setPen(ToQPen(outline));
   painter_.setBrush(ToQColor(fill));
+  const DirectDots direct(painter_, extent_, outline);
   painter_.drawPolygon(ToQPolygon(points));
 }
 

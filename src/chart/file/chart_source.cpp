@@ -79,6 +79,7 @@ void ChartSource::Restart(const LinePlace& first, InputFile& file) {
   work_.writer.reset();
   lookedForKept_ = kept_ = false;
   index_.Restart(first);
+  wide_.reset();
   survey_.Restart(first, namedSeries_ == 0 ? kColumnCount : namedSeries_);
   identity_ = file.Identity();
   seenSize_ = identity_.size;
@@ -196,6 +197,10 @@ bool ChartSource::SurveyOn(Instant time) {
 }
 
 bool ChartSource::SurveyPiece(InputFile& file) {
+  if (Refining()) {
+    wide_->ReadOn(file, index_, ports_.locale.Numbers());
+    return true;
+  }
   TakeKeptIndex(file);
   if (work_.reader) {
     if (work_.reader->ReadOn()) return true;
@@ -215,10 +220,20 @@ bool ChartSource::SurveyPiece(InputFile& file) {
 }
 
 Slice ChartSource::ReadWide(const WideRange& range, int columns, std::int64_t lines) {
+  constexpr Instant kAtOnce = std::chrono::milliseconds(8);  // half a frame of the screen
   const bool surveyed = survey_.Exact().Lines() >= range.end;
-  if (!surveyed || range.end - range.first > LinesToRead(survey_)) return WideSlice(survey_, range, columns, lines);
-  const auto file = OpenFile();
-  return ReadWideSlice(*file, index_, firstLine_, range, columns, ports_.locale.Numbers());
+  if (!surveyed || range.end - range.first > LinesToRead(survey_)) {
+    wide_.reset();
+    return WideSlice(survey_, range, columns, lines);
+  }
+  if (!wide_ || wide_->Range() != range || wide_->Result().columnsRead != columns) {
+    wide_.emplace(range, columns, firstLine_);
+    const Instant end = ports_.clock.Now() + kAtOnce;
+    const auto file = OpenFile();
+    while (wide_->ReadOn(*file, index_, ports_.locale.Numbers()) && ports_.clock.Now() < end) {
+    }
+  }
+  return wide_->Done() ? wide_->Result() : WideSlice(survey_, range, columns, lines);
 }
 
 }  // namespace chartproject

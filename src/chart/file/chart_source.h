@@ -82,8 +82,12 @@ class ChartSource {
   bool SurveyOn(Instant time);
 
   /// A slice of more points than rows: exact where the survey has passed it, else as it is known by now. Its lines are
-  /// not set. @param lines of the whole file. Throws RunTimeError when the file cannot be read.
+  /// not set. Where millions of lines must be read for it, it is as exact as the survey's blocks at first (Refining).
+  /// @param lines of the whole file. Throws RunTimeError when the file cannot be read.
   [[nodiscard]] Slice ReadWide(const WideRange& range, int columns, std::int64_t lines);
+  /// The lines of the last wide slice are still to be read: SurveyOn does that, before anything else. The same slice
+  /// can be read exactly then.
+  [[nodiscard]] bool Refining() const noexcept { return wide_ && !wide_->Done(); }
 
  private:
   /// Reading a kept survey, or keeping one. A copy of the source does not go on with it: its survey is its own.
@@ -116,6 +120,7 @@ class ChartSource {
   int namedSeries_ = 0;
   LineIndex index_;
   FileSurvey survey_;
+  std::optional<WideReading> wide_;
   std::uint64_t seenSize_ = 0;               ///< of the file, when it was last asked whether it has grown
   std::optional<UnfinishedRecording> rows_;  ///< the files of rows, in the place of a chart file
   std::optional<std::uint64_t> keptFrom_;    ///< bytes of a file whose survey is kept; nothing for none

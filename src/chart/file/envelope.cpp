@@ -5,10 +5,16 @@
 #include <utility>
 
 namespace chartproject {
+namespace {
+
+/// From here on there is room for all: to move more blocks into a larger room takes as long as a key may wait.
+constexpr std::size_t kFewBlocks = std::size_t{1} << 15U;
+
+}  // namespace
 
 void Envelope::Restart(int series) {
   series_ = series;
-  blockLength_ = kLeastBlock;
+  lengths_.fill(kLeastBlock);
   for (auto& blocks : blocks_) {
     blocks.clear();
     blocks.shrink_to_fit();
@@ -17,28 +23,30 @@ void Envelope::Restart(int series) {
 }
 
 void Envelope::Restore(std::int64_t blockLength, std::array<std::vector<Extremes>, kColumnCount> blocks) {
-  blockLength_ = blockLength;
+  lengths_.fill(blockLength);
   blocks_ = std::move(blocks);
   SetLast({}, 0);
 }
 
 void Envelope::Add(const RowExtremes& block) {
-  const std::size_t kept = std::max<std::size_t>(1, static_cast<std::size_t>(series_));
-  for (std::size_t s = 0; s < kept; ++s) blocks_[s].push_back(block[s]);
+  for (std::size_t s = 0; s < SeriesKept(); ++s) {
+    if (blocks_[s].size() == kFewBlocks) blocks_[s].reserve(kMostBlocks);
+    blocks_[s].push_back(block[s]);
+  }
   SetLast({}, 0);
-  if (blocks_[0].size() == kMostBlocks) HalveBlocks();
 }
 
-void Envelope::HalveBlocks() {
-  for (auto& blocks : blocks_) {
-    const std::size_t half = blocks.size() / 2;
-    for (std::size_t i = 0; i < half; ++i) {
-      blocks[i] = blocks[2 * i];
-      blocks[i].Take(blocks[2 * i + 1]);
-    }
-    blocks.resize(half);
+void Envelope::Halve() {
+  const auto full = std::ranges::find_if(blocks_, [](const auto& each) { return each.size() == kMostBlocks; });
+  if (full == blocks_.end()) return;
+  std::vector<Extremes>& blocks = *full;
+  const std::size_t half = blocks.size() / 2;
+  for (std::size_t i = 0; i < half; ++i) {
+    blocks[i] = blocks[2 * i];
+    blocks[i].Take(blocks[2 * i + 1]);
   }
-  blockLength_ *= 2;
+  blocks.resize(half);
+  lengths_[static_cast<std::size_t>(full - blocks_.begin())] *= 2;
 }
 
 void Envelope::SetLast(const RowExtremes& block, std::int64_t lines) noexcept {
@@ -48,12 +56,22 @@ void Envelope::SetLast(const RowExtremes& block, std::int64_t lines) noexcept {
 
 Extremes Envelope::Over(int series, std::int64_t first, std::int64_t end) const {
   const auto& blocks = blocks_[static_cast<std::size_t>(series)];
+  const std::int64_t length = lengths_[static_cast<std::size_t>(series)];
   const auto count = static_cast<std::int64_t>(blocks.size());
   const auto blockFrom = [&](std::int64_t line) {
-    return std::clamp<std::int64_t>((line + blockLength_ - 1) / blockLength_, 0, count);
+    return std::clamp<std::int64_t>((line + length - 1) / length, 0, count);
   };
   Extremes all;
-  for (std::int64_t b = blockFrom(first); b < blockFrom(end); ++b) all.Take(blocks[static_cast<std::size_t>(b)]);
+  // Two at a time: each of them waits for the one before it only.
+  Extremes others;
+  auto b = static_cast<std::size_t>(blockFrom(first));
+  const auto last = static_cast<std::size_t>(blockFrom(end));
+  for (; b + 1 < last; b += 2) {
+    all.Take(blocks[b]);
+    others.Take(blocks[b + 1]);
+  }
+  if (b < last) all.Take(blocks[b]);
+  all.Take(others);
   if (lastLines_ > 0 && WholeLines() >= first && WholeLines() < end) all.Take(last_[static_cast<std::size_t>(series)]);
   return all;
 }

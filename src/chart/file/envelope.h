@@ -33,7 +33,8 @@ struct Extremes {
 using RowExtremes = std::array<Extremes, kColumnCount>;
 
 /// Blocks of equally many lines. When there would be too many, two become one: 2,000,000,000 lines of four series are
-/// in blocks of 4,096 and take 32 MiB, 100,000,000 are in blocks of 256; of a short recording every line is one.
+/// in blocks of 4,096 and take 32 MiB, 100,000,000 are in blocks of 256; of a short recording every line is one. That
+/// is done series by series, since the blocks of all of them take as long as a key may wait.
 class Envelope {
  public:
   static constexpr std::int64_t kLeastBlock = 1;
@@ -43,18 +44,22 @@ class Envelope {
   void Restart(int series);
 
   [[nodiscard]] int SeriesCount() const noexcept { return series_; }
-  /// Lines of a block.
-  [[nodiscard]] std::int64_t BlockLength() const noexcept { return blockLength_; }
+  /// Lines of a block, while it is not full.
+  [[nodiscard]] std::int64_t BlockLength() const noexcept { return lengths_[0]; }
   /// Lines of the whole blocks and of the last, shorter one.
   [[nodiscard]] std::int64_t Lines() const noexcept { return WholeLines() + lastLines_; }
   [[nodiscard]] std::int64_t WholeLines() const noexcept {
-    return static_cast<std::int64_t>(blocks_[0].size()) * blockLength_;
+    return static_cast<std::int64_t>(blocks_[0].size()) * lengths_[0];
   }
 
   /// Takes whole blocks over for those so far. @param blocks by series, equally many, less than kMostBlocks
   void Restore(std::int64_t blockLength, std::array<std::vector<Extremes>, kColumnCount> blocks);
-  /// Adds a whole block of BlockLength() lines after the others. BlockLength() may be twice as much afterwards.
+  /// Adds a whole block of BlockLength() lines after the others, unless it is full.
   void Add(const RowExtremes& block);
+  /// No block can be added before Halve was called until it is not full any more.
+  [[nodiscard]] bool Full() const noexcept { return blocks_[SeriesKept() - 1].size() == kMostBlocks; }
+  /// Makes one block of each two of the next series; twice as many lines are in a block then.
+  void Halve();
   /// What follows the whole blocks; fewer than BlockLength() lines.
   void SetLast(const RowExtremes& block, std::int64_t lines) noexcept;
 
@@ -63,10 +68,11 @@ class Envelope {
   [[nodiscard]] std::span<const Extremes> Blocks(int series) const { return blocks_[static_cast<std::size_t>(series)]; }
 
  private:
-  void HalveBlocks();
+  /// One at least: its blocks count the lines.
+  [[nodiscard]] std::size_t SeriesKept() const noexcept { return series_ > 1 ? static_cast<std::size_t>(series_) : 1; }
 
   int series_ = 0;
-  std::int64_t blockLength_ = kLeastBlock;
+  std::array<std::int64_t, kColumnCount> lengths_{kLeastBlock, kLeastBlock, kLeastBlock, kLeastBlock};
   std::array<std::vector<Extremes>, kColumnCount> blocks_;  ///< by series; the first counts the blocks of all
   RowExtremes last_;
   std::int64_t lastLines_ = 0;

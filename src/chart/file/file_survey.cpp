@@ -10,9 +10,10 @@
 namespace chartproject {
 namespace {
 
-constexpr std::size_t kPieceSize = std::size_t{256} * 1024;
+constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+constexpr std::size_t kUnsampledSize = std::size_t{1024} * 1024;  ///< of files that are read in no time
 constexpr std::size_t kSampleSize = 4096;
-constexpr int kSamplesPerPiece = 32;
+constexpr int kSamplesPerPiece = 4;  ///< each may be somewhere else on a disk
 
 /// As many bytes as there are, up to the room.
 std::size_t ReadFull(InputFile& file, std::uint64_t offset, std::span<char> room) {
@@ -58,15 +59,18 @@ bool FileSurvey::ReadOn(InputFile& file, LineIndex& index, const NumberFormat& f
     ReadSamples(file, format);
     return true;
   }
-  ReadPiece(file, index, format);
+  if (envelope_.Full()) {
+    envelope_.Halve();
+  } else {
+    ReadPiece(file, index, format);
+  }
   if (complete_) buffer_ = {};
-  return !complete_;
+  return !complete_ || envelope_.Full();
 }
 
 void FileSurvey::ReadSamples(InputFile& file, const NumberFormat& format) {
   const std::uint64_t size = std::max(file.Identity().size, first_.offset) - first_.offset;
-  // What is read in a few pieces needs no samples.
-  if (size <= kPieceSize * 4) {
+  if (size <= kUnsampledSize) {
     samples_.resize(kSamples);
     return;
   }
@@ -89,6 +93,7 @@ void FileSurvey::ReadSamples(InputFile& file, const NumberFormat& format) {
 
 void FileSurvey::ReadPiece(InputFile& file, LineIndex& index, const NumberFormat& format) {
   const char* const begin = buffer_.data();
+  complete_ = false;
   const std::size_t count = ReadFull(file, next_.offset, buffer_);
   const bool atEnd = count < buffer_.size();
   const char* const end = begin + count;
@@ -104,7 +109,7 @@ void FileSurvey::ReadPiece(InputFile& file, LineIndex& index, const NumberFormat
   }
   if (!skipping_) {
     const char* const last = AfterLastLineFeed(at, end);
-    TakeLines(at, last, index, format);
+    if (TakeLines(at, last, index, format) != last) return;
     // No line end in a whole piece: the line is not a point, however it goes on.
     skipping_ = last == at && at == begin && !atEnd;
     if (skipping_) next_.offset += count;
@@ -124,15 +129,16 @@ void FileSurvey::ReadPiece(InputFile& file, LineIndex& index, const NumberFormat
   envelope_.SetLast(shown, lines);
 }
 
-void FileSurvey::TakeLines(const char* at, const char* end, LineIndex& index, const NumberFormat& format) {
+const char* FileSurvey::TakeLines(const char* at, const char* end, LineIndex& index, const NumberFormat& format) {
   const int series = envelope_.SeriesCount();
   const std::uint64_t offset = next_.offset;
   const char* const begin = at;
   RowValues values{};
-  while (at != end) {
+  while (at != end && !envelope_.Full()) {
     if (ScanRow(at, end, series, format, values) == LineKind::kPoint) TakeRow(values, series, block_);
     LineEnded(offset + static_cast<std::uint64_t>(at - begin), index);
   }
+  return at;
 }
 
 /// @param next offset of the line after it

@@ -20,8 +20,8 @@ struct SurveyState {
   std::int64_t lastLines = 0;
 };
 
-/// A piece takes well under a millisecond: the caller reads as many as it has time for. What is not read yet is known
-/// from samples at places all over the file.
+/// A piece takes a fraction of a millisecond, two where the envelope is halved: the caller reads as many as it has time
+/// for. What is not read yet is known from samples at places all over the file.
 class FileSurvey {
  public:
   static constexpr int kSamples = 512;
@@ -54,7 +54,8 @@ class FileSurvey {
  private:
   void ReadSamples(InputFile& file, const NumberFormat& format);
   void ReadPiece(InputFile& file, LineIndex& index, const NumberFormat& format);
-  void TakeLines(const char* at, const char* end, LineIndex& index, const NumberFormat& format);
+  /// Up to the end, or to where the envelope is full. @return the line after those that were taken
+  const char* TakeLines(const char* at, const char* end, LineIndex& index, const NumberFormat& format);
   void LineEnded(std::uint64_t next, LineIndex& index);
 
   LinePlace first_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "platform/run_time_error.h"
 
@@ -10,6 +11,13 @@ namespace chartproject {
 namespace {
 
 constexpr std::size_t kPieceBlocks = 16'384;  // 256 KB
+
+/// A block without a value has none on either side; what else is not a number nobody has written.
+void Settle(std::span<Extremes> blocks) {
+  for (Extremes& each : blocks) {
+    if (!std::isfinite(each.least) || !std::isfinite(each.greatest)) each = {};
+  }
+}
 
 /// Whether the numbers of the head agree with each other and with the chart file.
 bool Holds(const kept::Head& head, const LinePlace& first) {
@@ -107,6 +115,7 @@ bool KeptReader::ReadOn() {
       return false;
     }
     sum_.Add(kept::BytesOf(blocks.data() + begin, blocks.size() - begin));
+    Settle(std::span(blocks).subspan(begin));
     if (blocks.size() == head_.blocks) ++series_;
     return true;
   } catch (const RunTimeError&) {
@@ -117,13 +126,8 @@ bool KeptReader::ReadOn() {
 
 bool KeptReader::TakeOver(FileSurvey& survey) {
   if (!whole_) return false;
-  // A block without a value has none on either side; what else is not a number nobody has written.
-  const auto settle = [](Extremes& each) {
-    if (!std::isfinite(each.least) || !std::isfinite(each.greatest)) each = {};
-  };
-  for (auto& blocks : blocks_) std::ranges::for_each(blocks, settle);
-  std::ranges::for_each(head_.state.block, settle);
-  std::ranges::for_each(head_.state.last, settle);
+  Settle(head_.state.block);
+  Settle(head_.state.last);
   survey.Restore(head_.state, std::move(blocks_));
   return true;
 }

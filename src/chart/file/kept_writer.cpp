@@ -1,4 +1,4 @@
-// The head with the line index in one go, then the blocks.
+// The head, the line index, then the blocks.
 #include "chart/file/kept_writer.h"
 
 #include <algorithm>
@@ -11,7 +11,8 @@
 namespace chartproject {
 namespace {
 
-constexpr std::size_t kPieceBlocks = 8'192;  // 128 KB
+constexpr std::size_t kPieceBlocks = 8'192;    // 128 KB
+constexpr std::size_t kPieceOffsets = 16'384;  // 128 KB
 
 }  // namespace
 
@@ -88,16 +89,26 @@ void KeptWriter::WriteSum() {
 }
 
 void KeptWriter::WriteHead(const std::string& key) {
-  const auto& offsets = index_.Offsets();
   Write(kept::BytesOf(&head_));
   Write(key);
-  Write(kept::BytesOf(offsets.data(), offsets.size()));
-  WriteSum();
+}
+
+void KeptWriter::WriteOffsets() {
+  const auto piece = std::span(index_.Offsets())
+                         .subspan(offsets_)
+                         .first(std::min(kPieceOffsets, static_cast<std::size_t>(head_.offsets) - offsets_));
+  Write(kept::BytesOf(piece.data(), piece.size()));
+  offsets_ += piece.size();
+  if (offsets_ == head_.offsets) WriteSum();
 }
 
 bool KeptWriter::WriteOn() {
   if (!output_) return false;
   try {
+    if (offsets_ < head_.offsets) {
+      WriteOffsets();
+      return true;
+    }
     if (series_ < head_.series) {
       WriteBlocks();
       return true;

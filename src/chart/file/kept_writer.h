@@ -27,6 +27,7 @@ class KeptWriter {
   void Begin(const std::string& chartFile, const std::string& key);
   void MakeRoom(const std::string& folder, std::uint64_t bytes);
   void WriteHead(const std::string& key);
+  void WriteOffsets();
   void WriteBlocks();
   void Write(std::string_view bytes);
   void WriteSum();
@@ -40,8 +41,9 @@ class KeptWriter {
   std::size_t blocks_ = 0;   ///< that are kept, of each series
   kept::Head head_;
   kept::Checksum sum_;
-  std::size_t series_ = 0;  ///< that is written now
-  std::size_t next_ = 0;    ///< block of it
+  std::size_t series_ = 0;   ///< that is written now
+  std::size_t next_ = 0;     ///< block of it
+  std::size_t offsets_ = 0;  ///< of the line index, that are written
 };
 
 }  // namespace chartproject

@@ -2,7 +2,7 @@
 #include "chart/file/wide_slice.h"
 
 #include <algorithm>
-#include <cstring>
+#include <span>
 
 #include "chart/file/row_scan.h"
 
@@ -46,55 +46,67 @@ std::int64_t LinesToRead(const FileSurvey& survey) {
 Slice WideSlice(const FileSurvey& survey, const WideRange& range, int columns, std::int64_t lines) {
   Slice slice = Prepared(range, columns);
   const std::int64_t pair = 2 * range.pointsPerRow;
+  const std::int64_t block = survey.Exact().BlockLength();
   for (int column = 0; column < columns; ++column) {
     std::vector<double>& values = slice.values[static_cast<std::size_t>(column)];
     values.reserve(slice.times.size());
     for (std::int64_t at = range.first; at < range.end; at += pair) {
-      TakePair(survey.Over(column, at, std::min(at + pair, range.end), lines), slice.times.size(), values);
+      const std::int64_t from = pair < block ? at - at % block : at;  // the block that a short pair is in
+      TakePair(survey.Over(column, from, std::min(at + pair, range.end), lines), slice.times.size(), values);
     }
   }
   return slice;
 }
 
-Slice ReadWideSlice(InputFile& file, LineIndex& index, std::int64_t first, const WideRange& range, int columns,
-                    const NumberFormat& format) {
-  constexpr std::size_t kPieceSize = std::size_t{256} * 1024;
-  Slice slice = Prepared(range, columns);
-  const LinePlace place = index.Find(file, first + range.first).place;
-  std::int64_t line = place.line - first;
-  std::int64_t pairEnd = range.first + 2 * range.pointsPerRow;
-  RowExtremes extremes;
-  const auto endPair = [&] {
-    for (std::size_t k = 0; k < static_cast<std::size_t>(columns); ++k) {
-      TakePair(extremes[k], slice.times.size(), slice.values[k]);
-    }
-    extremes = {};
-    pairEnd += 2 * range.pointsPerRow;
-  };
-  std::vector<char> buffer(kPieceSize);
-  RowValues values{};
-  std::size_t kept = 0;
-  bool atEnd = false;
-  file.Seek(place.offset);
-  while (!atEnd && line < range.end) {
-    const std::size_t count = file.Read(std::span(buffer).subspan(kept));
-    atEnd = count == 0;
-    const char* at = buffer.data();
-    const char* end = at + kept + count;
-    while (!atEnd && end != at && end[-1] != '\n') --end;
-    while (at != end && line < range.end) {
-      const LineKind kind = ScanRow(at, end, columns, format, values);
-      if (line >= pairEnd) endPair();
-      if (line++ < range.first || kind != LineKind::kPoint) continue;
-      for (std::size_t k = 0; k < static_cast<std::size_t>(columns); ++k) extremes[k].Take(values[k]);
-    }
-    kept += count;
-    kept -= static_cast<std::size_t>(end - buffer.data());
-    std::memmove(buffer.data(), end, kept);
-    if (kept == buffer.size()) buffer.resize(2 * buffer.size());  // a line longer than that
+WideReading::WideReading(const WideRange& range, int columns, std::int64_t first)
+    : range_(range), first_(first), slice_(Prepared(range, columns)), pairEnd_(range.first + 2 * range.pointsPerRow) {}
+
+bool WideReading::ReadOn(InputFile& file, LineIndex& index, const NumberFormat& format) {
+  constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+  if (line_ < 0) {
+    const LinePlace place = index.Find(file, first_ + range_.first).place;
+    line_ = place.line - first_;
+    offset_ = place.offset;
+    buffer_.resize(kPieceSize);
   }
-  while (pairEnd - 2 * range.pointsPerRow < range.end) endPair();
-  return slice;
+  file.Seek(offset_);
+  std::size_t count = 0;
+  for (std::size_t more = 1; more > 0 && count < buffer_.size(); count += more) {
+    more = file.Read(std::span(buffer_).subspan(count));
+  }
+  const bool atEnd = count < buffer_.size();
+  std::size_t whole = count;  // up to the end of the last line
+  while (!atEnd && whole > 0 && buffer_[whole - 1] != '\n') --whole;
+  if (whole == 0 && !atEnd) {
+    buffer_.resize(2 * buffer_.size());  // a line longer than that
+    return true;
+  }
+  offset_ += whole;
+  TakeLines(buffer_.data(), buffer_.data() + whole, format);
+  done_ = atEnd || line_ >= range_.end;
+  if (!done_) return true;
+  while (pairEnd_ - 2 * range_.pointsPerRow < range_.end) EndPair();
+  buffer_ = {};
+  return false;
+}
+
+void WideReading::TakeLines(const char* at, const char* end, const NumberFormat& format) {
+  const int columns = slice_.columnsRead;
+  RowValues values{};
+  while (at != end && line_ < range_.end) {
+    const LineKind kind = ScanRow(at, end, columns, format, values);
+    if (line_ >= pairEnd_) EndPair();
+    if (line_++ < range_.first || kind != LineKind::kPoint) continue;
+    for (std::size_t k = 0; k < static_cast<std::size_t>(columns); ++k) extremes_[k].Take(values[k]);
+  }
+}
+
+void WideReading::EndPair() {
+  for (std::size_t k = 0; k < static_cast<std::size_t>(slice_.columnsRead); ++k) {
+    TakePair(extremes_[k], slice_.times.size(), slice_.values[k]);
+  }
+  extremes_ = {};
+  pairEnd_ += 2 * range_.pointsPerRow;
 }
 
 }  // namespace chartproject

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "chart/file/file_survey.h"
 #include "chart/file/slice_reader.h"
@@ -23,6 +24,7 @@ struct WideRange {
   std::int64_t first = 0;
   std::int64_t end = 0;
   std::int64_t pointsPerRow = 1;
+  friend bool operator==(const WideRange&, const WideRange&) = default;
 };
 
 /// So many lines are read from the file itself where the survey's blocks are too long for a picture of them.
@@ -33,9 +35,32 @@ struct WideRange {
 /// @param lines of the whole file
 [[nodiscard]] Slice WideSlice(const FileSurvey& survey, const WideRange& range, int columns, std::int64_t lines);
 
-/// The same, exact, from the lines themselves. Throws RunTimeError 57 on a device error.
-/// @param first the file's first line with a point
-[[nodiscard]] Slice ReadWideSlice(InputFile& file, LineIndex& index, std::int64_t first, const WideRange& range,
-                                  int columns, const NumberFormat& format);
+/// Makes the same slice, exact, from the lines themselves: millions of them, in pieces that no key waits for.
+class WideReading {
+ public:
+  /// @param first the file's first line with a point
+  WideReading(const WideRange& range, int columns, std::int64_t first);
+
+  [[nodiscard]] const WideRange& Range() const noexcept { return range_; }
+  [[nodiscard]] bool Done() const noexcept { return done_; }
+  /// Reads the next piece. True while something is left. Throws RunTimeError 57 on a device error.
+  bool ReadOn(InputFile& file, LineIndex& index, const NumberFormat& format);
+  /// What was read; whole when it is done.
+  [[nodiscard]] const Slice& Result() const noexcept { return slice_; }
+
+ private:
+  void TakeLines(const char* at, const char* end, const NumberFormat& format);
+  void EndPair();
+
+  WideRange range_;
+  std::int64_t first_;
+  Slice slice_;
+  std::int64_t line_ = -1;    ///< that is read next, counted as those of the range; none before the first piece
+  std::uint64_t offset_ = 0;  ///< of it in the file
+  std::int64_t pairEnd_;
+  RowExtremes extremes_;  ///< of the pair that it belongs to
+  std::vector<char> buffer_;
+  bool done_ = false;
+};
 
 }  // namespace chartproject

@@ -198,7 +198,13 @@ bool ChartView::LoadRange(const PointRange& range, const ScanProgress& progress)
     const double part = static_cast<double>(Survey().Exact().Lines()) / static_cast<double>(range.last);
     if (progress && !progress(part)) return false;
   }
-  return Load(progress) != SliceEnd::kGivenUp;
+  if (Load(progress) == SliceEnd::kGivenUp) return false;
+  if (!Refining()) return true;
+  while (Refining() && SurveyOn(kPiece)) {
+    if (progress && !progress(1)) return false;
+  }
+  LoadWide();
+  return true;
 }
 
 std::optional<PointRange> ChartView::ShownRange() const noexcept {

@@ -78,6 +78,8 @@ class ChartView : public ChosenSlice {
   [[nodiscard]] const FileSurvey& Survey() const noexcept { return source_.Survey(); }
   /// See ChartSource::SurveyOn.
   bool SurveyOn(Instant time) { return source_.SurveyOn(time); }
+  /// See ChartSource::Refining.
+  [[nodiscard]] bool Refining() const noexcept { return source_.Refining(); }
 
   // The slice that is shown. -----------------------------------------------------------------------------------------
   /// Reads the chosen slice. When cancelled, the slice that is shown is chosen again. Throws RunTimeError.

@@ -14,7 +14,7 @@ namespace {
 
 /// Of the window's time that the survey takes between two messages. With the piece that is just being read it stays
 /// under half a frame of the screen.
-constexpr Instant kPiece = std::chrono::milliseconds(5);
+constexpr Instant kPiece = std::chrono::milliseconds(4);
 /// Between two drawings of a strip that is still being surveyed.
 constexpr Instant kBetweenDrawings = std::chrono::milliseconds(100);
 
@@ -109,6 +109,7 @@ void OverviewSection::ShowModel() {
 
 void OverviewSection::tmrSurvey_Tick() {
   if (reading_.Busy()) return;
+  const bool refining = view_.Refining();
   bool more = false;
   try {
     more = view_.SurveyOn(kPiece);
@@ -117,6 +118,7 @@ void OverviewSection::tmrSurvey_Tick() {
     NoteRunTimeError(env_, "SurveyOn", error);
   }
   tmrSurvey.SetEnabled(more);
+  if (refining && !view_.Refining()) advanced();
   const bool due = !more || env_.ports.clock.Now() - shownAt_ >= kBetweenDrawings;
   if (!due || view_.Survey().Exact().Lines() == shownLines_) return;
   if (ovwRecording.Visible()) ShowModel();
