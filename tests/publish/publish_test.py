@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Publishes recordings to real databases, through outages and crashes, and to servers that misbehave.
 Usage: publish_test.py PROGRAM [--long] [unittest arguments]   --long: minutes of recording, and figures of them"""
-import collections, datetime, json, os, pathlib, re, signal, subprocess, sys, time, unittest
+import collections, concurrent.futures, datetime, json, os, pathlib, re, signal, subprocess, sys, time, unittest
 
 sys.path[:0] = [os.path.dirname(os.path.abspath(__file__)),
                 str(pathlib.Path(__file__).resolve().parent.parent / "host")]
 from databases import Influx, Rogue, VictoriaMetrics
-from program_case import ENVIRONMENT, ProgramCase
+from program_case import ENVIRONMENT, PROGRAM, ProgramCase
 
 
 class PublishCase(ProgramCase):
@@ -385,10 +385,29 @@ class LongRuns(PublishCase):
                 (self.folder / "big.cht.published").unlink()
 
 
+def run_side_by_side():
+    """Each test in a process of its own, some at once: they wait for servers and for points most of their time."""
+    suites = unittest.defaultTestLoader.loadTestsFromModule(sys.modules["__main__"])
+    names = [test.id().removeprefix("__main__.") for suite in suites for test in suite]
+
+    def run(name):
+        done = subprocess.run([sys.executable, __file__, PROGRAM, name], capture_output=True, text=True, check=False)
+        return done.returncode, f"{name}\n{done.stdout}{done.stderr}"
+    with concurrent.futures.ThreadPoolExecutor(AT_ONCE) as pool:
+        results = list(pool.map(run, names))
+    for code, text in results:
+        print(text)
+    return not results or any(code != 0 for code, _ in results)
+
+
+AT_ONCE = 5
+
 if __name__ == "__main__":
     if "--long" in sys.argv:
         sys.argv.remove("--long")
         del DatabaseTest, RogueTest, RecorderTest
-    else:
-        del LongRuns
-    unittest.main()
+        unittest.main()
+    del LongRuns
+    if len(sys.argv) > 1:
+        unittest.main()
+    sys.exit(run_side_by_side())

@@ -1,8 +1,7 @@
 // export FILE [--output OUT]: a chart file's header and points into a workbook, or with --plain into a table for other
 // programs.
-#include <unistd.h>
-
 #include <array>
+#include <optional>
 #include <ostream>
 #include <string_view>
 
@@ -22,7 +21,6 @@
 #include "host/reports/progress.h"
 #include "host/reports/xlsx_export.h"
 #include "host/session/session.h"
-#include "host/session/visible_output.h"
 
 namespace chartproject {
 
@@ -88,10 +86,10 @@ class ExportCommand : public Command {
     KeyboardSignals::Watch();
     ExportRequest request{component.strChartFileName, output, component.chartHeader, range};
     request.progress = ProgressOf(session);
-    session.Console().beforeBox = [this, &session] { EndLine(session.Err()); };
+    session.Console().beforeBox = [this, &session] { Bar(session).EndLine(); };
     const ExportOutcome outcome = ExportToSpreadsheet(component, request);
     session.Console().beforeBox = nullptr;
-    EndLine(session.Err());
+    Bar(session).EndLine();
     return CodeOf(outcome);
   }
 
@@ -114,7 +112,7 @@ class ExportCommand : public Command {
         plain_ ? WritePlainTable(component.ports, component.strChartFileName, output, table, ProgressOf(session))
                : WriteXlsx(component, view, component.ports.files.ResolveLink(output),
                            component.ports.files.RightsOf(output), table, ProgressOf(session));
-    EndLine(session.Err());
+    Bar(session).EndLine();
     const ExitCode code = Judge(session.Err(), report, table);
     if (code == ExitCode::kDone && !plain_) {
       ShowMessage(component, LoadMessage(component, Text::kFileSavedAs) + output, box_style::kInformation);
@@ -152,9 +150,14 @@ class ExportCommand : public Command {
 
   [[nodiscard]] std::function<bool(std::uint64_t, std::uint64_t)> ProgressOf(Session& session) {
     return [this, &session](std::uint64_t done, std::uint64_t total) {
-      if (terminal_ && !session.Options().quiet) ShowProgress(session.Err(), done, total);
+      Bar(session).Show(static_cast<std::int64_t>(total == 0 ? 100 : done * 100 / total));
       return !session.ThePorts().keyboard.EscapePressed();
     };
+  }
+
+  PercentBar& Bar(Session& session) {
+    if (!bar_) bar_.emplace(session.Err(), ProgressKindFor(session.Options().quiet), "Exporting");
+    return *bar_;
   }
 
   void RequireEnding() const {
@@ -166,30 +169,12 @@ class ExportCommand : public Command {
     throw RefusedError("--output: \"" + output_ + "\" has none of the endings " + listed);
   }
 
-  /// A bar on a terminal; a file or pipe gets the messages only.
-  void ShowProgress(std::ostream& err, std::uint64_t done, std::uint64_t total) {
-    const auto percent = static_cast<std::int64_t>(total == 0 ? 100 : done * 100 / total);
-    if (percent == shownPercent_) return;
-    shownPercent_ = percent;
-    constexpr int kBarWidth = 40;
-    RestartLine(err);
-    err << "Exporting [" << ProgressBarText(percent, 100, kBarWidth) << "] " << percent << " %" << std::flush;
-    lineOpen_ = true;
-  }
-
-  void EndLine(std::ostream& err) {
-    if (lineOpen_) err << "\n";
-    lineOpen_ = false;
-  }
-
   std::string file_;
   std::string output_;
   RangeOptions range_;
   bool plain_ = false;
   std::string format_;
-  bool terminal_ = isatty(STDERR_FILENO) != 0;
-  bool lineOpen_ = false;
-  std::int64_t shownPercent_ = -1;
+  std::optional<PercentBar> bar_;
 };
 
 }  // namespace

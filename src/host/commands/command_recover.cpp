@@ -1,6 +1,7 @@
 // recover [FILE|FOLDER...]: chart files from what interrupted recordings left.
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "host/arguments/chart_argument.h"
 #include "host/arguments/command.h"
 #include "host/reports/json_output.h"
+#include "host/reports/progress.h"
 #include "host/session/session.h"
 #include "platform/run_time_error.h"
 #include "recording/journal/recovery.h"
@@ -153,7 +155,7 @@ class RecoverCommand : public Command {
     bool failed = false;
     for (const std::string& chartFile : chartFiles) {
       try {
-        any = Report(session, chartFile, RecoverBeside(ports, chartFile, request)) || any;
+        any = Report(session, chartFile, RecoverWithProgress(session, chartFile, request)) || any;
       } catch (const RunTimeError& error) {
         if (chartFiles.size() == 1) throw;
         session.Err() << "error " << error.Number() << ": " << error.Description() << "\n";
@@ -162,6 +164,22 @@ class RecoverCommand : public Command {
     }
     if (!any && !failed) session.Err() << "nothing to recover\n";
     return any && !failed ? ExitCode::kDone : ExitCode::kRunTimeError;
+  }
+
+  /// Long files are read for minutes: a bar on a terminal.
+  static std::optional<std::vector<RecoveryResult>> RecoverWithProgress(Session& session, const std::string& chartFile,
+                                                                        RecoveryRequest request) {
+    PercentBar bar(session.Err(), ProgressKindFor(session.Options().quiet), "Recovering");
+    ReadProgress progress([&bar](int percent) { bar.Show(percent); });
+    request.progress = &progress;
+    try {
+      auto results = RecoverBeside(session.ThePorts(), chartFile, request);
+      bar.EndLine();
+      return results;
+    } catch (...) {
+      bar.EndLine();  // the reason has a line of its own
+      throw;
+    }
   }
 
   static void RefuseOutput(Session& session, const std::vector<std::string>& chartFiles, const std::string& output) {

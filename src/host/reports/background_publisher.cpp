@@ -4,9 +4,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <utility>
 
+#include "backends/posix/signal_free_thread.h"
 #include "publish/publish_texts.h"
 
 namespace chartproject {
@@ -18,15 +18,10 @@ constexpr auto kSlice = std::chrono::milliseconds(50);
 }  // namespace
 
 BackgroundPublisher::BackgroundPublisher(PublishRequest request, std::unique_ptr<LinePoster> poster, Language language)
-    : poster_(std::move(poster)), request_(std::move(request)), language_(language) {
-  // Signals are the recorder's: one that came here would not end its sleep.
-  sigset_t all{};
-  sigset_t before{};
-  sigfillset(&all);
-  pthread_sigmask(SIG_SETMASK, &all, &before);
-  thread_ = std::thread([this] { Run(); });
-  pthread_sigmask(SIG_SETMASK, &before, nullptr);
-}
+    : poster_(std::move(poster)),
+      request_(std::move(request)),
+      language_(language),
+      thread_(SignalFreeThread([this] { Run(); })) {}
 
 BackgroundPublisher::~BackgroundPublisher() {
   {

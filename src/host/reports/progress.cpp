@@ -81,4 +81,18 @@ void Progress::EndLine() {
   out_ << "\n" << std::flush;
 }
 
+void PercentBar::Show(std::int64_t percent) {
+  constexpr int kWidth = 40;
+  if (!shows_ || percent == shown_) return;
+  shown_ = percent;
+  RestartLine(out_);
+  out_ << word_ << " [" << ProgressBarText(percent, 100, kWidth) << "] " << percent << " %" << std::flush;
+  lineOpen_ = true;
+}
+
+void PercentBar::EndLine() {
+  if (lineOpen_) out_ << "\n";
+  lineOpen_ = false;
+}
+
 }  // namespace chartproject

@@ -49,6 +49,25 @@ class Progress {
   std::int64_t first_ = 0;
 };
 
+/// "Exporting [####----] 50 %" on a terminal: work that is counted in percent. Nothing elsewhere.
+class PercentBar {
+ public:
+  /// @param word what is done, before the bar
+  PercentBar(std::ostream& out, ProgressKind kind, std::string word)
+      : out_(out), shows_(kind == ProgressKind::kBar), word_(std::move(word)) {}
+
+  void Show(std::int64_t percent);
+  /// As Progress::EndLine.
+  void EndLine();
+
+ private:
+  std::ostream& out_;
+  bool shows_;
+  std::string word_;
+  std::int64_t shown_ = -1;
+  bool lineOpen_ = false;
+};
+
 /// One state of progress as text: "1234/5000 (24 %), 5.0 points/s, 00:12:33 left".
 /// @param rate points a second; 0 while it is not known @param many the word for points
 [[nodiscard]] std::string ProgressText(std::int64_t done, std::int64_t total, double rate,

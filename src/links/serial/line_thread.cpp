@@ -1,19 +1,13 @@
 // Handing work over, and waiting for it in slices.
 #include "links/serial/line_thread.h"
 
-#include <csignal>
 #include <utility>
+
+#include "backends/posix/signal_free_thread.h"
 
 namespace chartproject {
 
-LineThread::LineThread(Clock& clock) : clock_(clock) {
-  sigset_t all{};
-  sigset_t before{};
-  sigfillset(&all);
-  pthread_sigmask(SIG_SETMASK, &all, &before);
-  thread_ = std::thread([this] { Run(); });
-  pthread_sigmask(SIG_SETMASK, &before, nullptr);
-}
+LineThread::LineThread(Clock& clock) : clock_(clock), thread_(SignalFreeThread([this] { Run(); })) {}
 
 LineThread::~LineThread() {
   {
