@@ -27,6 +27,10 @@ BrandingText " "
 !define MUI_ICON "${STAGE}.ico"
 !define MUI_UNICON "${STAGE}.ico"
 !define MUI_ABORTWARNING
+!define MUI_COMPONENTSPAGE_SMALLDESC ; room for the longer names
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_TOP "$(UsersText)"
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_ALLUSERS "$(UsersAll)"
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_CURRENTUSER "$(UsersOne)"
 !insertmacro MUI_PAGE_LICENSE "${STAGE}\LICENSE"
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_COMPONENTS
@@ -54,6 +58,12 @@ VIProductVersion "${VERSION}.0"
   LangString ${NAME} ${LANG_PORTUGUESEBR} "${PORTUGUESE}"
   LangString ${NAME} ${LANG_SPANISH} "${SPANISH}"
 !macroend
+!insertmacro Words UsersText "ChartProject is installed for all users, which takes an administrator, or for you alone." \
+  "O ChartProject é instalado para todos os usuários, o que exige um administrador, ou só para você." \
+  "ChartProject se instala para todos los usuarios, lo que requiere un administrador, o solo para usted."
+!insertmacro Words UsersAll "All users of this computer" "Todos os usuários deste computador" \
+  "Todos los usuarios de este equipo"
+!insertmacro Words UsersOne "Only me" "Só para mim" "Solo para mí"
 !insertmacro Words ComponentName "Component" "Componente" "Componente"
 !insertmacro Words LinkName "Simulated drives" "Drives simulados" "Drives simulados"
 !insertmacro Words SampleName "Sample project" "Projeto de exemplo" "Proyecto de ejemplo"

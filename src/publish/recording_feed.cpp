@@ -10,21 +10,10 @@
 #include "recording/companion/companion_reader.h"
 #include "recording/journal/journal.h"
 #include "recording/journal/journal_reader.h"
+#include "recording/journal/unfinished.h"
 
 namespace chartproject {
 namespace {
-
-/// Journals that are looked for; a recording takes a further name only when a file is in its way.
-constexpr int kNamesTried = 10;
-
-std::unique_ptr<InputFile> OpenIfThere(FileSystem& files, const std::string& name) {
-  if (!files.FileExists(name)) return nullptr;
-  try {
-    return files.OpenForReading(name);
-  } catch (const RunTimeError&) {
-    return nullptr;  // removed at this moment, or not a recording's
-  }
-}
 
 bool SameFile(const FileIdentity& one, const FileIdentity& other) noexcept {
   return one.volume == other.volume && one.index == other.index;
@@ -52,29 +41,20 @@ std::string RecordingMark(const ChartHeader& header, const std::string& beside) 
 }
 
 bool RecordingFeed::OpenRunning() {
-  std::unique_ptr<InputFile> newest;
-  std::optional<JournalReading> reading;
-  for (int number = 0; number < kNamesTried; ++number) {
-    const std::string name = SideFileName(chartFile_, kJournalEnding, number);
-    auto file = OpenIfThere(files_, name);
-    if (!file) continue;
-    auto found = ReadJournal(*file, codePage_);
-    if (!found) continue;
-    if (newest && file->Identity().modifiedNanos < journalIdentity_.modifiedNanos) continue;
-    journalName_ = name;
-    journalIdentity_ = file->Identity();
-    newest = std::move(file);
-    reading = std::move(found);
+  auto found = FindUnfinished(files_, codePage_, chartFile_);
+  if (!found || !found->journal.begun) return false;
+  journalName_ = found->journalFile;
+  journalIdentity_ = found->journalIdentity;
+  auto journal = OpenJournal();
+  if (!journal) return false;
+  if (found->journal.rows) {
+    auto rows = OpenJournal();
+    if (!rows) return false;
+    parts_.push_back(std::make_unique<GrowingRows>(std::move(rows), *found->journal.rows, RowNumbers::kEachPoint));
   }
-  if (!newest || !reading->begun) return false;
-  if (reading->rows) {
-    auto rows = OpenIfThere(files_, journalName_);
-    if (!rows || !SameFile(rows->Identity(), journalIdentity_)) return false;
-    parts_.push_back(std::make_unique<GrowingRows>(std::move(rows), *reading->rows, RowNumbers::kEachPoint));
-  }
-  header_ = reading->header;
+  header_ = found->journal.header;
   running_ = true;
-  journal_ = std::make_unique<FileUpTo>(std::move(newest));
+  journal_ = std::make_unique<FileUpTo>(std::move(journal));
   journalLines_ = std::make_unique<LineReader>(*journal_, kLongestPointLine);
   FollowJournal();
   return !parts_.empty();
@@ -101,14 +81,14 @@ void RecordingFeed::OpenFinished() {
   base_ = 0;
 }
 
-bool RecordingFeed::JournalIsThere() {
-  const auto file = OpenIfThere(files_, journalName_);
-  return file && SameFile(file->Identity(), journalIdentity_);
+std::unique_ptr<InputFile> RecordingFeed::OpenJournal() {
+  auto file = OpenIfThere(files_, journalName_);
+  return file && SameFile(file->Identity(), journalIdentity_) ? std::move(file) : nullptr;
 }
 
 bool RecordingFeed::Follow() {
   if (!running_) return true;
-  const bool there = JournalIsThere();
+  const bool there = OpenJournal() != nullptr;
   for (const auto& part : parts_) part->Refresh(true);
   FollowJournal();
   return there;
@@ -122,12 +102,8 @@ void RecordingFeed::FollowJournal() {
 void RecordingFeed::TakeJournalLine(const TextLine& line) {
   noted_.Take(line.text);
   if (!line.text.starts_with(journal_line::kSpool) || gap_) return;
-  const std::string_view digits = line.text.substr(journal_line::kSpool.size());
-  int number = -1;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  const bool valid =
-      error == std::errc() && end == digits.data() + digits.size() && number >= 0 && number < kMostSideNames;
-  auto rows = valid ? OpenIfThere(files_, SideFileName(chartFile_, kSpoolEnding, number)) : nullptr;
+  const auto number = SideNumberIn(line.text);
+  auto rows = number ? OpenIfThere(files_, SideFileName(chartFile_, kSpoolEnding, *number)) : nullptr;
   gap_ = rows == nullptr;
   if (rows) parts_.push_back(std::make_unique<GrowingRows>(std::move(rows), RowStart{1, 0}, RowNumbers::kEachLine));
 }

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "publish/growing_rows.h"
 #include "recording/companion/companion.h"
 #include "recording/journal/failure_notes.h"
+#include "recording/journal/growing_rows.h"
 
 namespace chartproject {
 
@@ -58,7 +58,8 @@ class RecordingFeed {
  private:
   void FollowJournal();
   void TakeJournalLine(const TextLine& line);
-  [[nodiscard]] bool JournalIsThere();
+  /// The very journal that was found; null when it is not there any more.
+  [[nodiscard]] std::unique_ptr<InputFile> OpenJournal();
 
   FileSystem& files_;
   const CodePage& codePage_;

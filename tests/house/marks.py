@@ -23,8 +23,7 @@ def missing_in_elf(name):
 
 # Libraries that the system keeps ready for every program, or loads by the manifest. Any other one would be looked for
 # beside the host first.
-READY = {"advapi32", "comctl32", "comdlg32", "gdi32", "gdiplus", "kernel32", "msvcrt", "ole32", "oleaut32", "shell32",
-         "user32"}
+READY = {"advapi32", "comctl32", "gdi32", "gdiplus", "kernel32", "msvcrt", "ole32", "oleaut32", "shell32", "user32"}
 
 
 def imported(name):

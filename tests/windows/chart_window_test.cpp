@@ -1,8 +1,10 @@
 // The chart window as a script host opens it and a user works in it.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <fstream>
 #include <optional>
+#include <span>
 
 #include "backends/win32/drawing/win32_clipboard.h"
 #include "backends/win32/registry_text.h"
@@ -11,12 +13,14 @@
 #include "windows/form_driver.h"
 
 #include <commctrl.h>
+#include <psapi.h>
 
 namespace chartproject::testing {
 namespace {
 
 using ::testing::AllOf;
 using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 std::string Quoted(const std::string& file) {
@@ -169,6 +173,29 @@ TEST(ChartWindowOnWindows, FitsZoomsFindsMeasuresAndCopiesByKeyboardAlone) {
   EXPECT_EQ(host.ExitCode(), 0);
 }
 
+TEST(ChartWindowOnWindows, LoadsNothingThatLiesBesideTheComponentUnderANameOfTheSystems) {
+  const std::string folder = R"(P:\package\)";
+  const char* const planted[] = {"winmm.dll", "winspool.drv", "msftedit.dll", "riched20.dll", "uxtheme.dll"};
+  for (const char* name : planted) CopyFileA((folder + "DriveLinkSim.dll").c_str(), (folder + name).c_str(), FALSE);
+  ScriptHost host = OpenChart("English");
+  const FormDriver form(host.Process(), L"");
+  const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, host.Process());
+  std::array<HMODULE, 500> modules{};
+  DWORD size = 0;
+  EnumProcessModules(process, modules.data(), sizeof modules, &size);
+  std::vector<std::string> beside;
+  for (const HMODULE module : std::span(modules).first(size / sizeof(HMODULE))) {
+    char name[MAX_PATH] = "";
+    GetModuleFileNameExA(process, module, name, MAX_PATH);
+    if (std::string_view(name).starts_with("P:")) beside.emplace_back(name);
+  }
+  EXPECT_THAT(beside, ElementsAre(folder + "ChartProject.dll"));
+  CloseHandle(process);
+  form.Close();
+  EXPECT_EQ(host.ExitCode(), 0);
+  for (const char* name : planted) DeleteFileA((folder + name).c_str());
+}
+
 TEST(ChartWindowOnWindows, ReportsAFileThatItCannotShowAndReturnsToTheHost) {
   for (const char* file : {"no such file.cht", "plant.txt"}) {
     ScriptHost host("host.vbs", "English " + Quoted(file));
@@ -185,10 +212,11 @@ HWND StatusWindow() {
 }
 
 TEST(PrintingOnWindows, SaysSoUntilThePrinterHasThePage) {
-  // The printer takes the page when the test allows it, or after half a minute.
+  // The printer takes the page when the test allows it, or after a minute.
+  for (const char* left : {"\\go", "\\page.ps"}) DeleteFileA((TestFolder() + left).c_str());
   const TestPrinter printer(
       "|cd \"$WINEPREFIX/dosdevices/p:/run\"; "
-      "for i in $(seq 300); do [ -e go ] && break; sleep 0.1; done; cat >page.ps");
+      "for i in $(seq 600); do [ -e go ] && break; sleep 0.1; done; cat >page.ps");
   ScriptHost host = OpenChart("English");
   Print(host, IDYES);
   EXPECT_TRUE(WaitFor([] { return StatusWindow() != nullptr; }));

@@ -53,6 +53,14 @@ HWND Find(const wchar_t* windowClass, DWORD process, const std::wstring& caption
   return search.found;
 }
 
+/// The window that has the focus of the thread that owns a window.
+HWND FocusOf(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  return info.hwndFocus;
+}
+
 }  // namespace
 
 bool WaitFor(const std::function<bool()>& condition) {
@@ -118,12 +126,7 @@ void FormDriver::Press(const std::string& name) const {
 }
 
 bool FormDriver::GetsFocus(const std::string& name) const {
-  return WaitFor([&] {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
-    return info.hwndFocus == Control(name);
-  });
+  return WaitFor([&] { return FocusOf(window_) == Control(name); });
 }
 
 void FormDriver::Keys(const std::vector<WORD>& keys) const {
@@ -343,7 +346,10 @@ INPUT KeyInput(WORD virtualKey, DWORD flags) {
 }  // namespace
 
 void PressKeys(HWND window, const std::vector<WORD>& keys) {
-  const auto ready = [window] { return GetForegroundWindow() == window && IsWindowEnabled(window) != 0; };
+  const auto ready = [window] {  // a window comes to the front before it gives one of its controls the focus
+    const bool front = GetForegroundWindow() == window && IsWindowEnabled(window) != 0;
+    return front && GetAncestor(FocusOf(window), GA_ROOT) == window;
+  };
   EXPECT_TRUE(WaitFor(ready)) << "the window takes no keys";
   std::vector<INPUT> inputs;
   for (const WORD key : keys) {

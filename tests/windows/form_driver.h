@@ -110,7 +110,8 @@ inline constexpr WORD kAlt = 0x100;
 inline constexpr WORD kShift = 0x200;
 inline constexpr WORD kControl = 0x400;
 
-/// Keys pressed and let go, as the keyboard does it, when a window has come to the front and takes input.
+/// Keys pressed and let go, as the keyboard does it, when a window has come to the front and has the focus. Without a
+/// key: waits until then.
 void PressKeys(HWND window, const std::vector<WORD>& keys);
 /// Holds a key down until it shows; false when it does not.
 [[nodiscard]] bool HoldKey(WORD virtualKey, const std::function<bool()>& shows);

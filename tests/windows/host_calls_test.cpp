@@ -74,7 +74,7 @@ TEST(HostCalls, TakeTheFileNameInEveryFormOfAnArgument) {
 }
 
 std::optional<ComRef<_ChartClass>> held;
-std::atomic<bool> letGo = false;
+std::atomic<bool> letGo = false;  ///< by the host, from within the loop of its call
 
 void CALLBACK LetGo(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
   KillTimer(nullptr, timer);
@@ -96,6 +96,29 @@ TEST(HostCalls, TheHostMayLetGoOfTheObjectWhileItsWindowIsUp) {
   user.join();
   const FARPROC canUnload = GetProcAddress(GetModuleHandleW(L"ChartProject.dll"), "DllCanUnloadNow");
   EXPECT_EQ(reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(canUnload))(), S_OK);
+}
+
+void CALLBACK CallAgain(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+  KillTimer(nullptr, timer);
+  EXPECT_EQ((*held)->CreateChart(ComText(TestFolder() + "\\linux.cht").Get()), S_OK);
+  letGo = true;
+}
+
+TEST(HostCalls, ACallWithinTheLoopOfAnotherShowsItsWindowOverTheFirstOne) {
+  letGo = false;
+  held.emplace(Create());
+  SetTimer(nullptr, 0, 10, CallAgain);
+  std::thread user([] {
+    const FormDriver second(GetCurrentProcessId(), L"Chart File - linux.cht");
+    const FormDriver first(GetCurrentProcessId(), L"Chart File - show.cht");
+    EXPECT_EQ(IsWindowEnabled(first.Window()), 0);
+    second.Close();
+    EXPECT_TRUE(WaitFor([&] { return letGo && IsWindowEnabled(first.Window()) != 0; }));
+    first.Close();
+  });
+  EXPECT_EQ((*held)->CreateChart(ComText(TestFolder() + "\\show.cht").Get()), S_OK);
+  user.join();
+  held.reset();
 }
 
 // Run by itself: the system keeps a thread for the objects of such clients, and with it the module in use.

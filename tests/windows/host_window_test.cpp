@@ -188,6 +188,7 @@ TEST(ScreenReaders, HearANameOfEachControlAndTheChartsReadout) {
   for (const auto& [chart, names] : forms) {
     const WindowHost host(chart);
     const FormDriver form(GetCurrentProcessId(), L"");
+    form.Keys({});
     for (const auto& [control, name] : names) EXPECT_EQ(SpokenNameOf(form.Control(control)), name) << control;
     if (!chart.empty()) {
       const HWND picture = form.Control("mscChart1");
@@ -341,7 +342,13 @@ void ExpectFit(const FormDriver& form, const std::string& name, int height = 600
     SendMessageW(window, WM_DPICHANGED, MAKELONG(dots, dots), reinterpret_cast<LPARAM>(&place));
     SetWindowPos(window, nullptr, 0, 0, 10, 10, SWP_NOZORDER | SWP_NOACTIVATE);
     const int dotsOfWindow = GetSystemMetrics(SM_CYSCREEN) * 96 / dots;
-    EXPECT_THAT(Faults(window, dotsOfWindow < height), IsEmpty()) << name << " at " << dots;
+    std::set<std::string> faults = Faults(window, dotsOfWindow < height);
+    // A recording changes its texts while they are looked at: what it says next is seen with its own place.
+    for (int again = 0; again < 3 && !faults.empty(); ++again) {
+      SendMessageW(window, WM_NULL, 0, 0);
+      faults = Faults(window, dotsOfWindow < height);
+    }
+    EXPECT_THAT(faults, IsEmpty()) << name << " at " << dots;
   }
 }
 
@@ -395,9 +402,10 @@ TEST(FormsInThreeLanguages, ShowEveryTextInFull) {
     const FormDriver chart(GetCurrentProcessId(), L"");
     ExpectFit(chart, language.first + ", chart");
     for (const char letter : {'G', 'F'}) {
+      chart.Keys({});
       SendMessageW(chart.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(chart.Control("mscChart1")), TRUE);
       chart.Keys({static_cast<WORD>(kControl | letter)});
-      EXPECT_TRUE(WaitFor([&] { return GetForegroundWindow() != chart.Window(); }));
+      EXPECT_TRUE(WaitFor([&] { return GetWindow(GetForegroundWindow(), GW_OWNER) == chart.Window(); }));
       const FormDriver asking(GetCurrentProcessId(), L"");
       EXPECT_NE(asking.Window(), chart.Window());
       ExpectFit(asking, language.first + ", " + letter);

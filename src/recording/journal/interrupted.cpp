@@ -28,15 +28,6 @@ std::size_t EndingAt(std::string_view name) {
   return std::string_view::npos;
 }
 
-std::unique_ptr<InputFile> OpenIfThere(FileSystem& files, const std::string& name) {
-  if (!files.FileExists(name)) return nullptr;
-  try {
-    return files.OpenForReading(name);
-  } catch (const RunTimeError&) {
-    return nullptr;  // a pipe, a folder, a file of somebody else: not a recording's
-  }
-}
-
 /// How the rows are read.
 struct Reading {
   std::uint64_t limit = kNoSurveyLimit;
@@ -67,6 +58,7 @@ std::optional<InterruptedRecording> JournalAt(FileSystem& files, const CodePage&
   if (!file) return std::nullopt;
   found.journal = ReadJournal(*file, codePage);
   if (!found.journal) return std::nullopt;
+  found.journalIdentity = file->Identity();
   if (found.journal->rows) AddRowFile(files, found, {found.journalFile, *found.journal->rows}, reading);
   for (const int spool : found.journal->spools) {
     AddRowFile(files, found, {SideFileName(chartFile, kSpoolEnding, spool), {1, 0}}, reading);
@@ -104,6 +96,27 @@ std::vector<InterruptedRecording> FindBeside(FileSystem& files, const CodePage& 
     if (bare.rows.points > 0) all.push_back(std::move(bare));
   }
   return all;
+}
+
+std::optional<InterruptedRecording> FindNewest(FileSystem& files, const CodePage& codePage,
+                                               const std::string& chartFile, std::uint64_t limit) {
+  std::optional<InterruptedRecording> newest;
+  for (int number = 0; number < kNamesTried; ++number) {
+    auto found = JournalAt(files, codePage, chartFile, number, {limit, nullptr});
+    if (!found) continue;
+    if (newest && found->journalIdentity.modifiedNanos < newest->journalIdentity.modifiedNanos) continue;
+    newest = std::move(found);
+  }
+  return newest;
+}
+
+std::unique_ptr<InputFile> OpenIfThere(FileSystem& files, const std::string& name) {
+  if (!files.FileExists(name)) return nullptr;
+  try {
+    return files.OpenForReading(name);
+  } catch (const RunTimeError&) {
+    return nullptr;  // removed at this moment; a pipe, a folder, a file of somebody else: not a recording's
+  }
 }
 
 std::vector<std::string> InterruptedChartFiles(FileSystem& files, const std::string& folder) {

@@ -1,6 +1,7 @@
 // Finding recordings that were interrupted: journals and spool files whose recording does not run any more.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@ struct RowFile {
 struct InterruptedRecording {
   std::string chartFile;                  ///< the chart file that it was for
   std::string journalFile;                ///< empty when only a spool file is left
+  FileIdentity journalIdentity;           ///< of that file
   std::optional<JournalReading> journal;  ///< nothing without a journal file
   std::vector<RowFile> rowFiles;          ///< in the order of their rows; those that are there
   RowSurvey rows;                         ///< of all of them
@@ -43,6 +45,14 @@ inline constexpr std::uint64_t kGlanceBytes = 64'000'000;
                                                            const std::string& chartFile,
                                                            std::uint64_t limit = kNoSurveyLimit,
                                                            ReadProgress* progress = nullptr);
+
+/// The journal beside a chart file that was written last, with its rows as above: that of the recording that runs, or
+/// that ran last. Nothing without a journal. Throws RunTimeError 57.
+[[nodiscard]] std::optional<InterruptedRecording> FindNewest(FileSystem& files, const CodePage& codePage,
+                                                             const std::string& chartFile, std::uint64_t limit);
+
+/// Opens a file of a recording; null when it is not there, is removed at this moment, or is not a file at all.
+[[nodiscard]] std::unique_ptr<InputFile> OpenIfThere(FileSystem& files, const std::string& name);
 
 /// The chart files of a folder beside which there is a journal or a spool file, each once, in order. Throws
 /// RunTimeError when the folder cannot be read.

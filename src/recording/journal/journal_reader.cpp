@@ -49,10 +49,10 @@ bool TakeOwnLine(std::string_view line, JournalReading& reading) {
   } else if (line.starts_with(journal_line::kBegun)) {
     reading.begun = MomentOf(value);
   } else if (line.starts_with(journal_line::kSpool) || line.starts_with(journal_line::kLost)) {
-    const auto number = NumberIn(value, 0, kMostSideNames - 1);
+    const auto number = SideNumberIn(line);
     if (!number) return true;
-    std::erase(reading.spools, static_cast<int>(*number));
-    if (line.starts_with(journal_line::kSpool)) reading.spools.push_back(static_cast<int>(*number));
+    std::erase(reading.spools, *number);
+    if (line.starts_with(journal_line::kSpool)) reading.spools.push_back(*number);
   } else {
     return false;
   }
@@ -74,6 +74,11 @@ std::string HeadOf(InputFile& file) {
 }
 
 }  // namespace
+
+std::optional<int> SideNumberIn(std::string_view line) {
+  const auto number = NumberIn(AfterEquals(line), 0, kMostSideNames - 1);
+  return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
+}
 
 std::optional<JournalReading> ReadJournal(InputFile& file, const CodePage& codePage) {
   JournalReading reading;

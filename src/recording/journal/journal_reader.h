@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/clock.h"
@@ -18,6 +19,9 @@ struct JournalReading {
   std::optional<RowStart> rows;                ///< of rows in the journal itself
   std::vector<int> spools;                     ///< numbers of its spool files, in the order of their rows
 };
+
+/// The number of a line that names a spool file, see journal_line; nothing when no spool file has it.
+[[nodiscard]] std::optional<int> SideNumberIn(std::string_view line);
 
 /// Nothing when the file does not begin as a journal of this version does. At most kHeaderLimit bytes are examined for
 /// header lines; a line without its line end was being written when the recording was interrupted, and is left out.

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "common/values/line_reader.h"
+#include "recording/journal/growing_rows.h"
 
 namespace chartproject {
 
@@ -68,16 +68,12 @@ class JoinedRows : public InputFile {
 };
 
 /// The rows of a journal: at most a few thousand, among notes of failed readings.
-Stretch RowsOfJournal(InputFile& file, const RowStart& first) {
-  constexpr std::size_t kLongestLine = 4096;
-  constexpr std::size_t kMostBytes = 4'000'000;
-  const std::uint64_t end = file.Identity().size;
+Stretch RowsOfJournal(std::unique_ptr<InputFile> file, const RowStart& first) {
+  constexpr std::uint64_t kMostBytes = 4'000'000;
+  GrowingRows journal(std::move(file), first, RowNumbers::kEachPoint);
+  journal.Refresh(true);
   Stretch stretch;
-  file.Seek(first.offset);
-  LineReader lines(file, kLongestLine, 1, first.offset);
-  for (TextLine line; lines.Next(line) && stretch.rows.size() < kMostBytes;) {
-    if (line.offset + line.text.size() >= end) break;  // without its end: a row that is being written
-    if (line.cut || line.text.starts_with('\'')) continue;
+  for (PointLine line; stretch.rows.size() < kMostBytes && journal.Next(line);) {
     stretch.rows.append(line.text).append("\r\n");
   }
   stretch.size = stretch.rows.size();
@@ -88,13 +84,10 @@ Stretch RowsOfJournal(InputFile& file, const RowStart& first) {
 
 std::optional<UnfinishedRecording> FindUnfinished(FileSystem& files, const CodePage& codePage,
                                                   const std::string& chartFile) {
-  std::optional<UnfinishedRecording> found;
-  for (InterruptedRecording& recording : FindBeside(files, codePage, chartFile, kGlance)) {
-    if (!recording.journal || recording.rowFiles.empty()) continue;
-    // The latest one: what an earlier recording left has a lower number, or a name of its own by now.
-    found = UnfinishedRecording{recording.journalFile, std::move(*recording.journal), std::move(recording.rowFiles)};
-  }
-  return found;
+  auto newest = FindNewest(files, codePage, chartFile, kGlance);
+  if (!newest || newest->rowFiles.empty()) return std::nullopt;
+  return UnfinishedRecording{newest->journalFile, newest->journalIdentity, std::move(*newest->journal),
+                             std::move(newest->rowFiles)};
 }
 
 std::unique_ptr<InputFile> OpenRows(FileSystem& files, const UnfinishedRecording& recording) {
@@ -107,7 +100,7 @@ std::unique_ptr<InputFile> OpenRows(FileSystem& files, const UnfinishedRecording
     if (stretches.empty()) identity = file;
     stretch.begin = rows.first.offset;
     stretch.size = file.size - std::min(file.size, stretch.begin);
-    if (rows.name == recording.journalFile) stretch = RowsOfJournal(*stretch.file, rows.first);
+    if (rows.name == recording.journalFile) stretch = RowsOfJournal(std::move(stretch.file), rows.first);
     stretches.push_back(std::move(stretch));
   }
   return std::make_unique<JoinedRows>(std::move(stretches), identity);

@@ -14,11 +14,13 @@ namespace chartproject {
 /// A recording that runs, in this program or in another one, or that was interrupted.
 struct UnfinishedRecording {
   std::string journalFile;
+  FileIdentity journalIdentity;
   JournalReading journal;
   std::vector<RowFile> rowFiles;  ///< in the order of their rows
 };
 
-/// Looks beside a chart file. Nothing without a journal, and before the first row. Throws RunTimeError 57.
+/// Looks beside a chart file, for the journal that was written last. Nothing without a journal, and before the first
+/// row. Throws RunTimeError 57.
 [[nodiscard]] std::optional<UnfinishedRecording> FindUnfinished(FileSystem& files, const CodePage& codePage,
                                                                 const std::string& chartFile);
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "backends/win32/boxes/input_box.h"
+#include "backends/win32/com_module.h"
 #include "backends/win32/wide_text.h"
 #include "backends/win32/widgets/themed_controls.h"
 #include "backends/win32/widgets/window_classes.h"
@@ -43,6 +44,21 @@ std::wstring FilterList(const std::string& filter) {
   throw RunTimeError(error_number::kInvalidProcedureCall, Text::kFileDialogFailed, {std::to_string(failure)});
 }
 
+/// Shows the system's box. The name that the user chose; nothing when it was cancelled. The box comes from a library
+/// that loads others: by the system's folder they are looked for there, too.
+std::optional<std::string> Choose(OPENFILENAMEW& dialog, bool forWriting) {
+  constexpr const wchar_t* kBoxes = L"comdlg32.dll";
+  using Box = decltype(&GetSaveFileNameW);
+  static const auto save = SystemFunction<Box>(kBoxes, "GetSaveFileNameW");
+  static const auto open = SystemFunction<Box>(kBoxes, "GetOpenFileNameW");
+  static const auto failureOfBox = SystemFunction<decltype(&CommDlgExtendedError)>(kBoxes, "CommDlgExtendedError");
+  if (save == nullptr || open == nullptr || failureOfBox == nullptr) ThrowDialogFailure(GetLastError());
+  if ((forWriting ? save : open)(&dialog) != 0) return ToUtf8(dialog.lpstrFile);
+  const DWORD failure = failureOfBox();
+  if (failure == 0) return std::nullopt;
+  ThrowDialogFailure(failure);
+}
+
 }  // namespace
 
 std::int16_t Win32Dialogs::ShowMessageBox(const MessageBoxRequest& request) {
@@ -76,10 +92,7 @@ std::optional<std::string> AskForNewFile(const std::string& proposal) {
   dialog.lpstrFile = name.data();
   dialog.nMaxFile = static_cast<DWORD>(name.size());
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
-  if (GetSaveFileNameW(&dialog) != 0) return ToUtf8(name.data());
-  const DWORD failure = CommDlgExtendedError();
-  if (failure == 0) return std::nullopt;  // cancelled
-  ThrowDialogFailure(failure);
+  return Choose(dialog, true);
 }
 
 std::string Win32Dialogs::ShowInputBox(const InputBoxRequest& request) {
@@ -102,12 +115,7 @@ std::optional<std::string> Win32Dialogs::ShowOpenFile(const OpenFileRequest& req
   // Whoever asked for a file to write knows what may be replaced, and asks.
   const auto flags = static_cast<DWORD>(request.flags);
   dialog.Flags = (flags & ~static_cast<DWORD>(OFN_OVERWRITEPROMPT)) | OFN_EXPLORER | OFN_NOCHANGEDIR;
-  const bool forWriting = (flags & OFN_OVERWRITEPROMPT) != 0;
-  const BOOL chosen = forWriting ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
-  if (chosen != 0) return ToUtf8(name.data());
-  const DWORD failure = CommDlgExtendedError();
-  if (failure == 0) return std::nullopt;  // cancelled
-  ThrowDialogFailure(failure);
+  return Choose(dialog, (flags & OFN_OVERWRITEPROMPT) != 0);
 }
 
 }  // namespace chartproject::win32

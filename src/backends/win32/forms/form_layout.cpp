@@ -55,6 +55,7 @@ void FormLayout::SetScale(double scale) {
   OwnedFont font(CreateFontIndirectW(&metrics.lfMessageFont));
   context_.scale = scale;
   context_.font = font.Get();
+  context_.measured.clear();
   widgets_.ShowFont();
   std::swap(font_, font);  // the former one goes when no window shows it any more
 }
@@ -161,9 +162,14 @@ void FormLayout::PaintGroups() const {
     if (titled) place.top += LineHeight(context_) / 2;
     FrameRect(paint.Get(), &place, line.Get());
     if (!titled) continue;
-    title.left += context_.Dots(kGroupPadding);
+    // A blank on both sides keeps the line away from the words.
+    const std::wstring caption = ToWide(control->Caption());
+    const std::wstring words = L" " + caption + (caption.ends_with(L' ') ? L"" : L" ");
+    SIZE blank{};
+    GetTextExtentPoint32W(paint.Get(), words.c_str(), 1, &blank);
+    title.left += context_.Dots(kGroupPadding) - blank.cx;
     SetTextColor(paint.Get(), GetSysColor(control->EffectivelyEnabled() ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
-    DrawTextW(paint.Get(), ToWide(control->Caption()).c_str(), -1, &title, DT_LEFT | DT_TOP | DT_SINGLELINE);
+    DrawTextW(paint.Get(), words.c_str(), -1, &title, DT_LEFT | DT_TOP | DT_SINGLELINE);
   }
 }
 

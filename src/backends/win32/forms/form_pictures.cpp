@@ -21,6 +21,14 @@ FormPictures::~FormPictures() {
   if (buttonCursor_ && GetCursor() == buttonCursor_.Get()) SetCursor(LoadCursorW(nullptr, IDC_ARROW));
 }
 
+void FormPictures::ShowOwnersIcon(HWND window) {
+  const HWND owner = GetWindow(window, GW_OWNER);
+  if (owner == nullptr) return;
+  for (const WPARAM size : {ICON_BIG, ICON_SMALL}) {
+    SendMessageW(window, WM_SETICON, size, SendMessageW(owner, WM_GETICON, size, 0));
+  }
+}
+
 void FormPictures::ShowIcon(HWND window) {
   const std::wstring file = ToWide(form_.IconFile());
   OwnedIcon icon = LoadIconOf(file, SM_CXICON, SM_CYICON);

@@ -14,6 +14,8 @@ class FormPictures {
   FormPictures(const FormPictures&) = delete;
   FormPictures& operator=(const FormPictures&) = delete;
 
+  /// Shows the icon of the window's owner on it, until the form has one.
+  static void ShowOwnersIcon(HWND window);
   /// Shows the form's icon on its window.
   void ShowIcon(HWND window);
   /// Shows the form's pointer, at once.

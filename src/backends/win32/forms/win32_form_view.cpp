@@ -69,6 +69,7 @@ void Win32FormView::MakeWindow() {
   if (context_.formWindow == nullptr) {
     throw RunTimeError(error_number::kInvalidProcedureCall, Text::kWindowNotMade);
   }
+  FormPictures::ShowOwnersIcon(context_.formWindow);
   layout_.SetScale(ScaleOf(context_.formWindow));
   toolTips_.Make();
 }

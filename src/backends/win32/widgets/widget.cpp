@@ -12,6 +12,10 @@
 namespace chartproject::win32 {
 
 SIZE MeasureText(const WidgetContext& context, std::wstring_view text, int width, bool prefix) {
+  constexpr std::size_t kManyTexts = 10'000;  // a list of them may be long, and texts change while a form is up
+  if (context.measured.size() > kManyTexts) context.measured.clear();
+  const auto [entry, isNew] = context.measured.try_emplace({std::wstring(text), width, prefix});
+  if (!isNew) return entry->second;
   RECT box{0, 0, width, 0};
   const HDC dc = GetDC(context.formWindow);
   const HGDIOBJ before = SelectObject(dc, context.font);
@@ -19,7 +23,7 @@ SIZE MeasureText(const WidgetContext& context, std::wstring_view text, int width
   if (!text.empty()) DrawTextW(dc, text.data(), static_cast<int>(text.size()), &box, flags);
   SelectObject(dc, before);
   ReleaseDC(context.formWindow, dc);
-  return {box.right, box.bottom};
+  return entry->second = {box.right, box.bottom};
 }
 
 void PaintFocus(HWND window, HDC dc) {

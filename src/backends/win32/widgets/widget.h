@@ -3,9 +3,11 @@
 
 #include <cmath>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "backends/win32/drawing/gdiplus_canvas.h"
 #include "backends/win32/handles.h"
@@ -19,6 +21,9 @@ struct WidgetContext {
   HFONT font = nullptr;
   double scale = 1.0;  ///< dots to the layout's pixel
   GdiplusFonts& fonts;
+  /// Texts measured in that font, by text, width and prefix: a layout asks for the same ones many times over, and a
+  /// list for each of its entries.
+  mutable std::map<std::tuple<std::wstring, int, bool>, SIZE> measured{};
 
   [[nodiscard]] int Dots(double pixels) const { return static_cast<int>(std::lround(pixels * scale)); }
 };

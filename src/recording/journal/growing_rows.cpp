@@ -1,5 +1,5 @@
 // The end of the last whole line is looked for from the end of the file.
-#include "publish/growing_rows.h"
+#include "recording/journal/growing_rows.h"
 
 #include <algorithm>
 #include <array>
