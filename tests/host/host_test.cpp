@@ -1,4 +1,5 @@
 // The commands in this process: what they print, refuse and leave, and what they show in windows and on paper.
+#include "acquire/dialog/acquire_form.h"
 #include "chart/window/chart_form.h"
 #include "host/host_case.h"
 #include "host/program.h"
@@ -328,8 +329,16 @@ TEST_F(HostTest, TheStartWindowKnowsTheDrivesAndTheChartsOfBefore) {
 }
 
 TEST_F(HostTest, WithoutFileAndParametersTheDialogOpens) {
+  ASSERT_EQ(Record(3).code, 0);
+  screen.onForm = [this](Form& form) {
+    auto* const dialog = dynamic_cast<AcquireForm*>(&form);
+    if (dialog == nullptr) return;
+    dialog->file.NameFile(folder / "run.cht");
+    dialog->cmdViewChart.Press();
+  };
   EXPECT_EQ(Run({"acquire"}).code, 0);
-  ASSERT_EQ(screen.windows.size(), 1U);
+  EXPECT_THAT(screen.windows, ElementsAre(HasSubstr("Acquire Parameter"), "Chart File - run.cht"));
+  EXPECT_THAT(FileBytes("profile/Kestrel v5.60.ini"), HasSubstr("strRecent1=" + (folder / "run.cht")));
 }
 
 TEST_F(HostTest, AMadeProjectRecordsInEachLanguage) {

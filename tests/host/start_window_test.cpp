@@ -87,7 +87,8 @@ TEST_F(StartWindow, EveryCaptionAndToolTipIsThere) {
 TEST_F(StartWindow, AChoiceIsTakenWhenItIsCompleteAndStored) {
   LinkSection& link = form.link;
   EXPECT_EQ(link.cboLink.Text(), "simulated");
-  EXPECT_FALSE(link.cmdTestLink.Visible() || link.cboPort.Visible() || link.txtPort.Visible());
+  EXPECT_FALSE(link.cmdTestLink.Visible() || link.cboPort.Visible() || link.txtPort.Visible() ||
+               link.lblLinkNote.Visible());
   Choose(link.cboLink, "serial port");
   EXPECT_THAT(link.cboPort.Items(), ElementsAre("/dev/serial/by-id/usb-converter", "/dev/ttyS0 (in use by other (12))",
                                                 "another ...", "look again"));
