@@ -352,7 +352,7 @@ TEST_P(EveryType, LanesHaveAnAxisEachAndHiddenSeriesNeither) {
   const Rect& lower = lanes.lanes[1].plot.Reach();
   EXPECT_LT(upper.Bottom(), lower.y);
   EXPECT_EQ(upper.width, lanes.lanes[1].plot.front.width);
-  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, upper.y + 1}), &lanes.lanes[0]);
+  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, upper.y + 1}), lanes.lanes.data());
   EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, lower.Bottom() - 1}), &lanes.lanes[1]);
   EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x + 1, upper.y + 1}), nullptr);
   for (ChartSeries& series : model.series) series.visible = false;
