@@ -16,8 +16,8 @@ constexpr std::size_t kPieceOffsets = 16'384;  // 128 KB
 
 }  // namespace
 
-KeptWriter::KeptWriter(FileSystem& files, const std::string& chartFile, std::string key, const FileSurvey& survey,
-                       const LineIndex& index)
+KeptWriter::KeptWriter(FileSystem& files, const std::string& chartFile, const std::string& key,
+                       const FileSurvey& survey, const LineIndex& index)
     : files_(files), survey_(survey), index_(index) {
   try {
     Begin(chartFile, key);

@@ -14,7 +14,7 @@ class KeptWriter {
  public:
   /// Nothing throws: a survey that cannot be kept is made anew the next time. @param files,survey,index outlive the
   /// writer and do not change meanwhile; the other parameters as those of KeptReader
-  KeptWriter(FileSystem& files, const std::string& chartFile, std::string key, const FileSurvey& survey,
+  KeptWriter(FileSystem& files, const std::string& chartFile, const std::string& key, const FileSurvey& survey,
              const LineIndex& index);
   ~KeptWriter();
   KeptWriter(const KeptWriter&) = delete;

@@ -66,7 +66,7 @@ CategoryUnit PointFacts::AxisFor(CategoryUnit wanted) const noexcept {
 void PointFacts::CountTimes(CategoryUnit unit, ChartModel& model) const {
   model.categoryUnit = unit;
   if (unit == CategoryUnit::kPoints) return;
-  const double first = static_cast<double>(model.firstRowLabel);
+  const auto first = static_cast<double>(model.firstRowLabel);
   const double origin = unit == CategoryUnit::kTimeOfDay ? clock_.FirstOfDay().value_or(0) : 0;
   const auto perRow = static_cast<double>(model.labelsPerRow);
   for (const ClockKnot& knot : clock_.Knots(first, first + std::max(1, model.rowCount - 1) * perRow)) {
