@@ -23,6 +23,7 @@ class FormDriver {
  public:
   /// Waits for a form (or the newest of several) of a process whose caption begins with `caption`.
   FormDriver(DWORD process, const std::wstring& caption);
+  explicit FormDriver(HWND window) noexcept : window_(window) {}
 
   [[nodiscard]] HWND Window() const noexcept { return window_; }
   [[nodiscard]] bool IsUp() const { return IsWindow(window_) != 0 && IsWindowVisible(window_) != 0; }
