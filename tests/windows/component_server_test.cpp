@@ -225,8 +225,8 @@ TEST(ComponentServer, ThreadsWithObjectsOfTheirOwnDoNotDisturbEachOther) {
   {
     const ComRef<_ChartClass> keepsTheLibrary = Create();
     fourHosts();  // so many windows at once take numbers that nothing needed before
-    // The heap of many threads settles after some ten rounds, 5 MB up; 96 charts or dialogs that leak take more than 40
-    // KB each.
+    // The heap of many threads settles after some ten rounds, 5 MB up; of 128 charts and dialogs those that leak take
+    // more than 32 KB each.
     ExpectNoGrowth(4, fourHosts, 4 << 20);
   }
   EXPECT_EQ(failures, 0);
