@@ -64,7 +64,8 @@ class SeriesSums {
     result.maximum = maximum_;
     // Rounding must not move the mean of equal values past them: it would count as crossed.
     result.mean = std::clamp(sum_.Value() / count, minimum_, maximum_);
-    result.rms = std::sqrt(squares_.Value() / count);
+    const double meanSquare = squares_.Value() / count;
+    result.rms = std::isfinite(meanSquare) ? std::sqrt(meanSquare) : kUnknown;  // of 1e155 the square is too large
     result.slope = spread_ > 0 ? together_ / spread_ : kUnknown;
     result.integral = std::isnan(secondsBefore_) ? kUnknown : area_.Value();
     return result;

@@ -23,8 +23,9 @@ constexpr double kGap = 0.35;
 constexpr double kColumnGap = 0.4;
 constexpr double kChartHeight = 10.5;
 constexpr double kSwatch = 0.24;
-constexpr double kLargestColumn = 3.2;  // of a table's numbers
-constexpr double kNumbersShare = 0.6;   // of a table's width
+constexpr double kLargestColumn = 3.2;     // of a table's numbers
+constexpr double kNumbersShare = 0.6;      // of a table's width
+constexpr double kMostNumbersShare = 0.8;  // where numbers are long
 constexpr int kMostTitleLines = 2;
 constexpr int kMostValueLines = 2;
 constexpr int kMostLongLines = 8;
@@ -177,10 +178,23 @@ class ReportPages {
     const double height = ReportSheets::LineHeight(kTextFont);
     PlaceHeading(table.title, static_cast<double>(table.rows.size() + 1) * height);
     const auto numbers = static_cast<double>(table.heads.size() - 1);
-    const double column = std::min(kLargestColumn, sheets_.Width() * kNumbersShare / numbers);
+    const double column = std::clamp(WidestNumber(table) + kColumnGap / 2,
+                                     std::min(kLargestColumn, sheets_.Width() * kNumbersShare / numbers),
+                                     sheets_.Width() * kMostNumbersShare / numbers);
     PlaceRow(table.heads, -1, column, kLabelFont);
     sheets_.AddRule(sheets_.Take(kGap / 8));
     for (const ReportTable::Row& row : table.rows) PlaceRow(row.cells, row.series, column, kTextFont);
+  }
+
+  [[nodiscard]] double WidestNumber(const ReportTable& table) const {
+    double widest = 0;
+    for (std::size_t i = 1; i < table.heads.size(); ++i) {
+      widest = std::max(widest, printer_.TextWidth(table.heads[i], kLabelFont));
+      for (const ReportTable::Row& row : table.rows) {
+        widest = std::max(widest, printer_.TextWidth(row.cells[i], kTextFont));
+      }
+    }
+    return widest;
   }
 
   /// The first cell at the left, the others each up to the end of its column.

@@ -54,6 +54,13 @@ void AddDifferences(const Environment& environment, const ChartView& view, const
   table.rows[1].cells.push_back(TimeBetween(environment, view, points[0], points[1]));
   constexpr double kFinest = 1e9;  // digits that the subtraction of decimals in binary brings along are after it
   for (std::size_t s = 0; s + 2 < table.rows.size(); ++s) {
+    const auto failed = [&](const CursorPoint& point) {
+      return view.Facts().Failure(static_cast<int>(s), point.number).has_value();
+    };
+    if (failed(points[0]) || failed(points[1])) {
+      table.rows[s + 2].cells.emplace_back("--");
+      continue;
+    }
     const double difference = points[1].slice.values[s].front() - points[0].slice.values[s].front();
     table.rows[s + 2].cells.push_back(Signed(std::round(difference * kFinest) / kFinest, format));
   }

@@ -54,11 +54,15 @@ void PublishOptions::AddTo(CLI::App& command, const std::string& urlOption, int 
       .add_option("--token-file", tokenFile_,
                   "file with the server's token: TOKEN, \"Bearer TOKEN\" or \"Basic NAME:PASSWORD\" (or the variable "
                   "CHARTPROJECT_PUBLISH_TOKEN)")
-      ->type_name("PATH");
-  command.add_option("--ca-file", certificates_, "certificates to trust, in place of the system's")->type_name("PATH");
+      ->type_name("PATH")
+      ->transform(FullName);
+  command.add_option("--ca-file", certificates_, "certificates to trust, in place of the system's")
+      ->type_name("PATH")
+      ->transform(FullName);
   command.add_option("--client-certificate", clientCertificate_, "certificate that names us to the server")
-      ->type_name("PATH");
-  command.add_option("--client-key", clientKey_, "its key")->type_name("PATH");
+      ->type_name("PATH")
+      ->transform(FullName);
+  command.add_option("--client-key", clientKey_, "its key")->type_name("PATH")->transform(FullName);
   command
       .add_option("--wait", wait_,
                   "seconds to wait for a server that does not answer [default: " + std::to_string(usualWait) + "]")
@@ -81,6 +85,7 @@ std::unique_ptr<LinePoster> PublishOptions::MakePoster(FileSystem& files, Langua
   try {
     return PosterOf(files);
   } catch (const RunTimeError& error) {
+    if (error.Number() == error_number::kInvalidProcedureCall) throw RefusedError(error.Description(language));
     throw RunTimeError(error.Number(), error.Description(language));
   }
 }
@@ -91,7 +96,7 @@ std::unique_ptr<LinePoster> PublishOptions::PosterOf(FileSystem& files) const {
   }
   (void)Wait();
   const PostAddress address = MakePostAddress(url_, database_);
-  PostSecurity security{Token(files), FullName(certificates_), FullName(clientCertificate_), FullName(clientKey_)};
+  PostSecurity security{Token(files), certificates_, clientCertificate_, clientKey_};
   for (const std::string* name : {&security.certificates, &security.clientCertificate, &security.clientKey}) {
     if (!name->empty()) (void)files.OpenForReading(*name);  // the library would name it at the first point only
   }
@@ -100,7 +105,7 @@ std::unique_ptr<LinePoster> PublishOptions::PosterOf(FileSystem& files) const {
 
 std::string PublishOptions::Token(FileSystem& files) const {
   std::string token = OfEnvironment(kTokenVariable);
-  const std::string name = tokenFile_.empty() ? kTokenVariable : FullName(tokenFile_);
+  const std::string name = tokenFile_.empty() ? kTokenVariable : tokenFile_;
   if (!tokenFile_.empty()) {
     const auto file = files.OpenForReading(name);
     token.assign(kLongestToken + 2, '\0');
@@ -132,10 +137,10 @@ std::string PublishOptions::CommandFor(const std::string& chartFile) const {
   add("--database", database_);
   if (measurement_ != "chart") add("--measurement", measurement_);
   add("--host", host_);
-  add("--token-file", FullName(tokenFile_));
-  add("--ca-file", FullName(certificates_));
-  add("--client-certificate", FullName(clientCertificate_));
-  add("--client-key", FullName(clientKey_));
+  add("--token-file", tokenFile_);
+  add("--ca-file", certificates_);
+  add("--client-certificate", clientCertificate_);
+  add("--client-key", clientKey_);
   return command;
 }
 

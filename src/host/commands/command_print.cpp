@@ -47,7 +47,7 @@ class PrintCommand : public Command {
   ExitCode Run(Session& session) override {
     if (!report_) RefuseReportOptions();
     ChartPictureOptions::Choice choice = options_.Parse();
-    choice.whole = report_;
+    choice.whole = choice.whole || report_;
     ReportRequest request{{}, choice.look, title_, remark_, ParseCursors()};
     const auto paper = ParsePaper();
     RefuseInterrupted(session.ThePorts(), FullName(file_));

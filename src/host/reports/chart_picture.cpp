@@ -83,6 +83,7 @@ void ChartPictureOptions::AddTo(CLI::App& command) {
   command.add_option("--axis", axis_, "what the category axis counts")
       ->type_name("points|elapsed|time")
       ->capture_default_str();
+  command.add_flag("--fit", fit_, "the whole recording, or all from --first or --from on, as the key F shows it");
   command.add_flag("--lanes", lanes_, "one value axis for each series, one below the other");
   command.add_option("--hide", hidden_, "series that are left out, counted from 1, for example 2,3")
       ->type_name("N[,N...]");
@@ -98,7 +99,9 @@ ChartPictureOptions::Choice ChartPictureOptions::Parse() const {
     choice.pointsPerDivision =
         CheckedInteger16(ParseNumber(division_, "--points-per-division", 1, kMostPointsPerDivision));
   }
+  if (fit_ && !division_.empty()) throw RefusedError("--fit: as many points in a division as show all, not so many");
   choice.range = range_;
+  choice.whole = fit_;
   look.grid = ParseSwitch(grid_, "--grid");
   look.markers = ParseSwitch(markers_, "--markers");
   look.lines = ParseSwitch(lines_, "--lines");

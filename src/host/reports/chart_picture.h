@@ -36,6 +36,7 @@ class ChartPictureOptions {
   std::string axis_ = "points";
   std::string hidden_;
   bool lanes_ = false;
+  bool fit_ = false;
   bool legend_ = false;
 };
 

@@ -97,6 +97,13 @@ std::int64_t ReadBack(SideFile& fresh, const SpooledRows& spool, const std::func
   return written.points;
 }
 
+/// A value with the mark of the rows in it, as a damaged journal may have it, would have them begin too early: such a
+/// mark loses its bracket.
+std::string WithoutRowsMark(std::string value) {
+  for (std::size_t at = value.find(kRowsMark); at != std::string::npos; at = value.find(kRowsMark)) value.erase(at, 1);
+  return value;
+}
+
 }  // namespace
 
 void CopyLines(InputFile& from, OutputFile& to, const std::function<void()>& keepAlive) {
@@ -128,7 +135,7 @@ std::string HeaderLines(const ChartHeader& header) {
   for (const HeaderKey& entry : kHeaderKeys) {
     const std::string& value = header.*entry.field;
     if (value.empty() && entry.leftOutWhenEmpty) continue;
-    lines.append(entry.key).append(value).append(kLineEnd);
+    lines.append(entry.key).append(WithoutRowsMark(value)).append(kLineEnd);
   }
   lines.append(kLineEnd).append(kRowsMark).append(kLineEnd);
   return lines;

@@ -184,8 +184,10 @@ class Surface : public QWidget {
       action->setEnabled(item.enabled);
       action->setCheckable(item.checked);
       action->setChecked(item.checked);
-      connect(action, &QAction::triggered, this,
-              [this, id = item.id] { gate_.Take(control_, [&] { control_.MenuChosen(id); }); });
+      // Later, as an entry may open a form: the menu, which is deleted meanwhile, is still at the key that chose it.
+      connect(
+          action, &QAction::triggered, this,
+          [this, id = item.id] { gate_.Take(control_, [&] { control_.MenuChosen(id); }); }, Qt::QueuedConnection);
     }
   }
 

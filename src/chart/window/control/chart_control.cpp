@@ -17,7 +17,12 @@ void ChartControl::ModelChanged() {
 
 void ChartControl::SetModel(ChartModel model) {
   model_ = std::move(model);
-  if (pointerRow_ && *pointerRow_ >= model_.rowCount) MovePointer(std::nullopt);
+  // The pointer stays where it is, over another row; where no scene says which, its share of the width does.
+  if (pointerRow_) {
+    const auto share = ShareAt(pointerAt_);
+    const int row = share ? static_cast<int>(*share * model_.rowCount) : *pointerRow_;
+    MovePointer(row < model_.rowCount ? std::optional(row) : std::nullopt);
+  }
   ModelChanged();
 }
 
@@ -171,6 +176,7 @@ void ChartControl::EndDrag() {
 void ChartControl::MouseMoved(const MouseInput& input) {
   if (drag_ && input.button == MouseButton::kNone) EndDrag();  // released where the chart does not hear of it
   if (drag_) Drag(input);
+  pointerAt_ = input.at;
   MovePointer(drag_ && (drag_->box || drag_->pan) ? std::nullopt : RowAt(input.at));
 }
 

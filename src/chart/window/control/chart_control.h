@@ -131,6 +131,7 @@ class ChartControl : public DrawnControl {
   NumberFormat format_;
   std::optional<ChartScene> chart_;  ///< the scene last painted; nothing when it is out of date
   std::optional<int> pointerRow_;
+  PointF pointerAt_;  ///< where the pointer was last
   std::vector<ReadoutLine> readout_;
   std::vector<ReadoutLine> cursorReadout_;
   std::array<std::optional<std::int64_t>, 2> cursors_;
