@@ -203,7 +203,7 @@ class RogueTest(PublishCase):
         self.assertNotIn("cret", done.stdout + done.stderr + (self.folder / "run.cht.published").read_text())
         for token in ("", "a\nHost: b\n", "x" * 5000):
             self.put("token", token)
-            done = self.publish("run.cht", "--to", other.url, "--token-file", "token", expected=1)
+            done = self.publish("run.cht", "--to", other.url, "--token-file", "token", expected=2)
             self.assertIn("token: the file does not hold a token of one line", done.stderr)
 
     def test_addresses(self):
