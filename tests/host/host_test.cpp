@@ -284,6 +284,7 @@ TEST_F(HostTest, RefusesWhatItCannotDraw) {
       {{"one.cht", "--grid", "yes"}, 2, "--grid"},
       {{"one.cht", "--axis", "days"}, 2, "--axis"},
       {{"one.cht", "--hide", "5"}, 2, "--hide"},
+      {{"one.cht", "--fit", "--points-per-division", "2"}, 2, "--fit: as many points"},
       {{"one.cht", "--axis", "time"}, 2, "--axis"},
       {{"none.cht"}, 1, "none.cht"},
       {{"bad.cht"}, 1, "rubbish"}};

@@ -306,7 +306,7 @@ class RenderTest(ProgramCase):
         pictures = {options: self.render("one.cht", *options)[1] for options in [
             *(("--type", str(kind)) for kind in range(8)), ("--grid", "on"), ("--markers", "on"), ("--lines", "off"),
             ("--scale", "2"), ("--first", "2"), ("--points-per-division", "2"), ("--axis", "elapsed"),
-            ("--axis", "time"), ("--lanes",), ("--legend",), ("--hide", "1"), ("--size", "640x480")]}
+            ("--axis", "time"), ("--fit",), ("--lanes",), ("--legend",), ("--hide", "1"), ("--size", "640x480")]}
         for options, picture in pictures.items():
             size = (640, 480) if options[0] == "--size" else (1280, 720)
             self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n", options)
