@@ -152,12 +152,14 @@ TEST(ChartWindowOnWindows, FitsZoomsFindsMeasuresAndCopiesByKeyboardAlone) {
   const FormDriver form(host.Process(), L"");
   SetWindowPos(form.Window(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
   const struct {
-    WORD key;
+    std::vector<WORD> keys;
     const char* division;
     const char* picture;
-  } steps[] = {{'F', " 60", "fit"}, {VK_ADD, " 40", "strip"}, {VK_BACK, " 60", ""}, {VK_BACK, " 1", ""}};
+  } steps[] = {{{'F'}, " 60", "fit"},       {{VK_ADD}, " 40", "strip"},
+               {{VK_BACK}, " 60", ""},      {{'T', VK_ADD}, " 40", "midnight"},
+               {{'P', VK_BACK}, " 60", ""}, {{VK_BACK}, " 1", ""}};
   for (const auto& step : steps) {
-    form.Keys({step.key});
+    form.Keys(step.keys);
     EXPECT_TRUE(WaitFor([&] { return form.Text("lblPointsPerDivision").ends_with(step.division); })) << step.division;
     if (*step.picture != 0) form.Capture(TestFolder() + "\\win_" + step.picture + "_en.png");
   }
@@ -166,9 +168,11 @@ TEST(ChartWindowOnWindows, FitsZoomsFindsMeasuresAndCopiesByKeyboardAlone) {
   find.Keys({VK_TAB, VK_TAB, '1', '7', '5', '2', VK_RETURN});
   const HWND bar = form.Control("hsbGraph");
   EXPECT_TRUE(WaitFor([bar] { return GetScrollPos(bar, SB_CTL) > 25; })) << "a speed that is seldom reached";
+  form.Capture(TestFolder() + "\\win_find_en.png");
   form.Keys({kControl | VK_LEFT, kControl | kShift | VK_RIGHT, kControl | kShift | VK_RIGHT, 'S', kControl | 'C'});
   EXPECT_TRUE(WaitFor([] { return ClipboardText().find("RMS\t") != std::string::npos; }));
   EXPECT_THAT(ClipboardText(), HasSubstr("Difference: 1 points"));
+  form.Capture(TestFolder() + "\\win_statistics_en.png");
   form.Keys({kAlt | 'O'});
   EXPECT_EQ(host.ExitCode(), 0);
 }

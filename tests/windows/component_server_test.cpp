@@ -219,14 +219,14 @@ TEST(ComponentServer, ThreadsWithObjectsOfTheirOwnDoNotDisturbEachOther) {
   std::atomic<int> failures = 0;
   const auto fourHosts = [&failures] {
     std::vector<std::thread> hosts;
-    for (int host = 0; host < 4; ++host) hosts.emplace_back(ShowAndRecord, 4, host, std::ref(failures));
+    for (int host = 0; host < 4; ++host) hosts.emplace_back(ShowAndRecord, 2, host, std::ref(failures));
     for (std::thread& host : hosts) host.join();
   };
   {
     const ComRef<_ChartClass> keepsTheLibrary = Create();
     fourHosts();  // so many windows at once take numbers that nothing needed before
-    // The heap of many threads settles after some ten rounds, 5 MB up; of 128 charts and dialogs those that leak take
-    // more than 32 KB each.
+    // The heap of many threads settles after some ten rounds, 5 MB up; of 64 charts and dialogs those that leak take
+    // more than 64 KB each.
     ExpectNoGrowth(4, fourHosts, 4 << 20);
   }
   EXPECT_EQ(failures, 0);
