@@ -11,7 +11,8 @@ endif()
 
 # Sanitizers bring their own checks, and what is built without optimisation cannot be fortified.
 set(CHARTPROJECT_HARDENED OFF)
-if(CHARTPROJECT_HARDENING AND CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+if(CHARTPROJECT_HARDENING AND CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_CXX_FLAGS_RELEASE MATCHES "-O[1-3s]"
+   AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set(CHARTPROJECT_HARDENED ON)
   add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
   # No name in the file depends on where the project lies.
