@@ -124,6 +124,7 @@ enum class Text : std::uint16_t {
   kHintBadDriverFile,  ///< "The driver file %1 cannot be used."
   kTargetWritten,      ///< "%1 will be written."
   kTargetReplaced,     ///< "%1 will be replaced. It was recorded on %2."
+  kTargetThere,        ///< "%1 will be replaced."
   kTargetNoRecording,  ///< "%1 will be replaced. It is not a recording."
   kNoSuchFolder,       ///< "The folder of %1 does not exist."
   kNoRightToWrite,     ///< "You have no right to write %1."
@@ -140,7 +141,7 @@ enum class Text : std::uint16_t {
   kCrashWouldLose,       ///< "A crash of the program would lose the points: %1"  %1 the reason
   kSpoolGoesOn,          ///< "%1 The points go on in %2."  %1 what became of the file before
   kPointsMissing,        ///< "%1 point(s) were taken, %2 of them are in %3."
-  kRecordingWasCut,      ///< "A recording of %1 was interrupted after %2 points."
+  kRecordingWasCut,      ///< "A recording of %1 was interrupted after %2 point(s)."
   kRecordingWasCutMore,  ///< the same of a recording with more than %2 points
   kPointsRecovered,      ///< "%1 point(s) of the interrupted recording are in %2."
   kRecordingWasWhole,    ///< "%1 holds all points; what was left beside it was removed."
@@ -151,7 +152,7 @@ enum class Text : std::uint16_t {
   kRecoverLaterTip,
   kDiscard,
   kDiscardTip,
-  kDiscardQuestion,      ///< "Delete the %1 points of %2?"
+  kDiscardQuestion,      ///< "Delete the %1 point(s) of %2?"
   kSimulatedTitle,       ///< "%1 - simulated drives"  %1 the dialog's title
   kReadingsFailed,       ///< "%1: %2 of %3 readings failed, last: %4"  %1 parameter, %4 the reason
   kFailedBetween,        ///< "(points %1 to %2)", after kReadingsFailed

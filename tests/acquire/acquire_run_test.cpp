@@ -317,7 +317,9 @@ TEST_F(AcquireRunTest, PointsThatCannotBeKeptAnywhereAreCounted) {
   fake.files.Break("", error_number::kDiskFull);
   RunToEnd();
   EXPECT_EQ(form->panel.lblNotice.Caption(), "");
-  EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. 4 point(s) could not be saved anywhere and are lost."));
+  EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. 4 point(s) were taken; 3 of them are in "
+                                     "C:\\p\\Test.cht.recording. 1 point(s) could "
+                                     "not be saved anywhere and are lost."));
 }
 
 }  // namespace

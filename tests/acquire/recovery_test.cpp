@@ -369,9 +369,9 @@ TEST_F(RecoveryTest, TheDialogOffersWhatWasInterrupted) {
   fake.files.Put("C:\\p\\Third.cht.tcf0", "08:00:00#1#####\r\n");
   Open();
   const RecoverySection& offer = form->recovery;
-  EXPECT_EQ(offer.lblInterrupted.Caption(), "A recording of 08:00:00 was interrupted after 1 points.");
+  EXPECT_EQ(offer.lblInterrupted.Caption(), "A recording of 08:00:00 was interrupted after 1 point(s).");
   form->recovery.cmdLater.Press();
-  EXPECT_EQ(offer.lblInterrupted.Caption(), "A recording of 23:59:58 was interrupted after 3 points.");
+  EXPECT_EQ(offer.lblInterrupted.Caption(), "A recording of 23:59:58 was interrupted after 3 point(s).");
   form->recovery.cmdRecover.Press();
   EXPECT_THAT(Prompts(), ElementsAre("3 point(s) of the interrupted recording are in C:\\p\\Test.cht."));
   EXPECT_EQ(Rows().size(), 3U);
@@ -380,7 +380,7 @@ TEST_F(RecoveryTest, TheDialogOffersWhatWasInterrupted) {
   fake.dialogs.answers = {box_answer::kYes};
   form->recovery.cmdDiscard.Press();
   EXPECT_THAT(Prompts(),
-              ElementsAre("Delete the 1 points of C:\\p\\Third.cht?", "Delete the 1 points of C:\\p\\Third.cht?"));
+              ElementsAre("Delete the 1 point(s) of C:\\p\\Third.cht?", "Delete the 1 point(s) of C:\\p\\Third.cht?"));
   EXPECT_FALSE(fake.files.Has("C:\\p\\Third.cht.tcf0") || offer.picInterrupted.Visible());
   EXPECT_TRUE(fake.files.Has("C:\\p\\Other.cht.tcf0"));
 }

@@ -56,12 +56,13 @@ void AcquireForm::Connect() {
   On(cmdReset.click, cmdReset, "Click", &AcquireForm::cmdReset_Click);
   On(cmdOK.click, cmdOK, "Click", &AcquireForm::cmdOK_Click);
   helpRequested = {"Form_Help", [this] { component_.ports.help.ShowContext(component_.helpFile, HelpContextId()); }};
+  recovery.recovered = [this] { LookAtTargetAgain(); };
   controller.runEnded = [this](const RunReport& report) {
-    NoteSource();
-    file.NoteRecording();
-    UpdateViewChartButton();
-    UpdateStartButtons();
-    if (component_.chartRecorded) component_.chartRecorded(component_, report.fileName);
+    const auto kind = report.written.kind;
+    const bool written = kind == ChartWriteResult::Kind::kWritten;
+    if (written || kind == ChartWriteResult::Kind::kRowsInSpool) NoteSource();
+    LookAtTargetAgain();
+    if (written && component_.chartRecorded) component_.chartRecorded(component_, report.fileName);
     if (runEnded) runEnded(report);
   };
 }
@@ -157,6 +158,13 @@ void AcquireForm::NoteSource() {
   } else {
     component_.simulatedRecordings.erase(component_.strChartFileName);
   }
+}
+
+/// A run or a recovery has written a chart file.
+void AcquireForm::LookAtTargetAgain() {
+  file.NoteRecording();
+  UpdateViewChartButton();
+  UpdateStartButtons();
 }
 
 void AcquireForm::UpdateViewChartButton() {

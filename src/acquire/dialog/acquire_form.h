@@ -60,6 +60,7 @@ class AcquireForm : public Form {
   [[nodiscard]] bool Simulated() const;
   /// Remembers whether the recording that has ended came from simulated drives.
   void NoteSource();
+  void LookAtTargetAgain();
   void UpdateViewChartButton();
   [[nodiscard]] std::optional<std::string> Missing() const;
   void UpdateStartButtons();

@@ -57,20 +57,26 @@ std::string FileSection::FullName() const {
 }
 
 void FileSection::NoteRecording() {
-  recordedAt_.clear();
+  recordedAt_.reset();
   if (!Exists()) return;
   try {
     ChartHeader header;
-    (void)ReadChartHeader(*component_.ports.files.OpenForReading(Name()), component_.ports.codePage, header);
-    if (!header.StartDate.empty()) recordedAt_ = header.StartDate + " " + header.StartTime;
+    const HeaderReading read =
+        ReadChartHeader(*component_.ports.files.OpenForReading(Name()), component_.ports.codePage, header);
+    if (read.keys == 0) return;
+    recordedAt_ = header.StartDate.empty() ? std::string() : header.StartDate + " " + header.StartTime;
   } catch (const RunTimeError&) {
-    return;  // reported when the file's settings are shown
+    recordedAt_ = std::string();  // reported when the file's settings are shown
   }
 }
 
 std::string FileSection::TargetNote() const {
-  if (Exists() && recordedAt_.empty()) return FillIn(Say(Text::kTargetNoRecording), {FullName()});
-  if (Exists()) return FillIn(Say(Text::kTargetReplaced), {FullName(), recordedAt_});
+  if (Exists()) {
+    const Text text = !recordedAt_           ? Text::kTargetNoRecording
+                      : recordedAt_->empty() ? Text::kTargetThere
+                                             : Text::kTargetReplaced;
+    return FillIn(Say(text), {FullName(), recordedAt_.value_or("")});
+  }
   return FullName() == Name() ? std::string() : FillIn(Say(Text::kTargetWritten), {FullName()});
 }
 

@@ -54,8 +54,9 @@ class FileSection : public Section {
   void ConfigureFileDialog(OpenFileRequest& request, const std::string& extension) const;
 
   std::function<void(NamedBy)> named_;
-  std::string recordedAt_;  ///< date and time of the recording that is there; empty for another file
-  bool naming_ = false;     ///< a choice fills the field, and reacts to it itself
+  /// Date and time of the recording that is there, empty where they are not known; nothing for another file.
+  std::optional<std::string> recordedAt_;
+  bool naming_ = false;  ///< a choice fills the field, and reacts to it itself
   bool typing_ = false;
 };
 

@@ -99,6 +99,7 @@ void RecoverySection::cmdRecover_Click() {
     return;
   }
   Done();
+  if (recovered) recovered();
   if (!notice.empty()) ShowMessage(component_, notice, box_style::kInformation, component_.helpFile);
 }
 

@@ -1,6 +1,7 @@
 // The offer to bring interrupted recordings back, in the dialog and in the start window.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,8 @@ class RecoverySection : public Section {
   CommandButton cmdRecover{form_, "cmdRecover"};
   CommandButton cmdLater{form_, "cmdLater"};
   CommandButton cmdDiscard{form_, "cmdDiscard"};
+
+  std::function<void()> recovered;  ///< called after a chart file was written
 
   [[nodiscard]] LayoutBox Layout();
   /// Shows its texts in the user's language.

@@ -187,8 +187,11 @@ ChartWriteResult AcquisitionRun::WriteChartFile(const std::function<void()>& kee
     return writer.WriteSpool(targetFile_, header_, {spool_.Files(), counter_, spool_.Held()}, rescueFolder, keepAlive);
   }
   journal_.Keep(std::span(rows_).first(static_cast<std::size_t>(counter_)), failed_, counter_);
-  return writer.WriteRows(targetFile_, header_, rows_, rescueFolder,
-                          [this] { return journal_.FileWithRows(counter_); });
+  const auto journalOfAll = [this] {
+    const KeptRows kept = journal_.Kept();
+    return kept.rows == counter_ ? kept.fileName : std::string();
+  };
+  return writer.WriteRows(targetFile_, header_, rows_, rescueFolder, journalOfAll);
 }
 
 ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
@@ -202,7 +205,12 @@ ChartWriteResult AcquisitionRun::Close(const std::function<void()>& keepAlive) {
   // The spool file goes first: while the journal is there, what is left is known as one recording.
   spool_.End();
   const bool complete = result.kind == ChartWriteResult::Kind::kWritten || counter_ == 0;
-  const bool rowsElsewhere = !complete && RowsInMemory() && result.keptFile != journal_.FileWithRows(counter_);
+  const KeptRows journal = !complete && RowsInMemory() ? journal_.Kept() : KeptRows{};
+  if (result.kind == ChartWriteResult::Kind::kFailed && result.keptFile.empty()) {
+    result.lost = counter_ - journal.rows;
+    if (journal.rows > 0) result.keptFile = journal.fileName;
+  }
+  const bool rowsElsewhere = RowsInMemory() && !result.keptFile.empty() && result.keptFile != journal.fileName;
   journal_.End(!complete && !rowsElsewhere);
   rows_ = {};
   fileLock_.reset();

@@ -329,8 +329,7 @@ void RunController::ReportWriting(const ChartWriteResult& result) {
     Warn(LoadMessage(component_, Text::kTooLittleSpace) + BytesText(static_cast<double>(result.freeSpace), format) +
          kept);
   } else if (result.kind == ChartWriteResult::Kind::kFailed) {
-    const std::string lost = FillIn(LoadMessage(component_, Text::kPointsLost), {std::to_string(lastRun_.points)});
-    Warn(result.reason + (kept.empty() ? ". " + lost : kept));
+    Warn(result.reason + (result.lost > 0 ? ". " + LostPointsNotice(component_, lastRun_) : kept));
   }
   if (const std::string missing = MissingPointsNotice(component_, lastRun_); !missing.empty()) Warn(missing);
   if (!lastRun_.companionFailure.empty()) {

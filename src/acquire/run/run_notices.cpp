@@ -14,6 +14,12 @@ void AddNotice(std::string& notices, const std::string& notice) {
   notices += notice;
 }
 
+std::string PointsIn(const Environment& environment, const RunReport& report, std::int64_t points,
+                     const std::string& fileName) {
+  return FillIn(LoadMessage(environment, Text::kPointsMissing),
+                {std::to_string(report.points), std::to_string(points), fileName});
+}
+
 }  // namespace
 
 std::string RecoveryNotice(const Environment& environment, const RecoveryResult& result) {
@@ -52,8 +58,13 @@ std::string RunNotice(const Environment& environment, const AcquisitionRun& run)
 
 std::string MissingPointsNotice(const Environment& environment, const RunReport& report) {
   if (report.written.kind != ChartWriteResult::Kind::kWritten || report.written.rows >= report.points) return {};
-  return FillIn(LoadMessage(environment, Text::kPointsMissing),
-                {std::to_string(report.points), std::to_string(report.written.rows), report.fileName});
+  return PointsIn(environment, report, report.written.rows, report.fileName);
+}
+
+std::string LostPointsNotice(const Environment& environment, const RunReport& report) {
+  const std::string lost = FillIn(LoadMessage(environment, Text::kPointsLost), {std::to_string(report.written.lost)});
+  if (report.written.keptFile.empty()) return lost;
+  return PointsIn(environment, report, report.points - report.written.lost, report.written.keptFile) + ' ' + lost;
 }
 
 }  // namespace chartproject

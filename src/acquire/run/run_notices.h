@@ -20,6 +20,9 @@ struct RunReport;
 /// Says that the chart file holds fewer points than were taken; empty when it holds them all, and when there is none.
 [[nodiscard]] std::string MissingPointsNotice(const Environment& environment, const RunReport& report);
 
+/// How many of the points no file holds, and where the others are.
+[[nodiscard]] std::string LostPointsNotice(const Environment& environment, const RunReport& report);
+
 /// A recovery in a sentence; empty when there was no point.
 [[nodiscard]] std::string RecoveryNotice(const Environment& environment, const RecoveryResult& result);
 

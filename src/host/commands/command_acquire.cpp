@@ -145,9 +145,8 @@ class HeadlessRecording {
       if (inFile) return ExitCode::kDone;
       return written.kind == ChartWriteResult::Kind::kFailed ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
     }
-    const bool lost = written.kind == ChartWriteResult::Kind::kFailed && written.keptFile.empty();
     const bool nothing = report_.end == RunEnd::kFailed && report_.points == 0;
-    return lost || nothing ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
+    return written.lost > 0 || nothing ? ExitCode::kRunTimeError : ExitCode::kEndedEarly;
   }
 
   Session& session_;

@@ -58,6 +58,7 @@ struct ChartWriteResult {
   std::string keptFile;         ///< the file that holds the rows when the chart file does not; empty: they are lost
   std::uint64_t freeSpace = 0;  ///< bytes, of kRowsInSpool
   std::int64_t rows = 0;        ///< points in the chart file, read back from it, of kWritten
+  std::int64_t lost = 0;        ///< points that no file holds, of kFailed; keptFile holds the others
   std::string reason;           ///< the system's, of kFailed
 };
 

@@ -101,11 +101,11 @@ void RecordingJournal::SaveOnce(const State& state) {
   notesSaved_ = notes;
 }
 
-std::string RecordingJournal::FileWithRows(std::int64_t count) const {
+KeptRows RecordingJournal::Kept() const {
   try {
     if (!file_ || !file_->HasItsName()) return {};
     const auto file = file_->OpenForReading();
-    return SurveyChartFile(*file).points == count ? file_->Name() : std::string();
+    return {file_->Name(), SurveyChartFile(*file).points};
   } catch (const RunTimeError&) {
     return {};  // it does not hold the rows as far as anybody can see
   }

@@ -33,6 +33,12 @@ inline constexpr std::string_view kSpool = "Spool=";           ///< rows go on i
 inline constexpr std::string_view kLost = "Lost=";             ///< the file of that number is not ours any more
 }  // namespace journal_line
 
+/// Rows of a recording in a file beside its chart file.
+struct KeptRows {
+  std::string fileName;  ///< empty: there is none
+  std::int64_t rows = 0;
+};
+
 /// Writes the journal of one recording. Nothing throws: a journal that cannot be written does not end the recording,
 /// it is tried again with the next row, and Fault() is the reason meanwhile. A file that was out of reach for a while,
 /// because its folder was moved away or its disk refused writing, goes on where it was.
@@ -59,8 +65,8 @@ class RecordingJournal {
 
   /// Why a crash would lose points now; empty while it would not.
   [[nodiscard]] const std::optional<RunTimeError>& Fault() const noexcept { return fault_; }
-  /// The file's name when it holds that many rows, read back; else empty.
-  [[nodiscard]] std::string FileWithRows(std::int64_t count) const;
+  /// What the file holds, read back; nothing when that cannot be seen.
+  [[nodiscard]] KeptRows Kept() const;
   /// Ends the journal. @param keep the file stays: the rows are not in the chart file
   void End(bool keep);
 
