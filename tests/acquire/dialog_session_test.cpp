@@ -1,22 +1,20 @@
 // Whole sessions in the acquisition dialog, held against texts that were read.
-#include "acquire/dialog_fixture.h"
-#include "support/transcript.h"
+#include "dialog_player.h"
 
 namespace chartproject {
 namespace {
 
-using DialogSession = DialogTest;
+class DialogSession : public DialogPlayer, public ::testing::WithParamInterface<const char*> {};
 
-TEST_F(DialogSession, OpensInEachLanguage) {
-  Transcript transcript("dialog_languages", &fake);
-  for (const Language language : {Language::kPortuguese, Language::kEnglish, Language::kSpanish}) {
-    component.language = language;
-    transcript.Step(std::to_string(static_cast<int>(language)));
-    form = std::make_unique<AcquireForm>(component);
-    form->Load();
-    transcript.Look(*form);
-  }
+TEST_P(DialogSession, GoesAsItsTranscriptSays) {
+  Play(GetParam());
 }
+
+INSTANTIATE_TEST_SUITE_P(Sessions, DialogSession,
+                         ::testing::Values("dialog_languages", "dialog_fields", "dialog_drives", "dialog_triggers",
+                                           "dialog_files", "dialog_recovery", "dialog_window", "run_by_hand",
+                                           "run_stopwatch", "run_watch", "run_disk", "run_time_of_a_point"),
+                         [](const auto& session) { return std::string(session.param); });
 
 }  // namespace
 }  // namespace chartproject

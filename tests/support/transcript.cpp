@@ -24,7 +24,7 @@ std::string StateOf(const Control& control) {
   std::ostringstream out;
   out << control.TypeName();
   if (control.HasCaption()) out << " \"" << control.Caption() << '"';
-  if (!control.EffectivelyEnabled()) out << " disabled";
+  if (!control.Enabled()) out << " disabled";  // a disabled container says so itself
   If<TextControl>(control, out, [](const TextControl& text, std::ostream& to) {
     to << " [" << text.Text() << ']' << (text.AllSelected() ? " selected" : "")
        << (text.ReadOnly() ? " read-only" : "");
@@ -61,6 +61,10 @@ std::string ItemsOf(const ComboBox& list) {
   return items;
 }
 
+std::string FileOf(const std::string& name) {
+  return CHARTPROJECT_SOURCE_DIR "/tests/transcripts/" + name + ".txt";
+}
+
 }  // namespace
 
 std::map<std::string, std::string> SeenOf(const Form& form) {
@@ -78,8 +82,18 @@ std::map<std::string, std::string> SeenOf(const Form& form) {
   return seen;
 }
 
+std::vector<std::string> StepsOf(const std::string& name) {
+  std::ifstream file(FileOf(name), std::ios::binary);
+  std::vector<std::string> steps;
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with("== ")) steps.push_back(line.substr(3));
+  }
+  EXPECT_FALSE(steps.empty()) << name;
+  return steps;
+}
+
 void ExpectTranscript(const std::string& name, const std::string& text) {
-  const std::string file = CHARTPROJECT_SOURCE_DIR "/tests/transcripts/" + name + ".txt";
+  const std::string file = FileOf(name);
   if (std::getenv("CHARTPROJECT_TAKE_TRANSCRIPTS") != nullptr) std::ofstream(file, std::ios::binary) << text;
   std::ostringstream expected;
   expected << std::ifstream(file, std::ios::binary).rdbuf();
@@ -115,6 +129,10 @@ void Transcript::Listen() {
     Add("box " + std::to_string(box.style) + " \"" + box.title + "\" help " + std::to_string(box.helpContext) + ": " +
         box.prompt);
   }
+  std::string told;
+  for (const std::string& note : ports_->forms.noted) told += (told.empty() ? "told " : ", ") + note;
+  if (!told.empty()) Add(told);
+  ports_->forms.noted.clear();
   for (const FakeSound::Played& sound : ports_->sound.played) {
     Add("sound " + sound.fileName + " " + std::to_string(sound.flags));
   }

@@ -20,6 +20,9 @@ std::map<std::string, std::string> SeenOf(const Form& form);
 /// Holds the text against tests/transcripts/NAME.txt: a test failure where they differ.
 void ExpectTranscript(const std::string& name, const std::string& text);
 
+/// The titles of the steps of tests/transcripts/NAME.txt, for a session that is played from its own transcript.
+std::vector<std::string> StepsOf(const std::string& name);
+
 class Transcript {
  public:
   explicit Transcript(std::string name, FakePorts* ports = nullptr) : name_(std::move(name)), ports_(ports) {}
@@ -30,7 +33,8 @@ class Transcript {
   /// Begins a step; what it did is added by the calls after it.
   void Step(std::string_view title);
   void Add(std::string_view line);
-  /// What differs in the form since it was last looked at, then the boxes, sounds and settings since the last step.
+  /// What differs in the form since it was last looked at, then the boxes, sounds and settings since the last step,
+  /// and what a form host that takes notes was told.
   void Look(const Form& form);
   /// The boxes, sounds and settings alone.
   void Listen();
