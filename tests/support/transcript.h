@@ -32,6 +32,8 @@ class Transcript {
   void Add(std::string_view line);
   /// What differs in the form since it was last looked at, then the boxes, sounds and settings since the last step.
   void Look(const Form& form);
+  /// Takes the form as it is for seen.
+  void Know(const Form& form) { seen_[form.Name()] = SeenOf(form); }
   /// The boxes, sounds and settings alone.
   void Listen();
 
