@@ -6,6 +6,7 @@
 #include "chart/chart_words.h"
 #include "chart/picture/chart_scene.h"
 #include "chart/picture/overview_scene.h"
+#include "chart/picture/series/series_style.h"
 #include "chart/recording_canvas.h"
 #include "support/transcript.h"
 
@@ -145,7 +146,7 @@ TEST(ChartDrawing, TheStripOfAWholeRecordingAndTheFrameInIt) {
   };
   for (const bool labels : {false, true}) {
     if (labels) model.label = [](std::int64_t point) { return std::to_string(point) + " s"; };
-    for (const Size size : {Size{60, 30}, Size{200, 40}}) {
+    for (const Size size : {Size{40, 30}, Size{90, 40}}) {
       const testing::RecordingCanvas canvas(size);
       const OverviewScene strip = BuildOverview(model, size, canvas);
       transcript.Step("strip " + testing::InWords(strip.plot));
@@ -156,6 +157,24 @@ TEST(ChartDrawing, TheStripOfAWholeRecordingAndTheFrameInIt) {
         transcript.Add(testing::InWords(BuildOverviewFrame(model, strip, first, end)));
       }
     }
+  }
+}
+
+TEST(ChartDrawing, ColoursThatAreHardToSeeOnAGround) {
+  Transcript transcript("chart_colours");
+  for (const int ground : {0, 40, 128, 230, 255}) {
+    const Color behind = {static_cast<std::uint8_t>(ground), static_cast<std::uint8_t>(ground), 100};
+    std::string line = testing::InWords(behind) + ":";
+    for (const Color full : {Color{255, 255, 255}, Color{255, 0, 0}, Color{0, 255, 0}, Color{0, 0, 255}}) {
+      bool faint = false;
+      for (int level = 0; level < 256; ++level) {
+        const Color color = Darker(full, 1 - level / 255.0);
+        if (IsFaint(color, behind) != faint) line += " " + testing::InWords(color);
+        faint = IsFaint(color, behind);
+      }
+      line += " |";
+    }
+    transcript.Add(line + ' ' + testing::InWords(Lighter(behind, 0.3)) + ' ' + testing::InWords(EdgeTone(behind)));
   }
 }
 

@@ -10,11 +10,11 @@
 
 #include "backends/headless/absent_devices.h"
 #include "backends/headless/code_page_1252.h"
-#include "backends/headless/headless_form_host.h"
 #include "backends/headless/virtual_clock.h"
 #include "platform/ports.h"
 #include "support/fake_office.h"
 #include "support/memory_file_system.h"
+#include "support/noticing_form_host.h"
 
 namespace chartproject {
 
@@ -88,7 +88,7 @@ struct FakePorts {
   ProcessClipboard clipboard;
   FakePrinter printer;
   FakeSpreadsheets spreadsheets;
-  HeadlessFormHost forms{clock, [this](Instant moment) { clock.AdvanceTo(moment); }};
+  NoticingFormHost forms{clock, [this](Instant moment) { clock.AdvanceTo(moment); }};
   Ports ports{settings, files,    clock, locale,    codePage, dialogs,
               sound,    keyboard, help,  clipboard, printer,  spreadsheets};
 };

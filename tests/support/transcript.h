@@ -17,6 +17,9 @@ namespace chartproject {
 /// What is seen of a form: by name, its own line ("") and one of each control that is visible (two of a list).
 std::map<std::string, std::string> SeenOf(const Form& form);
 
+/// Where its controls are, and what of them a user sees that never changes: a line a box, inner ones indented.
+std::string LayoutOf(const Form& form);
+
 /// Holds the text against tests/transcripts/NAME.txt: a test failure where they differ.
 void ExpectTranscript(const std::string& name, const std::string& text);
 
