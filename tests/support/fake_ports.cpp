@@ -44,37 +44,6 @@ std::optional<std::string> FakeDialogs::ShowOpenFile(const OpenFileRequest& requ
   return fileAnswer;
 }
 
-std::unique_ptr<FormView> NotedFormHost::CreateView(Form& form) {
-  class NotedView : public FormView {
-   public:
-    NotedView(NotedFormHost& host, Form& form, std::unique_ptr<FormView> view)
-        : host_(host), form_(form), view_(std::move(view)) {}
-    void ControlChanged(Control& control, Property property) override { view_->ControlChanged(control, property); }
-    void FormChanged(FormProperty property) override {
-      if (property == FormProperty::kLayout) Note("layout");
-      if (property == FormProperty::kPlace) Note("place " + WholeText(form_.Left()) + " " + WholeText(form_.Top()));
-      if (property == FormProperty::kMousePointer) Note("pointer " + std::to_string(static_cast<int>(form_.Pointer())));
-    }
-    void MoveFocus(Control& control) override {
-      Note("focus " + control.Name());
-      view_->MoveFocus(control);
-    }
-    void Show() override { Note("show"); }
-    void Hide() override { Note("hide"); }
-
-   private:
-    static std::string WholeText(double twips) { return std::to_string(static_cast<int>(twips)); }
-    void Note(const std::string& what) {
-      if (host_.notes && (host_.noted.empty() || host_.noted.back() != what)) host_.noted.push_back(what);
-    }
-
-    NotedFormHost& host_;
-    Form& form_;
-    std::unique_ptr<FormView> view_;
-  };
-  return std::make_unique<NotedView>(*this, form, HeadlessFormHost::CreateView(form));
-}
-
 std::vector<std::string> FakeDialogs::TakePrompts() {
   std::vector<std::string> prompts;
   for (const MessageBoxRequest& box : boxes) prompts.push_back(box.prompt);

@@ -10,11 +10,11 @@
 
 #include "backends/headless/absent_devices.h"
 #include "backends/headless/code_page_1252.h"
-#include "backends/headless/headless_form_host.h"
 #include "backends/headless/virtual_clock.h"
 #include "platform/ports.h"
 #include "support/fake_office.h"
 #include "support/memory_file_system.h"
+#include "support/noticing_form_host.h"
 
 namespace chartproject {
 
@@ -74,16 +74,6 @@ class FakeKeyboard : public Keyboard {
   bool escape = false;
 };
 
-/// Forms without windows that can note what their windows would be told beside the controls' values.
-class NotedFormHost : public HeadlessFormHost {
- public:
-  using HeadlessFormHost::HeadlessFormHost;
-  std::unique_ptr<FormView> CreateView(Form& form) override;
-
-  bool notes = false;
-  std::vector<std::string> noted;  ///< "layout", "pointer 11", "focus cmdOne"; the same twice in a row is noted once
-};
-
 /// All of them together, with a headless form host on the virtual clock (2026-01-31 08:00:00 at moment 0).
 struct FakePorts {
   MemorySettings settings;
@@ -98,7 +88,7 @@ struct FakePorts {
   ProcessClipboard clipboard;
   FakePrinter printer;
   FakeSpreadsheets spreadsheets;
-  NotedFormHost forms{clock, [this](Instant moment) { clock.AdvanceTo(moment); }};
+  NoticingFormHost forms{clock, [this](Instant moment) { clock.AdvanceTo(moment); }};
   Ports ports{settings, files,    clock, locale,    codePage, dialogs,
               sound,    keyboard, help,  clipboard, printer,  spreadsheets};
 };

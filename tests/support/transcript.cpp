@@ -65,7 +65,35 @@ std::string FileOf(const std::string& name) {
   return CHARTPROJECT_SOURCE_DIR "/tests/transcripts/" + name + ".txt";
 }
 
+std::string InWords(const LayoutBox& box, const std::string& indent) {
+  constexpr const char* kKinds[] = {"control", "row", "column", "grid", "stack", "space"};
+  std::ostringstream out;
+  out << indent << kKinds[static_cast<int>(box.kind)];
+  if (box.control != nullptr) {
+    out << ' ' << box.control->Name();
+    If<Label>(*box.control, out, [](const Label& label, std::ostream& to) {
+      to << " border " << label.BorderStyle() << " align " << static_cast<int>(label.TextAlign())
+         << (label.WordWrap() ? " wraps" : "") << (label.Elided() ? " elided" : "");
+    });
+    If<TextControl>(*box.control, out, [](const TextControl& text, std::ostream& to) {
+      to << ' ' << text.WidthInCharacters() << " wide" << (text.MultiLine() ? " lines" : "");
+    });
+  }
+  out << " stretch " << box.stretchX << ' ' << box.stretchY << " least " << box.minimumWidth << ' ' << box.minimumHeight
+      << " gap " << box.gap << " columns " << box.columns << " alignment " << box.alignment
+      << (box.collapses ? " collapses" : "") << '\n';
+  for (const LayoutBox& child : box.children) out << InWords(child, indent + "  ");
+  return out.str();
+}
+
 }  // namespace
+
+std::string LayoutOf(const Form& form) {
+  std::ostringstream out;
+  out << form.Name() << " at " << form.Left() << ' ' << form.Top() << ' ' << form.Width() << 'x' << form.Height()
+      << '\n';
+  return out.str() + InWords(form.Layout(), "  ");
+}
 
 std::map<std::string, std::string> SeenOf(const Form& form) {
   std::ostringstream own;

@@ -17,6 +17,9 @@ namespace chartproject {
 /// What is seen of a form: by name, its own line ("") and one of each control that is visible (two of a list).
 std::map<std::string, std::string> SeenOf(const Form& form);
 
+/// Where its controls are, and what of them a user sees that never changes: a line a box, inner ones indented.
+std::string LayoutOf(const Form& form);
+
 /// Holds the text against tests/transcripts/NAME.txt: a test failure where they differ.
 void ExpectTranscript(const std::string& name, const std::string& text);
 
@@ -36,6 +39,8 @@ class Transcript {
   /// What differs in the form since it was last looked at, then the boxes, sounds and settings since the last step,
   /// and what a form host that takes notes was told.
   void Look(const Form& form);
+  /// Takes the form as it is for seen.
+  void Know(const Form& form) { seen_[form.Name()] = SeenOf(form); }
   /// The boxes, sounds and settings alone.
   void Listen();
 
