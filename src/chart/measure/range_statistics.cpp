@@ -63,11 +63,13 @@ class SeriesSums {
     result.minimum = minimum_;
     result.maximum = maximum_;
     // Rounding must not move the mean of equal values past them: it would count as crossed.
-    result.mean = std::clamp(sum_.Value() / count, minimum_, maximum_);
+    const double sum = sum_.Value();
+    result.mean = std::isfinite(sum) ? std::clamp(sum / count, minimum_, maximum_) : kUnknown;  // a few of 1e308
     const double meanSquare = squares_.Value() / count;
     result.rms = std::isfinite(meanSquare) ? std::sqrt(meanSquare) : kUnknown;  // of 1e155 the square is too large
     result.slope = spread_ > 0 ? together_ / spread_ : kUnknown;
-    result.integral = std::isnan(secondsBefore_) ? kUnknown : area_.Value();
+    const double area = area_.Value();
+    result.integral = std::isnan(secondsBefore_) || !std::isfinite(area) ? kUnknown : area;
     return result;
   }
 

@@ -70,6 +70,7 @@ FileGrowth ChartView::LookForGrowth() {
     const std::int64_t lines = Survey().Complete() ? Survey().Exact().Lines() : 0;
     if (!grows_ || lines <= Points()) return FileGrowth::kNone;
     SetPoints(CheckedInteger32(lines));
+    if (held_) held_ = lines;
     return FileGrowth::kPoints;
   }
   if (!RowsAreThere()) return FileGrowth::kGone;

@@ -44,6 +44,7 @@ void ChartForm::NumberTexts() {
 
 void ChartForm::ConnectSections() {
   scroll.load = [this] { return LoadSlice(); };
+  reading.workEnded = [this] { scroll.Follow(); };
   scales.update = [this] { LoadSlice(); };
   switches.changed = [this] { ShowChart(); };
   // The file may have been deleted by now: an exception of these calls is an error of the window, too.

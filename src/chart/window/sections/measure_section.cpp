@@ -67,7 +67,7 @@ bool MeasureSection::Measure() {
   const auto range = CursorRange(chart_);
   if (!range || reading_.Busy()) return false;
   if (IsMeasured()) return true;
-  const ReadingSection::Scope measuring(reading_);
+  const ReadingSection::Work measuring(reading_);
   auto series = MeasureRange(
       view_.Source(), {range->first, range->last, view_.SeriesCount(), &view_.Facts().Clock(), view_.Facts().Failed()},
       env_.ports.locale.Numbers(), [this](double part) { return reading_.ShowProgress(part, Text::kMeasuring); });

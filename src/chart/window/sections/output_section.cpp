@@ -109,7 +109,7 @@ void OutputSection::cmdExport_Click() {
       return ask(question, entries);
     };
   }
-  std::optional<ReadingSection::Scope> busyReading;
+  std::optional<ReadingSection::Work> busyReading;
   request.busy = [this, &busyReading](bool busy) {
     busyReading.reset();
     if (!busy) return;

@@ -1,6 +1,7 @@
 // Readings of the file that take long enough to be noticed: the text of how far they are, the hourglass, giving up.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "chart/file/line_index.h"
@@ -32,6 +33,16 @@ class ReadingSection {
     ReadingSection& section_;
     FlagScope busy_;
   };
+  /// A reading for something else than the slice that is shown, such as a search.
+  class Work : public Scope {
+   public:
+    explicit Work(ReadingSection& section) : Scope(section), ended_(section) {}
+    ~Work() { ended_.form_.RunHandler("Reading_Ended", ended_.workEnded); }
+
+   private:
+    ReadingSection& ended_;
+  };
+  std::function<void()> workEnded;  ///< called after a Work: what the user moved meanwhile moved nothing
 
   /// Shows a text; an empty one takes the label and the room that it alone needs away, unless there is one at rest.
   void Say(const std::string& text);

@@ -66,7 +66,7 @@ void ReportSection::Print() {
   if (!answer) return;
   bool stopped = false;
   {
-    const ReadingSection::Scope printing(reading_);
+    const ReadingSection::Work printing(reading_);
     const auto report = Make(*answer);
     stopped = !report;
     if (report && !reading_.ClosesAfterwards()) PrintPages(*report);

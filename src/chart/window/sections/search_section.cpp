@@ -58,7 +58,7 @@ void SearchSection::FindAgain(bool forward) {
   query_.series = std::clamp(query_.series, 0, std::max(0, view_.SeriesCount() - 1));
   PointSearch search;
   {
-    const ReadingSection::Scope searching(reading_);
+    const ReadingSection::Work searching(reading_);
     search = FindPoint(view_.Source(), query_, From(forward), view_.Points(), view_.Facts().Failed(),
                        env_.ports.locale.Numbers(),
                        [this](double part) { return reading_.ShowProgress(part, Text::kSearching); });
