@@ -21,41 +21,6 @@ class AcquireRunTest : public DialogTest {
   }
 };
 
-TEST_F(AcquireRunTest, TheWindowFollowsARecordingFromStartToChartFile) {
-  plant.texts = {{3, "1.50"}, {5, "é"}};
-  Open();
-  Choose(form->drive.cboNumberOfParameters, "2");
-  Choose(form->drive.cboPXXX2, "005");
-  form->timing.txtNumberOfPoints.SetText("3");
-  form->panel.cmdStart.Press();
-  EXPECT_THAT(Sounds(), ElementsAre("ir_end.wav"));
-  EXPECT_EQ(form->Height(), 7200);
-  EXPECT_EQ(form->Pointer(), MousePointer::kHourglass);
-  EXPECT_FALSE(form->timing.picTime.Enabled() || form->cmdOK.Enabled() || form->panel.cmdStart.Enabled());
-  RunUntil(milliseconds(999));
-  EXPECT_EQ(form->Run().Counter(), 0);
-  RunUntil(seconds(2));
-  EXPECT_EQ(form->panel.lblProgress.Caption(), "2");
-  EXPECT_EQ(form->panel.prgProgress.Value(), 6666);
-  EXPECT_EQ(form->panel.lblRunTimes.Caption(), "Elapsed 00:00:02, expected end 08:00:03");
-  EXPECT_EQ(Chart(), "");
-  RunToEnd();
-  EXPECT_THAT(Chart(), HasSubstr("Start Date=31/01/2026\r\nStart Time=08:00:01\r\nEnd Date=31/01/2026\r\n"
-                                 "End Time=08:00:03\r\n"));
-  EXPECT_THAT(Rows(), ElementsAre("08:00:01#1.50#\xE9####", "08:00:02#1.50#\xE9####", "08:00:03#1.50#\xE9####"));
-  EXPECT_THAT(Sounds(), ElementsAre("Complete.wav"));
-  EXPECT_EQ(form->Height(), 6360);
-  EXPECT_EQ(form->Pointer(), MousePointer::kDefault);
-  for (const Control* control :
-       std::initializer_list<const Control*>{&form->timing.picTime, &form->cmdOK, &form->panel.cmdStart}) {
-    EXPECT_TRUE(control->Enabled()) << control->Name();
-  }
-  EXPECT_TRUE(form->cmdViewChart.Visible());
-  EXPECT_EQ(form->panel.lblProgress.Caption(), "");
-  EXPECT_FALSE(fake.forms.Timers().NextDue());
-  EXPECT_THAT(Prompts(), IsEmpty());
-}
-
 TEST_F(AcquireRunTest, TheCurveOpensUnderTheProgressKnowsThePointsSoFarAndIsRemembered) {
   component.makeLiveChart = MakeLiveChart;
   Start(600);
@@ -169,22 +134,6 @@ const Ending kEndings[] = {
 INSTANTIATE_TEST_SUITE_P(Ways, RunEndTest, ::testing::ValuesIn(kEndings),
                          [](const auto& way) { return way.param.name; });
 
-TEST_F(AcquireRunTest, EscBeforeTheFirstPointWritesNothing) {
-  Open();
-  fake.keyboard.escape = true;  // pressed before the run: not meant for it
-  form->panel.cmdStart.Press();
-  RunUntil(milliseconds(500));
-  EXPECT_EQ(form->Run().State(), RunState::kSampling);
-  fake.keyboard.escape = true;
-  RunToEnd();
-  EXPECT_FALSE(fake.files.Has(kChart));
-  // The key that ended the run does not close the dialog while it is down.
-  EXPECT_FALSE(form->cmdOK.IsCancel());
-  fake.clock.Advance(milliseconds(100));
-  fake.forms.Timers().FireOne();
-  EXPECT_TRUE(form->cmdOK.IsCancel());
-}
-
 TEST_F(AcquireRunTest, AnEscTooLateForTheRunDoesNotCloseTheDialogUntilItWasLetGo) {
   fake.forms.showsWindows = true;
   Start(2);
@@ -197,23 +146,6 @@ TEST_F(AcquireRunTest, AnEscTooLateForTheRunDoesNotCloseTheDialogUntilItWasLetGo
     fake.forms.Timers().FireOne();
     EXPECT_EQ(form->cmdOK.IsCancel(), closes) << later;
   }
-}
-
-TEST_F(AcquireRunTest, StopwatchSpacesThePoints) {
-  Open();
-  Choose(form->timing.cboTimeBetweenPointsUnit, "hh:mm:ss");
-  form->timing.mebTimeBetweenPoints.SetText("00:00:05");
-  form->timing.txtNumberOfPoints.SetText("2");
-  form->panel.cmdStart.Press();
-  RunUntil(seconds(4));
-  EXPECT_EQ(form->panel.lblElapsedTime.Caption(), "00:00:04");
-  EXPECT_EQ(form->panel.lblRunTimes.Caption(), "Elapsed 00:00:04, expected end 08:00:10");
-  EXPECT_EQ(form->Run().Counter(), 0);
-  RunUntil(seconds(5));
-  EXPECT_EQ(form->panel.lblElapsedTime.Caption(), "00:00:00");
-  RunToEnd();
-  EXPECT_THAT(Rows(), ElementsAre("08:00:05#50#####", "08:00:10#50#####"));
-  EXPECT_THAT(Chart(), HasSubstr("Scan Time=00:00:05\r\nUnit=hh:mm:ss\r\n"));
 }
 
 TEST_F(AcquireRunTest, TheStopwatchSaysThatADayHasGoneByAndMayBeStoppedMeanwhile) {
@@ -261,18 +193,6 @@ TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
   EXPECT_THAT(plant.steps, testing::Contains("read 1 0 12 unit 7"));
 }
 
-TEST_F(AcquireRunTest, AFileOfAnotherRecordingAndADeviceAreRefused) {
-  fake.files.devices.insert(MemoryFileSystem::Key(kChart));
-  Start(5);
-  EXPECT_THAT(Prompts(), ElementsAre("C:\\p\\Test.cht is not a regular file."));
-  fake.files.devices.clear();
-  const auto other = fake.files.Lock(kChart);
-  Start(5);
-  EXPECT_EQ(form->Run().State(), RunState::kIdle);
-  EXPECT_THAT(Prompts(), ElementsAre("C:\\p\\Test.cht is being recorded by another window or program "
-                                     "(lock file C:\\p\\Test.cht.lock)."));
-}
-
 // A link that waits with a message loop lets timers and keys through.
 TEST_F(AcquireRunTest, EscWhileTheDriveIsReadEndsTheRunBeforeThatPoint) {
   for (const int stopAt : {3, 4}) {
@@ -309,17 +229,6 @@ TEST_F(AcquireRunTest, FailingChartFileNamesTheFileThatKeepsTheRows) {
     EXPECT_EQ(Rows().size(), static_cast<std::size_t>(points));
     fake.files.Delete(kChart);
   }
-}
-
-TEST_F(AcquireRunTest, PointsThatCannotBeKeptAnywhereAreCounted) {
-  Start(4);
-  RunUntil(seconds(3));
-  fake.files.Break("", error_number::kDiskFull);
-  RunToEnd();
-  EXPECT_EQ(form->panel.lblNotice.Caption(), "");
-  EXPECT_THAT(Prompts(), ElementsAre("broken: C:\\p\\Test.cht. 4 point(s) were taken; 3 of them are in "
-                                     "C:\\p\\Test.cht.recording. 1 point(s) could "
-                                     "not be saved anywhere and are lost."));
 }
 
 }  // namespace

@@ -12,21 +12,6 @@ using ::testing::ElementsAre;
 
 using AcquireTextsTest = DialogTest;
 
-TEST_F(AcquireTextsTest, EveryCaptionAndToolTipIsThere) {
-  Open();
-  EXPECT_THAT(TextsOf(*form),
-              ElementsAre("Acquire Parameter", "File Name", "&New ... (Name a new chart file in the project folder)",
-                          "Browse (Look for an existing chart file)", "Drive Address", "KRA-09", "Number of Parameters",
-                          "Parameters", " (Motor current)", "003  Motor current (003  Motor current)",
-                          "Number of Points", "1 ... 2000000000", "Time among Points", "1 ... 65 s",
-                          "Test (Read one point, without recording, to see how long it takes)", "Trigger Mode", "Event",
-                          "Parameter", "Content", "Duration 00:00:05, about 450 bytes.",
-                          "Start Data Acquisition (Start Data Acquisition)", "Press Esc to cancel during the acquiring",
-                          "Trigger (Trigger)", "Press Esc to cancel during the acquiring", "Acquiring data ...",
-                          "Time among Points", "Curve (Show or hide a chart of the last points)",
-                          "View Chart (View Chart)", "&Reset (Erase fields)", "&Ok (Ok (Alt+O))"));
-}
-
 TEST_F(AcquireTextsTest, EveryFieldHasAnAccessKeyOfItsOwnAndEnterStarts) {
   for (const Language language : {Language::kPortuguese, Language::kEnglish, Language::kSpanish}) {
     component.language = language;

@@ -216,36 +216,6 @@ TEST_F(CompanionTest, IsReplacedOrRemovedWithItsChartFileAndForeignFilesStay) {
   EXPECT_FALSE(Load());
 }
 
-TEST_F(CompanionTest, ADamagedLineIsNamed) {
-  const std::tuple<const char*, const char*, int> cases[] = {// text, what takes its place, line
-                                                             {"Points=40", "Points=-1", 8},
-                                                             {"Points=40", "Points=2000000001", 8},
-                                                             {"Points=40", "Pints=40", 8},
-                                                             {"1 P003 4 20 17", "5 P003 4 20 17", 12},
-                                                             {"1 P003 4 20 17", "1 X003 4 20 17", 12},
-                                                             {"4 20 17", "0 20 17", 12},
-                                                             {"4 20 17", "4 3 17", 12},
-                                                             {"4 20 17", "4 20 18", 12},
-                                                             {"4 20 17", "4 20 0", 12},
-                                                             {"no-answer", "no-reply", 12},
-                                                             {"23 24 2", "20 24 2", 13},
-                                                             {"Mean=251", "Mean=x", 20},
-                                                             {"Mean=251", "Meen=251", 20},
-                                                             {"Within=5", "Within=0", 26},
-                                                             {"20 3800", "1 3800", 28},
-                                                             {"21 6000", "21 3799", 29},
-                                                             {"40 9800", "40 9800 1", 30},
-                                                             {"40 9800", "2147483648 9800", 30}};
-  for (const auto& [text, instead, line] : cases) {
-    std::string bytes = kWhole;
-    bytes.replace(bytes.find(text), std::string_view(text).size(), instead);
-    fake.files.Put(kName, bytes);
-    EXPECT_EQ(ErrorTextOf([this] { (void)Load(); }),
-              "321 " + std::string(kName) + ", line " + std::to_string(line) + ": not understood")
-        << instead;
-  }
-}
-
 TEST_F(CompanionTest, SaysInOneLineAColumnWhatFailedAndHowLateThePointsWere) {
   EXPECT_THAT(
       CompanionLines(Language::kEnglish, fake.locale.Numbers(), companion),

@@ -5,6 +5,7 @@
 
 #include "chart/live/live_chart_control.h"
 #include "common/values/text.h"
+#include "recording_answers.h"
 #include "support/plain_measurer.h"
 #include "support/typing.h"
 
@@ -138,6 +139,7 @@ bool DialogPlayer::DoOutside(const std::string& verb, const std::string& name, c
   if (verb == "stored") return fake.settings.values["frmAcquireVar"][name] = value, true;
   if (verb == "file") return fake.files.Put(name, WithLineEnds(value)), true;
   if (verb == "delete") return fake.files.Remove(name), true;
+  if (verb == "cursor") return heard_.push_back(form->ButtonCursorFile()), true;
   if (verb == "folder") return fake.files.folders.insert(MemoryFileSystem::Key(name)).second;
   if (verb == "device") return fake.files.devices.insert(MemoryFileSystem::Key(name)).second;
   if (verb == "free") return fake.files.space.totalFree = static_cast<std::uint64_t>(number(name)), true;
@@ -152,7 +154,9 @@ void DialogPlayer::Do(const std::string& command) {
   std::string rest = command;
   const std::string verb = TakeWord(rest);
   const std::string name = TakeWord(rest);
-  if (!DoAsUser(verb, name, rest) && !DoOutside(verb, name, rest)) ADD_FAILURE() << "cannot do: " << command;
+  if (DoAsUser(verb, name, rest) || DoOutside(verb, name, rest)) return;
+  heard_.push_back(AnswerOn(fake, verb, name, rest));
+  if (heard_.back().empty()) ADD_FAILURE() << "cannot do: " << command;
 }
 
 void DialogPlayer::LookAt(Transcript& transcript, const std::string& what, const std::string& now) {
@@ -185,6 +189,13 @@ void DialogPlayer::Look(Transcript& transcript) {
   if (form) transcript.Look(*form);
   for (const std::string& text : heard_) transcript.Add(text);
   heard_.clear();
+  for (const InputBoxRequest& box : fake.dialogs.inputs) transcript.Add("asked: " + box.title + ": " + box.prompt);
+  for (const OpenFileRequest& box : fake.dialogs.fileRequests) {
+    transcript.Add("asked for a file: " + box.initialFolder + ", " + box.filter + " " +
+                   std::to_string(box.filterIndex) + ", " + std::to_string(box.flags));
+  }
+  fake.dialogs.inputs.clear();
+  fake.dialogs.fileRequests.clear();
   std::map<std::string, int> asked;
   for (const std::string& step : plant.steps) ++asked[step];
   plant.steps.clear();

@@ -66,43 +66,6 @@ TEST_F(EventWatchTest, ComparesWhatARecordingWouldKeep) {
   }
 }
 
-TEST_F(EventWatchTest, ASilentDriveAsksAndTheLampBlinks) {
-  plant.silent = {6};
-  fake.dialogs.answers = {box_answer::kYes, box_answer::kYes, box_answer::kNo};
-  Arm(0);
-  EXPECT_EQ(form->Run().State(), RunState::kArmed);
-  EXPECT_TRUE(form->panel.imgTrigger1.Visible());
-  EXPECT_FALSE(form->panel.cmdTrigger.Enabled());
-  RunUntil(milliseconds(200));
-  EXPECT_FALSE(form->panel.imgTrigger1.Visible());
-  RunUntil(milliseconds(400));
-  EXPECT_TRUE(form->panel.imgTrigger1.Visible());
-  EXPECT_EQ(fake.dialogs.boxes.back().style, box_style::kYesNo + box_style::kQuestion);
-  RunToEnd();
-  EXPECT_EQ(fake.clock.Now(), milliseconds(600));
-  EXPECT_EQ(Prompts(), std::vector(3, std::string("Serial communication error ! Continue even so ?")));
-  EXPECT_EQ(form->LastRun().end, RunEnd::kStopped);
-  EXPECT_FALSE(fake.files.Has(kChart));
-  EXPECT_FALSE(form->panel.imgTrigger1.Visible());
-  EXPECT_TRUE(form->panel.cmdTrigger.Enabled());
-}
-
-TEST_F(EventWatchTest, OneLineSaysWhatIsWaitedForWhatWasReadAndSinceWhen) {
-  plant.texts = {{3, "49.8"}, {6, "512"}, {12, "IIA"}};
-  const std::pair<int, const char*> cases[] = {
-      {22, "P003 >= 50, now 49.8"}, {0, "Inverter is enabled (RUN), now READY"}, {7, "P012 - DI3 = 0, now 1"}};
-  for (const auto& [event, words] : cases) {
-    Arm(event);
-    const std::string since = MomentText(fake.clock.LocalNow(), fake.clock.LocalNow(), fake.locale) + ".";
-    const std::string waiting = "Waiting for " + std::string(words);
-    EXPECT_EQ(form->panel.lblHint.Caption(), waiting.substr(0, waiting.find(", now")) + " since " + since);
-    RunUntil(fake.clock.Now() + seconds(70));
-    EXPECT_EQ(form->panel.lblHint.Caption(), waiting + ", since " + since);
-    form->StopRun();
-    EXPECT_EQ(form->panel.lblHint.Caption(), "");
-  }
-}
-
 TEST_F(EventWatchTest, EscWhileTheDriveIsReadEndsTheWatch) {
   plant.texts[6] = "512";
   Arm(0);
@@ -151,23 +114,6 @@ TEST_F(EventWatchTest, EscWhileTheQuestionIsUpEndsTheWatchOnce) {
   EXPECT_EQ(ended, 1);
   EXPECT_EQ(fake.dialogs.boxes.size(), 1U);  // the watch did not tick again meanwhile
   EXPECT_FALSE(form->panel.imgTrigger1.Visible());
-}
-
-TEST_F(EventWatchTest, SilentInputsNeverAsk) {
-  plant.silent = {12};
-  Arm(3);
-  RunUntil(milliseconds(60'000));
-  EXPECT_EQ(form->Run().State(), RunState::kArmed);
-  EXPECT_THAT(Prompts(), IsEmpty());
-  form->CloseByUser();
-  EXPECT_FALSE(form->IsLoaded());
-  EXPECT_FALSE(fake.files.Has(kChart));
-}
-
-TEST_F(EventWatchTest, ContentMustBeANumberWhenArmed) {
-  Arm(21, "-");
-  EXPECT_EQ(form->Run().State(), RunState::kIdle);
-  EXPECT_THAT(Prompts(), ElementsAre("Value out of range !"));
 }
 
 TEST_F(EventWatchTest, TenThousandEventsNoneMissedNoneFalse) {

@@ -268,27 +268,6 @@ TEST_F(RecoveryTest, ALargeRecordingIsSavedWithProgressAndEscLosesNothing) {
   EXPECT_THAT(Prompts(), ElementsAre("300000 point(s) of the interrupted recording are in C:\\p\\Test.cht."));
 }
 
-TEST_F(RecoveryTest, AStartBringsBackWhatIsLeftBeforeTheNameIsUsed) {
-  fake.files.Put(kSpool, kBareRows + std::string("00:00:01#4#"));
-  fake.files.Put("C:\\p\\Test.recovered.cht", "the user's own");
-  Start(3000);
-  EXPECT_EQ(form->panel.lblNotice.Caption(),
-            "3 point(s) of the interrupted recording are in C:\\p\\Test.recovered1.cht. 1 line(s) are not points.");
-  EXPECT_EQ(HeaderValue("C:\\p\\Test.recovered1.cht", "Start Time"), "23:59:58");
-  EXPECT_EQ(HeaderValue("C:\\p\\Test.recovered1.cht", "Number of Points"), "3");
-  EXPECT_EQ(HeaderValue("C:\\p\\Test.recovered1.cht", "Number of Parameters"), "1");
-  EXPECT_THAT(fake.files.Bytes("C:\\p\\Test.recovered1.cht"), testing::EndsWith(kBareRows));
-  EXPECT_EQ(fake.files.Bytes(kRecovered), "the user's own");
-  form->StopRun();
-  // What cannot be brought back is not deleted: there is no start.
-  fake.files.Put(kSpool, kBareRows);
-  fake.files.Break("rename", error_number::kDiskFull);
-  (void)Prompts();
-  Start(3000);
-  EXPECT_EQ(form->Run().State(), RunState::kIdle);
-  EXPECT_EQ(fake.files.Bytes(kSpool), kBareRows);
-}
-
 TEST_F(RecoveryTest, TheHeaderIsWhatIsKnown) {
   InterruptedRecording recording;
   recording.chartFile = kChart;
@@ -361,28 +340,6 @@ TEST_F(RecoveryTest, StrangeJournalsAreLeftAloneAndTheirValuesChecked) {
     EXPECT_EQ(ChartFileOf(name), "a.cht") << name;
   for (const char* name : {"a.cht", "a.cht.tcf", "a.recordings", "a.cht.tcf0.txt", "a.tcf1234", "123"})
     EXPECT_EQ(ChartFileOf(name), name);
-}
-
-TEST_F(RecoveryTest, TheDialogOffersWhatWasInterrupted) {
-  fake.files.Put(kSpool, kBareRows);
-  fake.files.Put("C:\\p\\Other.cht.tcf0", "08:00:00#1#####\r\n");
-  fake.files.Put("C:\\p\\Third.cht.tcf0", "08:00:00#1#####\r\n");
-  Open();
-  const RecoverySection& offer = form->recovery;
-  EXPECT_EQ(offer.lblInterrupted.Caption(), "A recording of 08:00:00 was interrupted after 1 point(s).");
-  form->recovery.cmdLater.Press();
-  EXPECT_EQ(offer.lblInterrupted.Caption(), "A recording of 23:59:58 was interrupted after 3 point(s).");
-  form->recovery.cmdRecover.Press();
-  EXPECT_THAT(Prompts(), ElementsAre("3 point(s) of the interrupted recording are in C:\\p\\Test.cht."));
-  EXPECT_EQ(Rows().size(), 3U);
-  form->recovery.cmdDiscard.Press();
-  EXPECT_TRUE(fake.files.Has("C:\\p\\Third.cht.tcf0")) << "No is the answer";
-  fake.dialogs.answers = {box_answer::kYes};
-  form->recovery.cmdDiscard.Press();
-  EXPECT_THAT(Prompts(),
-              ElementsAre("Delete the 1 point(s) of C:\\p\\Third.cht?", "Delete the 1 point(s) of C:\\p\\Third.cht?"));
-  EXPECT_FALSE(fake.files.Has("C:\\p\\Third.cht.tcf0") || offer.picInterrupted.Visible());
-  EXPECT_TRUE(fake.files.Has("C:\\p\\Other.cht.tcf0"));
 }
 
 }  // namespace

@@ -172,18 +172,6 @@ TEST_F(DriverFileTest, BadNumbersAndAddressesAreErrors) {
   EXPECT_EQ(ErrorOf([&] { LoadDriverFile(context, 31); }), 9);
 }
 
-TEST(UnitCodesTest, KeywordsFollowTheFamiliesInAnyCase) {
-  const std::pair<const char*, int> cases[] = {
-      {"CURRENTF0", 1},       {"currentf5", 6},       {"DirectF0", 7},       {"DividedBy1000F0", 13},
-      {"DividedBy100F0", 19}, {"DividedBy100F1", 20}, {"DividedBy10F0", 25}, {"DividedBy10F1", 26},
-      {"frequencyf2", 33},    {"GainF5", 42},         {"PercentageF0", 43},  {"PowerF0", 49},
-      {"TimeF0", 55},         {"VoltageF0", 61},      {"13bitsrpmf0", 67},   {"13BitsRPMF5", 72},
-      {"DependsOnP210", 73},  {"DependsOnP529", 74},  {"di1di8", 75},        {"RL1RL2RL3DO1DO2", 76},
-      {"frequencyf2 ", 0},    {"CurrentF6", 0},       {"Current", 0},        {"", 0},
-      {"CurrentF0F0", 0}};
-  for (const auto& [keyword, code] : cases) EXPECT_EQ(FindUnitCode(keyword), code) << keyword;
-}
-
 struct DriveTableTest : DriveTest {
   DriveTableTest() {
     context.settings.strMainFile = "/p/main";
@@ -267,23 +255,6 @@ TEST_F(ParameterReadTest, OrdinaryParametersAreLeftToTheCaller) {
   }
 }
 
-TEST_F(ParameterReadTest, TellsTheLinkTheParameterThatADisplayDependsOn) {
-  EXPECT_EQ(Special("KRA-09", 1), "");  // the governing parameter does not answer
-  EXPECT_THAT(plant.steps, ElementsAre("read 4 8 210 unit 1"));
-  plant.texts[210] = "2.5";
-  EXPECT_EQ(Special("KRA-09", 1), "old");
-  EXPECT_THAT(plant.steps, ElementsAre("read 4 8 210 unit 1", "tell P210 2", "read 4 8 1 unit 2"));
-  plant.texts[2] = "17.50";
-  EXPECT_EQ(Special("KRA-09", 2), "17.50");
-  plant.texts[529] = "3.5";
-  plant.texts[40] = "1.0000";
-  EXPECT_EQ(Special("KRA-09", 40), "1.0000");
-  EXPECT_THAT(plant.steps, ElementsAre("read 4 8 529 unit 40", "tell P529 4", "read 4 8 40 unit 41"));
-  plant.texts[529] = "40000";  // fits no 16 bits: as if it had not answered
-  EXPECT_EQ(Special("KRA-09", 40), "");
-  EXPECT_THAT(plant.steps, ElementsAre("read 4 8 529 unit 40"));
-}
-
 TEST_F(ParameterReadTest, MultipliesFrequencyAndSpeedPerHertz) {
   plant.texts[5] = "50";
   EXPECT_EQ(Special("KRA-08", 2), "0.00");
@@ -295,26 +266,6 @@ TEST_F(ParameterReadTest, MultipliesFrequencyAndSpeedPerHertz) {
   EXPECT_EQ(Special("KRA-08", 2), "-3,75");
   plant.texts.erase(5);
   EXPECT_EQ(Special("KRA-08", 2), "0,00");
-}
-
-TEST_F(ParameterReadTest, AColumnThatTakesAFailedReadingCarriesItsReason) {
-  plant.failure = {ReadFailure::kChecksum, "CRC"};
-  const std::tuple<const char*, int, std::map<int, std::string>, const char*, bool> cases[] = {
-      {"KRA-09", 3, {}, "0", false},
-      {"KRA-09", 3, {{3, "7"}}, "7", true},
-      {"KRA-09", 1, {{1, "7"}}, "", false},
-      {"KRA-09", 1, {{1, "7"}, {210, "1"}}, "7", true},
-      {"KRA-08", 2, {{5, "7"}}, "0.00", false},
-      {"KRA-08", 2, {{208, "7"}}, "0.00", false},
-      {"KRD-04", 32, {{32, "7"}}, "7", false},
-      {"KRD-04", 32, {{14, "2"}}, "", true}};
-  for (const auto& [model, parameter, texts, text, answered] : cases) {
-    context.driveTable.At(4).Type = model;
-    plant.texts = texts;
-    const ColumnReading reading = ReadColumn(context, static_cast<std::int16_t>(parameter));
-    EXPECT_EQ(reading.text, text) << model << parameter;
-    EXPECT_EQ(reading.outcome, answered ? ReadOutcome{} : plant.failure) << model << parameter;
-  }
 }
 
 TEST_F(ParameterReadTest, ChoosesTheUnitByParameter14) {
@@ -355,66 +306,6 @@ TEST_F(ParameterReadTest, AddressesAndNumbersOutsideTheTablesAreSubscriptErrors)
   context.currentDrive = 4;
   context.driveLink.reset();
   EXPECT_EQ(ErrorOf([&] { (void)ReadOrdinary(context, 3); }), 91);
-}
-
-TEST(DriveModelsTest, EveryNameHasItsCode) {
-  const std::string inOrder[] = {"KRA-02", "KRD-(A)03", "KRA-03", "KRA-04", "KRA-05", "KRA-06",
-                                 "KRA-07", "KRA-08",    "KRA-09", "KRA-10", "LMX-01", "TSR-03",
-                                 "TSR-04", "PVE-04",    "TSR-05", "TSR-06", "KRD-04", "PVE-05"};
-  char code = '0';
-  for (const std::string& model : inOrder) EXPECT_EQ(ModelCode(model), std::string(1, code++)) << model;
-  for (const char* unknown : {"", "kra-09", "KRA-09 ", " KRA-09"}) EXPECT_EQ(ModelCode(unknown), "9") << unknown;
-}
-
-TEST(DriveStatusTest, BitsComeToATextOrAnError) {
-  const std::pair<double, const char*> cases[] = {
-      {0, "READY"},      {0x0100, "READY"}, {0x0200, "READY"}, {0x0300, "RUN"}, {0x0A00, "RUN"},
-      {0x0800, "READY"}, {0x2000, "SUB"},   {0x2300, "SUB"},   {0x8005, "E05"}, {0xA30D, "E13"},
-      {0x800E, "READY"}, {0x8011, "E17"},   {0x8020, "E32"},   {0x8029, "E41"}, {0x8314, "RUN"},
-      {0x0305, "RUN"},   {767.5, "RUN"},    {766.5, "READY"},  {-32763, "E05"}};
-  for (const auto& [word, text] : cases) {
-    DriveStatus status;
-    DecodeStatus(status, word);
-    EXPECT_EQ(status.strStatus, text) << word;
-  }
-}
-
-TEST(DriveStatusTest, KeepsTheErrorCodeOfTheLastError) {
-  DriveStatus status;
-  DecodeStatus(status, 0x9400 + 20);
-  EXPECT_THAT((std::array{status.bError, status.bBit10, status.bBit12, status.bShowError, status.bBit13}),
-              ElementsAre(true, true, true, false, false));
-  EXPECT_EQ(status.intErrorCode, 20);
-  DecodeStatus(status, 0x0003);
-  EXPECT_THAT((std::array{status.bError, status.bBit10, status.bBit12}), ElementsAre(false, false, false));
-  EXPECT_EQ(status.intErrorCode, 20);
-  EXPECT_EQ(ErrorOf([&] { DecodeStatus(status, 3e9); }), 6);
-}
-
-TEST_F(DriveTest, DisplayValueFollowsTheModel) {
-  context.status.strStatus = "RUN";
-  const std::tuple<const char*, int, const char*, const char*> cases[] = {
-      {"KRA-02", 5, "12.5", ""},         {"KRA-03", 5, "12", ""},
-      {"KRA-04", 5, "12", ""},           {"KRA-06", 6, "12", ""},
-      {"KRA-11", 5, "12", ""},           {"", 5, "off", "off"},
-      {"KRA-02", 5, "--", "--"},         {"KRA-08", 6, "768", "768"},
-      {"TSR-05", 14, "20000", "20000"},  {"KRA-05", 6, "768", "RUN"},
-      {"KRA-05", 14, "20000", "20000"},  {"KRA-09", 6, "768", "RUN"},
-      {"KRA-09", 14, "13107", "--"},     {"KRA-09", 14, "13106", "13106"},
-      {"KRA-09", 17, "13107", "--"},     {"KRA-09", 18, "13107", "13107"},
-      {"KRA-09", 59, "13107", "13107"},  {"KRA-09", 60, "20000", "--"},
-      {"KRA-09", 65, "13106.6", "--"},   {"KRA-09", 66, "20000", "20000"},
-      {"KRA-09", 155, "20000", "20000"}, {"KRA-09", 15, "", ""}};
-  for (const auto& [model, parameter, value, text] : cases) {
-    EXPECT_EQ(DisplayValue(context, static_cast<std::int16_t>(parameter), value, model), text)
-        << model << " P" << parameter;
-  }
-  for (const char* model : {"KRD-(A)03", "KRA-07", "KRA-08", "LMX-01", "TSR-03", "TSR-04", "PVE-04", "TSR-05", "TSR-06",
-                            "KRD-04", "PVE-05"})
-    EXPECT_EQ(DisplayValue(context, 6, "768", model) + DisplayValue(context, 14, "20000", model), "76820000") << model;
-  EXPECT_EQ(ErrorOf([&] { (void)DisplayValue(context, 14, "40000", "KRA-09"); }), 6);
-  fakes.locale.UseComma();
-  EXPECT_EQ(DisplayValue(context, 14, "13107,0", "KRA-09"), "--");
 }
 
 }  // namespace
