@@ -274,5 +274,15 @@ TEST_F(SliceReaderTest, FindsCrossingsChangesGapsAndFailedReadingsInBothDirectio
   EXPECT_TRUE(FindPoint(source, {kGap, 0, 0, false}, 60000, 70000, nullptr, {}, [](double) { return false; }).givenUp);
 }
 
+TEST(WideDivisionTest, IsRoundAndHasWholeRows) {
+  const std::tuple<std::int64_t, std::int64_t, std::int64_t> cases[] = {
+      {1311, 1320, 2},      {2621, 2630, 5},          {6551, 6560, 10},
+      {10'001, 10'100, 20}, {800'000, 800'000, 1000}, {80'000'000, 80'000'000, 100'000}};
+  for (const auto& [wanted, points, perRow] : cases) {
+    const WideDivision division = ChooseWideDivision(wanted);
+    EXPECT_EQ(std::pair(division.points, division.pointsPerRow), std::pair(points, perRow)) << wanted;
+  }
+}
+
 }  // namespace
 }  // namespace chartproject
