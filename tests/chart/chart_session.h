@@ -85,6 +85,10 @@ inline std::string InWords(const ChartModel& model) {
 /// A session is a list of what the user does; after each step stands what differs.
 struct ChartSession : ChartWindowTest {
   ChartSession() {
+    fakes.files.beforeBlock = [this] {
+      ++blocks;
+      fakes.clock.Advance(perBlock);
+    };
     component.settings.strBin = "/bin";
     fakes.printer.draw = [this](const std::function<void(Canvas&)>& paint) {
       testing::RecordingCanvas canvas({676, 397});
@@ -213,9 +217,11 @@ struct ChartSession : ChartWindowTest {
   void Do(ChartForm& form, const std::string& what) {
     transcript->Step(what);
     fakes.forms.noticed.clear();
+    blocks = 0;
     Use(form, what);
     std::string told;
     for (const std::string& each : fakes.forms.noticed) told += " | " + each;
+    if (blocks > 0) told += " | " + std::to_string(blocks) + " blocks read";
     if (!told.empty()) transcript->Add("told" + told);
     LookAt(form);
     LookOutside();
@@ -243,6 +249,8 @@ struct ChartSession : ChartWindowTest {
   std::map<std::string, std::string> said;
   std::deque<std::vector<std::string>> answers;
   std::string drawn;
+  int blocks = 0;      ///< of files, read since the step began
+  Instant perBlock{};  ///< that reading one takes
   bool brief = false;  ///< of overlays nothing, of pages the texts alone
 };
 

@@ -22,6 +22,7 @@ TEST_F(ChartSession, EachLanguage) {
       Do(form, {"key Ctrl+G", "key Ctrl+F", "key Ctrl+P", "cmdPrint"});
     });
     LookOutside();
+    transcript->Listen();
   }
 }
 
@@ -65,7 +66,11 @@ TEST_F(ChartSession, KeysMenuAndSmallWindows) {
               "key Ctrl+F", "key Esc"});
     form.mscChart1.SetCursor(MeasuringCursor::kFirst, 31);
     Do(form, {"mouse hover 200 200", "key Ctrl+Shift+Right"});
-    Do(form, {"key F", "mouse hover 300 200", "key Ctrl+Right", "key Ctrl+Shift+Right", "mouse leave", "cmdOK"});
+    Do(form, {"key F", "mouse hover 300 200", "key Ctrl+Right", "key Ctrl+Shift+Right", "mouse leave", "key Ctrl+0"});
+    Answer({{"txtPlace=31", "cmdOK"}});
+    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 500);
+    Do(form, "key Ctrl+Left");
+    Do(form, {"key Ctrl+G", "mouse hover 340 100", "key Esc", "cmdOK"});
   });
   LookOutside();
 }
@@ -231,7 +236,7 @@ TEST_F(ChartSession, LongReadings) {
   Begin("chart_reading");
   brief = true;
   Put("200000", 200000);
-  fakes.files.beforeBlock = [&] { fakes.clock.Advance(std::chrono::milliseconds(90)); };
+  perBlock = std::chrono::milliseconds(90);
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
