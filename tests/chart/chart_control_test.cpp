@@ -49,48 +49,6 @@ struct ChartControlTest : ::testing::Test {
   RecordingCanvas canvas{{640, 360}};
 };
 
-TEST_F(ChartControlTest, TellsTheRowUnderThePointerOncePerRow) {
-  std::vector<int> rows;
-  chart.pointerRowChanged = {"mscChart1_MouseMove", [&] { rows.push_back(chart.PointerRow().value_or(-1)); }};
-  chart.MouseMoved(Over(4));
-  chart.MouseMoved({{Over(4).at.x + 1, 50}, false});
-  chart.MouseMoved(Over(5));
-  chart.MouseMoved({{1, 1}, false});
-  chart.MouseMoved(Over(24));
-  Show(101, 10);
-  chart.MouseLeft();
-  EXPECT_THAT(rows, ElementsAre(4, 5, -1, 24, 9, -1)) << "the last of 10 rows is where the last of 25 was";
-}
-
-TEST_F(ChartControlTest, CursorsKeepTheirPointOfTheFileWhileTheRowsChange) {
-  int changes = 0;
-  chart.cursorsChanged = {"mscChart1_Cursors", [&] { ++changes; }};
-  chart.MousePressed(Over(4));
-  chart.MousePressed(Over(9, true));
-  chart.MousePressed({{1, 1}, false});
-  EXPECT_EQ(chart.CursorLabel(kFirst), 105);
-  EXPECT_EQ(chart.CursorLabel(kSecond), 110);
-  Show(106, 25);
-  EXPECT_EQ(chart.CursorRow(kFirst), std::nullopt);
-  EXPECT_EQ(chart.CursorRow(kSecond), 4);
-  EXPECT_EQ(changes, 2);
-}
-
-TEST_F(ChartControlTest, EscTakesTheCursorsAwayAndOtherKeysGoOn) {
-  std::vector<Key> keys;
-  chart.answers.key = [&](const KeyPress& press) {
-    keys.push_back(press.key);
-    return press.key == Key::kLeft;
-  };
-  chart.SetCursor(kSecond, 110);
-  EXPECT_TRUE(chart.KeyPressed({.key = Key::kEscape}));
-  EXPECT_EQ(chart.CursorLabel(kSecond), std::nullopt);
-  EXPECT_FALSE(chart.KeyPressed({.key = Key::kEscape}));
-  EXPECT_TRUE(chart.KeyPressed({.key = Key::kLeft}));
-  EXPECT_THAT(keys, ElementsAre(Key::kEscape, Key::kLeft));
-  EXPECT_FALSE(chart.WheelTurned({.notches = 1}));
-}
-
 TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {
   chart.SetReadout({{"Point 105", -1}, {"3.00", 0}});
   chart.SetCursorReadout({{"5 points", -1}});

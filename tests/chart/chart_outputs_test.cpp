@@ -111,6 +111,19 @@ TEST_F(ChartPageTest, SurvivesWhatAPrinterMayDo) {
   EXPECT_THAT(fakes.dialogs.boxes[0].prompt, HasSubstr("Err.Number = 482"));
 }
 
+TEST_F(ChartPageTest, ProposesAFileBesideTheChartFile) {
+  const std::pair<const char*, const char*> names[] = {{"/d.x/Test.cht", "/d.x/Test.pdf"},
+                                                       {"C:\\d.x\\Test", "C:\\d.x\\Test.pdf"},
+                                                       {"/d/.Test", "/d/.Test.pdf"},
+                                                       {"Test.a.b", "Test.a.pdf"},
+                                                       {"Test", "Test.pdf"}};
+  for (const auto& [name, file] : names) {
+    page.fileName = name;
+    EXPECT_TRUE(PrintChartPage(component, page));
+    EXPECT_EQ(fakes.printer.proposed + fakes.printer.title, file + ("Kestrel v5.60 - " + page.fileName));
+  }
+}
+
 TEST_F(ChartPageTest, WrapsBehindSeparatorsAndNeverInsideACharacter) {
   const PrintFont font{"Times New Roman", 72, false, false, 0};  // a byte is 1.27 cm wide
   EXPECT_THAT(WrapText(fakes.printer, "ab cd/ef", font, 1.27 * 4 + 0.01, 3), ElementsAre("ab ", "cd/", "ef"));

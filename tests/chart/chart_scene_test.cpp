@@ -145,27 +145,6 @@ TEST_P(EveryType, GapsAloneDrawNoSeries) {
   EXPECT_EQ(CountPolylines(chart, kSeriesColors[0]), 0);
 }
 
-TEST(ChartScene, SlabsArePaintedFromTheBackSeriesToTheFrontOne) {
-  const ChartScene chart = Build(ModelOf(4, {{1, 1}, {2, 2}, {3, 3}}));
-  std::vector<Color> fronts;
-  for (const Color fill : Fills(chart, {SceneShape::Kind::kPolygon})) {
-    if (std::find(kSeriesColors.begin(), kSeriesColors.end(), fill) != kSeriesColors.end()) fronts.push_back(fill);
-  }
-  EXPECT_THAT(fronts, ElementsAre(kSeriesColors[2], kSeriesColors[1], kSeriesColors[0]));
-}
-
-TEST(ChartScene, FaintColoursGetADarkEdgeUnderTheirLine) {
-  const ChartScene chart = Build(ModelOf(3, {{1, 2}, {1, 2}, {1, 2}, {1, 2}}));
-  std::vector<Color> lines;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    if (shape.pen.width <= 1.5) continue;
-    lines.push_back(shape.pen.color);
-    EXPECT_EQ(chart.scene.Points(shape).front(), (PointF{chart.plot.X(0), chart.plot.Y(1)}));
-  }
-  EXPECT_THAT(lines, ElementsAre(kSeriesColors[0], EdgeTone(kSeriesColors[1]), kSeriesColors[1], kSeriesColors[2],
-                                 EdgeTone(kSeriesColors[3]), kSeriesColors[3]));
-}
-
 TEST(ChartScene, APointWithoutNeighboursIsADotAndSmallChartsHaveThinLines) {
   for (const auto& [size, width] : {std::pair(Size{640, 360}, 2.0), std::pair(Size{150, 100}, 1.0)}) {
     const ChartScene chart = Build(ModelOf(3, {{2, 2, kGap, 4, kGap}}), size);
@@ -177,21 +156,6 @@ TEST(ChartScene, APointWithoutNeighboursIsADotAndSmallChartsHaveThinLines) {
     }
     EXPECT_THAT(dots, ElementsAre(Rect{chart.plot.X(3) - 2.5, chart.plot.Y(4) - 2.5, 5, 5}));
   }
-}
-
-TEST(ChartScene, WithoutLinesOnlyMarkersShowThePoints) {
-  ChartModel model = ModelOf(3, {{1, kGap, 3}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}});
-  for (ChartSeries& series : model.series) {
-    series.showLine = false;
-    series.showMarker = true;
-  }
-  const ChartScene chart = Build(model);
-  std::vector<std::size_t> corners;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    if (shape.fill == kSeriesColors[0] || shape.pen.color == EdgeTone(shape.fill)) corners.push_back(shape.count);
-  }
-  EXPECT_THAT(corners, ElementsAre(0, 0, 4, 4, 4, 3, 3, 3, 4, 4, 4));
-  EXPECT_EQ(CountPolylines(chart, kSeriesColors[0]), 0);
 }
 
 TEST(ChartScene, MarkersStayAtTheirPointsWhileTheRowsScroll) {
@@ -212,46 +176,6 @@ TEST(ChartScene, MarkersStayAtTheirPointsWhileTheRowsScroll) {
   const auto after = markedLabels(4);
   EXPECT_GT(before.size(), 20U);
   for (const std::int64_t label : before) EXPECT_TRUE(label < 4 || after.contains(label)) << label;
-}
-
-TEST(ChartScene, GridPensOfAnAxisShowAndHideItsLines) {
-  const Color grid = Darker(kPaleYellow, 0.14);
-  ChartModel model = ModelOf(3, {Wave(25, 1, 0)});
-  const auto count = [&](int x, int y, int second) {
-    model.categoryGrid = x;
-    model.valueGrid = y;
-    model.secondValueGrid = second;
-    return CountPolylines(Build(model), grid);
-  };
-  const int levels = Build(model).plot.axis.TickCount();
-  EXPECT_EQ(count(0, 0, 0), 0);
-  EXPECT_EQ(count(1, 0, 0), 25);
-  EXPECT_EQ(count(0, 1, 0), levels);
-  EXPECT_EQ(count(0, 0, 1), levels);
-  EXPECT_EQ(count(1, 1, 1), 25 + levels);
-}
-
-TEST_P(EveryType, FailedRowsAreShadedOverTheWallBeforeTheSeriesAndNothingElseChanges) {
-  ChartModel model = ModelOf(GetParam(), {Wave(100, 5, 0), Wave(100, 5, 1)});
-  const ChartScene whole = Build(model);
-  model.series[0].failed = {{10, 19}, {50, 50}};
-  model.series[1].failed = {{15, 24}};
-  const ChartScene chart = Build(model);
-  const Plot& plot = chart.plot;
-  std::vector<Rect> bands;
-  std::vector<Rect> strips;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    if (shape.kind != SceneShape::Kind::kRectangle) continue;
-    if (shape.box.height == plot.front.height && shape.fill.alpha < 255) bands.push_back(shape.box);
-    if (shape.box.height == 4) strips.push_back(shape.box);
-  }
-  const double shift = plot.depthX;
-  ASSERT_EQ(bands.size(), 2U) << "ranges that overlap are one band";
-  EXPECT_EQ(bands[0].x, std::floor(plot.Edge(10)) + shift);
-  EXPECT_EQ(bands[0].Right(), std::ceil(plot.Edge(25)) + shift);
-  EXPECT_EQ(bands[1].x, std::floor(plot.Edge(50)) + shift);
-  EXPECT_EQ(strips.size(), 3U);
-  EXPECT_EQ(chart.scene.Shapes().size(), whole.scene.Shapes().size() + bands.size() + strips.size());
 }
 
 TEST(ChartScene, FindsTheRowUnderAPoint) {

@@ -63,7 +63,8 @@ inline std::string InWords(const ChartModel& model) {
       << ", rows " << model.rowCount << ", division " << model.categoryScale.divisionsPerLabel << ' '
       << model.categoryScale.divisionsPerTick << ", unit " << static_cast<int>(model.categoryUnit) << ", grid "
       << model.categoryGrid << model.valueGrid << model.secondValueGrid << " wall " << model.wallPen << " frame "
-      << static_cast<int>(model.frame) << (model.lanes ? ", lanes" : "") << (model.legendVisible ? ", legend" : "");
+      << static_cast<int>(model.frame) << ' ' << testing::InWords(model.backdrop) << (model.lanes ? ", lanes" : "")
+      << (model.legendVisible ? ", legend" : "");
   for (const RowTime& time : model.rowTimes) out << ", row " << time.row << " at " << time.milliseconds;
   const auto range = [&out](const std::optional<ValueRange>& given) {
     if (given) out << ", range " << given->minimum << ".." << given->maximum;
@@ -84,6 +85,10 @@ inline std::string InWords(const ChartModel& model) {
 /// A session is a list of what the user does; after each step stands what differs.
 struct ChartSession : ChartWindowTest {
   ChartSession() {
+    fakes.files.beforeBlock = [this] {
+      ++blocks;
+      fakes.clock.Advance(perBlock);
+    };
     component.settings.strBin = "/bin";
     fakes.printer.draw = [this](const std::function<void(Canvas&)>& paint) {
       testing::RecordingCanvas canvas({676, 397});
@@ -198,7 +203,11 @@ struct ChartSession : ChartWindowTest {
     std::string calls, cells;
     for (const std::string& call : fakes.spreadsheets.log.calls) calls += "\n  " + call;
     for (const auto& [cell, text] : fakes.spreadsheets.log.cells) cells += " " + cell + " [" + text + "]";
-    Say("workbook", calls + (cells.size() > 2000 ? " cells " + std::to_string(cells.size()) : cells));
+    auto& log = fakes.spreadsheets.log.cells;
+    std::string last;
+    for (int row = 22; log.contains("1!" + std::to_string(row) + ",2"); ++row)
+      last = log["1!" + std::to_string(row) + ",2"];
+    Say("workbook", calls + (cells.size() > 2000 ? " points " + log["1!22,2"] + " .. " + last : cells));
     fakes.spreadsheets.log = {};
     said["workbook"].clear();
     const auto picture = fakes.clipboard.Picture();
@@ -209,7 +218,9 @@ struct ChartSession : ChartWindowTest {
     transcript->Step(what);
     fakes.forms.notes = true;
     fakes.forms.noted.clear();
+    blocks = 0;
     Use(form, what);
+    if (blocks > 0) transcript->Add(std::to_string(blocks) + " blocks read");
     LookAt(form);
     LookOutside();
   }
@@ -236,6 +247,8 @@ struct ChartSession : ChartWindowTest {
   std::map<std::string, std::string> said;
   std::deque<std::vector<std::string>> answers;
   std::string drawn;
+  int blocks = 0;      ///< of files, read since the step began
+  Instant perBlock{};  ///< that reading one takes
   bool brief = false;  ///< of overlays nothing, of pages the texts alone
 };
 

@@ -22,6 +22,7 @@ TEST_F(ChartSession, EachLanguage) {
       Do(form, {"key Ctrl+G", "key Ctrl+F", "key Ctrl+P", "cmdPrint"});
     });
     LookOutside();
+    transcript->Listen();
   }
 }
 
@@ -33,7 +34,8 @@ TEST_F(ChartSession, KeysMenuAndSmallWindows) {
   fakes.files.Put(std::string(kFile) + ".readings",
                   "[CHART READINGS]\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\nEnd Date=\r\nEnd Time=\r\n"
                   "Points=1000\r\n[FAILED]\r\n1 P003 30 34 5 no-answer\r\n[PACE]\r\nAsked=1000\r\nShortest=1000\r\n"
-                  "Mean=2000\r\nLongest=3000\r\nLatest=99000\r\n[TIMES]\r\nWithin=5\r\n1 0\r\n1000 1998000\r\n");
+                  "Mean=2000\r\nLongest=3000\r\nLatest=99000\r\n[TIMES]\r\nWithin=5\r\n1 0\r\n1000 "
+                  "1998000\r\n[SOURCE]\r\nDrives=simulated\r\n");
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
@@ -62,7 +64,13 @@ TEST_F(ChartSession, KeysMenuAndSmallWindows) {
             {"cboWhat=2", "cmdPrevious"}});
     Do(form, {"key Home", "key N", "key Shift+N", "key N", "key Shift+N", "key Ctrl+F", "key N", "key Ctrl+F", "key N",
               "key Ctrl+F", "key Esc"});
-    Do(form, {"key F", "mouse hover 300 200", "key Ctrl+Right", "key Ctrl+Shift+Right", "mouse leave", "cmdOK"});
+    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 31);
+    Do(form, {"mouse hover 200 200", "key Ctrl+Shift+Right"});
+    Do(form, {"key F", "mouse hover 300 200", "key Ctrl+Right", "key Ctrl+Shift+Right", "mouse leave", "key Ctrl+0"});
+    Answer({{"txtPlace=31", "cmdOK"}});
+    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 500);
+    Do(form, "key Ctrl+Left");
+    Do(form, {"key Ctrl+G", "mouse hover 340 100", "key Esc", "cmdOK"});
   });
   LookOutside();
 }
@@ -75,21 +83,27 @@ TEST_F(ChartSession, TypesSwitchesAndScales) {
     transcript->Know(form);
     LookAt(form);
     Do(form,
-       {"cboChartType=0",  "cboChartType=1", "cboChartType=2", "cboChartType=4", "cboChartType=5",  "chkGrid=1",
-        "chkGrid=2",       "chkLine=0",      "chkMarker=1",    "upd1=1",         "upd1=-1",         "upd1=1",
-        "cmdUpdateChart",  "txtScale2=007",  "cmdUpdateChart", "txtScale2=0",    "mscChart1>",      "txtScale2=2.5",
-        "hsbGraph=1",      "mscChart1>",     "txtScale2=",     "cmdUpdateChart", "txtScale2=32768", "cmdUpdateChart",
-        "txtScale2=32767", "cmdUpdateChart", "upd3=1",         "cmdPrint"});
+       {"cboChartType=0", "cboChartType=1", "cboChartType=2",  "cboChartType=4", "cboChartType=5",  "chkGrid=1",
+        "chkGrid=2",      "chkLine=0",      "chkMarker=1",     "upd1=1",         "upd1=-1",         "upd1=1",
+        "cmdUpdateChart", "txtScale2=007",  "cmdUpdateChart",  "txtScale2=0",    "mscChart1>",      "txtScale2=2.5",
+        "hsbGraph=1",     "mscChart1>",     "txtScale2=",      "cmdUpdateChart", "txtScale2=abc",   "cmdUpdateChart",
+        "txtScale2=-3",   "cmdUpdateChart", "txtScale2=32768", "cmdUpdateChart", "txtScale2=32767", "cmdUpdateChart",
+        "upd3=1",         "cmdPrint"});
     fakes.dialogs.answers = {box_answer::kYes};
   });
   LookOutside();
   component.settings.intChartType = 9;
   component.settings.strGrid = "?";
-  transcript->Step("stored settings that name nothing");
-  Show([&](ChartForm& form) {
-    LookAt(form);
-    form.PlaceChangedByUser(300, 450, 15000, 12000);
-  });
+  fakes.settings.values["frmChart"] = {{"Axis", "Elapsed"}, {"Lanes", "Yes"},  {"Overview", "No"},
+                                       {"Left", "300"},     {"Width", "9000"}, {"Top", "99999"}};
+  for (const char* title : {"stored settings, some of which name nothing", "the place that the user gave it"}) {
+    transcript->Step(title);
+    Show([&](ChartForm& form) {
+      LookAt(form);
+      Say("layout", LayoutOf(form).substr(0, 40));
+      form.PlaceChangedByUser(300, 450, 15000, 12000);
+    });
+  }
   transcript->Listen();
 }
 
@@ -145,6 +159,10 @@ TEST_F(ChartSession, MouseAndWheel) {
               "wheel 1 20 100 shift",
               "key L",
               "wheel 2 20 60",
+              "mouse press 100 200 shift",
+              "mouse move 300 250 shift",
+              "mouse release 300 250",
+              "key Backspace",
               "strip press 300 20",
               "strip move 320 20",
               "strip release 320 20",
@@ -161,11 +179,15 @@ TEST_F(ChartSession, MouseAndWheel) {
 TEST_F(ChartSession, ScrollingAndDamagedFiles) {
   Begin("chart_files");
   brief = true;
+  component.settings.strGrid = "Yes";
+  fakes.files.Put(std::string(kFile) + ".readings", "[CHART READINGS]\r\n100 x\r\n");
+  asked = [](Form& window) { window.CloseByUser(); };
   const std::tuple<const char*, int, const char*, const char*> cases[] = {
       {"100", 100, "2", ""},       {"10", 12, "2", ""},      {"20", 12, "2", ""},
       {"many", 40, "2", ""},       {"40", 40, "7", ""},      {"0", 0, "1", ""},
-      {"30", 26, "2", "broken"},   {"30", 3, "2", "broken"}, {"60", 58, "4", "' note\r\n\r\n08:00:01#1#--#run####"},
-      {"2000000000", 70, "3", ""}, {"26", 26, "1", ""}};
+      {"30", 26, "2", "broken"},   {"30", 3, "2", "broken"}, {"60", 58, "4", "' note\r\n\r\n08:00:01#1#--#run###"},
+      {"2000000000", 70, "3", ""}, {"26", 26, "1", ""},      {"1000", 25, "2", ""},
+      {"10", 100, "2", ""},        {"40", 100, "2", ""},     {"30", 30, "2", "\r\n' end\r\n"}};
   for (const auto& [points, rows, parameters, end] : cases) {
     Put(points, rows, parameters);
     fakes.files.Append(kFile, end);
@@ -173,7 +195,8 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
                      end);
     Show([&](ChartForm& form) {
       LookAt(form);
-      Do(form, {"key End", "hsbGraph=0", "sldPointsPerDivision=2", "sldPointsPerDivision=1310", "key Home"});
+      Do(form, {"key End", "sldPointsPerDivision=2", "sldPointsPerDivision=1310", "sldPointsPerDivision=1",
+                "hsbGraph=0", "cmdExport"});
     });
   }
   Put("60", 60);
@@ -195,19 +218,31 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
     Show([](ChartForm&) {});
     transcript->Listen();
   }
+  for (const char* text : {"", "Drive Address=01\r\nNumber of Points=5\r\n",
+                           "[INFO]\r\nDrive Address=01\r\nPXXX1=1e400\r\nNumber of Parameters=1\r\nNumber of "
+                           "Points=1\r\n[TIME/CONTENT]\r\n#5#####"}) {
+    transcript->Step("a file of " + std::to_string(std::string_view(text).size()) + " bytes");
+    fakes.files.Put(kFile, text);
+    Show([&](ChartForm& form) { LookAt(form); });
+  }
+  transcript->Step("no file");
+  fakes.files.Delete(kFile);
+  Show([](ChartForm&) {});
+  transcript->Listen();
+  LookOutside();
 }
 
 TEST_F(ChartSession, LongReadings) {
   Begin("chart_reading");
   brief = true;
   Put("200000", 200000);
-  fakes.files.beforeBlock = [&] { fakes.clock.Advance(std::chrono::milliseconds(90)); };
+  perBlock = std::chrono::milliseconds(90);
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
     int reports = 0;
     int stopAt = 0;
-    fakes.forms.onKeepAlive = [&] {
+    const auto busy = [&] {
       transcript->Add(form.reading.lblStatus.Caption() + " pointer " +
                       std::to_string(static_cast<int>(form.Pointer())));
       for (const char* what :
@@ -216,13 +251,16 @@ TEST_F(ChartSession, LongReadings) {
         Use(form, what);
       fakes.keyboard.escape = ++reports == stopAt;
     };
+    fakes.forms.onKeepAlive = busy;
     const auto stop = [&](int report, const char* what) {
       reports = 0;
       stopAt = report;
       Do(form, what);
     };
     stop(1, "hsbGraph=32742");
-    stop(9, "hsbGraph=32742");
+    fakes.forms.onKeepAlive = nullptr;
+    Do(form, "hsbGraph=32742");
+    fakes.forms.onKeepAlive = busy;
     form.mscChart1.SetCursor(MeasuringCursor::kFirst, 1);
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 200000);
     for (const int report : {2, 9}) stop(report, "key S");
@@ -237,7 +275,13 @@ TEST_F(ChartSession, LongReadings) {
     Answer({{"cmdYes"}});
     Do(form, "cmdExport");
   });
-  transcript->Listen();
+  for (const char* what : {"hsbGraph=2", "cmdOK"}) {
+    transcript->Step(std::string("in a long jump ") + what);
+    Show([&](ChartForm& form) {
+      fakes.forms.onKeepAlive = [&, what] { Use(form, what); };
+      Do(form, "hsbGraph=32742");
+    });
+  }
 }
 
 TEST_F(ChartSession, Outputs) {
@@ -250,12 +294,12 @@ TEST_F(ChartSession, Outputs) {
     transcript->Know(form);
     LookAt(form);
     Do(form, {"key Ctrl+Right", "key Ctrl+Shift+Left", "key Ctrl+Shift+C"});
-    for (const char* name : {"/data/new", "/data/old.png", "/data/other.PNG"}) {
+    for (const char* name : {"/data/new", "/data/old.png", "/data/other.PNG", kFile}) {
       for (const std::int16_t answer : {box_answer::kNo, box_answer::kYes}) {
         fakes.dialogs.fileAnswer = name;
         fakes.dialogs.answers = {answer};
         Do(form, "key Ctrl+S");
-        transcript->Add(std::string(name) + " holds " + fakes.files.Bytes(name) +
+        transcript->Add(std::string(name) + " holds " + fakes.files.Bytes(name).substr(0, 20) +
                         fakes.files.Bytes(name + std::string(".png")));
       }
     }
@@ -280,6 +324,7 @@ TEST_F(ChartSession, Outputs) {
 TEST_F(ChartSession, SlicesOfMorePointsThanAChartHasRows) {
   Begin("chart_wide");
   Put("40000", 40000);
+  fakes.locale.UseComma();
   Show([&](ChartForm& form) {
     transcript->Know(form);
     Do(form, {"key F",

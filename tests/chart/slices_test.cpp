@@ -55,23 +55,6 @@ TEST(FieldValueTest, ReadsNumbersOfEitherLocaleAndLeavesTheRestAsGaps) {
   }
 }
 
-TEST_F(SliceReaderTest, OpensAHeaderAndReadsSlicesByLine) {
-  Open(Rows(1, 30));
-  EXPECT_EQ(source.FirstLine(), kFirstLine);
-  EXPECT_EQ(source.NamedPoints(), 3);
-  EXPECT_EQ(source.NamedSeries(), 2);
-  const Slice first = Read(0, 25).slice;
-  EXPECT_EQ(first.RowCount(), 25);
-  EXPECT_TRUE(first.moreFollow);
-  EXPECT_FALSE(first.endOfFile);
-  const SliceReading last = Read(28, 25);
-  EXPECT_THAT(last.slice.values[0], ElementsAre(29, 30));
-  EXPECT_THAT(last.slice.values[1], ElementsAre(-29, -30));
-  EXPECT_TRUE(last.slice.endOfFile);
-  EXPECT_EQ(last.slice.lastLine, kFirstLine + 29);
-  EXPECT_EQ(Read(500, 25).slice.RowCount(), 0);
-}
-
 TEST_F(SliceReaderTest, SkipsEmptyAndCommentLinesAndStopsAtMalformedOnes) {
   const std::string longText(10000, 'x');
   const std::tuple<std::string, SliceEnd, int> cases[] = {{"", SliceEnd::kRead, 2},
@@ -200,29 +183,6 @@ std::string ValueRows(const std::vector<std::string>& values) {
   return rows;
 }
 
-TEST_F(SliceReaderTest, MeasuresARangeOfTheFileWithoutGapsAndFailedReadings) {
-  Open(ValueRows({"100", "1", "4", "--", "3", "0", "9", "2", "100"}));
-  header.ScanTime = "500";
-  header.Unit = "ms";
-  const PointClock clock(header, nullptr, fakes.locale);
-  FailedReadings failed;
-  failed[0].Note(7, {ReadFailure::kNoAnswer, ""});
-  const auto measured = MeasureRange(source, {2, 8, 2, &clock, &failed}, {".", ","});
-  ASSERT_TRUE(measured);
-  const SeriesStatistics& numbers = measured->at(0);  // 1, 4, 3, 0, 2 at 0, 0.5, 1.5, 2 and 3 seconds
-  EXPECT_THAT((std::array{numbers.count, numbers.leftOut}), ElementsAre(5, 2));
-  EXPECT_THAT((std::array{numbers.minimum, numbers.maximum}), ElementsAre(0, 4));
-  EXPECT_EQ(numbers.mean, 2);
-  EXPECT_DOUBLE_EQ(numbers.rms, std::sqrt(6.0));
-  EXPECT_DOUBLE_EQ(numbers.slope, -1.5 / 5.7);
-  EXPECT_DOUBLE_EQ(numbers.integral, 1.25 + 0.75);
-  EXPECT_EQ(numbers.crossings, 2);
-  EXPECT_EQ(measured->at(1).rms, 0) << "an empty field is a zero";
-  const auto one = MeasureRange(source, {4, 4, 1, nullptr, nullptr}, {".", ","})->at(0);
-  EXPECT_THAT((std::array{one.count, one.leftOut}), ElementsAre(0, 1));
-  EXPECT_TRUE(std::isnan(one.mean));
-}
-
 TEST_F(SliceReaderTest, MeasuresMoreRowsThanItKeepsInTwoPassesAndGivesUpWhenAsked) {
   constexpr std::int64_t kRows = 250'010;
   std::string rows;
@@ -272,6 +232,16 @@ TEST_F(SliceReaderTest, FindsCrossingsChangesGapsAndFailedReadingsInBothDirectio
   const auto texts = FindPoint(source, {kCrossing, 0, 12, false}, 70001, 70000, nullptr, {".", ","}).found;
   EXPECT_EQ(texts->before + ">" + texts->text, "5>30");
   EXPECT_TRUE(FindPoint(source, {kGap, 0, 0, false}, 60000, 70000, nullptr, {}, [](double) { return false; }).givenUp);
+}
+
+TEST(WideDivisionTest, IsRoundAndHasWholeRows) {
+  const std::tuple<std::int64_t, std::int64_t, std::int64_t> cases[] = {
+      {1311, 1320, 2},      {2621, 2630, 5},          {6551, 6560, 10},
+      {10'001, 10'100, 20}, {800'000, 800'000, 1000}, {80'000'000, 80'000'000, 100'000}};
+  for (const auto& [wanted, points, perRow] : cases) {
+    const WideDivision division = ChooseWideDivision(wanted);
+    EXPECT_EQ(std::pair(division.points, division.pointsPerRow), std::pair(points, perRow)) << wanted;
+  }
 }
 
 }  // namespace

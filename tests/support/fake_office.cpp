@@ -52,7 +52,8 @@ class FakeSpreadsheet : public SpreadsheetApplication {
 
 }  // namespace
 
-bool FakePrinter::StartDocument(const std::string& /*title*/) {
+bool FakePrinter::StartDocument(const std::string& name) {
+  title = name;
   y_ = 0;
   pages = 1;
   return !declined;

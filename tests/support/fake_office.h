@@ -25,6 +25,7 @@ class FakePrinter : public Printer {
     double x, y, width, height;
   };
 
+  void ProposeFile(const std::string& name) override { proposed = name; }
   bool StartDocument(const std::string& title) override;
   PageArea Page() const override { return page; }
   double TextWidth(std::string_view text, const PrintFont& font) const override;
@@ -47,7 +48,8 @@ class FakePrinter : public Printer {
   std::vector<Picture> drawings;                                        ///< boxes that were drawn into
   std::function<void(const std::function<void(Canvas&)>& paint)> draw;  ///< offers a canvas; may be empty
   std::vector<std::string> icons;
-  int pages = 0;  ///< of the last document
+  int pages = 0;                ///< of the last document
+  std::string title, proposed;  ///< of it, and of the file that it may go into
   int documentsPrinted = 0;
   int documentsAbandoned = 0;
 
