@@ -7,7 +7,7 @@
 #include "host/host_case.h"
 #include "host/line_server.h"
 #include "host/manual/version.h"
-#include "host/session_script.h"
+#include "support/session_script.h"
 
 namespace chartproject {
 namespace {
@@ -85,6 +85,7 @@ struct HostSession : HostCase, ::testing::WithParamInterface<const char*> {
         {std::regex("-[0-9a-f]{8}\\b"), "-MARK"},
         {std::regex("(Recording=)[0-9a-f]{16}|(Completed=)[0-9]+"), "$1$2MARK"},
         {std::regex("(reached: ).*"), "$1REASON"},
+        {std::regex("( \\()(?!ftp)[^)]*(\\); )"), "$1REASON$2"},
         {std::regex(", [0-9.]+ points/s, [0-9:]+ left"), ""}};
     for (const auto& [pattern, word] : kOfThisRun) text = std::regex_replace(text, pattern, word);
     if (text.ends_with('\n')) text.pop_back();

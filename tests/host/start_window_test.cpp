@@ -3,10 +3,10 @@
 
 #include "backends/posix/posix_clock.h"
 #include "host/project/project_maker.h"
-#include "host/session_script.h"
 #include "host/window/start_form.h"
 #include "platform/run_time_error.h"
 #include "support/fake_ports.h"
+#include "support/session_script.h"
 
 namespace chartproject {
 namespace {

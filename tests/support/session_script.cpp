@@ -1,5 +1,5 @@
 // Steps read from the file that they are held against.
-#include "host/session_script.h"
+#include "support/session_script.h"
 
 #include <gtest/gtest.h>
 
