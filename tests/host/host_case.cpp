@@ -78,8 +78,8 @@ HostCase::~HostCase() {
 
 Done HostCase::Run(std::vector<std::string> arguments) {
   std::filesystem::current_path(folder.Path());  // a project takes the program into its own folder
-  std::vector<std::string> all{"chartproject", "--profile",          "profile", "--clock", "virtual",
-                               "--start",      "2026-01-31 08:00:00"};
+  std::vector<std::string> all{"chartproject"};
+  all.insert(all.end(), globals.begin(), globals.end());
   if (std::ranges::find(arguments, "--link") == arguments.end())
     all.insert(all.end(), {"--link", "scenario:plant.txt"});
   all.insert(all.end(), arguments.begin(), arguments.end());

@@ -31,30 +31,6 @@ class ProgramTest(ProgramCase):
             self.assertEqual((self.folder / "run.cht").read_bytes(), self.expected_file(points))
             self.assertEqual(sorted(p.name for p in self.folder.glob("run.cht*")), ["run.cht"])
 
-    def test_readings_that_failed_and_points_that_came_late_are_reported_and_kept_beside_the_chart_file(self):
-        self.put("ill.txt", "at 0 01 P003 1\nat 0 01 P005 2\nat 2500 01 fails 4 illegal address\n"
-                 "at 4500 01 answers\nat 6500 01 late 3000\n")
-        done = self.acquire(8, link="scenario:ill.txt", expected=0)
-        sentence = "readings failed, last: refused by the drive (illegal address) (points 3 to 4)"
-        self.assertEqual(done.stdout, f"8 points in {self.folder}/run.cht\nP003: 2 of 8 {sentence}\n"
-                         f"P005: 2 of 8 {sentence}\n"
-                         "Real time between points: 1.29 s instead of 1.00 s (from 1.00 s to 3.00 s)\n")
-        self.assertEqual(sorted(p.name for p in self.folder.glob("run.cht*")), ["run.cht", "run.cht.readings"])
-        info = self.run_program("info", "run.cht", expected=0).stdout
-        self.assertTrue(info.endswith("Drives: simulated\nRows: 8\n" + done.stdout.partition("\n")[2]), info)
-        told = json.loads(self.acquire(8, "--json", link="scenario:ill.txt", expected=0).stdout)
-        failed = told["failedReadings"][1]
-        self.assertEqual((told["points"], told["end"], told["inFile"]), (8, "complete", True))
-        self.assertEqual((failed["parameter"], failed["failed"], failed["readings"], failed["ranges"]), ("P005", 2, 8, [
-            {"first": 3, "last": 4, "failed": 2, "reason": "refused", "detail": "illegal address"}]))
-        self.assertEqual(told["interval"], {"asked": 1000, "shortest": 1000, "mean": 1286, "longest": 3000,
-                                            "latest": 2000, "slipped": True})
-        info = json.loads(self.run_program("info", "run.cht", "--json").stdout)
-        for key in ("failedReadings", "interval", "simulated"):
-            self.assertEqual((key, info[key]), (key, told[key]))
-        self.assertEqual(self.acquire(8, expected=0).stdout, f"8 points in {self.folder}/run.cht\n")
-        self.assertFalse((self.folder / "run.cht.readings").exists())
-
     def test_a_signal_ends_a_recording_as_esc_does(self):
         for number, reason in ((signal.SIGINT, "Ctrl-C"), (signal.SIGTERM, "SIGTERM")):
             child, progress = self.start("acquire", "--parameters", "3,5", "--points", 100, "--every", "200ms", "--file",
@@ -243,18 +219,6 @@ class ProgramTest(ProgramCase):
                           "not known\n", shown)
             self.assertEqual(self.run_program("recover", expected=1).stderr, "nothing to recover\n")
             (self.folder / "run.cht").unlink()
-
-    def test_recover_refuses_what_would_replace_or_guess(self):
-        self.put("old.cht.tcf0", "08:00:00#1#2####\r\n08:00:01#1#2####\r\n08:00:02#1")
-        self.put("there.cht", "[INFO]\r\nDrive Address=07\r\n\r\n[TIME/CONTENT]\r\n")
-        self.run_program("recover", "--discard", expected=2)
-        self.run_program("recover", "old.cht", "--output", "there.cht", expected=2)
-        back = self.run_program("recover", "old.cht.tcf0", "--like", "there.cht", "--output", "new.cht", expected=0)
-        self.assertTrue(back.stdout.startswith("2 point(s)") and "1 line(s) are not points." in back.stdout)
-        self.assertIn("Drive Address: 07\n", self.run_program("info", "new.cht", expected=0).stdout)
-        self.assertFalse((self.folder / "old.cht.tcf0").exists())
-        self.put("old.cht.tcf0", "08:00:00#1#2####\r\n")
-        self.assertIn("old.cht: 1 points deleted", self.run_program("recover", "old.cht", "--discard").stdout)
 
     def test_a_killed_export_leaves_nothing(self):
         self.acquire(20000, expected=0)

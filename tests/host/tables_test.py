@@ -37,34 +37,6 @@ class TablesTest(ProgramCase):
                                 "print STATS_records, STATS_max"], cwd=self.folder, capture_output=True, text=True)
         self.assertEqual(stats.stderr.split(), ["8", "50.25"])
 
-    def test_rows_come_as_they_are_taken_and_the_file_all_the_same(self):
-        done = self.acquire(5, "--rows", "-", expected=0)
-        rows = [json.loads(line) for line in done.stdout.splitlines()]
-        self.assertEqual([row["time"] for row in rows], [f"2026-01-31T08:00:0{i}.000+00:00" for i in range(1, 6)])
-        self.assertEqual([row[HEADS[2]] for row in rows], [50.25, 50.25, None, None, 7])
-        self.assertIn("5 points in ", done.stderr)
-        self.assertIn("Rows: 5\n", self.run_program("info", "run.cht").stdout)
-        self.assertIn("--rows -", self.acquire(5, file="-", expected=2).stderr)
-
-    def test_a_range_by_number_or_by_time(self):
-        def times(*options):
-            return [line[17:19] for line in self.export("--plain", "--output", "-", *options).stdout.splitlines()[1:]]
-        self.assertEqual(times("--first", 3, "--points", 2), ["03", "04"])
-        self.assertEqual(times("--from", "08:00:09"), ["09", "10"])
-        self.assertEqual(times("--from", "2026-01-31 08:00:02", "--to", "+00:00:02.5"), ["02", "03"])
-        self.assertIn("Points 9 to 10\n", self.run_program("info", "run.cht", "--first", 9).stdout)
-        for options, part in ((("--first", 11), "the file holds 10 points; the range would begin at point 11"), (("--from", "8"), "is not a time"),
-                              (("--from", "+00:01:00", "--points", 3), "the range would begin at point"),
-                              (("--from", "08:00:05", "--to", "08:00:04"), "no point of the recording lies between"),
-                              (("--first", 2, "--from", "08:00"), "both say where the points begin")):
-            done = self.export("--plain", "--output", "none.csv", *options, code=2)
-            self.assertIn(part, done.stderr)
-            self.assertFalse((self.folder / "none.csv").exists())
-        self.export("--output", "none.xls", "--first", 11, code=2)
-        for language, part in (("Portuguese", "não é uma hora"), ("Spanish", "no es una hora")):
-            self.run_program("settings", "MyConf.strLanguage", language)
-            self.assertIn(part, self.export("--plain", "--output", "none.csv", "--to", "noon", code=2).stderr)
-
     def test_a_file_of_an_unknown_drive_keeps_its_texts_and_no_recording_is_replaced(self):
         self.put("run.cht", "[INFO]\r\nNumber of Parameters=1\r\nPXXX1=002\r\n[TIME/CONTENT]\r\n"
                  "08:00:00#10-20#####\r\n08:00:01#--#####\r\n")

@@ -1,6 +1,8 @@
 // The core of publishing: lines, moments, the files of a recording in each state, and what is sent again when.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cmath>
 #include <deque>
 
 #include "common/values/numbers.h"
@@ -10,6 +12,7 @@
 #include "publish/series_names.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
+#include "support/session_script.h"
 
 namespace chartproject {
 namespace {
@@ -122,6 +125,66 @@ class PublishTest : public ::testing::Test {
   std::unique_ptr<Publisher> publisher;
 };
 
+/// A session of publishing: the files of a recording as they come and go, the server's answers, and what left.
+struct PublishSession : PublishTest {
+  PublishSession() {
+    auto& does = script.does;
+    does["put"] = [this](const Words& words) { fake.files.Put(words.at(1), words.at(2)); };
+    does["append"] = [this](const Words& words) { fake.files.Append(words.at(1), words.at(2)); };
+    does["remove"] = [this](const Words& words) { fake.files.Remove(words.at(1)); };
+    does["lock"] = [this](const Words& words) { fake.files.locked.insert(words.at(1)); };
+    does["unlock"] = [this](const Words& /*words*/) { fake.files.locked.clear(); };
+    does["show"] = [this](const Words& words) { script.transcript.Add(fake.files.Bytes(words.at(1))); };
+    does["chart"] = [this](const Words& words) { fake.files.Put(kChart, Chart(RowsOf(words))); };
+    does["rows"] = [this](const Words& words) { fake.files.Append(words.at(3), RowsOf(words)); };
+    does["journal"] = [this](const Words& words) { fake.files.Put(kJournal, Journal(words.at(1))); };
+    does["comma"] = [this](const Words& /*words*/) { fake.locale.UseComma(); };
+    does["answer"] = [this](const Words& words) {
+      poster.answers.push_back({static_cast<PostResult>(std::stoi(words.at(1))), std::stoi(words.at(2)), words.at(3)});
+      poster.answers.back().mayHaveDied = words.size() > 4;
+    };
+    does["server"] = [this](const Words& words) { poster.address = words.at(1); };
+    does["open"] = [this](const Words& words) {
+      const auto given = [&](const char* word) { return std::ranges::find(words, word) != words.end(); };
+      Open(given("live"), given("again"));
+      publisher->troubled = [this] { script.transcript.Add("troubled"); };
+      publisher->recovered = [this] { script.transcript.Add("recovered"); };
+    };
+    does["ended"] = [this](const Words& /*words*/) { publisher->RecordingEnded(), publisher->Hurry(); };
+    does["wait"] = [this](const Words& words) { fake.clock.AdvanceTo(fake.clock.Now() + Of(words)); };
+    does["keep"] = [this](const Words& /*words*/) { publisher->KeepPosition(); };
+    does["run"] = [this](const Words& words) { Say(Run(Of(words))); };
+  }
+  static Instant Of(const Words& words) { return seconds(std::stoi(words.at(1))); }
+  static std::string RowsOf(const Words& words) { return Rows(std::stoi(words.at(1)), std::stoi(words.at(2))); }
+
+  void Say(PublishState state) {
+    constexpr const char* kStates[] = {"sending", "waiting", "complete", "failed"};
+    const PublishReport& report = publisher->Report();
+    std::ostringstream text;
+    text << kStates[static_cast<int>(state)] << " acknowledged " << report.acknowledged << " from " << report.begun
+         << " lines " << report.lines << " values " << report.values << " without " << report.valueless << " last "
+         << poster.last << (publisher->Follows() ? " follows" : "") << " share "
+         << std::lround(100 * publisher->Share()) << "\n";
+    const bool few = std::ranges::count(poster.taken, '\n') <= 6;
+    text << (few ? std::exchange(poster.taken, "") : Taken() + "\n");
+    for (const Language language : {Language::kEnglish, Language::kPortuguese, Language::kSpanish}) {
+      const std::string failure = FailureText(language, poster.address, report);
+      if (!failure.empty()) text << failure << "\n";
+      if (report.positionFault) text << report.positionFault->Description(language) << "\n";
+    }
+    std::string said = text.str();
+    said.pop_back();
+    script.transcript.Add(said);
+  }
+
+  SessionScript script{"publish_core"};
+};
+
+TEST_F(PublishSession, IsAsItWasRead) {
+  script.Run();
+}
+
 TEST(LineProtocol, TagsAreEscapedAndNothingEndsThemEarly) {
   EXPECT_EQ(SeriesKey("my chart,x", {{"tag", "Press 2, left=1"}, {"drive", "01"}, {"model", ""}}),
             "my\\ chart\\,x,drive=01,tag=Press\\ 2\\,\\ left\\=1");
@@ -187,26 +250,6 @@ TEST(SeriesNames, ARecoveredRecordingKeepsItsNames) {
   EXPECT_EQ(RecordingName("/p/Test.recovered.cht", header), RecordingName("/p/Test.cht", header));
   EXPECT_EQ(RecordingName("/p/Test.recovered12.cht", header), RecordingName("/p/Test.cht", header));
   EXPECT_NE(RecordingName("/q/Test.cht", header), RecordingName("/p/Test.cht", header));
-}
-
-TEST_F(PublishTest, AFinishedRecordingGoesWholeWithoutItsFailedReadings) {
-  fake.files.Put(kChart,
-                 Chart("08:00:00#1#0####\r\n08:00:01#2#0####\r\n08:00:02#--#x####\r\n08:00:03#4#5####\r\n######\r\n"));
-  fake.files.Put(
-      "/p/Test.cht.readings",
-      "[CHART READINGS]\r\nStart Date=31/01/2026\r\nStart Time=08:00:00\r\nEnd Date=\r\nEnd Time=\r\nPoints=4\r\n"
-      "\r\n[FAILED]\r\n2 P003 2 4 2 no-answer\r\n");
-  EXPECT_EQ(Run(), PublishState::kComplete);
-  const std::string key = "chart,drive=01,recording=" + RecordingName(kChart, [&] {
-                            ChartHeader header;
-                            (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
-                            return header;
-                          }());
-  EXPECT_EQ(poster.taken, key + " P002=1,P003=0 1769846400000\n" + key + " P002=2 1769846401000\n" + key +
-                              " P002=4,P003=5 1769846403000\n");
-  EXPECT_EQ(publisher->Report().acknowledged, 4);
-  EXPECT_EQ(publisher->Report().valueless, 1);
-  EXPECT_EQ(publisher->Report().values, 5);
 }
 
 TEST_F(PublishTest, ARunningRecordingIsFollowedThroughItsFilesIntoItsChartFile) {
@@ -288,80 +331,6 @@ TEST_F(PublishTest, AfterABreakTheLastTenMinutesGoAgainAndAfterARefusalNothing) 
   EXPECT_EQ(Run(), PublishState::kComplete);
   EXPECT_THAT(Taken(), ::testing::MatchesRegex("4[0-9][0-9]-1045"));
   EXPECT_EQ(publisher->Report().acknowledged, 1045);
-}
-
-TEST_F(PublishTest, WhatIsCompleteIsSentOnceMoreAndThenSettled) {
-  fake.files.Put(kChart, Chart(Rows(1, 2000)));
-  for (const char* sent : {"1-2000", "1-2000", ""}) {
-    Open();
-    EXPECT_EQ(Run(), PublishState::kComplete);
-    EXPECT_EQ(Taken(), sent);
-    EXPECT_EQ(publisher->Report().acknowledged, 2000);
-    fake.clock.AdvanceTo(fake.clock.Now() + minutes(11));
-  }
-  Open(false, true);
-  EXPECT_EQ(Run(), PublishState::kComplete);
-  EXPECT_EQ(Taken(), "1-2000");
-  poster.address = "http://other/write";
-  Open();
-  EXPECT_EQ(Run(), PublishState::kComplete);
-  EXPECT_EQ(Taken(), "1-2000");
-}
-
-TEST_F(PublishTest, RefusalsFailAndLargeBatchesAreDivided) {
-  fake.files.Put(kChart, Chart(Rows(1, 1000)));
-  poster.answers.assign(3, {.result = PostResult::kTooLarge, .status = 413});
-  EXPECT_EQ(Run(), PublishState::kComplete);
-  EXPECT_EQ(poster.last, 125);
-  EXPECT_EQ(Taken(), "1-1000");
-  for (const auto& [result, state] : {std::pair{PostResult::kTokenRefused, PublishState::kFailed},
-                                      {PostResult::kRefused, PublishState::kFailed},
-                                      {PostResult::kCertificate, PublishState::kFailed},
-                                      {PostResult::kServerBusy, PublishState::kComplete}}) {
-    poster.answers = {{.result = result, .status = 400, .text = "why"}};
-    Open(false, true);
-    EXPECT_EQ(Run(), state) << static_cast<int>(result);
-  }
-  poster.answers.assign(100, {.result = PostResult::kNotReached, .text = "refused", .mayHaveDied = true});
-  Open(false, true);
-  poster.posts = 0;
-  EXPECT_EQ(Run(), PublishState::kFailed);  // after two minutes
-  EXPECT_GE(poster.posts, 5);
-  EXPECT_LE(poster.posts, 10);
-  EXPECT_EQ(FailureText(Language::kPortuguese, "http://db", publisher->Report()),
-            "http://db não pode ser alcançado: refused");
-  EXPECT_EQ(FailureText(Language::kSpanish, "http://db", publisher->Report()),
-            "No se puede acceder a http://db: refused");
-}
-
-TEST_F(PublishTest, FilesThatAreInTheWay) {
-  fake.files.Put(kChart, Chart(Rows(1, 3)));
-  fake.files.Put(kPosition, "somebody's own\r\n");
-  EXPECT_EQ(Run(), PublishState::kComplete);
-  EXPECT_EQ(publisher->Report().positionFault->Number(), error_number::kPathFileAccess);
-  EXPECT_EQ(fake.files.Bytes(kPosition), "somebody's own\r\n");
-  // Values that nobody wrote: another tag, a place after the end, numbers out of range.
-  const std::string begin = "[CHART PUBLISHED]\r\n[DATABASE]\r\nAddress=http://db/write\r\nMeasurement=chart\r\n";
-  for (const char* lines :
-       {"Series=chart,a=b c=1\r\n", "Series=chart\r\nResume=-1 1 1\r\n", "Series=chart\r\nResume=1 99 1\r\n",
-        "Series=chart\r\nResume=99999999999 1 1\r\nAcknowledged=x\r\n", "Series=other\r\n"}) {
-    fake.files.Put(
-        kPosition, begin + "Recording=" + [&] {
-          ChartHeader header;
-          (void)ReadChartHeader(*fake.files.OpenForReading(kChart), fake.codePage, header);
-          return RecordingMark(header);
-        }() + "\r\n" + lines);
-    poster.taken.clear();
-    Open();
-    EXPECT_EQ(Run(), PublishState::kComplete) << lines;
-    EXPECT_EQ(Taken(), "1-3") << lines;
-  }
-  publisher.reset();
-  fake.files.locked.insert(kPosition);
-  Open();
-  EXPECT_EQ(Run(), PublishState::kFailed);
-  EXPECT_THAT(publisher->Report().fault->Description(),
-              StartsWith("/p/Test.cht is being published by another program"));
 }
 
 }  // namespace

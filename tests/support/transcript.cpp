@@ -133,7 +133,12 @@ void Transcript::Step(std::string_view title) {
 }
 
 void Transcript::Add(std::string_view line) {
-  text_.append(VisibleLines(line)).append("\n");
+  std::string text = VisibleLines(line);
+  for (const auto& [from, to] : words) {
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+      text.replace(at, from.size(), to);
+  }
+  text_.append(text).append("\n");
 }
 
 void Transcript::Look(const Form& form) {

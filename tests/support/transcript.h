@@ -33,6 +33,9 @@ class Transcript {
   Transcript(const Transcript&) = delete;
   Transcript& operator=(const Transcript&) = delete;
 
+  /// Texts that differ from run to run, as folders do, each with the word that stands for it.
+  std::vector<std::pair<std::string, std::string>> words;
+
   /// Begins a step; what it did is added by the calls after it.
   void Step(std::string_view title);
   void Add(std::string_view line);
