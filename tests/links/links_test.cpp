@@ -3,23 +3,16 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <set>
 
-#include "common/values/numbers.h"
 #include "drive/drive_models.h"
-#include "drive/drive_status.h"
 #include "drive/unit_codes.h"
 #include "links/scenario_link.h"
-#include "links/shown_value.h"
 #include "links/simulated_link.h"
-#include "links/simulated_parameters.h"
 #include "support/error_of.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
 namespace {
-
-using ::testing::HasSubstr;
 
 constexpr const char* kNoAnswer = "(no answer)";
 
@@ -75,41 +68,11 @@ TEST_F(ScenarioTest, AValueHoldsFromItsMomentUntilTheNext) {
   EXPECT_EQ(link->GetValue(), 0);
 }
 
-TEST_F(ScenarioTest, RefusesAMalformedLineByFileNumberAndText) {
-  for (const char* line :
-       {"at 0 01 P005",    "at x 01 P005 1",        "at -5 01 P005 1",     "at 0 1 P005 1",      "at 0 31 P005 1",
-        "at 0 01 P5 1",    "at 0 01 P005x 1",       "at 0 01 quiet",       "at 0 01 silent now", "at 0 01 answers yes",
-        "at 0 01 fails",   "at 0 01 fails 0",       "at 0 01 fails 32768", "at 0 01 fails x",    "at 0 01 slow",
-        "at 0 01 slow -1", "at 0 01 late 86400001", "at 0 01 slow 5 ms",   "0 01 P005 1",        "\x01\x02\xFF",
-        "at 0 01 X005 1"}) {
-    fakes.files.Put("/plant.txt", "at 0 01 P005 1\n# fine\n" + std::string(line) + "\nat 1 01 P005 1\n");
-    const std::string error = ErrorTextOf([this] { Load(); });
-    EXPECT_THAT(error, HasSubstr("/plant.txt, line 3 is not understood: " + std::string(line)));
-  }
-  fakes.files.Delete("/plant.txt");
+TEST_F(ScenarioTest, RefusesAFileThatIsMissingOrTooLarge) {
   EXPECT_THROW(Load(), RunTimeError);
   fakes.files.Put("/plant.txt", std::string((std::size_t{70} << 20U) + 1, '\n'));
   EXPECT_EQ(ErrorTextOf([this] { Load(); }),
             "5 /plant.txt: the file has 71 MB; a file of this kind has at most 64 MB.");
-}
-
-TEST_F(ScenarioTest, ReadingsFailForTheReasonsOfTheScriptUntilTheDriveAnswers) {
-  fakes.files.Put("/plant.txt",
-                  "at 0 01 P005 50\nat 100 01 silent\nat 200 01 fails 2\nat 300 01 fails 3 CRC 4711\n"
-                  "at 400 01 fails 4 illegal address # as drives say\nat 500 01 fails 5\nat 600 01 fails 77 unknown\n"
-                  "at 700 01 answers\nat 800 01 breaks\nat 900 01 breaks server died\n");
-  OpenPlant();
-  const std::pair<int, const char*> cases[] = {{99, "50"},
-                                               {100, "(no answer)"},
-                                               {200, "(incomplete answer)"},
-                                               {300, "(bad checksum (CRC 4711))"},
-                                               {400, "(refused by the drive (illegal address))"},
-                                               {500, "(the port is gone)"},
-                                               {600, "(status 77)"},
-                                               {700, "50"}};
-  for (const auto& [moment, text] : cases) EXPECT_EQ(ReadAt(moment, 1, 5), text) << moment;
-  EXPECT_EQ(ErrorTextOf([this] { ReadAt(800, 1, 5); }), "440 breaks");
-  EXPECT_EQ(ErrorTextOf([this] { ReadAt(900, 1, 5); }), "440 server died");
 }
 
 TEST_F(ScenarioTest, ASlowDriveTakesItsTimeAndALateReadingOnce) {
@@ -143,55 +106,7 @@ TEST_F(ScenarioTest, AWaitingLinkAsksInSlicesAndGivesUp) {
 struct SimulatedTest : LinkTest {
   SimulatedTest() { OpenLink(); }
   void OpenLink() { Open(SimulatedLinkFactory(fakes.clock, fakes.locale)); }
-  std::string State() {
-    Read("KRA-09", 6, kDirectUnitCode);
-    DriveStatus status;
-    DecodeStatus(status, link->GetValue());
-    return status.strStatus;
-  }
 };
-
-TEST_F(SimulatedTest, StartsRunsRampsAndStopsWithItsStatusWordAndInputs) {
-  EXPECT_EQ(Read("KRA-09", 3, 2), "0.0");  // no current at rest
-  EXPECT_EQ(Read("KRA-09", 12, kDirectUnitCode), "192");
-  const std::tuple<double, const char*, double, const char*> cases[] = {
-      {0, "READY", 0, "IIIIIIAA"},  {3.5, "RUN", 875, "AIIIIIAA"},      {8, "RUN", 1750, "AIAAIIAA"},
-      {26, "READY", 0, "IIIIIIAA"}, {4 * 30 - 1, "SUB", 0, "IIIIIIIA"}, {6 * 30 - 1, "E04", 0, "IIIIIIAI"}};
-  for (const auto& [moment, state, speed, inputs] : cases) {
-    GoTo(moment);
-    EXPECT_EQ(State(), state) << moment;
-    EXPECT_EQ(Read("KRA-09", 12, kDigitalInputsUnitCode), inputs) << moment;
-    Read("KRA-09", 2, kDirectUnitCode);
-    EXPECT_NEAR(link->GetValue(), speed, speed == 0 ? 0 : 5) << moment;
-  }
-}
-
-TEST_F(SimulatedTest, EveryModelsParametersAnswerInTheDecimalsOfTheirUnitAndMove) {
-  for (const std::string model : {"KRA-09", "KRA-08", "LMX-01", "KRD-04", "TSR-05", "PVE-05"}) {
-    OpenLink();
-    GoTo(4);
-    std::set<std::string> texts;
-    for (const SimulatedParameter& parameter : SimulatedParameters(model)) {
-      const std::int16_t code = FindUnitCode(UnitOf(parameter, *FindParameterKind(parameter.kind)));
-      ASSERT_NE(code, kUnknownUnitCode) << parameter.kind;
-      const std::string text = Read(model, parameter.number, code);
-      texts.insert(text);
-      if (FindParameterKind(parameter.kind)->low < 0) {
-        EXPECT_LT(ValueWriter(fakes.locale).WriteRegister(0xFFFF, code).number, 0)
-            << "signed on a line: " << parameter.kind;
-      }
-      if (code > 72) continue;
-      EXPECT_EQ(ToDouble(text, fakes.locale.numbers), link->GetValue()) << model << parameter.number;
-      const std::size_t point = text.find('.');
-      EXPECT_EQ(point == std::string::npos ? 0 : text.size() - point - 1, static_cast<std::size_t>((code - 1) % 6))
-          << model << " P" << parameter.number << " " << text;
-    }
-    EXPECT_GT(texts.size(), 20U) << model;
-    const std::string before = Read(model, 2, kDirectUnitCode);
-    GoTo(4.3);
-    EXPECT_NE(Read(model, 2, 2), before) << model;
-  }
-}
 
 TEST_F(SimulatedTest, ShowsTheSameAtTheSameMomentAndNotInStepAtTwoAddresses) {
   const auto record = [this](int address) {
@@ -224,14 +139,6 @@ TEST_F(SimulatedTest, DecimalsFollowTheToldParametersAndTheLocale) {
   EXPECT_EQ(link->GetValue(), 12.5);
   EXPECT_EQ(Read("KRD-04", 32, kDividedBy100UnitCode), "1,3");
   EXPECT_EQ(Read("KRA-08", 208, 0), "30");  // an unknown unit shows whole numbers
-}
-
-TEST_F(SimulatedTest, AnswersForKnownModelsAndTheirParametersOnly) {
-  const std::tuple<const char*, int, int, const char*> cases[] = {
-      {"KRA-07", 208, 30, "1800"}, {"TSR-03", 101, 1, "30"},    {"KRA-09", 999, 1, kNoAnswer},
-      {"KRA-10", 3, 1, kNoAnswer}, {"KRA-09", 3, 0, kNoAnswer}, {"KRA-09", 3, 31, kNoAnswer}};
-  for (const auto& [model, parameter, address, text] : cases)
-    EXPECT_EQ(Read(model, parameter, kDirectUnitCode, address), text) << model;
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Real drives without a line: link texts, the rules of the line on a clock that is set by hand, frames, and values.
+// Real drives without a line: the rules of the line on a clock that is set by hand, and what a link says.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -8,12 +8,9 @@
 #include "backends/headless/virtual_clock.h"
 #include "drive/unit_codes.h"
 #include "links/serial/link_url.h"
-#include "links/serial/reply_frame.h"
 #include "links/serial/serial_line.h"
 #include "links/serial/serial_link.h"
-#include "links/shown_value.h"
 #include "platform/run_time_error.h"
-#include "support/error_of.h"
 #include "support/fake_ports.h"
 
 namespace chartproject {
@@ -21,80 +18,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-
-TEST(LinkTextTest, SaysTheLineAndIsWrittenBackWithoutWhatIsUsual) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"modbus:/dev/ttyUSB0", "modbus:/dev/ttyUSB0"},
-      {"modbus:", "modbus:/dev/ttyS1"},
-      {"modbus:A?baud=9600&parity=even&stop=1&timeout=300&retries=1&gap=5&offset=0&function=holding", "modbus:A"},
-      {"modbus:A?baud=38400&parity=none&stop=2&timeout=1000&retries=0&gap=10&offset=-1&function=input",
-       "modbus:A?baud=38400&parity=none&stop=2&timeout=1000&retries=0&gap=10&offset=-1&function=input"},
-      {"modbus-tcp:plant", "modbus-tcp:plant:502"},
-      {"modbus-tcp:[::1]:1502?gap=5", "modbus-tcp:[::1]:1502?gap=5"}};
-  LineSettings defaults;
-  defaults.port = "/dev/ttyS1";
-  for (const auto& [link, text] : cases) EXPECT_EQ(LineText(ParseLineText(link, defaults), defaults), text) << link;
-  EXPECT_EQ(SpeedText(ParseLineText("modbus:A?baud=19200&parity=odd&stop=2")), "19200 8O2");
-}
-
-TEST(LinkTextTest, RefusesWhatItDoesNotKnowWithTheList) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"modbus:", "the port or host is missing"},
-      {"modbus-tcp:", "the port or host is missing"},
-      {"modbus-tcp:h:0", "the port or host is missing"},
-      {"modbus-tcp:[::1", "the port or host is missing"},
-      {"modbus:A?speed=1",
-       R"(no key "speed"; the keys are baud, parity, stop, timeout, retries, gap, offset, function.)"},
-      {"modbus-tcp:A?baud=9600", R"(no key "baud"; the keys are timeout, retries, gap, offset, function.)"},
-      {"modbus:A?baud=9601", "it takes 1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200."},
-      {"modbus:A?parity=E", R"(the key parity does not take "E"; it takes none, even, odd.)"},
-      {"modbus:A?offset=64537", "it takes -1 - 64536."},
-      {"modbus:A?timeout=300ms", "it takes 10 - 60000."},
-      {"modbus:A?retries", R"(the key retries does not take "")"}};
-  for (const auto& [link, sentence] : cases) {
-    EXPECT_THAT(ErrorTextOf([text = link] { (void)ParseLineText(text); }), HasSubstr(sentence)) << link;
-  }
-}
-
-TEST(LinkTextTest, AFrameEndsWithThreeAndAHalfCharactersAtLeast) {
-  EXPECT_EQ(FrameGap(ParseLineText("modbus:A?baud=1200&gap=5")).count(), 32083);  // 11 bits
-  EXPECT_EQ(FrameGap(ParseLineText("modbus:A?baud=1200&parity=none")).count(), 29166);
-  EXPECT_EQ(FrameGap(ParseLineText("modbus:A?baud=38400&gap=5")).count(), 5000);
-  EXPECT_EQ(FrameGap(ParseLineText("modbus-tcp:A")).count(), 0);
-}
-
-TEST(ValueWriterTest, ARegisterIsAValueWithoutItsPoint) {
-  const FakePorts fakes;
-  ValueWriter writer(fakes.locale);
-  writer.SetSpeedDecimals(1);
-  writer.SetProcessDecimals(7);  // limited to 5
-  const std::tuple<std::uint16_t, const char*, const char*> cases[] = {
-      {223, "CurrentF1", "22.3"},           {65535, "DirectF0", "65535"},
-      {65535, "PercentageF1", "-0.1"},      {32768, "VoltageF0", "-32768"},
-      {240, "DividedBy100F2", "2.40"},      {125, "DividedBy10F0", "13"},
-      {65530, "TimeF1", "6553.0"},          {17500, "DependsOnP210", "1750.0"},
-      {65535, "DependsOnP529", "-0.00001"}, {5, "DI1DI8", "AIAIIIII"},
-      {65535, "DividedBy1000F3", "65.535"}, {0x8000, "13BitsRPMF0", "-32768"},
-      {9, "RL1RL2RL3DO1DO2", "AIIAI"},      {7, "NoSuchUnit", "7"}};
-  for (const auto& [bits, unit, text] : cases) {
-    EXPECT_EQ(writer.WriteRegister(bits, FindUnitCode(unit)).text, text) << unit;
-  }
-}
-
-TEST(ReplyFrameTest, MatchesSlaveFunctionAndLength) {
-  using Frame = std::vector<std::uint8_t>;
-  const std::pair<Frame, LineReply> cases[] = {
-      {{1, 3, 2, 0x12, 0x34}, {ReplyKind::kValue, 0x1234, 0, {}}}, {{1, 0x83, 2}, {ReplyKind::kException, 0, 2, {}}},
-      {{2, 3, 2, 0, 1}, {ReplyKind::kForeign, 0, 0, {}}},          {{1, 4, 2, 0, 1}, {ReplyKind::kForeign, 0, 0, {}}},
-      {{1, 3, 4, 0, 1, 0, 2}, {ReplyKind::kForeign, 0, 0, {}}},    {{1, 3, 2, 0}, {ReplyKind::kForeign, 0, 0, {}}},
-      {{1, 0x83, 2, 9}, {ReplyKind::kForeign, 0, 0, {}}},          {{}, {ReplyKind::kForeign, 0, 0, {}}}};
-  for (const auto& [frame, reply] : cases) {
-    EXPECT_EQ(JudgeReply({1, 3, 5}, frame), reply) << ::testing::PrintToString(frame);
-  }
-  EXPECT_EQ(JudgeName(1, Frame{1, 0x11, 4, 'K', 'R', 0xFF, 0}).detail, "KR");
-  EXPECT_EQ(FrameChecksum(Frame{1, 3, 0, 5, 0, 1}), 0x0B94);
-}
 
 /// A port that plays replies, and writes down what it is asked and when.
 struct ScriptedPort : LinePort {

@@ -79,18 +79,6 @@ TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
   }
 }
 
-TEST_F(SpreadsheetTest, RefusesCellsOfFinishedRows) {
-  const auto application = applications.Create(folder / "rows.xls", {});
-  application->AddWorkbook();
-  application->AddSheetAfter(1);
-  application->WriteText(1, 2, 1, "a");
-  EXPECT_THROW(application->WriteText(1, 1, 1, "b"), RunTimeError);
-  application->WriteText(2, 1, 1, "c");
-  EXPECT_THROW((void)application->ReadValue(1, 2, 1), RunTimeError);
-  EXPECT_THROW(application->SetSheetName(1, "late"), RunTimeError);
-  EXPECT_THROW(application->WriteText(3, 1, 1, "no such sheet"), RunTimeError);
-}
-
 TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
   for (const char* name : {"gone.xls", "gone.csv"}) {
     auto application = applications.Create(folder / name, {});
@@ -136,38 +124,6 @@ TEST(Biff8RecordsTest, ShortNumbersComeBackExactly) {
   }
   for (const double value : {1.0, 50.25, 0.01, -0.07}) EXPECT_TRUE(biff8::EncodeRk(value)) << value;
   for (const double value : {0.001, 3.14159, 536870912.0 * 1.0000001}) EXPECT_FALSE(biff8::EncodeRk(value)) << value;
-}
-
-// Readers skip records that they do not know: only here is an id that is wrong seen.
-TEST(Biff8RecordsTest, RecordsFollowEachOtherAsReadersExpectThem) {
-  const auto ids = [](const std::string& bytes) {
-    std::string found;
-    for (std::size_t at = 0; at < bytes.size();) {
-      const auto number = [&](std::size_t place) {
-        return static_cast<unsigned char>(bytes.at(place)) + 256 * static_cast<unsigned char>(bytes.at(place + 1));
-      };
-      char id[8];
-      std::snprintf(id, sizeof id, "%03X ", static_cast<unsigned>(number(at)));
-      if (!found.ends_with(id)) found += id;
-      at += 4 + static_cast<std::size_t>(number(at + 2));
-    }
-    return found;
-  };
-  std::string globals;
-  biff8::AppendGlobals(globals, 1);
-  biff8::AppendBoundSheet(globals, 0, "Chart1");
-  biff8::AppendEnd(globals);
-  EXPECT_EQ(ids(globals), "809 042 03D 031 0E0 293 085 00A ");
-  using enum SheetCell::Kind;
-  const SheetCell cells[] = {{kText, 0, "a"},      {kNumber, 1, ""},       {kNumber, 0.25, ""},
-                             {kText, 0, "\u00C1"}, {kNumber, 3.14159, ""}, {kNumber, 5, ""}};
-  std::string sheet;
-  biff8::AppendSheetBegin(sheet, {1, 6});
-  biff8::AppendRow(sheet, 0, 6);
-  biff8::AppendCells(sheet, 0, cells, false);
-  biff8::AppendSheetEnd(sheet, true);
-  biff8::AppendSheetEnd(sheet, false);
-  EXPECT_EQ(ids(sheet), "809 07D 200 208 204 0BD 204 203 27E 23E 041 00A 23E 00A ");
 }
 
 struct ReadBackTest : SpreadsheetTest {
