@@ -39,7 +39,9 @@ std::string SpokenName(const Control& control) {
     return SpokenName(*arrows->Buddy());
   }
   std::string words = control.SpokenWords();
-  if (words.empty() && control.TabStop()) words = NamedByLabel(control);
+  // A scroll bar has no label: what comes before it belongs to something else.
+  const bool labelled = control.TabStop() && dynamic_cast<const HScrollBar*>(&control) == nullptr;
+  if (words.empty() && labelled) words = NamedByLabel(control);
   return words.empty() ? control.ToolTipText() : words;
 }
 

@@ -8,6 +8,7 @@ namespace chartproject {
 namespace {
 
 constexpr auto kRows = std::to_array<TextRow>({
+    {Text::kScrollTip, "Posição no registro", "Position in the recording", "Posición en el registro"},
     {Text::kExportStopped, "A exportação foi interrompida. Nenhum arquivo foi gravado.",
      "The export was stopped. No file was written.", "La exportación fue interrumpida. No se grabó ningún archivo."},
     {Text::kExportSkippedLines, "%1 linha(s) do arquivo não são pontos e ficaram de fora; a primeira é a linha %2.",
@@ -235,7 +236,7 @@ constexpr auto kRows = std::to_array<TextRow>({
      "%1: the file does not say when it was recorded; use for example +00:10:00, a time after its first point",
      "%1: el archivo no dice cuándo se grabó; use por ejemplo +00:10:00, un tiempo después del primer punto"},
 });
-static_assert(InOrder(kRows, Text::kExportStopped), "every text has its row, in the order of the enumeration");
+static_assert(InOrder(kRows, Text::kScrollTip), "every text has its row, in the order of the enumeration");
 
 }  // namespace
 

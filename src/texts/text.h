@@ -173,6 +173,7 @@ enum class Text : std::uint16_t {
   kLiveChartWords,  ///< what the chart of the last points is
 
   // The chart window, its page and its export (chart_rows.cpp).
+  kScrollTip,            ///< "Position in the recording"
   kExportStopped,        ///< "The export was stopped. No file was written."
   kExportSkippedLines,   ///< "%1 line(s) ... were skipped; the first is line %2."
   kExportTooLarge,       ///< "... %1 points would fit."

@@ -116,7 +116,7 @@ void PosixSettingsStore::Write(std::string_view section, std::span<const StoredS
   // A link stays a link, and the file keeps its rights.
   const auto fresh = files_.MakeSideFile({.target = files_.ResolveLink(fileName_), .ending = ".new"});
   const auto output = fresh->OpenForWriting();
-  output->Write({text.get(), length});
+  output->Write(WithoutGaps({text.get(), length}));
   output->FlushAndClose();
   fresh->ReplaceTarget();
   unsaved_.clear();

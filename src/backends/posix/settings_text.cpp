@@ -61,6 +61,26 @@ std::string ReadableSettings(std::string_view bytes,
   return readable;
 }
 
+std::string WithoutGaps(std::string_view text) {
+  std::string tidy;
+  std::size_t emptyLines = 0;
+  bool afterKey = false;
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    if (line.empty()) {
+      ++emptyLines;
+      continue;
+    }
+    const bool key = line.front() != '#' && line.front() != '[';
+    if (!key || !afterKey) tidy.append(emptyLines, '\n');
+    emptyLines = 0;
+    afterKey = key;
+    tidy.append(line).append("\n");
+  }
+  return tidy;
+}
+
 bool IsTypedWindowsPath(std::string_view value) {
   const bool drive = value.size() >= 3 && g_ascii_isalpha(value[0]) != FALSE && value[1] == ':' && value[2] == '\\';
   if (!drive && !value.starts_with("\\\\")) return false;

@@ -17,6 +17,10 @@ inline constexpr std::uint64_t kLargestSettingsFile = 4'000'000;
 [[nodiscard]] std::string ReadableSettings(
     std::string_view bytes, const std::function<void(std::int64_t line, std::string_view text)>& skipped);
 
+/// The text of a settings file without the empty lines between two keys of a section: a new key is written after the
+/// line that separates its section from the next one.
+[[nodiscard]] std::string WithoutGaps(std::string_view text);
+
 /// True for a path of Windows with single backslashes, which are not escapes: C:\new, \\server\share.
 [[nodiscard]] bool IsTypedWindowsPath(std::string_view value);
 

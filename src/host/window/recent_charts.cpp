@@ -6,6 +6,7 @@
 #include "chart/window/show_chart.h"
 #include "common/environment/language.h"
 #include "common/error_log.h"
+#include "recording/file/chart_file.h"
 
 namespace chartproject {
 
@@ -15,6 +16,15 @@ constexpr std::string_view kSection = "MyCharts";
 
 std::string KeyOf(std::size_t place) {
   return "strRecent" + std::to_string(place + 1);
+}
+
+bool HasHeader(const Ports& ports, const std::string& fileName) {
+  try {
+    ChartHeader header;
+    return ReadChartHeader(*ports.files.OpenForReading(fileName), ports.codePage, header).keys > 0;
+  } catch (const RunTimeError&) {
+    return false;  // its window says why
+  }
 }
 
 std::vector<std::string> StoredCharts(Ports& ports) {
@@ -36,6 +46,7 @@ std::vector<std::string> RecentCharts(Ports& ports) {
 
 void RememberChart(Component& component, const std::string& fileName) noexcept {
   try {
+    if (!HasHeader(component.ports, fileName)) return;  // no chart falls out of the list for it
     std::vector<std::string> names = StoredCharts(component.ports);
     if (!names.empty() && names.front() == fileName) return;
     std::erase(names, fileName);

@@ -36,6 +36,7 @@ ScrollSection::ScrollSection(Form& form, Environment& environment, ChartView& vi
 
 void ScrollSection::Restart() {
   const FlagScope quiet(quiet_);
+  hsbGraph.SetToolTipText(LoadMessage(env_, Text::kScrollTip));
   sldPointsPerDivision.SetMaximum(kMostPointsPerDivision);
   sldPointsPerDivision.SetMinimum(1);
   ShowPointsPerDivision();
