@@ -87,6 +87,45 @@ TEST_F(FormTest, PropertiesRaiseTheirEventsOnChangeOnlyAndReentrantly) {
   EXPECT_EQ(form.combo.ListIndex(), -1);
 }
 
+TEST_F(FormTest, RefusesValuesThatThePlatformRefuses) {
+  EXPECT_THROW(form.combo.SetListIndex(0), RunTimeError);
+  EXPECT_THROW(form.scroll.SetSmallChange(0), RunTimeError);
+  EXPECT_THROW(form.scroll.SetMaximum(32768), RunTimeError);
+  EXPECT_THROW(form.timer.SetInterval(65536), RunTimeError);
+  EXPECT_THROW(form.text.SetCaption("no caption here"), RunTimeError);
+  form.scroll.SetMaximum(-5);  // runs backwards
+  form.scroll.SetValue(-5);
+  EXPECT_THROW(form.scroll.SetValue(-6), RunTimeError);
+}
+
+TEST_F(FormTest, ContainersCoverTheirControls) {
+  form.button.SetContainer(&form.frame);
+  form.button.click = form.Log("pressed");
+  form.frame.SetEnabled(false);
+  form.button.Press();
+  form.frame.SetEnabled(true);
+  form.button.SetVisible(false);
+  form.button.Press();
+  EXPECT_THAT(form.log, IsEmpty());
+  form.button.SetVisible(true);
+  form.button.Press();
+  EXPECT_THAT(form.log, ElementsAre("pressed"));
+}
+
+TEST_F(FormTest, UpDownKeepsItsBuddyInStepFromATypedNumber) {
+  form.upDown.SetBuddy(&form.text);
+  form.upDown.SetSyncBuddy(true);
+  form.upDown.SetMaximum(32767);
+  form.upDown.SetMinimum(1);
+  EXPECT_EQ(form.text.Text(), "1");
+  form.text.SetText("700");
+  form.upDown.Step(1);
+  EXPECT_EQ(form.text.Text(), "701");
+  form.text.SetText("rubbish");
+  form.upDown.Step(-1);
+  EXPECT_EQ(form.text.Text(), "700");
+}
+
 TEST_F(FormTest, LivesThroughLoadActivateCloseAndErrorsOfHandlers) {
   form.button.click = {"cmdOne_Click", [] { throw RunTimeError(53, "File not found"); }};
   form.combo.click = {"cboOne_Click", [this] {

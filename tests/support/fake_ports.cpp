@@ -49,12 +49,8 @@ std::unique_ptr<FormView> NotedFormHost::CreateView(Form& form) {
    public:
     NotedView(NotedFormHost& host, Form& form, std::unique_ptr<FormView> view)
         : host_(host), form_(form), view_(std::move(view)) {}
-    void ControlChanged(Control& control, Property property) override {
-      if (host_.notesControls) Note(control.Name() + " " + std::to_string(static_cast<int>(property)));
-      view_->ControlChanged(control, property);
-    }
+    void ControlChanged(Control& control, Property property) override { view_->ControlChanged(control, property); }
     void FormChanged(FormProperty property) override {
-      if (host_.notesControls) Note("form " + std::to_string(static_cast<int>(property)));
       if (property == FormProperty::kLayout) Note("layout");
       if (property == FormProperty::kPlace) Note("place " + WholeText(form_.Left()) + " " + WholeText(form_.Top()));
       if (property == FormProperty::kMousePointer) Note("pointer " + std::to_string(static_cast<int>(form_.Pointer())));

@@ -81,7 +81,6 @@ class NotedFormHost : public HeadlessFormHost {
   std::unique_ptr<FormView> CreateView(Form& form) override;
 
   bool notes = false;
-  bool notesControls = false;      ///< also "cmdOne 3" when the property of that number changed
   std::vector<std::string> noted;  ///< "layout", "pointer 11", "focus cmdOne"; the same twice in a row is noted once
 };
 
