@@ -45,31 +45,5 @@ TEST_F(AcquireFormTest, EventsThatTheModelLacksDoNotStaySelected) {
   EXPECT_EQ(form->panel.lblHint.Caption(), "Choose an event.");
 }
 
-TEST_F(AcquireFormTest, ViewChartAndOk) {
-  fake.files.Put(kChart, "[INFO]\r\n");
-  fake.files.Put(R"(C:\g\Icon\General\Kestrel.ico)", "");
-  fake.files.Put(R"(C:\g\Cursor\Select.cur)", "");
-  std::vector<std::string> shown;
-  component.showChart = [&shown](Component&, const std::string& name) { shown.push_back(name); };
-  Open();
-  EXPECT_EQ(form->IconFile(), R"(C:\g\Icon\General\Kestrel.ico)");
-  EXPECT_EQ(form->ButtonCursorFile(), R"(C:\g\Cursor\Select.cur)");
-  EXPECT_EQ(form->cmdOK.Pointer(), MousePointer::kCustom);
-  form->cmdViewChart.Press();
-  EXPECT_THAT(shown, ElementsAre(kChart));
-  form->PlaceChangedByUser(300.4, 150, 9000, 6360);
-  form->cmdOK.Press();
-  EXPECT_FALSE(form->IsLoaded());
-  EXPECT_EQ(component.strChartFileName, "");
-  EXPECT_EQ(fake.settings.values["frmAcquireVar"]["Left"], "300");
-  EXPECT_EQ(fake.settings.values["MyConf"]["strMaximizedfrmErr"], "No");
-  EXPECT_THAT(Sounds(), ElementsAre("NIMClick.wav", "ir_end.wav"));
-  Open();
-  form->StateChangedByUser(WindowState::kMaximized);
-  form->Unload();
-  Open();
-  EXPECT_EQ(form->State(), WindowState::kMaximized);
-}
-
 }  // namespace
 }  // namespace chartproject

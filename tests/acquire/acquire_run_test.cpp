@@ -2,7 +2,6 @@
 #include "acquire/run/run_texts.h"
 #include "chart/live/live_chart_control.h"
 #include "dialog_fixture.h"
-#include "drive/parameter_read.h"
 
 namespace chartproject {
 namespace {
@@ -174,23 +173,6 @@ TEST_F(AcquireRunTest, TheStopwatchSaysThatADayHasGoneByAndMayBeStoppedMeanwhile
     form->StopRun();
     EXPECT_FALSE(fake.files.Has(kChart));
   }
-}
-
-TEST_F(AcquireRunTest, ColumnTextsFollowModelAndParameter) {
-  plant.texts = {{3, "7"}, {12, "IA"}};
-  plant.silent = {5};
-  const std::tuple<const char*, int, const char*> cases[] = {
-      {"KRA-09", 3, "7"},    {"KRA-09", 5, "0"},  {"TSR-03", 5, "0"},   {"KRA-02", 3, ""},
-      {"KRA-02", 5, ""},     {"KRA-02", 6, "50"}, {"KRA-02", 12, "IA"}, {"other", 3, ""},
-      {"KRA-08", 2, "0.00"}, {"KRA-09", 1, "50"}, {"KRD-04", 32, ""}};
-  component.currentDrive = 1;
-  component.parameterTables.At(1).At(12).unitCode = 75;
-  for (const auto& [model, parameter, text] : cases) {
-    component.driveTable.At(1).Type = model;
-    const ColumnReading reading = ReadColumn(component, static_cast<std::int16_t>(parameter));
-    EXPECT_EQ(reading.text, text) << model << " P" << parameter;
-  }
-  EXPECT_THAT(plant.steps, testing::Contains("read 1 0 12 unit 7"));
 }
 
 // A link that waits with a message loop lets timers and keys through.

@@ -128,7 +128,7 @@ bool DialogPlayer::DoOutside(const std::string& verb, const std::string& name, c
   if (verb == "slow") return plant.whileReading = [this, name, number] { Pass(milliseconds(number(name))); }, true;
   if (verb == "model") return component.driveTable.At(static_cast<int>(number(name))).Type = value, true;
   if (verb == "selected") return component.settings.intSelectedDrive = static_cast<std::int16_t>(number(name)), true;
-  if (verb == "simulated") return plant.simulated = true, component.driveLink = plant.Create({}), true;
+  if (verb == "simulated") return plant.simulated = name != "no", component.driveLink = plant.Create({}), true;
   if (verb == "language") return component.language = static_cast<Language>(number(name)), true;
   if (verb == "windows") return fake.forms.showsWindows = true;
   if (verb == "comma") return fake.locale.UseComma(), true;

@@ -72,15 +72,6 @@ TEST(Numbers, ReadsTheNumberThatATextBeginsWith) {
   EXPECT_EQ(LeadingNumber("1e-9223372036854775808"), 0);
 }
 
-TEST(Numbers, WritesShortTexts) {
-  EXPECT_EQ(SingleText(1.92F, kStop), "1.92");
-  EXPECT_EQ(SingleText(1.92F, kComma), "1,92");
-  EXPECT_EQ(SingleText(-0.0F, kStop), "0");
-  EXPECT_EQ(SingleText(12345678.0F, kStop), "1.234568E+07");
-  EXPECT_EQ(DoubleText(0.1 + 0.2, kStop), "0.3");
-  EXPECT_EQ(DoubleText(-1234567.5, kComma), "-1234567,5");
-}
-
 TEST(Numbers, WritesFixedPatterns) {
   const std::pair<double, const char*> twoDecimals[] = {{0, "0.00"},          {1.005, "1.01"},  {-1.005, "-1.01"},
                                                         {0.125, "0.13"},      {-0.001, "0.00"}, {9.995, "10.00"},

@@ -144,20 +144,6 @@ TEST_F(DriverFileTest, LineErrorsAreShownOneByOneAndTheLoadingGoesOn) {
   EXPECT_THAT(Load("x"), ElementsAre("Error en la linea 1 en el driver C:\\Drivers\\KRA09E.wcd"));
 }
 
-TEST_F(DriverFileTest, AnUnknownUnitIsShownWithItsParameterAndCounts0) {
-  EXPECT_THAT(Load("#P005#A####CurrentF6########\r\n#P529#B####CurrentF5########\r\n"),
-              ElementsAre("Error : driver with unknown unit CurrentF6 (P005)"));
-  EXPECT_EQ(Entry(5).unitCode, 0);
-  EXPECT_EQ(Entry(529).unitCode, 6);
-  context.language = Language::kPortuguese;
-  EXPECT_EQ(UnitCode(context, "Volt", 7), 0);
-  context.language = Language::kSpanish;
-  EXPECT_EQ(UnitCode(context, "CurrentF0 ", 999), 0);
-  EXPECT_EQ(fakes.dialogs.boxes.back().helpContext, 152);
-  EXPECT_THAT(fakes.dialogs.TakePrompts(), ElementsAre("Erro : driver com unidade desconhecida Volt (P007)",
-                                                       "Error : driver con unidad desconocida : CurrentF0  (P999)"));
-}
-
 TEST_F(DriverFileTest, BadNumbersAndAddressesAreErrors) {
   const std::pair<const char*, int> cases[] = {{"#P1000#A############", 9},
                                                {"#P-1#A############", 9},
