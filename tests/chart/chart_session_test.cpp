@@ -78,7 +78,6 @@ TEST_F(ChartSession, KeysMenuAndSmallWindows) {
 TEST_F(ChartSession, TypesSwitchesAndScales) {
   Begin("chart_switches");
   Put("60", 60);
-  fakes.files.Put("/sounds/dummy", "");
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
@@ -245,8 +244,7 @@ TEST_F(ChartSession, LongReadings) {
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
-    int reports = 0;
-    int stopAt = 0;
+    int reports = 0, stopAt = 0;
     const auto busy = [&] {
       transcript->Add(form.reading.lblStatus.Caption() + " pointer " +
                       std::to_string(static_cast<int>(form.Pointer())));
