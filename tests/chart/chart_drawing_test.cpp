@@ -8,6 +8,7 @@
 #include "chart/picture/overview_scene.h"
 #include "chart/picture/series/series_style.h"
 #include "chart/recording_canvas.h"
+#include "chart/window/control/chart_overlay.h"
 #include "support/transcript.h"
 
 namespace chartproject {
@@ -53,6 +54,9 @@ TEST(ChartDrawing, EachTypeWithGapsMarkersAndFailedRows) {
     model.categoryGrid = model.valueGrid = model.secondValueGrid = kind / 4;
     transcript.Step("type " + std::to_string(kind));
     transcript.Add(Drawn(model, {200, 120}));
+    if (!Is3d(model.kind)) continue;
+    transcript.Step("the lower series with more points, type " + std::to_string(kind));
+    transcript.Add(Drawn(ModelOf(kind, {{9, kGap, kGap, kGap}, {3, 3, 3, 3}, {kGap, kGap, kGap, kGap}}), {120, 90}));
   }
 }
 
@@ -69,6 +73,20 @@ TEST(ChartDrawing, EachTypeWithMorePointsThanPixels) {
     model.categoryScale = {false, 12, 12, true};
     transcript.Step("type " + std::to_string(kind));
     transcript.Add(Drawn(model, {64, 60}));
+  }
+}
+
+TEST(ChartDrawing, RestlessAreasFarFromZeroAndAroundIt) {
+  Transcript transcript("chart_areas");
+  std::vector<double> high = Saw(300, 90, 40, 11);
+  std::vector<double> low = Saw(300, 60, 50, 7);
+  for (double& value : high) value += 70;
+  for (double& value : low) value -= 60;
+  for (const bool line : {true, false}) {
+    ChartModel model = ModelOf(5, {high, low, Saw(300, 31, 30, 3)});
+    for (ChartSeries& series : model.series) series.showLine = line;
+    transcript.Step(line ? "with lines" : "without lines");
+    transcript.Add(Drawn(model, {80, 90}));
   }
 }
 
@@ -155,6 +173,32 @@ TEST(ChartDrawing, TheStripOfAWholeRecordingAndTheFrameInIt) {
            {std::pair(0, 25), std::pair(400, 600), std::pair(999, 1000), std::pair(0, 1000)}) {
         transcript.Add("frame " + std::to_string(first) + " to " + std::to_string(end));
         transcript.Add(testing::InWords(BuildOverviewFrame(model, strip, first, end)));
+      }
+    }
+  }
+}
+
+TEST(ChartDrawing, OverlaysWithAndWithoutRoom) {
+  Transcript transcript("chart_overlays");
+  for (const int kind : {1, 2, 3}) {
+    for (const Size size : {Size{200, 120}, Size{150, 74}, Size{96, 60}}) {
+      ChartModel model = ModelOf(kind, {{3, -4, kGap, 6}, {1, 2, 5, kGap}});
+      model.lanes = kind == 3;
+      if (kind == 2) model.valueRange = ValueRange{0, 4, false};
+      const testing::RecordingCanvas canvas(size);
+      const ChartScene chart = BuildChartScene(model, size, canvas, {});
+      for (int row = 0; row < 4; ++row) {
+        ChartOverlay overlay{.pointerRow = row,
+                             .cursorRows = {3 - row, row / 2},
+                             .readout = {{"Point " + std::to_string(row + 1)}, {"3", row / 2}},
+                             .cursorReadout = {{"2 points"}, {"P1", -1, {"8", "15"}}},
+                             .markRow = row,
+                             .markText = "mark"};
+        if (row == 3) overlay.readout.clear();
+        if (row == 2) overlay.box = Rect{50, 20, 30, 10};
+        transcript.Step("type " + std::to_string(kind) + ", width " + testing::Half(size.width) + ", row " +
+                        std::to_string(row));
+        transcript.Add(testing::InWords(BuildOverlay(overlay, model, chart, canvas)));
       }
     }
   }

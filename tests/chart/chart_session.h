@@ -186,7 +186,8 @@ struct ChartSession : ChartWindowTest {
     for (const FakePrinter::Text& text : fakes.printer.texts) {
       texts += " | " + text.text;
       out << "\n  page " << text.page << " at " << testing::Half(text.x * 10) << ' ' << testing::Half(text.y * 10)
-          << ' ' << text.font.points << (text.font.bold ? " bold " : " ") << text.font.color << ": " << text.text;
+          << ' ' << text.font.family << ' ' << text.font.points << (text.font.italic ? " italic" : "")
+          << (text.font.bold ? " bold " : " ") << text.font.color << ": " << text.text;
     }
     for (const auto* boxes : {&fakes.printer.pictures, &fakes.printer.drawings}) {
       for (const FakePrinter::Picture& box : *boxes) {

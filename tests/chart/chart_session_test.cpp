@@ -78,7 +78,6 @@ TEST_F(ChartSession, KeysMenuAndSmallWindows) {
 TEST_F(ChartSession, TypesSwitchesAndScales) {
   Begin("chart_switches");
   Put("60", 60);
-  fakes.files.Put("/sounds/dummy", "");
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
@@ -87,8 +86,8 @@ TEST_F(ChartSession, TypesSwitchesAndScales) {
         "chkGrid=2",      "chkLine=0",      "chkMarker=1",     "upd1=1",         "upd1=-1",         "upd1=1",
         "cmdUpdateChart", "txtScale2=007",  "cmdUpdateChart",  "txtScale2=0",    "mscChart1>",      "txtScale2=2.5",
         "hsbGraph=1",     "mscChart1>",     "txtScale2=",      "cmdUpdateChart", "txtScale2=abc",   "cmdUpdateChart",
-        "txtScale2=-3",   "cmdUpdateChart", "txtScale2=32768", "cmdUpdateChart", "txtScale2=32767", "cmdUpdateChart",
-        "upd3=1",         "cmdPrint"});
+        "txtScale2=-3",   "cmdUpdateChart", "txtScale2=32768", "cmdUpdateChart", "txtScale2=32767", "hsbGraph=2",
+        "cmdUpdateChart", "upd3=1",         "cmdPrint"});
     fakes.dialogs.answers = {box_answer::kYes};
   });
   LookOutside();
@@ -225,6 +224,11 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
     fakes.files.Put(kFile, text);
     Show([&](ChartForm& form) { LookAt(form); });
   }
+  transcript->Step("no names of parameters");
+  Put("9", 9);
+  fakes.files.Break("read", error_number::kPermissionDenied, "/drivers");
+  Show([&](ChartForm& form) { LookAt(form); });
+  fakes.files.Mend();
   transcript->Step("no file");
   fakes.files.Delete(kFile);
   Show([](ChartForm&) {});
@@ -235,13 +239,12 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
 TEST_F(ChartSession, LongReadings) {
   Begin("chart_reading");
   brief = true;
-  Put("200000", 200000);
+  Put("100000", 100000);
   perBlock = std::chrono::milliseconds(90);
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
-    int reports = 0;
-    int stopAt = 0;
+    int reports = 0, stopAt = 0;
     const auto busy = [&] {
       transcript->Add(form.reading.lblStatus.Caption() + " pointer " +
                       std::to_string(static_cast<int>(form.Pointer())));
@@ -262,13 +265,14 @@ TEST_F(ChartSession, LongReadings) {
     Do(form, "hsbGraph=32742");
     fakes.forms.onKeepAlive = busy;
     form.mscChart1.SetCursor(MeasuringCursor::kFirst, 1);
-    form.mscChart1.SetCursor(MeasuringCursor::kSecond, 200000);
+    form.mscChart1.SetCursor(MeasuringCursor::kSecond, 100000);
     for (const int report : {2, 9}) stop(report, "key S");
-    form.mscChart1.SetCursor(MeasuringCursor::kSecond, 199000);
+    form.mscChart1.SetCursor(MeasuringCursor::kSecond, 99000);
     for (const int report : {1, 9}) stop(report, "key Ctrl+C");
     Answer({{"txtValue=500000", "cmdNext"}, {"cboRange=0", "cmdPrint"}, {"cmdYes"}});
     stop(1, "key Ctrl+F");
     stop(9, "key N");
+    stop(1, "key Shift+N");
     stop(3, "key Ctrl+P");
     stop(2, "cmdExport");
     fakes.forms.onKeepAlive = [&] { Use(form, "cmdOK"); };
@@ -311,6 +315,12 @@ TEST_F(ChartSession, Outputs) {
     Do(form, {"cmdExport", "cmdExport", "cmdExport", "menu Export"});
     Answer({{"cmdCancel"}, {"txtTitle=Load test", "txtRemark=no\tfaults", "cboRange=0", "cmdPrint"}, {"cmdPrint"}});
     Do(form, {"key Ctrl+P", "key Ctrl+P"});
+    const std::string line(90, 'x');
+    std::string lines;
+    for (int i = 0; i < 20; ++i) lines += "line " + std::to_string(i) + (i % 9 == 0 ? line : "") + "\n";
+    Answer({{"txtTitle=" + line + line, "txtRemark=" + lines, "cboRange=1", "cmdPrint"}, {"cmdPrint"}});
+    form.mscChart1.SetCursor(MeasuringCursor::kFirst, std::nullopt);
+    Do(form, "key Ctrl+P");
     fakes.printer.declined = true;
     Do(form, "key Ctrl+P");
     fakes.printer.declined = false;
@@ -347,6 +357,9 @@ TEST_F(ChartSession, SlicesOfMorePointsThanAChartHasRows) {
               "sldPointsPerDivision=100",
               "key Backspace",
               "key Backspace"});
+    brief = true;
+    Answer({{"cboRange=0", "cmdPrint"}});
+    Do(form, "key Ctrl+P");
   });
 }
 

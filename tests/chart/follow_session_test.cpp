@@ -22,7 +22,7 @@ struct FollowSession : ChartSession {
   /// The recorder takes points; the value of a point is its number.
   void Record(int points, bool inMemory = false) {
     if (recorded.empty()) {
-      journal.Begin(kFile, header, 2000, false);
+      journal.Begin(kFile, header, 2000, simulated);
       journal.NoteFirstPoint(header, {2026, 1, 31, 8, 0, 0, 0}, inMemory);
     }
     for (int i = 0; i < points; ++i) {
@@ -59,6 +59,7 @@ struct FollowSession : ChartSession {
     while (form.overview.tmrSurvey.Enabled()) form.overview.tmrSurvey.Fire();
     LookAt(form);
   }
+  bool simulated = false;
   ChartHeader header;
   FailedReadings failed;
   std::vector<PointRow> recorded;
@@ -91,6 +92,7 @@ TEST_F(FollowSession, TheEndStaysInViewUntilTheRecordingEnds) {
 }
 
 TEST_F(FollowSession, EndsInOtherWays) {
+  simulated = true;
   failed[0].Note(2, {ReadFailure::kChecksum, ""});
   Record(30, true);
   Begin("chart_follow_ends");

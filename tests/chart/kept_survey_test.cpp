@@ -108,6 +108,15 @@ TEST_F(KeptSurveyTest, TheFirstJumpToTheEndFindsItsLineWithoutReadingTheFile) {
   const Slice slice = source->Read(4 + kRows - 25, 4 + kRows, 2).slice;
   EXPECT_EQ(slice.RowCount(), 25);
   EXPECT_EQ(slice.values[0].back(), (kRows - 1) * 7919 % 10007);
+  ChartSource other(fakes.ports);
+  other.KeepSurveys(1);
+  other.Open(kFile, header);
+  std::string last;
+  other.ForEach(kRows, kRows, [&last](std::int64_t /*point*/, const ChartRow& row) {
+    last = row.values[0];
+    return true;
+  });
+  EXPECT_EQ(last, std::to_string((kRows - 1) * 7919 % 10007));
 }
 
 TEST_F(KeptSurveyTest, WhatIsDamagedForeignOrOutOfDateIsThrownAway) {
