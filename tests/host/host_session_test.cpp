@@ -84,6 +84,7 @@ struct HostSession : HostCase, ::testing::WithParamInterface<const char*> {
     static const std::pair<std::regex, const char*> kOfThisRun[] = {
         {std::regex("-[0-9a-f]{8}\\b"), "-MARK"},
         {std::regex("(Recording=)[0-9a-f]{16}|(Completed=)[0-9]+"), "$1$2MARK"},
+        {std::regex("! [0-9]+ points are still to go to .*"), ""},
         {std::regex("(reached: ).*"), "$1REASON"},
         {std::regex("(a database|de dados) \\((?!ftp)[^)]*"), "$1 (REASON"},
         {std::regex(", [0-9.]+ points/s, [0-9:]+ left"), ""}};

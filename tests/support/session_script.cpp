@@ -62,6 +62,8 @@ void SessionScript::Run(Form* form) {
       own->second(words);
     } else if (form != nullptr) {
       Act(*form, words);
+    } else {
+      ADD_FAILURE() << "nobody does: " << step;
     }
     if (form != nullptr) transcript.Look(*form);
   }
