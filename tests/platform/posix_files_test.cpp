@@ -14,7 +14,6 @@
 #include <fstream>
 #include <functional>
 
-#include "backends/posix/files/posix_path.h"
 #include "platform/temporary_folder.h"
 #include "support/named_error.h"
 
@@ -26,14 +25,6 @@ class PosixFileSystemTest : public testing::Test {
   TemporaryFolder folder;
   PosixFileSystem files;
 };
-
-TEST(PosixPath, FolderOfAName) {
-  EXPECT_EQ(FolderOf(PosixPath("a\\b\\c.cht")), "a/b");
-  EXPECT_EQ(FolderOf("name"), ".");
-  EXPECT_EQ(FolderOf("/name"), "/");
-  EXPECT_EQ(FolderOf("/a//b/"), "/a");
-  EXPECT_EQ(FolderOf(""), ".");
-}
 
 TEST_F(PosixFileSystemTest, WritesReadsSeeksAndKnowsAFileAgain) {
   const std::string name = folder / "a.cht";
