@@ -123,6 +123,7 @@ TEST(PosixSession, WhatFilesAndFoldersAreRefusedFor) {
     });
     tell("space", [&] { transcript.Add(files.SpaceFor(path).total > 0 ? "some" : "none"); });
   }
+  transcript.Say("a long name: ", ErrorOf([&] { (void)files.OpenForReading(std::string(5000, 'n')); }));
   transcript.Step("names");
   for (const char* name : {"a\\b\\c.cht", "name", "/name", "/a//b/", "", "/", "//", "a/", "/a/b", "a//b"})
     transcript.Say(name, ": ", PosixPath(name), ", ", FolderOf(PosixPath(name)));

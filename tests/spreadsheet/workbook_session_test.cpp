@@ -2,10 +2,12 @@
 #include <gsf/gsf.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <map>
 #include <set>
+#include <sstream>
 
 #include "backends/spreadsheet/biff8_writer.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
@@ -149,17 +151,8 @@ TEST_F(WorkbookSession, WhatIsRefused) {
     transcript.Say(book->SheetCount(), " sheets");
     for (const int sheet : {0, 1, 2, 3})
       tell("a name of sheet " + std::to_string(sheet), [&] { book->SetSheetName(sheet, "n"); });
-    for (const auto& [sheet, row, column] : {std::tuple{0, 1, 1},
-                                             {3, 1, 1},
-                                             {1, 0, 1},
-                                             {1, 1, 0},
-                                             {1, 1, 257},
-                                             {1, 1, 256},
-                                             {1, 2, 1},
-                                             {1, 1, 1},
-                                             {2, 1, 1},
-                                             {1, 9, 1}})
-      write(sheet, row, column);
+    std::istringstream cells("0 1 1 3 1 1 1 0 1 1 1 0 1 1 257 1 1 256 1 2 1 1 1 1 2 1 1 1 9 1");
+    for (int sheet = 0, row = 0, column = 0; cells >> sheet >> row >> column;) write(sheet, row, column);
     tell("a name of a begun sheet", [&] { book->SetSheetName(1, "n"); });
     tell("a long text", [&] { book->WriteText(2, 1, 1, std::string(4001, 'x')); });
     tell("a finished row is read", [&] { (void)book->ReadValue(1, 1, 1); });
@@ -180,6 +173,30 @@ TEST_F(WorkbookSession, WhatIsRefused) {
                    limits.sizes.mostGrowth, ", disk ", limits.sizes.diskPercent, " %");
   }
   transcript.Add(applications.AttachRunning() == nullptr ? "none runs" : "one runs");
+}
+
+/// Texts entered into a plain text's cells where numbers have a point, and where they have a comma.
+TEST_F(WorkbookSession, WhatEnteredTextsBecome) {
+  Transcript transcript("workbook_fields");
+  std::istringstream texts(
+      "1.50|1,50|--|-0.25|+7|+-7|+|1e3|-1.5E+3|1E|08:00:00||nan|inf|1 2|0x10|1,5,2|1.5.2|=1+1|@SUM(A1)|+A1|-1-1|"
+      "-1,500.5|a;=1|a;b=1|\t=1|\r=1|\n|;|a=1|-e5|-5e|-5e+|-5e-3|+5e3x|;\"=1|\"=1|\"\"|a\"b|a\tb|12345678901234567890."
+      "5");
+  for (std::string text; std::getline(texts, text, '|');) {
+    std::string line;
+    for (const char* point : {".", ","}) {
+      locale.numbers = {point, ""};
+      const auto book = Begin("values.csv");
+      book->WriteText(1, 2, 1, text);
+      book->EnterValue(1, 2, 1, book->ReadValue(1, 2, 1));
+      book->WriteText(1, 2, 2, "1.50");  // a written text stays one
+      line += Saved(*book, "values.csv") + " ";
+      line += FileBytes(folder / "values.csv").substr(2);
+    }
+    std::replace(line.begin(), line.end(), '\r', '$');
+    std::erase(line, '\n');
+    transcript.Say(text, ":", line);
+  }
 }
 
 /// A part of a modern workbook, one element a line; what an earlier part of its kind has, too, is left out.
