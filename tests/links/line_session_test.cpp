@@ -79,8 +79,8 @@ TEST(LineSession, EveryReply) {
     std::istringstream numbers(line);
     Bytes frame;
     for (int byte = 0; numbers >> byte;) frame.push_back(static_cast<std::uint8_t>(byte));
-    transcript.Add(Hex(frame) + ": " + Words(JudgeReply({1, 3, 5}, frame)) + "; as a name " +
-                   Words(JudgeName(1, frame)) + "; checksum " + std::to_string(FrameChecksum(frame)));
+    transcript.Say(Hex(frame), ": ", Words(JudgeReply({1, 3, 5}, frame)), "; as a name ", Words(JudgeName(1, frame)),
+                   "; checksum ", FrameChecksum(frame));
   }
 }
 
@@ -88,12 +88,12 @@ TEST(LineSession, EveryReply) {
 struct ScannedPort : LinePort {
   ScannedPort(VirtualClock& time, Transcript& log, LineSettings own)
       : clock(time), transcript(log), settings(std::move(own)) {}
-  void Open() override { transcript.Add("open " + LineText(settings)); }
+  void Open() override { transcript.Say("open ", LineText(settings)); }
   void Close() noexcept override {}
   LineReply Ask(const LineRequest& request, milliseconds timeout) override {
     const bool there = settings.parity == Parity::kOdd && request.slave >= 3;
-    transcript.Add(std::to_string(clock.Now() / milliseconds(1)) + " ms: " + std::to_string(request.slave) + " " +
-                   std::to_string(request.function) + " " + std::to_string(request.address));
+    transcript.Say(clock.Now() / milliseconds(1), " ms: ", int{request.slave}, " ", int{request.function}, " ",
+                   request.address);
     clock.Advance(there ? milliseconds(2) : timeout);
     if (request.slave == 9) return {ReplyKind::kPortGone, 0, 0, "unplugged"};
     return there ? LineReply{request.slave == 3 ? ReplyKind::kValue : ReplyKind::kException, 7, 2, {}} : LineReply{};
@@ -112,24 +112,21 @@ TEST(LineSession, AScanOverSpeedsAndParities) {
   const LineSettings given = ParseLineText("modbus:A?baud=19200&parity=none&timeout=20&offset=-1&function=input");
   std::string lines;
   for (const LineSettings& line : LinesToTry(given)) lines += SpeedText(line) + ", ";
-  transcript.Add("lines: " + lines + "network " + std::to_string(LinesToTry(ParseLineText("modbus-tcp:A")).size()));
+  transcript.Say("lines: ", lines, "network ", LinesToTry(ParseLineText("modbus-tcp:A")).size());
   const auto scan = [&](const ScanPlan& plan, int patience) {
     VirtualClock clock{DateTime{}};
     LineScan work([&](const LineSettings& line,
                       const std::function<bool()>&) { return std::make_unique<ScannedPort>(clock, transcript, line); },
                   clock,
-                  [&](Instant moment) {
-                    transcript.Add("until " + std::to_string(moment.count()) + " us"), clock.AdvanceTo(moment);
-                  },
+                  [&](Instant moment) { transcript.Say("until ", moment.count(), " us"), clock.AdvanceTo(moment); },
                   [&] { return --patience < 0; });
     work.progress = [&](int done, int total, const LineSettings& line) {
-      transcript.Add(std::to_string(done) + " of " + std::to_string(total) + " " + SpeedText(line));
+      transcript.Say(done, " of ", total, " ", SpeedText(line));
     };
     work.found = [&](const FoundDrive& drive) {
-      transcript.Add("found " + std::to_string(drive.address) + " " + SpeedText(drive.settings) + " \"" + drive.name +
-                     "\"");
+      transcript.Say("found ", drive.address, " ", SpeedText(drive.settings), " \"", drive.name, "\"");
     };
-    transcript.Add("at most " + std::to_string(LongestScan(plan).count()) + " ms");
+    transcript.Say("at most ", LongestScan(plan).count(), " ms");
     transcript.Add(ErrorTextOf([&] { transcript.Add(work.Run(plan) ? "complete" : "stopped"); }));
   };
   const std::vector<LineSettings> all = LinesToTry(given);

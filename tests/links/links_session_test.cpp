@@ -63,7 +63,7 @@ TEST_F(LinksSession, EveryParameterOfEveryModelOverItsCycles) {
       std::string line = ParameterName(parameter.number) + " " + std::string(UnitOf(parameter, kind)) + " " +
                          std::string(parameter.kind) + ":";
       if (kind.quantity == Quantity::kSetting) {
-        transcript.Add(line + " " + Read(ModelCode(model), parameter.number, unit));
+        transcript.Say(line, " ", Read(ModelCode(model), parameter.number, unit));
         continue;
       }
       const Instant begin = fakes.clock.Now();
@@ -79,12 +79,12 @@ TEST_F(LinksSession, EveryParameterOfEveryModelOverItsCycles) {
   link->OpenLink();
   fakes.clock.Advance(std::chrono::seconds(5));
   for (const int address : {0, 1, 2, 3, 29, 30, 31})
-    transcript.Add(std::to_string(address) + ": " + Read(ModelCode("KRA-09"), 3, 3, address) + ", " +
+    transcript.Say(address, ": ", Read(ModelCode("KRA-09"), 3, 3, address), ", ",
                    Read(ModelCode("KRA-09"), 2, 3, address));
   for (const DriveModel& model : kDriveModels)
-    transcript.Add(std::string(model.name) + ": " + Read(std::string(1, model.code), 3, 2) + ", " +
-                   Read(std::string(1, model.code), 2, 2) + ", " + Read(std::string(1, model.code), 999, 2));
-  transcript.Add("no model: " + Read("", 3, 2) + ", unknown: " + Read("?", 3, 2));
+    transcript.Say(std::string(model.name), ": ", Read(std::string(1, model.code), 3, 2), ", ",
+                   Read(std::string(1, model.code), 2, 2), ", ", Read(std::string(1, model.code), 999, 2));
+  transcript.Say("no model: ", Read("", 3, 2), ", unknown: ", Read("?", 3, 2));
 }
 
 TEST_F(LinksSession, EveryKindOfParameterAndEveryUnit) {
@@ -95,10 +95,10 @@ TEST_F(LinksSession, EveryKindOfParameterAndEveryUnit) {
       kinds.emplace(parameter.kind, FindParameterKind(parameter.kind));
   transcript.Step("kinds: unit, symbol, Portuguese, Spanish, quantity, setting, range");
   for (const auto& [name, kind] : kinds)
-    transcript.Add(name + ": " + std::string(kind->unit) + ", " + std::string(kind->symbol) + ", " +
-                   std::string(kind->portuguese) + ", " + std::string(kind->spanish) + ", " +
-                   std::to_string(static_cast<int>(kind->quantity)) + ", " + Number(kind->setting) + ", " +
-                   Number(kind->low) + " to " + Number(kind->high));
+    transcript.Say(name, ": ", std::string(kind->unit), ", ", std::string(kind->symbol), ", ",
+                   std::string(kind->portuguese), ", ", std::string(kind->spanish), ", ",
+                   static_cast<int>(kind->quantity), ", ", Number(kind->setting), ", ", Number(kind->low), " to ",
+                   Number(kind->high));
   transcript.Add(FindParameterKind("None") == nullptr ? "None: none" : "None: found");
   for (const std::int16_t decimals : {0, 2, 7, -1}) {
     ValueWriter writer(fakes.locale);

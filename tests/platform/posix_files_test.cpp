@@ -14,7 +14,6 @@
 #include <fstream>
 #include <functional>
 
-#include "backends/posix/files/posix_path.h"
 #include "platform/temporary_folder.h"
 #include "support/named_error.h"
 
@@ -26,14 +25,6 @@ class PosixFileSystemTest : public testing::Test {
   TemporaryFolder folder;
   PosixFileSystem files;
 };
-
-TEST(PosixPath, FolderOfAName) {
-  EXPECT_EQ(FolderOf(PosixPath("a\\b\\c.cht")), "a/b");
-  EXPECT_EQ(FolderOf("name"), ".");
-  EXPECT_EQ(FolderOf("/name"), "/");
-  EXPECT_EQ(FolderOf("/a//b/"), "/a");
-  EXPECT_EQ(FolderOf(""), ".");
-}
 
 TEST_F(PosixFileSystemTest, WritesReadsSeeksAndKnowsAFileAgain) {
   const std::string name = folder / "a.cht";
@@ -63,36 +54,6 @@ TEST_F(PosixFileSystemTest, WritesReadsSeeksAndKnowsAFileAgain) {
   side->ReplaceTarget();
   EXPECT_EQ(FileBytes(name), "first");
   EXPECT_NE(files.OpenForReading(name)->Identity().index, before.index);
-}
-
-TEST_F(PosixFileSystemTest, ErrorsHaveThePlatformsNumbers) {
-  const std::string missing = folder / "none.cht";
-  const std::string lost = folder / "none/at/all.cht";
-  PutFile(folder / "plain", "x");
-  const auto read = [this](const std::string& name) {
-    return ErrorOf([&] { (void)files.OpenForReading(name); }, name);
-  };
-  EXPECT_EQ(read(missing), 53);
-  EXPECT_EQ(read(lost), 76);
-  EXPECT_EQ(read(folder / "plain/x"), 76);
-  EXPECT_EQ(read(folder.Path()), 75);
-  EXPECT_EQ(read(std::string(5000, 'n')), 75);
-  EXPECT_EQ(ErrorOf([&] { files.CheckReplaceable(folder.Path()); }, folder.Path()), 75);
-  EXPECT_EQ(ErrorOf([&] { (void)files.MakeSideFile({.target = lost, .ending = ".new"}); }, lost), 76);
-  EXPECT_EQ(ErrorOf([&] { files.Append(lost, "x"); }, lost), 76);
-  EXPECT_EQ(ErrorOf([&] { files.Delete(missing); }, missing), 53);
-  EXPECT_EQ(ErrorOf([&] { files.ChangeFolder(missing); }, missing), 76);
-  EXPECT_EQ(ErrorOf([&] { files.MakeFolder(folder / "plain"); }, "plain"), 76);
-}
-
-TEST_F(PosixFileSystemTest, FoldersAndFilesAreToldApart) {
-  files.MakeFolder(folder.Path() + "\\one\\two");
-  EXPECT_TRUE(files.FolderExists(folder / "one/two"));
-  EXPECT_FALSE(files.FileExists(folder / "one/two"));
-  PutFile(folder / "one/f", "");
-  EXPECT_TRUE(files.FileExists(folder.Path() + "\\one\\f"));
-  EXPECT_FALSE(files.FileExists(""));
-  EXPECT_FALSE(files.FolderExists(""));
 }
 
 TEST_F(PosixFileSystemTest, ANameIsLockedForOneUntilItLetsGo) {

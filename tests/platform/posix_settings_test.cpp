@@ -1,4 +1,4 @@
-// What Linux keeps and says for the program: the settings' file, the locale, the 8-bit code page.
+// What Linux keeps for the program: the settings' file.
 #include "backends/posix/posix_settings_store.h"
 
 #include <fcntl.h>
@@ -9,9 +9,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "backends/headless/code_page_1252.h"
 #include "backends/posix/files/posix_file_system.h"
-#include "backends/posix/posix_locale.h"
 #include "platform/temporary_folder.h"
 #include "support/named_error.h"
 
@@ -131,52 +129,6 @@ TEST_F(PosixSettingsStoreTest, WhatIsNotUnderstoodIsReportedOnceAndKept) {
   std::filesystem::remove_all(folder / "made");
   PutFile(folder / "made", "a file stands in the way");
   EXPECT_THROW(Write("MyConf", {{"strSound", "No"}}), RunTimeError);
-}
-
-TEST(PosixLocale, DatesKeepTheLocalesOrderAndSeparator) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"%m/%d/%y", "02/01/2026"},   {"%d/%m/%Y", "01/02/2026"}, {"%d.%m.%Y", "01.02.2026"}, {"%Y-%m-%d", "2026-02-01"},
-      {"%-d.%-m.%Y", "01.02.2026"}, {"%d-%m-%y", "01-02-2026"}, {"%F", "2026-02-01"},       {"%D", "02/01/2026"},
-      {"", "2026-02-01"},           {"%", "2026-02-01"}};
-  for (const auto& [pattern, text] : cases) {
-    const PosixLocale locale({}, {.date = pattern});
-    EXPECT_EQ(locale.DateText({2026, 2, 1, 8, 5, 9, 0}), text) << pattern;
-  }
-}
-
-TEST(PosixLocale, TimesRunToTwelveOrToTwentyFour) {
-  const PosixLocale all({}, {.time = "%H:%M:%S"});
-  EXPECT_EQ(all.TimeText({2026, 2, 1, 8, 5, 9, 0}), "08:05:09");
-  const PosixLocale half({}, {.time = "%r"});
-  EXPECT_EQ(half.TimeText({2026, 2, 1, 0, 5, 9, 0}), "12:05:09 AM");
-  EXPECT_EQ(half.TimeText({2026, 2, 1, 13, 5, 9, 0}), "1:05:09 PM");
-  const PosixLocale wordless({}, {.time = "%r", .am = "", .pm = ""});
-  EXPECT_EQ(wordless.TimeText({2026, 2, 1, 13, 5, 9, 0}), "13:05:09");
-}
-
-TEST(PosixLocale, AnUnknownLocaleCountsAsC) {
-  setenv("LC_ALL", "xx_YY.UTF-8", 1);
-  const PosixLocale locale = PosixLocale::FromEnvironment();
-  unsetenv("LC_ALL");
-  EXPECT_EQ(locale.Numbers().decimalSeparator, ".");
-  EXPECT_EQ(locale.DateText({2026, 1, 31, 0, 0, 0, 0}), "01/31/2026");
-  EXPECT_EQ(locale.TimeText({2026, 1, 31, 9, 0, 0, 0}), "09:00:00");
-}
-
-TEST(CodePage1252, EveryByteComesBack) {
-  std::string bytes;
-  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
-  EXPECT_EQ(CodePage1252().Encode(CodePage1252().Decode(bytes)), bytes);
-}
-
-TEST(CodePage1252, KnownCharacters) {
-  EXPECT_EQ(CodePage1252().Decode("\x80 \x8D \x99 \xE7\xE3o"), "€ \u008D ™ ção");
-  EXPECT_EQ(CodePage1252().Encode("Tensão – 5 €"), "Tens\xE3o \x96 5 \x80");
-}
-
-TEST(CodePage1252, WhatItLacksBecomesAQuestionMark) {
-  EXPECT_EQ(CodePage1252().Encode("Ω日😀."), "???.");
-  EXPECT_EQ(CodePage1252().Encode("a\xFFz\xE7"), "a?z?") << "no UTF-8";
 }
 
 }  // namespace

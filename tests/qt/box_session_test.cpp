@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,12 +13,14 @@
 #include <QTextBrowser>
 #include <QTimer>
 #include <cmath>
+#include <stdexcept>
 
 #include "backends/qt/qt_application.h"
 #include "backends/qt/qt_canvas.h"
 #include "backends/qt/qt_clipboard.h"
 #include "backends/qt/qt_dialogs.h"
 #include "backends/qt/qt_help.h"
+#include "backends/qt/qt_keyboard.h"
 #include "backends/qt/qt_printer.h"
 #include "backends/qt/qt_text.h"
 #include "platform/temporary_folder.h"
@@ -47,28 +50,26 @@ TEST_F(BoxSession, EveryBox) {
       QTimer::singleShot(0, [&] {
         QWidget* box = QApplication::activeModalWidget();
         if (auto* message = qobject_cast<QMessageBox*>(box))
-          transcript.Add("icon " + std::to_string(message->icon()) + " format " +
-                         std::to_string(message->textFormat()) + " escape " +
-                         (message->escapeButton() == nullptr ? "" : FromQt(message->escapeButton()->text())) + " \"" +
-                         FromQt(message->text().replace(ToQt(folder.Path()), "FOLDER")) + "\"");
-        transcript.Add("\"" + FromQt(box->windowTitle()) + "\"");
+          transcript.Say("icon ", message->icon(), " format ", message->textFormat(), " escape ",
+                         (message->escapeButton() == nullptr ? "" : FromQt(message->escapeButton()->text())), " \"",
+                         FromQt(message->text().replace(ToQt(folder.Path()), "FOLDER")), "\"");
+        transcript.Say("\"", FromQt(box->windowTitle()), "\"");
         if (auto* files = qobject_cast<QFileDialog*>(box)) {
-          transcript.Add("accept " + std::to_string(files->acceptMode()) + " mode " +
-                         std::to_string(files->fileMode()) + " confirms " +
-                         std::to_string(!files->testOption(QFileDialog::DontConfirmOverwrite)) + " in " +
-                         FromQt(files->directory().path()) + " filters " + FromQt(files->nameFilters().join(", ")) +
-                         " chosen " + FromQt(files->selectedNameFilter()));
+          transcript.Say("accept ", files->acceptMode(), " mode ", files->fileMode(), " confirms ",
+                         !files->testOption(QFileDialog::DontConfirmOverwrite), " in ",
+                         FromQt(files->directory().path()), " filters ", FromQt(files->nameFilters().join(", ")),
+                         " chosen ", FromQt(files->selectedNameFilter()));
           for (int i = 0; i <= QFileDialog::Reject; ++i)
             transcript.Add(FromQt(files->labelText(static_cast<QFileDialog::DialogLabel>(i))));
         }
         for (auto* edit : box->findChildren<QLineEdit*>()) edit->setText("typed");
         const auto buttons = box->findChildren<QPushButton*>();
         for (const QPushButton* each : buttons)
-          transcript.Add("button \"" + FromQt(each->text()) + "\"" + (each->isDefault() ? " default" : ""));
+          transcript.Say("button \"", FromQt(each->text()), "\"", (each->isDefault() ? " default" : ""));
         if (pressed < 0) return QTest::keyClick(box, Qt::Key_Escape), void();
         buttons.at(pressed)->click();
       });
-      transcript.Add("answer " + show());
+      transcript.Say("answer ", show());
     };
     for (const std::int32_t style : {36, 0, 16, 48, 64, 80, 1}) {
       for (const int button : {0, 1, -1})
@@ -93,8 +94,8 @@ TEST_F(BoxSession, EveryBox) {
     help.ShowContext(folder / "help.html", 7);
     for (const QWidget* widget : QApplication::topLevelWidgets())
       if (widget->isVisible() && qobject_cast<const QTextBrowser*>(widget) != nullptr)
-        transcript.Add("\"" + FromQt(widget->windowTitle()) + "\" " + std::to_string(widget->width()) + " x " +
-                       std::to_string(widget->height()) + " " + FromQt(widget->property("plainText").toString()));
+        transcript.Say("\"", FromQt(widget->windowTitle()), "\" ", widget->width(), " x ", widget->height(), " ",
+                       FromQt(widget->property("plainText").toString()));
     look("no help file", 0, [&] { return help.ShowContext("/none/help.html", 1), std::string(); });
   }
 }
@@ -136,7 +137,7 @@ TEST_F(BoxSession, EveryStroke) {
   }
   show("whole and broken rectangles", [](Canvas& canvas) {
     canvas.FillRect({1, 1, 4, 3}, {}), canvas.FillRect({7.5, 1.5, 4, 3}, {}),
-        canvas.FillRect({1, 6, 9, 1}, {0, 0, 0, 128});
+        canvas.FillRect({1, 6, 9, 1}, {0, 0, 0, 128}), canvas.FillRect({12.5, 0.5, 2.5, 3.5}, {});
   });
   show("crisp", [&](Canvas& canvas) {
     canvas.FillCrisp(std::span(zigzag).first(3), {}), canvas.FillRect({9.5, 5.5, 3, 2}, {});
@@ -161,6 +162,41 @@ TEST_F(BoxSession, EveryStroke) {
   transcript.Add(Tones([](Canvas&) {}, 0).substr(0, 5));
 }
 
+TEST(KeyboardSession, EscAndErrors) {
+  Transcript transcript("window_keyboard");
+  int argc = 1;
+  char program[] = "test";
+  char* argv[] = {program, nullptr};
+  QtApplication application(argc, argv, [&](const std::string& error) { transcript.Say("error: ", error); });
+  QtKeyboard keyboard;
+  QLineEdit field;
+  const auto send = [&](const std::string& what, QEvent::Type type, int key, bool repeated = false) {
+    QKeyEvent event(type, key, Qt::NoModifier, {}, repeated);
+    QApplication::sendEvent(&field, &event);
+    const bool first = keyboard.EscapePressed();
+    transcript.Say(what, ": ", first, ", then ", keyboard.EscapePressed());
+  };
+  transcript.Say("at first: ", keyboard.EscapePressed());
+  send("another key", QEvent::KeyPress, Qt::Key_A);
+  send("Esc down", QEvent::KeyPress, Qt::Key_Escape);
+  send("Esc repeated", QEvent::KeyPress, Qt::Key_Escape, true);
+  send("another key up", QEvent::KeyRelease, Qt::Key_A);
+  send("Esc up and down again", QEvent::KeyRelease, Qt::Key_Escape, true);
+  send("Esc up", QEvent::KeyRelease, Qt::Key_Escape);
+  send("Esc down once more", QEvent::ShortcutOverride, Qt::Key_Escape);
+  QEvent away(QEvent::ApplicationDeactivate);
+  QApplication::sendEvent(&application, &away);
+  transcript.Say("in another program: ", keyboard.EscapePressed());
+  QObject::connect(&field, &QLineEdit::textChanged, [](const QString& text) {
+    if (text == "1") throw std::runtime_error("one");
+    throw 2;
+  });
+  for (const int key : {Qt::Key_1, Qt::Key_2}) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(QChar(key)));
+    transcript.Say("taken: ", QApplication::sendEvent(&field, &event));
+  }
+}
+
 TEST_F(BoxSession, PaperAndClipboard) {
   Transcript transcript("window_paper");
   const TemporaryFolder folder;
@@ -179,7 +215,7 @@ TEST_F(BoxSession, PaperAndClipboard) {
   transcript.Add(ErrorTextOf([&] { (void)none.StartDocument("t"); }));
   for (const std::optional<std::string>& name : {std::optional<std::string>(), std::optional<std::string>(""),
                                                  std::optional<std::string>(folder / "asked.pdf")}) {
-    QtPrinter printer([&](const std::string& proposal) { return transcript.Add("asked for " + proposal), name; });
+    QtPrinter printer([&](const std::string& proposal) { return transcript.Say("asked for ", proposal), name; });
     printer.ProposeFile("Test.pdf");
     printer.UsePaper({10, 20});
     transcript.Add(printer.StartDocument("title") ? "begun" : "declined");
@@ -195,22 +231,21 @@ TEST_F(BoxSession, PaperAndClipboard) {
     printer.PrintText("W", 1, 3, {{}, 10});
     const double first = printer.CurrentY();
     printer.NextLine();
-    transcript.Add("text at " + std::to_string(first) + ", next line " +
+    transcript.Say("text at ", first, ", next line ",
                    (printer.CurrentY() > first + 0.3 && printer.CurrentY() < first + 0.7 ? "below" : "elsewhere"));
     printer.PaintPicture(picture, 1, 1, 2, 2);
     printer.Draw(1, 4, 5, 5, [&](Canvas& canvas) {
-      transcript.Add("canvas " + std::to_string(std::lround(canvas.Extent().width)) + " x " +
-                     std::to_string(std::lround(canvas.Extent().height))),
+      transcript.Say("canvas ", std::lround(canvas.Extent().width), " x ", std::lround(canvas.Extent().height)),
           canvas.FillCrisp(std::array{PointF{0, 0}, PointF{9, 0}, PointF{0, 9}}, {});
     });
     printer.NextPage();
-    transcript.Add("top " + std::to_string(printer.CurrentY()));
+    transcript.Say("top ", printer.CurrentY());
     transcript.Add(ErrorTextOf([&] { printer.PaintPictureFile("/none.ico", 0, 0); }));
     transcript.Add(FileBytes(*name).empty() ? "no file yet" : "a file");
     printer.EndDocument();
     const std::string bytes = FileBytes(*name);
-    transcript.Add(std::string(bytes.starts_with("%PDF") ? "a document" : "no document") + ", " +
-                   (bytes.find("/Count 2") != std::string::npos ? "two pages" : "other pages") + ", " +
+    transcript.Say(std::string(bytes.starts_with("%PDF") ? "a document" : "no document"), ", ",
+                   (bytes.find("/Count 2") != std::string::npos ? "two pages" : "other pages"), ", ",
                    (bytes.find("/MediaBox [0 0 283") != std::string::npos ? "10 cm wide" : "another size"));
   }
 }

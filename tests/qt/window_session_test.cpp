@@ -4,9 +4,13 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
+#include <QScreen>
 #include <QTest>
+#include <QToolButton>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -17,6 +21,7 @@
 #include "backends/qt/qt_text.h"
 #include "chart/window/find_forms.h"
 #include "host/window/drive_forms.h"
+#include "qt/every_form.h"
 #include "qt/program_windows.h"
 #include "support/transcript.h"
 
@@ -84,18 +89,18 @@ struct WindowSession : ::testing::Test {
   ~WindowSession() override { application.reset(); }
   void Look(Transcript& transcript, const Form& form, const User& user) {
     const QWidget& window = user.Window();
-    transcript.Add("window \"" + FromQt(window.windowTitle()) + "\" modal " + std::to_string(window.windowModality()) +
-                   " focus " + (window.focusWidget() == nullptr ? "" : FromQt(window.focusWidget()->objectName())));
+    transcript.Say("window \"", FromQt(window.windowTitle()), "\" modal ", window.windowModality(), " focus ",
+                   (window.focusWidget() == nullptr ? "" : FromQt(window.focusWidget()->objectName())));
     for (Control* control : form.Controls()) {
       if (dynamic_cast<Timer*>(control) == nullptr && user.WidgetOf(*control).isVisible())
-        transcript.Add(control->Name() + ": " + WordsOf(user.WidgetOf(*control)));
+        transcript.Say(control->Name(), ": ", WordsOf(user.WidgetOf(*control)));
     }
     std::string order;
     const QWidget* at = &window;
     while ((at = at->nextInFocusChain()) != &window)
       if ((at->focusPolicy() & Qt::TabFocus) != 0 && !at->objectName().isEmpty() && !at->objectName().startsWith("qt_"))
         order += " " + FromQt(at->objectName());
-    transcript.Add("tab order:" + order);
+    transcript.Say("tab order:", order);
   }
   void LookAt(Transcript& transcript, Form& form) {
     transcript.Step(form.Name());
@@ -133,94 +138,6 @@ TEST_F(WindowSession, EveryWindow) {
   LookAt(transcript, remove);
 }
 
-/// A control that tells what it is given.
-class Probe : public DrawnControl {
- public:
-  Probe(Form& form, std::function<void(const std::string&)> tell)
-      : DrawnControl(form, "Probe", "drwProbe"), tell_(std::move(tell)) {}
-  bool TabStop() const noexcept override { return true; }
-  bool HasCaption() const noexcept override { return false; }
-  void Paint(Canvas& canvas) override { tell_("paint " + std::to_string(canvas.Extent().width > 0)); }
-  Size PreferredSize() const override { return {200, 100}; }
-  void MouseMoved(const MouseInput& input) override { Tell("moved", input); }
-  void MouseLeft() override { tell_("left"); }
-  void MousePressed(const MouseInput& input) override { Tell("pressed", input); }
-  void MouseDoubleClicked(const MouseInput& input) override { Tell("twice", input); }
-  void MouseReleased(const MouseInput& input) override { Tell("released", input); }
-  bool WheelTurned(const WheelInput& input) override {
-    tell_("wheel " + std::to_string(input.notches) + " at " + std::to_string(std::lround(input.at.x)) +
-          (input.shift ? " shift" : "") + (input.control ? " control" : ""));
-    return input.notches > 0;
-  }
-  bool KeyPressed(const KeyPress& press) override { return Tell("key", press), press.key != Key::kEnd; }
-  void KeyReleased(const KeyPress& press) override { Tell("key released", press); }
-  std::vector<MenuItem> ContextMenu() override { return items; }
-  void MenuChosen(int id) override { tell_("chosen " + std::to_string(id)); }
-  std::vector<MenuItem> items;
-
- private:
-  void Tell(const std::string& what, const MouseInput& input) {
-    tell_(what + " " + std::to_string(std::lround(input.at.x)) + " " + std::to_string(std::lround(input.at.y)) +
-          " button " + std::to_string(static_cast<int>(input.button)) + (input.shift ? " shift" : "") +
-          (input.control ? " control" : ""));
-  }
-  void Tell(const std::string& what, const KeyPress& press) {
-    tell_(what + " " + std::to_string(static_cast<int>(press.key)) + " " +
-          (press.key == Key::kCharacter ? std::string(1, press.character) : "") + (press.shift ? " shift" : "") +
-          (press.control ? " control" : ""));
-  }
-  std::function<void(const std::string&)> tell_;
-};
-
-class EveryForm : public Form {
- public:
-  EveryForm(FormHost& host, std::vector<std::string>& log)
-      : Form(host, "frmEvery",
-             [&log](const std::string& routine, const RunTimeError& error) {
-               log.push_back(routine + ": error " + std::to_string(error.Number()));
-             }),
-        probe(*this, [&log](const std::string& what) { log.push_back(what); }) {
-    label.SetCaption("Name"), wrapped.SetCaption("Several words"), frame.SetCaption("Choice"), check.SetCaption("Grid"),
-        go.SetCaption("Go"), leave.SetCaption("Leave");
-    wrapped.SetWordWrap(true), wrapped.SetBorderStyle(0), wrapped.SetTextAlign(Align::kRight), elided.SetElided(true),
-        elided.SetTextAlign(Align::kCenter);
-    go.SetDefault(true), leave.SetCancel(true), lines.SetMultiLine(true), fixed.SetReadOnly(true),
-        swatch.SetBackColor({1, 2, 3});
-    lines.SetText("one\r\ntwo"), fixed.SetText("fixed"), name.SetToolTipText("<b>tip</b>"), go.SetToolTipText("plain"),
-        bar.SetRange(10, 20), bar.SetValue(12.5);
-    for (const char* item : {"one", "two", "three", "four"}) combo.AddItem(item);
-    combo.SetAvailable({true, false, true, true}), scroll.SetMaximum(-30), upDown.SetBuddy(&scale),
-        upDown.SetSyncBuddy(true);
-    SetLayout(Column({Row({Cell(label), Cell(name, 1)}), Cell(wrapped), Cell(elided),
-                      Group(frame, Row({Cell(combo), Cell(check), Cell(swatch)})),
-                      Row({Cell(mask), Cell(scale), Cell(upDown), Cell(fixed)}), Cell(lines), Cell(slider),
-                      Cell(scroll), Cell(bar), Cell(probe), Row({Space(), Cell(go), Cell(leave)})}));
-    const auto tell = [&log](Event& event, const std::string& entry) {
-      event = {entry, [&log, entry] { log.push_back(entry); }};
-    };
-    tell(name.change, "name"), tell(name.lostFocus, "name left"), tell(combo.click, "combo"),
-        tell(check.click, "check"), tell(mask.change, "mask"), tell(lines.change, "lines"),
-        tell(slider.change, "slider"), tell(scroll.change, "scroll");
-    tell(go.click, "go"), tell(helpRequested, "help"), tell(swatch.click, "swatch"),
-        leave.click = {"leave", [this] { Unload(); }};
-  }
-  Label label{*this, "lblName"};
-  TextBox name{*this, "txtName"};
-  Label wrapped{*this, "lblWrapped"}, elided{*this, "lblElided"};
-  Frame frame{*this, "fraChoice"};
-  ComboBox combo{*this, "cboChoice"};
-  CheckBox check{*this, "chkGrid"};
-  PictureBox swatch{*this, "picSwatch"};
-  MaskEdBox mask{*this, "mebTime", "##:##:##"};
-  TextBox scale{*this, "txtScale"}, fixed{*this, "txtFixed"}, lines{*this, "txtLines"};
-  UpDown upDown{*this, "updScale"};
-  Slider slider{*this, "sldDivision"};
-  HScrollBar scroll{*this, "hsbGraph"};
-  ProgressBar bar{*this, "prgBar"};
-  CommandButton go{*this, "cmdGo"}, leave{*this, "cmdLeave"};
-  Probe probe;
-};
-
 TEST_F(WindowSession, EveryInput) {
   Transcript transcript("window_input");
   std::vector<std::string> log;
@@ -236,12 +153,12 @@ TEST_F(WindowSession, EveryInput) {
     for (const std::string& entry : log)
       line += (entry.starts_with("paint") && line.ends_with(entry) ? "" : " " + entry + ";");
     log.clear();
-    transcript.Add(line + " focus " +
+    transcript.Say(line, " focus ",
                    (user.Window().focusWidget() == nullptr ? "" : FromQt(user.Window().focusWidget()->objectName())));
     std::map<std::string, std::string> now = SeenOf(form);
     now.erase("");  // the window's height depends on fonts
     for (const auto& [name, state] : now)
-      if (seen[name] != state) transcript.Add("+ " + name + ": " + state);
+      if (seen[name] != state) transcript.Say("+ ", name, ": ", state);
     seen = std::move(now);
   };
   const auto named = [&](const std::string& name) -> QWidget& {
@@ -277,7 +194,12 @@ TEST_F(WindowSession, EveryInput) {
     for (std::string line; std::getline(lines, line, ',');) step(line, [&] { play(line); });
   };
   const auto words = [&](Control& control) { transcript.Add(WordsOf(user.WidgetOf(control))); };
+  Timer ticker(form, "tmrTick");
+  bool ticked = false;
+  ticker.tick = {"tick", [&] { ticked = true; }};
+  user.Do([&] { ticker.SetInterval(1), ticker.SetEnabled(true); }).Until("a tick", [&] { return ticked; });
   user.Do([&] {
+    ticker.SetEnabled(false);
     step("shown", [&] { Look(transcript, form, user); });
     playAll(
         "letters txtName ab,key txtName Tab,key cboChoice Down,key cboChoice Down,key cboChoice Up,"
@@ -312,9 +234,9 @@ TEST_F(WindowSession, EveryInput) {
       play("key drwProbe Shift+F10");
       for (QMenu* menu : user.Window().findChildren<QMenu*>()) {
         for (const QAction* action : menu->actions())
-          transcript.Add("entry \"" + FromQt(action->text()) + "\"" + (action->isEnabled() ? "" : " disabled") +
-                         (action->isCheckable() && action->isChecked() ? " checked" : "") +
-                         (action->isSeparator() ? " separator" : "") + (action->menu() != nullptr ? " menu" : ""));
+          transcript.Say("entry \"", FromQt(action->text()), "\"", (action->isEnabled() ? "" : " disabled"),
+                         (action->isCheckable() && action->isChecked() ? " checked" : ""),
+                         (action->isSeparator() ? " separator" : ""), (action->menu() != nullptr ? " menu" : ""));
       }
       QMenu* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
       if (menu != nullptr) menu->actions().front()->trigger(), menu->close();
@@ -326,8 +248,7 @@ TEST_F(WindowSession, EveryInput) {
     playAll("click cmdGo 1,key txtName Return");
     step("pointers", [&] {
       form.go.SetPointer(MousePointer::kCustom), form.name.SetPointer(MousePointer::kHourglass);
-      transcript.Add(std::to_string(user.WidgetOf(form.go).cursor().shape()) + " " +
-                     std::to_string(user.WidgetOf(form.name).cursor().shape()));
+      transcript.Say(user.WidgetOf(form.go).cursor().shape(), " ", user.WidgetOf(form.name).cursor().shape());
       form.SetPointer(MousePointer::kHourglass), form.name.SetPointer(MousePointer::kDefault);
       transcript.Add(
           QApplication::overrideCursor() == nullptr ? "own" : std::to_string(QApplication::overrideCursor()->shape()));
@@ -339,6 +260,60 @@ TEST_F(WindowSession, EveryInput) {
           form.bar.SetValue(20), form.slider.SetMaximum(50), form.slider.SetValue(40);
     });
     step("again", [&] { Look(transcript, form, user); });
+    step("the window's state and place", [&] {
+      QWidget& window = user.Window();
+      for (const WindowState state :
+           {WindowState::kMaximized, WindowState::kNormal, WindowState::kMinimized, WindowState::kNormal}) {
+        form.SetState(state);
+        transcript.Say(window.isMaximized(), window.isMinimized());
+      }
+      window.showMaximized();
+      transcript.Say("state ", static_cast<int>(form.State()));
+      window.showNormal();
+      transcript.Say("state ", static_cast<int>(form.State()));
+      form.SetLeft(750), form.SetTop(300);
+      transcript.Say("at ", window.x(), " ", window.y());
+      window.move(60, 30);
+      transcript.Say("place ", form.Left(), " ", form.Top());
+      form.SetLeft(1e6), form.SetHeight(1e5);
+      transcript.Say("on its screen ", window.screen()->availableGeometry().contains(window.frameGeometry()));
+    });
+    step("colours", [&] {
+      const auto color = [&] { return FromQt(user.WidgetOf(form.swatch).grab().toImage().pixelColor(8, 8).name()); };
+      const std::string own = color();
+      form.swatch.SetBackColor({200, 100, 50});
+      transcript.Say(own, " ", color());
+      form.swatch.SetEnabled(false);
+      transcript.Say(color() == own ? "as before" : "another when disabled");
+    });
+    step("files", [&] {
+      form.fileDropped = [&](const std::string& file) { log.push_back("dropped " + file); };
+      for (const char* url : {"https://example.org/a", "file:///data/a.cht"}) {
+        QMimeData data;
+        data.setUrls({QUrl("mailto:x"), QUrl(url)});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(&user.Window(), &enter);
+        transcript.Say(url, " is ", enter.isAccepted() ? "taken" : "not taken");
+        QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (enter.isAccepted()) QApplication::sendEvent(&user.Window(), &drop);
+      }
+    });
+    step("the arrows", [&] {
+      const auto arrows = user.WidgetOf(form.upDown).findChildren<QToolButton*>();
+      for (const QToolButton* arrow : arrows)
+        transcript.Say(WordsOf(*arrow), " repeats ", arrow->autoRepeat(), " arrow ", arrow->arrowType(), " from ",
+                       arrow->y() == 0                          ? "the top"
+                       : arrow->y() == arrows.front()->height() ? "the other"
+                                                                : "elsewhere");
+    });
+    step("letters of another size", [&] {
+      QFont font = QApplication::font();
+      font.setPixelSize(2 * QFontInfo(font).pixelSize());
+      QApplication::setFont(font);
+      QTest::qWait(1);
+      for (const std::string& cut : CutTexts(user.Window())) transcript.Say(cut, " is cut");
+    });
     playAll("key txtName Esc");
   });
   user.GoThrough();

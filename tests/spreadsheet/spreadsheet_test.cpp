@@ -1,4 +1,4 @@
-// The embedded spreadsheet application: which cells become numbers, what is refused, and files that appear only whole.
+// The embedded spreadsheet application: files that appear only whole.
 // Exported workbooks, read back by independent programs and compared cell by cell with the chart file.
 #include "backends/spreadsheet/embedded_spreadsheet.h"
 
@@ -37,47 +37,6 @@ struct SpreadsheetTest : ::testing::Test {
   FakeLocale locale;
   EmbeddedSpreadsheets applications{locale};
 };
-
-TEST_F(SpreadsheetTest, EnteredValuesBecomeNumbersInTheUsersLocaleOnly) {
-  const std::tuple<bool, const char*, const char*> cases[] = {
-      {false, "1.50", "1.5"},
-      {true, "1,50", "1,5"},
-      {true, "1.50", "1.50"},
-      {false, "--", "--"},
-      {false, "-0.25", "-0.25"},
-      {false, "+7", "7"},
-      {false, "1e3", "1000"},
-      {false, "08:00:00", "08:00:00"},
-      {false, "", ""},
-      {false, "nan", "nan"},
-      {false, "1 2", "1 2"},
-      {false, "0x10", "0x10"},
-      {true, "1,5,2", "\"1,5,2\""},
-      // Formulas stay texts, also where another list separator parts the line.
-      {false, "=1+1", "'=1+1"},
-      {false, "@SUM(A1)", "'@SUM(A1)"},
-      {false, "+A1", "'+A1"},
-      {false, "-1-1", "'-1-1"},
-      {false, "-1,500.5", "\"-1,500.5\""},
-      {true, "-1.5E+3", "-1.5E+3"},
-      {false, "a;=1", "\"a;'=1\""},
-      {false, "\t=1", "\"'\t'=1\""},
-      {false, "\r=1", "\"'\r'=1\""},
-      {false, "a=1", "a=1"},
-      {false, "-e5", "'-e5"},
-      {false, ";\"=1", "\";'\"\"=1\""}};
-  for (const auto& [comma, text, cell] : cases) {
-    locale.numbers = comma ? NumberFormat{",", "."} : NumberFormat{".", ","};
-    const std::string target = folder / "values.csv";
-    const auto application = applications.Create(target, {});
-    application->AddWorkbook();
-    application->WriteText(1, 1, 1, text);
-    application->EnterValue(1, 1, 1, application->ReadValue(1, 1, 1));
-    application->WriteText(1, 1, 2, "1.50");  // a written text stays one
-    application->SaveAs({target, kNormalWorkbookFormat, "", "", false, false});
-    EXPECT_EQ(FileBytes(target), std::string(cell) + (comma ? ";1.50\r\n" : ",1.50\r\n")) << text;
-  }
-}
 
 TEST_F(SpreadsheetTest, LeavesNothingBehindUnlessSaved) {
   for (const char* name : {"gone.xls", "gone.csv"}) {

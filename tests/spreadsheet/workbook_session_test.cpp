@@ -2,10 +2,12 @@
 #include <gsf/gsf.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <map>
 #include <set>
+#include <sstream>
 
 #include "backends/spreadsheet/biff8_writer.h"
 #include "backends/spreadsheet/embedded_spreadsheet.h"
@@ -57,7 +59,7 @@ void AddRecords(Transcript& transcript, const std::string& bytes) {
   std::string last;
   int times = 0;
   const auto flush = [&] {
-    if (times > 0) transcript.Add(last + (times > 1 ? "  x" + std::to_string(times) : ""));
+    if (times > 0) transcript.Say(last, (times > 1 ? "  x" + std::to_string(times) : ""));
   };
   for (std::size_t at = 0, next = 0; at + 4 <= bytes.size() && number(at) + number(at + 2) != 0; at = next) {
     next = at + 4 + number(at + 2);
@@ -134,7 +136,7 @@ TEST_F(WorkbookSession, EveryRecordOfABinaryWorkbook) {
 TEST_F(WorkbookSession, WhatIsRefused) {
   Transcript transcript("workbook_refusals");
   const auto tell = [&](const std::string& what, const std::function<void()>& action) {
-    transcript.Add(what + ": " + WithoutFolder(ErrorTextOf(action)));
+    transcript.Say(what, ": ", WithoutFolder(ErrorTextOf(action)));
   };
   for (const std::string name : {"a.xls", "a.csv"}) {
     transcript.Step(name);
@@ -146,48 +148,61 @@ TEST_F(WorkbookSession, WhatIsRefused) {
     tell("a sheet after 0", [&] { book->AddSheetAfter(0); });
     tell("a sheet after 1", [&] { book->AddSheetAfter(1); });
     tell("a sheet after 1 again", [&] { book->AddSheetAfter(1); });
-    transcript.Add(std::to_string(book->SheetCount()) + " sheets");
+    transcript.Say(book->SheetCount(), " sheets");
     for (const int sheet : {0, 1, 2, 3})
       tell("a name of sheet " + std::to_string(sheet), [&] { book->SetSheetName(sheet, "n"); });
-    for (const auto& [sheet, row, column] : {std::tuple{0, 1, 1},
-                                             {3, 1, 1},
-                                             {1, 0, 1},
-                                             {1, 1, 0},
-                                             {1, 1, 257},
-                                             {1, 1, 256},
-                                             {1, 2, 1},
-                                             {1, 1, 1},
-                                             {2, 1, 1},
-                                             {1, 9, 1}})
-      write(sheet, row, column);
+    std::istringstream cells("0 1 1 3 1 1 1 0 1 1 1 0 1 1 257 1 1 256 1 2 1 1 1 1 2 1 1 1 9 1");
+    for (int sheet = 0, row = 0, column = 0; cells >> sheet >> row >> column;) write(sheet, row, column);
     tell("a name of a begun sheet", [&] { book->SetSheetName(1, "n"); });
     tell("a long text", [&] { book->WriteText(2, 1, 1, std::string(4001, 'x')); });
     tell("a finished row is read", [&] { (void)book->ReadValue(1, 1, 1); });
-    transcript.Add("saved: " + Saved(*book, name));
-    transcript.Add("saved again: " + Saved(*book, name));
+    transcript.Say("saved: ", Saved(*book, name));
+    transcript.Say("saved again: ", Saved(*book, name));
     write(2, 2, 1);
     tell("a missing folder", [&] { (void)applications.Create(folder / "missing/" + name, {}); });
     const auto gone = Begin(name);
     gone->WriteText(1, 1, 1, "x");
     gone->Quit();
-    transcript.Add("saved after the end: " + Saved(*gone, name));
+    transcript.Say("saved after the end: ", Saved(*gone, name));
   }
   transcript.Step("limits");
   for (const char* name : {"a.xls", "a.CSV", ".csv", "csv", "a.csv.xls", "a.bcsv", "a.Csv"}) {
     const WorkbookLimits limits = applications.Limits(name).value();
-    transcript.Add(std::string(name) + ": " + std::to_string(limits.bytes) + " bytes, " +
-                   std::to_string(limits.sheets) + " sheets, row " + std::to_string(limits.sizes.row) + ", number " +
-                   std::to_string(limits.sizes.number) + ", text " + std::to_string(limits.sizes.text) + ", letter " +
-                   std::to_string(limits.sizes.letter) + ", growth " + std::to_string(limits.sizes.mostGrowth) +
-                   ", disk " + std::to_string(limits.sizes.diskPercent) + " %");
+    transcript.Say(name, ": ", limits.bytes, " bytes, ", limits.sheets, " sheets, row ", limits.sizes.row, ", number ",
+                   limits.sizes.number, ", text ", limits.sizes.text, ", letter ", limits.sizes.letter, ", growth ",
+                   limits.sizes.mostGrowth, ", disk ", limits.sizes.diskPercent, " %");
   }
   transcript.Add(applications.AttachRunning() == nullptr ? "none runs" : "one runs");
+}
+
+/// Texts entered into a plain text's cells where numbers have a point, and where they have a comma.
+TEST_F(WorkbookSession, WhatEnteredTextsBecome) {
+  Transcript transcript("workbook_fields");
+  std::istringstream texts(
+      "1.50|1,50|--|-0.25|+7|+-7|+|1e3|-1.5E+3|1E|08:00:00||nan|inf|1 2|0x10|1,5,2|1.5.2|=1+1|@SUM(A1)|+A1|-1-1|"
+      "-1,500.5|a;=1|a;b=1|\t=1|\r=1|\n|;|a=1|-e5|-5e|-5e+|-5e-3|+5e3x|;\"=1|\"=1|\"\"|a\"b|a\tb|12345678901234567890."
+      "5");
+  for (std::string text; std::getline(texts, text, '|');) {
+    std::string line;
+    for (const char* point : {".", ","}) {
+      locale.numbers = {point, ""};
+      const auto book = Begin("values.csv");
+      book->WriteText(1, 2, 1, text);
+      book->EnterValue(1, 2, 1, book->ReadValue(1, 2, 1));
+      book->WriteText(1, 2, 2, "1.50");  // a written text stays one
+      line += Saved(*book, "values.csv") + " ";
+      line += FileBytes(folder / "values.csv").substr(2);
+    }
+    std::replace(line.begin(), line.end(), '\r', '$');
+    std::erase(line, '\n');
+    transcript.Say(text, ":", line);
+  }
 }
 
 /// A part of a modern workbook, one element a line; what an earlier part of its kind has, too, is left out.
 void AddPart(Transcript& transcript, const std::string& file, const std::vector<std::string>& path,
              std::set<std::string>& known) {
-  transcript.Add("-- " + path.back());
+  transcript.Say("-- ", path.back());
   const std::string part = PartOf(file, true, path);
   std::vector<std::string> lines;
   for (std::size_t at = 0; at < part.size();) {
@@ -207,7 +222,7 @@ void AddPart(Transcript& transcript, const std::string& file, const std::vector<
 TEST_F(WorkbookSession, EveryPartOfAModernWorkbook) {
   Transcript transcript("workbook_modern");
   const double day = SerialDate(1'769'817'600'123);
-  transcript.Add("2026-01-31 00:00:00.123 is " + std::to_string(day));
+  transcript.Say("2026-01-31 00:00:00.123 is ", std::to_string(day));
   const auto make = [&](const std::string& name, bool dated, double last, std::size_t heads) {
     XlsxPlan plan{"Press line 4",
                   {{"Drive", "01"}, {"Long", std::string(40'000, 'x')}, {"Unit", "ms"}},
@@ -243,11 +258,11 @@ TEST_F(WorkbookSession, EveryPartOfAModernWorkbook) {
   transcript.Step("refusals");
   const XlsxPlan plan{"t", {}, {"P003"}, false, 0, 0};
   transcript.Add(WithoutFolder(ErrorTextOf([&] { XlsxFile(folder / "missing/a.xlsx", {}, plan); })));
-  transcript.Add("unsaved: " +
+  transcript.Say("unsaved: ",
                  WithoutFolder(ErrorTextOf([&] { XlsxFile(folder / "unsaved.xlsx", {}, plan).AddPoint("1", {}); })));
   std::set<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) names.insert(entry.path().filename());
-  for (const std::string& name : names) transcript.Add("there is " + name);
+  for (const std::string& name : names) transcript.Say("there is ", name);
 }
 
 }  // namespace

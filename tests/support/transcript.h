@@ -5,6 +5,7 @@
 #pragma once
 
 #include <map>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,13 @@ class Transcript {
   /// Begins a step; what it did is added by the calls after it.
   void Step(std::string_view title);
   void Add(std::string_view line);
+  /// One line of several parts.
+  template <class... Parts>
+  void Say(const Parts&... parts) {
+    std::ostringstream line;
+    (line << ... << parts);
+    Add(line.str());
+  }
   /// What differs in the form since it was last looked at, then the boxes, sounds and settings since the last step,
   /// and what a form host that takes notes was told.
   void Look(const Form& form);
