@@ -49,7 +49,8 @@ std::optional<DateTime> ParseDate(std::string_view text, const Locale& locale) {
     field = numbers[i];
   }
   if (date.year < 100) date.year += 2000;
-  return ToDate(date).ok() ? std::optional(date) : std::nullopt;
+  constexpr int kLastYear = 9999;  // a larger one would wrap around in the calendar
+  return date.year <= kLastYear && ToDate(date).ok() ? std::optional(date) : std::nullopt;
 }
 
 DateTime DaysAfter(const DateTime& date, std::int64_t days) {

@@ -22,6 +22,7 @@ constexpr std::array kKinds{
     ValueKind{"DIR", "_chartproject_folders", "_files -/"},
     ValueKind{"FOLDER", "_chartproject_folders", "_files -/"},
     ValueKind{"PATH", "_chartproject_files", "_files"},
+    ValueKind{"FILE|FOLDER", "_chartproject_files", "_files"},
     ValueKind{"PNG", "_chartproject_files", "_files"},
     ValueKind{"PDF", "_chartproject_files", "_files"},
     ValueKind{"WORKBOOK", "_chartproject_files", "_files"},
