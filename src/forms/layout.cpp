@@ -62,26 +62,6 @@ bool AnyVisible(const LayoutBox& box) {
   return std::any_of(box.children.begin(), box.children.end(), AnyVisible);
 }
 
-/// True when a box gives its room away.
-bool Absent(const LayoutBox& box) {
-  if (box.kind == Kind::kSpace) return false;
-  if (box.control != nullptr || box.collapses) return box.collapses && !AnyVisible(box);
-  const auto gone = [](const LayoutBox& child) { return child.kind == Kind::kSpace || Absent(child); };
-  const bool onlySpaces = std::all_of(box.children.begin(), box.children.end(),
-                                      [](const LayoutBox& child) { return child.kind == Kind::kSpace; });
-  return !onlySpaces && std::all_of(box.children.begin(), box.children.end(), gone);
-}
-
-/// A box stretches by its own share, or else as the most stretching of its children does.
-double Stretch(const LayoutBox& box, double LayoutBox::*share) {
-  double most = box.*share;
-  if (most > 0) return most;
-  for (const LayoutBox& child : box.children) {
-    if (!Absent(child)) most = std::max(most, Stretch(child, share));
-  }
-  return most;
-}
-
 bool IsGroup(const LayoutBox& box) {
   return box.control != nullptr && !box.children.empty();
 }
@@ -113,14 +93,18 @@ class Arranger {
   Arranger(const LayoutBox& layout, const ControlMeasurer& measurer)
       : measurer_(measurer), gapShare_(measurer.GapShare()) {
     Align(layout);
+    aligned_ = true;
   }
 
+  bool Absent(const LayoutBox& box);
   double LeastWidth(const LayoutBox& box);
   double HeightAt(const LayoutBox& box, double width);
   void Place(const LayoutBox& box, const Rect& area);
 
  private:
   void Align(const LayoutBox& box);
+  double Stretch(const LayoutBox& box, double LayoutBox::*share);
+  double OwnLeastWidth(const LayoutBox& box);
   const Size& PreferredSize(const Control& control);
   std::vector<Track> ColumnsOf(const LayoutBox& box);
   std::vector<Track> RowsOf(const LayoutBox& box, const std::vector<Track>& columns);
@@ -130,9 +114,39 @@ class Arranger {
 
   const ControlMeasurer& measurer_;
   const double gapShare_;
-  std::unordered_map<const Control*, Size> sizes_;  ///< asked once an arrangement
-  std::unordered_map<int, double> alignments_;      ///< common widths by number
+  bool aligned_ = false;
+  /// What is asked once an arrangement: each box asks for those of all boxes in it.
+  std::unordered_map<const Control*, Size> sizes_;
+  std::unordered_map<const LayoutBox*, bool> absent_;
+  std::unordered_map<const LayoutBox*, double> widths_;
+  std::unordered_map<const LayoutBox*, double> stretchX_, stretchY_;
+  std::unordered_map<int, double> alignments_;  ///< common widths by number
 };
+
+/// True when a box gives its room away.
+bool Arranger::Absent(const LayoutBox& box) {
+  if (box.kind == Kind::kSpace) return false;
+  const auto [at, unknown] = absent_.try_emplace(&box, false);
+  bool& absent = at->second;
+  if (!unknown) return absent;
+  if (box.control != nullptr || box.collapses) return absent = box.collapses && !AnyVisible(box);
+  const auto isSpace = [](const LayoutBox& child) { return child.kind == Kind::kSpace; };
+  if (std::ranges::all_of(box.children, isSpace)) return absent;
+  return absent =
+             std::ranges::all_of(box.children, [&](const LayoutBox& child) { return isSpace(child) || Absent(child); });
+}
+
+/// A box stretches by its own share, or else as the most stretching of its children does.
+double Arranger::Stretch(const LayoutBox& box, double LayoutBox::*share) {
+  auto& known = share == &LayoutBox::stretchX ? stretchX_ : stretchY_;
+  const auto [at, unknown] = known.try_emplace(&box, box.*share);
+  double& most = at->second;
+  if (!unknown || most > 0) return most;
+  for (const LayoutBox& child : box.children) {
+    if (!Absent(child)) most = std::max(most, Stretch(child, share));
+  }
+  return most;
+}
 
 /// Children come first: a box that is aligned may hold others that are.
 void Arranger::Align(const LayoutBox& box) {
@@ -179,6 +193,12 @@ std::vector<Track> Arranger::RowsOf(const LayoutBox& box, const std::vector<Trac
 }
 
 double Arranger::LeastWidth(const LayoutBox& box) {
+  if (!aligned_) return OwnLeastWidth(box);  // the common widths still grow
+  const auto found = widths_.find(&box);
+  return found != widths_.end() ? found->second : widths_[&box] = OwnLeastWidth(box);
+}
+
+double Arranger::OwnLeastWidth(const LayoutBox& box) {
   double width = 0;
   if (IsGroup(box)) {
     const Insets insets = measurer_.ContainerInsets(*box.control);
@@ -339,7 +359,7 @@ LayoutBox AtLeast(LayoutBox box, double minimumWidth, double minimumHeight) {
 
 Size MinimumSize(const LayoutBox& box, const ControlMeasurer& measurer) {
   Arranger arranger(box, measurer);
-  if (Absent(box)) return {};
+  if (arranger.Absent(box)) return {};
   const double width = arranger.LeastWidth(box);
   return {width, arranger.HeightAt(box, width)};
 }
