@@ -1,10 +1,14 @@
 // The texts, frames, scans and ports of real lines, held against texts that were read.
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <sstream>
 
 #include "links/serial/line_scan.h"
 #include "links/serial/reply_frame.h"
+#include "links/serial/serial_line.h"
+#include "links/serial/serial_link.h"
+#include "platform/run_time_error.h"
 #include "support/error_of.h"
 #include "support/transcript.h"
 
@@ -42,21 +46,7 @@ TEST(LineSession, EveryLinkText) {
   Transcript transcript("line_texts");
   LineSettings defaults;
   defaults.port = "/dev/ttyS1";
-  std::istringstream links(
-      "modbus: modbus:A modbus:/dev/ttyUSB0 modbus:A? "
-      "modbus:A?baud=9600&parity=even&stop=1&timeout=300&retries=1&gap=5&offset=0&function=holding "
-      "modbus:A?baud=38400&parity=none&stop=2&timeout=1000&retries=0&gap=10&offset=-1&function=input "
-      "modbus:A?baud=1200&parity=odd modbus:A?baud=1200&parity=none modbus:A?baud=1200&stop=2 "
-      "modbus:A?baud=19200&gap=0 modbus:A?baud=9601 modbus:A?baud= modbus:A?baud modbus:A?baud=9600x "
-      "modbus:A?parity=E modbus:A?stop=0 modbus:A?stop=2 modbus:A?stop=3 modbus:A?timeout=9 "
-      "modbus:A?timeout=10 modbus:A?timeout=60000 modbus:A?timeout=60001 modbus:A?timeout=300ms "
-      "modbus:A?retries=10 modbus:A?retries=11 modbus:A?retries=-1 modbus:A?gap=1000 modbus:A?gap=1001 "
-      "modbus:A?offset=-2 modbus:A?offset=64536 modbus:A?offset=64537 modbus:A?function=coils modbus:A?speed=1 "
-      "modbus:A?gap=1&gap=2 modbus:A?gap=1&&gap=2 modbus-tcp: modbus-tcp:plant modbus-tcp:plant:1502?gap=5 "
-      "modbus-tcp:plant: modbus-tcp:plant:0 modbus-tcp:plant:1 modbus-tcp:plant:65535 modbus-tcp:plant:65536 "
-      "modbus-tcp::502 modbus-tcp:[::1] modbus-tcp:[::1]:1502 modbus-tcp:[::1 modbus-tcp:[]:1 "
-      "modbus-tcp:[::1]1502 modbus-tcp:A?baud=9600 modbus-tcp:A?function=input&offset=5 sim Modbus:A");
-  for (std::string link; links >> link;) {
+  for (const std::string& link : StepsOf("line_texts")) {
     transcript.Step(link);
     transcript.Add(ErrorTextOf([&] {
       const LineSettings line = ParseLineText(link, defaults);
@@ -65,22 +55,89 @@ TEST(LineSession, EveryLinkText) {
       transcript.Add(LineText(line));
     }));
   }
-  transcript.Step("no serial port of its own");
-  transcript.Add(ErrorTextOf([] { (void)ParseLineText("modbus:"); }));
+  transcript.Say("no serial port of its own: ", ErrorTextOf([] { (void)ParseLineText("modbus:"); }));
 }
 
 TEST(LineSession, EveryReply) {
   Transcript transcript("line_replies");
-  std::istringstream frames(
-      "|1|1 3|1 3 0|1 3 2|1 3 2 1|1 3 2 18 52|1 3 2 255 254|1 3 2 18 52 0|"
-      "2 3 2 0 1|1 4 2 0 1|1 3 4 0 1 0 2|1 3 1 7|1 131 2|1 131|1 131 2 9|1 132 2|2 131 2|1 145 1|1 17 0|1 17 6 75 82 "
-      "255 0 32 126|1 17 3 75 82|2 17 1 75");
-  for (std::string line; std::getline(frames, line, '|');) {
+  for (const std::string& line : StepsOf("line_replies")) {
+    transcript.Step(line);
     std::istringstream numbers(line);
     Bytes frame;
     for (int byte = 0; numbers >> byte;) frame.push_back(static_cast<std::uint8_t>(byte));
     transcript.Say(Hex(frame), ": ", Words(JudgeReply({1, 3, 5}, frame)), "; as a name ", Words(JudgeName(1, frame)),
                    "; checksum ", FrameChecksum(frame));
+  }
+  for (int kind = 1; kind < 8; ++kind)
+    for (const std::uint8_t exception : {1, 2, 3, 4, 99}) {
+      if (kind != 1 && exception != 1) continue;
+      const LineReply reply{static_cast<ReplyKind>(kind), 0, exception, kind == 6 ? "unplugged" : ""};
+      transcript.Add(Words(reply));
+      for (const Language language : {Language::kPortuguese, Language::kEnglish, Language::kSpanish})
+        transcript.Add(FailureText(language, OutcomeOfReply(reply, language)));
+    }
+}
+
+/// A port that plays replies, and writes down what it is asked and when.
+struct ScriptedPort : LinePort {
+  explicit ScriptedPort(VirtualClock& theClock) : clock(theClock) {}
+  void Open() override {
+    Log("open");
+    if (openFails) throw RunTimeError(error_number::kDeviceIo, "unplugged");
+  }
+  void Close() noexcept override { log.emplace_back("close"); }
+  LineReply Ask(const LineRequest& request, milliseconds timeout) override {
+    Log("P" + std::to_string(request.address) + " of " + std::to_string(request.slave));
+    LineReply reply{ReplyKind::kValue, 7, 0, {}};
+    if (!replies.empty()) {
+      reply.kind = replies.front();
+      replies.pop_front();
+    } else if (silent == request.slave) {
+      reply.kind = ReplyKind::kSilent;
+    }
+    const bool waits = reply.kind == ReplyKind::kSilent || reply.kind == ReplyKind::kIncomplete;
+    clock.Advance(waits ? timeout : milliseconds(1));
+    return reply;
+  }
+  LineReply AskName(std::uint8_t /*slave*/, milliseconds /*timeout*/) override { return {}; }
+  void Flush() override { Log("flush"); }
+  void Log(const std::string& what) {
+    log.push_back(std::to_string((clock.Now() - start) / milliseconds(1)) + " " + what);
+  }
+
+  VirtualClock& clock;
+  Instant start = clock.Now();
+  std::deque<ReplyKind> replies;
+  int silent = 0;  ///< slave that never answers
+  bool openFails = false;
+  std::vector<std::string> log;
+};
+
+/// Steps: "read SLAVE REGISTER", "wait MILLISECONDS", "silent SLAVE", "reply KIND" of the next request, "lost 1" or
+/// "lost 0".
+TEST(LineSession, TheRulesOfALine) {
+  Transcript transcript("line_rules");
+  VirtualClock clock{DateTime{}};
+  ScriptedPort port(clock);
+  SerialLine line(port, {milliseconds(300), 1, milliseconds(5)}, clock, [&](Instant moment) {
+    if (moment > clock.Now()) clock.AdvanceTo(moment);
+    return true;
+  });
+  line.Open();
+  for (const std::string& step : StepsOf("line_rules")) {
+    transcript.Step(step);
+    std::istringstream words(step);
+    std::string verb;
+    int first = 0;
+    std::uint16_t address = 0;
+    words >> verb >> first >> address;
+    if (verb == "wait") clock.Advance(milliseconds(first));
+    if (verb == "silent") port.silent = first;
+    if (verb == "reply") port.replies.push_back(static_cast<ReplyKind>(first));
+    if (verb == "lost") port.openFails = first != 0;
+    if (verb == "read") port.log.push_back(Words(line.Read({static_cast<std::uint8_t>(first), 3, address})));
+    for (const std::string& entry : port.log) transcript.Add(entry);
+    port.log.clear();
   }
 }
 

@@ -95,6 +95,8 @@ TEST(PosixSession, WhatFilesAndFoldersAreRefusedFor) {
   std::filesystem::create_directory(folder / "folder");
   std::filesystem::create_symlink("plain", folder / "link");
   std::filesystem::create_symlink("loop", folder / "loop");
+  std::filesystem::create_symlink("/dev/zero", folder / "zero");
+  std::filesystem::create_symlink("pipe", folder / "to pipe");
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
   const auto tell = [&](const std::string& what, const std::function<void()>& action) {
     std::string text = ErrorTextOf(action);
@@ -102,7 +104,8 @@ TEST(PosixSession, WhatFilesAndFoldersAreRefusedFor) {
       text.replace(at, folder.Path().size(), "FOLDER");
     transcript.Say(what, ": ", text);
   };
-  for (const std::string name : {"plain", "folder", "link", "loop", "pipe", "none", "none/below", "plain/below", ""}) {
+  for (const std::string name :
+       {"plain", "folder", "link", "loop", "zero", "to pipe", "pipe", "none", "none/below", "plain/below", ""}) {
     const std::string path = folder / name;
     transcript.Step("\"" + name + "\"" + (files.FileExists(path) ? " is a file" : "") +
                     (files.FolderExists(path) ? " is a folder" : ""));

@@ -39,13 +39,6 @@ TEST_F(PosixSettingsStoreTest, EveryTextComesBack) {
   }
 }
 
-TEST_F(PosixSettingsStoreTest, WhatIsNotThereIsNothing) {
-  EXPECT_FALSE(store.Read("MyConf", "strSound"));
-  Write("MyConf", {{"strSound", "No"}});
-  EXPECT_FALSE(store.Read("MyConf", "strsound")) << "keys are told apart by case";
-  EXPECT_FALSE(store.Read("MyProject", "strSound"));
-}
-
 TEST_F(PosixSettingsStoreTest, KeysAndCommentsOfOthersStay) {
   files.MakeFolder(folder / "made/later");
   PutFile(file, "# kept\n\n[Host]\ntheirs=1\n\n[MyConf]\nstrSound=Yes\nstrOther=C:\\new\\s\n");

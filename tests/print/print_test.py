@@ -32,30 +32,15 @@ class PrintTest(unittest.TestCase):
     def tool(self, *command):
         return subprocess.run(command, cwd=self.folder, check=True, capture_output=True, text=True).stdout.splitlines()
 
-    def check_page(self, name, english):
+    def check_page(self, name):
         lines = [line.strip() for line in self.tool("pdftotext", "-layout", name, "-") if line.strip()]
         self.assertEqual(lines[0], "Kestrel v5.60")
         self.assertTrue(lines[1].endswith("page.cht"), lines[1])
-        if english:
-            self.assertEqual([label for line in lines[2:] for label in LABELS if line.startswith(label)], LABELS)
+        self.assertEqual([label for line in lines[2:] for label in LABELS if line.startswith(label)], LABELS)
         text = "\n".join(lines)
         for part in ("P003", "P005", "P002", "P006", "200 ms"):
             self.assertIn(part, text)
         self.assertTrue(any(line.endswith(" 25") for line in lines), lines)
-
-    def test_page_in_three_languages(self):
-        for language in ("Portuguese", "Spanish", "English"):
-            self.program("settings", "MyConf.strLanguage", language, check=True)
-            name = f"{language}.pdf"
-            done = self.program("print", "page.cht", "--output", name, "--grid", "on")
-            self.assertEqual(done.returncode, 0, done.stderr)
-            self.check_page(name, language == "English")
-            fonts = self.tool("pdffonts", name)[2:]
-            self.assertTrue(fonts and all(row.split()[-5] == "yes" for row in fonts), ("embedded", fonts))
-            images = self.tool("pdfimages", "-list", name)
-            self.assertGreaterEqual(len(images), 4, "icon and chart")
-            self.assertFalse([row for row in images if "jpeg" in row], "a lossy picture")
-        self.assertEqual(list(self.folder.glob("*.part")), [])
 
     def test_report_in_three_languages_on_two_papers(self):
         words = {"Portuguese": ("Gravação", "Intervalo real:", "Estatísticas", "Página 2 de 2"),
@@ -96,7 +81,7 @@ class PrintTest(unittest.TestCase):
         self.program("settings", "MyConf.strLanguage", "English", check=True)
         done = self.program("print", "page.cht", before=[*CUPS, "accepting", "received.pdf"])
         self.assertEqual(done.returncode, 0, done.stderr)
-        self.check_page("received.pdf", True)
+        self.check_page("received.pdf")
 
     def test_a_printer_that_takes_nothing_is_an_error(self):
         done = self.program("print", "page.cht", before=[*CUPS, "rejecting", "never.pdf"])

@@ -141,10 +141,5 @@ TEST_P(ChartImage, OnePointIsSeen) {
 
 INSTANTIATE_TEST_SUITE_P(Types, ChartImage, ::testing::Range(0, 8));
 
-TEST(ChartImage, TellsOneTypeFromAnother) {
-  for (int kind = 1; kind < 8; ++kind)
-    EXPECT_GT(NoticedShare(Render(ModelOf(kind - 1)), Render(ModelOf(kind))), 0.05) << kind;
-}
-
 }  // namespace
 }  // namespace chartproject

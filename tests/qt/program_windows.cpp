@@ -18,11 +18,6 @@ ChartViewer::ChartViewer(const std::string& language) : outside(language) {
   EXPECT_TRUE(form.OpenFile("/data/Press.cht"));
 }
 
-void ChartViewer::KeyMovesTo(const std::string& key, std::int64_t first) {
-  user.Key(key).Until(key + " moves to " + std::to_string(first),
-                      [this, first] { return form.mscChart1.Model().firstRowLabel == first; });
-}
-
 void ChartViewer::Close() {
   user.Do([this] { form.Unload(); }).GoThrough();
 }

@@ -39,8 +39,6 @@ struct StartWindow {
 /// The chart window over a file of 40,000 points of the plant's first drive.
 struct ChartViewer {
   explicit ChartViewer(const std::string& language);
-  /// A key, and what the first point shown is then.
-  void KeyMovesTo(const std::string& key, std::int64_t first);
   void Close();
 
   static constexpr int kPoints = 40000;

@@ -31,43 +31,14 @@ namespace {
 /// The properties of a widget that a user meets.
 std::string WordsOf(const QWidget& widget) {
   std::string words = widget.metaObject()->className();
-  for (const char* name : {"text",
-                           "title",
-                           "displayText",
-                           "plainText",
-                           "placeholderText",
-                           "inputMask",
-                           "maxLength",
-                           "readOnly",
-                           "toolTip",
-                           "accessibleName",
-                           "enabled",
-                           "focusPolicy",
-                           "alignment",
-                           "wordWrap",
-                           "frameShape",
-                           "frameShadow",
-                           "textFormat",
-                           "minimum",
-                           "maximum",
-                           "value",
-                           "singleStep",
-                           "pageStep",
-                           "invertedAppearance",
-                           "invertedControls",
-                           "textVisible",
-                           "currentIndex",
-                           "currentText",
-                           "count",
-                           "maxVisibleItems",
-                           "sizeAdjustPolicy",
-                           "checked",
-                           "tristate",
-                           "default",
-                           "tabChangesFocus",
-                           "mouseTracking",
-                           "autoFillBackground"}) {
-    const QVariant value = widget.property(name);
+  std::istringstream names(
+      "text title displayText plainText placeholderText inputMask maxLength readOnly toolTip accessibleName "
+      "enabled focusPolicy alignment wordWrap frameShape frameShadow textFormat minimum maximum value "
+      "singleStep pageStep invertedAppearance invertedControls textVisible currentIndex currentText count "
+      "maxVisibleItems sizeAdjustPolicy checked tristate default tabChangesFocus mouseTracking "
+      "autoFillBackground");
+  for (std::string name; names >> name;) {
+    const QVariant value = widget.property(name.c_str());
     const std::string text =
         FromQt(value.typeId() == QMetaType::QString ? value.toString() : QString::number(value.toInt()));
     if (value.isValid() && !text.empty() && text != "0" && text != "32767")

@@ -141,29 +141,15 @@ TEST_F(WorkbookSession, WhatIsRefused) {
   for (const std::string name : {"a.xls", "a.csv"}) {
     transcript.Step(name);
     const auto book = Begin(name);
-    const auto write = [&](int sheet, int row, int column) {
-      tell("cell " + std::to_string(sheet) + " " + std::to_string(row) + " " + std::to_string(column),
-           [&] { book->WriteText(sheet, row, column, "x"); });
-    };
-    tell("a sheet after 0", [&] { book->AddSheetAfter(0); });
     tell("a sheet after 1", [&] { book->AddSheetAfter(1); });
-    tell("a sheet after 1 again", [&] { book->AddSheetAfter(1); });
     transcript.Say(book->SheetCount(), " sheets");
-    for (const int sheet : {0, 1, 2, 3})
-      tell("a name of sheet " + std::to_string(sheet), [&] { book->SetSheetName(sheet, "n"); });
-    std::istringstream cells("0 1 1 3 1 1 1 0 1 1 1 0 1 1 257 1 1 256 1 2 1 1 1 1 2 1 1 1 9 1");
-    for (int sheet = 0, row = 0, column = 0; cells >> sheet >> row >> column;) write(sheet, row, column);
-    tell("a name of a begun sheet", [&] { book->SetSheetName(1, "n"); });
-    tell("a long text", [&] { book->WriteText(2, 1, 1, std::string(4001, 'x')); });
-    tell("a finished row is read", [&] { (void)book->ReadValue(1, 1, 1); });
+    for (const int column : {256, 257})
+      tell("column " + std::to_string(column), [&] { book->WriteText(1, 1, column, "x"); });
+    tell("a long text", [&] { book->WriteText(1, 2, 1, std::string(4001, 'x')); });
+    tell("a finished row", [&] { book->WriteText(1, 1, 1, "x"); });
     transcript.Say("saved: ", Saved(*book, name));
     transcript.Say("saved again: ", Saved(*book, name));
-    write(2, 2, 1);
     tell("a missing folder", [&] { (void)applications.Create(folder / "missing/" + name, {}); });
-    const auto gone = Begin(name);
-    gone->WriteText(1, 1, 1, "x");
-    gone->Quit();
-    transcript.Say("saved after the end: ", Saved(*gone, name));
   }
   transcript.Step("limits");
   for (const char* name : {"a.xls", "a.CSV", ".csv", "csv", "a.csv.xls", "a.bcsv", "a.Csv"}) {
