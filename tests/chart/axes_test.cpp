@@ -46,18 +46,6 @@ TEST(CategoryAxis, OneTickAndOneLabelAtEachDivision) {
   EXPECT_TRUE(LayOutCategoryAxis({}, {1, 0, 0, TextWidth}).ticks.empty());
 }
 
-TEST(CategoryAxis, SkipsLabelsEvenlyWhenTheyWouldTouch) {
-  EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 600)).size(), 25);
-  EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 400)),
-              ElementsAre("1", "3", "5", "7", "9", "11", "13", "15", "17", "19", "21", "23", "25"));
-  EXPECT_THAT(Texts(LayOut(25, 1, Divisions(1), 80)), ElementsAre("1", "8", "15", "22"));
-  EXPECT_THAT(LayOut(25, 1, Divisions(1), 80).ticks.size(), 25);
-}
-
-TEST(CategoryAxis, ChoosesRoundDivisionsByItself) {
-  EXPECT_THAT(LayOut(100, 1, {}, 400).ticks, ElementsAre(0.5, 10.5, 20.5, 30.5, 40.5, 50.5, 60.5, 70.5, 80.5, 90.5));
-}
-
 TEST(TimeAxis, LabelsRoundMomentsAndWritesTheDateWhereMidnightPasses) {
   using enum CategoryUnit;
   constexpr double kHour = 3.6e6;

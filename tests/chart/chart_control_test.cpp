@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <limits>
-
 #include "chart/recording_canvas.h"
 #include "chart/window/control/readout.h"
 #include "common/values/measured_text.h"
@@ -17,7 +15,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::RecordingCanvas;
-using enum MeasuringCursor;
 
 class ChartForm : public Form {
  public:
@@ -48,23 +45,6 @@ struct ChartControlTest : ::testing::Test {
   ChartControl& chart = form.chart;
   RecordingCanvas canvas{{640, 360}};
 };
-
-TEST_F(ChartControlTest, DrawsPointerCursorsAndBoxesWithoutOneBoxOnAnother) {
-  chart.SetReadout({{"Point 105", -1}, {"3.00", 0}});
-  chart.SetCursorReadout({{"5 points", -1}});
-  chart.SetCursor(kFirst, 105);
-  chart.MouseMoved(Over(4));
-  const auto texts = [&](Size size) {
-    RecordingCanvas fresh(size);
-    chart.Paint(fresh);
-    chart.PaintOverlay(fresh);
-    return fresh.Texts();
-  };
-  EXPECT_THAT(texts({640, 360}), ::testing::IsSupersetOf({"1", "Point 105", "3.00", "5 points"}));
-  for (const Size small : {Size{140, 90}, Size{48, 360}, Size{640, 24}}) {
-    EXPECT_THAT(texts(small), ::testing::Not(::testing::Contains("5 points"))) << small.width;
-  }
-}
 
 TEST_F(ChartControlTest, CopiesTheChartWithoutPointerAndCursors) {
   testing::RecordingPictures renderer;
@@ -106,28 +86,6 @@ TEST(ReadoutTest, ReadsTheScanTimeInItsUnit) {
     header.Unit = unit;
     EXPECT_EQ(ScanSeconds(header, format), seconds) << time;
   }
-}
-
-TEST(ReadoutTest, WritesPointsAndTheDifferenceOfTwo) {
-  FakePorts fakes;
-  fakes.locale.UseComma();
-  Environment environment{fakes.ports, fakes.forms};
-  environment.language = Language::kEnglish;
-  ChartHeader header;
-  header.ScanTime = "1";
-  header.Unit = "s";
-  const double gap = std::numeric_limits<double>::quiet_NaN();
-  const PointReading first{12, "10:15:02", {0.1, gap, 5}};
-  const PointReading second{40, "10:15:30", {0.3, 1, 2}};
-  const std::vector<std::string> names{"P001", "P002", "P003"};
-  EXPECT_THAT(Texts(PointReadout(environment, first, names)),
-              ElementsAre("-1|Point 12, 10:15:02", "0|P001: 0,1", "1|P002: --", "2|P003: 5"));
-  EXPECT_THAT(Texts(CursorReadout(environment, header, {first, std::nullopt}, names)),
-              ElementsAre("-1|Cursor 1: point 12, 10:15:02"));
-  EXPECT_THAT(Texts(CursorReadout(environment, header, {first, second}, names)),
-              ElementsAre("-1|Cursor 1: point 12, 10:15:02", "-1|Cursor 2: point 40, 10:15:30",
-                          "-1|Difference: 28 points, 00:00:28", "0|P001: 0,1 -> 0,3 (+0,2)", "1|P002: -- -> 1 (--)",
-                          "2|P003: 5 -> 2 (-3)"));
 }
 
 TEST(ReadoutTest, NamesReadingsThatFailedAndCountsRealTimes) {

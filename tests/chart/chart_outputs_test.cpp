@@ -37,42 +37,8 @@ struct ChartPageTest : OutputTest {
     page.chartType = "2D Line";
     page.picture = {640, 320, std::vector<std::uint32_t>(640UL * 320UL), 96};
   }
-  std::vector<std::string> Texts() const {
-    std::vector<std::string> texts;
-    for (const auto& text : fakes.printer.texts) texts.push_back(text.text);
-    return texts;
-  }
   ChartPage page;
 };
-
-TEST_F(ChartPageTest, PrintsEveryLineInItsOrderPlaceAndColour) {
-  std::vector<std::string> status;
-  page.showStatus = [&status](const std::string& text) { status.push_back(text); };
-  EXPECT_TRUE(PrintChartPage(component, page));
-  const std::string blanks(22, ' ');
-  EXPECT_THAT(Texts(), ElementsAre("Kestrel v5.60", "31/01/2026" + blanks + "8h00m00" + blanks + "Test.cht",
-                                   "Chart File: ", "/data/Test.cht", "Drive Address: ", "01", "Parameters: ",
-                                   "P003, Motor current, Scale 1...32767: 1", "P40000, Scale 1...32767: 20",
-                                   "Grid: ", "Yes", "Marker: ", "No", "Line: ", "Yes", "Chart Type: ", "2D Line",
-                                   "Time among Points: ", "1000 ms", "Number of Points: ", "100"));
-  const auto& texts = fakes.printer.texts;
-  EXPECT_EQ(texts[0].x, 4.0);
-  EXPECT_EQ(texts[0].y, 1.0);
-  EXPECT_EQ(texts[0].font.color, 16711680);
-  EXPECT_GT(texts[1].y, texts[0].y) << "below the title";
-  for (std::size_t i = 2; i < texts.size(); ++i) {
-    EXPECT_EQ(texts[i].x, texts[i].font.bold ? 2.5 : 7.0) << texts[i].text;
-    EXPECT_GE(texts[i].y, texts[i - 1].y);
-  }
-  EXPECT_EQ(texts[7].font.color, 255);
-  EXPECT_EQ(texts[8].font.color, 65280);
-  EXPECT_THAT(fakes.printer.icons, ElementsAre("/graphics/Icon\\General\\Orlin.ico"));
-  ASSERT_EQ(fakes.printer.pictures.size(), 1U);
-  EXPECT_NEAR(fakes.printer.pictures[0].width, 640 / 96.0 * 2.54, 1e-9);
-  EXPECT_GT(fakes.printer.pictures[0].y, texts.back().y);
-  EXPECT_EQ(fakes.printer.documentsPrinted, 1);
-  EXPECT_THAT(status, ElementsAre("Printing ...", ""));
-}
 
 TEST_F(ChartPageTest, KeepsEverythingOnThePage) {
   page.fileName = "/data/" + std::string(300, 'f') + "/" + std::string(200, 'g') + ".cht";
@@ -146,39 +112,10 @@ struct ExcelExportTest : OutputTest {
     for (int i = 1; i <= count; ++i) rows += "08:00:00#" + std::to_string(i) + "#####\r\n";
     return rows;
   }
-  std::string Cell(const std::string& key) { return log.cells[key]; }
   const std::string target = "/data/Test.cht.xls";
   ExportRequest request{"/data/Test.cht", "", {}};
   FakeSpreadsheetLog& log = fakes.spreadsheets.log;
 };
-
-TEST_F(ExcelExportTest, WritesHeaderAndPointsAndReports) {
-  PutChart("08:00:01#50.25#7####\r\n'08:00:02#9#####\r\n\r\n08:00:02#1,5#--####\r\nrubbish\r\n08:00:03#\xE9#####\r\n");
-  std::vector<bool> busy;
-  request.busy = [&busy](bool on) { busy.push_back(on); };
-  fakes.dialogs.answers = {box_answer::kYes};
-  EXPECT_EQ(ExportToSpreadsheet(component, request), ExportOutcome::kSaved);
-  EXPECT_THAT(log.calls, ElementsAre("attach: none", "create", "workbooks.Add",
-                                     "SaveAs FileName=/data/Test.cht.xls FileFormat=-4143 Password= WriteResPassword= "
-                                     "ReadOnlyRecommended=0 CreateBackup=0",
-                                     "quit", "release"));
-  EXPECT_THAT(log.sheetNames, ElementsAre("Chart1"));
-  const std::pair<int, const char*> rows[] = {{18, "End Time|08:00:02|||"},
-                                              {22, "08:00:01|=50.25|=7|=|="},
-                                              {23, "08:00:02|=1.5|=--|=|="},
-                                              {24, "08:00:03|=\xC3\xA9|=|=|="},
-                                              {25, "||||"}};
-  for (const auto& [row, text] : rows) {
-    std::string cells = Cell("1!" + std::to_string(row) + ",1");
-    for (const char* column : {",2", ",3", ",4", ",5"}) cells += "|" + Cell("1!" + std::to_string(row) + column);
-    EXPECT_EQ(cells, text) << row;
-  }
-  EXPECT_THAT(fakes.dialogs.TakePrompts(),
-              ElementsAre("Do you really want to export the points to Excel?\r\nThis operation may take several "
-                          "minutes...",
-                          HasSubstr("the first is line 8"), "File was saved as: " + target));
-  EXPECT_THAT(busy, ElementsAre(true, false));
-}
 
 TEST_F(ExcelExportTest, AsksBeforeItDeletesAndDeletesBeforeItLooksForTheApplication) {
   PutChart(Rows(1));

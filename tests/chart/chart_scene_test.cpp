@@ -1,33 +1,24 @@
-// Whole charts: layout at all sizes, painting order, shapes, and the cost of painting; lines, steps and bars of a plot.
+// Whole charts: layout at all sizes, painting order, shapes, and the cost of painting.
 #include "chart/picture/chart_scene.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
-#include <set>
 
-#include "chart/picture/chart_layout.h"
-#include "chart/picture/series/series_path.h"
 #include "chart/picture/series/series_style.h"
 #include "chart/recording_canvas.h"
 
 namespace chartproject {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::RecordingCanvas;
-
-constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
-constexpr Color kPaleYellow = {255, 255, 230};
 
 ChartModel ModelOf(int kind, std::vector<std::vector<double>> columns, int division = 1) {
   ChartModel model;
   model.kind = static_cast<ChartKind>(kind);
   model.legendVisible = false;
-  model.backdrop = kPaleYellow;
   model.categoryScale = {false, division, division, true};
   model.rowCount = columns.empty() ? 0 : static_cast<int>(columns[0].size());
   for (auto& column : columns) {
@@ -45,24 +36,6 @@ std::vector<double> Wave(int rows, double height, double phase) {
 
 ChartScene Build(const ChartModel& model, Size size = {640, 360}) {
   return BuildChartScene(model, size, RecordingCanvas(size), {});
-}
-
-/// Fills of the shapes that show a series: all of a tone of its colour.
-std::vector<Color> Fills(const ChartScene& chart, const std::set<SceneShape::Kind>& kinds) {
-  std::vector<Color> fills;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    const bool tinted = shape.fill.red != shape.fill.green || shape.fill.green < shape.fill.blue;
-    if (kinds.contains(shape.kind) && tinted) fills.push_back(shape.fill);
-  }
-  return fills;
-}
-
-int CountPolylines(const ChartScene& chart, Color color) {
-  int count = 0;
-  for (const SceneShape& shape : chart.scene.Shapes()) {
-    count += shape.kind == SceneShape::Kind::kPolyline && shape.pen.color == color ? 1 : 0;
-  }
-  return count;
 }
 
 std::size_t PointCount(const ChartScene& chart) {
@@ -138,115 +111,11 @@ TEST_P(EveryType, CostFollowsPixelsNotPoints) {
   EXPECT_LT(static_cast<double>(many), 1.2 * static_cast<double>(few));
 }
 
-TEST_P(EveryType, GapsAloneDrawNoSeries) {
-  const ChartScene chart = Build(ModelOf(GetParam(), {{kGap, kGap, kGap}}));
-  EXPECT_THAT(Fills(chart, {SceneShape::Kind::kPolygon, SceneShape::Kind::kEllipse}),
-              ::testing::Not(::testing::Contains(kSeriesColors[0])));
-  EXPECT_EQ(CountPolylines(chart, kSeriesColors[0]), 0);
-}
-
-TEST(ChartScene, APointWithoutNeighboursIsADotAndSmallChartsHaveThinLines) {
-  for (const auto& [size, width] : {std::pair(Size{640, 360}, 2.0), std::pair(Size{150, 100}, 1.0)}) {
-    const ChartScene chart = Build(ModelOf(3, {{2, 2, kGap, 4, kGap}}), size);
-    std::vector<Rect> dots;
-    for (const SceneShape& shape : chart.scene.Shapes()) {
-      if (shape.kind == SceneShape::Kind::kEllipse) dots.push_back(shape.box);
-      const bool line = shape.kind == SceneShape::Kind::kPolyline && shape.pen.color == kSeriesColors[0];
-      EXPECT_TRUE(!line || shape.pen.width == width) << shape.pen.width;
-    }
-    EXPECT_THAT(dots, ElementsAre(Rect{chart.plot.X(3) - 2.5, chart.plot.Y(4) - 2.5, 5, 5}));
-  }
-}
-
-TEST(ChartScene, MarkersStayAtTheirPointsWhileTheRowsScroll) {
-  const auto markedLabels = [](std::int64_t first) {
-    ChartModel model = ModelOf(3, {std::vector<double>(250, 1.0)}, 10);
-    model.firstRowLabel = first;
-    model.series[0].showMarker = true;
-    const ChartScene chart = Build(model);
-    std::set<std::int64_t> labels;
-    for (const SceneShape& shape : chart.scene.Shapes()) {
-      if (shape.kind == SceneShape::Kind::kEllipse) {
-        labels.insert(first + *chart.RowAt({shape.box.x + shape.box.width / 2, 100}));
-      }
-    }
-    return labels;
-  };
-  const auto before = markedLabels(1);
-  const auto after = markedLabels(4);
-  EXPECT_GT(before.size(), 20U);
-  for (const std::int64_t label : before) EXPECT_TRUE(label < 4 || after.contains(label)) << label;
-}
-
-TEST(ChartScene, FindsTheRowUnderAPoint) {
-  const ChartScene chart = Build(ModelOf(3, {Wave(25, 1, 0)}));
-  const Rect& front = chart.plot.front;
-  EXPECT_EQ(chart.RowAt({front.x, front.y}), 0);
-  EXPECT_EQ(chart.RowAt({chart.plot.X(7), front.y + 5}), 7);
-  EXPECT_EQ(chart.RowAt({front.Right() - 0.01, front.y}), 24);
-  EXPECT_EQ(chart.RowAt({front.Right(), front.y}), std::nullopt);
-  EXPECT_EQ(chart.RowAt({front.x, front.Bottom()}), std::nullopt);
-}
-
 /// Of 100 x 100 pixels; its axis goes from -10 to 10.
 Plot PlotOf(int rows) {
   return {.front = {10, 20, 100, 100},
           .rows = rows,
           .axis = {.mantissa = 1, .exponent = 1, .firstTick = -1, .lastTick = 1}};
-}
-
-TEST(SeriesPaths, ALineJoinsTheMiddlesOfTheSlotsAndAStepHoldsItsValueOverThem) {
-  const ChartModel model = ModelOf(3, {{0, 10, kGap, -5}});
-  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k2dLine, PlotOf(4)),
-              ElementsAre(Path{{22.5, 70}, {47.5, 20}}, Path{{97.5, 95}}));
-  EXPECT_THAT(SeriesPaths(model.series[0], ChartKind::k3dStep, PlotOf(4)),
-              ElementsAre(Path{{10, 70}, {35, 70}, {35, 20}, {60, 20}}, Path{{85, 95}, {110, 95}}));
-}
-
-TEST(SeriesSpans, CoverTheExtremesOfTheirColumnsAndTouch) {
-  std::vector<double> values(400, 0);  // four rows a pixel column
-  values[1] = 10;
-  values[2] = -10;
-  std::fill(values.begin() + 8, values.begin() + 12, 5.0);    // column 2 lies above column 1: it reaches down to it
-  std::fill(values.begin() + 12, values.begin() + 16, kGap);  // column 3
-  values[17] = kGap;                                          // too small a gap to show
-  const std::vector<SpanRun> runs = SeriesSpans(ModelOf(3, {values}).series[0], PlotOf(400), 1);
-  ASSERT_EQ(runs.size(), 2U);
-  EXPECT_THAT(runs[0],
-              ElementsAre(ColumnSpan{10, 11, 20, 120}, ColumnSpan{11, 12, 70, 70}, ColumnSpan{12, 13, 45, 70}));
-  EXPECT_EQ(runs[1].size(), 96U);
-  EXPECT_EQ(runs[1][0], (ColumnSpan{14, 15, 70, 70}));
-}
-
-TEST(SeriesSpans, AreOfTheWidthAskedFor) {
-  const ChartModel model = ModelOf(3, {std::vector<double>(400, 0)});
-  EXPECT_EQ(SeriesSpans(model.series[0], PlotOf(400), 2.5)[0].size(), 40U);
-  EXPECT_TRUE(IsDense(PlotOf(101), 1));
-  EXPECT_FALSE(IsDense(PlotOf(100), 1));
-}
-
-TEST(PlaceBars, GroupsStandInTheMiddleOfTheirSlots) {
-  const Plot plot = PlotOf(4);
-  const BarPlace place = PlaceBars(plot, 3);  // 25 pixels a slot, 20 % of it free
-  EXPECT_EQ(place.width, 6);
-  EXPECT_EQ((std::array{place.Left(plot, 0, 0), place.Left(plot, 0, 2), place.Left(plot, 3, 0)}),
-            (std::array{14.0, 26.0, 89.0}));
-  EXPECT_EQ(PlaceBars(PlotOf(50), 4).width, 0) << "too thin to stand side by side";
-}
-
-TEST(DenseBars, TheTallestComesFirstInEveryPixelColumn) {
-  std::vector<double> low(300, 2);
-  std::vector<double> high(300, 8);
-  high[1] = -10;
-  low[299] = kGap;
-  const std::vector<BarColumn> bars = DenseBars(ModelOf(3, {low, high}), PlotOf(300), 1);
-  ASSERT_EQ(bars.size(), 100U);
-  EXPECT_EQ(std::pair(bars[0].left, bars[0].right), std::pair(10.0, 11.0));
-  ASSERT_EQ(bars[0].spans.size(), 2U);
-  const BarSpan& tall = bars[0].spans[0];  // from 8 to -10; the other begins at zero
-  const BarSpan& small = bars[0].spans[1];
-  EXPECT_EQ(std::tuple(tall.column, tall.top, tall.bottom), std::tuple(1, 30, 120));
-  EXPECT_EQ(std::tuple(small.column, small.top, small.bottom), std::tuple(0, 60, 70));
 }
 
 TEST(Plot, MovesAlongItsDepthAndDrawsWhatIsBeyondAnyScaleAtItsLimit) {
@@ -256,31 +125,6 @@ TEST(Plot, MovesAlongItsDepthAndDrawsWhatIsBeyondAnyScaleAtItsLimit) {
   EXPECT_EQ(plot.At({10, 20}, 0.5), (PointF{30, 10}));
   plot.axis = {.mantissa = 1, .exponent = 307, .firstTick = -1, .lastTick = 1};
   EXPECT_EQ(plot.Y(std::numeric_limits<double>::max()), 20);
-}
-
-TEST_P(EveryType, LanesHaveAnAxisEachAndHiddenSeriesNeither) {
-  ChartModel model = ModelOf(GetParam(), {{1, 2, 3}, {100, 300, 200}, {7, 7, 8}});
-  const auto tops = [](const ChartScene& chart) {
-    std::vector<double> maxima;
-    for (const SceneLane& lane : chart.lanes) maxima.push_back(lane.plot.axis.Maximum());
-    return maxima;
-  };
-  EXPECT_THAT(tops(Build(model)), ElementsAre(300));
-  model.series[1].visible = false;
-  EXPECT_THAT(tops(Build(model)), ElementsAre(8));
-  model.lanes = true;
-  const ChartScene lanes = Build(model);
-  EXPECT_THAT(tops(lanes), ElementsAre(3, 8));
-  EXPECT_THAT(lanes.lanes[1].series, ElementsAre(2));
-  const Rect& upper = lanes.lanes[0].plot.front;
-  const Rect& lower = lanes.lanes[1].plot.Reach();
-  EXPECT_LT(upper.Bottom(), lower.y);
-  EXPECT_EQ(upper.width, lanes.lanes[1].plot.front.width);
-  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, upper.y + 1}), lanes.lanes.data());
-  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x - 1, lower.Bottom() - 1}), &lanes.lanes[1]);
-  EXPECT_EQ(ValueAxisAt(lanes.lanes, {upper.x + 1, upper.y + 1}), nullptr);
-  for (ChartSeries& series : model.series) series.visible = false;
-  EXPECT_TRUE(Fills(Build(model), {SceneShape::Kind::kRectangle, SceneShape::Kind::kPolygon}).empty());
 }
 
 TEST_P(EveryType, AFixedRangeKeepsSeriesInsideThePlot) {

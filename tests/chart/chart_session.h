@@ -6,6 +6,7 @@
 
 #include <array>
 #include <deque>
+#include <fstream>
 #include <sstream>
 
 #include "chart/chart_window_fixture.h"
@@ -82,7 +83,8 @@ inline std::string InWords(const ChartModel& model) {
   return out.str();
 }
 
-/// A session is a list of what the user does; after each step stands what differs.
+/// What the user does stands in the transcript ("== " in the chart window, "> " in a window over it); below each step
+/// stands what differs then.
 struct ChartSession : ChartWindowTest {
   ChartSession() {
     fakes.files.beforeBlock = [this] {
@@ -96,13 +98,21 @@ struct ChartSession : ChartWindowTest {
       drawn += testing::InWords(canvas.drawn) + '\n';
     };
   }
-  void Begin(const char* name) { transcript = std::make_unique<Transcript>(name, &fakes); }
+  void Begin(const std::string& name) {
+    std::ifstream file(CHARTPROJECT_SOURCE_DIR "/tests/transcripts/" + name + ".txt");
+    for (std::string line; std::getline(file, line);) {
+      if (line.starts_with("== ") || line.starts_with("> ")) steps.push_back(line);
+    }
+    transcript = std::make_unique<Transcript>(name, &fakes);
+    asked = [this](Form& window) { Meet(window); };
+  }
   /// "NAME" presses a button, "NAME=VALUE" changes a control, "NAME>" leaves it; the others are words of the chart:
   /// "key Ctrl+G", "menu Grid", "mouse press 100 100 shift", "wheel 1 100 100 control", "strip press 100".
   void Use(Form& form, const std::string& what) {
     const std::size_t sign = what.find_first_of("=>");
     Control* const control = form.Find(what.substr(0, sign));
-    const std::string value = sign == std::string::npos ? "" : what.substr(sign + 1);
+    std::string value = sign == std::string::npos ? "" : what.substr(sign + 1);
+    if (longTexts.contains(value)) value = longTexts[value];
     if (what.find('>') != std::string::npos) {
       control->SetFocus();
     } else if (auto* list = dynamic_cast<ComboBox*>(control)) {
@@ -135,6 +145,11 @@ struct ChartSession : ChartWindowTest {
       if (!over->KeyPressed(KeyOf(what.substr(4)))) transcript->Add("(not used)");
     } else if (device == "menu") {
       Choose(*over, over->ContextMenu(), what.substr(5));
+    } else if (device == "cursor") {
+      int number = 0;
+      std::int64_t point = 0;
+      words >> number >> point;
+      form.mscChart1.SetCursor(MeasuringCursor{number - 1}, point > 0 ? std::optional(point) : std::nullopt);
     } else if (device == "wheel") {
       WheelInput input;
       words >> input.notches >> input.at.x >> input.at.y >> verb;
@@ -215,8 +230,14 @@ struct ChartSession : ChartWindowTest {
     Say("clipboard", fakes.clipboard.Text() + (picture ? " picture " + std::to_string(picture->width) : ""));
     Say("log", fakes.files.Bytes("/bin/Kestrel.log"));
   }
+  /// Begins a step; what the transcript lays out goes on behind it.
+  void Step(const std::string& title) {
+    while (!steps.empty() && steps.front() != "== " + title) steps.pop_front();
+    if (!steps.empty()) steps.pop_front();
+    transcript->Step(title);
+  }
   void Do(ChartForm& form, const std::string& what) {
-    transcript->Step(what);
+    Step(what);
     fakes.forms.notes = true;
     fakes.forms.noted.clear();
     blocks = 0;
@@ -225,28 +246,34 @@ struct ChartSession : ChartWindowTest {
     LookAt(form);
     LookOutside();
   }
-  void Do(ChartForm& form, std::initializer_list<const char*> steps) {
-    for (const char* step : steps) Do(form, step);
+  /// Does so many of the next steps, or all that are for the chart window.
+  void Play(ChartForm& form, int count = 1000) {
+    for (; count > 0 && !steps.empty(); --count) {
+      const std::string what = steps.front().substr(3), first = what.substr(0, what.find(' '));
+      const bool known = form.Find(what.substr(0, what.find_first_of("=>"))) != nullptr || first == "key" ||
+                         first == "menu" || first == "mouse" || first == "strip" || first == "wheel" ||
+                         first == "cursor";
+      if (!steps.front().starts_with("== ") || !known) return;
+      Do(form, what);
+    }
   }
-  /// What the user does in the small windows that come next.
-  void Answer(std::initializer_list<std::vector<std::string>> steps) {
-    answers = steps;
-    asked = [this](Form& window) {
+  /// What the user does in a small window that came.
+  void Meet(Form& window) {
+    transcript->Look(window);
+    Say("layout of " + window.Name(), LayoutOf(window));
+    EXPECT_TRUE(!steps.empty() && steps.front().starts_with("> ")) << window.Name();
+    while (window.IsShown() && !steps.empty() && steps.front().starts_with("> ")) {
+      const std::string step = steps.front().substr(2);
+      steps.pop_front();
+      transcript->Add("> " + step);
+      Use(window, step);
       transcript->Look(window);
-      Say("layout of " + window.Name(), LayoutOf(window));
-      ASSERT_FALSE(answers.empty());
-      const std::vector<std::string> mine = std::move(answers.front());
-      answers.pop_front();
-      for (const std::string& step : mine) {
-        transcript->Add("> " + step);
-        Use(window, step);
-        transcript->Look(window);
-      }
-    };
+    }
   }
   std::unique_ptr<Transcript> transcript;
   std::map<std::string, std::string> said;
-  std::deque<std::vector<std::string>> answers;
+  std::deque<std::string> steps;                 ///< of the transcript, those that are still to come
+  std::map<std::string, std::string> longTexts;  ///< long ones, by the words that stand for them in steps
   std::string drawn;
   int blocks = 0;      ///< of files, read since the step began
   Instant perBlock{};  ///< that reading one takes

@@ -12,14 +12,12 @@ TEST_F(ChartSession, EachLanguage) {
        {std::pair(Language::kPortuguese, "Portuguese"), std::pair(Language::kEnglish, "English"),
         std::pair(Language::kSpanish, "Spanish")}) {
     component.language = language;
-    transcript->Step(name);
+    Step(name);
     Show([&](ChartForm& form) {
       LookAt(form);
       transcript->Add(MenuInWords(form.mscChart1.ContextMenu(), ""));
       Say("layout", LayoutOf(form));
-      Do(form, {"key Ctrl+Right", "key Ctrl+Shift+Right", "key S", "mouse hover 300 200"});
-      Answer({{"cboUnit=1", "txtPlace=?", "cmdOK", "cmdCancel"}, {"cboWhat=3", "cmdNext"}, {"txtTitle=T", "cmdPrint"}});
-      Do(form, {"key Ctrl+G", "key Ctrl+F", "key Ctrl+P", "cmdPrint"});
+      Play(form);
     });
     LookOutside();
     transcript->Listen();
@@ -39,38 +37,7 @@ TEST_F(ChartSession, KeysMenuAndSmallWindows) {
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
-    Do(form, {"tmrSurvey",     "key S",           "key Ctrl+C",  "key Esc",
-              "key Backspace", "key 3",           "key Shift+F", "key +",
-              "key +",         "key -",           "key Ctrl+0",  "key Backspace",
-              "key Right",     "key Shift+Right", "key Left",    "key Page Down",
-              "key Page Up",   "key End",         "key Home",    "key E",
-              "key T",         "key P",           "key L",       "key 2",
-              "key I",         "key O",           "key A",       "key K",
-              "picPXXX2",      "key L",           "key I",       "menu Automatic range of values",
-              "menu Grid",     "menu Line",       "menu Marker", "menu Overview",
-              "menu Overview"});
-    Do(form, {"key Ctrl+Right", "key Ctrl+Right", "key Ctrl+Left", "key Ctrl+Shift+Left", "key Ctrl+Shift+Left",
-              "key S", "key Ctrl+C", "key End", "key Ctrl+Shift+Right", "key S", "key S", "key Esc", "key Esc"});
-    Answer({{"txtPlace=500", "cmdOK"},
-            {"txtPlace=0", "cmdOK", "txtPlace=1001", "cmdOK", "txtPlace=", "cmdOK", "cboUnit=1", "txtPlace=00:33:18",
-             "cmdOK"},
-            {"cboUnit=2", "txtPlace=1/2/2026 08:00:00", "cmdOK", "txtPlace=08:01:00.5", "cmdOK"},
-            {"cmdCancel"}});
-    Do(form, {"key Ctrl+G", "key Ctrl+G", "key Ctrl+G", "key Ctrl+G", "key Ctrl+Left", "key Esc"});
-    Answer({{"cmdCancel"},
-            {"txtValue=x", "cmdNext", "txtValue=12.5", "cmdNext"},
-            {"cboSeries=1", "cboWhat=1", "cmdPrevious"},
-            {"cboWhat=3", "cboSeries=0", "cmdNext"},
-            {"cboWhat=2", "cmdPrevious"}});
-    Do(form, {"key Home", "key N", "key Shift+N", "key N", "key Shift+N", "key Ctrl+F", "key N", "key Ctrl+F", "key N",
-              "key Ctrl+F", "key Esc"});
-    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 31);
-    Do(form, {"mouse hover 200 200", "key Ctrl+Shift+Right"});
-    Do(form, {"key F", "mouse hover 300 200", "key Ctrl+Right", "key Ctrl+Shift+Right", "mouse leave", "key Ctrl+0"});
-    Answer({{"txtPlace=31", "cmdOK"}});
-    form.mscChart1.SetCursor(MeasuringCursor::kFirst, 500);
-    Do(form, "key Ctrl+Left");
-    Do(form, {"key Ctrl+G", "mouse hover 340 100", "key Esc", "cmdOK"});
+    Play(form);
   });
   LookOutside();
 }
@@ -81,13 +48,7 @@ TEST_F(ChartSession, TypesSwitchesAndScales) {
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
-    Do(form,
-       {"cboChartType=0", "cboChartType=1", "cboChartType=2",  "cboChartType=4", "cboChartType=5",  "chkGrid=1",
-        "chkGrid=2",      "chkLine=0",      "chkMarker=1",     "upd1=1",         "upd1=-1",         "upd1=1",
-        "cmdUpdateChart", "txtScale2=007",  "cmdUpdateChart",  "txtScale2=0",    "mscChart1>",      "txtScale2=2.5",
-        "hsbGraph=1",     "mscChart1>",     "txtScale2=",      "cmdUpdateChart", "txtScale2=abc",   "cmdUpdateChart",
-        "txtScale2=-3",   "cmdUpdateChart", "txtScale2=32768", "cmdUpdateChart", "txtScale2=32767", "hsbGraph=2",
-        "cmdUpdateChart", "upd3=1",         "cmdPrint"});
+    Play(form);
     fakes.dialogs.answers = {box_answer::kYes};
   });
   LookOutside();
@@ -96,7 +57,7 @@ TEST_F(ChartSession, TypesSwitchesAndScales) {
   fakes.settings.values["frmChart"] = {{"Axis", "Elapsed"}, {"Lanes", "Yes"},  {"Overview", "No"},
                                        {"Left", "300"},     {"Width", "9000"}, {"Top", "99999"}};
   for (const char* title : {"stored settings, some of which name nothing", "the place that the user gave it"}) {
-    transcript->Step(title);
+    Step(title);
     Show([&](ChartForm& form) {
       LookAt(form);
       Say("layout", LayoutOf(form).substr(0, 40));
@@ -112,65 +73,7 @@ TEST_F(ChartSession, MouseAndWheel) {
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
-    Do(form, {"tmrSurvey",
-              "mouse press 200 100",
-              "mouse release 200 100",
-              "mouse press 400 100 shift",
-              "mouse release 400 100",
-              "key S",
-              "key S",
-              "mouse hover 100 100",
-              "mouse hover 636 100",
-              "mouse press 300 100",
-              "mouse move 303 200",
-              "mouse move 420 220",
-              "key Esc",
-              "mouse release 420 220",
-              "mouse press 300 100",
-              "mouse move 420 220",
-              "mouse release 420 220",
-              "key Esc",
-              "key F",
-              "mouse press 500 100 shift",
-              "mouse move 200 103 shift",
-              "mouse move 300 200 shift",
-              "mouse release 300 200",
-              "key Backspace",
-              "mouse press 500 100 middle",
-              "mouse move 480 100 middle",
-              "mouse release 480 100",
-              "key Ctrl+0",
-              "mouse press 500 100 middle",
-              "mouse move 450 100 middle",
-              "mouse hover 400 100",
-              "key Space",
-              "mouse press 500 100",
-              "mouse move 600 100",
-              "mouse release 600 100",
-              "wheel -2 300 100",
-              "wheel 1 300 100 control",
-              "wheel -3 500 100 control",
-              "wheel -1 500 100 control",
-              "key Backspace",
-              "wheel 1 20 100",
-              "wheel 1 20 300",
-              "wheel -1 20 100 control",
-              "wheel 1 20 100 shift",
-              "key L",
-              "wheel 2 20 60",
-              "mouse press 100 200 shift",
-              "mouse move 300 250 shift",
-              "mouse release 300 250",
-              "key Backspace",
-              "strip press 300 20",
-              "strip move 320 20",
-              "strip release 320 20",
-              "strip hover 100 20",
-              "strip press 318 20",
-              "strip move 0 20",
-              "strip press 10 20 middle",
-              "strip twice 100 20",
-              "strip twice 100 20 middle"});
+    Play(form);
   });
   transcript->Listen();
 }
@@ -190,12 +93,13 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
   for (const auto& [points, rows, parameters, end] : cases) {
     Put(points, rows, parameters);
     fakes.files.Append(kFile, end);
-    transcript->Step(std::string("N ") + points + ", rows " + std::to_string(rows) + ", P " + parameters + ", then " +
-                     end);
+    Step(std::string("N ") + points + ", rows " + std::to_string(rows) + ", P " + parameters + ", then " + end);
     Show([&](ChartForm& form) {
       LookAt(form);
-      Do(form, {"key End", "sldPointsPerDivision=2", "sldPointsPerDivision=1310", "sldPointsPerDivision=1",
-                "hsbGraph=0", "cmdExport"});
+      for (const char* step : {"key End", "sldPointsPerDivision=2", "sldPointsPerDivision=1310",
+                               "sldPointsPerDivision=1", "hsbGraph=0", "cmdExport"}) {
+        Do(form, step);
+      }
     });
   }
   Put("60", 60);
@@ -206,30 +110,30 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
     Do(form, "key Right");
     fakes.files.Delete(kFile);
     transcript->Add("no file");
-    Do(form, {"key Right", "wheel -1 300 100", "cmdExport", "tmrFollow"});
+    for (const char* step : {"key Right", "wheel -1 300 100", "cmdExport", "tmrFollow"}) Do(form, step);
     Put("60", 60, "1", "07");
     transcript->Add("a file of another drive");
     Do(form, "key Right");
   });
   for (const char* drive : {"31", "x", "07"}) {
     Put("9", 9, "1", drive);
-    transcript->Step(std::string("drive ") + drive);
+    Step(std::string("drive ") + drive);
     Show([](ChartForm&) {});
     transcript->Listen();
   }
   for (const char* text : {"", "Drive Address=01\r\nNumber of Points=5\r\n",
                            "[INFO]\r\nDrive Address=01\r\nPXXX1=1e400\r\nNumber of Parameters=1\r\nNumber of "
                            "Points=1\r\n[TIME/CONTENT]\r\n#5#####"}) {
-    transcript->Step("a file of " + std::to_string(std::string_view(text).size()) + " bytes");
+    Step("a file of " + std::to_string(std::string_view(text).size()) + " bytes");
     fakes.files.Put(kFile, text);
     Show([&](ChartForm& form) { LookAt(form); });
   }
-  transcript->Step("no names of parameters");
+  Step("no names of parameters");
   Put("9", 9);
   fakes.files.Break("read", error_number::kPermissionDenied, "/drivers");
   Show([&](ChartForm& form) { LookAt(form); });
   fakes.files.Mend();
-  transcript->Step("no file");
+  Step("no file");
   fakes.files.Delete(kFile);
   Show([](ChartForm&) {});
   transcript->Listen();
@@ -269,18 +173,16 @@ TEST_F(ChartSession, LongReadings) {
     for (const int report : {2, 9}) stop(report, "key S");
     form.mscChart1.SetCursor(MeasuringCursor::kSecond, 99000);
     for (const int report : {1, 9}) stop(report, "key Ctrl+C");
-    Answer({{"txtValue=500000", "cmdNext"}, {"cboRange=0", "cmdPrint"}, {"cmdYes"}});
     stop(1, "key Ctrl+F");
     stop(9, "key N");
     stop(1, "key Shift+N");
     stop(3, "key Ctrl+P");
     stop(2, "cmdExport");
     fakes.forms.onKeepAlive = [&] { Use(form, "cmdOK"); };
-    Answer({{"cmdYes"}});
     Do(form, "cmdExport");
   });
   for (const char* what : {"hsbGraph=2", "cmdOK"}) {
-    transcript->Step(std::string("in a long jump ") + what);
+    Step(std::string("in a long jump ") + what);
     Show([&](ChartForm& form) {
       fakes.forms.onKeepAlive = [&, what] { Use(form, what); };
       Do(form, "hsbGraph=32742");
@@ -297,7 +199,7 @@ TEST_F(ChartSession, Outputs) {
   Show([&](ChartForm& form) {
     transcript->Know(form);
     LookAt(form);
-    Do(form, {"key Ctrl+Right", "key Ctrl+Shift+Left", "key Ctrl+Shift+C"});
+    Play(form, 3);
     for (const char* name : {"/data/new", "/data/old.png", "/data/other.PNG", kFile}) {
       for (const std::int16_t answer : {box_answer::kNo, box_answer::kYes}) {
         fakes.dialogs.fileAnswer = name;
@@ -311,16 +213,12 @@ TEST_F(ChartSession, Outputs) {
     Do(form, "key Ctrl+S");
     const OpenFileRequest& request = fakes.dialogs.fileRequests.back();
     transcript->Add(request.initialFolder + " " + request.filter + " " + std::to_string(request.flags));
-    Answer({{"cmdNo"}, {"cboRange=1", "cmdYes"}, {"cboRange=2", "cmdYes"}, {"cmdYes"}});
-    Do(form, {"cmdExport", "cmdExport", "cmdExport", "menu Export"});
-    Answer({{"cmdCancel"}, {"txtTitle=Load test", "txtRemark=no\tfaults", "cboRange=0", "cmdPrint"}, {"cmdPrint"}});
-    Do(form, {"key Ctrl+P", "key Ctrl+P"});
+    Play(form, 6);
     const std::string line(90, 'x');
     std::string lines;
     for (int i = 0; i < 20; ++i) lines += "line " + std::to_string(i) + (i % 9 == 0 ? line : "") + "\n";
-    Answer({{"txtTitle=" + line + line, "txtRemark=" + lines, "cboRange=1", "cmdPrint"}, {"cmdPrint"}});
-    form.mscChart1.SetCursor(MeasuringCursor::kFirst, std::nullopt);
-    Do(form, "key Ctrl+P");
+    longTexts = {{"TITLE", line + line}, {"REMARK", lines}};
+    Play(form, 2);
     fakes.printer.declined = true;
     Do(form, "key Ctrl+P");
     fakes.printer.declined = false;
@@ -337,28 +235,8 @@ TEST_F(ChartSession, SlicesOfMorePointsThanAChartHasRows) {
   fakes.locale.UseComma();
   Show([&](ChartForm& form) {
     transcript->Know(form);
-    Do(form, {"key F",
-              "tmrSurvey",
-              "mouse hover 400 100",
-              "mouse hover 635 100",
-              "mouse press 300 100",
-              "mouse release 300 100",
-              "key Ctrl+Right",
-              "key Ctrl+Shift+Left",
-              "key S",
-              "mouse leave",
-              "key Esc",
-              "key L",
-              "key E",
-              "key +",
-              "key End",
-              "key Left",
-              "wheel -2 300 100 control",
-              "sldPointsPerDivision=100",
-              "key Backspace",
-              "key Backspace"});
+    Play(form, 20);
     brief = true;
-    Answer({{"cboRange=0", "cmdPrint"}});
     Do(form, "key Ctrl+P");
   });
 }

@@ -1,7 +1,6 @@
-// Small parts of the chart window that no session reaches: places on any day, the window over a page being printed.
+// Places in a recording on any day, which no session in the chart window reaches.
 #include "chart/chart_window_fixture.h"
 #include "chart/window/find_forms.h"
-#include "chart/window/status_form.h"
 
 namespace chartproject {
 namespace {
@@ -28,19 +27,6 @@ TEST_F(ChartWindowTest, PlacesAreNumbersDurationsAndTimesOfDayOnAnyDay) {
       {kTimeOfDay, first + " 00:00:00", -172779},
       {kTimeOfDay, "10", std::nullopt}};
   for (const auto& [unit, text, point] : cases) EXPECT_EQ(PlaceOf(text, unit, clock, fakes.locale), point) << text;
-}
-
-TEST_F(ChartWindowTest, TheStatusIsAWindowInTheMiddleOfTheScreenUntilItIsEmpty) {
-  StatusForm status(component);
-  status.ShowText("Printing ...");
-  EXPECT_EQ(status.Controls().front()->Caption() + "|" + status.Caption(), "Printing ...|Kestrel v5.60");
-  EXPECT_TRUE(status.IsShown());
-  EXPECT_EQ(status.Pointer(), MousePointer::kHourglass);
-  EXPECT_EQ(2 * status.Left() + status.Width(), fakes.forms.ScreenSize().width);
-  EXPECT_EQ(2 * status.Top() + status.Height(), fakes.forms.ScreenSize().height);
-  status.ShowText("");
-  EXPECT_FALSE(status.IsLoaded());
-  EXPECT_EQ(status.Pointer(), MousePointer::kDefault);
 }
 
 }  // namespace

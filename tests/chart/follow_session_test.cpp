@@ -83,11 +83,11 @@ TEST_F(FollowSession, TheEndStaysInViewUntilTheRecordingEnds) {
     more(9, "key End");
     more(90, "key F");
     more(20, "sldPointsPerDivision=10");
-    Do(form, {"key F", "key +"});
+    Play(form, 2);
     Record(7);
     Finish();
     Look(form);
-    Do(form, {"key End", "key Backspace", "key Home"});
+    Play(form);
   });
 }
 

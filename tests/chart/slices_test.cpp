@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <limits>
 
 #include "chart/file/chart_source.h"
 #include "chart/file/slice_reader.h"
@@ -17,9 +16,8 @@
 namespace chartproject {
 namespace {
 
-using ::testing::DoubleEq, ::testing::ElementsAre, ::testing::NanSensitiveDoubleEq;
+using ::testing::ElementsAre;
 
-constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
 constexpr const char* kFile = "/data/Test.cht";
 constexpr const char* kHeader = "[INFO]\r\nNumber of Parameters=2\r\nNumber of Points=3\r\n[TIME/CONTENT]\r\n";
 constexpr std::int32_t kFirstLine = 5;
@@ -78,27 +76,6 @@ TEST_F(SliceReaderTest, SkipsEmptyAndCommentLinesAndStopsAtMalformedOnes) {
   }
 }
 
-TEST_F(SliceReaderTest, KeepsGapsZerosAndColumnsInUseApart) {
-  Open("t1#--##5###\r\nt2###6###\r\nlast#1,5######\r\n");
-  SliceReading reading = Read(0, 2, 4);
-  EXPECT_THAT(reading.slice.values[0], ElementsAre(NanSensitiveDoubleEq(kGap), DoubleEq(0)));
-  EXPECT_THAT(reading.slice.values[2], ElementsAre(5, 6));
-  EXPECT_EQ(reading.slice.columnsInUse, 3);
-  EXPECT_THAT(reading.slice.times, ElementsAre("t1", "t2"));
-  EXPECT_FALSE(reading.slice.moreFollow);  // seven marks are not a point
-}
-
-TEST_F(SliceReaderTest, FindsEveryLineOfAFileLongerThanTheIndexSpacing) {
-  const int rows = 3 * static_cast<int>(LineIndex::kSpacing) + 77;
-  Open(Rows(1, rows));
-  for (const int at : {rows, 1, 4096, 4097, 4098, 8192, 8193, 12289, 2, rows - 1}) {
-    const SliceReading reading = Read(at - 1, 1);
-    ASSERT_EQ(reading.slice.RowCount(), 1) << at;
-    EXPECT_EQ(reading.slice.values[0][0], at);
-  }
-  EXPECT_EQ(source.Count({})->points, rows);
-}
-
 TEST_F(SliceReaderTest, GoesOnInAFileThatGrewAndTellsOneThatWasReplaced) {
   Open(Rows(1, 2));
   EXPECT_EQ(Read(0, 25).slice.RowCount(), 2);
@@ -129,15 +106,6 @@ TEST_F(SliceReaderTest, ALongSearchReportsAndGoesOnWhereItWasGivenUp) {
   const SliceReading reading = Read(299990, 25, 1);
   EXPECT_EQ(reading.slice.values[0].front(), 299991);
   EXPECT_EQ(reading.slice.RowCount(), 10);
-}
-
-TEST_F(SliceReaderTest, RefusesWhatIsNoChartFile) {
-  fakes.files.Put(kFile, "some text\r\n");
-  EXPECT_THROW(source.Open(kFile, header), RunTimeError);
-  fakes.files.Put(kFile, "Drive Address=01\r\n");
-  source.Open(kFile, header);
-  EXPECT_FALSE(source.HasPoints());
-  EXPECT_EQ(source.Count({})->points, 0);
 }
 
 TEST(ScrollRangeTest, FollowsThePointsUpToTheBarsRangeAndThenStandsForThem) {

@@ -33,23 +33,7 @@ TEST(Numbers, AcceptsWhatTheLocaleWrites) {
   check(kNoGroups, {{"0,5", 0.5}});
 }
 
-TEST(Numbers, RefusesWhatIsNoNumber) {
-  for (const char* text : {"", " ", "-", ".", "+-1", "- 1", "1 2", "1.2.3", ",5", "1.5,000", "e5", "1e", "1e+", "0x10",
-                           "inf", "nan", "12V", "1\u00A0000", "--1"}) {
-    EXPECT_FALSE(IsNumeric(text, kStop)) << text;
-    EXPECT_EQ(ErrorOf([&] { (void)ToDouble(text, kStop); }), 13) << text;
-  }
-  EXPECT_FALSE(IsNumeric("1 000", kComma)) << "a blank groups only where no-break spaces do";
-}
-
-TEST(Numbers, RoundsHalvesToEvenAndRefusesWhatDoesNotFit) {
-  const std::pair<const char*, int> shorts[] = {{"2.5", 2}, {"3.5", 4}, {"-2.5", -2}, {"32767.4", 32767}};
-  for (const auto& [text, value] : shorts) EXPECT_EQ(ToInteger16(text, kStop), value) << text;
-  EXPECT_EQ(ToInteger32("-2147483648.5", kStop), -2147483647 - 1);
-  for (const char* text : {"32767.5", "-32769"}) EXPECT_EQ(ErrorOf([&] { (void)ToInteger16(text, kStop); }), 6) << text;
-  for (const char* text : {"2147483648", "1e999"})
-    EXPECT_EQ(ErrorOf([&] { (void)ToInteger32(text, kStop); }), 6) << text;
-  EXPECT_EQ(ErrorOf([] { (void)ToSingle("1e39", kStop); }), 6);
+TEST(Numbers, RefusesWhatDoesNotFit) {
   for (const std::string& text :
        {std::string(400, '9') + "e-5", std::string("1e99999999999999999999"), std::string("1e9223372036854775807"),
         std::string("0.0001e+9999"), std::string("123.5E+999")}) {
@@ -62,75 +46,11 @@ TEST(Numbers, RoundsHalvesToEvenAndRefusesWhatDoesNotFit) {
 }
 
 TEST(Numbers, ReadsTheNumberThatATextBeginsWith) {
-  const std::pair<const char*, double> cases[]{
-      {"2065", 2065}, {"  12.5 ms", 12.5}, {"-3,5", -3}, {"+4", 4},  {".5x", 0.5},  {"", 0},
-      {"abc12", 0},   {"inf", 0},          {"-", 0},     {"+-4", 0}, {"1e-999", 0}, {"\t7", 7}};
-  for (const auto& [text, value] : cases) EXPECT_DOUBLE_EQ(LeadingNumber(text), value) << text;
+  EXPECT_DOUBLE_EQ(LeadingNumber("\t12.5 ms"), 12.5);
   for (const char* text : {"1e999 V", "0.0001e+9999 V", "0.0001E9223372036854775807", "1e+99999999999999999999"}) {
     EXPECT_EQ(ErrorOf([&] { (void)LeadingNumber(text); }), 6) << text;
   }
   EXPECT_EQ(LeadingNumber("1e-9223372036854775808"), 0);
-}
-
-TEST(Numbers, WritesFixedPatterns) {
-  const std::pair<double, const char*> twoDecimals[] = {{0, "0.00"},          {1.005, "1.01"},  {-1.005, "-1.01"},
-                                                        {0.125, "0.13"},      {-0.001, "0.00"}, {9.995, "10.00"},
-                                                        {999.999, "1000.00"}, {50.25, "50.25"}, {1e9, "1000000000.00"}};
-  for (const auto& [value, text] : twoDecimals) EXPECT_EQ(FormatTwoDecimals(value, kStop), text);
-  EXPECT_EQ(FormatTwoDecimals(2.5, kComma), "2,50");
-  EXPECT_EQ(FormatTwoDecimals(-12345678901234.5, kStop), "-12345678901234.50");
-  EXPECT_EQ(FormatTwoDecimals(1e15, kStop), "1000000000000000.00");
-  EXPECT_EQ(ErrorOf([] { (void)FormatTwoDecimals(HUGE_VAL, kStop); }), 6);
-
-  const std::pair<double, const char*> grouped[] = {{0, "0"}, {0.5, "1"}, {999, "999"}, {-100000000, "-100,000,000"}};
-  for (const auto& [value, text] : grouped) EXPECT_EQ(FormatGrouped(value, kStop), text);
-  EXPECT_EQ(FormatGrouped(1234567, kNarrow), "1\u202F234\u202F567");
-  EXPECT_EQ(FormatGrouped(1234567, kNoGroups), "1234567");
-
-  EXPECT_EQ(FormatDigits(5, 3), "005");
-  EXPECT_EQ(FormatDigits(-5, 2), "-05");
-  EXPECT_EQ(FormatDigits(1234, 3), "1234");
-  EXPECT_EQ(FormatTimeOfDay(8, 0, 59), "08:00:59");
-}
-
-TEST(Numbers, MakesTheFirstDecimalSeparatorTheLocales) {
-  for (const char* text : {"1,5", "1.5"}) {
-    EXPECT_EQ(LocaleDecimal(text, kStop), "1.5");
-    EXPECT_EQ(LocaleDecimal(text, kComma), "1,5");
-  }
-  EXPECT_EQ(LocaleDecimal("1,000,5", kStop), "1.000,5");
-  EXPECT_EQ(LocaleDecimal("READY", kComma), "READY");
-  for (const auto& [text, stop, comma] : {std::tuple("-12.5", -12.5, -12.5),
-                                          {"12,5", 12.5, 12.5},
-                                          {"1.000", 1, 1000},
-                                          {"1,000", 1000, 1},
-                                          {"0.0625", 0.0625, 0.0625}}) {
-    EXPECT_EQ(ToTypedDecimal(text, kStop), stop) << text;
-    EXPECT_EQ(ToTypedDecimal(text, kComma), comma) << text;
-  }
-  EXPECT_EQ(ToTypedDecimal("1.000,5", kComma), 1000.5);
-  EXPECT_EQ(ToTypedDecimal("12,500", kNoGroups), 12.5);
-}
-
-TEST(Text, TakesLinesApart) {
-  EXPECT_EQ(Trim("  a b\t "), "a b\t");
-  EXPECT_EQ(Trim("   "), "");
-  EXPECT_EQ(TrimStart("  a "), "a ");
-  EXPECT_EQ(AfterEquals("Tag=a=b"), "a=b");
-  EXPECT_EQ(AfterEquals("Tag"), "");
-  EXPECT_EQ(ToUpperAscii("Kra-09 ção"), "KRA-09 çãO");
-}
-
-TEST(Text, JoinsNamesInTheFoldersStyle) {
-  const std::pair<const char*, const char*> cases[] = {{"", "\\a"},
-                                                       {"C:", "C:\\a"},
-                                                       {"C:/media", "C:/media\\a"},
-                                                       {"C:\\media", "C:\\media\\a"},
-                                                       {R"(C:\)", R"(C:\a)"},
-                                                       {R"(\\server\s)", R"(\\server\s\a)"},
-                                                       {"/home/u", "/home/u/a"},
-                                                       {"/", "/a"}};
-  for (const auto& [folder, joined] : cases) EXPECT_EQ(JoinPath(folder, "a"), joined);
 }
 
 TEST(Text, ControlCharactersAreMadeVisible) {

@@ -1,15 +1,11 @@
 // Driver files: which one is taken, what its lines mean, and how complaints read; drive files into the drive table.
-// The calls to the drive link, their order, and their results; model codes, status texts and display texts.
+// The calls to the drive link, their order, and their results.
 #include <gmock/gmock.h>
 
-#include "drive/display_value.h"
 #include "drive/drive_context.h"
-#include "drive/drive_models.h"
-#include "drive/drive_status.h"
 #include "drive/drive_table.h"
 #include "drive/driver_file.h"
 #include "drive/parameter_read.h"
-#include "drive/unit_codes.h"
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
@@ -53,14 +49,6 @@ TEST_F(DriverFileTest, NamesGoFromTheExactVersionToTheModel) {
     fakes.files.Put(name, "");
     EXPECT_EQ(DriverFileName(context, 7), name);
   }
-  const std::pair<const char*, std::string> versions[] = {
-      {"1,05", "KRA09V105E"}, {"2.4.1", "KRA09V24.1E"}, {"7.4,1", "KRA09V741E"}, {"3", "KRA09V3E"}, {"", "KRA09VE"}};
-  for (const auto& [version, exact] : versions) {
-    context.driveTable.At(7).FirmwareVersion = version;
-    EXPECT_EQ(DriverFileName(context, 7), inOrder[0]) << version;
-    fakes.files.Put("C:\\Drivers\\" + exact + ".wcd", "");
-    EXPECT_EQ(DriverFileName(context, 7), "C:\\Drivers\\" + exact + ".wcd");
-  }
   context.settings.strDrivers = "/srv/drivers";
   context.settings.strLanguage.clear();
   context.driveTable.At(7).Type = "KRD-(A)-03";
@@ -84,14 +72,6 @@ TEST_F(DriverFileTest, StoresTheFieldsOfParametersAndTheirContinuations) {
   EXPECT_FALSE(Entry(12).yesFlag);
   EXPECT_EQ(context.parameterTables.At(7).numberedTexts[1], "(2)=Second text");
   EXPECT_EQ(context.parameterTables.At(7).numberedTexts[29], "(30)=Last");
-}
-
-TEST_F(DriverFileTest, AContinuationAddsALineToTexts3And4) {
-  EXPECT_THAT(Load("#P1#Speed#a#1##DirectF0########\r\n###b#2##########\r\n###c###########\r\n"), IsEmpty());
-  EXPECT_EQ(Entry(1).text3, "a\r\nb\r\nc");
-  EXPECT_EQ(Entry(1).text4, "1\r\n2");
-  EXPECT_EQ(Entry(1).name, "Speed");
-  EXPECT_EQ(Entry(1).unitCode, 7);
 }
 
 TEST_F(DriverFileTest, ASecondLoadLeavesNothingOfTheFirst) {
@@ -231,16 +211,6 @@ struct ParameterReadTest : DriveTest {
   }
 };
 
-TEST_F(ParameterReadTest, OrdinaryParametersAreLeftToTheCaller) {
-  const std::pair<const char*, int> cases[] = {{"KRA-09", 3},  {"KRA-09", 0},  {"KRA-08", 1},
-                                               {"KRA-08", 40}, {"KRD-04", 34}, {"KRD-04", 31},
-                                               {"KRA-07", 2},  {"", 1},        {"KRA-09", 1000}};
-  for (const auto& [model, parameter] : cases) {
-    EXPECT_EQ(Special(model, static_cast<std::int16_t>(parameter)), "(ordinary)") << model << parameter;
-    EXPECT_THAT(plant.steps, IsEmpty());
-  }
-}
-
 TEST_F(ParameterReadTest, MultipliesFrequencyAndSpeedPerHertz) {
   plant.texts[5] = "50";
   EXPECT_EQ(Special("KRA-08", 2), "0.00");
@@ -252,32 +222,6 @@ TEST_F(ParameterReadTest, MultipliesFrequencyAndSpeedPerHertz) {
   EXPECT_EQ(Special("KRA-08", 2), "-3,75");
   plant.texts.erase(5);
   EXPECT_EQ(Special("KRA-08", 2), "0,00");
-}
-
-TEST_F(ParameterReadTest, ChoosesTheUnitByParameter14) {
-  plant.texts[32] = "1.5";
-  EXPECT_EQ(Special("KRD-04", 32), "1.5");  // an unreadable choice counts as 0
-  EXPECT_THAT(plant.steps, ElementsAre("read 4 @ 14 unit 15", "read 4 @ 32 unit 26"));
-  plant.texts[14] = "1";
-  EXPECT_EQ(Special("KRD-04", 33), "old");
-  EXPECT_THAT(plant.steps, ElementsAre("read 4 @ 14 unit 15", "read 4 @ 33 unit 20"));
-  for (const char* other : {"2", "0.5", "-1"}) {
-    plant.texts[14] = other;
-    EXPECT_EQ(Special("KRD-04", 32), "old");
-    EXPECT_THAT(plant.steps, ElementsAre("read 4 @ 14 unit 15"));
-  }
-}
-
-TEST_F(ParameterReadTest, ReadsDigitalWordsPlainAndOthersInTheirUnit) {
-  plant.texts[12] = "AIA";
-  context.parameterTables.At(4).At(12).unitCode = 75;
-  context.parameterTables.At(4).At(13).unitCode = 76;
-  EXPECT_TRUE(ReadOrdinary(context, 12).Answered());
-  EXPECT_FALSE(ReadOrdinary(context, 13).Answered());
-  EXPECT_TRUE(ReadWithUnit(context, 12, UnitCodeOf(context, 12)).Answered());
-  EXPECT_FALSE(ReadOrdinary(context, 71).Answered());
-  EXPECT_THAT(plant.steps,
-              ElementsAre("read 4 9 12 unit 7", "read 4 9 13 unit 7", "read 4 9 12 unit 75", "read 4 9 71 unit 2"));
 }
 
 TEST_F(ParameterReadTest, AddressesAndNumbersOutsideTheTablesAreSubscriptErrors) {
