@@ -62,7 +62,7 @@ std::string MissingPointsNotice(const Environment& environment, const RunReport&
 }
 
 std::string LostPointsNotice(const Environment& environment, const RunReport& report) {
-  const std::string lost = FillIn(LoadMessage(environment, Text::kPointsLost), {std::to_string(report.written.lost)});
+  std::string lost = FillIn(LoadMessage(environment, Text::kPointsLost), {std::to_string(report.written.lost)});
   if (report.written.keptFile.empty()) return lost;
   return PointsIn(environment, report, report.points - report.written.lost, report.written.keptFile) + ' ' + lost;
 }
