@@ -3,7 +3,6 @@
 
 #include "dialog_fixture.h"
 #include "forms/access_keys.h"
-#include "support/form_texts.h"
 
 namespace chartproject {
 namespace {

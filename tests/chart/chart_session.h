@@ -83,8 +83,8 @@ inline std::string InWords(const ChartModel& model) {
   return out.str();
 }
 
-/// What the user does stands in the transcript ("== " in the chart window, "> " in a window over it); below each step
-/// stands what differs then.
+/// The transcript has what the user does ("== " in the chart window, "> " in a window over it), and below each step
+/// what differs then.
 struct ChartSession : ChartWindowTest {
   ChartSession() {
     fakes.files.beforeBlock = [this] {

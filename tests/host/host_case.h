@@ -52,7 +52,7 @@ class HostCase : public ::testing::Test {
   /// Records P003 and P005 of drive 1 into run.cht.
   Done Record(int points, std::vector<std::string> more = {});
 
-  /// What stands before the arguments of every run.
+  /// What comes before the arguments of every run.
   std::vector<std::string> globals{"--profile", "profile", "--clock", "virtual", "--start", "2026-01-31 08:00:00"};
   TemporaryFolder folder;
   FakeScreen screen;

@@ -1,4 +1,4 @@
-// Sessions whose steps stand in their transcript: "== press cmdAdd" is done, and what follows it in the file is what a
+// Sessions whose steps are in their transcript: "== press cmdAdd" is done, and what follows it in the file is what a
 // user then saw. A new session is written as its "==" lines alone; the rest is taken as tests/support/transcript.h
 // says.
 #pragma once

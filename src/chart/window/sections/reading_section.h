@@ -37,7 +37,9 @@ class ReadingSection {
   class Work : public Scope {
    public:
     explicit Work(ReadingSection& section) : Scope(section), ended_(section) {}
-    ~Work() { ended_.form_.RunHandler("Reading_Ended", ended_.workEnded); }
+    ~Work() {
+      if (ended_.workEnded) ended_.form_.RunHandler("Reading_Ended", ended_.workEnded);
+    }
 
    private:
     ReadingSection& ended_;
