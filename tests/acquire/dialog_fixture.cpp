@@ -34,6 +34,7 @@ DialogTest::DialogTest() {
   component.settings.strFolder = "C:\\p";
   component.settings.strMedia = "C:\\m";
   component.settings.strGraphics = "C:\\g";
+  component.settings.strBin = "C:\\b";
   SetUpDrives(component, fake);
 }
 

@@ -28,6 +28,14 @@ std::string WithLineEnds(std::string text) {
   return text;
 }
 
+/// A long file: "COUNT TEXT".
+std::string Repeated(std::string text) {
+  const int count = std::stoi(TakeWord(text));
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
 /// Long files are known by their size, their first and their last lines.
 std::string Shown(const std::string& bytes) {
   constexpr std::size_t kMost = 2500, kPart = 300;
@@ -138,6 +146,7 @@ bool DialogPlayer::DoOutside(const std::string& verb, const std::string& name, c
   if (verb == "prompted") return fake.dialogs.inputAnswer = name, true;
   if (verb == "stored") return fake.settings.values["frmAcquireVar"][name] = value, true;
   if (verb == "file") return fake.files.Put(name, WithLineEnds(value)), true;
+  if (verb == "lines") return fake.files.Put(name, Repeated(WithLineEnds(value))), true;
   if (verb == "delete") return fake.files.Remove(name), true;
   if (verb == "cursor") return heard_.push_back(form->ButtonCursorFile()), true;
   if (verb == "folder") return fake.files.folders.insert(MemoryFileSystem::Key(name)).second;

@@ -239,6 +239,12 @@ TEST_F(ChartSession, SlicesOfMorePointsThanAChartHasRows) {
     brief = true;
     Do(form, "key Ctrl+P");
   });
+  Step("a line that is longer than what is read at once");
+  Put("40001", 40000);
+  fakes.files.Append(kFile, "08:00:00#1#2##" + std::string(150'000, 'x') + "###\r\n08:00:00#3#4####\r\n");
+  Show([&](ChartForm& form) {
+    for (const char* step : {"key F", "tmrSurvey"}) Do(form, step);
+  });
 }
 
 }  // namespace

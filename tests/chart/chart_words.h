@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -31,13 +32,29 @@ inline std::string InWords(const Rect& box) {
   return InWords(PointF{box.x, box.y}) + " " + Half(box.width) + "x" + Half(box.height);
 }
 
+constexpr const char* kShapeKinds[] = {"rectangle", "line", "polygon", "crisp", "ellipse", "clip", "unclip"};
+
+/// How many shapes of each kind, and as what sum of places.
+inline std::string Summary(const Scene& scene) {
+  std::map<std::string, std::pair<int, double>> kinds;
+  for (const SceneShape& shape : scene.Shapes()) {
+    auto& [count, sum] = kinds[kShapeKinds[static_cast<int>(shape.kind)]];
+    ++count;
+    sum += shape.box.x + shape.box.y + shape.box.Right() + shape.box.Bottom();
+    for (const PointF& point : scene.Points(shape)) sum += point.x + point.y;
+  }
+  std::ostringstream out;
+  for (const auto& [kind, sums] : kinds)
+    out << ' ' << sums.first << ' ' << kind << " (" << std::lround(sums.second) << ')';
+  return out.str();
+}
+
 /// A line for each shape and each text. Of many points the first ones, the last one and their sum.
 inline std::string InWords(const Scene& scene) {
-  constexpr const char* kKinds[] = {"rectangle", "line", "polygon", "crisp", "ellipse", "clip", "unclip"};
   constexpr std::size_t kFew = 10;
   std::ostringstream out;
   for (const SceneShape& shape : scene.Shapes()) {
-    out << kKinds[static_cast<int>(shape.kind)];
+    out << kShapeKinds[static_cast<int>(shape.kind)];
     const bool box = shape.kind == SceneShape::Kind::kRectangle || shape.kind == SceneShape::Kind::kEllipse;
     if (box || shape.kind == SceneShape::Kind::kClip) out << ' ' << InWords(shape.box);
     const auto points = scene.Points(shape);

@@ -61,7 +61,7 @@ struct KeptSurveyTest : ::testing::Test {
 TEST_F(KeptSurveyTest, IsTakenOverByTheNextOpeningAndGoesOnWithTheFile) {
   Survey();
   ExpectExact(kRows);
-  ASSERT_NE(KeptFile(), "");
+  ASSERT_EQ(KeptFile(), "/cache/chartproject/89079288244f4f7d.overview");
   const std::string kept = fakes.files.Bytes(KeptFile());
   Poison("#-1#", "#-9#");
   Survey();

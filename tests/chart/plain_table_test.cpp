@@ -140,6 +140,15 @@ TEST_F(PlainTableTest, HasALineForEachPoint) {
   EXPECT_EQ(Write(PlainFormat::kTabs), "time\tP002 a,b\tP003\tP003 (2)\n03:00:00\t7\t\"\"\"5\"\t6\n");
   table.range = {8, 9};
   EXPECT_EQ(Write(PlainFormat::kTabs), "") << "after the end";
+  std::string text = "[INFO]\r\n[TIME/CONTENT]\r\n", written = "time\tP002\n";
+  for (int i = 0; i < 40'000; ++i) {
+    text += "01:59:59#" + std::to_string(i) + "#####\r\n";
+    written += "01:59:59\t" + std::to_string(i) + "\n";
+  }
+  fake.files.Put("t.cht", text);
+  table.columns = {{"P002"}};
+  table.range = {};
+  EXPECT_TRUE(Write(PlainFormat::kTabs) == written) << "more than is written at once";
 }
 
 TEST_F(PlainTableTest, MomentsChoosePoints) {

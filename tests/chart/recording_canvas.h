@@ -53,11 +53,13 @@ class RecordingCanvas : public Canvas {
 class RecordingPictures : public PictureRenderer {
  public:
   std::vector<std::string> texts;  ///< on the last picture
+  Scene drawn;                     ///< the last picture
   std::string PngBytes(const Bitmap& picture) override { return "PNG of " + std::to_string(picture.width); }
   Bitmap Render(Size size, double scale, const std::function<void(Canvas&)>& paint) override {
     RecordingCanvas canvas(size);
     paint(canvas);
     texts = canvas.Texts();
+    drawn = canvas.drawn;
     Bitmap picture{static_cast<int>(size.width * scale), static_cast<int>(size.height * scale), {}, 96 * scale};
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
     return picture;

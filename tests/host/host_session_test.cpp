@@ -4,6 +4,7 @@
 #include <regex>
 
 #include "backends/posix/files/posix_file_system.h"
+#include "chart/chart_words.h"
 #include "host/host_case.h"
 #include "host/line_server.h"
 #include "host/manual/version.h"
@@ -68,7 +69,7 @@ struct HostSession : HostCase, ::testing::WithParamInterface<const char*> {
     }
     texts.clear();
     for (const std::string& text : std::exchange(screen.pictures.texts, {})) texts += "|" + text;
-    if (!texts.empty()) Say("picture" + texts + "\n");
+    if (!texts.empty()) Say("picture" + testing::Summary(screen.pictures.drawn) + texts + "\n");
     if (done.code != 0) Say("exit " + std::to_string(done.code) + "\n");
   }
   void Files(const std::string& begin) {

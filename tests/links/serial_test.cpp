@@ -59,6 +59,7 @@ TEST(SerialLinkTest, TheProgramGoesOnWhileADriveIsSilentAndTheLinkEndsAtOnce) {
   EXPECT_EQ(read(1, 5), "the port is gone");  // before it is opened
   link->OpenLink();
   EXPECT_EQ(read(1, 5), "4.1");
+  EXPECT_EQ(link->GetValue(), 4.1);
   EXPECT_EQ(read(1, 0), "no answer");  // there is no register -1
   EXPECT_EQ(read(31, 5), "no answer");
   HeldPort::held = true;

@@ -249,6 +249,7 @@ TEST(SeriesNames, ARecoveredRecordingKeepsItsNames) {
   EXPECT_THAT(RecordingName("/p/Test.cht", header), ::testing::MatchesRegex("Test-[0-9a-f]{8}"));
   EXPECT_EQ(RecordingName("/p/Test.recovered.cht", header), RecordingName("/p/Test.cht", header));
   EXPECT_EQ(RecordingName("/p/Test.recovered12.cht", header), RecordingName("/p/Test.cht", header));
+  EXPECT_EQ(NamesBeforeRecovery("/p/x.recovered1"), (std::vector<std::string>{"/p/x.recovered1", "/p/x.cht", "/p/x"}));
   EXPECT_NE(RecordingName("/q/Test.cht", header), RecordingName("/p/Test.cht", header));
 }
 

@@ -40,7 +40,8 @@ struct BoxSession : ::testing::Test {
 TEST_F(BoxSession, EveryBox) {
   Transcript transcript("window_boxes");
   const TemporaryFolder folder;
-  for (const Language language : {Language::kEnglish, Language::kPortuguese}) {
+  for (const Language language : {Language::kPortuguese, Language::kEnglish}) {
+    application.SetLanguage(language);
     QtHelp help{[&] { return language; }};
     QtDialogs dialogs{help, [&] { return language; }};
     int pressed = -1;

@@ -284,7 +284,6 @@ void RunController::StopAllTimers() {
 
 void RunController::End(RunEnd reason) {
   if (!run_.Active()) return;
-  StopTimers();
   run_.Stop(reason);
   Finish();
 }

@@ -46,7 +46,6 @@ class ViewCommand : public Command {
       fault = std::current_exception();
     }
     Component& component = session.Instance().State();
-    component.strChartFileName = name;
     const bool shown = ShowAndRemember(component, name);
     session.Release();
     if (fault) std::rethrow_exception(fault);
@@ -57,7 +56,6 @@ class ViewCommand : public Command {
   static ExitCode Follow(Session& session, const std::string& name) {
     session.UseDesktop(DesktopMode::kScreen);
     Component& component = session.Instance().State();
-    component.strChartFileName = name;
     const bool shown = ShowFollowing(component, name);
     session.Release();
     return shown ? ExitCode::kDone : ExitCode::kRunTimeError;
@@ -68,7 +66,6 @@ class ViewCommand : public Command {
     Component& component = session.Instance().State();
     const auto name = AskForChart(component);
     if (!name) return ExitCode::kDone;
-    component.strChartFileName = *name;
     return ShowAndRemember(component, *name) ? ExitCode::kDone : ExitCode::kRunTimeError;
   }
 
