@@ -84,7 +84,7 @@ void AddGlobalOptions(CLI::App& app, RawOptions& raw) {
          "MyLink.strLink, else sim)")
       ->type_name("LINK");
   app.add_option("--trace", raw.trace, "File for every frame of the line in hexadecimal digits; - for standard error")
-      ->type_name("FILE");
+      ->type_name("PATH");
   app.add_option("--clock", raw.clock,
                  "real (default), or virtual: jumps from tick to tick, so that hours take moments")
       ->check(CLI::IsMember({"real", "virtual"}).description(""))

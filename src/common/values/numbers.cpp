@@ -314,8 +314,9 @@ std::string FormatSeconds(std::int64_t seconds) {
 std::string FileSizeText(double bytes, const NumberFormat& format) {
   if (bytes < 1024) return BytesText(bytes, format);
   constexpr std::array kUnits{" kB", " MB", " GB"};
+  constexpr double kRoundedUp = 1023.995;  // which two decimals show as 1024
   std::size_t unit = 0;
-  for (bytes /= 1024; bytes >= 1024 && unit + 1 < kUnits.size(); ++unit) bytes /= 1024;
+  for (bytes /= 1024; bytes >= kRoundedUp && unit + 1 < kUnits.size(); ++unit) bytes /= 1024;
   return FormatTwoDecimals(bytes, format) + kUnits[unit];
 }
 

@@ -183,6 +183,8 @@ std::string BashPositionals(const CLI::App& app) {
     const std::string action = BashAction(ValueName(*option));
     if (!action.empty()) rows += "    " + app.get_name() + ":" + at + ") " + action + " ;;\n";
   }
+  const std::string actions = NamesOf(CommandsOf(app));  // of "drives": "drives add"
+  if (!actions.empty()) rows += "    " + app.get_name() + ":0) _chartproject_words $'" + actions + "' ;;\n";
   return rows;
 }
 
@@ -219,6 +221,8 @@ std::string ZshArguments(const CLI::App& app, const std::string& indent) {
     const std::string value = ValueName(*option);
     add((option->get_expected_max() > 1 ? "*:" : ":") + ZshText(value) + ":" + ZshAction(value));
   }
+  const std::string actions = NamesOf(CommandsOf(app));
+  if (!actions.empty() && app.get_parent() != nullptr) add(":ACTION:(" + Replaced(actions, "\\n", " ") + ")");
   return arguments;
 }
 
