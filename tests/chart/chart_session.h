@@ -58,6 +58,16 @@ inline std::string MenuInWords(const std::vector<MenuItem>& items, const std::st
   return all;
 }
 
+/// The entries that are off or on.
+inline std::string MenuState(const std::vector<MenuItem>& items) {
+  std::string all;
+  for (const MenuItem& item : items) {
+    if (!item.enabled || item.checked) all += (item.enabled ? " +" : " -") + item.text;
+    all += MenuState(item.items);
+  }
+  return all;
+}
+
 inline std::string InWords(const ChartModel& model) {
   std::ostringstream out;
   out << "kind " << static_cast<int>(model.kind) << ", from " << model.firstRowLabel << " by " << model.labelsPerRow
@@ -179,6 +189,7 @@ struct ChartSession : ChartWindowTest {
   void LookAt(ChartForm& form) {
     transcript->Look(form);
     Say("model", InWords(form.mscChart1.Model()));
+    Say("menu", MenuState(form.mscChart1.ContextMenu()));
     testing::RecordingCanvas chart({640, 360}), overlay({640, 360}), strip({640, 56}), frame({640, 56});
     form.mscChart1.Paint(chart);
     form.mscChart1.PaintOverlay(overlay);

@@ -104,10 +104,13 @@ TEST_F(ChartSession, ScrollingAndDamagedFiles) {
   }
   Put("60", 60);
   Show([&](ChartForm& form) {
-    Do(form, "hsbGraph=20");
-    Put("50", 50, "1");
+    brief = false;
+    for (const char* step : {"hsbGraph=20", "cursor 1 21", "cursor 2 25", "key S"}) Do(form, step);
+    Put("50", 49, "1");
+    fakes.files.Append(kFile, "08:00:00#7#####\r\n");
     transcript->Add("another file of the name");
-    Do(form, "key Right");
+    for (const char* step : {"key Right", "cursor 1 21", "cursor 2 25"}) Do(form, step);
+    brief = true;
     fakes.files.Delete(kFile);
     transcript->Add("no file");
     for (const char* step : {"key Right", "wheel -1 300 100", "cmdExport", "tmrFollow"}) Do(form, step);

@@ -160,6 +160,14 @@ TEST_F(BoxSession, EveryStroke) {
                        ? "as far left as their width says"
                        : "elsewhere");
   }
+  (void)Tones([&](Canvas& canvas) {
+    const auto width = [&](const char* text, const Font& font) { return canvas.MeasureText(text, font).width; };
+    const double ten = width("WWWW", {"Liberation Sans", 10});
+    transcript.Say(
+        "20 points: ", std::lround(width("WWWW", {"Liberation Sans", 20}) / ten),
+        " times 10; bold: ", width("iiii", {"Liberation Sans", 10, true}) > width("iiii", {"Liberation Sans", 10}),
+        "; each letter as wide: ", width("iiii", {"Liberation Mono", 10}) == width("WWWW", {"Liberation Mono", 10}));
+  });
   transcript.Add(Tones([](Canvas&) {}, 0).substr(0, 5));
 }
 
