@@ -46,38 +46,6 @@ TEST(CategoryAxis, OneTickAndOneLabelAtEachDivision) {
   EXPECT_TRUE(LayOutCategoryAxis({}, {1, 0, 0, TextWidth}).ticks.empty());
 }
 
-TEST(TimeAxis, LabelsRoundMomentsAndWritesTheDateWhereMidnightPasses) {
-  using enum CategoryUnit;
-  constexpr double kHour = 3.6e6;
-  // Unit, moment of the first row, milliseconds a row, rows, width, labels with their dates.
-  const std::tuple<CategoryUnit, double, double, int, double, std::vector<std::string>> cases[] = {
-      {kElapsed, 0, 100, 26, 400, {"0.0 s", "0.5 s", "1.0 s", "1.5 s", "2.0 s", "2.5 s"}},
-      {kElapsed, 59999, 1, 3, 400, {"00:00:59,999", "00:01:00,000", "00:01:00,001"}},
-      {kElapsed, 100 * kHour, kHour, 25, 400, {"102:00:00", "108:00:00", "114:00:00", "120:00:00"}},
-      {kTimeOfDay,
-       23 * kHour + 58.6 * 60000,
-       1000,
-       150,
-       400,
-       {"23:59:00 day 0", "23:59:30", "00:00:00 day 1", "00:00:30"}},
-      {kTimeOfDay, 23 * kHour + 3599.9e3, 50, 5, 400, {"23:59:59.9 day 0", "00:00:00.0 day 1", "00:00:00.1"}},
-      {kTimeOfDay, 10 * kHour, 6 * kHour, 41, 400, {"day 2", "day 4", "day 6", "day 8", "day 10"}},
-      {kTimeOfDay, 10 * kHour, kHour, 2, 30, {}}};
-  for (const auto& [unit, start, between, rows, width, labels] : cases) {
-    ChartModel model;
-    model.rowCount = rows;
-    model.categoryUnit = unit;
-    model.rowTimes = {{0, start}, {static_cast<double>(rows - 1), start + between * (rows - 1)}};
-    model.dateText = [](std::int64_t day) { return "day " + std::to_string(day); };
-    const NumberFormat numbers{start == 59999 ? "," : ".", ""};
-    std::vector<std::string> texts;
-    for (const CategoryLabel& label : LayOutCategoryAxis(model, {width / rows, 30, 10, TextWidth, numbers}).labels) {
-      texts.push_back(label.text + (label.date.empty() ? "" : " " + label.date));
-    }
-    EXPECT_EQ(texts, labels) << start;
-  }
-}
-
 TEST(PointClock, CountsScanTimesOrTheRecordedPaceFromTheFirstPoint) {
   FakePorts fakes;
   ChartHeader header;

@@ -8,6 +8,8 @@
 #include "chart/file/chart_source.h"
 #include "chart/measure/point_search.h"
 #include "chart/measure/range_statistics.h"
+#include "chart/picture/geometry/category_axis.h"
+#include "chart/picture/geometry/value_axis.h"
 #include "chart/view/chart_view.h"
 #include "recording/companion/point_clock.h"
 #include "support/fake_ports.h"
@@ -150,6 +152,38 @@ TEST_F(ChartTables, SlicesStatisticsSearchesAndSurveys) {
       transcript.Add("search " + std::to_string(static_cast<int>(what)) + ' ' + Found(what, series, value));
     }
     transcript.Add(Known());
+  }
+}
+
+/// Each step that the axes know, from milliseconds to years, and from the smallest values to the largest.
+TEST(AxisTables, EveryStep) {
+  Transcript transcript("axes");
+  for (const auto unit : {CategoryUnit::kElapsed, CategoryUnit::kTimeOfDay}) {
+    const NumberFormat numbers{unit == CategoryUnit::kElapsed ? "," : ".", ""};
+    for (double between = 1; between < 1e11; between *= 1.7) {
+      ChartModel model;
+      model.rowCount = 11;
+      model.categoryUnit = unit;
+      model.rowTimes = {{0, 86'390'000}, {10, 86'390'000 + 10 * between}};
+      model.dateText = [](std::int64_t day) { return "day " + std::to_string(day); };
+      std::string line = std::to_string(static_cast<std::int64_t>(10 * between)) + " ms:";
+      const auto width = [](std::string_view text) { return 7.0 * static_cast<double>(text.size()); };
+      for (const CategoryLabel& label : LayOutCategoryAxis(model, {40, 30, 10, width, numbers}).labels)
+        line += " | " + label.text + (label.date.empty() ? "" : " " + label.date);
+      transcript.Add(line);
+    }
+  }
+  for (double high = 1e-9; high < 1e12; high *= 1.7) {
+    ValueRange range;
+    range.Include(-high / 7);
+    range.Include(high);
+    for (const int steps : {2, 5}) {
+      const ValueAxis axis = ChooseValueAxis(range, steps == 2, steps);
+      std::ostringstream line;
+      line << high << ':';
+      for (int i = 0; i < axis.TickCount(); ++i) line << " | " << TickText(axis, i, {});
+      transcript.Add(line.str());
+    }
   }
 }
 

@@ -6,11 +6,10 @@
 #include "support/error_of.h"
 #include "support/fake_plant.h"
 #include "support/fake_ports.h"
+#include "support/transcript.h"
 
 namespace chartproject {
 namespace {
-
-using ::testing::Contains, ::testing::ElementsAre, ::testing::HasSubstr, ::testing::IsEmpty;
 
 constexpr const char* kFile = "/data/Test.cht";
 
@@ -42,21 +41,19 @@ struct ReportTest : ::testing::Test {
     view.NameSeries(component);
     return MakeReport(component, view, request).value();
   }
-  static std::vector<std::string> Lines(const std::vector<ReportItem>& items) {
-    std::vector<std::string> lines;
-    for (const ReportItem& item : items) lines.push_back(item.label + ": " + item.value);
-    return lines;
-  }
-  static std::vector<std::string> Lines(const ReportTable& table) {
-    std::vector<std::string> lines;
-    const auto join = [&lines](const std::vector<std::string>& cells) {
+  static void Say(Transcript& transcript, const ChartReport& report) {
+    transcript.Say(report.range, ", drawn from ", report.chart.firstRowLabel, ", rows ", report.chart.rowCount);
+    for (const auto* items : {&report.recording, &report.drive, &report.more})
+      for (const ReportItem& item : *items) transcript.Say(item.label, ": ", item.value);
+    for (const ReportTable* table : {&report.statistics, &report.cursorValues}) {
       std::string line;
-      for (const std::string& cell : cells) line += "|" + cell;
-      lines.push_back(line.substr(1));
-    };
-    join(table.heads);
-    for (const ReportTable::Row& row : table.rows) join(row.cells);
-    return lines;
+      for (const std::string& head : table->heads) line += head + "|";
+      for (const ReportTable::Row& row : table->rows) {
+        line += "\n";
+        for (const std::string& cell : row.cells) line += cell + "|";
+      }
+      transcript.Add(line);
+    }
   }
 
   FakePorts fakes;
@@ -66,38 +63,14 @@ struct ReportTest : ::testing::Test {
 };
 
 TEST_F(ReportTest, SaysWhatIsKnownOfTheRecordingAndItsRange) {
-  const ChartReport report = Make({.range = {5, 8}, .cursors = {6, 7}});
-  EXPECT_THAT(Lines(report.recording),
-              ElementsAre("Start: 31/01/2026 08:00:11", "End: 31/01/2026 08:00:50", "Duration: 00:00:39",
-                          "Interval asked for: 1 s", "Real interval: as asked for: no delay noted"));
-  EXPECT_THAT(Lines(report.drive), ElementsAre("Model: KRA-09", "Firmware version: 2.40", "Tag: PUMP-3",
-                                               "Serial number: SN-77", "Commercial reference: KRA.0016"));
-  EXPECT_THAT(Lines(report.more), ElementsAre("Trigger Mode: Event", "Event: <PXXX> >= Content", "Parameter: P005",
-                                              "Content: 12", "Failed readings: none noted"));
-  EXPECT_EQ(report.range, "Points 5 to 8 of 40, 08:00:15 to 08:00:18");
-  EXPECT_EQ(std::tuple(report.chart.firstRowLabel, report.chart.rowCount), std::tuple(5, 4));
-  EXPECT_THAT(Lines(report.statistics), ElementsAre("Series|Minimum|Maximum|Mean|RMS|No value",
-                                                    "P003|5|8|6.5|6.595452979|0", "P005|50.25|50.25|50.25|50.25|1"));
-  EXPECT_THAT(Lines(report.cursorValues),
-              ElementsAre("|Cursor 1|Cursor 2|Difference", "Point|6|7|+1", "Time|08:00:16|08:00:17|00:00:01",
-                          "P003|6|7|+1", "P005|50.25|--|--"));
-}
-
-TEST_F(ReportTest, SaysWhatTheCompanionKnows) {
+  Transcript transcript("report");
+  transcript.Step("points 5 to 8, both cursors");
+  Say(transcript, Make({.range = {5, 8}, .cursors = {6, 7}}));
   PutCompanion(
       "[FAILED]\r\n2 P005 7 7 1 no-answer\r\n[PACE]\r\nAsked=1000\r\nShortest=990\r\nMean=1100\r\nLongest=4000\r\n"
       "Latest=3000\r\n[TIMES]\r\nWithin=5\r\n1 0\r\n40 42900\r\n[SOURCE]\r\nDrives=simulated\r\n");
-  const ChartReport report = Make({.range = {}, .cursors = {std::nullopt, 7}});
-  EXPECT_THAT(Lines(report.recording),
-              ::testing::IsSupersetOf({"Duration: 42.9 s",
-                                       "Real interval: 1.10 s on average (990 ms to 4.00 s), up to "
-                                       "3.00 s late"}));
-  EXPECT_THAT(Lines(report.more),
-              ::testing::IsSupersetOf({"Failed readings: P005: 1 of 40 readings failed, last: no answer",
-                                       ": The values come from simulated drives."}));
-  EXPECT_THAT(Lines(report.cursorValues),
-              ElementsAre("|Cursor 2", "Point|7", "Time|08:00:17", "P003|7", "P005|-- (not read)"));
-  EXPECT_EQ(report.range, "Points 1 to 40 of 40, 08:00:11 to 08:00:50");
+  transcript.Step("what the companion knows, the second cursor");
+  Say(transcript, Make({.range = {}, .cursors = {std::nullopt, 7}}));
 }
 
 TEST_F(ReportTest, RefusesARangeWithoutPointsAndKeepsTheShownSlice) {

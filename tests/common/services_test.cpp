@@ -199,29 +199,6 @@ class SettingsTest : public ServicesTest {
   }
 };
 
-TEST_F(SettingsTest, AnEmptyStoreGivesTheDefaults) {
-  ReadAll();
-  const Settings& settings = environment.settings;
-  EXPECT_EQ(settings.strLanguage, "English");
-  EXPECT_EQ(settings.lngMainBackColor, -2147483636);
-  EXPECT_THAT((std::array{settings.intShrinkEffect, settings.intTrials, settings.intSerialPort, settings.intChartType,
-                          settings.intTelegramTimeout, settings.intSelectedDrive}),
-              testing::ElementsAre(40, 5, 1, 3, 300, 0));
-  EXPECT_EQ(settings.lngModemDelay, 5000);
-  EXPECT_EQ(settings.strBin, "");
-  EXPECT_THAT(settings.strDriveFile, testing::Each("0"));
-  std::string switchedOff;
-  int switchedOn = 0;
-  for (const NamedSetting& setting : AllSettings()) {
-    const std::string text = SettingText(settings, setting.row);
-    switchedOn += text == "Yes" ? 1 : 0;
-    if (text == "No") switchedOff.append(setting.row.key).append(" ");
-  }
-  EXPECT_EQ(switchedOn, 18);
-  EXPECT_EQ(switchedOff,
-            "strShrinkEffect strMaximizedfrmMain strMaximizedfrmParameters strSoundClosingWindow strGrid strMarker ");
-}
-
 TEST_F(SettingsTest, EveryStoredSettingComesBackUnchangedAndInOrder) {
   int number = 100;
   std::vector<std::string> order;

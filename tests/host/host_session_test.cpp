@@ -106,7 +106,7 @@ TEST_P(HostSession, IsAsItWasRead) {
 
 INSTANTIATE_TEST_SUITE_P(Each, HostSession,
                          ::testing::Values("drives", "read", "acquire", "refused", "files", "settings", "recover",
-                                           "export", "pictures", "publish", "windows", "manual"),
+                                           "export", "pictures", "publish", "screens", "manual"),
                          [](const auto& session) { return std::string(session.param); });
 
 }  // namespace

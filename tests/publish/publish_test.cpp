@@ -130,6 +130,9 @@ struct PublishSession : PublishTest {
   PublishSession() {
     auto& does = script.does;
     does["put"] = [this](const Words& words) { fake.files.Put(words.at(1), words.at(2)); };
+    does["huge"] = [this](const Words& words) {
+      fake.files.Append(words.at(1), std::string(std::size_t{1} << 20U, '\n'));
+    };
     does["append"] = [this](const Words& words) { fake.files.Append(words.at(1), words.at(2)); };
     does["remove"] = [this](const Words& words) { fake.files.Remove(words.at(1)); };
     does["lock"] = [this](const Words& words) { fake.files.locked.insert(words.at(1)); };

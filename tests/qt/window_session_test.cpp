@@ -60,7 +60,8 @@ struct WindowSession : ::testing::Test {
   ~WindowSession() override { application.reset(); }
   void Look(Transcript& transcript, const Form& form, const User& user) {
     const QWidget& window = user.Window();
-    transcript.Say("window \"", FromQt(window.windowTitle()), "\" modal ", window.windowModality(), " focus ",
+    transcript.Say("window \"", FromQt(window.windowTitle()), "\" icon ", !window.windowIcon().isNull(), " modal ",
+                   window.windowModality(), " focus ",
                    (window.focusWidget() == nullptr ? "" : FromQt(window.focusWidget()->objectName())));
     for (Control* control : form.Controls()) {
       if (dynamic_cast<Timer*>(control) == nullptr && user.WidgetOf(*control).isVisible())
@@ -227,6 +228,7 @@ TEST_F(WindowSession, EveryInput) {
       transcript.Add(QApplication::overrideCursor() == nullptr ? "own" : "still waiting");
     });
     step("captions and lists", [&] {
+      form.SetIconFile(CHARTPROJECT_SOURCE_DIR "/tests/qt/images/chart_type_0.png");
       form.SetCaption("New"), form.go.SetCaption("Start"), form.combo.Clear(), form.combo.AddItem("only"),
           form.bar.SetValue(20), form.slider.SetMaximum(50), form.slider.SetValue(40);
     });

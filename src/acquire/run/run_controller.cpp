@@ -51,6 +51,7 @@ RunController::~RunController() {
 }
 
 std::string RunController::Reserve(const std::string& fileName) {
+  shownNotice_.clear();  // of the recording before
   const auto show = [this](const std::string& text) {
     display_.ShowNotice(text);
     if (noticed && shownNotice_.empty() && !text.empty()) noticed(text);

@@ -41,10 +41,10 @@ void AcquirePublishing::Finish(const RunReport& run, std::ostream& err, const st
   std::chrono::seconds wait{options_.Wait()};
   if (run.end == RunEnd::kStopped) wait = std::min(wait, kWaitWhenStopped);
   bool complete = points == 0 || publisher_->Finish(points, std::min(wait, kBeforeWords), goOn);
-  const std::int64_t left = points - publisher_->Report().acknowledged;
-  if (!complete && goOn() && wait > kBeforeWords) {
+  const PublishReport soFar = publisher_->Report();
+  if (!complete && !soFar.fault && goOn() && wait > kBeforeWords) {
     err << FillIn(LoadMessage(component_, Text::kPublishSendingRest),
-                  {std::to_string(left), publisher_->Server(), std::to_string(wait.count())})
+                  {std::to_string(points - soFar.acknowledged), publisher_->Server(), std::to_string(wait.count())})
         << "\n"
         << std::flush;
     complete = publisher_->Finish(points, wait - kBeforeWords, goOn);
