@@ -212,6 +212,8 @@ TEST_F(WindowSession, EveryInput) {
       }
       QMenu* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
       if (menu != nullptr) menu->actions().front()->trigger(), menu->close();
+      user.Window().activateWindow();
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&user.Window()));  // the menu was the active window
     });
     playAll("key txtName Return,key cmdGo Enter,key txtName F1");
     step("disabled", [&] { form.name.SetFocus(), form.name.SetEnabled(false); });
