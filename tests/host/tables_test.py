@@ -60,6 +60,9 @@ class TablesTest(ProgramCase):
         self.assertEqual([float(text) for text in first], [46053 + 8 / 24 + 2 / 86400, 1.5, 50.25])
         self.assertEqual((len(rows[3]), len(rows[3][2])), (40000, 2), "a gap is an empty cell")
         self.assertTrue(20000 <= len(rows[4]) <= 30001, len(rows[4]))
+        self.export("--output", "few.xlsx", "--first", 2, "--points", 3)
+        with zipfile.ZipFile(self.folder / "few.xlsx") as book:
+            self.assertEqual(book.read("xl/worksheets/sheet4.xml").count(b"<row "), 4, "each of few points is drawn")
 
 
 if __name__ == "__main__":

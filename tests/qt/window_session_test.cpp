@@ -250,10 +250,21 @@ TEST_F(WindowSession, EveryInput) {
       transcript.Say("at ", window.x(), " ", window.y());
       window.move(60, 30);
       transcript.Say("place ", form.Left(), " ", form.Top());
+      window.resize(window.width() + 40, window.height());
+      const int chosen = window.width();
+      form.LayoutChanged();
+      QApplication::processEvents();
+      transcript.Say("the user's width is kept: ", window.width() == chosen);
       form.SetLeft(1e6), form.SetHeight(1e5);
       transcript.Say("on its screen ", window.screen()->availableGeometry().contains(window.frameGeometry()));
     });
     step("colours", [&] {
+      for (const char* name : {"sldDivision", "hsbGraph", "chkGrid"}) {
+        named(name).setFocus();
+        const QImage with = named(name).grab().toImage();
+        named("txtName").setFocus();
+        transcript.Say("the focus of ", name, " is seen: ", named(name).grab().toImage() != with);
+      }
       const auto color = [&] { return FromQt(user.WidgetOf(form.swatch).grab().toImage().pixelColor(8, 8).name()); };
       const std::string own = color();
       form.swatch.SetBackColor({200, 100, 50});
