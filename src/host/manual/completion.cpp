@@ -183,7 +183,7 @@ std::string BashPositionals(const CLI::App& app) {
     const std::string action = BashAction(ValueName(*option));
     if (!action.empty()) rows += "    " + app.get_name() + ":" + at + ") " + action + " ;;\n";
   }
-  const std::string actions = NamesOf(CommandsOf(app));  // of "drives": "drives add"
+  const std::string actions = NamesOf(CommandsOf(app));  // a command's own commands, such as the "add" of "drives"
   if (!actions.empty()) rows += "    " + app.get_name() + ":0) _chartproject_words $'" + actions + "' ;;\n";
   return rows;
 }
